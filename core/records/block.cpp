@@ -1,0 +1,35 @@
+#include <quillmere/records/block.hpp>
+
+namespace quillmere {
+
+Block Block::default_(Instant now)
+{
+    Block block{
+        .id = Identifier::random(),
+        .createdAt = now,
+        .plannedStart = std::nullopt,
+        .focusDurationSeconds = 25 * 60,
+        .breakDurationSeconds = 5 * 60,
+        .cycleCount = 8,
+        .outcomes = {},
+        .whyValue = {},
+        .doneTest = {},
+        .hazards = {},
+        .measurableCheck = {},
+        .contextNotes = {},
+        .sessions = {},
+        .reflection = std::nullopt,
+        .completedAt = std::nullopt,
+        .scheduledStartTriggeredAt = std::nullopt,
+    };
+    block.outcomes.push_back({.id = Identifier::random(), .title = {}});
+    return block;
+}
+
+Instant Block::plannedEnd() const
+{
+    const double cycleSeconds = focusDurationSeconds + breakDurationSeconds;
+    return plannedStart.value_or(createdAt) + cycleSeconds * static_cast<double>(cycleCount);
+}
+
+}  // namespace quillmere

@@ -1,0 +1,46 @@
+// A planned unit of work, made of focus sessions with breaks between them.
+#pragma once
+
+#include <quillmere/records/block_review.hpp>
+#include <quillmere/records/identifier.hpp>
+#include <quillmere/records/instant.hpp>
+#include <quillmere/records/outcome.hpp>
+#include <quillmere/records/work_session.hpp>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quillmere {
+
+struct Block {
+    Identifier id;
+    Instant createdAt;
+    std::optional<Instant> plannedStart;  ///< present when scheduled for later
+    double focusDurationSeconds;          ///< of each focus session
+    double breakDurationSeconds;          ///< of each break
+    std::int64_t cycleCount;              ///< planned number of focus sessions
+    std::vector<Outcome> outcomes;
+    std::string whyValue;
+    std::string doneTest;
+    std::string hazards;
+    std::string measurableCheck;
+    std::string contextNotes;
+    std::vector<WorkSession> sessions;  ///< in order of starting; the last is the current one
+    std::optional<BlockReview> reflection;
+    std::optional<Instant> completedAt;
+    std::optional<Instant> scheduledStartTriggeredAt;  ///< when the schedule, or an early start, began it
+
+    /// A block to start planning from: 8 sessions of 25 minutes with breaks of 5, one untitled
+    /// outcome. Draws the block's identifier first, then the outcome's.
+    static Block default_(Instant now);
+
+    /// The planned start, or the creation when there is none, plus focus and break once a cycle. A
+    /// break is counted after the last session too; what really ran is not looked at.
+    Instant plannedEnd() const;
+
+    friend bool operator==(const Block&, const Block&) = default;
+};
+
+}  // namespace quillmere

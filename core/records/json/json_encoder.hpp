@@ -1,0 +1,31 @@
+// Records to JSON text (RFC 8259, UTF-8).
+#pragma once
+
+#include <quillmere/records/bytes.hpp>
+
+namespace quillmere {
+
+enum class JsonLayout {
+    pretty,   ///< a member a line, two spaces a level, " : " between key and value
+    compact,  ///< one line, no white space
+};
+
+/// Writes a record as one JSON object, with its keys in snake_case, in ascending byte order. Instants
+/// are ISO 8601 text in UTC with whole seconds (RFC 3339), their fraction dropped toward the past;
+/// identifiers are upper-case text; doubles take the shortest text that reads back to the same bits.
+/// Slashes are not escaped, no line break stands at the end, and the text is valid UTF-8 always:
+/// ill-formed bytes of a text in memory become U+FFFD.
+class JsonEncoder {
+public:
+    explicit JsonEncoder(JsonLayout layout) noexcept : layout_(layout) {}
+
+    /// For every record and every enumeration with raw texts of this library. Throws EncodingError
+    /// for an instant or a duration without a JSON form, and `std::bad_alloc`.
+    template <class Value>
+    Bytes encode(const Value& value) const;
+
+private:
+    JsonLayout layout_;
+};
+
+}  // namespace quillmere

@@ -1,0 +1,17 @@
+// One intended outcome of a block.
+#pragma once
+
+#include <quillmere/records/identifier.hpp>
+
+#include <string>
+
+namespace quillmere {
+
+struct Outcome {
+    Identifier id;
+    std::string title;  ///< empty: not filled in yet
+
+    friend bool operator==(const Outcome&, const Outcome&) = default;
+};
+
+}  // namespace quillmere

@@ -1,0 +1,44 @@
+// The root of all that is kept: one value holds the person's whole situation.
+#pragma once
+
+#include <quillmere/records/agent_question.hpp>
+#include <quillmere/records/block.hpp>
+#include <quillmere/records/session_plan.hpp>
+#include <quillmere/records/workflow_state.hpp>
+
+#include <optional>
+#include <vector>
+
+namespace quillmere {
+
+/// Changed by the operations of WorkflowEngine only; the records refer to each other by identifier
+/// and share nothing, so a copy is a snapshot.
+struct QuillmereState {
+    Identifier id;
+    WorkflowState workflowState;
+    std::optional<Block> currentBlock;
+    std::vector<Block> blockHistory;                ///< finished blocks, the newest first
+    std::optional<SessionPlan> plannedNextSession;  ///< written at the last review
+    std::optional<Instant> breakStartedAt;          ///< of the running break
+    double breakExtensionSeconds;                   ///< on top of the block's break duration
+    std::optional<Instant> breakEndNotifiedAt;      ///< when the end of the break was announced
+    std::vector<AgentQuestion> agentQuestions;      ///< in order of asking, answered ones included
+    Instant updatedAt;                              ///< of the last change
+
+    /// Idle, with nothing planned and nothing done, and a new random identifier.
+    static QuillmereState initial(Instant updatedAt);
+
+    /// The last session of the current block, ended or not; null when there is none. Valid until the
+    /// state changes.
+    const WorkSession* currentSession() const;
+
+    /// The questions without an `answeredAt`, in their stored order.
+    std::vector<AgentQuestion> openQuestions() const;
+
+    /// Whether the person may be interrupted: always, but for a focus session that is not paused.
+    bool interruptible() const;
+
+    friend bool operator==(const QuillmereState&, const QuillmereState&) = default;
+};
+
+}  // namespace quillmere
