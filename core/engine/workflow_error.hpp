@@ -1,0 +1,54 @@
+// Why the engine refuses an operation.
+#pragma once
+
+#include <exception>
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace quillmere {
+
+/// Thrown by the operations of WorkflowEngine, always before anything has been written. Two errors
+/// are equal when their cases are.
+class WorkflowError : public std::exception {
+public:
+    enum class Case {
+        invalidTransition,
+        missingBlock,  ///< part of the vocabulary; no operation throws it
+        missingSessionPlan,
+        nextSessionPlanRequired,
+        ratingOutOfRange,
+        invalidDuration,
+    };
+    using enum Case;
+
+    // NOLINTNEXTLINE(google-explicit-constructor): a case is the whole error, and compares as one.
+    WorkflowError(Case reason) noexcept : reason_(reason) {}
+
+    Case reason() const noexcept { return reason_; }
+
+    /// The case as it is spelled in code, for programs that read it.
+    std::string_view caseName() const noexcept;
+
+    /// One sentence for the person.
+    std::string errorDescription() const;
+    const char* what() const noexcept override;
+
+    friend bool operator==(const WorkflowError& left, const WorkflowError& right) noexcept
+    {
+        return left.reason_ == right.reason_;
+    }
+
+private:
+    Case reason_;
+};
+
+}  // namespace quillmere
+
+template <>
+struct std::hash<quillmere::WorkflowError> {
+    std::size_t operator()(const quillmere::WorkflowError& error) const noexcept
+    {
+        return std::hash<quillmere::WorkflowError::Case>()(error.reason());
+    }
+};

@@ -1,0 +1,175 @@
+#include <quillmere/store/file_descriptor.hpp>
+#include <quillmere/store/file_manager.hpp>
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <string>
+
+namespace quillmere {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The value of an environment variable that must be an absolute path to count.
+std::optional<fs::path> absolutePathFrom(const char* variable)
+{
+    const char* const value = std::getenv(variable);
+    return value && fs::path(value).is_absolute() ? std::optional<fs::path>(value) : std::nullopt;
+}
+
+/// The one place that knows where platforms keep the data of applications.
+std::optional<fs::path> applicationSupportDirectory()
+{
+#ifdef __APPLE__
+    const std::optional<fs::path> home = absolutePathFrom("HOME");
+    return home ? std::optional(*home / "Library" / "Application Support") : std::nullopt;
+#else
+    if (std::optional<fs::path> data = absolutePathFrom("XDG_DATA_HOME")) {
+        return data;
+    }
+    const std::optional<fs::path> home = absolutePathFrom("HOME");
+    return home ? std::optional(*home / ".local" / "share") : std::nullopt;
+#endif
+}
+
+struct stat statusOf(const FileDescriptor& file, const fs::path& path)
+{
+    struct stat status;
+    if (::fstat(file.get(), &status) == -1) {
+        throwErrno("fstat", path);
+    }
+    return status;
+}
+
+/// Creates one directory with the default mode unless there is one; says whether it did.
+bool makeDirectory(const fs::path& path, mode_t mode)
+{
+    if (::mkdir(path.c_str(), mode) == 0) {
+        return true;
+    }
+    if (errno != EEXIST) {
+        throwErrno("mkdir", path);
+    }
+    struct stat status;
+    if (::stat(path.c_str(), &status) == -1 || !S_ISDIR(status.st_mode)) {
+        errno = EEXIST;
+        throwErrno("mkdir", path);
+    }
+    return false;
+}
+
+class StandardFileManager final : public FileManager {
+public:
+    std::vector<fs::path> applicationSupportDirectories() const override
+    {
+        std::vector<fs::path> directories;
+        if (std::optional<fs::path> directory = applicationSupportDirectory()) {
+            directories.push_back(*std::move(directory));
+        }
+        return directories;
+    }
+
+    std::optional<fs::path> containerDirectory(std::string_view groupIdentifier) const override
+    {
+        const std::optional<fs::path> support = applicationSupportDirectory();
+        if (!support || groupIdentifier.empty()) {
+            return std::nullopt;
+        }
+        fs::path container = *support / "group-containers" / groupIdentifier;
+        struct stat status;
+        const bool made = ::stat(container.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+        return made ? std::optional(std::move(container)) : std::nullopt;
+    }
+
+    bool fileExists(const fs::path& path) const override
+    {
+        struct stat status;
+        // The name itself is what is asked for: a link that leads nowhere is there, and unreadable.
+        if (::lstat(path.c_str(), &status) == 0) {
+            return true;
+        }
+        if (errno == ENOENT || errno == ENOTDIR) {
+            return false;
+        }
+        throwErrno("lstat", path);
+    }
+
+    Bytes contents(const fs::path& path) const override
+    {
+        // Opening a FIFO would wait for a writer without O_NONBLOCK.
+        FileDescriptor file(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
+        const struct stat status = statusOf(file, path);
+        if (!S_ISREG(status.st_mode)) {
+            errno = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
+            throwErrno("read", path);
+        }
+        // The size is a hint; the end is where reading ends. One byte more finds it without growing.
+        Bytes bytes;
+        std::size_t room = static_cast<std::size_t>(status.st_size) + 1;
+        while (true) {
+            char* const destination = bytes.reserve(room);
+            const ssize_t count = uninterrupted([&] { return ::read(file.get(), destination, room); });
+            if (count == -1) {
+                throwErrno("read", path);
+            }
+            bytes.commit(static_cast<std::size_t>(count));
+            if (count == 0) {
+                return bytes;
+            }
+            room = std::max<std::size_t>(bytes.capacity() - bytes.size(), 4096);
+        }
+    }
+
+    void writeWithoutOverwriting(const fs::path& path, std::string_view bytes) const override
+    {
+        constexpr mode_t defaultMode = 0666;
+        FileDescriptor file(path, O_WRONLY | O_CREAT | O_EXCL, defaultMode);
+        while (!bytes.empty()) {
+            const ssize_t count =
+                uninterrupted([&] { return ::write(file.get(), bytes.data(), bytes.size()); });
+            if (count == 0) {
+                errno = EIO;
+            }
+            if (count <= 0) {
+                throwErrno("write", path);
+            }
+            bytes.remove_prefix(static_cast<std::size_t>(count));
+        }
+        file.close(path);
+    }
+
+    void createDirectory(const fs::path& path, std::optional<mode_t> mode) const override
+    {
+        constexpr mode_t defaultMode = 0777;
+        const fs::path directory = path.has_filename() ? path : path.parent_path();
+        const fs::path parent = directory.parent_path();
+        if (!parent.empty() && parent != directory && !fileExists(parent)) {
+            createDirectory(parent, std::nullopt);
+        }
+        if (makeDirectory(directory, mode.value_or(defaultMode)) && mode) {
+            // mkdir(2) leaves out what the umask leaves out.
+            if (::chmod(directory.c_str(), *mode) == -1) {
+                throwErrno("chmod", directory);
+            }
+        }
+    }
+
+    void removeFile(const fs::path& path) const override
+    {
+        if (::unlink(path.c_str()) == -1) {
+            throwErrno("unlink", path);
+        }
+    }
+};
+
+}  // namespace
+
+const FileManager& FileManager::standard()
+{
+    static const StandardFileManager manager;
+    return manager;
+}
+
+}  // namespace quillmere

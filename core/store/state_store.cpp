@@ -1,0 +1,80 @@
+#include <quillmere/records/fatal_error.hpp>
+#include <quillmere/store/atomic_write.hpp>
+#include <quillmere/store/state_store.hpp>
+
+#include <chrono>
+#include <utility>
+
+namespace quillmere {
+namespace {
+
+Instant wallClock()
+{
+    const auto sinceEpoch = std::chrono::system_clock::now().time_since_epoch();
+    return Instant(std::chrono::duration<double>(sinceEpoch).count());
+}
+
+constexpr mode_t ownerOnly = 0700;
+
+}  // namespace
+
+StateStore::StateStore(std::filesystem::path directory, Clock now, ReplaceItem replaceItem)
+    : directory_(std::move(directory)),
+      stateURL_(directory_ / "state.json"),
+      agentStateURL_(directory_ / "agent-state.json"),
+      replaceItem_(std::move(replaceItem)),
+      now_(std::move(now))
+{
+}
+
+StateStore::StateStore(std::filesystem::path directory, ReplaceItem replaceItem)
+    : StateStore(std::move(directory), wallClock, std::move(replaceItem))
+{
+}
+
+std::filesystem::path StateStore::defaultDirectory(const FileManager& fileManager)
+{
+    const std::vector<std::filesystem::path> directories = fileManager.applicationSupportDirectories();
+    if (directories.empty()) {
+        fatalError("quillmere: there is no application-support directory");
+    }
+    return directories.front() / "Quillmere";
+}
+
+JsonEncoder StateStore::encoder() { return JsonEncoder(JsonLayout::pretty); }
+
+JsonDecoder StateStore::decoder() { return JsonDecoder(); }
+
+QuillmereState StateStore::load() const
+{
+    const FileManager& fileManager = FileManager::standard();
+    if (!fileManager.fileExists(stateURL_)) {
+        return QuillmereState::initial(now_());
+    }
+    return decoder().decode<QuillmereState>(fileManager.contents(stateURL_));
+}
+
+void StateStore::save(const QuillmereState& state) const
+{
+    createDirectoryIfNeeded();
+    write(encoder().encode(state).view(), stateURL_);
+    saveAgentSnapshot(state, state.updatedAt);
+}
+
+void StateStore::saveAgentSnapshot(const QuillmereState& state, Instant at) const
+{
+    createDirectoryIfNeeded();
+    write(encoder().encode(agentSnapshot(state, at)).view(), agentStateURL_);
+}
+
+void StateStore::createDirectoryIfNeeded() const
+{
+    FileManager::standard().createDirectory(directory_, ownerOnly);
+}
+
+void StateStore::write(std::string_view bytes, const std::filesystem::path& destination) const
+{
+    writeAtomically(bytes, destination, replaceItem_);
+}
+
+}  // namespace quillmere
