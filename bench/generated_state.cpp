@@ -13,15 +13,22 @@ constexpr double focusSeconds = 1500;
 constexpr double breakSeconds = 300;
 
 constexpr auto words = std::to_array<std::string_view>({
-    "draft", "the", "review", "outline", "and", "check", "every", "figure", "against", "source",
-    "before", "lunch", "call", "about", "contract", "fix", "failing", "test", "in", "parser", "read",
-    "chapter", "two", "notes", "for", "next", "week", "then", "send", "summary", "to", "team", "phone",
-    "off", "door", "closed", "means", "merged", "with", "a", "green", "build", "because", "without",
+    "draft",  "the",    "review",  "outline", "and",   "check",    "every",   "figure",  "against",
+    "source", "before", "lunch",   "call",    "about", "contract", "fix",     "failing", "test",
+    "in",     "parser", "read",    "chapter", "two",   "notes",    "for",     "next",    "week",
+    "then",   "send",   "summary", "to",      "team",  "phone",    "off",     "door",    "closed",
+    "means",  "merged", "with",    "a",       "green", "build",    "because", "without",
 });
 
 /// What a writer does not write as plain ASCII: names, quotations, links.
 constexpr auto rareWords = std::to_array<std::string_view>({
-    "Zoë", "café", "\"done\"", "naïve", "–", "https://example.com/notes/17", "C:\\drafts",
+    "Zoë",
+    "café",
+    "\"done\"",
+    "naïve",
+    "–",
+    "https://example.com/notes/17",
+    "C:\\drafts",
 });
 
 /// Writes prose; every state starts it afresh, so that states of one size hold the same texts.
