@@ -14,10 +14,7 @@ std::int64_t checkedDifference(std::int64_t minuend, std::int64_t subtrahend)
     return difference;
 }
 
-std::int64_t checkedMagnitude(std::int64_t value)
-{
-    return value < 0 ? checkedDifference(0, value) : value;
-}
+std::int64_t checkedMagnitude(std::int64_t value) { return value < 0 ? checkedDifference(0, value) : value; }
 
 std::int64_t wholeSeconds(double seconds)
 {

@@ -1,7 +1,8 @@
 // Enumerations that are stored as texts: one table each, everything else derived from it.
 //
 // What belongs to an enumeration stands beside it as free functions, named by one rule: a property
-// `p` of a case is `p(value)`; a case made from something labelled `x` is `fromX<Enumeration>(value)`.
+// `p` of a case is `p(value)`; a case made from something labelled `x` is `fromX<Enumeration>(value)`;
+// a constant `c` of the whole enumeration is `c<Enumeration>`.
 #pragma once
 
 #include <quillmere/records/fatal_error.hpp>
@@ -27,7 +28,10 @@ template <class Enumeration>
 struct EnumerationTable;
 
 template <class Enumeration>
-concept RawEnumeration = std::is_enum_v<Enumeration> && requires { EnumerationTable<Enumeration>::rows; };
+concept RawEnumeration = std::is_enum_v<Enumeration> && requires
+{
+    EnumerationTable<Enumeration>::rows;
+};
 
 /// Whether row i of a table describes case i, so that a case is its own index. Every table asserts it.
 template <class Rows>

@@ -1,47 +1,54 @@
 #include <quillmere/records/identifier.hpp>
 
+#include <bit>
 #include <random>
 
 namespace quillmere {
 namespace {
 
-constexpr std::string_view upperCaseDigits = "0123456789ABCDEF";
+/// All digits of the text form, without the hyphens.
+using Digits = std::array<char, 32>;
 
-/// The two digits of each byte in a row.
-constexpr auto upperCasePairs = [] {
-    std::array<char, 512> pairs{};
-    for (std::size_t byte = 0; byte < 256; ++byte) {
-        pairs[2 * byte] = upperCaseDigits[byte >> 4];
-        pairs[2 * byte + 1] = upperCaseDigits[byte & 0x0F];
-    }
-    return pairs;
-}();
+/// The bytes of an identifier, or half of its digits, in one register.
+typedef std::uint8_t Lanes __attribute__((vector_size(16)));
 
-/// The hyphens of 8-4-4-4-12 stand before the bytes with these indexes.
-constexpr bool hyphenBefore(std::size_t byteIndex)
+constexpr std::uint8_t lettersAfterDigits = 'A' - '9' - 1;
+
+/// The upper-case digits of values below 16.
+Lanes digitsOf(Lanes values) { return values + '0' + ((Lanes)(values > 9) & lettersAfterDigits); }
+
+/// The values of digits in either case; sets bits in `bad` where there are none.
+Lanes valuesOf(Lanes digits, Lanes& bad)
 {
-    return byteIndex == 4 || byteIndex == 6 || byteIndex == 8 || byteIndex == 10;
+    const Lanes decimal = digits - '0';
+    const Lanes letter = (digits | 0x20) - 'a';
+    const Lanes isDecimal = (Lanes)(decimal < 10);
+    const Lanes isLetter = (Lanes)(letter < 6);
+    bad |= ~(isDecimal | isLetter);
+    return (decimal & isDecimal) | ((letter + 10) & isLetter);
 }
 
-constexpr std::uint8_t notADigit = 0xFF;
-
-/// Digit values by character, so that reading needs one look-up a digit.
-constexpr auto digitValues = [] {
-    std::array<std::uint8_t, 256> values{};
-    values.fill(notADigit);
-    for (std::uint8_t value = 0; value < 16; ++value) {
-        const auto upper = static_cast<unsigned char>(upperCaseDigits[value]);
-        values[upper] = value;
-        if (upper >= 'A') {
-            values[upper - 'A' + 'a'] = value;
-        }
-    }
-    return values;
-}();
-
-std::uint8_t digitValue(char character)
+/// Puts the digits into their groups of 8-4-4-4-12.
+void spread(const Digits& digits, char* text)
 {
-    return digitValues[static_cast<unsigned char>(character)];
+    std::memcpy(text, &digits[0], 8);
+    std::memcpy(text + 9, &digits[8], 4);
+    std::memcpy(text + 14, &digits[12], 4);
+    std::memcpy(text + 19, &digits[16], 4);
+    std::memcpy(text + 24, &digits[20], 12);
+    text[8] = text[13] = text[18] = text[23] = '-';
+}
+
+/// The reverse; does not look at what stands between the groups.
+Digits gather(const char* text)
+{
+    Digits digits;
+    std::memcpy(&digits[0], text, 8);
+    std::memcpy(&digits[8], text + 9, 4);
+    std::memcpy(&digits[12], text + 14, 4);
+    std::memcpy(&digits[16], text + 19, 4);
+    std::memcpy(&digits[20], text + 24, 12);
+    return digits;
 }
 
 }  // namespace
@@ -66,31 +73,40 @@ std::optional<Identifier> Identifier::fromText(std::string_view text) noexcept
     if (text.size() != textLength) {
         return std::nullopt;
     }
-    Bytes bytes{};
-    std::size_t position = 0;
-    for (std::size_t index = 0; index < bytes.size(); ++index) {
-        if (hyphenBefore(index) && text[position++] != '-') {
-            return std::nullopt;
-        }
-        const std::uint8_t high = digitValue(text[position++]);
-        const std::uint8_t low = digitValue(text[position++]);
-        if (high == notADigit || low == notADigit) {
-            return std::nullopt;
-        }
-        bytes[index] = static_cast<std::uint8_t>(high << 4 | low);
+    if (text[8] != '-' || text[13] != '-' || text[18] != '-' || text[23] != '-') {
+        return std::nullopt;
     }
-    return Identifier(bytes);
+    const Digits digits = gather(text.data());
+    Lanes front;
+    Lanes back;
+    std::memcpy(&front, &digits[0], sizeof front);
+    std::memcpy(&back, &digits[sizeof front], sizeof back);
+    Lanes bad{};
+    front = valuesOf(front, bad);
+    back = valuesOf(back, bad);
+    if (std::bit_cast<Bytes>(bad) != Bytes{}) {
+        return std::nullopt;
+    }
+    const Lanes high =
+        __builtin_shufflevector(front, back, 0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30);
+    const Lanes low =
+        __builtin_shufflevector(front, back, 1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21, 23, 25, 27, 29, 31);
+    return Identifier(std::bit_cast<Bytes>(high << 4 | low));
 }
 
 void Identifier::writeText(char* text) const noexcept
 {
-    for (std::size_t index = 0; index < bytes_.size(); ++index) {
-        if (hyphenBefore(index)) {
-            *text++ = '-';
-        }
-        std::memcpy(text, &upperCasePairs[2 * bytes_[index]], 2);
-        text += 2;
-    }
+    const Lanes values = std::bit_cast<Lanes>(bytes_);
+    const Lanes high = digitsOf(values >> 4);
+    const Lanes low = digitsOf(values & 0x0F);
+    const Lanes front =
+        __builtin_shufflevector(high, low, 0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23);
+    const Lanes back =
+        __builtin_shufflevector(high, low, 8, 24, 9, 25, 10, 26, 11, 27, 12, 28, 13, 29, 14, 30, 15, 31);
+    Digits digits;
+    std::memcpy(&digits[0], &front, sizeof front);
+    std::memcpy(&digits[sizeof front], &back, sizeof back);
+    spread(digits, text);
 }
 
 std::string Identifier::text() const

@@ -16,10 +16,10 @@ struct WorkSession {
     std::int64_t number;  ///< within its block, from 1 in order of starting
     SessionPlan plan;
     Instant startedAt;
-    double plannedDurationSeconds;      ///< fixed when the session starts
-    std::optional<Instant> pausedAt;    ///< present exactly while paused
-    double accumulatedPausedSeconds;    ///< total of the completed pauses
-    std::optional<Instant> endedAt;     ///< present once ended
+    double plannedDurationSeconds;        ///< fixed when the session starts
+    std::optional<Instant> pausedAt;      ///< present exactly while paused
+    double accumulatedPausedSeconds;      ///< total of the completed pauses
+    std::optional<Instant> endedAt;       ///< present once ended
     std::optional<SessionReview> review;  ///< present once reviewed
 
     friend bool operator==(const WorkSession&, const WorkSession&) = default;

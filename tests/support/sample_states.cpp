@@ -63,7 +63,7 @@ Block sampleBlock(unsigned number)
 {
     return {
         .id = numbered(3, number),
-        .createdAt = noon - 7200,
+        .createdAt = moment - 7200,
         .plannedStart = std::nullopt,
         .focusDurationSeconds = 1500,
         .breakDurationSeconds = 300,
@@ -87,7 +87,7 @@ Block blockInWork(unsigned number, std::int64_t sessionCount)
     Block block = sampleBlock(number);
     for (std::int64_t session = 1; session <= sessionCount; ++session) {
         const double cyclesAgo = static_cast<double>(sessionCount - session);
-        const Instant startedAt = noon - cyclesAgo * 1800;
+        const Instant startedAt = moment - cyclesAgo * 1800;
         const bool isLast = session == sessionCount;
         const auto id = static_cast<unsigned>(session);
         block.sessions.push_back({
@@ -107,7 +107,7 @@ Block blockInWork(unsigned number, std::int64_t sessionCount)
 
 QuillmereState stateIn(WorkflowState workflowState)
 {
-    QuillmereState state = QuillmereState::initial(noon);
+    QuillmereState state = QuillmereState::initial(moment);
     state.id = identifier(1);
     state.workflowState = workflowState;
     switch (workflowState) {
@@ -118,18 +118,18 @@ QuillmereState stateIn(WorkflowState workflowState)
         case WorkflowState::focusing: state.currentBlock = blockInWork(1, 1); break;
         case WorkflowState::sessionReview:
             state.currentBlock = blockInWork(1, 1);
-            state.currentBlock->sessions.back().endedAt = noon;
+            state.currentBlock->sessions.back().endedAt = moment;
             break;
         case WorkflowState::breaking:
             state.currentBlock = blockInWork(1, 1);
-            state.currentBlock->sessions.back().endedAt = noon;
+            state.currentBlock->sessions.back().endedAt = moment;
             state.currentBlock->sessions.back().review = sampleReview(1);
             state.plannedNextSession = samplePlan(2);
-            state.breakStartedAt = noon;
+            state.breakStartedAt = moment;
             break;
         case WorkflowState::blockReview:
             state.currentBlock = blockInWork(1, 3);
-            state.currentBlock->sessions.back().endedAt = noon;
+            state.currentBlock->sessions.back().endedAt = moment;
             state.currentBlock->sessions.back().review = sampleReview(3);
             break;
     }
@@ -140,7 +140,7 @@ QuillmereState stateWithScheduledBlock()
 {
     QuillmereState state = stateIn(WorkflowState::idle);
     state.currentBlock = sampleBlock(1);
-    state.currentBlock->plannedStart = noon + 3600;
+    state.currentBlock->plannedStart = moment + 3600;
     return state;
 }
 
@@ -148,33 +148,33 @@ QuillmereState fullState()
 {
     QuillmereState state = stateIn(WorkflowState::focusing);
     state.currentBlock = blockInWork(7, 2);
-    state.currentBlock->plannedStart = noon - 3600;
-    state.currentBlock->scheduledStartTriggeredAt = noon - 3600;
+    state.currentBlock->plannedStart = moment - 3600;
+    state.currentBlock->scheduledStartTriggeredAt = moment - 3600;
     WorkSession& running = state.currentBlock->sessions.back();
-    running.pausedAt = noon + 300;
+    running.pausedAt = moment + 300;
     running.accumulatedPausedSeconds = 42.5;
 
     Block finished = blockInWork(6, 3);
-    finished.sessions.back().endedAt = noon;
+    finished.sessions.back().endedAt = moment;
     finished.sessions.back().review = sampleReview(3);
     finished.sessions.back().plan.blockOutcomeID.reset();
     finished.reflection = sampleReflection();
-    finished.completedAt = noon - 86'400;
+    finished.completedAt = moment - 86'400;
     state.blockHistory.push_back(std::move(finished));
 
     state.plannedNextSession = samplePlan(3);
-    state.breakStartedAt = noon - 600;
+    state.breakStartedAt = moment - 600;
     state.breakExtensionSeconds = 60.5;
-    state.breakEndNotifiedAt = noon - 200;
+    state.breakEndNotifiedAt = moment - 200;
     state.agentQuestions = {
         {.id = identifier(601),
          .question = "Which \"build\" fails?",
-         .createdAt = noon - 500,
+         .createdAt = moment - 500,
          .answer = "The\nnightly one",
-         .answeredAt = noon - 400},
+         .answeredAt = moment - 400},
         {.id = identifier(602),
          .question = "May I restart it? https://example.com/a",
-         .createdAt = noon - 100,
+         .createdAt = moment - 100,
          .answer = std::nullopt,
          .answeredAt = std::nullopt},
     };

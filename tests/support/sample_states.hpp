@@ -6,7 +6,7 @@
 namespace quillmere::test {
 
 /// The instant that the samples are about: 2026-11-15T15:00:00Z.
-inline constexpr Instant noon{1794754800};
+inline constexpr Instant moment{1794754800};
 
 /// An identifier made of one number: ...-0000000000NN.
 Identifier identifier(unsigned number);
@@ -19,7 +19,7 @@ BlockReview sampleReflection();
 Block sampleBlock(unsigned number);
 
 /// A block with `sessionCount` sessions, all ended and reviewed but the last, which has just begun at
-/// `noon`.
+/// `moment`.
 Block blockInWork(unsigned number, std::int64_t sessionCount);
 
 /// A state as the engine leaves it in `workflowState`: with a block in hand where there is one, and
@@ -27,7 +27,7 @@ Block blockInWork(unsigned number, std::int64_t sessionCount);
 /// three sessions. `complete` has none of it.
 QuillmereState stateIn(WorkflowState workflowState);
 
-/// `idle` with a block that waits for `noon` + 3600.
+/// `idle` with a block that waits for `moment` + 3600.
 QuillmereState stateWithScheduledBlock();
 
 /// `focusing`, with a history, questions answered and open, and every optional field of every record

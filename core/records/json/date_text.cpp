@@ -2,8 +2,8 @@
 #include <quillmere/records/json/key_conversion.hpp>
 
 #include <chrono>
-#include <cmath>
 #include <cstdint>
+#include <cstring>
 
 namespace quillmere::json {
 namespace {
@@ -24,14 +24,25 @@ constexpr std::int64_t secondsAtStartOf(year first)
 constexpr std::int64_t firstSecond = secondsAtStartOf(year(0));
 constexpr std::int64_t endSecond = secondsAtStartOf(year(10'000));
 
-/// Writes `value` in `width` decimal digits.
-void putDigits(char* destination, unsigned value, int width)
+/// The whole number at or below a value that fits 64 bits.
+std::int64_t floorOf(double value)
 {
-    for (int index = width - 1; index >= 0; --index) {
-        destination[index] = static_cast<char>('0' + value % 10);
-        value /= 10;
-    }
+    const auto towardZero = static_cast<std::int64_t>(value);
+    return towardZero - (static_cast<double>(towardZero) > value ? 1 : 0);
 }
+
+/// The decimal digits of 00 to 99 in a row.
+constexpr auto digitPairs = [] {
+    std::array<char, 200> pairs{};
+    for (std::size_t value = 0; value < 100; ++value) {
+        pairs[2 * value] = static_cast<char>('0' + value / 10);
+        pairs[2 * value + 1] = static_cast<char>('0' + value % 10);
+    }
+    return pairs;
+}();
+
+/// Writes a value below 100 in two decimal digits.
+void putTwoDigits(char* destination, unsigned value) { std::memcpy(destination, &digitPairs[2 * value], 2); }
 
 /// Takes a date text apart from the front; anything unexpected spoils it for good.
 class Scanner {
@@ -70,24 +81,25 @@ private:
 
 std::optional<DateText> dateText(Instant instant) noexcept
 {
-    const double floored = std::floor(instant.secondsSince1970());
-    if (!(floored >= static_cast<double>(firstSecond) && floored < static_cast<double>(endSecond))) {
+    const double exact = instant.secondsSince1970();
+    if (!(exact >= static_cast<double>(firstSecond) && exact < static_cast<double>(endSecond))) {
         return std::nullopt;
     }
-    const auto seconds = static_cast<std::int64_t>(floored);
-    const std::int64_t daysSince1970 =
-        (seconds - firstSecond) / secondsPerDay + firstSecond / secondsPerDay;
-    const auto secondOfDay = static_cast<unsigned>(seconds - daysSince1970 * secondsPerDay);
-    const year_month_day date{sys_days(days(daysSince1970))};
+    const auto secondsSinceFirst = static_cast<std::uint64_t>(floorOf(exact) - firstSecond);
+    const auto daysSinceFirst = static_cast<unsigned>(secondsSinceFirst / secondsPerDay);
+    const auto secondOfDay = static_cast<unsigned>(secondsSinceFirst % secondsPerDay);
+    const year_month_day date{sys_days(year(0) / 1 / 1) + days(daysSinceFirst)};
+    const auto yearNumber = static_cast<unsigned>(static_cast<int>(date.year()));
 
     DateText text{'0', '0', '0', '0', '-', '0', '0', '-', '0', '0',
                   'T', '0', '0', ':', '0', '0', ':', '0', '0', 'Z'};
-    putDigits(&text[0], static_cast<unsigned>(static_cast<int>(date.year())), 4);
-    putDigits(&text[5], static_cast<unsigned>(date.month()), 2);
-    putDigits(&text[8], static_cast<unsigned>(date.day()), 2);
-    putDigits(&text[11], secondOfDay / 3600, 2);
-    putDigits(&text[14], secondOfDay / 60 % 60, 2);
-    putDigits(&text[17], secondOfDay % 60, 2);
+    putTwoDigits(&text[0], yearNumber / 100);
+    putTwoDigits(&text[2], yearNumber % 100);
+    putTwoDigits(&text[5], static_cast<unsigned>(date.month()));
+    putTwoDigits(&text[8], static_cast<unsigned>(date.day()));
+    putTwoDigits(&text[11], secondOfDay / 3600);
+    putTwoDigits(&text[14], secondOfDay / 60 % 60);
+    putTwoDigits(&text[17], secondOfDay % 60);
     return text;
 }
 

@@ -16,38 +16,29 @@
 
 namespace quillmere::json {
 
-/// What stands between two members or elements at a nesting depth, the comma included.
+/// A line break and the indentation at a nesting depth, where the layout has any.
 template <JsonLayout layout, std::size_t depth>
-constexpr auto separator()
-{
-    if constexpr (layout == JsonLayout::pretty) {
-        return FixedText(",\n") + spaces<2 * depth>();
-    } else {
-        return FixedText(",");
-    }
-}
-
-/// The same without the comma: what stands before a closing bracket.
-template <JsonLayout layout, std::size_t depth>
-constexpr auto lineBreak()
-{
+constexpr auto lineBreak = [] {
     if constexpr (layout == JsonLayout::pretty) {
         return FixedText("\n") + spaces<2 * depth>();
     } else {
         return FixedText<0>();
     }
-}
+}();
+
+/// What stands between two members or elements.
+template <JsonLayout layout, std::size_t depth>
+constexpr auto separator = FixedText(",") + lineBreak<layout, depth>;
 
 template <JsonLayout layout, std::size_t depth, class Field>
-constexpr auto memberStart()
-{
-    constexpr auto key = separator<layout, depth>() + FixedText("\"") + Field::fileKey;
+constexpr auto memberStart = [] {
+    constexpr auto key = separator<layout, depth> + FixedText("\"") + Field::fileKey;
     if constexpr (layout == JsonLayout::pretty) {
         return key + FixedText("\" : ");
     } else {
         return key + FixedText("\":");
     }
-}
+}();
 
 /// Values that are one token whatever surrounds them.
 inline void writeScalar(Writer& writer, bool value) { writer.boolean(value); }
@@ -95,7 +86,7 @@ void encloseFrom(Writer& writer, std::size_t start, const char (&brackets)[3])
         return;
     }
     writer.replaceAt(start, brackets[0]);
-    writer.put(lineBreak<layout, depth>());
+    writer.put(lineBreak<layout, depth>);
     writer.put(FixedText<1>({brackets[1], '\0'}));
 }
 
@@ -104,7 +95,7 @@ void writeList(Writer& writer, const std::vector<Element>& elements)
 {
     const std::size_t start = writer.position();
     for (std::size_t index = 0; index < elements.size(); ++index) {
-        writer.put(separator<layout, depth + 1>());
+        writer.put(separator<layout, depth + 1>);
         try {
             writeValue<layout, depth + 1>(writer, elements[index]);
         } catch (CodingError& error) {
@@ -118,7 +109,7 @@ void writeList(Writer& writer, const std::vector<Element>& elements)
 template <JsonLayout layout, std::size_t depth, class Field>
 void writeMember(Writer& writer, const typename Field::Record& record)
 {
-    static constexpr auto start = memberStart<layout, depth, Field>();
+    constexpr auto& start = memberStart<layout, depth, Field>;
     const auto& value = record.*Field::member;
     try {
         if constexpr (!Field::isOptional) {
@@ -157,7 +148,7 @@ std::size_t expectedSize(const Value& value)
 {
     if constexpr (HasTable<Value>) {
         return [&]<std::size_t... indexes>(std::index_sequence<indexes...>) {
-            return ((memberStart<JsonLayout::pretty, 4, FieldAt<Value, indexes>>().view().size() +
+            return ((memberStart<JsonLayout::pretty, 4, FieldAt<Value, indexes>>.view().size() +
                      expectedSize(value.*FieldAt<Value, indexes>::member)) +
                     ...);
         }(std::make_index_sequence<std::tuple_size_v<Fields<Value>>>{});

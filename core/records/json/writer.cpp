@@ -7,6 +7,10 @@
 #include <charconv>
 #include <cmath>
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 namespace quillmere::json {
 namespace {
 
@@ -16,67 +20,58 @@ constexpr std::size_t longestNumber = 32;
 /// The most bytes that one byte of a text can turn into: \u001f.
 constexpr std::size_t longestEscape = 6;
 
-/// Whether a character stands for itself in a JSON string: ASCII, printable, neither a quote nor a
-/// backslash.
-bool isPlain(char character)
-{
-    const auto byte = static_cast<unsigned char>(character);
-    return byte >= 0x20 && byte < 0x80 && byte != '"' && byte != '\\';
-}
+/// Characters looked at and copied together.
+constexpr std::size_t step = 16;
 
-// Several characters in one register. Signed lanes put what is beyond ASCII below the control
-// characters, so that one comparison finds both.
-typedef signed char WideLanes __attribute__((vector_size(16)));
-typedef signed char NarrowLanes __attribute__((vector_size(8)));
-typedef std::uint64_t WideWords __attribute__((vector_size(16)));
-
-bool isZero(WideLanes lanes)
+/// One bit for each of the `step` characters at `text`, the first one lowest, that does not stand for
+/// itself in a JSON string: what is beyond ASCII, control characters, quote and backslash.
+unsigned specialCharacters(const char* text)
 {
-    const WideWords words = (WideWords)lanes;
-    return (words[0] | words[1]) == 0;
-}
-bool isZero(NarrowLanes lanes) { return std::bit_cast<std::uint64_t>(lanes) == 0; }
-
-/// Copies one register of characters and tells whether all of them stand for themselves.
-template <class Lanes>
-bool copyIfPlain(const char* source, char* destination)
-{
-    Lanes lanes;
-    std::memcpy(&lanes, source, sizeof lanes);
-    std::memcpy(destination, &lanes, sizeof lanes);
-    return isZero((lanes < 0x20) | (lanes == '"') | (lanes == '\\'));
+#ifdef __SSE2__
+    const __m128i characters = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
+    // Signed, so that what is beyond ASCII lies below the control characters.
+    const __m128i outside = _mm_cmplt_epi8(characters, _mm_set1_epi8(0x20));
+    const __m128i quote = _mm_cmpeq_epi8(characters, _mm_set1_epi8('"'));
+    const __m128i backslash = _mm_cmpeq_epi8(characters, _mm_set1_epi8('\\'));
+    return static_cast<unsigned>(_mm_movemask_epi8(_mm_or_si128(outside, _mm_or_si128(quote, backslash))));
+#else
+    unsigned special = 0;
+    for (std::size_t index = 0; index < step; ++index) {
+        const auto byte = static_cast<unsigned char>(text[index]);
+        const bool plain = byte >= 0x20 && byte < 0x80 && byte != '"' && byte != '\\';
+        special |= (plain ? 0U : 1U) << index;
+    }
+    return special;
+#endif
 }
 
 /// Copies the characters that stand for themselves at the front of `source` and returns how many. May
-/// write up to `source.size()` bytes. The end of a run is copied as one last full step that overlaps
-/// the one before.
+/// write, as scratch, up to `step` bytes more than `source` has.
 std::size_t copyPlainRun(std::string_view source, char* destination)
 {
-    constexpr std::size_t wide = sizeof(WideLanes);
-    constexpr std::size_t narrow = sizeof(NarrowLanes);
-    const char* const text = source.data();
     std::size_t done = 0;
-    while (source.size() - done >= wide && copyIfPlain<WideLanes>(text + done, destination + done)) {
-        done += wide;
+    for (; source.size() - done >= step; done += step) {
+        std::memcpy(destination + done, source.data() + done, step);
+        if (const unsigned special = specialCharacters(source.data() + done)) {
+            return done + static_cast<std::size_t>(std::countr_zero(special));
+        }
     }
     const std::size_t left = source.size() - done;
-    if (left < wide && source.size() >= wide) {
-        const std::size_t last = source.size() - wide;
-        if (copyIfPlain<WideLanes>(text + last, destination + last)) {
-            return source.size();
-        }
-    } else if (left < wide && source.size() >= narrow) {
-        const std::size_t last = source.size() - narrow;
-        if (copyIfPlain<NarrowLanes>(text, destination) &&
-            copyIfPlain<NarrowLanes>(text + last, destination + last)) {
-            return source.size();
-        }
+    if (left == 0) {
+        return done;
     }
-    while (done < source.size() && isPlain(text[done])) {
-        destination[done] = text[done];
-        ++done;
+    if (done > 0) {
+        // A last step that overlaps the one before.
+        const char* const last = source.data() + source.size() - step;
+        std::memcpy(destination + source.size() - step, last, step);
+        const unsigned special = specialCharacters(last) | 1U << step;
+        return source.size() - step + static_cast<std::size_t>(std::countr_zero(special));
     }
-    return done;
+    // Too short for a step: the zeros behind it are special, so that they end the run.
+    char padded[step] = {};
+    std::memcpy(padded, source.data(), left);
+    std::memcpy(destination, padded, step);
+    return static_cast<std::size_t>(std::countr_zero(specialCharacters(padded)));
 }
 
 /// Writes one ASCII character that does not stand for itself; returns the end.
@@ -142,6 +137,12 @@ void Writer::number(double value)
         throw EncodingError("a duration that is infinite or not a number");
     }
     ensure(longestNumber);
+    const auto whole = std::abs(value) < 1e5 ? static_cast<std::int64_t>(value) : 0;
+    if (whole != 0 && static_cast<double>(whole) == value) {
+        // Nearly every duration. Up to five digits are shorter than any form with an exponent.
+        cursor_ = std::to_chars(cursor_, end_, whole).ptr;
+        return;
+    }
     // Beyond 64 bits an exponent is asked for: digits alone would look like an integer that readers
     // refuse as too large.
     const bool looksLikeInteger = std::abs(value) < 0x1p63;
@@ -173,8 +174,8 @@ void Writer::instant(Instant instant)
 
 void Writer::string(std::string_view text)
 {
-    // Room for the text as it is and its quotes; what needs escapes asks for more as it comes.
-    ensure(text.size() + 2);
+    // Room for the text as it is; what needs escapes asks for more as it comes.
+    ensure(text.size() + step + 2);
     *cursor_++ = '"';
     while (true) {
         const std::size_t plain = copyPlainRun(text, cursor_);
@@ -183,7 +184,7 @@ void Writer::string(std::string_view text)
         if (text.empty()) {
             break;
         }
-        ensure(longestEscape + text.size() + 2);
+        ensure(longestEscape + text.size() + step + 2);
         if (static_cast<unsigned char>(text.front()) < 0x80) {
             cursor_ = putEscaped(cursor_, text.front());
             text.remove_prefix(1);
