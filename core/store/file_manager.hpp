@@ -29,8 +29,13 @@ public:
     virtual std::optional<std::filesystem::path> containerDirectory(
         std::string_view groupIdentifier) const = 0;
 
-    /// Whether anything is there, of any kind. Only a path that leads nowhere (ENOENT, ENOTDIR) counts
-    /// as nothing; when the look-up fails otherwise, it throws: something may be there.
+    /// Makes the shared directory of a group, with the default mode, unless it is there; for hosts, before
+    /// they share anything. Throws ENOENT when there is no application-support directory to hold it.
+    virtual std::filesystem::path createContainerDirectory(std::string_view groupIdentifier) const = 0;
+
+    /// Whether anything is there, of any kind, a link that leads nowhere included. Only a path that leads
+    /// nowhere (ENOENT, ENOTDIR) counts as nothing; when the look-up fails otherwise, it throws: something
+    /// may be there.
     virtual bool fileExists(const std::filesystem::path& path) const = 0;
 
     /// The whole content of a regular file, links followed. Throws EISDIR for a directory, EINVAL for

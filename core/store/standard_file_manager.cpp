@@ -34,6 +34,13 @@ std::optional<fs::path> applicationSupportDirectory()
 #endif
 }
 
+/// Where the shared directory of a group is, made or not.
+std::optional<fs::path> containerPath(std::string_view groupIdentifier)
+{
+    const std::optional<fs::path> support = applicationSupportDirectory();
+    return support ? std::optional(*support / "group-containers" / groupIdentifier) : std::nullopt;
+}
+
 struct stat statusOf(const FileDescriptor& file, const fs::path& path)
 {
     struct stat status;
@@ -73,14 +80,21 @@ public:
 
     std::optional<fs::path> containerDirectory(std::string_view groupIdentifier) const override
     {
-        const std::optional<fs::path> support = applicationSupportDirectory();
-        if (!support || groupIdentifier.empty()) {
-            return std::nullopt;
-        }
-        fs::path container = *support / "group-containers" / groupIdentifier;
+        std::optional<fs::path> container = containerPath(groupIdentifier);
         struct stat status;
-        const bool made = ::stat(container.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
-        return made ? std::optional(std::move(container)) : std::nullopt;
+        const bool made = container && ::stat(container->c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+        return made ? container : std::nullopt;
+    }
+
+    fs::path createContainerDirectory(std::string_view groupIdentifier) const override
+    {
+        const std::optional<fs::path> container = containerPath(groupIdentifier);
+        if (!container) {
+            errno = ENOENT;
+            throwErrno("application support", {});
+        }
+        createDirectory(*container, std::nullopt);
+        return *container;
     }
 
     bool fileExists(const fs::path& path) const override
