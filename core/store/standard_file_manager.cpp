@@ -38,7 +38,9 @@ std::optional<fs::path> applicationSupportDirectory()
 std::optional<fs::path> containerPath(std::string_view groupIdentifier)
 {
     const std::optional<fs::path> support = applicationSupportDirectory();
-    return support ? std::optional(*support / "group-containers" / groupIdentifier) : std::nullopt;
+    return support && !groupIdentifier.empty()
+               ? std::optional(*support / "group-containers" / groupIdentifier)
+               : std::nullopt;
 }
 
 struct stat statusOf(const FileDescriptor& file, const fs::path& path)
