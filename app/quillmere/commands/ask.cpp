@@ -1,0 +1,24 @@
+// Raises a question for the person, on behalf of an agent.
+#include "commands/commands.hpp"
+#include "commands/fields.hpp"
+
+#include <memory>
+
+namespace quillmere::app {
+
+void addAsk(CLI::App& line, Program& program)
+{
+    const auto question = std::make_shared<std::string>();
+    addCommand(line, program, "ask", "Raise a question",
+               [question, &program] {
+                   program.change("The question waits for an answer.",
+                                  [&](QuillmereState& state, Instant now) {
+                                      WorkflowEngine().addQuestion(state, *question, now);
+                                  });
+               })
+        ->add_option("question", *question, "The question")
+        ->required()
+        ->check(wellFormedText());
+}
+
+}  // namespace quillmere::app

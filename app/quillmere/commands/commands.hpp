@@ -1,0 +1,52 @@
+// All commands, one file each. A command adds itself to the command line: its words, its options, and
+// what it does when it is named.
+#pragma once
+
+#include "program.hpp"
+
+#include <quillmere/engine/workflow_engine.hpp>
+
+#include <CLI/CLI.hpp>
+
+namespace quillmere::app {
+
+// clang-format off
+
+// To look. These neither lock nor write.
+void addStatus    (CLI::App& line, Program& program);  // where the work stands
+void addQuestions (CLI::App& line, Program& program);  // what the agent asks
+void addHistory   (CLI::App& line, Program& program);  // the finished blocks
+void addWidget    (CLI::App& line, Program& program);  // the summary as a widget shows it
+void addAgent     (CLI::App& line, Program& program);  // the summary as an agent reads it
+void addOpen      (CLI::App& line, Program& program);  // the screen that a deep link leads to
+
+// A block.
+void addPlan      (CLI::App& line, Program& program);  // beginBlockPlanning, then startBlock or scheduleBlock
+void addStart     (CLI::App& line, Program& program);  // startScheduledBlockNow
+void addEdit      (CLI::App& line, Program& program);  // editScheduledBlock
+void addCancel    (CLI::App& line, Program& program);  // cancelScheduledBlock
+void addReflect   (CLI::App& line, Program& program);  // completeBlockReview
+
+// A focus session and its break.
+void addFocus     (CLI::App& line, Program& program);  // startFocus
+void addPause     (CLI::App& line, Program& program);  // pauseFocus
+void addResume    (CLI::App& line, Program& program);  // resumeFocus
+void addEnd       (CLI::App& line, Program& program);  // endFocus
+void addReview    (CLI::App& line, Program& program);  // saveReviewAndStartBreak
+void addBreak     (CLI::App& line, Program& program);  // extendBreak, endBreak, skipBreak
+
+// Questions.
+void addAsk       (CLI::App& line, Program& program);  // addQuestion
+void addAnswer    (CLI::App& line, Program& program);  // answerQuestion
+
+// Time.
+void addTick      (CLI::App& line, Program& program);  // evaluateSchedule, evaluateTimer
+void addTour      (CLI::App& line, Program& program);  // a whole block on a clock of its own
+
+// clang-format on
+
+/// Adds one command that does `action`.
+CLI::App* addCommand(CLI::App& line, Program& program, const std::string& name, const std::string& purpose,
+                     std::function<void()> action);
+
+}  // namespace quillmere::app

@@ -1,0 +1,124 @@
+// The texts that a person fills in: one table a record, from which options and questions follow.
+#pragma once
+
+#include <quillmere/records/block.hpp>
+
+#include <CLI/CLI.hpp>
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quillmere::app {
+
+/// One text of a record.
+template <class Record>
+struct TextField {
+    const char* option;  ///< without the dashes
+    std::string Record::*member;
+    const char* question;  ///< what a person is asked, and the option's help
+};
+
+inline constexpr auto blockFields = std::to_array<TextField<Block>>({
+    {"why", &Block::whyValue, "Why does it matter?"},
+    {"done-test", &Block::doneTest, "How will you know that it is done?"},
+    {"hazards", &Block::hazards, "What could get in the way?"},
+    {"check", &Block::measurableCheck, "What can be measured at the end?"},
+    {"notes", &Block::contextNotes, "What else should be at hand?"},
+});
+
+inline constexpr auto planFields = std::to_array<TextField<SessionPlan>>({
+    {"outcome", &SessionPlan::intendedOutcome, "What should this session bring about?"},
+    {"first-action", &SessionPlan::firstAction, "What is the first action?"},
+    {"hazards", &SessionPlan::hazardsMitigation, "What could get in the way, and what then?"},
+    {"framing", &SessionPlan::nicuFraming, "How will you look at it?"},
+});
+
+inline constexpr auto reviewFields = std::to_array<TextField<SessionReview>>({
+    {"result", &SessionReview::noteworthyResult, "What came out of it?"},
+    {"distractions", &SessionReview::distractions, "What distracted you?"},
+    {"improvement", &SessionReview::improvement, "What would you do better?"},
+});
+
+inline constexpr auto reflectionFields = std::to_array<TextField<BlockReview>>({
+    {"output", &BlockReview::outputProduced, "What was produced?"},
+    {"comparison", &BlockReview::normalComparison, "How does it compare with the usual?"},
+    {"bogged-down", &BlockReview::boggedDown, "Where did it bog down?"},
+    {"went-well", &BlockReview::wentWell, "What went well?"},
+    {"lessons", &BlockReview::lessons, "What is to be learnt from it?"},
+});
+
+/// Refuses bytes that are no text: they could not be kept as they are.
+CLI::Validator wellFormedText();
+
+/// The options of a record's texts.
+template <class Record, std::size_t count>
+class TextOptions {
+public:
+    explicit TextOptions(const std::array<TextField<Record>, count>& fields) : fields_(fields) {}
+
+    void addTo(CLI::App& command, const std::string& prefix = "")
+    {
+        for (std::size_t index = 0; index < count; ++index) {
+            command.add_option("--" + prefix + fields_[index].option, texts_[index], fields_[index].question)
+                ->check(wellFormedText());
+        }
+    }
+
+    bool anyGiven() const
+    {
+        return std::any_of(texts_.begin(), texts_.end(), [](const auto& text) { return text.has_value(); });
+    }
+
+    /// Sets the texts that were given.
+    void applyTo(Record& record) const
+    {
+        for (std::size_t index = 0; index < count; ++index) {
+            if (texts_[index]) {
+                record.*fields_[index].member = *texts_[index];
+            }
+        }
+    }
+
+    /// Has `ask` ask for the texts that were not given; it takes the question.
+    template <class Ask>
+    void askForMissing(Ask ask)
+    {
+        for (std::size_t index = 0; index < count; ++index) {
+            if (!texts_[index]) {
+                texts_[index] = ask(fields_[index].question);
+            }
+        }
+    }
+
+private:
+    const std::array<TextField<Record>, count>& fields_;
+    std::array<std::optional<std::string>, count> texts_;
+};
+
+/// The options of a session plan: its texts, its ratings, and the block's outcome that it works
+/// towards, by number.
+class PlanOptions {
+public:
+    void addTo(CLI::App& command, const std::string& prefix = "");
+
+    bool anyGiven() const;
+
+    /// Sets what was given in `plan`. Throws ProgramError when the block has no outcome of that number.
+    void applyTo(SessionPlan& plan, const std::optional<Block>& block) const;
+
+    template <class Ask>
+    void askForMissing(Ask ask)
+    {
+        texts_.askForMissing(ask);
+    }
+
+private:
+    TextOptions<SessionPlan, planFields.size()> texts_{planFields};
+    std::optional<std::int64_t> energy_;
+    std::optional<std::int64_t> morale_;
+    std::optional<std::int64_t> outcomeNumber_;
+};
+
+}  // namespace quillmere::app

@@ -1,0 +1,73 @@
+// Lists the finished blocks.
+#include "commands/commands.hpp"
+#include "report/status.hpp"
+#include "text/duration.hpp"
+#include "text/inert.hpp"
+#include "text/local_time.hpp"
+
+#include <algorithm>
+#include <memory>
+#include <ostream>
+
+namespace quillmere::app {
+namespace {
+
+/// Time in focus, pauses taken out.
+double focusSeconds(const Block& block)
+{
+    double seconds = 0;
+    for (const WorkSession& session : block.sessions) {
+        if (session.endedAt) {
+            seconds += std::max(*session.endedAt - session.startedAt - session.accumulatedPausedSeconds, 0.0);
+        }
+    }
+    return seconds;
+}
+
+void printBlock(std::ostream& out, const Block& block)
+{
+    out << localText(block.completedAt.value_or(block.createdAt)) << "  " << block.sessions.size() << " of "
+        << block.cycleCount << " sessions, " << durationText(focusSeconds(block)) << " of focus\n";
+    for (const Outcome& outcome : block.outcomes) {
+        printField(out, "  Outcome", outcome.title);
+    }
+    if (block.reflection) {
+        printField(out, "  Produced", block.reflection->outputProduced);
+        printField(out, "  Lessons", block.reflection->lessons);
+    }
+}
+
+void showHistory(std::size_t limit, Program& program)
+{
+    const QuillmereState state = program.workspace().look().state;
+    const std::size_t count = std::min(limit, state.blockHistory.size());
+    if (program.settings().json) {
+        Json list = Json::array();
+        for (std::size_t index = 0; index < count; ++index) {
+            list.push_back(recordJson(state.blockHistory[index]));
+        }
+        program.print(list);
+        return;
+    }
+    std::ostream& out = program.environment().out;
+    for (std::size_t index = 0; index < count; ++index) {
+        printBlock(out, state.blockHistory[index]);
+    }
+    if (state.blockHistory.empty()) {
+        out << "No block is finished yet.\n";
+    }
+}
+
+}  // namespace
+
+void addHistory(CLI::App& line, Program& program)
+{
+    constexpr std::size_t usualLimit = 10;
+    const auto limit = std::make_shared<std::size_t>(usualLimit);
+    addCommand(line, program, "history", "List the finished blocks, the newest first",
+               [limit, &program] { showHistory(*limit, program); })
+        ->add_option("--limit", *limit, "How many at most")
+        ->capture_default_str();
+}
+
+}  // namespace quillmere::app

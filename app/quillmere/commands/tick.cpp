@@ -1,0 +1,19 @@
+// Lets time pass: for whoever runs the program every so often.
+#include "commands/commands.hpp"
+#include "report/status.hpp"
+
+namespace quillmere::app {
+
+void addTick(CLI::App& line, Program& program)
+{
+    addCommand(line, program, "tick", "Begin a block that is due, end a session whose time is up",
+               [&program] {
+                   program.workspace().change(
+                       [&](const std::vector<Event>& events) { program.reportEvents(events); }, nullptr);
+                   if (program.settings().json) {
+                       program.print({{"events", eventsJson(program.events())}});
+                   }
+               });
+}
+
+}  // namespace quillmere::app

@@ -1,0 +1,19 @@
+// What surrounds a run of the program: handed in, so that a run can be had anywhere.
+#pragma once
+
+#include <quillmere/records/instant.hpp>
+
+#include <iosfwd>
+
+namespace quillmere::app {
+
+struct Environment {
+    std::istream& in;
+    std::ostream& out;  ///< results
+    std::ostream& err;  ///< messages
+    Clock clock;
+    bool inputIsTerminal;   ///< someone is there to be asked
+    bool outputIsTerminal;  ///< colour may be used
+};
+
+}  // namespace quillmere::app

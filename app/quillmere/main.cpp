@@ -1,0 +1,25 @@
+#include "run.hpp"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <iostream>
+
+int main(int count, char** arguments)
+{
+    const auto wallClock = [] {
+        const auto sinceEpoch = std::chrono::system_clock::now().time_since_epoch();
+        return quillmere::Instant(std::chrono::duration<double>(sinceEpoch).count());
+    };
+    quillmere::app::Environment environment{
+        .in = std::cin,
+        .out = std::cout,
+        .err = std::cerr,
+        .clock = wallClock,
+        .inputIsTerminal = ::isatty(STDIN_FILENO) == 1,
+        .outputIsTerminal = ::isatty(STDOUT_FILENO) == 1,
+    };
+    return static_cast<int>(
+        quillmere::app::run({arguments + std::min(count, 1), arguments + count}, environment));
+}

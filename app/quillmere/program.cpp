@@ -1,0 +1,68 @@
+#include "program.hpp"
+
+#include "report/status.hpp"
+#include "text/local_time.hpp"
+
+#include <ostream>
+
+namespace quillmere::app {
+namespace {
+
+std::string eventText(const Event& event)
+{
+    const std::string time = localClockText(event.at);
+    switch (event.kind) {
+        case Event::Kind::blockStarted: return "The scheduled block started at " + time + ".";
+        case Event::Kind::focusEnded: return "The focus session ended at " + time + ".";
+        case Event::Kind::breakEnded: break;
+    }
+    return "The break was over at " + time + ".";
+}
+
+}  // namespace
+
+Workspace Program::workspace() const
+{
+    return settings_.directory ? Workspace::in(*settings_.directory, environment_.clock)
+                               : Workspace::ofThisUser(environment_.clock);
+}
+
+void Program::change(std::string_view done,
+                     const std::function<void(QuillmereState&, Instant now)>& operation)
+{
+    const Situation situation =
+        workspace().change([this](const std::vector<Event>& events) { reportEvents(events); }, operation);
+    if (settings_.json) {
+        print({{"done", done}, {"events", eventsJson(events_)}, {"status", statusJson(situation)}});
+        return;
+    }
+    environment_.out << done << "\n\n";
+    printStatus(environment_.out, situation, style());
+}
+
+void Program::reportEvents(const std::vector<Event>& events)
+{
+    events_.insert(events_.end(), events.begin(), events.end());
+    if (!settings_.json) {
+        for (const Event& event : events) {
+            environment_.err << eventText(event) << '\n';
+        }
+    }
+}
+
+void Program::print(const Json& json)
+{
+    // Nothing beyond ASCII, so no control character either.
+    environment_.out << json.dump(2, ' ', true, Json::error_handler_t::replace) << '\n';
+}
+
+Json eventsJson(const std::vector<Event>& events)
+{
+    Json list = Json::array();
+    for (const Event& event : events) {
+        list.push_back({{"event", eventName(event.kind)}, {"at", instantJson(event.at)}});
+    }
+    return list;
+}
+
+}  // namespace quillmere::app

@@ -1,0 +1,60 @@
+// What every command of a run shares.
+#pragma once
+
+#include "environment.hpp"
+#include "text/style.hpp"
+#include "workspace/workspace.hpp"
+
+#include <nlohmann/json.hpp>
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quillmere::app {
+
+using Json = nlohmann::ordered_json;
+
+/// The options that stand before or after any command.
+struct Settings {
+    std::optional<std::filesystem::path> directory;
+    bool json = false;
+};
+
+class Program {
+public:
+    explicit Program(Environment& environment) : environment_(environment) {}
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    Environment& environment() { return environment_; }
+    Settings& settings() { return settings_; }
+    const std::vector<Event>& events() const { return events_; }
+
+    /// What the command line asks for; set by the command that was named.
+    std::function<void()> action;
+
+    Workspace workspace() const;
+    Style style() const { return Style(wantsColour(environment_.outputIsTerminal)); }
+
+    /// Runs one operation of a person on their files, then says `done` and where the work stands.
+    void change(std::string_view done, const std::function<void(QuillmereState&, Instant now)>& operation);
+
+    /// Keeps what came about by itself and says so, at once to a person, with the result to a program.
+    void reportEvents(const std::vector<Event>& events);
+
+    /// Prints a result that is the same for persons and programs: JSON, harmless to a terminal.
+    void print(const Json& json);
+
+private:
+    Environment& environment_;
+    Settings settings_;
+    std::vector<Event> events_;
+};
+
+/// The events as programs read them.
+Json eventsJson(const std::vector<Event>& events);
+
+}  // namespace quillmere::app

@@ -1,0 +1,117 @@
+#include "run.hpp"
+
+#include "commands/commands.hpp"
+#include "text/inert.hpp"
+#include "version.hpp"
+
+#include <algorithm>
+#include <new>
+#include <ostream>
+#include <system_error>
+
+namespace quillmere::app {
+namespace {
+
+void addEverything(CLI::App& line, Program& program)
+{
+    line.add_option("--directory", program.settings().directory, "Keep the files there instead of at home")
+        ->check([](const std::string& path) { return std::string(path.empty() ? "is empty" : ""); });
+    line.add_flag("--json", program.settings().json, "Print for programs");
+    line.set_version_flag("--version", std::string("quillmere ") + version);
+    line.set_help_flag("-h,--help", "Print this help");
+    line.require_subcommand(0, 1);
+    for (const auto add : {addStatus, addPlan,    addStart,  addEdit,  addCancel,  addFocus, addPause,
+                           addResume, addEnd,     addReview, addBreak, addReflect, addAsk,   addQuestions,
+                           addAnswer, addHistory, addWidget, addAgent, addOpen,    addTick,  addTour}) {
+        add(line, program);
+    }
+}
+
+/// Puts a failure where it belongs: a sentence for persons, an object for programs.
+ExitCode report(ExitCode code, std::string_view name, const std::string& message, Program& program)
+{
+    std::ostream& err = program.environment().err;
+    if (program.settings().json) {
+        const Json error = {{"error", {{"case", name}, {"message", message}}},
+                            {"events", eventsJson(program.events())}};
+        err << error.dump(-1, ' ', true, Json::error_handler_t::replace) << '\n';
+    } else {
+        err << inert(message) << '\n';
+    }
+    return code;
+}
+
+std::string_view nameOf(ExitCode code)
+{
+    switch (code) {
+        case ExitCode::done: return "done";
+        case ExitCode::refused: return "refused";
+        case ExitCode::usage: return "usage";
+        case ExitCode::unusableData: return "unusableData";
+        case ExitCode::outOfMemory: return "outOfMemory";
+        case ExitCode::fileError: return "fileError";
+        case ExitCode::lockBusy: return "lockBusy";
+    }
+    return "unknown";
+}
+
+ExitCode report(ExitCode code, const std::string& message, Program& program)
+{
+    return report(code, nameOf(code), message, program);
+}
+
+/// Runs the command and turns what it throws into an end of the program.
+ExitCode act(Program& program)
+{
+    try {
+        program.action();
+        if (!program.environment().out.flush()) {
+            return report(ExitCode::fileError, "The result cannot be written to standard output.", program);
+        }
+        return ExitCode::done;
+    } catch (const WorkflowError& error) {
+        return report(ExitCode::refused, error.caseName(), error.errorDescription(), program);
+    } catch (const ProgramError& error) {
+        return report(error.code(), error.what(), program);
+    } catch (const CodingError& error) {
+        return report(ExitCode::unusableData, std::string("The state cannot be used: ") + error.what(),
+                      program);
+    } catch (const std::system_error& error) {
+        return report(ExitCode::fileError, error.what(), program);
+    }
+}
+
+/// Global options may follow the command, so everything is parsed before anything is done.
+ExitCode parseAndAct(std::vector<std::string> arguments, Program& program)
+{
+    CLI::App line("Quillmere: plan a block of work, focus, rest, look back.", "quillmere");
+    addEverything(line, program);
+    try {
+        std::reverse(arguments.begin(), arguments.end());
+        line.parse(arguments);
+    } catch (const CLI::Success& help) {
+        line.exit(help, program.environment().out, program.environment().err);
+        return ExitCode::done;
+    } catch (const CLI::ParseError& error) {
+        return report(ExitCode::usage, error.what() + std::string(" (quillmere --help)"), program);
+    }
+    return act(program);
+}
+
+}  // namespace
+
+ExitCode run(const std::vector<std::string>& arguments, Environment& environment) noexcept
+{
+    try {
+        Program program(environment);
+        return parseAndAct(arguments, program);
+    } catch (const std::bad_alloc&) {
+        environment.err << "There is not enough memory.\n";
+        return ExitCode::outOfMemory;
+    } catch (const std::exception& error) {
+        environment.err << error.what() << '\n';
+        return ExitCode::fileError;
+    }
+}
+
+}  // namespace quillmere::app

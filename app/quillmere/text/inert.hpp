@@ -1,0 +1,19 @@
+// Texts of persons and agents on their way to a terminal.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quillmere::app {
+
+/// The text with every control character (C0, DEL, C1) and every ill-formed byte replaced by U+FFFD,
+/// so that it can only be read, never obeyed. Line breaks become spaces: one text, one line.
+std::string inert(std::string_view text);
+
+/// JSON text with DEL and the C1 controls, which JSON allows inside strings, escaped.
+std::string inertJson(std::string_view json);
+
+/// Whether the text is well-formed UTF-8.
+bool isText(std::string_view text);
+
+}  // namespace quillmere::app

@@ -1,0 +1,23 @@
+// Instants in the person's own time zone.
+#pragma once
+
+#include <quillmere/records/instant.hpp>
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quillmere::app {
+
+/// "2026-11-15 16:00".
+std::string localText(Instant instant);
+
+/// "16:00".
+std::string localClockText(Instant instant);
+
+/// The instant of "2026-11-15 16:00" (or with a "T"), of "16:00", which is the next time the clock
+/// shows that, or of "+1h30m" from now. Absent for any other text, and for a local time that the clocks
+/// skip.
+std::optional<Instant> instantFromLocalText(std::string_view text, Instant now);
+
+}  // namespace quillmere::app

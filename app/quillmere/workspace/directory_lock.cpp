@@ -1,0 +1,65 @@
+#include "workspace/directory_lock.hpp"
+
+#include "exit_code.hpp"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <system_error>
+#include <thread>
+
+namespace quillmere::app {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto longestWait = 5s;
+constexpr auto pauseBetweenTries = 10ms;
+
+/// Whether the lock was taken; false when somebody else has it.
+bool tryLock(int descriptor)
+{
+    if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0) {
+        return true;
+    }
+    if (errno != EWOULDBLOCK && errno != EINTR) {
+        throw std::system_error(errno, std::generic_category(), "flock");
+    }
+    return false;
+}
+
+/// flock(2) can wait, but not for a limited time.
+void waitForLock(int descriptor, const std::filesystem::path& directory)
+{
+    const auto deadline = std::chrono::steady_clock::now() + longestWait;
+    while (!tryLock(descriptor)) {
+        if (std::chrono::steady_clock::now() >= deadline) {
+            throw ProgramError(ExitCode::lockBusy,
+                               "Another program is at work in " + directory.string() + "; try again.");
+        }
+        std::this_thread::sleep_for(pauseBetweenTries);
+    }
+}
+
+}  // namespace
+
+DirectoryLock::DirectoryLock(const std::filesystem::path& directory)
+    : descriptor_(::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+{
+    if (descriptor_ == -1) {
+        throw std::filesystem::filesystem_error("open", directory, {errno, std::generic_category()});
+    }
+    try {
+        waitForLock(descriptor_, directory);
+    } catch (...) {
+        ::close(descriptor_);
+        throw;
+    }
+}
+
+DirectoryLock::~DirectoryLock() { ::close(descriptor_); }
+
+}  // namespace quillmere::app

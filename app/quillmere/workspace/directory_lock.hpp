@@ -1,0 +1,23 @@
+// One writer at a time.
+#pragma once
+
+#include <filesystem>
+
+namespace quillmere::app {
+
+/// Holds the lock of a directory: flock(2) on the directory itself, so that no file is left behind and
+/// the lock goes with its holder, however that ends. Readers need none.
+class DirectoryLock {
+public:
+    /// Waits for the lock, at most five seconds; throws ProgramError (`lockBusy`) then, and
+    /// `std::system_error` when the directory cannot be locked at all.
+    explicit DirectoryLock(const std::filesystem::path& directory);
+    DirectoryLock(const DirectoryLock&) = delete;
+    DirectoryLock& operator=(const DirectoryLock&) = delete;
+    ~DirectoryLock();
+
+private:
+    int descriptor_;
+};
+
+}  // namespace quillmere::app

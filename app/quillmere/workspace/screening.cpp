@@ -1,0 +1,57 @@
+#include "workspace/screening.hpp"
+
+#include "exit_code.hpp"
+#include "text/duration.hpp"
+
+#include <string>
+
+namespace quillmere::app {
+namespace {
+
+/// Pauses and extensions add up without a bound of their own; this one is far above any life and far
+/// below what timers can count.
+constexpr double longestSum = 1e12;
+
+/// Written so that a value that is not a number is outside.
+void requireWithin(double value, double least, double most, const std::string& key)
+{
+    if (!(value >= least && value <= most)) {
+        throw ProgramError(ExitCode::unusableData,
+                           "The state cannot be used: " + key + " is out of bounds. Nothing was changed.");
+    }
+}
+
+void screenDuration(double seconds, const std::string& key)
+{
+    requireWithin(seconds, shortestDuration, longestDuration, key);
+}
+
+void screenBlock(const Block& block, const std::string& key)
+{
+    screenDuration(block.focusDurationSeconds, key + ".focus_duration_seconds");
+    screenDuration(block.breakDurationSeconds, key + ".break_duration_seconds");
+    requireWithin(static_cast<double>(block.cycleCount), 1, static_cast<double>(mostCycles),
+                  key + ".cycle_count");
+    for (std::size_t index = 0; index < block.sessions.size(); ++index) {
+        const WorkSession& session = block.sessions[index];
+        const std::string sessionKey = key + ".sessions[" + std::to_string(index) + "]";
+        screenDuration(session.plannedDurationSeconds, sessionKey + ".planned_duration_seconds");
+        requireWithin(session.accumulatedPausedSeconds, 0, longestSum,
+                      sessionKey + ".accumulated_paused_seconds");
+    }
+}
+
+}  // namespace
+
+void screen(const QuillmereState& state)
+{
+    if (state.currentBlock) {
+        screenBlock(*state.currentBlock, "current_block");
+    }
+    for (std::size_t index = 0; index < state.blockHistory.size(); ++index) {
+        screenBlock(state.blockHistory[index], "block_history[" + std::to_string(index) + "]");
+    }
+    requireWithin(state.breakExtensionSeconds, 0, longestSum, "break_extension_seconds");
+}
+
+}  // namespace quillmere::app
