@@ -1,0 +1,56 @@
+#!/bin/sh
+# Builds the example against the library as others get it, and runs it.
+# consume.sh SOURCE WORK static|shared|folder
+set -eu
+source=$1
+work=$2/$3
+kind=$3
+rm -rf "$work"
+mkdir -p "$work"
+
+configure() { cmake -G Ninja -DCMAKE_BUILD_TYPE=Debug "$@" >"$work/configure.log" || { cat "$work/configure.log"; exit 1; }; }
+build() { cmake --build "$1" -- --quiet; }
+
+# The example says where it stands and leaves both files behind.
+check() {
+    directory=$work/files-$1
+    shift
+    said=$("$@" "$directory")
+    [ "$said" = "Session 1 of 8" ] || { echo "it said: $said"; exit 1; }
+    [ -s "$directory/state.json" ] && [ -s "$directory/agent-state.json" ] || { echo "a file is missing"; exit 1; }
+}
+
+if [ "$kind" = folder ]; then
+    configure -S "$source/tests/package/consumer" -B "$work/consumer" \
+        -DQUILLMERE_FOLDER="$source" -DEXAMPLE="$source/examples/first_session.cpp"
+    build "$work/consumer"
+    check folder "$work/consumer/first_session"
+    exit 0
+fi
+
+shared=OFF
+[ "$kind" = shared ] && shared=ON
+prefix=$work/installed
+configure -S "$source" -B "$work/library" -DBUILD_SHARED_LIBS=$shared -DCMAKE_INSTALL_PREFIX="$prefix" \
+    -DQUILLMERE_BUILD_PROGRAM=OFF -DQUILLMERE_BUILD_TESTS=OFF
+build "$work/library"
+cmake --install "$work/library" >"$work/install.log"
+
+configure -S "$source/tests/package/consumer" -B "$work/consumer" -DCMAKE_PREFIX_PATH="$prefix" \
+    -DEXAMPLE="$source/examples/first_session.cpp"
+build "$work/consumer"
+check cmake "$work/consumer/first_session"
+
+PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name QuillmereCore.pc)")
+export PKG_CONFIG_PATH
+libraries=$(pkg-config --variable=libdir QuillmereCore)
+# shellcheck disable=SC2046 # the flags are words
+${CXX:-g++} -std=c++20 "$source/examples/first_session.cpp" $(pkg-config --cflags --libs QuillmereCore) \
+    -Wl,-rpath,"$libraries" -o "$work/by_pkg_config"
+check pkg-config "$work/by_pkg_config"
+
+# No private header has slipped into the package.
+if find "$prefix/include" -name '*.hpp' -exec grep -l simdjson {} + ; then
+    echo "a public header names the JSON library"
+    exit 1
+fi
