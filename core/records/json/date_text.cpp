@@ -1,6 +1,8 @@
 #include <quillmere/records/json/date_text.hpp>
 #include <quillmere/records/json/key_conversion.hpp>
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdint>
 #include <cstring>
@@ -44,46 +46,51 @@ constexpr auto digitPairs = [] {
 /// Writes a value below 100 in two decimal digits.
 void putTwoDigits(char* destination, unsigned value) { std::memcpy(destination, &digitPairs[2 * value], 2); }
 
-/// Takes a date text apart from the front; anything unexpected spoils it for good.
-class Scanner {
-public:
-    explicit Scanner(std::string_view text) : rest_(text) {}
+/// Whether `text` consists of the characters of `shape`, in which 0 stands for any digit.
+bool hasShape(std::string_view text, std::string_view shape)
+{
+    const auto fits = [](char found, char wanted) {
+        return wanted == '0' ? isDigit(found) : found == wanted;
+    };
+    return std::equal(text.begin(), text.end(), shape.begin(), shape.end(), fits);
+}
 
-    unsigned digits(std::size_t width)
-    {
-        unsigned value = 0;
-        for (std::size_t index = 0; index < width; ++index) {
-            const char digit = take();
-            good_ = good_ && isDigit(digit);
-            value = value * 10 + static_cast<unsigned>(digit - '0');
-        }
-        return value;
+/// The number that a text of nothing but digits stands for.
+unsigned number(std::string_view digits)
+{
+    unsigned value = 0;
+    for (const char digit : digits) {
+        value = value * 10 + static_cast<unsigned>(digit - '0');
     }
+    return value;
+}
 
-    void expect(char character) { good_ = take() == character && good_; }
-
-    /// The next character; NUL at the end.
-    char take()
-    {
-        const char front = rest_.empty() ? '\0' : rest_.front();
-        rest_.remove_prefix(rest_.empty() ? 0 : 1);
-        return front;
+/// What follows the seconds, "Z" or ±hh:mm, in seconds east of UTC.
+std::optional<std::int64_t> offsetFromText(std::string_view text)
+{
+    if (text == "Z") {
+        return 0;
     }
-
-    bool atGoodEnd() const { return good_ && rest_.empty(); }
-
-private:
-    std::string_view rest_;
-    bool good_ = true;
-};
+    const bool east = hasShape(text, "+00:00");
+    if (!east && !hasShape(text, "-00:00")) {
+        return std::nullopt;
+    }
+    const unsigned hours = number(text.substr(1, 2));
+    const unsigned minutes = number(text.substr(4, 2));
+    if (hours > 23 || minutes > 59) {
+        return std::nullopt;
+    }
+    const std::int64_t magnitude = hours * 3600 + minutes * 60;
+    return east ? magnitude : -magnitude;
+}
 
 }  // namespace
 
-std::optional<DateText> dateText(Instant instant) noexcept
+bool putDateText(char* destination, Instant instant) noexcept
 {
     const double exact = instant.secondsSince1970();
     if (!(exact >= static_cast<double>(firstSecond) && exact < static_cast<double>(endSecond))) {
-        return std::nullopt;
+        return false;
     }
     const auto secondsSinceFirst = static_cast<std::uint64_t>(floorOf(exact) - firstSecond);
     const auto daysSinceFirst = static_cast<unsigned>(secondsSinceFirst / secondsPerDay);
@@ -91,58 +98,38 @@ std::optional<DateText> dateText(Instant instant) noexcept
     const year_month_day date{sys_days(year(0) / 1 / 1) + days(daysSinceFirst)};
     const auto yearNumber = static_cast<unsigned>(static_cast<int>(date.year()));
 
-    DateText text{'0', '0', '0', '0', '-', '0', '0', '-', '0', '0',
-                  'T', '0', '0', ':', '0', '0', ':', '0', '0', 'Z'};
-    putTwoDigits(&text[0], yearNumber / 100);
-    putTwoDigits(&text[2], yearNumber % 100);
-    putTwoDigits(&text[5], static_cast<unsigned>(date.month()));
-    putTwoDigits(&text[8], static_cast<unsigned>(date.day()));
-    putTwoDigits(&text[11], secondOfDay / 3600);
-    putTwoDigits(&text[14], secondOfDay / 60 % 60);
-    putTwoDigits(&text[17], secondOfDay % 60);
-    return text;
+    std::memcpy(destination, "0000-00-00T00:00:00Z", dateTextLength);
+    putTwoDigits(destination, yearNumber / 100);
+    putTwoDigits(destination + 2, yearNumber % 100);
+    putTwoDigits(destination + 5, static_cast<unsigned>(date.month()));
+    putTwoDigits(destination + 8, static_cast<unsigned>(date.day()));
+    putTwoDigits(destination + 11, secondOfDay / 3600);
+    putTwoDigits(destination + 14, secondOfDay / 60 % 60);
+    putTwoDigits(destination + 17, secondOfDay % 60);
+    return true;
 }
 
 std::optional<Instant> instantFromDateText(std::string_view text) noexcept
 {
-    Scanner scanner(text);
-    const unsigned yearNumber = scanner.digits(4);
-    scanner.expect('-');
-    const unsigned monthNumber = scanner.digits(2);
-    scanner.expect('-');
-    const unsigned dayNumber = scanner.digits(2);
-    scanner.expect('T');
-    const unsigned hour = scanner.digits(2);
-    scanner.expect(':');
-    const unsigned minute = scanner.digits(2);
-    scanner.expect(':');
-    const unsigned second = scanner.digits(2);
-
-    std::int64_t offset = 0;
-    const char zone = scanner.take();
-    if (zone == '+' || zone == '-') {
-        const unsigned offsetHours = scanner.digits(2);
-        scanner.expect(':');
-        const unsigned offsetMinutes = scanner.digits(2);
-        if (offsetHours > 23 || offsetMinutes > 59) {
-            return std::nullopt;
-        }
-        const std::int64_t magnitude = offsetHours * 3600 + offsetMinutes * 60;
-        offset = zone == '+' ? magnitude : -magnitude;
-    } else if (zone != 'Z') {
+    constexpr std::string_view shape = "0000-00-00T00:00:00";
+    if (!hasShape(text.substr(0, shape.size()), shape)) {
         return std::nullopt;
     }
-
-    if (!scanner.atGoodEnd() || hour > 23 || minute > 59 || second > 59) {
+    const unsigned hour = number(text.substr(11, 2));
+    const unsigned minute = number(text.substr(14, 2));
+    const unsigned second = number(text.substr(17, 2));
+    const std::optional<std::int64_t> offset = offsetFromText(text.substr(shape.size()));
+    if (!offset || hour > 23 || minute > 59 || second > 59) {
         return std::nullopt;
     }
-    const year_month_day date{year(static_cast<int>(yearNumber)), month(monthNumber), day(dayNumber)};
+    const year_month_day date{year(static_cast<int>(number(text.substr(0, 4)))),
+                              month(number(text.substr(5, 2))), day(number(text.substr(8, 2)))};
     if (!date.ok()) {
         return std::nullopt;
     }
     const std::int64_t daysSince1970 = sys_days(date).time_since_epoch().count();
     const std::int64_t secondOfDay = hour * 3600 + minute * 60 + second;
-    return Instant(static_cast<double>(daysSince1970 * secondsPerDay + secondOfDay - offset));
+    return Instant(static_cast<double>(daysSince1970 * secondsPerDay + secondOfDay - *offset));
 }
 
 }  // namespace quillmere::json

@@ -3,7 +3,6 @@
 
 #include <quillmere/records/instant.hpp>
 
-#include <array>
 #include <cstddef>
 #include <optional>
 #include <string_view>
@@ -11,11 +10,11 @@
 namespace quillmere::json {
 
 inline constexpr std::size_t dateTextLength = 20;
-using DateText = std::array<char, dateTextLength>;
 
-/// `YYYY-MM-DDThh:mm:ssZ`, with the fraction of a second dropped toward the past. Absent when the
-/// instant is not finite or lies outside the years 0000 to 9999.
-std::optional<DateText> dateText(Instant instant) noexcept;
+/// Writes `YYYY-MM-DDThh:mm:ssZ` into `dateTextLength` characters, with the fraction of a second
+/// dropped toward the past. Writes nothing and returns false when the instant is not finite or lies
+/// outside the years 0000 to 9999.
+bool putDateText(char* destination, Instant instant) noexcept;
 
 /// Reads `YYYY-MM-DDThh:mm:ss` followed by "Z" or an offset `±hh:mm`. Absent for any other text, for
 /// a day that the calendar does not have, and for a second 60.

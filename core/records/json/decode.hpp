@@ -18,6 +18,8 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace quillmere::json {
@@ -77,7 +79,9 @@ struct Scalar<std::string> {
         if (!node.isString()) {
             return false;
         }
-        value = std::string(node.string());
+        std::string unescaping;
+        const std::string_view text = node.string(unescaping);
+        value = text.data() == unescaping.data() ? std::move(unescaping) : std::string(text);
         return true;
     }
 };
@@ -88,7 +92,8 @@ struct Scalar<Identifier> {
     template <class Json>
     static bool assign(Node<Json>& node, Identifier& value)
     {
-        return node.isString() && assignFound(value, Identifier::fromText(node.string()));
+        std::string unescaping;
+        return node.isString() && assignFound(value, Identifier::fromText(node.string(unescaping)));
     }
 };
 
@@ -98,7 +103,8 @@ struct Scalar<Instant> {
     template <class Json>
     static bool assign(Node<Json>& node, Instant& value)
     {
-        return node.isString() && assignFound(value, instantFromDateText(node.string()));
+        std::string unescaping;
+        return node.isString() && assignFound(value, instantFromDateText(node.string(unescaping)));
     }
 };
 
@@ -117,7 +123,8 @@ struct Scalar<Enumeration> {
     template <class Json>
     static bool assign(Node<Json>& node, Enumeration& value)
     {
-        return node.isString() && assignFound(value, fromRawValue<Enumeration>(node.string()));
+        std::string unescaping;
+        return node.isString() && assignFound(value, fromRawValue<Enumeration>(node.string(unescaping)));
     }
 };
 
@@ -139,6 +146,12 @@ Value blank()
         return Value{};
     }
 }
+
+/// Turns into a blank value in the place where one is made, rather than being moved there.
+template <class Value>
+struct Blank {
+    operator Value() const { return blank<Value>(); }
+};
 
 template <class Value>
 constexpr const Value* noValue = nullptr;
@@ -183,7 +196,7 @@ void readInto(Node<Json>& node, std::vector<Element>& list, std::size_t depth)
             // A block is planned with eight sessions by default, so most lists never grow.
             list.reserve(8);
         }
-        list.push_back(blank<Element>());
+        list.emplace_back(Blank<Element>());
         try {
             readInto(element, list.back(), depth + 1);
         } catch (DecodingError& error) {
@@ -212,7 +225,7 @@ bool readField(Node<ondemand::value>& value, typename Field::Record& record, std
         }
     }
     if constexpr (Field::isOptional) {
-        readInto(value, place.emplace(blank<typename Field::Value::value_type>()), depth);
+        readInto(value, place.emplace(Blank<typename Field::Value::value_type>()), depth);
     } else {
         readInto(value, place, depth);
     }
@@ -248,7 +261,8 @@ struct RecordRows {
 
     /// In table order.
     static constexpr auto rows = []<class... Field>(std::tuple<Field...>*) {
-        return std::array{Row{Field::key.view(), Field::fileKey.view(), &readField<Field>, &supplyMissing<Field>}...};
+        return std::array{
+            Row{Field::key.view(), Field::fileKey.view(), &readField<Field>, &supplyMissing<Field>}...};
     }(static_cast<Fields<Record>*>(nullptr));
 };
 

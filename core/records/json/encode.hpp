@@ -40,17 +40,24 @@ constexpr auto memberStart = [] {
     }
 }();
 
-/// Values that are one token whatever surrounds them.
-inline void writeScalar(Writer& writer, bool value) { writer.boolean(value); }
-inline void writeScalar(Writer& writer, std::int64_t value) { writer.integer(value); }
-inline void writeScalar(Writer& writer, double value) { writer.number(value); }
-inline void writeScalar(Writer& writer, const std::string& value) { writer.string(value); }
-inline void writeScalar(Writer& writer, const Identifier& value) { writer.identifier(value); }
-inline void writeScalar(Writer& writer, Instant value) { writer.instant(value); }
-template <RawEnumeration Enumeration>
-void writeScalar(Writer& writer, Enumeration value)
+/// Values that are one token whatever surrounds them. The functions from here on write at `cursor`,
+/// where there is room for a token, and return the place behind what they wrote.
+inline char* writeScalar(Writer&, char* cursor, bool value) { return putBoolean(cursor, value); }
+inline char* writeScalar(Writer&, char* cursor, std::int64_t value) { return putInteger(cursor, value); }
+inline char* writeScalar(Writer&, char* cursor, double value) { return putNumber(cursor, value); }
+inline char* writeScalar(Writer& writer, char* cursor, const std::string& value)
 {
-    writer.string(rawValue(value));
+    return writer.putString(cursor, value);
+}
+inline char* writeScalar(Writer&, char* cursor, const Identifier& value)
+{
+    return putIdentifier(cursor, value);
+}
+inline char* writeScalar(Writer&, char* cursor, Instant value) { return putInstant(cursor, value); }
+template <RawEnumeration Enumeration>
+char* writeScalar(Writer& writer, char* cursor, Enumeration value)
+{
+    return writer.putString(cursor, rawValue(value));
 }
 
 template <class Value>
@@ -58,69 +65,76 @@ constexpr bool isList = false;
 template <class Element>
 constexpr bool isList<std::vector<Element>> = true;
 
+/// Writes a text that is known at compile time, and makes room for one token after it.
+template <std::size_t length>
+char* putPiece(Writer& writer, char* cursor, const FixedText<length>& piece)
+{
+    return putText(writer.ensure(cursor, length + longestToken), piece);
+}
+
 template <JsonLayout layout, std::size_t depth, HasTable Record>
-void writeRecord(Writer& writer, const Record& record);
+char* writeRecord(Writer& writer, char* cursor, const Record& record);
 
 template <JsonLayout layout, std::size_t depth, class Element>
-void writeList(Writer& writer, const std::vector<Element>& elements);
+char* writeList(Writer& writer, char* cursor, const std::vector<Element>& elements);
 
 template <JsonLayout layout, std::size_t depth, class Value>
-void writeValue(Writer& writer, const Value& value)
+char* writeValue(Writer& writer, char* cursor, const Value& value)
 {
     if constexpr (HasTable<Value>) {
-        writeRecord<layout, depth>(writer, value);
+        return writeRecord<layout, depth>(writer, cursor, value);
     } else if constexpr (isList<Value>) {
-        writeList<layout, depth>(writer, value);
+        return writeList<layout, depth>(writer, cursor, value);
     } else {
-        writeScalar(writer, value);
+        return writeScalar(writer, cursor, value);
     }
 }
 
 /// Closes a container whose members or elements, if it has any, each began with a separator: the
 /// first one's comma gives way to the opening bracket.
-template <JsonLayout layout, std::size_t depth>
-void encloseFrom(Writer& writer, std::size_t start, const char (&brackets)[3])
+template <JsonLayout layout, std::size_t depth, FixedText brackets>
+char* encloseFrom(Writer& writer, std::size_t start, char* cursor)
 {
-    if (writer.position() == start) {
-        writer.put(FixedText(brackets));
-        return;
+    constexpr char open = brackets.characters[0];
+    constexpr char close = brackets.characters[1];
+    if (writer.offsetOf(cursor) == start) {
+        return putPiece(writer, cursor, brackets);
     }
-    writer.replaceAt(start, brackets[0]);
-    writer.put(lineBreak<layout, depth>);
-    writer.put(FixedText<1>({brackets[1], '\0'}));
+    writer.replaceAt(start, open);
+    static constexpr auto end = lineBreak<layout, depth> + FixedText<1>({close, '\0'});
+    return putPiece(writer, cursor, end);
 }
 
 template <JsonLayout layout, std::size_t depth, class Element>
-void writeList(Writer& writer, const std::vector<Element>& elements)
+char* writeList(Writer& writer, char* cursor, const std::vector<Element>& elements)
 {
-    const std::size_t start = writer.position();
+    const std::size_t start = writer.offsetOf(cursor);
     for (std::size_t index = 0; index < elements.size(); ++index) {
-        writer.put(separator<layout, depth + 1>);
+        cursor = putPiece(writer, cursor, separator<layout, depth + 1>);
         try {
-            writeValue<layout, depth + 1>(writer, elements[index]);
+            cursor = writeValue<layout, depth + 1>(writer, cursor, elements[index]);
         } catch (CodingError& error) {
             error.prependIndex(index);
             throw;
         }
     }
-    encloseFrom<layout, depth>(writer, start, "[]");
+    return encloseFrom<layout, depth, "[]">(writer, start, cursor);
 }
 
 template <JsonLayout layout, std::size_t depth, class Field>
-void writeMember(Writer& writer, const typename Field::Record& record)
+char* writeMember(Writer& writer, char* cursor, const typename Field::Record& record)
 {
     constexpr auto& start = memberStart<layout, depth, Field>;
     const auto& value = record.*Field::member;
     try {
         if constexpr (!Field::isOptional) {
-            writer.put(start);
-            writeValue<layout, depth>(writer, value);
+            return writeValue<layout, depth>(writer, putPiece(writer, cursor, start), value);
         } else if (value) {
-            writer.put(start);
-            writeValue<layout, depth>(writer, *value);
+            return writeValue<layout, depth>(writer, putPiece(writer, cursor, start), *value);
         } else if constexpr (std::is_same_v<typename Field::Rule, NullWhenAbsent>) {
-            writer.put(start);
-            writer.put(FixedText("null"));
+            return putText(putPiece(writer, cursor, start), FixedText("null"));
+        } else {
+            return cursor;
         }
     } catch (CodingError& error) {
         error.prependKey(Field::fileKey.view());
@@ -129,14 +143,15 @@ void writeMember(Writer& writer, const typename Field::Record& record)
 }
 
 template <JsonLayout layout, std::size_t depth, HasTable Record>
-void writeRecord(Writer& writer, const Record& record)
+char* writeRecord(Writer& writer, char* cursor, const Record& record)
 {
     static_assert(rowsAreTheFields<Record, Fields<Record>>, "the table and the record differ");
-    const std::size_t start = writer.position();
+    const std::size_t start = writer.offsetOf(cursor);
+    constexpr auto& order = sortedRows<Record>;
     [&]<std::size_t... places>(std::index_sequence<places...>) {
-        (writeMember<layout, depth + 1, FieldAt<Record, sortedRows<Record>[places]>>(writer, record), ...);
-    }(std::make_index_sequence<std::tuple_size_v<Fields<Record>>>{});
-    encloseFrom<layout, depth>(writer, start, "{}");
+        ((cursor = writeMember<layout, depth + 1, FieldAt<Record, order[places]>>(writer, cursor, record)), ...);
+    }(std::make_index_sequence<order.size()>{});
+    return encloseFrom<layout, depth, "{}">(writer, start, cursor);
 }
 
 // Size. ----------------------------------------------------------------------------------------------
@@ -171,8 +186,8 @@ template <JsonLayout layout, class Value>
 Bytes encode(const Value& value)
 {
     Writer writer(expectedSize(value));
-    writeValue<layout, 0>(writer, value);
-    return writer.finish();
+    char* const start = writer.ensure(writer.start(), longestToken);
+    return writer.finish(writeValue<layout, 0>(writer, start, value));
 }
 
 }  // namespace quillmere::json

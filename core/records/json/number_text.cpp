@@ -36,12 +36,15 @@ std::string_view takeDigits(std::string_view& rest)
     return digits;
 }
 
-bool takeIf(std::string_view& rest, std::string_view characters)
+/// Takes the character at the front of `rest` away if it is one of two; tells whether it was.
+bool takeIf(std::string_view& rest, char one, char other)
 {
-    const bool found = !rest.empty() && characters.find(rest.front()) != std::string_view::npos;
+    const bool found = !rest.empty() && (rest.front() == one || rest.front() == other);
     rest.remove_prefix(found ? 1 : 0);
     return found;
 }
+
+bool takeIf(std::string_view& rest, char character) { return takeIf(rest, character, character); }
 
 std::int64_t limitedExponent(std::string_view digits)
 {
@@ -58,14 +61,14 @@ std::int64_t limitedExponent(std::string_view digits)
 Decimal takeApart(std::string_view text)
 {
     Decimal decimal{};
-    decimal.negative = takeIf(text, "-");
+    decimal.negative = takeIf(text, '-');
     decimal.whole = takeDigits(text);
-    if (takeIf(text, ".")) {
+    if (takeIf(text, '.')) {
         decimal.fraction = takeDigits(text);
     }
-    if (takeIf(text, "eE")) {
+    if (takeIf(text, 'e', 'E')) {
         const bool negative = !text.empty() && text.front() == '-';
-        takeIf(text, "+-");
+        takeIf(text, '+', '-');
         const std::int64_t magnitude = limitedExponent(text);
         decimal.exponent = negative ? -magnitude : magnitude;
     }
@@ -94,16 +97,16 @@ std::int64_t magnitude(const Decimal& decimal)
 
 bool isNumberText(std::string_view text) noexcept
 {
-    takeIf(text, "-");
+    takeIf(text, '-');
     const std::string_view whole = takeDigits(text);
     if (whole.empty() || (whole.size() > 1 && whole.front() == '0')) {
         return false;
     }
-    if (takeIf(text, ".") && takeDigits(text).empty()) {
+    if (takeIf(text, '.') && takeDigits(text).empty()) {
         return false;
     }
-    if (takeIf(text, "eE")) {
-        takeIf(text, "+-");
+    if (takeIf(text, 'e', 'E')) {
+        takeIf(text, '+', '-');
         if (takeDigits(text).empty()) {
             return false;
         }
@@ -141,7 +144,8 @@ std::optional<std::int64_t> integerFromNumberText(std::string_view text) noexcep
             return std::nullopt;
         }
     }
-    for (std::size_t index = first + static_cast<std::size_t>(wholeDigits); index < decimal.digitCount(); ++index) {
+    for (std::size_t index = first + static_cast<std::size_t>(wholeDigits); index < decimal.digitCount();
+         ++index) {
         if (decimal.digit(index) != '0') {
             return std::nullopt;
         }

@@ -2,38 +2,93 @@
 #include <quillmere/records/json/reader.hpp>
 #include <quillmere/records/json/utf8.hpp>
 
+#include <charconv>
+#include <cstdint>
+#include <optional>
+
 namespace quillmere::json {
 namespace {
 
-/// The unit of a \uXXXX escape whose four digits stand at the front of `digits`; 0, which is no
-/// surrogate, when they are not four digits: the parser refuses that itself.
-unsigned escapedUnit(std::string_view digits)
-{
-    unsigned unit = 0;
-    for (std::size_t index = 0; index < 4; ++index) {
-        const char digit = index < digits.size() ? digits[index] : '\0';
-        unit *= 16;
-        if (digit >= '0' && digit <= '9') {
-            unit += static_cast<unsigned>(digit - '0');
-        } else if ((digit | 0x20) >= 'a' && (digit | 0x20) <= 'f') {
-            unit += static_cast<unsigned>((digit | 0x20) - 'a') + 10;
-        } else {
-            return 0;
+constexpr std::uint32_t firstHighSurrogate = 0xD800;
+constexpr std::uint32_t firstLowSurrogate = 0xDC00;
+constexpr std::uint32_t lastLowSurrogate = 0xDFFF;
+
+/// Takes escapes apart from the front of a string's inside.
+class Unescaper {
+public:
+    explicit Unescaper(std::string_view inside) : rest_(inside) {}
+
+    std::string run()
+    {
+        std::string text;
+        text.reserve(rest_.size());
+        while (true) {
+            const std::size_t plain = rest_.find('\\');
+            text.append(take(plain));
+            if (rest_.empty()) {
+                return text;
+            }
+            const char escape = take(2).back();
+            if (escape == 'u') {
+                appendUtf8(text, codePoint());
+            } else {
+                text.push_back(named(escape));
+            }
         }
     }
-    return unit;
-}
 
-bool isHighSurrogate(unsigned unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool isLowSurrogate(unsigned unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+private:
+    std::string_view take(std::size_t count)
+    {
+        const std::string_view taken = rest_.substr(0, count);
+        rest_.remove_prefix(taken.size());
+        return taken;
+    }
 
-constexpr std::size_t unitEscapeLength = 6;  // \uXXXX
+    static char named(char escape)
+    {
+        switch (escape) {
+            case '"':
+            case '\\':
+            case '/': return escape;
+            case 'b': return '\b';
+            case 'f': return '\f';
+            case 'n': return '\n';
+            case 'r': return '\r';
+            case 't': return '\t';
+            default: throwParserError(simdjson::STRING_ERROR);
+        }
+    }
 
-/// The unit of the escape at the front of `text`; 0 when none stands there.
-unsigned unitEscapeAt(std::string_view text)
-{
-    return text.substr(0, 2) == "\\u" ? escapedUnit(text.substr(2)) : 0;
-}
+    /// What follows "\u": four digits, and the second escape of a surrogate pair.
+    std::uint32_t codePoint()
+    {
+        const std::optional<std::uint32_t> first = unit();
+        if (!first) {
+            throwParserError(simdjson::STRING_ERROR);
+        }
+        if (*first < firstHighSurrogate || *first > lastLowSurrogate) {
+            return *first;
+        }
+        const bool paired = *first < firstLowSurrogate && take(2) == "\\u";
+        const std::optional<std::uint32_t> second = paired ? unit() : std::nullopt;
+        if (!second || *second < firstLowSurrogate || *second > lastLowSurrogate) {
+            throw MalformedText("half of a surrogate pair");
+        }
+        return 0x10000 + ((*first - firstHighSurrogate) << 10) + (*second - firstLowSurrogate);
+    }
+
+    /// Four hexadecimal digits; absent when they are not.
+    std::optional<std::uint32_t> unit()
+    {
+        const std::string_view digits = take(4);
+        std::uint32_t value = 0;
+        const auto [end, code] = std::from_chars(digits.data(), endOf(digits), value, 16);
+        return digits.size() == 4 && end == endOf(digits) ? std::optional(value) : std::nullopt;
+    }
+
+    std::string_view rest_;
+};
 
 bool isScalarText(std::string_view token)
 {
@@ -57,33 +112,16 @@ void throwParserError(simdjson::error_code code)
     throw MalformedText(simdjson::error_message(code));
 }
 
-void checkSurrogates(std::string_view inside)
-{
-    for (std::size_t index = inside.find('\\'); index != std::string_view::npos; index = inside.find('\\', index)) {
-        const unsigned unit = unitEscapeAt(inside.substr(index));
-        if (isHighSurrogate(unit)) {
-            index += unitEscapeLength;
-            if (index > inside.size() || !isLowSurrogate(unitEscapeAt(inside.substr(index)))) {
-                throw MalformedText("half of a surrogate pair");
-            }
-            index += unitEscapeLength;
-        } else if (isLowSurrogate(unit)) {
-            throw MalformedText("half of a surrogate pair");
-        } else {
-            index += 2;
-        }
-    }
-}
+std::string unescaped(std::string_view inside) { return Unescaper(inside).run(); }
 
-std::string_view unescapedKey(ondemand::field& field)
+std::string unescapedKey(ondemand::field& field)
 {
     const char* const begin = field.key().raw();
     const char* end = begin;
     while (*end != '"') {
         end += *end == '\\' ? 2 : 1;
     }
-    checkSurrogates({begin, static_cast<std::size_t>(end - begin)});
-    return checked(field.unescaped_key());
+    return unescaped({begin, static_cast<std::size_t>(end - begin)});
 }
 
 template <class Json>
@@ -109,7 +147,8 @@ void walk(Node<Json>& node, std::size_t depth)
         case NodeKind::scalar: break;
     }
     if (node.isString()) {
-        node.string();
+        std::string unescaping;
+        node.string(unescaping);
     } else if (!isScalarText(node.token())) {
         throw MalformedText("a value that is no JSON value");
     }

@@ -61,9 +61,9 @@ inline std::string_view withoutTrailingSpace(std::string_view text)
 
 inline const char* endOf(std::string_view text) { return text.data() + text.size(); }
 
-/// Throws MalformedText when the escapes inside a string hold half of a surrogate pair, which the
-/// parser lets through.
-void checkSurrogates(std::string_view inside);
+/// What the inside of a string with escapes stands for. Throws MalformedText for an escape that does
+/// not exist and for half of a surrogate pair.
+std::string unescaped(std::string_view inside);
 
 enum class NodeKind { object, list, scalar };
 
@@ -90,15 +90,17 @@ public:
     ondemand::object object() { return checked(json_.get_object()); }
     ondemand::array list() { return checked(json_.get_array()); }
 
-    /// What a string stands for. The result lives in the text, or in the parser until the next one.
-    std::string_view string()
+    /// What a string stands for: the text's own characters or, where there are escapes, `unescaping`,
+    /// which receives them resolved.
+    std::string_view string(std::string& unescaping)
     {
+        checked(json_.get_raw_json_string());
         const std::string_view inside = token_.substr(1, token_.size() - 2);
         if (inside.empty() || !std::memchr(inside.data(), '\\', inside.size())) {
             return inside;
         }
-        checkSurrogates(inside);
-        return checked(json_.get_string());
+        unescaping = unescaped(inside);
+        return unescaping;
     }
 
     /// Whether nothing follows, once the node has been read.
@@ -124,7 +126,7 @@ private:
 };
 
 /// A field's key with its escapes resolved and checked.
-std::string_view unescapedKey(ondemand::field& field);
+std::string unescapedKey(ondemand::field& field);
 
 /// Goes through a value that nobody asked for, which lies `depth` containers deep if it is one, and
 /// throws MalformedText unless all of it is well-formed.
@@ -157,8 +159,7 @@ void readDocument(const Bytes& text, Read read)
         if (const auto code = parser.allocate(text.size(), deepestNesting + 1)) {
             throwParserError(code);
         }
-        Node document(
-            checked(parser.iterate(text.view().data(), text.size(), text.size() + Bytes::slack)));
+        Node document(checked(parser.iterate(text.view().data(), text.size(), text.size() + Bytes::slack)));
         read(document);
         if (!document.atEnd(text.view())) {
             throw MalformedText("text after the document's end");

@@ -1,5 +1,7 @@
 #include <quillmere/records/json/utf8.hpp>
 
+#include <array>
+
 namespace quillmere::json {
 namespace {
 
@@ -33,27 +35,52 @@ constexpr FirstByte firstBytes[] = {
 
 constexpr Range continuation{0x80, 0xBF};
 
+/// The row of each first byte; one of length 1 for a byte that begins no longer character.
+constexpr auto rowByFirstByte = [] {
+    std::array<FirstByte, 256> rows{};
+    rows.fill({{}, {}, 1});
+    for (const FirstByte& row : firstBytes) {
+        for (std::size_t byte = row.first.low; byte <= row.first.high; ++byte) {
+            rows[byte] = row;
+        }
+    }
+    return rows;
+}();
+
 }  // namespace
+
+void appendUtf8(std::string& text, std::uint32_t codePoint)
+{
+    const auto append = [&](std::uint32_t byte) { text.push_back(static_cast<char>(byte)); };
+    const auto appendContinuation = [&](int shift) { append(0x80 | (codePoint >> shift & 0x3F)); };
+    if (codePoint < 0x80) {
+        append(codePoint);
+    } else if (codePoint < 0x800) {
+        append(0xC0 | codePoint >> 6);
+        appendContinuation(0);
+    } else if (codePoint < 0x10000) {
+        append(0xE0 | codePoint >> 12);
+        appendContinuation(6);
+        appendContinuation(0);
+    } else {
+        append(0xF0 | codePoint >> 18);
+        appendContinuation(12);
+        appendContinuation(6);
+        appendContinuation(0);
+    }
+}
 
 Utf8Sequence frontSequence(std::string_view text) noexcept
 {
     const auto byteAt = [&](std::size_t index) { return static_cast<unsigned char>(text[index]); };
-    if (byteAt(0) < 0x80) {
-        return {1, true};
-    }
-    for (const FirstByte& row : firstBytes) {
-        if (!row.first.contains(byteAt(0))) {
-            continue;
+    const FirstByte& row = rowByFirstByte[byteAt(0)];
+    for (std::size_t index = 1; index < row.length; ++index) {
+        const Range& accepted = index == 1 ? row.second : continuation;
+        if (index >= text.size() || !accepted.contains(byteAt(index))) {
+            return {index, false};
         }
-        for (std::size_t index = 1; index < row.length; ++index) {
-            const Range& accepted = index == 1 ? row.second : continuation;
-            if (index >= text.size() || !accepted.contains(byteAt(index))) {
-                return {index, false};
-            }
-        }
-        return {row.length, true};
     }
-    return {1, false};
+    return {row.length, row.length > 1 || byteAt(0) < 0x80};
 }
 
 }  // namespace quillmere::json

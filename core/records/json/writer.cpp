@@ -3,9 +3,11 @@
 #include <quillmere/records/json/utf8.hpp>
 #include <quillmere/records/json/writer.hpp>
 
+#include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
+#include <utility>
 
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -14,187 +16,205 @@
 namespace quillmere::json {
 namespace {
 
-/// The longest text of an integer or of a double in its shortest form, with room to spare.
-constexpr std::size_t longestNumber = 32;
+/// Characters looked at and copied together, in one register. Signed, so that what is beyond ASCII lies
+/// below the control characters.
+typedef signed char Lanes __attribute__((vector_size(16)));
+constexpr std::size_t step = sizeof(Lanes);
 
-/// The most bytes that one byte of a text can turn into: \u001f.
-constexpr std::size_t longestEscape = 6;
-
-/// Characters looked at and copied together.
-constexpr std::size_t step = 16;
-
-/// One bit for each of the `step` characters at `text`, the first one lowest, that does not stand for
-/// itself in a JSON string: what is beyond ASCII, control characters, quote and backslash.
-unsigned specialCharacters(const char* text)
+Lanes load(const char* characters)
 {
+    Lanes lanes;
+    std::memcpy(&lanes, characters, step);
+    return lanes;
+}
+
+void store(char* destination, Lanes lanes) { std::memcpy(destination, &lanes, step); }
+
+/// One bit a lane, the first one lowest: whether the character does not stand for itself in a JSON
+/// string, being beyond ASCII, a control character, a quote or a backslash.
+unsigned specialCharacters(Lanes lanes)
+{
+    // A quote with its second bit turned over is a space; nothing else becomes one or passes one.
+    const Lanes special = (Lanes)(((lanes ^ 0x02) <= ' ') | (lanes == '\\'));
 #ifdef __SSE2__
-    const __m128i characters = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
-    // Signed, so that what is beyond ASCII lies below the control characters.
-    const __m128i outside = _mm_cmplt_epi8(characters, _mm_set1_epi8(0x20));
-    const __m128i quote = _mm_cmpeq_epi8(characters, _mm_set1_epi8('"'));
-    const __m128i backslash = _mm_cmpeq_epi8(characters, _mm_set1_epi8('\\'));
-    return static_cast<unsigned>(_mm_movemask_epi8(_mm_or_si128(outside, _mm_or_si128(quote, backslash))));
+    return static_cast<unsigned>(_mm_movemask_epi8((__m128i)special));
 #else
-    unsigned special = 0;
-    for (std::size_t index = 0; index < step; ++index) {
-        const auto byte = static_cast<unsigned char>(text[index]);
-        const bool plain = byte >= 0x20 && byte < 0x80 && byte != '"' && byte != '\\';
-        special |= (plain ? 0U : 1U) << index;
+    unsigned bits = 0;
+    for (std::size_t lane = 0; lane < step; ++lane) {
+        bits |= (special[lane] != 0 ? 1U : 0U) << lane;
     }
-    return special;
+    return bits;
 #endif
 }
 
-/// Copies the characters that stand for themselves at the front of `source` and returns how many. May
-/// write, as scratch, up to `step` bytes more than `source` has.
-std::size_t copyPlainRun(std::string_view source, char* destination)
+std::size_t lowestBit(unsigned bits) { return static_cast<std::size_t>(std::countr_zero(bits)); }
+
+/// Copies the characters at the front of `rest` that stand for themselves and returns how many.
+/// `rest` is the end of a text that has `before` characters more. May write, as scratch, up to `step`
+/// bytes more than `rest` has.
+std::size_t copyPlainRun(std::string_view rest, std::size_t before, char* destination)
 {
-    std::size_t done = 0;
-    for (; source.size() - done >= step; done += step) {
-        std::memcpy(destination + done, source.data() + done, step);
-        if (const unsigned special = specialCharacters(source.data() + done)) {
-            return done + static_cast<std::size_t>(std::countr_zero(special));
+    const std::size_t left = rest.size() % step;
+    const std::size_t whole = rest.size() - left;
+    for (std::size_t done = 0; done < whole; done += step) {
+        const Lanes lanes = load(rest.data() + done);
+        store(destination + done, lanes);
+        if (const unsigned special = specialCharacters(lanes)) {
+            return done + lowestBit(special);
         }
     }
-    const std::size_t left = source.size() - done;
     if (left == 0) {
-        return done;
+        return whole;
     }
-    if (done > 0) {
-        // A last step that overlaps the one before.
-        const char* const last = source.data() + source.size() - step;
-        std::memcpy(destination + source.size() - step, last, step);
-        const unsigned special = specialCharacters(last) | 1U << step;
-        return source.size() - step + static_cast<std::size_t>(std::countr_zero(special));
+    // Less than a step is left: look at the last `step` characters of the text, padded in front when
+    // it has fewer, and shift out those that are done.
+    char window[2 * step] = {};
+    Lanes last;
+    if (whole + before + left >= step) {
+        last = load(rest.data() + rest.size() - step);
+        store(window, last);
+    } else {
+        std::memcpy(window + step - left, rest.data() + whole, left);
+        last = load(window);
     }
-    // Too short for a step: the zeros behind it are special, so that they end the run.
-    char padded[step] = {};
-    std::memcpy(padded, source.data(), left);
-    std::memcpy(destination, padded, step);
-    return static_cast<std::size_t>(std::countr_zero(specialCharacters(padded)));
+    std::memcpy(destination + whole, window + step - left, step);
+    return whole + lowestBit(specialCharacters(last) >> (step - left) | 1U << left);
 }
 
-/// Writes one ASCII character that does not stand for itself; returns the end.
-char* putEscaped(char* destination, char character)
-{
+/// How an ASCII character that does not stand for itself is written.
+struct Escape {
+    std::array<char, 7> text;  ///< what is behind `length` is filling
+    std::uint8_t length;
+};
+
+/// By character; of use only for those that need it.
+constexpr auto escapes = [] {
     constexpr std::string_view lowerCaseDigits = "0123456789abcdef";
-    *destination++ = '\\';
-    switch (character) {
-        case '"':
-        case '\\': *destination++ = character; return destination;
-        case '\b': *destination++ = 'b'; return destination;
-        case '\f': *destination++ = 'f'; return destination;
-        case '\n': *destination++ = 'n'; return destination;
-        case '\r': *destination++ = 'r'; return destination;
-        case '\t': *destination++ = 't'; return destination;
-        default: break;
+    std::array<Escape, 128> table{};
+    for (std::size_t code = 0; code < table.size(); ++code) {
+        table[code] = {{'\\', 'u', '0', '0', lowerCaseDigits[code >> 4], lowerCaseDigits[code & 0x0F]}, 6};
     }
-    const auto byte = static_cast<unsigned char>(character);
-    for (const char next : {'u', '0', '0', lowerCaseDigits[byte >> 4], lowerCaseDigits[byte & 0x0F]}) {
-        *destination++ = next;
+    constexpr std::string_view named = "\"\\\b\f\n\r\t";
+    constexpr std::string_view names = "\"\\bfnrt";
+    for (std::size_t index = 0; index < named.size(); ++index) {
+        table[static_cast<std::size_t>(named[index])] = {{'\\', names[index]}, 2};
     }
-    return destination;
+    return table;
+}();
+
+/// Writes the character at the front of `text`, which does not stand for itself, and takes it away.
+/// The text's own bytes and an Escape's are room enough.
+char* putSpecial(char* cursor, std::string_view& text)
+{
+    const auto first = static_cast<unsigned char>(text.front());
+    if (first < escapes.size()) {
+        const Escape& escape = escapes[first];
+        std::memcpy(cursor, &escape, sizeof escape);
+        text.remove_prefix(1);
+        return cursor + escape.length;
+    }
+    const Utf8Sequence sequence = frontSequence(text);
+    if (!sequence.wellFormed) {
+        text.remove_prefix(sequence.length);
+        return putText(cursor, replacementCharacter);
+    }
+    for (std::size_t index = 0; index < sequence.length; ++index) {
+        cursor[index] = text[index];
+    }
+    text.remove_prefix(sequence.length);
+    return cursor + sequence.length;
 }
 
 }  // namespace
 
-Writer::Writer(std::size_t expectedSize)
+char* putBoolean(char* cursor, bool value)
 {
-    begin_ = cursor_ = bytes_.reserve(expectedSize);
-    end_ = begin_ + bytes_.capacity();
+    return value ? putText(cursor, FixedText("true")) : putText(cursor, FixedText("false"));
 }
 
-void Writer::grow(std::size_t count)
+char* putInteger(char* cursor, std::int64_t value)
 {
-    bytes_.commit(position());
-    cursor_ = bytes_.reserve(count);
-    begin_ = cursor_ - bytes_.size();
-    end_ = begin_ + bytes_.capacity();
+    return std::to_chars(cursor, cursor + longestToken, value).ptr;
 }
 
-Bytes Writer::finish()
-{
-    bytes_.commit(position() - bytes_.size());
-    begin_ = cursor_ = end_ = nullptr;
-    return std::move(bytes_);
-}
-
-void Writer::boolean(bool value)
-{
-    ensure(longestNumber);
-    putUnchecked(value ? "true" : "false");
-}
-
-void Writer::integer(std::int64_t value)
-{
-    ensure(longestNumber);
-    cursor_ = std::to_chars(cursor_, end_, value).ptr;
-}
-
-void Writer::number(double value)
+char* putNumber(char* cursor, double value)
 {
     if (!std::isfinite(value)) {
         throw EncodingError("a duration that is infinite or not a number");
     }
-    ensure(longestNumber);
     const auto whole = std::abs(value) < 1e5 ? static_cast<std::int64_t>(value) : 0;
-    if (whole != 0 && static_cast<double>(whole) == value) {
-        // Nearly every duration. Up to five digits are shorter than any form with an exponent.
-        cursor_ = std::to_chars(cursor_, end_, whole).ptr;
-        return;
+    if (std::bit_cast<std::uint64_t>(static_cast<double>(whole)) == std::bit_cast<std::uint64_t>(value)) {
+        // Nearly every duration. Up to five digits are never longer than a form with an exponent.
+        return putInteger(cursor, whole);
     }
     // Beyond 64 bits an exponent is asked for: digits alone would look like an integer that readers
     // refuse as too large.
     const bool looksLikeInteger = std::abs(value) < 0x1p63;
-    cursor_ = (looksLikeInteger ? std::to_chars(cursor_, end_, value)
-                                : std::to_chars(cursor_, end_, value, std::chars_format::scientific))
-                  .ptr;
+    char* const end = cursor + longestToken;
+    return (looksLikeInteger ? std::to_chars(cursor, end, value)
+                             : std::to_chars(cursor, end, value, std::chars_format::scientific))
+        .ptr;
 }
 
-void Writer::identifier(const Identifier& identifier)
+char* putIdentifier(char* cursor, const Identifier& identifier)
 {
-    ensure(Identifier::textLength + 2);
-    *cursor_++ = '"';
-    identifier.writeText(cursor_);
-    cursor_ += Identifier::textLength;
-    *cursor_++ = '"';
+    *cursor++ = '"';
+    identifier.writeText(cursor);
+    cursor += Identifier::textLength;
+    *cursor++ = '"';
+    return cursor;
 }
 
-void Writer::instant(Instant instant)
+char* putInstant(char* cursor, Instant instant)
 {
-    const std::optional<DateText> text = dateText(instant);
-    if (!text) {
+    *cursor++ = '"';
+    if (!putDateText(cursor, instant)) {
         throw EncodingError("an instant that is not finite or lies outside the years 0000 to 9999");
     }
-    ensure(dateTextLength + 2);
-    *cursor_++ = '"';
-    putUnchecked({text->data(), text->size()});
-    *cursor_++ = '"';
+    cursor += dateTextLength;
+    *cursor++ = '"';
+    return cursor;
 }
 
-void Writer::string(std::string_view text)
+Writer::Writer(std::size_t expectedSize)
+{
+    begin_ = bytes_.reserve(expectedSize);
+    end_ = begin_ + bytes_.capacity();
+}
+
+char* Writer::grow(char* cursor, std::size_t count)
+{
+    bytes_.commit(offsetOf(cursor) - bytes_.size());
+    cursor = bytes_.reserve(count);
+    begin_ = cursor - bytes_.size();
+    end_ = begin_ + bytes_.capacity();
+    return cursor;
+}
+
+Bytes Writer::finish(const char* cursor)
+{
+    bytes_.commit(offsetOf(cursor) - bytes_.size());
+    begin_ = end_ = nullptr;
+    return std::move(bytes_);
+}
+
+char* Writer::putString(char* cursor, std::string_view text)
 {
     // Room for the text as it is; what needs escapes asks for more as it comes.
-    ensure(text.size() + step + 2);
-    *cursor_++ = '"';
+    cursor = ensure(cursor, text.size() + step + 2);
+    *cursor++ = '"';
+    std::string_view rest = text;
     while (true) {
-        const std::size_t plain = copyPlainRun(text, cursor_);
-        cursor_ += plain;
-        text.remove_prefix(plain);
-        if (text.empty()) {
+        const std::size_t plain = copyPlainRun(rest, text.size() - rest.size(), cursor);
+        cursor += plain;
+        rest.remove_prefix(plain);
+        if (rest.empty()) {
             break;
         }
-        ensure(longestEscape + text.size() + step + 2);
-        if (static_cast<unsigned char>(text.front()) < 0x80) {
-            cursor_ = putEscaped(cursor_, text.front());
-            text.remove_prefix(1);
-        } else {
-            const Utf8Sequence sequence = frontSequence(text);
-            putUnchecked(sequence.wellFormed ? text.substr(0, sequence.length) : replacementCharacter);
-            text.remove_prefix(sequence.length);
-        }
+        cursor = putSpecial(ensure(cursor, sizeof(Escape) + rest.size() + step + 2), rest);
     }
-    *cursor_++ = '"';
+    *cursor++ = '"';
+    return cursor;
 }
 
 }  // namespace quillmere::json
