@@ -41,7 +41,7 @@ public:
         const std::size_t count = fewest + next(most - fewest + 1);
         std::size_t sentenceEnd = sentenceLength();
         for (std::size_t index = 1; index <= count; ++index) {
-            text += next(40) == 0 ? rareWords[next(rareWords.size())] : words[next(words.size())];
+            text += next(60) == 0 ? rareWords[next(rareWords.size())] : words[next(words.size())];
             if (index == count) {
                 break;
             }
@@ -110,7 +110,7 @@ Block block(Author& author, Instant createdAt, std::int64_t sessionCount)
     block.doneTest = author.text(8, 25);
     block.hazards = author.text(5, 30);
     block.measurableCheck = author.text(5, 15);
-    block.contextNotes = author.text(10, 80);
+    block.contextNotes = author.text(40, 300);
     for (std::int64_t number = 1; number <= sessionCount; ++number) {
         const double offset = static_cast<double>(number - 1) * (focusSeconds + breakSeconds);
         block.sessions.push_back(session(author, number, createdAt + offset));

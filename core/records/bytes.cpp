@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
+#include <new>
 
 namespace quillmere {
 
@@ -17,7 +19,12 @@ Bytes::Bytes(std::string_view text)
 char* Bytes::reserve(std::size_t count)
 {
     if (!storage_ || capacity_ - size_ < count) {
-        const std::size_t capacity = std::max(size_ + count, capacity_ * 2);
+        constexpr std::size_t most =
+            static_cast<std::size_t>(std::numeric_limits<std::ptrdiff_t>::max()) - slack;
+        if (count > most - size_) {
+            throw std::bad_alloc();
+        }
+        const std::size_t capacity = std::max(size_ + count, std::min(capacity_ * 2, most));
         auto storage = std::make_unique_for_overwrite<char[]>(capacity + slack);
         if (size_ > 0) {
             std::memcpy(storage.get(), storage_.get(), size_);

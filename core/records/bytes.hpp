@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 namespace quillmere {
 
@@ -15,6 +16,21 @@ public:
     static constexpr std::size_t slack = 64;
 
     Bytes() noexcept = default;
+
+    // What was moved from is empty.
+    Bytes(Bytes&& other) noexcept
+        : storage_(std::move(other.storage_)),
+          size_(std::exchange(other.size_, 0)),
+          capacity_(std::exchange(other.capacity_, 0))
+    {
+    }
+    Bytes& operator=(Bytes&& other) noexcept
+    {
+        storage_ = std::move(other.storage_);
+        size_ = std::exchange(other.size_, 0);
+        capacity_ = std::exchange(other.capacity_, 0);
+        return *this;
+    }
 
     /// A copy of `text`.
     explicit Bytes(std::string_view text);

@@ -4,10 +4,7 @@
 
 namespace quillmere {
 
-CodingError::CodingError(std::string explanation) : explanation_(std::move(explanation))
-{
-    rebuildMessage();
-}
+CodingError::CodingError(std::string explanation) : explanation_(std::move(explanation)) { rebuildMessage(); }
 
 void CodingError::prependKey(std::string_view key)
 {
@@ -19,14 +16,11 @@ void CodingError::prependKey(std::string_view key)
 
 void CodingError::prependIndex(std::size_t index)
 {
-    path_.insert(0, '[' + std::to_string(index) + (path_.empty() ? "]" : "]."));
+    path_.insert(0, '[' + std::to_string(index) + (path_.empty() || path_.front() == '[' ? "]" : "]."));
     rebuildMessage();
 }
 
-void CodingError::rebuildMessage()
-{
-    message_ = path_.empty() ? explanation_ : path_ + ": " + explanation_;
-}
+void CodingError::rebuildMessage() { message_ = path_.empty() ? explanation_ : path_ + ": " + explanation_; }
 
 DecodingError::DecodingError(std::string expected, std::string found)
     : CodingError("expected " + expected + ", found " + found),

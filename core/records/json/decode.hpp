@@ -135,9 +135,11 @@ template <class Value>
 Value blank()
 {
     if constexpr (HasTable<Value>) {
-        return []<std::size_t... indexes>(std::index_sequence<indexes...>) {
+        return []<std::size_t... indexes>(std::index_sequence<indexes...>)
+        {
             return Value{blank<typename FieldAt<Value, indexes>::Value>()...};
-        }(std::make_index_sequence<std::tuple_size_v<Fields<Value>>>{});
+        }
+        (std::make_index_sequence<std::tuple_size_v<Fields<Value>>>{});
     } else if constexpr (std::is_same_v<Value, Identifier>) {
         return Identifier(Identifier::Bytes{});
     } else if constexpr (std::is_same_v<Value, Instant>) {
@@ -238,7 +240,10 @@ void supplyMissing(typename Field::Record& record)
 {
     if constexpr (isMadeWhenMissing<typename Field::Rule>) {
         record.*Field::member = Field::Rule::value(record);
-    } else if constexpr (!Field::isOptional) {
+    } else if constexpr (Field::isOptional) {
+        // An earlier object under the same key may have left a value.
+        (record.*Field::member).reset();
+    } else {
         DecodingError error(expected(noValue<typename Field::Value>), "nothing");
         error.prependKey(Field::fileKey.view());
         throw error;

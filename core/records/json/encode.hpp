@@ -148,9 +148,12 @@ char* writeRecord(Writer& writer, char* cursor, const Record& record)
     static_assert(rowsAreTheFields<Record, Fields<Record>>, "the table and the record differ");
     const std::size_t start = writer.offsetOf(cursor);
     constexpr auto& order = sortedRows<Record>;
-    [&]<std::size_t... places>(std::index_sequence<places...>) {
-        ((cursor = writeMember<layout, depth + 1, FieldAt<Record, order[places]>>(writer, cursor, record)), ...);
-    }(std::make_index_sequence<order.size()>{});
+    [&]<std::size_t... places>(std::index_sequence<places...>)
+    {
+        ((cursor = writeMember<layout, depth + 1, FieldAt<Record, order[places]>>(writer, cursor, record)),
+         ...);
+    }
+    (std::make_index_sequence<order.size()>{});
     return encloseFrom<layout, depth, "{}">(writer, start, cursor);
 }
 
@@ -162,11 +165,13 @@ template <class Value>
 std::size_t expectedSize(const Value& value)
 {
     if constexpr (HasTable<Value>) {
-        return [&]<std::size_t... indexes>(std::index_sequence<indexes...>) {
+        return [&]<std::size_t... indexes>(std::index_sequence<indexes...>)
+        {
             return ((memberStart<JsonLayout::pretty, 4, FieldAt<Value, indexes>>.view().size() +
                      expectedSize(value.*FieldAt<Value, indexes>::member)) +
                     ...);
-        }(std::make_index_sequence<std::tuple_size_v<Fields<Value>>>{});
+        }
+        (std::make_index_sequence<std::tuple_size_v<Fields<Value>>>{});
     } else if constexpr (isList<Value>) {
         std::size_t size = 16;
         for (const auto& element : value) {

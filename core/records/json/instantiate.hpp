@@ -4,6 +4,6 @@
 #include <quillmere/records/json/decode.hpp>
 #include <quillmere/records/json/encode.hpp>
 
-#define QUILLMERE_INSTANTIATE_CODING(Type)                      \
+#define QUILLMERE_INSTANTIATE_CODING(Type)                       \
     template Bytes JsonEncoder::encode<Type>(const Type&) const; \
     template Type JsonDecoder::decode<Type>(const Bytes&) const

@@ -75,7 +75,10 @@ template <class Record>
 struct Table;
 
 template <class Record>
-concept HasTable = requires { typename Table<Record>::Fields; };
+concept HasTable = requires
+{
+    typename Table<Record>::Fields;
+};
 
 template <class Record>
 using Fields = typename Table<Record>::Fields;
@@ -89,9 +92,11 @@ using FieldAt = std::tuple_element_t<index, Fields<Record>>;
 template <HasTable Record>
 constexpr auto sortedRows = [] {
     constexpr std::size_t count = std::tuple_size_v<Fields<Record>>;
-    constexpr auto keys = []<std::size_t... indexes>(std::index_sequence<indexes...>) {
+    constexpr auto keys = []<std::size_t... indexes>(std::index_sequence<indexes...>)
+    {
         return std::array{FieldAt<Record, indexes>::fileKey.view()...};
-    }(std::make_index_sequence<count>{});
+    }
+    (std::make_index_sequence<count>{});
     std::array<std::size_t, count> order{};
     for (std::size_t index = 0; index < count; ++index) {
         order[index] = index;
@@ -110,8 +115,7 @@ struct AnyOptional {
 };
 struct AnyOther {
     template <class Value>
-        requires(!isOptional<Value>)
-    operator Value() const;
+    requires(!isOptional<Value>) operator Value() const;
 };
 
 /// Whether the rows are the fields of the record: it can be built from one value of each row's type in
@@ -119,9 +123,11 @@ struct AnyOther {
 template <class Record, class Rows>
 constexpr bool rowsAreTheFields = false;
 template <class Record, class... Rows>
-constexpr bool rowsAreTheFields<Record, std::tuple<Rows...>> =
-    requires { Record{std::declval<typename Rows::Value>()...}; } &&
-    !requires { Record{std::declval<typename Rows::Value>()..., AnyOptional{}}; } &&
-    !requires { Record{std::declval<typename Rows::Value>()..., AnyOther{}}; };
+constexpr bool rowsAreTheFields<Record, std::tuple<Rows...>> = requires
+{
+    Record{std::declval<typename Rows::Value>()...};
+}
+&&!requires { Record{std::declval<typename Rows::Value>()..., AnyOptional{}}; }
+&&!requires { Record{std::declval<typename Rows::Value>()..., AnyOther{}}; };
 
 }  // namespace quillmere::json
