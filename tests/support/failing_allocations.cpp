@@ -9,6 +9,7 @@ constexpr std::size_t never = static_cast<std::size_t>(-1);
 
 thread_local std::size_t allocationsLeft = never;
 thread_local bool failedOne = false;
+thread_local std::size_t made = 0;
 std::atomic<std::size_t> inUse = 0;
 
 /// Memory, or null when it is time to fail.
@@ -21,6 +22,7 @@ void* allocate(std::size_t size, std::size_t alignment)
     }
     void* const block = std::aligned_alloc(alignment, (size + alignment - 1) / alignment * alignment);
     inUse += block ? 1 : 0;
+    made += block ? 1 : 0;
     return block;
 }
 
@@ -46,6 +48,8 @@ constexpr std::size_t usual = __STDCPP_DEFAULT_NEW_ALIGNMENT__;
 namespace quillmere::test {
 
 std::size_t blocksInUse() { return inUse; }
+
+std::size_t allocationsMade() { return made; }
 
 void failAllocationAfter(std::size_t count)
 {

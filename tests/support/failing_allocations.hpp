@@ -1,7 +1,7 @@
 // Memory that runs out on purpose.
 //
 // Linking this file replaces operator new and delete for the whole test program. Left alone they work
-// as usual and count the blocks that are in use.
+// as usual and count the blocks that they give out and those that are in use.
 #pragma once
 
 #include <cstddef>
@@ -11,6 +11,10 @@ namespace quillmere::test {
 
 /// Blocks from operator new that have not been given back.
 std::size_t blocksInUse();
+
+/// Blocks that operator new has given out on this thread since the program began; only differences mean
+/// something.
+std::size_t allocationsMade();
 
 /// Lets the allocation after the next `count` ones fail, once, on this thread.
 void failAllocationAfter(std::size_t count);

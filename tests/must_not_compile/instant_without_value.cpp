@@ -1,0 +1,12 @@
+// There is no instant that stands for none.
+#include <quillmere/records/instant.hpp>
+
+quillmere::Instant instant()
+{
+#ifdef AS_IT_SHOULD_BE
+    quillmere::Instant none(0);
+#else
+    quillmere::Instant none;
+#endif
+    return none;
+}

@@ -1,0 +1,11 @@
+// A text may be no identifier, so it is asked first.
+#include <quillmere/records/outcome.hpp>
+
+quillmere::Outcome outcome()
+{
+#ifdef AS_IT_SHOULD_BE
+    return {.id = *quillmere::Identifier::fromText("9F1C2A4E-0B7D-4C55-8E21-3A6B5D0C7F10"), .title = ""};
+#else
+    return {.id = "9F1C2A4E-0B7D-4C55-8E21-3A6B5D0C7F10", .title = ""};
+#endif
+}
