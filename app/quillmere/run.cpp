@@ -60,15 +60,21 @@ ExitCode report(ExitCode code, const std::string& message, Program& program)
     return report(code, nameOf(code), message, program);
 }
 
+/// Done, when the result has arrived.
+ExitCode finish(Program& program)
+{
+    if (!program.environment().out.flush()) {
+        return report(ExitCode::fileError, "The result cannot be written to standard output.", program);
+    }
+    return ExitCode::done;
+}
+
 /// Runs the command and turns what it throws into an end of the program.
 ExitCode act(Program& program)
 {
     try {
         program.action();
-        if (!program.environment().out.flush()) {
-            return report(ExitCode::fileError, "The result cannot be written to standard output.", program);
-        }
-        return ExitCode::done;
+        return finish(program);
     } catch (const WorkflowError& error) {
         return report(ExitCode::refused, error.caseName(), error.errorDescription(), program);
     } catch (const ProgramError& error) {
@@ -81,18 +87,41 @@ ExitCode act(Program& program)
     }
 }
 
+/// The arguments with "--option=" as two words, "--option" and an empty one: CLI11 would take the word
+/// that follows for the value.
+std::vector<std::string> withEmptyValues(const std::vector<std::string>& arguments)
+{
+    std::vector<std::string> words;
+    bool optionsMayFollow = true;
+    for (const std::string& argument : arguments) {
+        optionsMayFollow = optionsMayFollow && argument != "--";
+        const bool isOption = optionsMayFollow && argument.starts_with("--");
+        if (isOption && argument.find('=') == argument.size() - 1) {
+            words.push_back(argument.substr(0, argument.size() - 1));
+            words.emplace_back();
+        } else {
+            words.push_back(argument);
+        }
+    }
+    return words;
+}
+
 /// Global options may follow the command, so everything is parsed before anything is done.
-ExitCode parseAndAct(std::vector<std::string> arguments, Program& program)
+ExitCode parseAndAct(const std::vector<std::string>& arguments, Program& program)
 {
     CLI::App line("Quillmere: plan a block of work, focus, rest, look back.", "quillmere");
     addEverything(line, program);
     try {
-        std::reverse(arguments.begin(), arguments.end());
-        line.parse(arguments);
+        std::vector<std::string> words = withEmptyValues(arguments);
+        std::reverse(words.begin(), words.end());
+        line.parse(words);
     } catch (const CLI::Success& help) {
         line.exit(help, program.environment().out, program.environment().err);
-        return ExitCode::done;
+        return finish(program);
     } catch (const CLI::ParseError& error) {
+        // Where parsing stops early, no option has been set yet.
+        const bool isForProgram = std::find(arguments.begin(), arguments.end(), "--json") != arguments.end();
+        program.settings().json = program.settings().json || isForProgram;
         return report(ExitCode::usage, error.what() + std::string(" (quillmere --help)"), program);
     }
     return act(program);

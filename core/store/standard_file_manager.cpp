@@ -3,7 +3,6 @@
 
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <string>
 
@@ -122,9 +121,12 @@ public:
             throwErrno("read", path);
         }
         // The size is a hint; the end is where reading ends. One byte more finds it without growing.
+        constexpr std::size_t growth = 4096;
         Bytes bytes;
-        std::size_t room = static_cast<std::size_t>(status.st_size) + 1;
+        bytes.reserve(static_cast<std::size_t>(status.st_size) + 1);
         while (true) {
+            const std::size_t left = bytes.capacity() - bytes.size();
+            const std::size_t room = left > 0 ? left : growth;
             char* const destination = bytes.reserve(room);
             const ssize_t count = uninterrupted([&] { return ::read(file.get(), destination, room); });
             if (count == -1) {
@@ -134,7 +136,6 @@ public:
             if (count == 0) {
                 return bytes;
             }
-            room = std::max<std::size_t>(bytes.capacity() - bytes.size(), 4096);
         }
     }
 

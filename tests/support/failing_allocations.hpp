@@ -35,6 +35,10 @@ std::size_t failEveryAllocation(Attempt attempt, Unchanged unchanged)
             attempt();
         } catch (const std::bad_alloc&) {
             threw = true;
+        } catch (...) {
+            // Another error ends the attempts; whoever hears of it needs memory again.
+            stopFailingAllocations();
+            throw;
         }
         const bool failed = stopFailingAllocations();
         if (!failed) {

@@ -99,6 +99,8 @@ TEST(WidgetRouteFromURL, needsTheSchemeAndTheHost)
         {"quillmere:/", none},
         {"quillmere:open/focus", none},
         {"quillmere:/open/focus", none},
+        {"quillmere:/xopen/focus", none},
+        {"quillmere:xxopen/focus", none},
         {"quillmere://", none},
         {"quillmere:///", none},
         {"quillmere:///focus", none},
@@ -197,6 +199,7 @@ TEST(WidgetRouteFromURL, refusesWhatIsMalformed)
         {"quillmere://open/focus%", none},
         {"quillmere://open/focus%6", none},
         {"quillmere://open/%6Gocus", none},
+        {"quillmere://open/block-%6glanning", none},
         {"quillmere://open/%%66ocus", none},
         {"quillmere://open/% 66ocus", none},
         {"quillmere://open/%+6ocus", none},
@@ -282,6 +285,9 @@ TEST(WidgetRouteFromURL, looksAtNoByteBehindTheText)
         const auto route = parsed({bytes.data(), bytes.size()});
         EXPECT_TRUE(!route || *route == WidgetRoute::focus || *route == WidgetRoute::idle) << length;
     }
+    constexpr std::string_view cut = "quillmere://open/focu%73";
+    EXPECT_EQ(parsed(cut), WidgetRoute::focus);
+    EXPECT_EQ(parsed(cut.substr(0, cut.size() - 1)), none);
 }
 
 TEST(WidgetRouteFromURL, survivesAnyTextAndNeverMindsItsCase)

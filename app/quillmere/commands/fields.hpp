@@ -52,6 +52,9 @@ inline constexpr auto reflectionFields = std::to_array<TextField<BlockReview>>({
 /// Refuses bytes that are no text: they could not be kept as they are.
 CLI::Validator wellFormedText();
 
+/// Refuses what is no whole number of 64 bits, and has it read in decimal: 010 is ten.
+CLI::Validator wholeNumber();
+
 /// The options of a record's texts.
 template <class Record, std::size_t count>
 class TextOptions {
@@ -81,7 +84,7 @@ public:
         }
     }
 
-    /// Has `ask` ask for the texts that were not given; it takes the question.
+    /// Has `ask` ask for the texts that were not given; it takes the question and may return none.
     template <class Ask>
     void askForMissing(Ask ask)
     {

@@ -1,5 +1,6 @@
 // Lists the finished blocks.
 #include "commands/commands.hpp"
+#include "commands/fields.hpp"
 #include "report/status.hpp"
 #include "text/duration.hpp"
 #include "text/inert.hpp"
@@ -67,6 +68,8 @@ void addHistory(CLI::App& line, Program& program)
     addCommand(line, program, "history", "List the finished blocks, the newest first",
                [limit, &program] { showHistory(*limit, program); })
         ->add_option("--limit", *limit, "How many at most")
+        ->transform(wholeNumber())
+        ->check(CLI::NonNegativeNumber)
         ->capture_default_str();
 }
 

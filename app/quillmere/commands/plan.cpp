@@ -53,9 +53,16 @@ void askForMissing(PlanCommand& command, Environment& environment)
             command.outcomes.push_back(outcome);
         }
     }
-    command.texts.askForMissing(question);
+    command.texts.askForMissing([&](const char* text) {
+        // What a scheduled block had is kept where nothing is typed.
+        const std::string answer = question(text);
+        return answer.empty() ? std::nullopt : std::optional(answer);
+    });
     if (!command.start && !command.at) {
-        const std::string when = question("When does it begin? (empty: now)");
+        const std::string when = askUntil(
+            environment, "When does it begin? (14:30, +1h; empty: now)", [&](const std::string& text) {
+                return text.empty() || instantFromLocalText(text, environment.clock());
+            });
         command.start = when.empty();
         command.at = when.empty() ? std::nullopt : std::optional(when);
     }
@@ -82,8 +89,15 @@ Block plannedBlock(const PlanCommand& command, const QuillmereState& state, Inst
     if (block.cycleCount > mostCycles) {
         throw ProgramError(ExitCode::usage, "More than 1000 cycles are not accepted.");
     }
-    block.plannedStart = command.start ? std::nullopt : std::optional(plannedStartOf(*command.at, now));
+    block.plannedStart = command.at ? std::optional(plannedStartOf(*command.at, now)) : std::nullopt;
     return block;
+}
+
+/// Whether a block may be planned now.
+bool awaitsPlan(const QuillmereState& state)
+{
+    const bool isFree = state.workflowState == WorkflowState::idle && !state.currentBlock;
+    return isFree || state.workflowState == WorkflowState::blockPlanning;
 }
 
 /// Opens planning, unless it is open, and closes it with the block.
@@ -92,6 +106,9 @@ void planBlock(const PlanCommand& command, QuillmereState& state, Instant now)
     const WorkflowEngine engine;
     if (state.workflowState != WorkflowState::blockPlanning) {
         engine.beginBlockPlanning(state, now);
+    }
+    if (!command.start && !command.at) {
+        throw ProgramError(ExitCode::usage, "Say --start to begin now, or --at TIME to begin later.");
     }
     Block block = plannedBlock(command, state, now);
     if (command.start) {
@@ -104,10 +121,12 @@ void planBlock(const PlanCommand& command, QuillmereState& state, Instant now)
 void plan(PlanCommand& command, Program& program)
 {
     if (program.environment().inputIsTerminal) {
-        askForMissing(command, program.environment());
-    }
-    if (!command.start && !command.at) {
-        throw ProgramError(ExitCode::usage, "Say --start to begin now, or --at TIME to begin later.");
+        const Situation situation = program.workspace().look();
+        if (awaitsPlan(situation.state)) {
+            // A slip on the command line is to be found before anything is asked.
+            plannedBlock(command, situation.state, situation.now);
+            askForMissing(command, program.environment());
+        }
     }
     program.change(command.start ? "The block has begun." : "The block is scheduled.",
                    [&](QuillmereState& state, Instant now) { planBlock(command, state, now); });
@@ -121,11 +140,13 @@ void addPlan(CLI::App& line, Program& program)
     CLI::App* const app = addCommand(line, program, "plan", "Plan a block and begin it, or schedule it",
                                      [command, &program] { plan(*command, program); });
     app->add_option("--outcome", command->outcomes, "What should come out of it; may be given several times")
+        ->allow_extra_args(false)
         ->check(wellFormedText());
     command->texts.addTo(*app);
     app->add_option("--focus", command->focus, "How long a focus session lasts: 25m (usual), 1h30m");
     app->add_option("--break", command->rest, "How long a break lasts: 5m (usual)");
-    app->add_option("--cycles", command->cycles, "How many focus sessions: 8 (usual)");
+    app->add_option("--cycles", command->cycles, "How many focus sessions: 8 (usual)")
+        ->transform(wholeNumber());
     CLI::Option* const start = app->add_flag("--start", command->start, "Begin now");
     app->add_option("--at", command->at, "Begin at a local time: 14:30, \"2026-11-15 09:00\", +1h")
         ->excludes(start)

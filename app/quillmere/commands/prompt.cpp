@@ -12,9 +12,23 @@ std::string ask(Environment& environment, const std::string& question)
 {
     environment.err << question << ' ' << std::flush;
     std::string line;
-    std::getline(environment.in, line);
+    if (!std::getline(environment.in, line)) {
+        environment.err << '\n';
+        throw ProgramError(ExitCode::usage, "The input ended before all was answered. Nothing was done.");
+    }
     if (!isText(line)) {
         throw ProgramError(ExitCode::usage, "That is not well-formed UTF-8.");
+    }
+    return line;
+}
+
+std::string askUntil(Environment& environment, const std::string& question,
+                     const std::function<bool(const std::string&)>& accepts)
+{
+    std::string line = ask(environment, question);
+    while (!accepts(line)) {
+        environment.err << "That is not understood.\n";
+        line = ask(environment, question);
     }
     return line;
 }

@@ -3,12 +3,17 @@
 
 #include "environment.hpp"
 
+#include <functional>
 #include <string>
 
 namespace quillmere::app {
 
-/// Puts a question on the channel for messages and returns the line that is typed; empty at the end of
-/// the input. Throws ProgramError when the line is no text.
+/// Puts a question on the channel for messages and returns the line that is typed. Throws ProgramError
+/// when the line is no text, and at the end of the input: nobody may be taken to have answered then.
 std::string ask(Environment& environment, const std::string& question);
+
+/// Asks until `accepts` says yes to the line; one slip must not lose the answers before it.
+std::string askUntil(Environment& environment, const std::string& question,
+                     const std::function<bool(const std::string&)>& accepts);
 
 }  // namespace quillmere::app

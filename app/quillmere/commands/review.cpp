@@ -15,21 +15,23 @@ struct ReviewCommand {
     PlanOptions nextPlan;
 };
 
-CompletionResult completionFrom(const std::string& word)
+std::optional<CompletionResult> completionFrom(const std::string& word)
 {
     for (const CompletionResult result : allCases<CompletionResult>()) {
         if (CLI::detail::to_lower(std::string(rawValue(result))) == CLI::detail::to_lower(word)) {
             return result;
         }
     }
-    throw ProgramError(ExitCode::usage, "Say --completion yes, half or no.");
+    return std::nullopt;
 }
 
 void askForMissing(ReviewCommand& command, const QuillmereState& state, Environment& environment)
 {
     const auto question = [&](const char* text) { return ask(environment, text); };
-    if (command.completion.empty()) {
-        command.completion = question("Was it completed? (yes, half, no)");
+    if (!completionFrom(command.completion)) {
+        command.completion =
+            askUntil(environment, "Was it completed? (yes, half, no)",
+                     [](const std::string& word) { return completionFrom(word).has_value(); });
     }
     command.texts.askForMissing(question);
     const Block& block = *state.currentBlock;
@@ -41,9 +43,13 @@ void askForMissing(ReviewCommand& command, const QuillmereState& state, Environm
 
 void saveReview(const ReviewCommand& command, QuillmereState& state, Instant now)
 {
+    const std::optional<CompletionResult> completion = completionFrom(command.completion);
+    if (!completion) {
+        throw ProgramError(ExitCode::usage, "Say --completion yes, half or no.");
+    }
     SessionReview review{
         .id = Identifier::random(),
-        .completion = completionFrom(command.completion),
+        .completion = *completion,
         .noteworthyResult = {},
         .distractions = {},
         .improvement = {},

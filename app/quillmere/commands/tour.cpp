@@ -2,6 +2,7 @@
 #include "commands/commands.hpp"
 #include "report/status.hpp"
 #include "run.hpp"
+#include "text/inert.hpp"
 #include "text/local_time.hpp"
 
 #include <stdlib.h>
@@ -169,7 +170,7 @@ void tour(const std::optional<fs::path>& chosen, Program& program)
         now = now + step.secondsLater;
         play(step, directory, stage);
     }
-    program.environment().out << "The three files are in " << directory.string() << '\n';
+    program.environment().out << "The three files are in " << inert(directory.string()) << '\n';
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ std::optional<std::int64_t> takeNumber(std::string_view& text)
 {
     std::int64_t number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || number < 0) {
+    if (error != std::errc() || text.front() == '-') {
         return std::nullopt;
     }
     text.remove_prefix(static_cast<std::size_t>(end - text.data()));

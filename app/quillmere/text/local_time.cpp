@@ -46,20 +46,23 @@ bool scan(std::string_view text, const char* format, std::tm& fields)
     return end && end == copy.c_str() + copy.size();
 }
 
-std::optional<Instant> nextTimeOfDay(std::tm fields, Instant now)
+std::optional<Instant> nextTimeOfDay(const std::tm& fields, Instant now)
 {
-    const std::optional<Instant> today = instantOf(fields);
-    if (today && *today >= now) {
-        return today;
+    // Today it may be over, and tomorrow the clocks may skip it.
+    for (const int daysLater : {0, 1, 2}) {
+        std::tm day = fields;
+        day.tm_mday += daysLater;
+        // Into the next month, where it is the last day of one.
+        day.tm_isdst = -1;
+        day.tm_hour = 12;
+        std::mktime(&day);
+        day.tm_hour = fields.tm_hour;
+        const std::optional<Instant> instant = instantOf(day);
+        if (instant && *instant >= now) {
+            return instant;
+        }
     }
-    fields.tm_mday += 1;
-    // Into the next month, where it is the last day of one.
-    std::tm day = fields;
-    day.tm_isdst = -1;
-    day.tm_hour = 12;
-    std::mktime(&day);
-    day.tm_hour = fields.tm_hour;
-    return instantOf(day);
+    return std::nullopt;
 }
 
 }  // namespace

@@ -8,14 +8,19 @@
 namespace quillmere::app {
 namespace {
 
-/// Pauses and extensions add up without a bound of their own; this one is far above any life and far
-/// below what timers can count.
-constexpr double longestSum = 1e12;
+/// Pauses and extensions add up without a bound of their own; this one is far above any life, and what
+/// ends so much later still has a date.
+constexpr double longestSum = 1'000 * longestDuration;
+
+/// More than there is between any two dates.
+constexpr double longestCountdown = 1e12;
 
 /// Written so that a value that is not a number is outside.
+bool isWithin(double value, double least, double most) { return value >= least && value <= most; }
+
 void requireWithin(double value, double least, double most, const std::string& key)
 {
-    if (!(value >= least && value <= most)) {
+    if (!isWithin(value, least, most)) {
         throw ProgramError(ExitCode::unusableData,
                            "The state cannot be used: " + key + " is out of bounds. Nothing was changed.");
     }
@@ -52,6 +57,16 @@ void screen(const QuillmereState& state)
         screenBlock(state.blockHistory[index], "block_history[" + std::to_string(index) + "]");
     }
     requireWithin(state.breakExtensionSeconds, 0, longestSum, "break_extension_seconds");
+}
+
+void screen(const WidgetSnapshot& summary)
+{
+    const auto frozen =
+        static_cast<double>(summary.countdown ? summary.countdown->frozenRemainingSeconds : 0);
+    if (!isWithin(frozen, -longestCountdown, longestCountdown) || summary.openQuestionCount < 0) {
+        throw ProgramError(ExitCode::unusableData,
+                           "The widget's summary has a number that is out of bounds.");
+    }
 }
 
 }  // namespace quillmere::app

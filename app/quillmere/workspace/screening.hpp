@@ -2,6 +2,7 @@
 #pragma once
 
 #include <quillmere/records/quillmere_state.hpp>
+#include <quillmere/widget/widget_snapshot.hpp>
 
 #include <cstdint>
 
@@ -13,5 +14,8 @@ inline constexpr std::int64_t mostCycles = 1'000;
 /// program accepts. Timers count whole seconds in 64 bits and stop the program beyond that, so nothing
 /// may be derived from a state before it has been through here. Names the value by its key.
 void screen(const QuillmereState& state);
+
+/// The same for a summary of the widget, from which nothing may be shown before.
+void screen(const WidgetSnapshot& summary);
 
 }  // namespace quillmere::app

@@ -73,7 +73,9 @@ WidgetSnapshot Workspace::widgetSnapshot(Instant now) const
         return WidgetSnapshot::empty(now);
     }
     try {
-        return WidgetSnapshotStore(*directory).load();
+        WidgetSnapshot summary = WidgetSnapshotStore(*directory).load();
+        screen(summary);
+        return summary;
     } catch (const WidgetSnapshotLoadError& error) {
         switch (error.reason()) {
             case WidgetSnapshotLoadError::notWritten:
@@ -89,11 +91,14 @@ WidgetSnapshot Workspace::widgetSnapshot(Instant now) const
 
 void Workspace::save(const QuillmereState& state, Instant now) const
 {
-    states_.save(state);
+    const WidgetSnapshot summary = WidgetSnapshot::make(state, now);
+    // One that has no JSON form, or no place, is to be found out before anything is written.
+    JsonEncoder(JsonLayout::compact).encode(summary);
     const fs::path directory =
         widgetDirectory_ ? *widgetDirectory_
                          : FileManager::standard().createContainerDirectory(QuillmereAppGroup::identifier);
-    WidgetSnapshotStore(directory, StateStore::renameReplacingDurably).save(WidgetSnapshot::make(state, now));
+    states_.save(state);
+    WidgetSnapshotStore(directory, StateStore::renameReplacingDurably).save(summary);
 }
 
 Situation Workspace::change(const std::function<void(const std::vector<Event>&)>& report,

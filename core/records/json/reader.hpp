@@ -15,6 +15,7 @@
 #include <cstddef>
 #include <cstring>
 #include <new>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -160,9 +161,18 @@ void readDocument(const Bytes& text, Read read)
             throwParserError(code);
         }
         Node document(checked(parser.iterate(text.view().data(), text.size(), text.size() + Bytes::slack)));
-        read(document);
+        std::optional<DecodingError> mismatched;
+        try {
+            read(document);
+        } catch (DecodingError& error) {
+            // Read to its end all the same: what follows decides whether it is JSON at all.
+            mismatched = std::move(error);
+        }
         if (!document.atEnd(text.view())) {
             throw MalformedText("text after the document's end");
+        }
+        if (mismatched) {
+            throw *std::move(mismatched);
         }
     } catch (const MalformedText& malformed) {
         throw DecodingError("well-formed JSON", malformed.what());

@@ -1,10 +1,12 @@
-#include <gtest/gtest.h>
 #include <quillmere/records/checked_arithmetic.hpp>
+
+#include <gtest/gtest.h>
 
 #include <array>
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <string>
 
 namespace quillmere::test {
 namespace {

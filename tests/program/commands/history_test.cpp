@@ -1,0 +1,90 @@
+// The finished blocks.
+#include "program_testing.hpp"
+
+namespace quillmere::test {
+namespace {
+
+/// Twelve finished blocks, the newest first, a day apart.
+Person personWithHistory()
+{
+    Person person;
+    QuillmereState state = stateIn(WorkflowState::idle);
+    for (unsigned number = 12; number >= 1; --number) {
+        Block block = blockInWork(number, 2);
+        block.sessions[0].endedAt = block.sessions[0].startedAt + 1500;
+        block.sessions[0].accumulatedPausedSeconds = 60;
+        block.sessions[1].endedAt = block.sessions[1].startedAt + 45;
+        block.outcomes[1].title = "Number " + std::to_string(number);
+        block.reflection = sampleReflection();
+        block.completedAt = moment + number * 86'400.0;
+        state.blockHistory.push_back(block);
+    }
+    person.has(state);
+    return person;
+}
+
+TEST(History, showsABlockWithItsTimeInFocusPausesTakenOut)
+{
+    const TimeZone here("Europe/Berlin");
+    EXPECT_EQ(personWithHistory().types({"history", "--limit", "1"}).out,
+              "2026-11-27 16:00  2 of 3 sessions, 24 min 45 s of focus\n"
+              "  Outcome: Chapter one\n"
+              "  Outcome: Number 12\n"
+              "  Produced: Two chapters\n"
+              "  Lessons: Close the door\n");
+}
+
+std::size_t occurrences(const std::string& part, const std::string& text)
+{
+    std::size_t count = 0;
+    for (std::size_t place = text.find(part); place != std::string::npos;
+         place = text.find(part, place + 1)) {
+        ++count;
+    }
+    return count;
+}
+
+TEST(History, showsTheNewestTenUnlessALimitIsGiven)
+{
+    const Person person = personWithHistory();
+    const std::string usual = person.types({"history"}).out;
+    EXPECT_EQ(occurrences("Number ", usual), 10u);
+    EXPECT_LT(usual.find("Number 12"), usual.find("Number 3"));
+    EXPECT_EQ(occurrences("Number ", person.types({"history", "--limit", "11"}).out), 11u);
+    EXPECT_EQ(occurrences("Number ", person.types({"history", "--limit", "9223372036854775807"}).out), 12u);
+    EXPECT_EQ(person.types({"history", "--limit", "0"}).out, "");
+    EXPECT_EQ(person.types({"history", "--limit", "few"}).code, ExitCode::usage);
+    EXPECT_EQ(person.types({"history", "--limit", "-1"}).code, ExitCode::usage);
+}
+
+TEST(History, isListedForProgramsAsTheFileHasIt)
+{
+    const Person person = personWithHistory();
+    const std::string all = person.types({"history", "--json", "--limit", "99"}).out;
+    EXPECT_EQ(jsonAt("", all), jsonAt("/block_history", textOf(person.store().stateURL())));
+    EXPECT_EQ(jsonAt("/0/outcomes/1/title", person.types({"--json", "history", "--limit", "1"}).out),
+              R"("Number 12")");
+}
+
+TEST(History, saysWhenThereIsNone)
+{
+    const Person person;
+    EXPECT_EQ(person.types({"history"}).out, "No block is finished yet.\n");
+    EXPECT_EQ(person.types({"history", "--json"}).out, "[]\n");
+}
+
+TEST(History, countsNoTimeOfASessionThatNeverEndedOrEndedBeforeItBegan)
+{
+    // A clock that was set back, or another program.
+    const TimeZone here("UTC");
+    const Person person = personWithHistory();
+    QuillmereState state = person.state();
+    state.blockHistory[0].sessions[0].endedAt = state.blockHistory[0].sessions[0].startedAt - 500;
+    state.blockHistory[0].sessions[1].endedAt.reset();
+    person.has(state);
+    EXPECT_EQ(person.types({"history", "--limit", "1"}).out.substr(0, 53),
+              "2026-11-27 15:00  2 of 3 sessions, 0 s of focus\n  Out");
+}
+
+}  // namespace
+}  // namespace quillmere::test

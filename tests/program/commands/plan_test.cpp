@@ -1,0 +1,222 @@
+// Planning a block.
+#include "program_testing.hpp"
+
+namespace quillmere::test {
+namespace {
+
+/// The block in hand after a command that must succeed.
+Block blockAfter(const Person& person, const Words& words)
+{
+    const Ending ending = person.types(words);
+    EXPECT_EQ(ending.code, ExitCode::done) << ending.err;
+    const QuillmereState state = person.state();
+    EXPECT_TRUE(state.currentBlock);
+    return state.currentBlock.value_or(sampleBlock(99));
+}
+
+TEST(Plan, startsAUsualBlockWhenNothingElseIsSaid)
+{
+    const Person person;
+    const Block block = blockAfter(person, {"plan", "--start"});
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionPlanning);
+    EXPECT_EQ(block.focusDurationSeconds, 1500);
+    EXPECT_EQ(block.breakDurationSeconds, 300);
+    EXPECT_EQ(block.cycleCount, 8);
+    EXPECT_EQ(block.createdAt, moment);
+    EXPECT_EQ(block.plannedStart, std::nullopt);
+    ASSERT_EQ(block.outcomes.size(), 1u);
+    EXPECT_EQ(block.outcomes[0].title, "");
+    EXPECT_EQ(block.whyValue + block.doneTest + block.hazards + block.measurableCheck + block.contextNotes,
+              "");
+}
+
+struct DurationText {
+    const char* text;
+    double seconds;
+};
+
+constexpr DurationText acceptedDurations[] = {
+    {"1s", 1}, {"90s", 90}, {"25", 1500}, {"1h30m", 5400}, {"366d", 31'622'400},
+};
+
+TEST(Plan, takesDurationsFromOneSecondTo366Days)
+{
+    for (const DurationText& duration : acceptedDurations) {
+        SCOPED_TRACE(duration.text);
+        const Person person;
+        const Block block =
+            blockAfter(person, {"plan", "--focus", duration.text, "--break", duration.text, "--start"});
+        EXPECT_EQ(block.focusDurationSeconds, duration.seconds);
+        EXPECT_EQ(block.breakDurationSeconds, duration.seconds);
+    }
+}
+
+constexpr const char* refusedDurations[] = {"0",
+                                            "0s",
+                                            "-5",
+                                            "366d1s",
+                                            "367d",
+                                            "1e300",
+                                            "inf",
+                                            "nan",
+                                            "",
+                                            "5 m",
+                                            "m",
+                                            "1.5h",
+                                            "99999999999999999999d"};
+
+TEST(Plan, refusesOtherDurations)
+{
+    for (const char* duration : refusedDurations) {
+        for (const char* option : {"--focus", "--break"}) {
+            SCOPED_TRACE(std::string(option) + " " + duration);
+            const Person person;
+            const Ending ending = person.types({"plan", option, duration, "--start"});
+            EXPECT_EQ(ending.code, ExitCode::usage);
+            EXPECT_EQ(ending.err, std::string(option) +
+                                      " is no duration from 1 second to 366 days, such as 25m or 1h30m: " +
+                                      duration + "\n");
+            EXPECT_EQ(person.names(), Words{});
+        }
+    }
+}
+
+TEST(Plan, takesAThousandCyclesAtMost)
+{
+    const Person person;
+    EXPECT_EQ(person.types({"plan", "--cycles", "1001", "--start"}).code, ExitCode::usage);
+    EXPECT_EQ(person.types({"plan", "--cycles", "9223372036854775807", "--start"}).code, ExitCode::usage);
+    EXPECT_EQ(person.types({"plan", "--cycles", "9223372036854775808", "--start"}).code, ExitCode::usage);
+    EXPECT_EQ(person.types({"plan", "--cycles", "many", "--start"}).code, ExitCode::usage);
+    EXPECT_EQ(person.names(), Words{});
+    EXPECT_EQ(blockAfter(person, {"plan", "--cycles", "1000", "--start"}).cycleCount, 1000);
+}
+
+TEST(Plan, readsNumbersInDecimal)
+{
+    const Person person;
+    EXPECT_EQ(blockAfter(person, {"plan", "--cycles", "010", "--start"}).cycleCount, 10);
+    EXPECT_EQ(person.types({"plan", "--cycles", "0x10", "--start"}).code, ExitCode::usage);
+}
+
+TEST(Plan, leavesItToTheEngineToRefuseNoCycles)
+{
+    for (const char* cycles : {"0", "-1", "-9223372036854775808"}) {
+        const Person person;
+        const Ending ending = person.types({"plan", "--cycles", cycles, "--start"});
+        EXPECT_EQ(ending.code, ExitCode::refused);
+        EXPECT_EQ(ending.err, "Durations and the cycle count must be greater than zero.\n");
+        EXPECT_EQ(person.names(), Words{});
+    }
+}
+
+TEST(Plan, saysWhetherToBeginNowOrLater)
+{
+    const Person person;
+    const Ending ending = person.types({"plan", "--outcome", "Chapter"});
+    EXPECT_EQ(ending.code, ExitCode::usage);
+    EXPECT_EQ(ending.err, "Say --start to begin now, or --at TIME to begin later.\n");
+    EXPECT_EQ(person.types({"plan", "--start", "--at", "+1h"}).code, ExitCode::usage);
+    EXPECT_EQ(person.names(), Words{});
+}
+
+struct TimeText {
+    const char* text;
+    double secondsFromMoment;
+};
+
+// The clock shows 16:00 at the moment, on 15 November.
+constexpr TimeText acceptedTimes[] = {
+    {"+90s", 90},
+    {"+1h", 3600},
+    {"16:30", 1800},
+    {"15:30", 84'600},
+    {"16:00", 0},
+    {"2026-11-16 08:15", 58'500},
+    {"2026-11-16T08:15", 58'500},
+    {"2026-11-01 00:00", -1'267'200},
+};
+
+TEST(Plan, schedulesABlockForALocalTime)
+{
+    const TimeZone here("Europe/Berlin");
+    for (const TimeText& time : acceptedTimes) {
+        SCOPED_TRACE(time.text);
+        const Person person;
+        const Ending ending = person.types({"plan", "--at", time.text});
+        EXPECT_EQ(ending.code, ExitCode::done);
+        EXPECT_EQ(ending.out.substr(0, 24), "The block is scheduled.\n");
+        const QuillmereState state = person.state();
+        EXPECT_EQ(state.workflowState, WorkflowState::idle);
+        ASSERT_TRUE(state.currentBlock);
+        EXPECT_EQ(state.currentBlock->plannedStart, moment + time.secondsFromMoment);
+    }
+}
+
+constexpr const char* refusedTimes[] = {
+    "noon", "25:00", "2026-02-30 10:00", "2026-11-15", "+", "+0s", "+367d", "-1h", "", "16:00:00 and more"};
+
+TEST(Plan, refusesOtherTimes)
+{
+    for (const char* time : refusedTimes) {
+        SCOPED_TRACE(time);
+        const Person person;
+        const Ending ending = person.types({"plan", "--at", time});
+        EXPECT_EQ(ending.code, ExitCode::usage);
+        EXPECT_EQ(
+            ending.err,
+            std::string("--at is no local time, such as 14:30, \"2026-11-15 09:00\" or +1h: ") + time + "\n");
+        EXPECT_EQ(person.names(), Words{});
+    }
+}
+
+constexpr const char* bracketed[] = {"[draft]", "[a,b]", "[]", "{}", "{a}", "%%", "a,b", "", "'quoted'"};
+
+TEST(Plan, keepsOutcomesAsTheyAreTyped)
+{
+    for (const char* outcome : bracketed) {
+        SCOPED_TRACE(outcome);
+        const Person person;
+        const Block block = blockAfter(person, {"plan", "--outcome", outcome, "--why", outcome, "--start"});
+        ASSERT_EQ(block.outcomes.size(), 1u);
+        EXPECT_EQ(block.outcomes[0].title, outcome);
+        EXPECT_EQ(block.whyValue, outcome);
+    }
+}
+
+TEST(Plan, takesOneOutcomeAnOption)
+{
+    // The quotes were forgotten; three outcomes would be a surprise.
+    const Person person;
+    const Ending ending = person.types({"plan", "--outcome", "Write", "the", "report", "--start"});
+    EXPECT_EQ(ending.code, ExitCode::usage);
+    EXPECT_EQ(person.names(), Words{});
+}
+
+TEST(Plan, keepsWhatAScheduledBlockHadAndWasNotSaidAnew)
+{
+    const Person person;
+    QuillmereState state = stateWithScheduledBlock();
+    state.workflowState = WorkflowState::blockPlanning;
+    person.has(state);
+    Block expected = *state.currentBlock;
+    expected.whyValue = "Another reason";
+    expected.cycleCount = 5;
+    expected.plannedStart.reset();
+    EXPECT_EQ(blockAfter(person, {"plan", "--why", "Another reason", "--cycles", "5", "--start"}), expected);
+}
+
+TEST(Plan, replacesTheOutcomesWhenSomeAreGiven)
+{
+    const Person person;
+    QuillmereState state = stateWithScheduledBlock();
+    state.workflowState = WorkflowState::blockPlanning;
+    person.has(state);
+    const Block block = blockAfter(person, {"plan", "--outcome", "Chapter three", "--at", "+1h"});
+    ASSERT_EQ(block.outcomes.size(), 1u);
+    EXPECT_EQ(block.outcomes[0].title, "Chapter three");
+    EXPECT_EQ(block.plannedStart, moment + 3600);
+}
+
+}  // namespace
+}  // namespace quillmere::test

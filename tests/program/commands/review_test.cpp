@@ -1,0 +1,101 @@
+// The review of a focus session, and the reflection on a block.
+#include "program_testing.hpp"
+
+namespace quillmere::test {
+namespace {
+
+constexpr std::pair<const char*, CompletionResult> completions[] = {
+    {"yes", CompletionResult::yes},   {"Yes", CompletionResult::yes}, {"HALF", CompletionResult::half},
+    {"Half", CompletionResult::half}, {"no", CompletionResult::no},
+};
+
+TEST(Review, takesItsCompletionInAnyCase)
+{
+    for (const auto& [word, completion] : completions) {
+        SCOPED_TRACE(word);
+        const Person person;
+        person.has(stateIn(WorkflowState::sessionReview));
+        EXPECT_EQ(person.types({"review", "--completion", word, "--next-outcome", "More"}).code,
+                  ExitCode::done);
+        EXPECT_EQ(person.state().currentSession()->review->completion, completion);
+    }
+}
+
+TEST(Review, refusesAnyOtherCompletion)
+{
+    const Person person;
+    person.has(stateIn(WorkflowState::sessionReview));
+    const auto before = pictureOf(person.directory());
+    for (const Words& words : {Words{"review", "--next-outcome", "More"},
+                               Words{"review", "--completion", "maybe", "--next-outcome", "More"},
+                               Words{"review", "--completion", "", "--next-outcome", "More"}}) {
+        const Ending ending = person.types(words);
+        EXPECT_EQ(ending.code, ExitCode::usage);
+        EXPECT_EQ(ending.err, "Say --completion yes, half or no.\n");
+    }
+    EXPECT_EQ(pictureOf(person.directory()), before);
+}
+
+TEST(Review, needsTheNextPlanWhileCyclesRemain)
+{
+    const Person person;
+    person.has(stateIn(WorkflowState::sessionReview));
+    const auto before = pictureOf(person.directory());
+    const Ending ending = person.types({"review", "--completion", "yes"});
+    EXPECT_EQ(ending.code, ExitCode::refused);
+    EXPECT_EQ(ending.err, "Save the next session plan before the break starts.\n");
+    EXPECT_EQ(pictureOf(person.directory()), before);
+}
+
+TEST(Review, startsTheBreak)
+{
+    const Person person;
+    person.has(stateIn(WorkflowState::sessionReview));
+    const Ending ending = person.types({"review", "--completion", "yes", "--next-outcome", "More"});
+    EXPECT_EQ(ending.out,
+              "The review is saved.\n\n"
+              "Break  Break\n"
+              "05:00  [........................]\n"
+              "Outcome: More\n"
+              "Next: break end, break extend\n");
+    EXPECT_EQ(person.state().breakStartedAt, moment);
+}
+
+TEST(Review, ofTheLastSessionNeedsNoPlan)
+{
+    const Person person;
+    QuillmereState state = stateIn(WorkflowState::sessionReview);
+    state.currentBlock->cycleCount = 1;
+    person.has(state);
+    EXPECT_EQ(person.types({"review", "--completion", "no"}).code, ExitCode::done);
+    EXPECT_EQ(person.state().workflowState, WorkflowState::blockReview);
+    EXPECT_TRUE(filesAgree(person));
+}
+
+TEST(Review, takesANextPlanForOneOfTheOutcomesOnly)
+{
+    const Person person;
+    person.has(stateIn(WorkflowState::sessionReview));
+    const auto before = pictureOf(person.directory());
+    EXPECT_EQ(person.types({"review", "--completion", "no", "--next-towards", "3"}).code, ExitCode::usage);
+    EXPECT_EQ(person.types({"review", "--completion", "no", "--next-morale", "6"}).code, ExitCode::refused);
+    EXPECT_EQ(pictureOf(person.directory()), before);
+}
+
+TEST(Reflect, keepsTextsThatWereNotGivenEmpty)
+{
+    const Person person;
+    person.has(stateIn(WorkflowState::blockReview));
+    EXPECT_EQ(person.types({"reflect", "--lessons", "Close the door"}).code, ExitCode::done);
+    const QuillmereState state = person.state();
+    ASSERT_EQ(state.blockHistory.size(), 1u);
+    EXPECT_EQ(state.blockHistory[0].reflection, (BlockReview{.outputProduced = "",
+                                                             .normalComparison = "",
+                                                             .boggedDown = "",
+                                                             .wentWell = "",
+                                                             .lessons = "Close the door"}));
+    EXPECT_TRUE(filesAgree(person));
+}
+
+}  // namespace
+}  // namespace quillmere::test

@@ -1,0 +1,97 @@
+// A block that waits for its time.
+#include "program_testing.hpp"
+
+namespace quillmere::test {
+namespace {
+
+TEST(Start, beginsAScheduledBlockBeforeItsTime)
+{
+    Person person;
+    person.types({"plan", "--at", "+1h"});
+    const Ending ending = person.typesLater(60, {"start"});
+    EXPECT_EQ(ending.code, ExitCode::done);
+    const QuillmereState state = person.state();
+    EXPECT_EQ(state.workflowState, WorkflowState::sessionPlanning);
+    EXPECT_EQ(state.currentBlock->plannedStart, std::nullopt);
+    EXPECT_EQ(state.currentBlock->scheduledStartTriggeredAt, moment + 60);
+    EXPECT_TRUE(filesAgree(person));
+}
+
+TEST(Edit, takesAScheduledBlockBackIntoPlanning)
+{
+    const Person person;
+    person.types({"plan", "--why", "A deadline", "--at", "+1h"});
+    EXPECT_EQ(person.types({"edit"}).code, ExitCode::done);
+    const QuillmereState state = person.state();
+    EXPECT_EQ(state.workflowState, WorkflowState::blockPlanning);
+    ASSERT_TRUE(state.currentBlock);
+    EXPECT_EQ(state.currentBlock->whyValue, "A deadline");
+    EXPECT_TRUE(filesAgree(person));
+}
+
+TEST(Cancel, discardsAScheduledBlock)
+{
+    const Person person;
+    person.types({"plan", "--at", "+1h"});
+    EXPECT_EQ(person.types({"cancel"}).code, ExitCode::done);
+    const QuillmereState state = person.state();
+    EXPECT_EQ(state.workflowState, WorkflowState::idle);
+    EXPECT_FALSE(state.currentBlock);
+    EXPECT_EQ(state.blockHistory.size(), 0u);
+    EXPECT_TRUE(filesAgree(person));
+}
+
+TEST(ScheduledBlock, beginsByItselfWhenItsTimeHasCome)
+{
+    const TimeZone here("UTC");
+    Person person;
+    person.types({"plan", "--at", "+1h"});
+    EXPECT_EQ(person.typesLater(3599, {"tick"}).err, "");
+    EXPECT_EQ(person.state().workflowState, WorkflowState::idle);
+    EXPECT_EQ(person.typesLater(1, {"tick"}).err, "The scheduled block started at 16:00.\n");
+    const QuillmereState state = person.state();
+    EXPECT_EQ(state.workflowState, WorkflowState::sessionPlanning);
+    EXPECT_EQ(state.currentBlock->scheduledStartTriggeredAt, moment + 3600);
+    EXPECT_EQ(state.currentBlock->plannedStart, moment + 3600);
+    EXPECT_TRUE(filesAgree(person));
+}
+
+TEST(ScheduledBlock, isFoundBegunByTheNextCommand)
+{
+    Person person;
+    person.types({"plan", "--at", "+1h"});
+    const Ending ending = person.typesLater(5000, {"--json", "focus", "--outcome", "An outline"});
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_EQ(jsonAt("/events", ending.out), R"([{"at":"2026-11-15T16:23:20Z","event":"block_started"}])");
+    EXPECT_EQ(person.state().workflowState, WorkflowState::focusing);
+}
+
+TEST(ScheduledBlock, isSavedAsBegunEvenWhenTheCommandIsRefused)
+{
+    Person person;
+    person.types({"plan", "--at", "+1h"});
+    const Ending ending = person.typesLater(5000, {"--json", "cancel"});
+    EXPECT_EQ(ending.code, ExitCode::refused);
+    EXPECT_EQ(ending.out, "");
+    EXPECT_EQ(jsonAt("/error/case", ending.err), R"("invalidTransition")");
+    EXPECT_EQ(jsonAt("/events/0/event", ending.err), R"("block_started")");
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionPlanning);
+    EXPECT_TRUE(filesAgree(person));
+}
+
+TEST(ScheduledBlock, isShownWithItsTimeWhileItWaits)
+{
+    const TimeZone here("Europe/Berlin");
+    const Person person;
+    person.types({"plan", "--focus", "25m", "--break", "5m", "--cycles", "3", "--at", "2026-11-16 09:00"});
+    EXPECT_EQ(person.types({"status"}).out,
+              "Idle  No active block\n"
+              "A block is scheduled: 2026-11-16 09:00 to 2026-11-16 10:30\n"
+              "Next: start, edit, cancel\n");
+    const Ending json = person.types({"status", "--json"});
+    EXPECT_EQ(jsonAt("/planned_start", json.out), R"("2026-11-16T08:00:00Z")");
+    EXPECT_EQ(jsonAt("/block_id", json.out), '"' + person.state().currentBlock->id.text() + '"');
+}
+
+}  // namespace
+}  // namespace quillmere::test

@@ -1,0 +1,122 @@
+// Where the work stands.
+#include "program_testing.hpp"
+
+namespace quillmere::test {
+namespace {
+
+struct Shown {
+    WorkflowState workflowState;
+    const char* text;
+};
+
+// Ten minutes into whatever runs.
+constexpr Shown shownStates[] = {
+    {WorkflowState::idle, "Idle  No active block\nNext: plan\n"},
+    {WorkflowState::blockPlanning, "Planning  Plan the next session\nNext: plan\n"},
+    {WorkflowState::sessionPlanning, "Planning  Plan the next session\nOutcome: Chapter one\nNext: focus\n"},
+    {WorkflowState::focusing,
+     "Focus  Session 1 of 3\n15:00  [##########..............]\n"
+     "Outcome: Outcome of session 1\nFirst action: First action 1\nNext: pause, end\n"},
+    {WorkflowState::sessionReview,
+     "Review  Review this session\n"
+     "Outcome: Outcome of session 1\nFirst action: First action 1\nNext: review\n"},
+    {WorkflowState::breaking,
+     "Break  Break\n+05:00  [########################]\n"
+     "Outcome: Outcome of session 2\nFirst action: First action 2\nNext: break end, break extend\n"},
+    {WorkflowState::blockReview, "Review  Review this session\nOutcome: Chapter one\nNext: reflect\n"},
+};
+
+TEST(Status, showsEveryStateWithWhatMayBeDoneNext)
+{
+    for (const Shown& shown : shownStates) {
+        SCOPED_TRACE(rawValue(shown.workflowState));
+        Person person;
+        person.has(stateIn(shown.workflowState));
+        const Ending ending = person.typesLater(600, {"status"});
+        EXPECT_EQ(ending.code, ExitCode::done);
+        EXPECT_EQ(ending.out, shown.text);
+        EXPECT_EQ(ending.err, "");
+    }
+}
+
+TEST(Status, offersOnlyWhatIsNotRefused)
+{
+    // What each command needs beside its words.
+    const std::map<std::string, Words> needs = {
+        {"plan", {"--start"}},
+        {"focus", {"--outcome", "More"}},
+        {"review", {"--completion", "yes", "--next-outcome", "More"}},
+        {"break extend", {"5m"}},
+    };
+    std::vector<QuillmereState> states = {stateWithScheduledBlock()};
+    for (const Shown& shown : shownStates) {
+        states.push_back(stateIn(shown.workflowState));
+    }
+    for (const QuillmereState& state : states) {
+        SCOPED_TRACE(rawValue(state.workflowState));
+        const Person person;
+        person.has(state);
+        const std::string next = jsonAt("/next", person.types({"status", "--json"}).out);
+        std::size_t count = 0;
+        for (const char* command : {"plan", "start", "edit", "cancel", "focus", "pause", "resume", "end",
+                                    "review", "break end", "break extend", "reflect"}) {
+            const std::string words = command;
+            Words arguments = words.substr(0, 6) == "break " ? Words{"break", words.substr(6)} : Words{words};
+            if (needs.contains(words)) {
+                arguments.insert(arguments.end(), needs.at(words).begin(), needs.at(words).end());
+            }
+            person.has(state);
+            const bool isOffered = next.find('"' + words + '"') != std::string::npos;
+            EXPECT_EQ(person.types(arguments).code, isOffered ? ExitCode::done : ExitCode::refused) << words;
+            count += isOffered ? 1 : 0;
+        }
+        EXPECT_GT(count, 0u);
+    }
+}
+
+TEST(Status, isWhatHappensWhenNoCommandIsNamed)
+{
+    Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    EXPECT_EQ(person.types({}).out, person.types({"status"}).out);
+    EXPECT_EQ(person.types({"--json"}).out, person.types({"status", "--json"}).out);
+}
+
+TEST(Status, tellsProgramsTheSame)
+{
+    Person person;
+    QuillmereState state = stateIn(WorkflowState::focusing);
+    state.agentQuestions = fullState().agentQuestions;
+    person.has(state);
+    const std::string json = person.typesLater(600, {"status", "--json"}).out;
+    EXPECT_EQ(keysOf(json), (Words{"workflow_state", "caption", "interruptible", "next", "widget",
+                                   "time_text", "block_id"}));
+    EXPECT_EQ(jsonAt("/workflow_state", json), R"("focusing")");
+    EXPECT_EQ(jsonAt("/caption", json), R"("Session 1 of 3")");
+    EXPECT_EQ(jsonAt("/interruptible", json), "false");
+    EXPECT_EQ(jsonAt("/next", json), R"(["pause","end"])");
+    EXPECT_EQ(jsonAt("/time_text", json), R"("15:00")");
+    EXPECT_EQ(jsonAt("/widget/open_question_count", json), "1");
+    EXPECT_EQ(jsonAt("/widget/updated_at", json), R"("2026-11-15T15:10:00Z")");
+}
+
+TEST(Status, countsTheQuestionsThatWait)
+{
+    const Person person;
+    person.types({"ask", "First?"});
+    EXPECT_EQ(person.types({"status"}).out,
+              "Idle  No active block\nA question waits (quillmere questions)\nNext: plan\n");
+    person.types({"ask", "Second?"});
+    EXPECT_EQ(person.types({"status"}).out,
+              "Idle  No active block\n2 questions wait (quillmere questions)\nNext: plan\n");
+}
+
+TEST(Status, ofANewPersonIsIdle)
+{
+    const Person person;
+    EXPECT_EQ(person.types({"status"}).out, "Idle  No active block\nNext: plan\n");
+    EXPECT_EQ(person.names(), Words{});
+}
+
+}  // namespace
+}  // namespace quillmere::test

@@ -1,0 +1,144 @@
+// Texts of persons and agents may hold anything; a terminal must not obey them.
+#include <algorithm>
+
+#include "program_testing.hpp"
+
+namespace quillmere::test {
+namespace {
+
+/// Clears a screen, names a window, in seven bits and in eight, and deletes.
+constexpr const char* nasty =
+    "a\x1b[2J\x1b]0;x\x07\xC2\x9B"
+    "2J\x7F\r\b\nb";
+constexpr const char* harmless = "a\uFFFD[2J\uFFFD]0;x\uFFFD\uFFFD2J\uFFFD\uFFFD\uFFFD b";
+
+/// Whether a terminal would print this and do nothing else; line breaks are the program's own.
+testing::AssertionResult isInert(const std::string& text)
+{
+    for (std::size_t index = 0; index < text.size(); ++index) {
+        const auto byte = static_cast<unsigned char>(text[index]);
+        const bool isC1 =
+            byte == 0xC2 && index + 1 < text.size() && static_cast<unsigned char>(text[index + 1]) < 0xA0;
+        if ((byte < 0x20 && byte != '\n') || byte == 0x7F || isC1) {
+            return testing::AssertionFailure() << "byte " << index << " of " << testing::PrintToString(text);
+        }
+    }
+    return testing::AssertionSuccess();
+}
+
+/// A state whose texts are all nasty.
+QuillmereState nastyState(WorkflowState workflowState)
+{
+    QuillmereState state = stateIn(workflowState);
+    Block block = sampleBlock(9);
+    block.outcomes = {{.id = identifier(1), .title = nasty}};
+    block.reflection = BlockReview{.outputProduced = nasty,
+                                   .normalComparison = nasty,
+                                   .boggedDown = nasty,
+                                   .wentWell = nasty,
+                                   .lessons = nasty};
+    state.blockHistory = {block};
+    if (state.currentBlock) {
+        state.currentBlock->outcomes = block.outcomes;
+        for (WorkSession& session : state.currentBlock->sessions) {
+            session.plan.intendedOutcome = nasty;
+            session.plan.firstAction = nasty;
+        }
+    }
+    state.agentQuestions = {
+        {.id = identifier(2),
+         .question = nasty,
+         .createdAt = moment,
+         .answer = std::nullopt,
+         .answeredAt = std::nullopt},
+        {.id = identifier(3), .question = nasty, .createdAt = moment, .answer = nasty, .answeredAt = moment}};
+    return state;
+}
+
+const Words printing[] = {
+    {"status"}, {"questions", "--all"}, {"history"}, {"widget"}, {"agent"}, {"ask", nasty}, {"tick"},
+};
+
+TEST(Output, isInertWhateverStandsInTheFiles)
+{
+    for (const WorkflowState workflowState :
+         {WorkflowState::focusing, WorkflowState::breaking, WorkflowState::blockReview}) {
+        const Person person;
+        person.has(nastyState(workflowState));
+        for (const Words& words : printing) {
+            SCOPED_TRACE(words.front());
+            const Ending ending = person.types(words);
+            EXPECT_EQ(ending.code, ExitCode::done);
+            EXPECT_TRUE(isInert(ending.out));
+            EXPECT_TRUE(isInert(ending.err));
+            Words forPrograms = words;
+            forPrograms.push_back("--json");
+            EXPECT_TRUE(isInert(person.types(forPrograms).out));
+        }
+    }
+}
+
+TEST(Output, showsWhatIsHarmlessOfANastyText)
+{
+    const TimeZone here("UTC");
+    const Person person;
+    person.has(nastyState(WorkflowState::focusing));
+    EXPECT_EQ(person.types({"questions"}).out, "1.  " + std::string(harmless) + "  (2026-11-15 15:00)\n");
+    EXPECT_NE(person.types({"status"}).out.find("Outcome: " + std::string(harmless) + "\n"),
+              std::string::npos);
+}
+
+TEST(Output, giveProgramsTheTextAsItIs)
+{
+    const Person person;
+    person.has(nastyState(WorkflowState::focusing));
+    const Ending ending = person.types({"questions", "--json"});
+    EXPECT_TRUE(std::all_of(ending.out.begin(), ending.out.end(),
+                            [](char character) { return static_cast<unsigned char>(character) < 0x7F; }));
+    EXPECT_EQ(jsonAt("/0/question", ending.out),
+              jsonAt("/agent_questions/0/question", textOf(person.store().stateURL())));
+}
+
+const Words echoed[] = {
+    {nasty},
+    {"--directory", nasty + std::string("/\x1b"), "dance"},
+    {"plan", "--start", "--focus", nasty},
+    {"plan", "--start", "--cycles", nasty},
+    {"plan", "--at", nasty},
+    {"answer", nasty, "Yes"},
+    {"answer", "\xFF", "Yes"},
+    {"focus", "--energy", nasty},
+    {"break", "extend", nasty},
+    {"open", nasty},
+};
+
+TEST(Messages, areInertWhateverIsTyped)
+{
+    const Person person;
+    for (const Words& words : echoed) {
+        SCOPED_TRACE(testing::PrintToString(words));
+        const Ending ending = person.types(words);
+        EXPECT_EQ(ending.code, ExitCode::usage);
+        EXPECT_TRUE(isInert(ending.err));
+        Words forPrograms = words;
+        forPrograms.insert(forPrograms.begin(), "--json");
+        EXPECT_TRUE(isInert(person.types(forPrograms).err));
+    }
+}
+
+TEST(Messages, areInertWhateverADirectoryIsCalled)
+{
+    const TimeZone here("UTC");
+    const Person person;
+    const auto directory = person.directory() / "\x1b[2J";
+    writeText(directory, "a file");
+    const Ending refused = person.runs({"--directory", directory.string(), "ask", "Why?"});
+    EXPECT_EQ(refused.code, ExitCode::fileError);
+    EXPECT_TRUE(isInert(refused.err));
+    const Ending tour = person.runs({"tour", (person.directory() / "\x1b[3J").string()});
+    EXPECT_EQ(tour.code, ExitCode::done);
+    EXPECT_TRUE(isInert(tour.out));
+}
+
+}  // namespace
+}  // namespace quillmere::test

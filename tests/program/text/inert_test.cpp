@@ -1,0 +1,112 @@
+// Texts on their way to a terminal.
+#include "text/inert.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace quillmere::test {
+namespace {
+
+using app::inert;
+using app::inertJson;
+using app::isText;
+
+constexpr const char* replacement = "\uFFFD";
+
+TEST(Inert, replacesEveryControlCharacterOfSevenBits)
+{
+    for (int code = 0; code < 0x80; ++code) {
+        const std::string character(1, static_cast<char>(code));
+        const bool isBlank = code == '\n' || code == '\t';
+        const bool isControl = code < 0x20 || code == 0x7F;
+        EXPECT_EQ(inert(character), isBlank ? " " : isControl ? replacement : character) << code;
+    }
+}
+
+TEST(Inert, replacesEveryControlCharacterOfEightBits)
+{
+    for (int code = 0x80; code < 0xC0; ++code) {
+        const std::string character = {'\xC2', static_cast<char>(code)};
+        EXPECT_EQ(inert(character), code < 0xA0 ? replacement : character) << code;
+    }
+}
+
+TEST(Inert, replacesEveryByteThatIsNoText)
+{
+    for (int code = 0x80; code < 0x100; ++code) {
+        const std::string byte(1, static_cast<char>(code));
+        EXPECT_EQ(inert("a" + byte + "b"), "a\uFFFDb") << code;
+    }
+}
+
+struct Pair {
+    const char* text;
+    const char* inert;
+};
+
+constexpr Pair pairs[] = {
+    {"", ""},
+    {"plain", "plain"},
+    {"äöü €漢字 🙂 e\u0301", "äöü €漢字 🙂 e\u0301"},
+    {"one\ntwo\tthree", "one two three"},
+    {"\x1b[31mred\x1b[0m", "\uFFFD[31mred\uFFFD[0m"},
+    {"\x1b]0;title\x07", "\uFFFD]0;title\uFFFD"},
+    {"over\rwritten", "over\uFFFDwritten"},
+    {"\xC2\x9B"
+     "31m",
+     "\uFFFD31m"},
+    // A byte that is a control in older encodings, and forms of it that are longer than they may be.
+    {"\x9B"
+     "31m",
+     "\uFFFD31m"},
+    {"\xC1\x9B", "\uFFFD\uFFFD"},
+    {"\xE0\x82\x9B", "\uFFFD\uFFFD\uFFFD"},
+    {"\xC0\x9B", "\uFFFD\uFFFD"},
+    // A lead byte must not swallow the escape that follows it.
+    {"\xE2\x1b[2J", "\uFFFD\uFFFD[2J"},
+    {"\xF0\x9F\x1b[2J", "\uFFFD\uFFFD[2J"},
+    {"\uFFFD", "\uFFFD"},
+};
+
+TEST(Inert, keepsTextAndReplacesWhatATerminalWouldObey)
+{
+    for (const Pair& pair : pairs) {
+        SCOPED_TRACE(testing::PrintToString(pair.text));
+        EXPECT_EQ(inert(pair.text), pair.inert);
+        EXPECT_EQ(inert(inert(pair.text)), pair.inert);
+    }
+}
+
+TEST(InertJson, escapesTheControlsThatJsonAllows)
+{
+    EXPECT_EQ(inertJson("{\n  \"a\" : \"\x7F\xC2\x80\xC2\x9B\xC2\x9F\xC2\xA0é\"\n}"),
+              "{\n  \"a\" : \"\\u007f\\u0080\\u009b\\u009f\xC2\xA0é\"\n}");
+}
+
+constexpr const char* texts[] = {"", "plain", "äöü", "\u07FF", "\uFFFF", "\U0010FFFF", "\x1b\x7F"};
+constexpr const char* noTexts[] = {"\x80",
+                                   "\xC3",
+                                   "\xC3(",
+                                   "\xC0\x80",
+                                   "\xED\xA0\x80",
+                                   "\xF4\x90\x80\x80",
+                                   "\xF5\x80\x80\x80",
+                                   "\xE2\x82",
+                                   "a\xFF",
+                                   "\xFF"
+                                   "a",
+                                   "\xFE"};
+
+TEST(IsText, isWellFormedUtf8)
+{
+    for (const char* text : texts) {
+        EXPECT_TRUE(isText(text)) << testing::PrintToString(text);
+    }
+    for (const char* text : noTexts) {
+        EXPECT_FALSE(isText(text)) << testing::PrintToString(text);
+    }
+}
+
+}  // namespace
+}  // namespace quillmere::test
