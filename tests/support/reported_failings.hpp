@@ -7,10 +7,14 @@
 
 namespace quillmere::test {
 
+/// The JSON parser asks a second time for a buffer that it could not get.
+inline constexpr std::size_t parserAsksTwice = 1;
+
 /// Lets every allocation of `attempt` fail in turn, of which there must be `atLeast` so many. Each failure
-/// must come out as `std::bad_alloc`, and none may leave memory behind.
+/// must come out as `std::bad_alloc`, and none may leave memory behind. Up to `madeGood` of them need not
+/// be heard of, because who asked for the memory asks a second time; `attempt` has judged its result then.
 template <class Attempt>
-void expectReportedFailings(std::size_t atLeast, Attempt attempt)
+void expectReportedFailings(std::size_t atLeast, Attempt attempt, std::size_t madeGood = 0)
 {
     // Once undisturbed: what is made only once in a program stays.
     attempt();
@@ -23,7 +27,7 @@ void expectReportedFailings(std::size_t atLeast, Attempt attempt)
         leaking += blocksInUse() == blocks ? 0 : 1;
     });
     EXPECT_GE(total, atLeast);
-    EXPECT_EQ(unreported, 0u);
+    EXPECT_LE(unreported, madeGood);
     EXPECT_EQ(leaking, 0u);
 }
 

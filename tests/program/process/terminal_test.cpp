@@ -6,7 +6,7 @@ namespace {
 
 class Terminal : public testing::Test {
 protected:
-    const Person person;
+    Person person;
     // As on a usual terminal; tests say what differs.
     const EnvironmentVariable noColour{"NO_COLOR", std::nullopt};
     const EnvironmentVariable terminal{"TERM", "xterm"};
