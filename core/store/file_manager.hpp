@@ -21,7 +21,7 @@ public:
 
     /// The user's application-support directories, the first one preferred; none when the environment
     /// names none. They need not exist. On Linux: `$XDG_DATA_HOME` when it is an absolute path,
-    /// otherwise `$HOME/.local/share` when HOME is (XDG Base Directory Specification).
+    /// otherwise `$HOME/.local/share` when HOME is one (XDG Base Directory).
     virtual std::vector<std::filesystem::path> applicationSupportDirectories() const = 0;
 
     /// The directory shared by all programs of a group; absent until one of them has made it. On

@@ -18,28 +18,37 @@ std::optional<fs::path> absolutePathFrom(const char* variable)
     return value && fs::path(value).is_absolute() ? std::optional<fs::path>(value) : std::nullopt;
 }
 
-/// The one place that knows where platforms keep the data of applications.
-std::optional<fs::path> applicationSupportDirectory()
+/// Where a platform keeps what applications keep for a user.
+struct Places {
+    fs::path applicationSupport;
+    fs::path containers;  ///< one directory a group
+};
+
+/// The one place that knows the platforms' own; absent when the environment names no home.
+std::optional<Places> places()
 {
+    const std::optional<fs::path> home = absolutePathFrom("HOME");
 #ifdef __APPLE__
-    const std::optional<fs::path> home = absolutePathFrom("HOME");
-    return home ? std::optional(*home / "Library" / "Application Support") : std::nullopt;
-#else
-    if (std::optional<fs::path> data = absolutePathFrom("XDG_DATA_HOME")) {
-        return data;
+    if (home) {
+        const fs::path library = *home / "Library";
+        return Places{library / "Application Support", library / "Group Containers"};
     }
-    const std::optional<fs::path> home = absolutePathFrom("HOME");
-    return home ? std::optional(*home / ".local" / "share") : std::nullopt;
+#else
+    const std::optional<fs::path> data = absolutePathFrom("XDG_DATA_HOME");
+    if (data || home) {
+        const fs::path support = data ? *data : *home / ".local" / "share";
+        return Places{support, support / "group-containers"};
+    }
 #endif
+    return std::nullopt;
 }
 
-/// Where the shared directory of a group is, made or not.
+/// The shared directory of a group, made or not.
 std::optional<fs::path> containerPath(std::string_view groupIdentifier)
 {
-    const std::optional<fs::path> support = applicationSupportDirectory();
-    return support && !groupIdentifier.empty()
-               ? std::optional(*support / "group-containers" / groupIdentifier)
-               : std::nullopt;
+    const std::optional<Places> known = places();
+    return known && !groupIdentifier.empty() ? std::optional(known->containers / groupIdentifier)
+                                             : std::nullopt;
 }
 
 struct stat statusOf(const FileDescriptor& file, const fs::path& path)
@@ -73,8 +82,8 @@ public:
     std::vector<fs::path> applicationSupportDirectories() const override
     {
         std::vector<fs::path> directories;
-        if (std::optional<fs::path> directory = applicationSupportDirectory()) {
-            directories.push_back(*std::move(directory));
+        if (std::optional<Places> known = places()) {
+            directories.push_back(std::move(known->applicationSupport));
         }
         return directories;
     }

@@ -22,7 +22,7 @@ void create(const fs::path& path, std::optional<mode_t> mode = std::nullopt)
 TEST(CreateDirectory, givesTheModeWhateverTheUmaskSays)
 {
     const TemporaryDirectory directory;
-    for (const mode_t umask : {0, 0022, 0077, 0277, 0777}) {
+    for (const mode_t umask : {0u, 0022u, 0077u, 0277u, 0777u}) {
         SCOPED_TRACE(umask);
         const fs::path created = directory.path() / std::to_string(umask);
         {
