@@ -1,11 +1,10 @@
 // How much memory loading and saving take, and how many blocks of it. Prints the ratios.
+#include "apart.hpp"
 #include "generated_state.hpp"
 
 #include <quillmere/store/state_store.hpp>
 
 #include <stdlib.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <cstdio>
 #include <filesystem>
@@ -47,49 +46,39 @@ double kilobytes(const std::string& figure)
     return 0;
 }
 
-/// Runs a measurement in a process of its own, where nothing earlier counts.
-template <class Measurement>
-void apart(Measurement measurement)
+/// Rows of a table.
+std::string measure(std::size_t blocks, const fs::path& directory)
 {
-    std::fflush(stdout);
-    if (const pid_t child = ::fork(); child == 0) {
-        measurement();
-        std::fflush(stdout);
-        ::_exit(0);
-    } else {
-        ::waitpid(child, nullptr, 0);
-    }
-}
-
-void measure(std::size_t blocks, const fs::path& directory)
-{
+    std::string rows;
     const StateStore store(directory, StateStore::renameReplacing);
-    apart([&] { store.save(generatedState(blocks)); });
+    apart([&](int) { store.save(generatedState(blocks)); });
     const double fileKilobytes = static_cast<double>(fs::file_size(store.stateURL())) / 1024;
-    apart([&] {
+    rows += apart([&](int output) {
         const double before = kilobytes("VmRSS");
         const QuillmereState state = store.load();
-        std::printf("| %zu blocks: most resident in a load, over the file | 8 | %.2f |\n", blocks,
-                    (kilobytes("VmHWM") - before) / fileKilobytes);
+        ::dprintf(output, "| %zu blocks: most resident in a load, over the file | 8 | %.2f |\n", blocks,
+                  (kilobytes("VmHWM") - before) / fileKilobytes);
     });
-    apart([&] {
+    rows += apart([&](int output) {
         const QuillmereState state = store.load();
         std::ofstream("/proc/self/clear_refs") << "5";
         const double before = kilobytes("VmRSS");
         store.save(state);
-        std::printf("| %zu blocks: most resident in a save beyond the state, over the file | 2.5 | %.2f |\n",
-                    blocks, (kilobytes("VmHWM") - before) / fileKilobytes);
+        ::dprintf(output,
+                  "| %zu blocks: most resident in a save beyond the state, over the file | 2.5 | %.2f |\n",
+                  blocks, (kilobytes("VmHWM") - before) / fileKilobytes);
     });
-    apart([&] {
+    rows += apart([&](int output) {
         const Bytes file = FileManager::standard().contents(store.stateURL());
         blocksAllocated = 0;
         const QuillmereState state = StateStore::decoder().decode<QuillmereState>(file);
         const double decoding = static_cast<double>(blocksAllocated);
         blocksAllocated = 0;
         const QuillmereState copy = state;
-        std::printf("| %zu blocks: heap blocks of a decode, over a copy's | 1.07 | %.3f |\n", blocks,
-                    decoding / static_cast<double>(blocksAllocated));
+        ::dprintf(output, "| %zu blocks: heap blocks of a decode, over a copy's | 1.07 | %.3f |\n", blocks,
+                  decoding / static_cast<double>(blocksAllocated));
     });
+    return rows;
 }
 
 }  // namespace
@@ -101,7 +90,7 @@ int main()
     const std::filesystem::path directory = ::mkdtemp(name.data());
     std::printf("| Memory | at most | measured |\n|---|---|---|\n");
     for (const std::size_t blocks : {1'000, 10'000}) {
-        quillmere::bench::measure(blocks, directory);
+        std::fputs(quillmere::bench::measure(blocks, directory).c_str(), stdout);
     }
     std::filesystem::remove_all(directory);
 }

@@ -12,7 +12,7 @@ const WorkflowEngine engine;
 
 /// The sample's state as a copy to work on, and an instant after its last change.
 struct Work {
-    explicit Work(const benchmark::State& run) : state(sampleOf(run).state), now(state.updatedAt + 60) {}
+    explicit Work(const benchmark::State& run) : state(stateOf(run)), now(state.updatedAt + 60) {}
 
     QuillmereState state;
     Instant now;

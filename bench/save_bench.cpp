@@ -29,22 +29,22 @@ public:
 
 void saveQuillmere(benchmark::State& run)
 {
-    const Sample& sample = sampleOf(run);
+    const QuillmereState state = stateOf(run);
     const Directory directory;
     const StateStore store(directory.path, StateStore::renameReplacing);
     for (auto _ : run) {
-        store.save(sample.state);
+        store.save(state);
     }
 }
 
 void writeAndRename(benchmark::State& run)
 {
-    const Sample& sample = sampleOf(run);
+    const Bytes& file = fileOf(run);
     const Directory directory;
     const FileManager& files = FileManager::standard();
     for (auto _ : run) {
         const fs::path temporary = directory.path / "temporary";
-        files.writeWithoutOverwriting(temporary, sample.file.view());
+        files.writeWithoutOverwriting(temporary, file.view());
         StateStore::renameReplacing(temporary, directory.path / "state.json");
     }
 }

@@ -13,24 +13,24 @@
 
 namespace quillmere::bench {
 
-/// A state and its file. The state has been through the file, so that its texts lie in memory as they
-/// do after a load.
-struct Sample {
-    QuillmereState state;
-    Bytes file;
-};
-
-inline const Sample& sampleOf(const benchmark::State& run)
+/// The file of a history of so many finished blocks.
+inline const Bytes& fileOf(std::int64_t blocks)
 {
-    static std::map<std::int64_t, Sample> samples;
-    const std::int64_t blocks = run.range(0);
-    const auto found = samples.find(blocks);
-    if (found != samples.end()) {
+    static std::map<std::int64_t, Bytes> files;
+    const auto found = files.find(blocks);
+    if (found != files.end()) {
         return found->second;
     }
-    Bytes file = StateStore::encoder().encode(generatedState(static_cast<std::size_t>(blocks)));
-    QuillmereState state = StateStore::decoder().decode<QuillmereState>(file);
-    return samples.emplace(blocks, Sample{std::move(state), std::move(file)}).first->second;
+    const QuillmereState state = generatedState(static_cast<std::size_t>(blocks));
+    return files.emplace(blocks, StateStore::encoder().encode(state)).first->second;
+}
+
+inline const Bytes& fileOf(const benchmark::State& run) { return fileOf(run.range(0)); }
+
+/// The state of that file. Loaded, so that its texts lie in memory as they do after a load.
+inline QuillmereState stateOf(const benchmark::State& run)
+{
+    return StateStore::decoder().decode<QuillmereState>(fileOf(run));
 }
 
 /// Names a benchmark and runs it for every size that is asked for.
@@ -38,5 +38,8 @@ inline const Sample& sampleOf(const benchmark::State& run)
     BENCHMARK(function)->Name(name)->Unit(benchmark::kMillisecond)->UseRealTime()
 #define QUILLMERE_BENCH_SIZES(function, name) \
     QUILLMERE_BENCH(function, name)->Arg(10)->Arg(100)->Arg(1000)->Arg(10000)
+/// The first run in a process, as a program does it that loads, changes and saves once.
+#define QUILLMERE_BENCH_ONCE(function, name) \
+    QUILLMERE_BENCH(function, name)->Arg(100)->Arg(10000)->Iterations(1)
 
 }  // namespace quillmere::bench

@@ -1,0 +1,47 @@
+// Measurements in processes of their own, where nothing earlier counts: neither the memory that
+// another library has used nor the free lists that it leaves behind.
+#pragma once
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <string>
+#include <system_error>
+
+namespace quillmere::bench {
+
+/// Runs `measurement` in a child process and returns what it writes to the descriptor that it is given.
+template <class Measurement>
+std::string apart(Measurement measurement)
+{
+    int ends[2];
+    std::fflush(stdout);
+    if (::pipe(ends) == -1) {
+        throw std::system_error(errno, std::generic_category(), "pipe");
+    }
+    const pid_t child = ::fork();
+    if (child == -1) {
+        throw std::system_error(errno, std::generic_category(), "fork");
+    }
+    if (child == 0) {
+        ::close(ends[0]);
+        measurement(ends[1]);
+        ::_exit(0);
+    }
+    ::close(ends[1]);
+    std::string output;
+    char buffer[4096];
+    for (ssize_t count; (count = ::read(ends[0], buffer, sizeof buffer)) > 0;) {
+        output.append(buffer, static_cast<std::size_t>(count));
+    }
+    ::close(ends[0]);
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    if (status != 0) {
+        throw std::runtime_error("a measurement failed");
+    }
+    return output;
+}
+
+}  // namespace quillmere::bench
