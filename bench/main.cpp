@@ -59,7 +59,10 @@ void run(const std::vector<std::string>& arguments)
     std::vector<std::string> listing = arguments;
     listing.push_back("--benchmark_list_tests=true");
     std::istringstream listed(outputOf(listing, ""));
-    const std::vector<std::string> names{std::istream_iterator<std::string>(listed), {}};
+    std::vector<std::string> names;
+    for (std::string name; listed >> name;) {
+        names.push_back(std::move(name));
+    }
 
     for (const std::int64_t blocks : {0, 10, 100, 1'000, 10'000}) {
         fileOf(blocks);

@@ -8,8 +8,9 @@
 
 namespace quillmere {
 
-/// An owned run of bytes that grows without being filled first, and is always followed by `slack`
-/// zero bytes that are not part of it, so that a parser may read a little past the end. Every
+/// An owned run of bytes that grows without being filled first. What it holds is followed by `slack` zero
+/// bytes that are not part of it, so that a parser may read a little past the end; only one that has never
+/// been given anything, or was moved from, has none. Every
 /// allocation can throw `std::bad_alloc` and then changes nothing.
 class Bytes {
 public:

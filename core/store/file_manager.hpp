@@ -24,13 +24,14 @@ public:
     /// otherwise `$HOME/.local/share` when HOME is one (XDG Base Directory).
     virtual std::vector<std::filesystem::path> applicationSupportDirectories() const = 0;
 
-    /// The directory shared by all programs of a group; absent until one of them has made it. On
-    /// Linux: `group-containers/<identifier>` in the application-support directory.
+    /// The directory shared by all programs of a group; absent until one of them has made it, and for an
+    /// identifier that is no plain file name. On Linux: `group-containers/<identifier>` in the
+    /// application-support directory.
     virtual std::optional<std::filesystem::path> containerDirectory(
         std::string_view groupIdentifier) const = 0;
 
     /// Makes the shared directory of a group, with the default mode, unless it is there; for hosts, before
-    /// they share anything. Throws ENOENT when there is no application-support directory to hold it.
+    /// they share anything. Throws ENOENT when there is none that could hold it.
     virtual std::filesystem::path createContainerDirectory(std::string_view groupIdentifier) const = 0;
 
     /// Whether anything is there, of any kind, a link that leads nowhere included. Only a path that leads

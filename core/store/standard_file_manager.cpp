@@ -43,12 +43,14 @@ std::optional<Places> places()
     return std::nullopt;
 }
 
-/// The shared directory of a group, made or not.
-std::optional<fs::path> containerPath(std::string_view groupIdentifier)
+/// The shared directory of a group, made or not. An identifier that is no plain name has none: it would
+/// lead elsewhere.
+std::optional<fs::path> containerPath(const fs::path& groupIdentifier)
 {
     const std::optional<Places> known = places();
-    return known && !groupIdentifier.empty() ? std::optional(known->containers / groupIdentifier)
-                                             : std::nullopt;
+    const bool isPlainName = !groupIdentifier.empty() && groupIdentifier == groupIdentifier.filename() &&
+                             groupIdentifier != "." && groupIdentifier != "..";
+    return known && isPlainName ? std::optional(known->containers / groupIdentifier) : std::nullopt;
 }
 
 struct stat statusOf(const FileDescriptor& file, const fs::path& path)
@@ -58,6 +60,16 @@ struct stat statusOf(const FileDescriptor& file, const fs::path& path)
         throwErrno("fstat", path);
     }
     return status;
+}
+
+/// The same directory under a path that ends with its name, "a/b" for "a/b/" and "a/b/./".
+fs::path withoutTrailingDots(fs::path path)
+{
+    while ((!path.has_filename() || path.filename() == ".") && !path.parent_path().empty() &&
+           path.parent_path() != path) {
+        path = path.parent_path();
+    }
+    return path;
 }
 
 /// Creates one directory with the default mode unless there is one; says whether it did.
@@ -169,7 +181,7 @@ public:
     void createDirectory(const fs::path& path, std::optional<mode_t> mode) const override
     {
         constexpr mode_t defaultMode = 0777;
-        const fs::path directory = path.has_filename() ? path : path.parent_path();
+        const fs::path directory = withoutTrailingDots(path);
         const fs::path parent = directory.parent_path();
         if (!parent.empty() && parent != directory && !fileExists(parent)) {
             createDirectory(parent, std::nullopt);

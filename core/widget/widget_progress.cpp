@@ -6,6 +6,12 @@
 #include <iterator>
 
 namespace quillmere {
+namespace {
+
+/// A share, no less than 0 and no more than 1; what is not a number is none.
+double withinOne(double share) { return share > 0 ? std::min(share, 1.0) : 0.0; }
+
+}  // namespace
 
 std::optional<double> WidgetSnapshot::sessionProgress(Instant at) const
 {
@@ -19,7 +25,7 @@ std::optional<double> WidgetSnapshot::sessionProgress(Instant at) const
     const double elapsed = countdown->isPaused
                                ? total - static_cast<double>(countdown->frozenRemainingSeconds)
                                : at - countdown->startedAt;
-    return std::clamp(elapsed / total, 0.0, 1.0);
+    return withinOne(elapsed / total);
 }
 
 double WidgetSnapshot::blockProgress() const
@@ -28,7 +34,7 @@ double WidgetSnapshot::blockProgress() const
         return 0;
     }
     const double share = static_cast<double>(sessionsStarted) / static_cast<double>(sessionsPlanned);
-    return std::clamp(share, 0.0, 1.0);
+    return withinOne(share);
 }
 
 std::int64_t WidgetSnapshot::hiddenOpenQuestionCount() const

@@ -31,10 +31,11 @@ fi
 shared=OFF
 [ "$kind" = shared ] && shared=ON
 prefix=$work/installed
-configure -S "$source" -B "$work/library" -DBUILD_SHARED_LIBS=$shared -DCMAKE_INSTALL_PREFIX="$prefix" \
+configure -S "$source" -B "$work/library" -DBUILD_SHARED_LIBS=$shared \
     -DQUILLMERE_BUILD_PROGRAM=OFF -DQUILLMERE_BUILD_TESTS=OFF
 build "$work/library"
-cmake --install "$work/library" >"$work/install.log"
+# To a place that the configuration did not know of.
+cmake --install "$work/library" --prefix "$prefix" >"$work/install.log"
 
 configure -S "$source/tests/package/consumer" -B "$work/consumer" -DCMAKE_PREFIX_PATH="$prefix" \
     -DEXAMPLE="$source/examples/first_session.cpp"
@@ -48,6 +49,11 @@ libraries=$(pkg-config --variable=libdir QuillmereCore)
 ${CXX:-g++} -std=c++20 "$source/examples/first_session.cpp" $(pkg-config --cflags --libs QuillmereCore) \
     -Wl,-rpath,"$libraries" -o "$work/by_pkg_config"
 check pkg-config "$work/by_pkg_config"
+
+# Every installed header compiles by itself, out of the package alone.
+find "$prefix/include" -name '*.hpp' | while read -r header; do
+    ${CXX:-g++} -std=c++20 -fsyntax-only -I"$prefix/include" -x c++ "$header" || exit 1
+done
 
 # No private header has slipped into the package.
 if find "$prefix/include" -name '*.hpp' -exec grep -l simdjson {} + ; then

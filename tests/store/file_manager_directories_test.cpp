@@ -88,6 +88,20 @@ TEST(CreateDirectory, takesATrailingSlash)
     EXPECT_EQ(modeOf(directory.path() / "one" / "two"), ownerOnly);
 }
 
+TEST(CreateDirectory, givesTheModeToADirectoryThatATrailingDotNames)
+{
+    const TemporaryDirectory directory;
+    for (const char* const name : {"one/.", "two/./", "three/././/."}) {
+        SCOPED_TRACE(name);
+        create(directory.path() / name, ownerOnly);
+        create(directory.path() / name, ownerOnly);
+        EXPECT_EQ(modeOf(directory.path() / name), ownerOnly);
+    }
+    const CurrentDirectory here(directory.path());
+    create(".", ownerOnly);
+    create("./", ownerOnly);
+}
+
 TEST(CreateDirectory, takesARelativePath)
 {
     const TemporaryDirectory directory;

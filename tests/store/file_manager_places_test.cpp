@@ -81,6 +81,21 @@ TEST(ContainerDirectory, isThatOfTheGroup)
     EXPECT_EQ(files().containerDirectory("other"), std::nullopt);
 }
 
+TEST(ContainerDirectory, isAbsentForAnIdentifierThatLeadsElsewhere)
+{
+    const Environment environment;
+    fs::create_directories(environment.containers / "group" / "inner");
+    const std::string absolute = environment.containers / "group";
+    for (const std::string& identifier :
+         {absolute, std::string("group/inner"), std::string("group/"), std::string("../group-containers"),
+          std::string(".."), std::string("."), std::string()}) {
+        SCOPED_TRACE(identifier);
+        EXPECT_EQ(files().containerDirectory(identifier), std::nullopt);
+        EXPECT_EQ(failureOf([&] { files().createContainerDirectory(identifier); }),
+                  std::errc::no_such_file_or_directory);
+    }
+}
+
 TEST(ContainerDirectory, isAbsentWhenAFileHasItsName)
 {
     const Environment environment;

@@ -52,6 +52,11 @@ TEST(SessionProgress, isAbsentWithoutACountdown)
     EXPECT_EQ(WidgetSnapshot::empty(moment).sessionProgress(moment), std::nullopt);
 }
 
+TEST(SessionProgress, isNoneAtAnInstantThatIsNotANumber)
+{
+    EXPECT_EQ(running().sessionProgress(Instant(std::numeric_limits<double>::quiet_NaN())), 0.0);
+}
+
 TEST(SessionProgress, isTheShareOfTheTimePassed)
 {
     EXPECT_EQ(running().sessionProgress(moment), 0.0);

@@ -1,7 +1,6 @@
+#include <quillmere/records/checked_arithmetic.hpp>
 #include <quillmere/records/json/date_text.hpp>
-#include <quillmere/records/json/key_conversion.hpp>
 
-#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdint>
@@ -26,13 +25,6 @@ constexpr std::int64_t secondsAtStartOf(year first)
 constexpr std::int64_t firstSecond = secondsAtStartOf(year(0));
 constexpr std::int64_t endSecond = secondsAtStartOf(year(10'000));
 
-/// The whole number at or below a value that fits 64 bits.
-std::int64_t floorOf(double value)
-{
-    const auto towardZero = static_cast<std::int64_t>(value);
-    return towardZero - (static_cast<double>(towardZero) > value ? 1 : 0);
-}
-
 /// The decimal digits of 00 to 99 in a row.
 constexpr auto digitPairs = [] {
     std::array<char, 200> pairs{};
@@ -46,23 +38,12 @@ constexpr auto digitPairs = [] {
 /// Writes a value below 100 in two decimal digits.
 void putTwoDigits(char* destination, unsigned value) { std::memcpy(destination, &digitPairs[2 * value], 2); }
 
-/// Whether `text` consists of the characters of `shape`, in which 0 stands for any digit.
-bool hasShape(std::string_view text, std::string_view shape)
+/// The value of two decimal digits; 100, which no part of a date or a time can be, when they are none.
+unsigned twoDigits(const char* digits)
 {
-    const auto fits = [](char found, char wanted) {
-        return wanted == '0' ? isDigit(found) : found == wanted;
-    };
-    return std::equal(text.begin(), text.end(), shape.begin(), shape.end(), fits);
-}
-
-/// The number that a text of nothing but digits stands for.
-unsigned number(std::string_view digits)
-{
-    unsigned value = 0;
-    for (const char digit : digits) {
-        value = value * 10 + static_cast<unsigned>(digit - '0');
-    }
-    return value;
+    const auto tens = static_cast<unsigned>(digits[0] - '0');
+    const auto ones = static_cast<unsigned>(digits[1] - '0');
+    return tens <= 9 && ones <= 9 ? tens * 10 + ones : 100;
 }
 
 /// What follows the seconds, "Z" or ±hh:mm, in seconds east of UTC.
@@ -71,17 +52,17 @@ std::optional<std::int64_t> offsetFromText(std::string_view text)
     if (text == "Z") {
         return 0;
     }
-    const bool east = hasShape(text, "+00:00");
-    if (!east && !hasShape(text, "-00:00")) {
+    constexpr std::string_view shape = "+hh:mm";
+    if (text.size() != shape.size() || (text[0] != '+' && text[0] != '-') || text[3] != ':') {
         return std::nullopt;
     }
-    const unsigned hours = number(text.substr(1, 2));
-    const unsigned minutes = number(text.substr(4, 2));
+    const unsigned hours = twoDigits(&text[1]);
+    const unsigned minutes = twoDigits(&text[4]);
     if (hours > 23 || minutes > 59) {
         return std::nullopt;
     }
     const std::int64_t magnitude = hours * 3600 + minutes * 60;
-    return east ? magnitude : -magnitude;
+    return text[0] == '+' ? magnitude : -magnitude;
 }
 
 }  // namespace
@@ -92,7 +73,7 @@ bool putDateText(char* destination, Instant instant) noexcept
     if (!(exact >= static_cast<double>(firstSecond) && exact < static_cast<double>(endSecond))) {
         return false;
     }
-    const auto secondsSinceFirst = static_cast<std::uint64_t>(floorOf(exact) - firstSecond);
+    const auto secondsSinceFirst = static_cast<std::uint64_t>(wholeSeconds(exact) - firstSecond);
     const auto daysSinceFirst = static_cast<unsigned>(secondsSinceFirst / secondsPerDay);
     const auto secondOfDay = static_cast<unsigned>(secondsSinceFirst % secondsPerDay);
     const year_month_day date{sys_days(year(0) / 1 / 1) + days(daysSinceFirst)};
@@ -111,25 +92,31 @@ bool putDateText(char* destination, Instant instant) noexcept
 
 std::optional<Instant> instantFromDateText(std::string_view text) noexcept
 {
-    constexpr std::string_view shape = "0000-00-00T00:00:00";
-    if (!hasShape(text.substr(0, shape.size()), shape)) {
+    constexpr std::string_view shape = "YYYY-MM-DDThh:mm:ss";
+    if (text.size() <= shape.size() || text[4] != '-' || text[7] != '-' || text[10] != 'T' ||
+        text[13] != ':' || text[16] != ':') {
         return std::nullopt;
     }
-    const unsigned hour = number(text.substr(11, 2));
-    const unsigned minute = number(text.substr(14, 2));
-    const unsigned second = number(text.substr(17, 2));
+    const unsigned century = twoDigits(&text[0]);
+    const unsigned yearOfCentury = twoDigits(&text[2]);
+    const unsigned hour = twoDigits(&text[11]);
+    const unsigned minute = twoDigits(&text[14]);
+    const unsigned second = twoDigits(&text[17]);
     const std::optional<std::int64_t> offset = offsetFromText(text.substr(shape.size()));
-    if (!offset || hour > 23 || minute > 59 || second > 59) {
+    if (!offset || century > 99 || yearOfCentury > 99 || hour > 23 || minute > 59 || second > 59) {
         return std::nullopt;
     }
-    const year_month_day date{year(static_cast<int>(number(text.substr(0, 4)))),
-                              month(number(text.substr(5, 2))), day(number(text.substr(8, 2)))};
+    const year_month_day date{year(static_cast<int>(century * 100 + yearOfCentury)),
+                              month(twoDigits(&text[5])), day(twoDigits(&text[8]))};
     if (!date.ok()) {
         return std::nullopt;
     }
     const std::int64_t daysSince1970 = sys_days(date).time_since_epoch().count();
     const std::int64_t secondOfDay = hour * 3600 + minute * 60 + second;
-    return Instant(static_cast<double>(daysSince1970 * secondsPerDay + secondOfDay - *offset));
+    const std::int64_t seconds = daysSince1970 * secondsPerDay + secondOfDay - *offset;
+    // An offset can lead out of the years that can be written: what is read can be saved again.
+    const bool canBeWritten = seconds >= firstSecond && seconds < endSecond;
+    return canBeWritten ? std::optional(Instant(static_cast<double>(seconds))) : std::nullopt;
 }
 
 }  // namespace quillmere::json

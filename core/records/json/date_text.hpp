@@ -17,7 +17,8 @@ inline constexpr std::size_t dateTextLength = 20;
 bool putDateText(char* destination, Instant instant) noexcept;
 
 /// Reads `YYYY-MM-DDThh:mm:ss` followed by "Z" or an offset `±hh:mm`. Absent for any other text, for
-/// a day that the calendar does not have, and for a second 60.
+/// a day that the calendar does not have, for a second 60, and for an instant that its offset moves out
+/// of the years 0000 to 9999.
 std::optional<Instant> instantFromDateText(std::string_view text) noexcept;
 
 }  // namespace quillmere::json

@@ -5,128 +5,23 @@
 // replace the value. At the end the first bad field in table order decides.
 #pragma once
 
-#include <quillmere/records/enumeration.hpp>
 #include <quillmere/records/identifier.hpp>
 #include <quillmere/records/instant.hpp>
-#include <quillmere/records/json/date_text.hpp>
 #include <quillmere/records/json/json_decoder.hpp>
-#include <quillmere/records/json/number_text.hpp>
 #include <quillmere/records/json/reader.hpp>
+#include <quillmere/records/json/scalar.hpp>
 #include <quillmere/records/json/table.hpp>
 
+#include <algorithm>
 #include <array>
-#include <cstdint>
-#include <memory>
+#include <bitset>
+#include <map>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace quillmere::json {
-
-// Scalars: what a type expects, and how it is read from a token. `assign` says whether it could. ------
-
-template <class Value>
-struct Scalar;
-
-template <>
-struct Scalar<bool> {
-    static std::string expected() { return "true or false"; }
-    template <class Json>
-    static bool assign(Node<Json>& node, bool& value)
-    {
-        value = node.token() == "true";
-        return value || node.token() == "false";
-    }
-};
-
-/// Assigns what was found, if anything was.
-template <class Value, class Found>
-bool assignFound(Value& value, Found&& found)
-{
-    if (found) {
-        value = *std::forward<Found>(found);
-    }
-    return found.has_value();
-}
-
-template <>
-struct Scalar<std::int64_t> {
-    static std::string expected() { return "a whole number of 64 bits"; }
-    template <class Json>
-    static bool assign(Node<Json>& node, std::int64_t& value)
-    {
-        return isNumberText(node.token()) && assignFound(value, integerFromNumberText(node.token()));
-    }
-};
-
-template <>
-struct Scalar<double> {
-    static std::string expected() { return "a number within double precision"; }
-    template <class Json>
-    static bool assign(Node<Json>& node, double& value)
-    {
-        return isNumberText(node.token()) && assignFound(value, doubleFromNumberText(node.token()));
-    }
-};
-
-template <>
-struct Scalar<std::string> {
-    static std::string expected() { return "a text"; }
-    template <class Json>
-    static bool assign(Node<Json>& node, std::string& value)
-    {
-        if (!node.isString()) {
-            return false;
-        }
-        std::string unescaping;
-        const std::string_view text = node.string(unescaping);
-        value = text.data() == unescaping.data() ? std::move(unescaping) : std::string(text);
-        return true;
-    }
-};
-
-template <>
-struct Scalar<Identifier> {
-    static std::string expected() { return "an identifier such as 9F1C2A4E-0B7D-4C55-8E21-3A6B5D0C7F10"; }
-    template <class Json>
-    static bool assign(Node<Json>& node, Identifier& value)
-    {
-        std::string unescaping;
-        return node.isString() && assignFound(value, Identifier::fromText(node.string(unescaping)));
-    }
-};
-
-template <>
-struct Scalar<Instant> {
-    static std::string expected() { return "an instant such as 2026-01-31T09:15:00Z"; }
-    template <class Json>
-    static bool assign(Node<Json>& node, Instant& value)
-    {
-        std::string unescaping;
-        return node.isString() && assignFound(value, instantFromDateText(node.string(unescaping)));
-    }
-};
-
-template <RawEnumeration Enumeration>
-struct Scalar<Enumeration> {
-    static std::string expected()
-    {
-        std::string names;
-        for (const auto& row : EnumerationTable<Enumeration>::rows) {
-            names += names.empty() ? "one of \"" : ", \"";
-            names += row.text;
-            names += '"';
-        }
-        return names;
-    }
-    template <class Json>
-    static bool assign(Node<Json>& node, Enumeration& value)
-    {
-        std::string unescaping;
-        return node.isString() && assignFound(value, fromRawValue<Enumeration>(node.string(unescaping)));
-    }
-};
 
 // Values of every kind. ------------------------------------------------------------------------------
 
@@ -282,26 +177,38 @@ public:
     {
         const char* const raw = field.key().raw();
         for (std::size_t tried = 0; tried < none; ++tried) {
-            const std::size_t place = next_ + tried < none ? next_ + tried : next_ + tried - none;
-            const std::size_t row = sortedRows<Record>[place];
-            const std::string_view fileKey = RecordRows<Record>::rows[row].fileKey;
-            static_assert(longestKey() < Bytes::slack, "a comparison must not leave the text");
-            if (std::memcmp(raw, fileKey.data(), fileKey.size()) == 0 && raw[fileKey.size()] == '"') {
-                next_ = place + 1 == none ? 0 : place + 1;
-                return row;
+            const std::size_t place = next_;
+            next_ = place + 1 == none ? 0 : place + 1;
+            if (isKey(raw, sortedKeys[place])) {
+                return sortedRows<Record>[place];
             }
         }
         return findConverted(unescapedKey(field));
     }
 
 private:
+    static constexpr auto sortedKeys = [] {
+        std::array<std::string_view, none> keys;
+        for (std::size_t place = 0; place < none; ++place) {
+            keys[place] = RecordRows<Record>::rows[sortedRows<Record>[place]].fileKey;
+        }
+        return keys;
+    }();
+
     static constexpr std::size_t longestKey()
     {
         std::size_t longest = 0;
-        for (const auto& row : RecordRows<Record>::rows) {
-            longest = std::max(longest, row.fileKey.size());
+        for (const std::string_view key : sortedKeys) {
+            longest = std::max(longest, key.size());
         }
         return longest;
+    }
+
+    /// Whether a key of the file, up to its closing quote, is this one letter by letter.
+    static bool isKey(const char* raw, std::string_view key)
+    {
+        static_assert(longestKey() < Bytes::slack, "a comparison must not leave the text");
+        return raw[key.size()] == '"' && std::memcmp(raw, key.data(), key.size()) == 0;
     }
 
     static std::size_t findConverted(std::string_view fileKey)
@@ -324,8 +231,8 @@ void readInto(Node<Json>& node, Record& record, std::size_t depth)
         mismatch(node, expected(noValue<Record>), depth);
     }
     constexpr auto& rows = RecordRows<Record>::rows;
-    std::array<bool, rows.size()> present{};
-    std::array<std::unique_ptr<DecodingError>, rows.size()> errors;
+    std::bitset<rows.size()> present;
+    std::map<std::size_t, DecodingError> errors;
     RowFinder<Record> finder;
     for (auto result : node.object()) {
         ondemand::field field = checked(std::move(result));
@@ -335,17 +242,22 @@ void readInto(Node<Json>& node, Record& record, std::size_t depth)
             walk(value, depth + 1);
             continue;
         }
-        errors[row].reset();
         try {
-            present[row] = rows[row].read(value, record, depth + 1);
+            present.set(row, rows[row].read(value, record, depth + 1));
+            if (!errors.empty()) {
+                errors.erase(row);
+            }
         } catch (DecodingError& error) {
             error.prependKey(rows[row].fileKey);
-            errors[row] = std::make_unique<DecodingError>(std::move(error));
+            errors.insert_or_assign(row, std::move(error));
         }
     }
+    if (errors.empty() && present.all()) {
+        return;
+    }
     for (std::size_t row = 0; row < rows.size(); ++row) {
-        if (errors[row]) {
-            throw *std::move(errors[row]);
+        if (const auto found = errors.find(row); found != errors.end()) {
+            throw std::move(found->second);
         }
         if (!present[row]) {
             rows[row].supply(record);

@@ -12,7 +12,7 @@ namespace quillmere {
 /// exactly whole and fits 64 bits; instants accept "Z" and numeric offsets, whole seconds only.
 class JsonDecoder {
 public:
-    /// For every record and every enumeration with raw texts of this library. Throws DecodingError,
+    /// For every record and every enumeration of this library that is stored in a file. Throws DecodingError,
     /// which names the key, what was expected and what was found; and `std::bad_alloc`.
     template <class Value>
     Value decode(const Bytes& text) const;

@@ -19,7 +19,7 @@ class JsonEncoder {
 public:
     explicit JsonEncoder(JsonLayout layout) noexcept : layout_(layout) {}
 
-    /// For every record and every enumeration with raw texts of this library. Throws EncodingError
+    /// For every record and every enumeration of this library that is stored in a file. Throws EncodingError
     /// for an instant or a duration without a JSON form, and `std::bad_alloc`.
     template <class Value>
     Bytes encode(const Value& value) const;

@@ -53,11 +53,12 @@ Value checked(simdjson::simdjson_result<Value>&& result)
 
 inline std::string_view withoutTrailingSpace(std::string_view text)
 {
-    const auto isSpace = [](char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; };
-    while (!text.empty() && isSpace(text.back())) {
-        text.remove_suffix(1);
+    const auto isSpace = [](char c) { return c <= ' ' && (c == ' ' || c == '\n' || c == '\t' || c == '\r'); };
+    std::size_t length = text.size();
+    while (length > 0 && isSpace(text[length - 1])) {
+        --length;
     }
-    return text;
+    return text.substr(0, length);
 }
 
 inline const char* endOf(std::string_view text) { return text.data() + text.size(); }
@@ -69,11 +70,17 @@ std::string unescaped(std::string_view inside);
 enum class NodeKind { object, list, scalar };
 
 /// A value inside the document (`ondemand::value`) or the document itself (`ondemand::document`), and
-/// the text of its first token: a bracket, or a whole scalar. Consumed by reading it once.
+/// the text of its first token: a bracket and the space after it, or a whole scalar. Consumed by
+/// reading it once.
 template <class Json>
 class Node {
 public:
-    explicit Node(Json json) : json_(std::move(json)), token_(withoutTrailingSpace(rawToken())) {}
+    explicit Node(Json json) : json_(std::move(json)), token_(rawToken())
+    {
+        if (kind() == NodeKind::scalar) {
+            token_ = withoutTrailingSpace(token_);
+        }
+    }
 
     std::string_view token() const { return token_; }
 
@@ -95,13 +102,22 @@ public:
     /// which receives them resolved.
     std::string_view string(std::string& unescaping)
     {
-        checked(json_.get_raw_json_string());
-        const std::string_view inside = token_.substr(1, token_.size() - 2);
+        const std::string_view inside = stringInside();
         if (inside.empty() || !std::memchr(inside.data(), '\\', inside.size())) {
             return inside;
         }
         unescaping = unescaped(inside);
         return unescaping;
+    }
+
+    /// What `parse`, which takes no text with a backslash, makes of a string; so escapes need only be
+    /// looked for in a string that it does not take as it stands.
+    template <class Parse>
+    auto parsedString(Parse parse)
+    {
+        const std::string_view inside = stringInside();
+        auto value = parse(inside);
+        return value || inside.find('\\') == inside.npos ? value : parse(unescaped(inside));
     }
 
     /// Whether nothing follows, once the node has been read.
@@ -113,6 +129,13 @@ public:
     }
 
 private:
+    /// What stands between the quotes of a string.
+    std::string_view stringInside()
+    {
+        checked(json_.get_raw_json_string());
+        return token_.substr(1, token_.size() - 2);
+    }
+
     std::string_view rawToken()
     {
         if constexpr (std::is_same_v<Json, ondemand::value>) {

@@ -118,12 +118,22 @@ struct AnyOther {
     requires(!isOptional<Value>) operator Value() const;
 };
 
-/// Whether the rows are the fields of the record: it can be built from one value of each row's type in
-/// the order of the rows, and there is no field left over.
+template <class Row, class OtherRow>
+constexpr bool nameOneField = false;
+template <class Row, class OtherRow>
+requires std::is_same_v<decltype(Row::member), decltype(OtherRow::member)>
+constexpr bool nameOneField<Row, OtherRow> = Row::member == OtherRow::member;
+
+template <class Row, class... Rows>
+constexpr std::size_t timesNamed = (std::size_t{0} + ... + (nameOneField<Row, Rows> ? 1 : 0));
+
+/// Whether the rows are the fields of the record, each once: it can be built from one value of each row's
+/// type in the order of the rows, and there is no field left over.
 template <class Record, class Rows>
 constexpr bool rowsAreTheFields = false;
 template <class Record, class... Rows>
-constexpr bool rowsAreTheFields<Record, std::tuple<Rows...>> = requires
+constexpr bool rowsAreTheFields<Record, std::tuple<Rows...>> =
+    ((timesNamed<Rows, Rows...> == 1) && ...) && requires
 {
     Record{std::declval<typename Rows::Value>()...};
 }

@@ -1,8 +1,6 @@
 // Well-formed UTF-8 (The Unicode Standard, table 3-7; RFC 3629).
 #pragma once
 
-#include <quillmere/records/json/fixed_text.hpp>
-
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -11,7 +9,7 @@
 namespace quillmere::json {
 
 /// U+FFFD, which stands for bytes that are no text.
-inline constexpr FixedText replacementCharacter = "\xEF\xBF\xBD";
+inline constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
 
 /// Appends a character. `codePoint` is at most U+10FFFF and no surrogate.
 void appendUtf8(std::string& text, std::uint32_t codePoint);

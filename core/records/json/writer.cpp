@@ -3,6 +3,7 @@
 #include <quillmere/records/json/utf8.hpp>
 #include <quillmere/records/json/writer.hpp>
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <charconv>
@@ -116,7 +117,7 @@ char* putSpecial(char* cursor, std::string_view& text)
     const Utf8Sequence sequence = frontSequence(text);
     if (!sequence.wellFormed) {
         text.remove_prefix(sequence.length);
-        return putText(cursor, replacementCharacter);
+        return std::copy(replacementCharacter.begin(), replacementCharacter.end(), cursor);
     }
     for (std::size_t index = 0; index < sequence.length; ++index) {
         cursor[index] = text[index];

@@ -41,7 +41,9 @@ TEST(ReadInstant, isUtcOrHasAnOffsetOfHoursAndMinutes)
         {"1970-01-01T00:00:00+00:01", -60},
         {"0000-01-01T00:00:00Z", -62'167'219'200},
         {"0000-02-29T00:00:00Z", -62'162'121'600},
+        {"0000-01-01T01:00:00+01:00", -62'167'219'200},
         {"9999-12-31T23:59:59Z", 253'402'300'799},
+        {"9999-12-31T22:59:59-01:00", 253'402'300'799},
         // An escape spells the same text.
         {R"(2026-11-15\u005415:00:00\u005A)", moment},
     };
@@ -119,6 +121,9 @@ constexpr std::string_view noInstants[] = {
     "2026-11-15T15:00:60Z",
     "2016-12-31T23:59:60Z",
     "2026-11-15T15:00:61Z",
+    // Out of the years that can be written, once the offset is taken off.
+    "0000-01-01T00:59:59+01:00",
+    "9999-12-31T23:00:00-01:00",
     // Too many digits, too few, or none.
     "02026-11-15T15:00:00Z",
     "12026-11-15T15:00:00Z",
