@@ -1,0 +1,31 @@
+// What the fuzz targets share.
+//
+// A target takes any bytes and aborts when one of its sentences does not hold of them. Built with
+// libFuzzer it is fed by that; built with replay_main.cpp it repeats the inputs of tests/corpus.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+namespace quillmere::test {
+
+/// Says which sentence is broken, and aborts.
+inline void require(bool holds, const char* sentence)
+{
+    if (!holds) {
+        std::fprintf(stderr, "broken: %s\n", sentence);
+        std::abort();
+    }
+}
+
+inline std::string_view textOf(const std::uint8_t* data, std::size_t size)
+{
+    return {reinterpret_cast<const char*>(data), size};
+}
+
+}  // namespace quillmere::test

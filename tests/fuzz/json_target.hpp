@@ -1,0 +1,75 @@
+// What holds of any bytes that are read as a record.
+#pragma once
+
+#include <quillmere/records/json/coding_error.hpp>
+#include <quillmere/records/json/json_decoder.hpp>
+#include <quillmere/records/json/json_encoder.hpp>
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "fuzz/fuzz_target.hpp"
+#include "proofs/values/utf8_check.hpp"
+
+namespace quillmere::test {
+
+/// A path as files are pointed into: keys of small letters joined by points, and indices.
+inline bool looksLikePath(std::string_view path)
+{
+    const auto isLetter = [](char c) { return c >= 'a' && c <= 'z'; };
+    const auto mayStand = [&](char c) {
+        return isLetter(c) || (c >= '0' && c <= '9') || std::string_view("_.[]").find(c) != path.npos;
+    };
+    return !path.empty() && isLetter(path.front()) && std::all_of(path.begin(), path.end(), mayStand);
+}
+
+/// A refusal says where, unless it is about the document as a whole, and says it in a text.
+inline void requireTold(const DecodingError& error)
+{
+    const std::string& path = error.path();
+    const bool isAboutAll = error.expected() == "well-formed JSON" || error.expected() == "an object";
+    require(path.empty() ? isAboutAll : looksLikePath(path), "a decoding error says where");
+    const std::string explanation = "expected " + error.expected() + ", found " + error.found();
+    require(error.what() == (path.empty() ? explanation : path + ": " + explanation),
+            "a decoding error says what was expected and what was found");
+    require(isUtf8(error.what()), "the message of a decoding error is a text");
+}
+
+/// What was read is written and read again without loss, to the same bytes: whole seconds, finite
+/// numbers and well-formed texts are all that a file can hold.
+template <class Record>
+void requireRoundTrip(const Record& record, JsonLayout layout)
+{
+    Bytes written;
+    try {
+        written = JsonEncoder(layout).encode(record);
+    } catch (const EncodingError& error) {
+        // The one exception: the first and the last hours of the calendar, read with an offset.
+        require(error.reason().starts_with("an instant") && looksLikePath(error.path()),
+                "what was read can be written");
+        return;
+    }
+    require(isUtf8(written.view()), "what is written is a text");
+    const Record again = JsonDecoder().decode<Record>(written);
+    require(again == record, "what is written reads back equal");
+    require(JsonEncoder(layout).encode(again).view() == written.view(), "and is written in the same bytes");
+}
+
+/// Any other exception than DecodingError ends the target.
+template <class Record>
+void readAndWriteBack(const std::uint8_t* data, std::size_t size)
+{
+    std::optional<Record> record;
+    try {
+        record = JsonDecoder().decode<Record>(Bytes(textOf(data, size)));
+    } catch (const DecodingError& error) {
+        requireTold(error);
+        return;
+    }
+    requireRoundTrip(*record, JsonLayout::pretty);
+    requireRoundTrip(*record, JsonLayout::compact);
+}
+
+}  // namespace quillmere::test

@@ -1,0 +1,25 @@
+// Where a target may start from.
+#pragma once
+
+#include <quillmere/records/enumeration.hpp>
+
+#include <cstddef>
+
+#include "support/sample_states.hpp"
+
+namespace quillmere::test {
+
+inline constexpr std::size_t situationCount = 11;
+
+/// One of `situationCount` states: in each workflow state, in the middle of much, waiting, or new.
+inline QuillmereState situation(std::size_t which)
+{
+    switch (which) {
+        case 8: return fullState();
+        case 9: return stateWithScheduledBlock();
+        case 10: return QuillmereState::initial(moment);
+        default: return stateIn(allCases<WorkflowState>().at(which));
+    }
+}
+
+}  // namespace quillmere::test

@@ -1,0 +1,231 @@
+// Bytes that are no text: in memory they do no harm to what is written, in a file they are refused.
+#include <quillmere/records/outcome.hpp>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "proofs/support/figures.hpp"
+#include "proofs/values/utf8_check.hpp"
+#include "records/coding_helpers.hpp"
+
+namespace quillmere::test {
+namespace {
+
+/// Bytes on both sides of every border that UTF-8 and JSON draw.
+constexpr auto borderBytes = std::to_array<unsigned char>(
+    {0x00, 0x1F, 0x20, 0x22, 0x41, 0x5C, 0x7F, 0x80, 0x8F, 0x90, 0x9F, 0xA0, 0xBF, 0xC0, 0xC1, 0xC2,
+     0xDF, 0xE0, 0xE1, 0xEC, 0xED, 0xEE, 0xEF, 0xF0, 0xF1, 0xF3, 0xF4, 0xF5, 0xF8, 0xFC, 0xFE, 0xFF});
+
+template <class... Byte>
+std::string bytes(Byte... byte)
+{
+    return {static_cast<char>(byte)...};
+}
+
+/// Whether some well-formed character begins with these bytes.
+bool beginsCharacter(std::string_view front)
+{
+    const std::string begun(front);
+    // Each first byte accepts at least one of these as its second, and all others accept the first.
+    for (const char* const second : {"\x80", "\x90", "\xA0"}) {
+        const std::string completed = begun.size() == 1 ? begun + second : begun;
+        for (std::size_t length = completed.size(); length <= 4; ++length) {
+            if (isUtf8(completed + std::string(length - completed.size(), '\x80'))) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+/// What a text becomes in a file: each longest beginning of a character that does not go on, and each
+/// byte that begins none, gives way to one U+FFFD.
+std::string repaired(std::string_view text)
+{
+    std::string result;
+    while (!text.empty()) {
+        std::size_t length = 1;
+        bool isCharacter = false;
+        for (std::size_t tried = 1; tried <= std::min<std::size_t>(4, text.size()); ++tried) {
+            // One character has one first byte; more would be more characters.
+            const std::string_view front = text.substr(0, tried);
+            if (tried == 1 || static_cast<unsigned char>(front.front()) >= 0xC2) {
+                if (isUtf8(front) && !isCharacter) {
+                    length = tried;
+                    isCharacter = true;
+                } else if (!isCharacter && beginsCharacter(front)) {
+                    length = tried;
+                }
+            }
+        }
+        result += isCharacter ? std::string(text.substr(0, length)) : "\xEF\xBF\xBD";
+        text.remove_prefix(length);
+    }
+    return result;
+}
+
+/// Whether a text in memory is written as a text, and reads back with nothing but its bad bytes replaced.
+bool isRepaired(const std::string& title)
+{
+    const std::string file = compactText(Outcome{Identifier(Identifier::Bytes{}), title});
+    return isUtf8(file) && decoded<Outcome>(file).title == repaired(title);
+}
+
+/// Whether a file with these bytes in a value, in a value that nobody asks for, in a key and outside of
+/// all strings is refused as no JSON.
+bool isRefused(const std::string& sequence, std::size_t place)
+{
+    static const std::string id = "\"id\":\"00000000-0000-0000-0000-000000000000\"";
+    const auto file = [&] {
+        switch (place % 4) {
+            case 0: return "{" + id + ",\"title\":\"" + sequence + "\"}";
+            case 1: return "{" + id + ",\"title\":\"\",\"zzz\":[\"ab" + sequence + "c\"]}";
+            case 2: return "{" + id + ",\"title\":\"\",\"k" + sequence + "\":1}";
+            default: return "{" + id + ",\"title\":\"\"}" + sequence;
+        }
+    };
+    const std::optional<DecodingError> error = decodingError<Outcome>(file());
+    return isMalformed(error) && isUtf8(error->what());
+}
+
+/// Sequences, seen one by one and many to a text.
+class IllFormed : public testing::Test {
+protected:
+    ~IllFormed() override { EXPECT_GT(refused_, 0U); }
+
+    /// Takes one in; well-formed ones are only written. `places` is where to put it in files, of four.
+    void see(const std::string& sequence, std::size_t places)
+    {
+        text_ += sequence + '|';
+        ++written_;
+        if (text_.size() > 1000) {
+            finishText();
+        }
+        if (isUtf8(sequence) || places == 0) {
+            return;
+        }
+        for (std::size_t place = 0; place < places; ++place) {
+            ASSERT_TRUE(isRefused(sequence, refused_ + place)) << testing::PrintToString(sequence);
+        }
+        ++refused_;
+    }
+
+    void finishText()
+    {
+        ASSERT_TRUE(isRepaired(text_)) << testing::PrintToString(text_);
+        text_.clear();
+    }
+
+    void report(const std::string& kind)
+    {
+        finishText();
+        reportFigure("Ill-formed UTF-8", kind + ", written as valid texts", written_);
+        reportFigure("Ill-formed UTF-8", kind + ", refused in files", refused_);
+    }
+
+private:
+    std::string text_;
+    std::uint64_t written_ = 0;
+    std::uint64_t refused_ = 0;
+};
+
+TEST_F(IllFormed, everyByteAndEveryPairOfBytes)
+{
+    for (unsigned first = 0; first < 256; ++first) {
+        see(bytes(first), 4);
+        for (unsigned second = 0; second < 256; ++second) {
+            see(bytes(first, second), amount(1, 4));
+        }
+        if (HasFatalFailure()) {
+            return;
+        }
+    }
+    report("1 and 2 bytes");
+}
+
+TEST_F(IllFormed, everyTripleOfBytes)
+{
+    // All in the long form; else every first byte before the bytes at the borders.
+    std::vector<unsigned> followers(borderBytes.begin(), borderBytes.end());
+    if (inLongForm()) {
+        followers.clear();
+        for (unsigned byte = 0; byte < 256; ++byte) {
+            followers.push_back(byte);
+        }
+    }
+    for (unsigned first = 0; first < 256; ++first) {
+        for (const unsigned second : followers) {
+            for (const unsigned third : followers) {
+                // Most of these are seen above; in files the short form repeats a part of them.
+                const bool isInFile = inLongForm() || (second + third) % 8 == 0;
+                see(bytes(first, second, third), isInFile ? 1 : 0);
+            }
+        }
+        if (HasFatalFailure()) {
+            return;
+        }
+    }
+    report("3 bytes");
+}
+
+TEST_F(IllFormed, fourBytesAtTheBordersAndCutShort)
+{
+    // Overlong forms, surrogates in pairs, what lies beyond U+10FFFF, and beginnings of all of them.
+    for (unsigned first = 0xC0; first < 256; ++first) {
+        for (const unsigned second : borderBytes) {
+            for (const unsigned third : {0x41, 0x7F, 0x80, 0xBF, 0xC0}) {
+                for (const unsigned fourth : {0x22, 0x7F, 0x80, 0xBF, 0xC0}) {
+                    see(bytes(first, second, third, fourth), amount(fourth == 0x80 ? 1 : 0, 4));
+                }
+            }
+        }
+        if (HasFatalFailure()) {
+            return;
+        }
+    }
+    for (const char* const sequence : {"\xC0\x80",
+                                       "\xE0\x80\x80",
+                                       "\xF0\x80\x80\x80",
+                                       "\xF8\x80\x80\x80\x80",
+                                       "\xFC\x80\x80\x80\x80\x80",
+                                       "\xC0\xAF",
+                                       "\xE0\x9F\xBF",
+                                       "\xF0\x8F\xBF\xBF",
+                                       "\xED\xA0\x80",
+                                       "\xED\xBF\xBF",
+                                       "\xED\xA0\x81\xED\xB0\x80",
+                                       "\xF4\x90\x80\x80",
+                                       "\xF7\xBF\xBF\xBF",
+                                       "\xF0\x9F\x99",
+                                       "\xF0\x9F",
+                                       "\xF0",
+                                       "\xE2\x82",
+                                       "\xE2",
+                                       "\xC3",
+                                       "\xF0\x9F\x99\xF0\x9F\x99\x82"}) {
+        see(sequence, 4);
+    }
+    report("4 bytes");
+}
+
+/// The end of the text may be in the middle of a character, at any distance from 16 bytes.
+TEST_F(IllFormed, charactersCutShortAtTheEndOfTheText)
+{
+    const std::string character = "\xF0\x9F\x99\x82";
+    for (std::size_t before = 0; before < 40; ++before) {
+        for (std::size_t length = 1; length < character.size(); ++length) {
+            const std::string cut = std::string(before, 'x') + character.substr(0, length);
+            ASSERT_TRUE(isRepaired(cut)) << before;
+            see(cut, 4);
+        }
+    }
+    report("cut short");
+}
+
+}  // namespace
+}  // namespace quillmere::test
