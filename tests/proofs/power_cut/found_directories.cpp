@@ -1,5 +1,7 @@
 #include "proofs/power_cut/found_directories.hpp"
 
+#include <quillmere/widget/widget_snapshot_store.hpp>
+
 #include <optional>
 
 #include "support/sample_states.hpp"
@@ -10,45 +12,64 @@ namespace {
 
 constexpr std::size_t mostVersions = 4;
 
-void findState(const StateStore& store, Found& found)
+/// The number of the version that `isVersion` recognises.
+template <class IsVersion>
+FoundFile versionThat(IsVersion isVersion)
 {
-    found.state = Finding::foreign;
+    for (std::size_t number = 0; number < mostVersions; ++number) {
+        if (isVersion(versionNumber(number))) {
+            return {.finding = Finding::version, .number = number};
+        }
+    }
+    return {.finding = Finding::foreign};
+}
+
+FoundFile findState(const StateStore& store)
+{
     try {
         const QuillmereState state = store.load();
         QuillmereState initial = QuillmereState::initial(moment - 1);
         initial.id = state.id;
         if (!std::filesystem::exists(store.stateURL()) && state == initial) {
-            found.state = Finding::nothing;
+            return {.finding = Finding::nothing};
         }
-        for (std::size_t number = 0; number < mostVersions; ++number) {
-            if (state == versionNumber(number)) {
-                found.state = Finding::version;
-                found.stateNumber = number;
-            }
-        }
+        return versionThat([&](const QuillmereState& version) { return state == version; });
     } catch (const DecodingError&) {
-        found.state = Finding::refused;
+        return {.finding = Finding::refused};
     }
 }
 
-void findSummary(const StateStore& store, Found& found)
+FoundFile findAgentSummary(const StateStore& store)
 {
     if (!std::filesystem::exists(store.agentStateURL())) {
-        found.summary = Finding::nothing;
-        return;
+        return {.finding = Finding::nothing};
     }
-    found.summary = Finding::foreign;
     try {
         const Bytes text(textOf(store.agentStateURL()));
         const auto summary = StateStore::decoder().decode<AgentSnapshot>(text);
-        for (std::size_t number = 0; number < mostVersions; ++number) {
-            if (summary == store.agentSnapshot(versionNumber(number), std::nullopt)) {
-                found.summary = Finding::version;
-                found.summaryNumber = number;
-            }
-        }
+        return versionThat([&](const QuillmereState& version) {
+            return summary == store.agentSnapshot(version, std::nullopt);
+        });
     } catch (const DecodingError&) {
-        found.summary = Finding::refused;
+        return {.finding = Finding::refused};
+    }
+}
+
+FoundFile findWidgetSummary(const WidgetSnapshotStore& store)
+{
+    try {
+        const WidgetSnapshot summary = store.load();
+        return versionThat([&](const QuillmereState& version) {
+            return summary == WidgetSnapshot::make(version, version.updatedAt);
+        });
+    } catch (const WidgetSnapshotLoadError& error) {
+        switch (error.reason()) {
+            case WidgetSnapshotLoadError::notWritten: return {.finding = Finding::nothing};
+            case WidgetSnapshotLoadError::unreadable: return {.finding = Finding::refused};
+            case WidgetSnapshotLoadError::unsupportedSchemaVersion:
+            case WidgetSnapshotLoadError::containerUnavailable: break;
+        }
+        return {.finding = Finding::foreign};
     }
 }
 
@@ -67,13 +88,16 @@ const Found& FoundDirectories::look(const DirectoryImage& image)
     const StateStore store(
         directory.path(), [] { return moment - 1; }, StateStore::renameReplacing);
     Found& found = place->second;
-    findState(store, found);
-    findSummary(store, found);
+    found = {.state = findState(store),
+             .agent = findAgentSummary(store),
+             .widget = findWidgetSummary(WidgetSnapshotStore(directory.path()))};
     bool isUnchanged = namesIn(directory.path()).size() == image.size();
     for (const auto& [name, content] : image) {
         isUnchanged = isUnchanged && textOf(directory.path() / name) == content;
     }
-    found.state = isUnchanged ? found.state : Finding::foreign;
+    if (!isUnchanged) {
+        found = {};
+    }
     return found;
 }
 

@@ -12,15 +12,19 @@ namespace quillmere::test {
 enum class Finding {
     nothing,  ///< there is none, and loading gives an initial state
     version,  ///< one that was saved
-    refused,  ///< load() threw DecodingError and left every byte
+    refused,  ///< it does not decode, and every byte was left
     foreign,  ///< anything else
 };
 
+struct FoundFile {
+    Finding finding = Finding::foreign;
+    std::size_t number = 0;  ///< of the version
+};
+
 struct Found {
-    Finding state;
-    std::size_t stateNumber;  ///< of the version
-    Finding summary;
-    std::size_t summaryNumber;
+    FoundFile state;
+    FoundFile agent;   ///< the agent's summary
+    FoundFile widget;  ///< the widget's
 };
 
 /// Builds directories and loads what is in them; each only once.

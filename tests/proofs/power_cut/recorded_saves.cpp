@@ -1,6 +1,6 @@
 #include "proofs/power_cut/recorded_saves.hpp"
 
-#include <algorithm>
+#include <quillmere/widget/widget_snapshot_store.hpp>
 
 #include "support/sample_states.hpp"
 #include "support/temporary_directory.hpp"
@@ -17,6 +17,17 @@ DirectoryImage imageOf(const fs::path& directory)
         image[name] = textOf(directory / name);
     }
     return image;
+}
+
+void save(Scope scope, const fs::path& directory, std::size_t number, const ReplaceItem& replaceItem)
+{
+    const QuillmereState state = versionNumber(number);
+    if (scope != Scope::widget) {
+        StateStore(directory, replaceItem).save(state);
+    }
+    if (scope != Scope::state) {
+        WidgetSnapshotStore(directory, replaceItem).save(WidgetSnapshot::make(state, state.updatedAt));
+    }
 }
 
 }  // namespace
@@ -37,15 +48,14 @@ std::vector<CutMoment> cutMoments(const Saves& saves)
 {
     const TemporaryDirectory directory;
     if (saves.hasEarlier) {
-        StateStore(directory.path(), StateStore::renameReplacing).save(versionNumber(0));
+        save(saves.scope, directory.path(), 0, StateStore::renameReplacing);
     }
     FileSystemModel model(directory.path(), imageOf(directory.path()));
-    const StateStore store(directory.path(), saves.replaceItem);
 
     std::vector<CutMoment> moments;
     for (std::size_t number = 1; number <= saves.count; ++number) {
         const SystemCallWatch watch;
-        store.save(versionNumber(number));
+        save(saves.scope, directory.path(), number, saves.replaceItem);
         moments.push_back({.completed = number - 1, .begun = number, .images = model.imagesAfterCut()});
         for (const CallRecord& record : watch.calls()) {
             if (model.apply(record)) {

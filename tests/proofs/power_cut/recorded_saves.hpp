@@ -10,8 +10,12 @@
 
 namespace quillmere::test {
 
+/// Which files a save replaces.
+enum class Scope { state, widget, all };
+
 /// What to save, and how.
 struct Saves {
+    Scope scope;
     bool hasEarlier;  ///< whether version 0 was saved long ago, and lasts
     std::size_t count;
     ReplaceItem replaceItem;

@@ -112,8 +112,10 @@ Verdict fillDisk(const std::filesystem::path& place, ReplaceItem replaceItem)
     QuillmereState state = fullState();
     QuillmereState saved = state;
     std::error_code error;
+    // The disk is full long before so many times.
+    constexpr std::size_t mostSaves = 200;
     std::size_t count = 0;
-    for (; !error && count < 10'000; ++count) {
+    for (; !error && count < mostSaves; ++count) {
         saved = state;
         state.agentQuestions.back().question.append(4096, 'x');
         error = failureOf([&] { store.save(state); });

@@ -14,8 +14,6 @@
 namespace quillmere::test {
 namespace {
 
-const std::vector<std::string> nothingElse;
-
 /// Goes through all faulted saves; those to which `holds` does not apply fail the test.
 template <class Holds>
 std::size_t expectOfEverySave(Holds holds)
@@ -26,6 +24,18 @@ std::size_t expectOfEverySave(Holds holds)
         EXPECT_TRUE(holds(save)) << testing::PrintToString(save);
     });
     return count;
+}
+
+TEST(ASave, opensNoFileThatItMightOverwrite)
+{
+    for (const Situation& situation : situations()) {
+        std::size_t created = 0;
+        for (const CallRecord& record : undisturbedCalls(situation)) {
+            created += record.creates ? 1 : 0;
+            EXPECT_EQ(record.creates, record.isExclusive) << record.path;
+        }
+        EXPECT_EQ(created, situation.store == StoreKind::state ? 2u : 1u);
+    }
 }
 
 TEST(ASaveWithAFault, isTriedAtEveryCall)

@@ -27,6 +27,7 @@ struct CallRecord {
     std::string destination = {};  ///< of a rename
     int error = 0;                 ///< 0 when it succeeded
     bool creates = false;          ///< an open that makes the file
+    bool isExclusive = false;      ///< and fails when it is there
     std::uint64_t offset = 0;      ///< of a write
     std::string data = {};         ///< what was written
 };

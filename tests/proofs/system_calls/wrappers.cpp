@@ -134,6 +134,7 @@ int __wrap_open(const char* path, int flags, ...)
     }
     CallRecord record = onPath(SystemCall::open, path);
     record.creates = (flags & O_CREAT) != 0;
+    record.isExclusive = (flags & O_EXCL) != 0;
     const int descriptor = made(std::move(record), call);
     if (descriptor != -1) {
         currentWatch->opened(descriptor, path);
