@@ -12,6 +12,7 @@
 #include <cmath>
 #include <new>
 #include <random>
+#include <stdexcept>
 
 #include "proofs/kills/numbered_versions.hpp"
 #include "support/temporary_directory.hpp"
@@ -70,7 +71,7 @@ std::size_t sizeOfVersion(std::uint64_t number)
     return static_cast<std::size_t>(smallest * std::pow(largest / smallest, share));
 }
 
-SavingProcess::SavingProcess(const fs::path& directory, std::uint64_t first)
+SavingProcess::SavingProcess(const fs::path& directory, std::uint64_t first) : first_(first)
 {
     void* const shared =
         ::mmap(nullptr, sizeof(Progress), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
@@ -80,12 +81,17 @@ SavingProcess::SavingProcess(const fs::path& directory, std::uint64_t first)
     progress_ = new (shared) Progress{.begun = first - 1, .completed = first - 1};
     process_ = ::fork();
     if (process_ == 0) {
-        for (std::uint64_t number = first;; ++number) {
-            const QuillmereState state = numberedState(number, sizeOfVersion(number));
-            progress_->begun = number;
-            saveNumbered(directory, state);
-            progress_->completed = number;
-        }
+        saveForEver(directory);
+    }
+}
+
+void SavingProcess::saveForEver(const fs::path& directory) noexcept
+{
+    for (std::uint64_t number = first_;; ++number) {
+        const QuillmereState state = numberedState(number, sizeOfVersion(number));
+        progress_->begun = number;
+        saveNumbered(directory, state);
+        progress_->completed = number;
     }
 }
 
@@ -95,11 +101,15 @@ SavingProcess::~SavingProcess()
     ::munmap(progress_, sizeof(Progress));
 }
 
-void SavingProcess::waitForBeginning() const
+void SavingProcess::waitForBeginning()
 {
-    const std::uint64_t before = progress_->completed;
-    while (progress_->begun == before && progress_->completed == before) {
-        ::usleep(100);
+    constexpr useconds_t littleWhile = 100;
+    while (progress_->begun < first_) {
+        if (::waitpid(process_, nullptr, WNOHANG) == process_) {
+            process_ = -1;
+            throw std::runtime_error("the saving process has ended by itself");
+        }
+        ::usleep(littleWhile);
     }
 }
 

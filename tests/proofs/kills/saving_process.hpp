@@ -38,7 +38,7 @@ public:
     ~SavingProcess();
 
     /// Waits until the first save has begun.
-    void waitForBeginning() const;
+    void waitForBeginning();
 
     /// Kills it wherever it is.
     void kill();
@@ -52,6 +52,10 @@ private:
         std::atomic<std::uint64_t> completed;
     };
 
+    /// In the other process, which ends when a save throws.
+    [[noreturn]] void saveForEver(const std::filesystem::path& directory) noexcept;
+
+    std::uint64_t first_;
     Progress* progress_;  ///< in memory that both processes share
     pid_t process_ = -1;
 };

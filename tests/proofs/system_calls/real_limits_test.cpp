@@ -93,15 +93,18 @@ bool writeOneLine(const char* file, const std::string& line)
 bool mountOwnDisk(const std::filesystem::path& place)
 {
     const uid_t user = ::geteuid();
-    if (user == 0) {
-        if (::unshare(CLONE_NEWNS) != 0) {
-            return false;
-        }
-    } else if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0 ||
-               !writeOneLine("/proc/self/uid_map", "0 " + std::to_string(user) + " 1")) {
+    const gid_t group = ::getegid();
+    const int kinds = user == 0 ? CLONE_NEWNS : CLONE_NEWUSER | CLONE_NEWNS;
+    if (::unshare(kinds) != 0) {
         return false;
     }
-    return ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+    const auto becomeSuperuser = [&] {
+        return writeOneLine("/proc/self/uid_map", "0 " + std::to_string(user) + " 1") &&
+               writeOneLine("/proc/self/setgroups", "deny") &&
+               writeOneLine("/proc/self/gid_map", "0 " + std::to_string(group) + " 1");
+    };
+    return (user == 0 || becomeSuperuser()) &&
+           ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
            ::mount("tmpfs", place.c_str(), "tmpfs", 0, "size=256k") == 0;
 }
 
