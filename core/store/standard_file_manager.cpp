@@ -82,7 +82,11 @@ bool makeDirectory(const fs::path& path, mode_t mode)
         throwErrno("mkdir", path);
     }
     struct stat status;
-    if (::stat(path.c_str(), &status) == -1 || !S_ISDIR(status.st_mode)) {
+    const bool leadsSomewhere = ::stat(path.c_str(), &status) == 0;
+    if (!leadsSomewhere && errno != ENOENT && errno != ENOTDIR) {
+        throwErrno("stat", path);
+    }
+    if (!leadsSomewhere || !S_ISDIR(status.st_mode)) {
         errno = EEXIST;
         throwErrno("mkdir", path);
     }
@@ -188,7 +192,7 @@ public:
         }
         if (makeDirectory(directory, mode.value_or(defaultMode)) && mode) {
             // mkdir(2) leaves out what the umask leaves out.
-            if (::chmod(directory.c_str(), *mode) == -1) {
+            if (uninterrupted([&] { return ::chmod(directory.c_str(), *mode); }) == -1) {
                 throwErrno("chmod", directory);
             }
         }

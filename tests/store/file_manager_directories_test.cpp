@@ -127,6 +127,14 @@ TEST(CreateDirectory, failsWhenSomethingElseIsInTheWay)
     EXPECT_EQ(textOf(directory.path() / "file"), "kept");
 }
 
+TEST(CreateDirectory, saysWhyWhatIsThereCannotBeLookedAt)
+{
+    const TemporaryDirectory directory;
+    makeLinkLoop(directory.path() / "loop");
+    EXPECT_EQ(failureOf([&] { create(directory.path() / "loop", ownerOnly); }),
+              std::errc::too_many_symbolic_link_levels);
+}
+
 TEST(CreateDirectory, failsForAnEmptyPath)
 {
     EXPECT_EQ(failureOf([] { create(""); }), std::errc::no_such_file_or_directory);

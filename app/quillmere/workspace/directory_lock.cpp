@@ -19,6 +19,16 @@ using namespace std::chrono_literals;
 constexpr auto longestWait = 5s;
 constexpr auto pauseBetweenTries = 10ms;
 
+/// A signal does not keep it from being opened.
+int openDirectory(const std::filesystem::path& directory)
+{
+    int descriptor = -1;
+    do {
+        descriptor = ::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    } while (descriptor == -1 && errno == EINTR);
+    return descriptor;
+}
+
 /// Whether the lock was taken; false when somebody else has it.
 bool tryLock(int descriptor)
 {
@@ -46,8 +56,7 @@ void waitForLock(int descriptor, const std::filesystem::path& directory)
 
 }  // namespace
 
-DirectoryLock::DirectoryLock(const std::filesystem::path& directory)
-    : descriptor_(::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+DirectoryLock::DirectoryLock(const std::filesystem::path& directory) : descriptor_(openDirectory(directory))
 {
     if (descriptor_ == -1) {
         throw std::filesystem::filesystem_error("open", directory, {errno, std::generic_category()});

@@ -1,0 +1,146 @@
+// The program is killed at every system call of a save.
+//
+// strace lets SIGKILL arrive as the program makes a call, so that it dies between that call and the one
+// before. What the system has been told stays told: this is the death of a process, not of the machine.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "proofs/kills/leftovers.hpp"
+#include "proofs/support/figures.hpp"
+#include "proofs/system_calls/three_files.hpp"
+#include "proofs/system_calls/tracing.hpp"
+
+namespace quillmere::test {
+namespace {
+
+constexpr int killed = 128 + 9;
+
+/// What one kill left, and what the run after it made of it.
+struct Aftermath {
+    std::string call;
+    Before before;
+    int code;
+    std::vector<Version> versions;
+    std::vector<std::string> leftovers;
+    int nextCode;
+    bool nextAgrees;
+    bool nextTouchedLeftovers;
+    std::vector<std::string> leftoversAfterNext;
+};
+
+Aftermath killAt(const TracedCall& call, Before before)
+{
+    const ThreeFiles files(before);
+    Aftermath aftermath{.call = call.text,
+                        .before = before,
+                        .code = 0,
+                        .versions = {},
+                        .leftovers = {},
+                        .nextCode = 0,
+                        .nextAgrees = false,
+                        .nextTouchedLeftovers = false,
+                        .leftoversAfterNext = {}};
+    const std::string injection = call.name + ":signal=KILL:when=" + std::to_string(call.ordinal);
+    aftermath.code = traced(files.directory(), ThreeFiles::asking(), files.home(), injection).code;
+    aftermath.versions = files.versions();
+    aftermath.leftovers = files.others();
+
+    const TracedRun next = traced(files.directory(), ThreeFiles::asking(), files.home());
+    aftermath.nextCode = next.code;
+    aftermath.nextAgrees = files.agree();
+    aftermath.leftoversAfterNext = files.others();
+    for (const TracedCall& nextCall : next.calls) {
+        for (const std::string& leftover : aftermath.leftovers) {
+            aftermath.nextTouchedLeftovers |= nextCall.text.find(leftover) != std::string::npos;
+        }
+    }
+    return aftermath;
+}
+
+/// Every kill; made once in a process.
+const std::vector<Aftermath>& aftermaths()
+{
+    static const std::vector<Aftermath> all = [] {
+        std::vector<Aftermath> made;
+        for (const Before before : {Before::earlierFile, Before::noDirectory}) {
+            if (before == Before::noDirectory && !inLongForm()) {
+                continue;
+            }
+            const ThreeFiles example(before);
+            for (const TracedCall& call :
+                 traced(example.directory(), ThreeFiles::asking(), example.home()).calls) {
+                made.push_back(killAt(call, before));
+            }
+        }
+        return made;
+    }();
+    return all;
+}
+
+class AKillAtACall : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (!canTrace()) {
+            GTEST_SKIP() << cannotTrace;
+        }
+    }
+};
+
+TEST_F(AKillAtACall, leavesEachFileOldOrNew)
+{
+    for (const Aftermath& aftermath : aftermaths()) {
+        const Version old = aftermath.before == Before::earlierFile ? Version::older : Version::none;
+        EXPECT_EQ(aftermath.code, killed) << aftermath.call;
+        for (const Version version : aftermath.versions) {
+            EXPECT_TRUE(version == old || version == Version::newer)
+                << aftermath.call << ": " << testing::PrintToString(aftermath.versions);
+        }
+    }
+    EXPECT_GE(aftermaths().size(), amount(40, 80));
+    reportFigure("SIGKILL at every system call of a save", "kills of the program", aftermaths().size());
+}
+
+TEST_F(AKillAtACall, happensBetweenAllOfTheReplacements)
+{
+    for (std::size_t newer = 0; newer <= 3; ++newer) {
+        EXPECT_TRUE(std::any_of(aftermaths().begin(), aftermaths().end(), [&](const Aftermath& aftermath) {
+            return static_cast<std::size_t>(std::count(aftermath.versions.begin(), aftermath.versions.end(),
+                                                       Version::newer)) == newer;
+        })) << newer;
+    }
+}
+
+TEST_F(AKillAtACall, leavesNoSummaryNewerThanTheState)
+{
+    for (const Aftermath& aftermath : aftermaths()) {
+        // Newer files come first: the state, the agent's summary, the widget's.
+        EXPECT_TRUE(std::is_sorted(aftermath.versions.begin(), aftermath.versions.end(),
+                                   [](Version left, Version right) { return left > right; }))
+            << aftermath.call << ": " << testing::PrintToString(aftermath.versions);
+    }
+}
+
+TEST_F(AKillAtACall, isMadeGoodByTheNextSave)
+{
+    for (const Aftermath& aftermath : aftermaths()) {
+        EXPECT_EQ(aftermath.nextCode, 0) << aftermath.call;
+        EXPECT_TRUE(aftermath.nextAgrees) << aftermath.call;
+    }
+}
+
+TEST_F(AKillAtACall, leavesHiddenFilesThatNobodyTouchesAgain)
+{
+    std::size_t count = 0;
+    for (const Aftermath& aftermath : aftermaths()) {
+        count += aftermath.leftovers.size();
+        EXPECT_TRUE(areHiddenTemporaries(aftermath.leftovers)) << aftermath.call;
+        EXPECT_FALSE(aftermath.nextTouchedLeftovers) << aftermath.call;
+        EXPECT_EQ(aftermath.leftoversAfterNext, aftermath.leftovers) << aftermath.call;
+    }
+    EXPECT_GT(count, 0u);
+}
+
+}  // namespace
+}  // namespace quillmere::test

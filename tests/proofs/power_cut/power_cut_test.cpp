@@ -1,0 +1,63 @@
+// The power is cut at every moment of one, two and three saves in a row.
+//
+// The failure model stands in file_system_model.hpp: what was not synced is lost, zeroed, cut short or kept,
+// each part of it by itself; syncs are believed. Every directory that this permits is built and loaded. What
+// holds when a disk lies about a sync, or damages what lasted, is not shown here, nor can it be. Replaced
+// plainly, even saves that returned may be lost: the file is then an earlier one, or, where none lasted,
+// there is none, and load() gives an initial state as it did before the first save.
+#include <gtest/gtest.h>
+
+#include "proofs/power_cut/judgement.hpp"
+#include "proofs/support/figures.hpp"
+
+namespace quillmere::test {
+namespace {
+
+constexpr std::size_t mostSaves = 3;
+
+TEST(APowerCut, leavesEachFileOldOrNewWhenItIsReplacedDurably)
+{
+    const auto holds = [](const Found& found, const CutMoment& cut, bool hasEarlier) {
+        return isOldOrNew(found.state, cut, hasEarlier) && isOldOrNew(found.agent, cut, hasEarlier) &&
+               isOldOrNew(found.widget, cut, hasEarlier);
+    };
+    const Counts counts = countViolations(Scope::all, mostSaves, StateStore::renameReplacingDurably, holds);
+    EXPECT_EQ(counts.violations, 0u);
+    reportFigure("Power cut, durable replace", "moments of three saves in a row", counts.moments);
+    reportFigure("Power cut, durable replace", "directories loaded, each old or new", counts.directories);
+}
+
+TEST(APowerCut, leavesNoSummaryNewerThanTheStateWhenFilesAreReplacedDurably)
+{
+    const auto holds = [](const Found& found, const CutMoment&, bool) {
+        return isNotNewer(found.agent, found.state) && isNotNewer(found.widget, found.agent);
+    };
+    EXPECT_EQ(countViolations(Scope::all, mostSaves, StateStore::renameReplacingDurably, holds).violations,
+              0u);
+}
+
+TEST(APowerCut, leavesNoStateThatLoadsAsSomethingElseWhenItIsReplacedPlainly)
+{
+    const auto holds = [](const Found& found, const CutMoment& cut, bool hasEarlier) {
+        return isSavedOnceOrRefused(found.state, cut, hasEarlier) &&
+               isSavedOnceOrRefused(found.agent, cut, hasEarlier);
+    };
+    const Counts counts = countViolations(Scope::state, mostSaves, StateStore::renameReplacing, holds);
+    EXPECT_EQ(counts.violations, 0u);
+    reportFigure("Power cut, plain replace", "moments of three saves in a row", counts.moments);
+    reportFigure("Power cut, plain replace", "directories loaded, each old, new or refused",
+                 counts.directories);
+}
+
+TEST(APowerCut, leavesNoWidgetSummaryThatLoadsAsSomethingElseWhenItIsReplacedPlainly)
+{
+    const auto holds = [](const Found& found, const CutMoment& cut, bool hasEarlier) {
+        return isSavedOnceOrRefused(found.widget, cut, hasEarlier);
+    };
+    const Counts counts = countViolations(Scope::widget, mostSaves, StateStore::renameReplacing, holds);
+    EXPECT_EQ(counts.violations, 0u);
+    EXPECT_GT(counts.directories, 20u);
+}
+
+}  // namespace
+}  // namespace quillmere::test

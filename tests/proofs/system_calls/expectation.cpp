@@ -1,0 +1,62 @@
+#include "proofs/system_calls/expectation.hpp"
+
+#include <cerrno>
+
+#include "proofs/system_calls/call_errors.hpp"
+
+namespace quillmere::test {
+namespace {
+
+bool leadsNowhere(int error) { return error == ENOENT || error == ENOTDIR; }
+
+/// Whether a failure of the call changes nothing for the caller.
+bool isAbsorbed(const CallRecord& record, int error)
+{
+    if (error == 0 || record.error == error) {
+        return true;  // falls short only, or says what the call says anyway
+    }
+    if (error == EINTR && (isContinued(record.call) || record.call == SystemCall::close)) {
+        return true;
+    }
+    // What is not there is made, and then turns out to be there. A removal is tried and no more.
+    return record.call == SystemCall::unlink || (record.call == SystemCall::lstat && leadsNowhere(error));
+}
+
+int reported(const CallRecord& record, int error)
+{
+    if (record.call == SystemCall::rename && error == unknownError) {
+        return EIO;
+    }
+    // A name that is taken and leads nowhere is in the way.
+    return record.call == SystemCall::stat && leadsNowhere(error) ? EEXIST : error;
+}
+
+}  // namespace
+
+bool isContinued(SystemCall call)
+{
+    return call == SystemCall::open || call == SystemCall::read || call == SystemCall::write ||
+           call == SystemCall::fsync || call == SystemCall::chmod;
+}
+
+Expectation expectedOfSave(const Situation& situation, const std::vector<CallRecord>& calls,
+                           std::size_t index, const Fault& fault)
+{
+    const std::size_t fileCount = situation.store == StoreKind::state ? 2 : 1;
+    const Version before = situation.before == Before::earlierFile ? Version::older : Version::none;
+    Expectation expected{.error = 0, .files = std::vector<Version>(fileCount, Version::newer)};
+    if (isAbsorbed(calls[index], fault.error)) {
+        return expected;
+    }
+    expected.error = reported(calls[index], fault.error);
+    std::size_t replaced = 0;
+    for (std::size_t earlier = 0; earlier < index; ++earlier) {
+        replaced += calls[earlier].call == SystemCall::rename ? 1 : 0;
+    }
+    for (std::size_t file = replaced; file < fileCount; ++file) {
+        expected.files[file] = before;
+    }
+    return expected;
+}
+
+}  // namespace quillmere::test

@@ -1,0 +1,172 @@
+// Faults that nobody made up: a disk that is full, a file that may not grow, descriptors that run out.
+#include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <system_error>
+
+#include "proofs/system_calls/scene.hpp"
+#include "support/file_system.hpp"
+#include "support/process_settings.hpp"
+#include "support/sample_states.hpp"
+
+namespace quillmere::test {
+namespace {
+
+const std::vector<std::string> bothFiles = {"agent-state.json", "state.json"};
+
+/// A limit on how many files may be open.
+class OpenFileLimit {
+public:
+    explicit OpenFileLimit(rlim_t count)
+    {
+        ::getrlimit(RLIMIT_NOFILE, &before_);
+        const rlimit limit{.rlim_cur = count, .rlim_max = before_.rlim_max};
+        ::setrlimit(RLIMIT_NOFILE, &limit);
+    }
+    OpenFileLimit(const OpenFileLimit&) = delete;
+    OpenFileLimit& operator=(const OpenFileLimit&) = delete;
+    ~OpenFileLimit() { ::setrlimit(RLIMIT_NOFILE, &before_); }
+
+private:
+    rlimit before_;
+};
+
+TEST(AFileSizeLimit, ofAnyLengthLeavesTheOldFilesOrAllNewOnes)
+{
+    const Scene example({StoreKind::state, Before::earlierFile, Replacing::plainly});
+    example.save();
+    const std::uintmax_t longest = std::filesystem::file_size(example.files().front());
+    for (rlim_t limit = 0; limit <= longest; limit += longest / 40) {
+        const Scene scene({StoreKind::state, Before::earlierFile, Replacing::plainly});
+        std::error_code error;
+        {
+            const FileSizeLimit inForce(limit);
+            error = failureOf([&] { scene.save(); });
+        }
+        // The summary is shorter than the state, so that it has room whenever the state has.
+        const bool fits = limit >= longest;
+        EXPECT_EQ(error, fits ? std::errc() : std::errc::file_too_large) << limit;
+        EXPECT_EQ(scene.content().files, std::vector(2, fits ? Version::newer : Version::older)) << limit;
+        EXPECT_TRUE(scene.content().others.empty()) << limit;
+        scene.save();
+        EXPECT_EQ(scene.content().files, std::vector(2, Version::newer)) << limit;
+    }
+}
+
+TEST(ALimitOfOpenFiles, leavesTheOldFiles)
+{
+    const Scene scene({StoreKind::state, Before::earlierFile, Replacing::durably});
+    std::error_code error;
+    std::error_code loadError;
+    {
+        // Standard input is open, and stands for all that may be.
+        const OpenFileLimit inForce(1);
+        error = failureOf([&] { scene.save(); });
+        loadError = failureOf([&] { scene.load(); });
+    }
+    EXPECT_EQ(error, std::errc::too_many_files_open);
+    EXPECT_EQ(loadError, std::errc::too_many_files_open);
+    EXPECT_EQ(scene.content().files, std::vector(2, Version::older));
+    EXPECT_TRUE(scene.content().others.empty());
+    scene.save();
+    EXPECT_EQ(scene.content().files, std::vector(2, Version::newer));
+}
+
+/// How the process on the full disk ended.
+enum Verdict { good = 0, noPlaceOfItsOwn = 10, savedLittle, strangeError, strangeFiles, noSaveAfterwards };
+
+bool writeOneLine(const char* file, const std::string& line)
+{
+    std::ofstream stream(file);
+    stream << line;
+    stream.close();
+    return stream.good();
+}
+
+/// A file system in memory, of 256 KiB, that no other process sees. The superuser may mount; anybody else may
+/// where users may have namespaces of their own.
+bool mountOwnDisk(const std::filesystem::path& place)
+{
+    const uid_t user = ::geteuid();
+    const gid_t group = ::getegid();
+    const int kinds = user == 0 ? CLONE_NEWNS : CLONE_NEWUSER | CLONE_NEWNS;
+    if (::unshare(kinds) != 0) {
+        return false;
+    }
+    const auto becomeSuperuser = [&] {
+        return writeOneLine("/proc/self/uid_map", "0 " + std::to_string(user) + " 1") &&
+               writeOneLine("/proc/self/setgroups", "deny") &&
+               writeOneLine("/proc/self/gid_map", "0 " + std::to_string(group) + " 1");
+    };
+    return (user == 0 || becomeSuperuser()) &&
+           ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+           ::mount("tmpfs", place.c_str(), "tmpfs", 0, "size=256k") == 0;
+}
+
+/// Saves a state that grows until the disk is full, and then a small one again.
+Verdict fillDisk(const std::filesystem::path& place, ReplaceItem replaceItem)
+{
+    const StateStore store(place / "store", std::move(replaceItem));
+    QuillmereState state = fullState();
+    QuillmereState saved = state;
+    std::error_code error;
+    // The disk is full long before so many times.
+    constexpr std::size_t mostSaves = 200;
+    std::size_t count = 0;
+    for (; !error && count < mostSaves; ++count) {
+        saved = state;
+        state.agentQuestions.back().question.append(4096, 'x');
+        error = failureOf([&] { store.save(state); });
+    }
+    if (count < 5) {
+        return savedLittle;
+    }
+    if (error != std::errc::no_space_on_device) {
+        return strangeError;
+    }
+    // The state may have found room when its summary did not.
+    const QuillmereState loaded = store.load();
+    if ((loaded != saved && loaded != state) || namesIn(store.directory()) != bothFiles) {
+        return strangeFiles;
+    }
+    store.save(fullState());
+    return store.load() == fullState() ? good : noSaveAfterwards;
+}
+
+/// In a process of its own, because a process cannot come back from a namespace.
+int verdictOnFullDisk(const std::filesystem::path& place, const ReplaceItem& replaceItem)
+{
+    const pid_t process = ::fork();
+    if (process == 0) {
+        int verdict = strangeFiles;
+        try {
+            verdict = mountOwnDisk(place) ? fillDisk(place, replaceItem) : noPlaceOfItsOwn;
+        } catch (...) {
+            verdict = noSaveAfterwards;
+        }
+        ::_exit(verdict);
+    }
+    int status = 0;
+    ::waitpid(process, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST(AFullDisk, leavesWholeFilesAndRoomForTheNextSave)
+{
+    for (const auto replaceItem : {StateStore::renameReplacing, StateStore::renameReplacingDurably}) {
+        const TemporaryDirectory place;
+        const int verdict = verdictOnFullDisk(place.path(), replaceItem);
+        if (verdict == noPlaceOfItsOwn) {
+            GTEST_SKIP() << "this machine lets nobody mount a file system of their own here";
+        }
+        EXPECT_EQ(verdict, good);
+    }
+}
+
+}  // namespace
+}  // namespace quillmere::test

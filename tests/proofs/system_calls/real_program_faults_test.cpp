@@ -1,0 +1,93 @@
+// The same faults put upon the real program by strace, which knows nothing of this library.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "proofs/support/figures.hpp"
+#include "proofs/system_calls/three_files.hpp"
+#include "proofs/system_calls/traced_faults.hpp"
+
+namespace quillmere::test {
+namespace {
+
+using app::ExitCode;
+
+/// Goes through every fault at every call; the judge gets the program's exit code and the files.
+template <class Judge>
+std::size_t forEveryFault(Judge judge)
+{
+    std::size_t count = 0;
+    for (const Before before : {Before::noDirectory, Before::earlierFile}) {
+        const ThreeFiles example(before);
+        const Undisturbed run(traced(example.directory(), ThreeFiles::asking(), example.home()).calls);
+        for (std::size_t index = 0; index < run.calls().size(); ++index) {
+            const TracedCall& call = run.calls()[index];
+            for (const int error : errorsToTry(call)) {
+                for (const bool fromThereOn : {false, true}) {
+                    if (fromThereOn && !(inLongForm() && mayLast(call))) {
+                        continue;
+                    }
+                    const ThreeFiles files(before);
+                    const std::string injection = injectionOf(call, error, fromThereOn);
+                    SCOPED_TRACE(injection + "   " + call.text);
+                    const int code =
+                        traced(files.directory(), ThreeFiles::asking(), files.home(), injection).code;
+                    judge(run.outcomeOf(index, error, fromThereOn), before, code, files);
+                    ++count;
+                }
+            }
+        }
+    }
+    return count;
+}
+
+class TheProgramWithAFault : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (!canTrace()) {
+            GTEST_SKIP() << cannotTrace;
+        }
+    }
+};
+
+TEST_F(TheProgramWithAFault, saysSoAndLeavesWholeFiles)
+{
+    const std::size_t count =
+        forEveryFault([](const Outcome& outcome, Before before, int code, const ThreeFiles& files) {
+            const Version old = before == Before::earlierFile ? Version::older : Version::none;
+            std::vector<Version> expected(3, old);
+            std::fill_n(expected.begin(), outcome.filesReplaced, Version::newer);
+            EXPECT_EQ(code, static_cast<int>(outcome.code));
+            EXPECT_EQ(files.versions(), expected);
+            EXPECT_TRUE(files.others().empty());
+        });
+    EXPECT_GE(count, 100u);
+    reportFigure("A fault at every system call of the program, by strace", "faulted runs", count);
+}
+
+TEST_F(TheProgramWithAFault, givesUpWhenTheLockIsNeverFree)
+{
+    const ThreeFiles files(Before::earlierFile);
+    const TracedRun run =
+        traced(files.directory(), ThreeFiles::asking(), files.home(), "flock:error=EAGAIN:when=1+");
+    EXPECT_EQ(run.code, static_cast<int>(ExitCode::lockBusy));
+    EXPECT_EQ(files.versions(), std::vector(3, Version::older));
+}
+
+TEST_F(TheProgramWithAFault, makesTheCallsOfThreeDurableReplacements)
+{
+    const ThreeFiles files(Before::earlierFile);
+    const TracedRun run = traced(files.directory(), ThreeFiles::asking(), files.home());
+    const auto countOf = [&](SystemCall kind) {
+        return std::count_if(run.calls.begin(), run.calls.end(),
+                             [&](const TracedCall& call) { return callOf(call) == kind; });
+    };
+    EXPECT_EQ(run.code, 0);
+    EXPECT_EQ(countOf(SystemCall::rename), 3);
+    EXPECT_EQ(countOf(SystemCall::fsync), 6);
+    EXPECT_EQ(files.versions(), std::vector(3, Version::newer));
+}
+
+}  // namespace
+}  // namespace quillmere::test

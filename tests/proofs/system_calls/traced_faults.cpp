@@ -1,0 +1,109 @@
+#include "proofs/system_calls/traced_faults.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <sstream>
+
+#include "proofs/support/figures.hpp"
+#include "proofs/system_calls/call_errors.hpp"
+#include "proofs/system_calls/expectation.hpp"
+
+namespace quillmere::test {
+
+using app::ExitCode;
+
+std::optional<SystemCall> callOf(const TracedCall& call)
+{
+    const auto has = [&](const char* word) { return call.text.find(word) != std::string::npos; };
+    constexpr std::array all = {SystemCall::mkdir, SystemCall::chmod, SystemCall::lstat,  SystemCall::fstat,
+                                SystemCall::stat,  SystemCall::open,  SystemCall::read,   SystemCall::write,
+                                SystemCall::fsync, SystemCall::close, SystemCall::rename, SystemCall::unlink};
+    if (has("AT_EMPTY_PATH")) {
+        return SystemCall::fstat;
+    }
+    if (has("AT_SYMLINK_NOFOLLOW")) {
+        return SystemCall::lstat;
+    }
+    for (const SystemCall kind : all) {
+        if (call.name.find(nameOf(kind)) != std::string::npos) {
+            return kind;
+        }
+    }
+    return std::nullopt;
+}
+
+Outcome Undisturbed::outcomeOf(std::size_t index, int error, bool fromThereOn) const
+{
+    for (std::size_t later = index; later < (fromThereOn ? calls_.size() : index + 1); ++later) {
+        if (calls_[later].name == calls_[index].name && !isAbsorbed(later, error)) {
+            return {.code = ExitCode::fileError, .filesReplaced = renamesBefore(later)};
+        }
+    }
+    return {.code = ExitCode::done, .filesReplaced = 3};
+}
+
+bool Undisturbed::isAbsorbed(std::size_t index, int error) const
+{
+    const TracedCall& call = calls_[index];
+    const std::optional<SystemCall> kind = callOf(call);
+    const bool saysItAnyway = call.text.find("= -1 " + nameOfError(error)) != std::string::npos;
+    if (!kind) {
+        return error == EINTR || error == EWOULDBLOCK;  // the lock is tried again
+    }
+    const bool isLast = index + 1 == calls_.size();
+    const bool wasRead = call.text.find("/state.json>") != std::string::npos;
+    const bool isClosed = *kind == SystemCall::close && (error == EINTR || isLast || wasRead);
+    const bool goesOn = error == EINTR && isContinued(*kind);
+    return saysItAnyway || isClosed || goesOn || *kind == SystemCall::unlink;
+}
+
+std::size_t Undisturbed::renamesBefore(std::size_t index) const
+{
+    return static_cast<std::size_t>(
+        std::count_if(calls_.begin(), calls_.begin() + static_cast<std::ptrdiff_t>(index),
+                      [](const TracedCall& call) { return callOf(call) == SystemCall::rename; }));
+}
+
+std::vector<int> errorsToTry(const TracedCall& call)
+{
+    const std::optional<SystemCall> kind = callOf(call);
+    if (!kind) {
+        return {ENOLCK, EINTR, EWOULDBLOCK, EINVAL, EBADF};
+    }
+    std::vector<int> errors = errorsOf(*kind);
+    std::erase_if(errors, [&](int error) {
+        const bool isAnswer = error == ENOENT || error == ENOTDIR || error == EEXIST;
+        return error == unknownError || (isAnswer && *kind != SystemCall::rename);
+    });
+    if (!inLongForm()) {
+        // The two that matter most, taking turns.
+        return {errors[call.ordinal % 2]};
+    }
+    return errors;
+}
+
+bool mayLast([[maybe_unused]] const TracedCall& call)
+{
+#ifdef __SANITIZE_ADDRESS__
+    // The sanitizers write to pipes of their own to find out what may be read, and end the program with 0
+    // when they cannot.
+    return callOf(call) != SystemCall::write;
+#else
+    return true;
+#endif
+}
+
+std::string injectionOf(const TracedCall& call, int error, bool fromThereOn)
+{
+    std::ostringstream text;
+    text << call.name << ":error=" << nameOfError(error) << ":when=" << call.ordinal;
+    if (fromThereOn && (error == EINTR || error == EWOULDBLOCK)) {
+        text << ".." << call.ordinal + mostInterruptions;
+    } else if (fromThereOn) {
+        text << '+';
+    }
+    return text.str();
+}
+
+}  // namespace quillmere::test

@@ -1,0 +1,48 @@
+// Faults for the real program, and what each must lead to.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "exit_code.hpp"
+#include "proofs/system_calls/system_calls.hpp"
+#include "proofs/system_calls/tracing.hpp"
+
+namespace quillmere::test {
+
+/// What a call of the system's is to the library; absent for flock.
+std::optional<SystemCall> callOf(const TracedCall& call);
+
+/// What a fault must lead to.
+struct Outcome {
+    app::ExitCode code;
+    std::size_t filesReplaced;  ///< how many of the three are new
+};
+
+/// A run that nothing disturbs, and what a fault at each of its calls must lead to.
+class Undisturbed {
+public:
+    explicit Undisturbed(std::vector<TracedCall> calls) : calls_(std::move(calls)) {}
+
+    const std::vector<TracedCall>& calls() const { return calls_; }
+
+    Outcome outcomeOf(std::size_t index, int error, bool fromThereOn) const;
+
+private:
+    bool isAbsorbed(std::size_t index, int error) const;
+    std::size_t renamesBefore(std::size_t index) const;
+
+    std::vector<TracedCall> calls_;
+};
+
+/// The errors to try at a call. That something is not there is no fault of a look-up but an answer.
+std::vector<int> errorsToTry(const TracedCall& call);
+
+/// Whether a fault that lasts can be put upon the call.
+bool mayLast(const TracedCall& call);
+
+/// The fault as strace wants it to be said.
+std::string injectionOf(const TracedCall& call, int error, bool fromThereOn);
+
+}  // namespace quillmere::test
