@@ -297,18 +297,18 @@ void evaluateTimer(Ruling& ruling, Instant now)
 {
     QuillmereState& state = ruling.after;
     ruling.answer.transition = TimerTransition::noChange;
-    const std::optional<SecondsLeft> left = secondsLeft(state, now);
-    if (!left) {
+    const std::optional<Reading> clock = reading(state, now);
+    if (!clock) {
         return;
     }
-    if (left->isFatal) {
+    if (clock->isFatal) {
         ruling.isFatal = true;
         return;
     }
-    if (left->seconds >= 1) {
+    if (clock->left >= 1) {
         return;
     }
-    if (left->ofFocus) {
+    if (clock->ofFocus) {
         closeSession(state, now);
         state.updatedAt = now;
         ruling.answer.transition = TimerTransition::focusEnded;

@@ -25,14 +25,16 @@ struct Ruling {
 
 Ruling ruling(const QuillmereState& before, const Call& call);
 
-/// The seconds left on the clock that runs, and which clock it is.
-struct SecondsLeft {
-    bool isFatal;  ///< a number of seconds that no 64 bits hold
+/// What the clock that runs must show, in whole seconds.
+struct Reading {
+    bool isFatal;  ///< a number of seconds that no 64 bits hold; the rest says nothing then
     bool ofFocus;  ///< otherwise of a break
-    std::int64_t seconds;
+    bool isPaused;
+    std::int64_t elapsed;
+    std::int64_t left;
 };
 
 /// Absent when no clock runs.
-std::optional<SecondsLeft> secondsLeft(const QuillmereState& state, Instant now);
+std::optional<Reading> reading(const QuillmereState& state, Instant now);
 
 }  // namespace quillmere::test

@@ -36,31 +36,38 @@ Whole difference(Whole minuend, Whole subtrahend)
 Whole atLeastZero(Whole value) { return value && *value < 0 ? Whole(0) : value; }
 
 /// What is left is shown without its sign as well, which the lowest number does not have.
-SecondsLeft found(bool ofFocus, Whole left)
+Reading shown(bool ofFocus, bool isPaused, Whole total, Whole counted)
 {
-    const bool isFatal = !left || *left == least;
-    return {
-        .isFatal = isFatal, .ofFocus = ofFocus, .seconds = isFatal ? 0 : static_cast<std::int64_t>(*left)};
+    const Whole elapsed = atLeastZero(counted);
+    const Whole left = difference(total, elapsed);
+    if (!left || *left == least) {
+        return {.isFatal = true, .ofFocus = ofFocus, .isPaused = isPaused, .elapsed = 0, .left = 0};
+    }
+    return {.isFatal = false,
+            .ofFocus = ofFocus,
+            .isPaused = isPaused,
+            .elapsed = static_cast<std::int64_t>(*elapsed),
+            .left = static_cast<std::int64_t>(*left)};
 }
 
 }  // namespace
 
-std::optional<SecondsLeft> secondsLeft(const QuillmereState& state, Instant now)
+std::optional<Reading> reading(const QuillmereState& state, Instant now)
 {
     if (!state.currentBlock) {
         return std::nullopt;
     }
     const Block& block = *state.currentBlock;
     if (state.workflowState == WorkflowState::breaking && state.breakStartedAt) {
-        const Whole elapsed = atLeastZero(roundedDown(now - *state.breakStartedAt));
         const Whole total = roundedDown(block.breakDurationSeconds + state.breakExtensionSeconds);
-        return found(false, difference(total, elapsed));
+        return shown(false, false, total, roundedDown(now - *state.breakStartedAt));
     }
     if (state.workflowState == WorkflowState::focusing && !block.sessions.empty()) {
         const WorkSession& session = block.sessions.back();
         const Whole since = roundedDown(session.pausedAt.value_or(now) - session.startedAt);
         const Whole active = difference(since, roundedDown(session.accumulatedPausedSeconds));
-        return found(true, difference(roundedDown(session.plannedDurationSeconds), atLeastZero(active)));
+        const Whole total = roundedDown(session.plannedDurationSeconds);
+        return shown(true, session.pausedAt.has_value(), total, active);
     }
     return std::nullopt;
 }

@@ -182,6 +182,13 @@ const Block& finishedBlock()
     return block;
 }
 
+/// Made once: every new state draws an identifier, which takes longer than all the rest.
+const QuillmereState& emptyState()
+{
+    static const QuillmereState state = stateIn(WorkflowState::idle);
+    return state;
+}
+
 /// No block, or one of each shape with sessions of each shape.
 constexpr std::size_t blockChoices = 1 + blockShapes.size() * sessionShapes.size();
 constexpr std::size_t savedPlanChoices = 1 + savedRatings.size();
@@ -249,7 +256,7 @@ std::uint64_t situationCount()
 Situation situationAt(std::uint64_t number)
 {
     Digits digits(number);
-    QuillmereState state = stateIn(WorkflowState::idle);
+    QuillmereState state = emptyState();
     state.workflowState = digits.oneOf(workflowStates);
     const Instant now = moment + digits.oneOf(clockSteps);
     const Lengths& its = digits.oneOf(lengths);
