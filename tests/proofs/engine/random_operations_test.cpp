@@ -40,14 +40,12 @@ void expectInvariants(const QuillmereState& before, const QuillmereState& after,
 /// What a host does once a second.
 struct Tick {
     std::uint64_t acted = 0;
-    bool isFatal = false;
 
     Tick(SecondOpinion& opinion, QuillmereState& state, Instant now)
     {
         for (const Operation operation : {Operation::evaluateSchedule, Operation::evaluateTimer}) {
             const QuillmereState before = state;
             const std::optional<Answer> answer = opinion.check(state, Call::of(operation, now));
-            isFatal = isFatal || !answer;
             acted += answer && answer->didSomething() ? 1 : 0;
             expectInvariants(before, state,
                              answer.value_or(Answer{.refusal = {}, .begun = false, .transition = {}}), now);

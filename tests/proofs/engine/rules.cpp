@@ -2,18 +2,17 @@
 
 #include <utility>
 
+#include "proofs/engine/refusals.hpp"
+
 namespace quillmere::test {
 namespace {
 
-using enum WorkflowError::Case;
 using enum WorkflowState;
-
-/// A ruling in the making: `Verdict` is a case of error, or nothing when the call must succeed.
-using Verdict = std::optional<WorkflowError::Case>;
 
 const char* sentence(WorkflowError::Case reason)
 {
     switch (reason) {
+        using enum WorkflowError::Case;
         case invalidTransition: return "This action is not available in the current workflow state.";
         case missingBlock: return "Start or schedule a block before this action.";
         case missingSessionPlan: return "Save a session plan before focus starts.";
@@ -23,126 +22,6 @@ const char* sentence(WorkflowError::Case reason)
     }
     return "";
 }
-
-// What may be asked of a situation -----------------------------------------------------------------------
-
-bool isRating(std::int64_t value)
-{
-    return value == 1 || value == 2 || value == 3 || value == 4 || value == 5;
-}
-
-bool hasRatings(const SessionPlan& plan) { return isRating(plan.energy) && isRating(plan.morale); }
-
-bool hasDurations(const Block& block)
-{
-    return block.focusDurationSeconds > 0 && block.breakDurationSeconds > 0 && block.cycleCount > 0;
-}
-
-bool waits(const QuillmereState& state)
-{
-    return state.workflowState == idle && state.currentBlock && state.currentBlock->plannedStart;
-}
-
-bool hasSession(const QuillmereState& state)
-{
-    return state.currentBlock && !state.currentBlock->sessions.empty();
-}
-
-bool isPaused(const QuillmereState& state)
-{
-    return state.currentBlock->sessions.back().pausedAt.has_value();
-}
-
-bool hasCyclesLeft(const Block& block)
-{
-    return static_cast<std::int64_t>(block.sessions.size()) < block.cycleCount;
-}
-
-bool knowsQuestion(const QuillmereState& state, const Identifier& id)
-{
-    for (const AgentQuestion& question : state.agentQuestions) {
-        if (question.id == id) {
-            return true;
-        }
-    }
-    return false;
-}
-
-const std::optional<SessionPlan>& chosenPlan(const QuillmereState& state, const Call& call)
-{
-    return call.plan ? call.plan : state.plannedNextSession;
-}
-
-// When a call is refused ---------------------------------------------------------------------------------
-
-Verdict focusVerdict(const QuillmereState& state, const Call& call)
-{
-    if (state.workflowState != sessionPlanning || !state.currentBlock ||
-        !hasCyclesLeft(*state.currentBlock)) {
-        return invalidTransition;
-    }
-    const std::optional<SessionPlan>& plan = chosenPlan(state, call);
-    if (!plan) {
-        return missingSessionPlan;
-    }
-    return hasRatings(*plan) ? Verdict() : ratingOutOfRange;
-}
-
-Verdict reviewVerdict(const QuillmereState& state, const Call& call)
-{
-    if (state.workflowState != sessionReview || !hasSession(state)) {
-        return invalidTransition;
-    }
-    if (!call.plan) {
-        return hasCyclesLeft(*state.currentBlock) ? nextSessionPlanRequired : Verdict();
-    }
-    return hasRatings(*call.plan) ? Verdict() : ratingOutOfRange;
-}
-
-Verdict blockVerdict(const QuillmereState& state, const Call& call)
-{
-    if (state.workflowState != blockPlanning) {
-        return invalidTransition;
-    }
-    if (call.operation == Operation::scheduleBlock && !call.block->plannedStart) {
-        return invalidTransition;
-    }
-    return hasDurations(*call.block) ? Verdict() : invalidDuration;
-}
-
-Verdict availableIf(bool isAvailable) { return isAvailable ? Verdict() : invalidTransition; }
-
-Verdict verdict(const QuillmereState& state, const Call& call)
-{
-    switch (call.operation) {
-        using enum Operation;
-        case beginBlockPlanning: return availableIf(state.workflowState == idle && !state.currentBlock);
-        case startBlock:
-        case scheduleBlock: return blockVerdict(state, call);
-        case editScheduledBlock:
-        case cancelScheduledBlock:
-        case startScheduledBlockNow: return availableIf(waits(state));
-        case startFocus: return focusVerdict(state, call);
-        case pauseFocus:
-            return availableIf(state.workflowState == focusing && hasSession(state) && !isPaused(state));
-        case resumeFocus:
-            return availableIf(state.workflowState == focusing && hasSession(state) && isPaused(state));
-        case endFocus: return availableIf(state.workflowState == focusing && hasSession(state));
-        case saveReviewAndStartBreak: return reviewVerdict(state, call);
-        case extendBreak: return availableIf(state.workflowState == breaking && call.seconds > 0);
-        case endBreak:
-        case skipBreak: return availableIf(state.workflowState == breaking);
-        case completeBlockReview:
-            return availableIf(state.workflowState == blockReview && state.currentBlock.has_value());
-        case answerQuestion: return availableIf(knowsQuestion(state, call.question.value()));
-        case evaluateSchedule:
-        case evaluateTimer:
-        case addQuestion: return {};
-    }
-    return {};
-}
-
-// What a call does when it is not refused ----------------------------------------------------------------
 
 void forgetBreak(QuillmereState& state)
 {
@@ -278,8 +157,6 @@ void act(QuillmereState& state, const Call& call)
     state.updatedAt = call.now;
 }
 
-// The two evaluations ------------------------------------------------------------------------------------
-
 void evaluateSchedule(Ruling& ruling, Instant now)
 {
     QuillmereState& state = ruling.after;
@@ -321,11 +198,10 @@ void evaluateTimer(Ruling& ruling, Instant now)
 
 Ruling::Drawn drawnBy(Operation operation)
 {
-    switch (operation) {
-        case Operation::startFocus: return Ruling::Drawn::session;
-        case Operation::addQuestion: return Ruling::Drawn::question;
-        default: return Ruling::Drawn::nothing;
+    if (operation == Operation::startFocus) {
+        return Ruling::Drawn::session;
     }
+    return operation == Operation::addQuestion ? Ruling::Drawn::question : Ruling::Drawn::nothing;
 }
 
 }  // namespace
@@ -337,7 +213,7 @@ Ruling ruling(const QuillmereState& before, const Call& call)
         evaluateSchedule(result, call.now);
     } else if (call.operation == Operation::evaluateTimer) {
         evaluateTimer(result, call.now);
-    } else if (const Verdict reason = verdict(before, call)) {
+    } else if (const auto reason = refusalOf(before, call)) {
         result.answer.refusal = Refusal{.reason = *reason, .message = sentence(*reason)};
     } else {
         act(result.after, call);

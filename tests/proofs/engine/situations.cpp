@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "proofs/engine/digits.hpp"
 #include "support/sample_states.hpp"
 
 namespace quillmere::test {
@@ -83,7 +84,7 @@ struct Lengths {
     double paused;
 };
 constexpr auto lengths = std::to_array<Lengths>({
-    {.focus = 1'500, .rest = 300, .paused = 30.7},
+    {.focus = 1'500, .rest = 300.5, .paused = 30.7},
     {.focus = 0, .rest = 0, .paused = 0},
     {.focus = -1, .rest = -1, .paused = -1},
     {.focus = notANumber, .rest = notANumber, .paused = 0},
@@ -95,40 +96,14 @@ constexpr auto lengths = std::to_array<Lengths>({
     {.focus = 1'500, .rest = 300, .paused = -0x1p62},
 });
 
-struct Ratings {
-    std::int64_t energy;
-    std::int64_t morale;
-};
-constexpr auto savedRatings = std::to_array<Ratings>({{3, 3}, {6, 1}, {5, 0}});
-constexpr auto ratings = std::to_array<std::int64_t>({0, 1, 5, 6});
+/// Energy and morale of the saved plan.
+constexpr auto savedRatings = std::to_array<std::array<std::int64_t, 2>>({{3, 3}, {6, 1}, {5, 0}});
 
-/// Reads one digit after the other off a number, each in a base of its own.
-class Digits {
-public:
-    explicit Digits(std::uint64_t number) : number_(number) {}
-
-    std::size_t next(std::size_t base)
-    {
-        const std::uint64_t digit = number_ % base;
-        number_ /= base;
-        return static_cast<std::size_t>(digit);
-    }
-
-    template <class Row, std::size_t count>
-    const Row& oneOf(const std::array<Row, count>& rows)
-    {
-        return rows[next(count)];
-    }
-
-private:
-    std::uint64_t number_;
-};
-
-SessionPlan planWith(unsigned number, Ratings its)
+SessionPlan savedPlan(const std::array<std::int64_t, 2>& ratings)
 {
-    SessionPlan plan = samplePlan(number);
-    plan.energy = its.energy;
-    plan.morale = its.morale;
+    SessionPlan plan = samplePlan(8);
+    plan.energy = ratings[0];
+    plan.morale = ratings[1];
     return plan;
 }
 
@@ -192,58 +167,6 @@ const QuillmereState& emptyState()
 /// No block, or one of each shape with sessions of each shape.
 constexpr std::size_t blockChoices = 1 + blockShapes.size() * sessionShapes.size();
 constexpr std::size_t savedPlanChoices = 1 + savedRatings.size();
-constexpr std::size_t planChoices = 1 + ratings.size() * ratings.size();
-
-/// Blocks to begin or schedule: in each, one thing is out of the ordinary.
-constexpr auto givenDurations =
-    std::to_array<double>({1'500, 0, -0.0, -1, notANumber, infinite, -infinite, smallest});
-constexpr auto givenCycles = std::to_array<std::int64_t>({1, 0, -1, INT64_MAX, INT64_MIN});
-constexpr std::size_t givenBlockChoices = 2 * givenDurations.size() + givenCycles.size() + 2;
-
-Block givenBlock(std::size_t number)
-{
-    Block block = sampleBlock(2);
-    if (number < givenDurations.size()) {
-        block.focusDurationSeconds = givenDurations[number];
-        return block;
-    }
-    number -= givenDurations.size();
-    if (number < givenDurations.size()) {
-        block.breakDurationSeconds = givenDurations[number];
-        return block;
-    }
-    number -= givenDurations.size();
-    if (number < givenCycles.size()) {
-        block.cycleCount = givenCycles[number];
-        return block;
-    }
-    // One that was begun and worked on before; and that one with nothing in it that may be accepted.
-    block = blockInWork(2, 2);
-    block.scheduledStartTriggeredAt = moment - 60;
-    block.reflection = sampleReflection();
-    if (number > givenCycles.size()) {
-        block.focusDurationSeconds = 0;
-        block.breakDurationSeconds = notANumber;
-        block.cycleCount = 0;
-    }
-    return block;
-}
-
-constexpr auto extensions =
-    std::to_array<double>({300, 0, -0.0, -1, notANumber, infinite, -infinite, smallest});
-constexpr auto texts = std::to_array<const char*>({"", "  ", "Which one?"});
-constexpr auto askedFor = std::to_array<unsigned>({601, 602, 603});
-
-std::optional<SessionPlan> givenPlan(std::size_t number)
-{
-    if (number == 0) {
-        return std::nullopt;
-    }
-    Digits digits(number - 1);
-    const std::int64_t energy = digits.oneOf(ratings);
-    const std::int64_t morale = digits.oneOf(ratings);
-    return planWith(9, {.energy = energy, .morale = morale});
-}
 
 }  // namespace
 
@@ -266,7 +189,7 @@ Situation situationAt(std::uint64_t number)
         state.currentBlock = blockOf(waiting, shape.oneOf(sessionShapes), its, now);
     }
     if (const std::size_t choice = digits.next(savedPlanChoices)) {
-        state.plannedNextSession = planWith(8, savedRatings[choice - 1]);
+        state.plannedNextSession = savedPlan(savedRatings[choice - 1]);
     }
     const Rest& rest = digits.oneOf(breakShapes);
     state.breakStartedAt = rest.isStarted ? std::optional(moment) : std::nullopt;
@@ -276,43 +199,6 @@ Situation situationAt(std::uint64_t number)
     state.agentQuestions = questions();
     state.updatedAt = moment - 5;
     return {.state = std::move(state), .now = now};
-}
-
-std::uint64_t argumentCount(Operation operation)
-{
-    switch (operation) {
-        using enum Operation;
-        case startBlock: return givenBlockChoices;
-        case scheduleBlock: return givenBlockChoices * 2;
-        case startFocus:
-        case saveReviewAndStartBreak: return planChoices;
-        case extendBreak: return extensions.size();
-        case addQuestion: return texts.size();
-        case answerQuestion: return askedFor.size() * texts.size();
-        default: return 1;
-    }
-}
-
-Call callAt(Operation operation, std::uint64_t number, Instant now)
-{
-    Call call = Call::of(operation, now);
-    Digits digits(number);
-    switch (operation) {
-        using enum Operation;
-        case startBlock: call.block = givenBlock(digits.next(givenBlockChoices)); break;
-        case scheduleBlock:
-            call.block = givenBlock(digits.next(givenBlockChoices));
-            call.block->plannedStart = digits.next(2) == 0 ? std::nullopt : std::optional(now + 60);
-            break;
-        case saveReviewAndStartBreak: call.review = sampleReview(9); [[fallthrough]];
-        case startFocus: call.plan = givenPlan(digits.next(planChoices)); break;
-        case completeBlockReview: call.reflection = sampleReflection(); break;
-        case extendBreak: call.seconds = digits.oneOf(extensions); break;
-        case answerQuestion: call.question = identifier(digits.oneOf(askedFor)); [[fallthrough]];
-        case addQuestion: call.text = digits.oneOf(texts); break;
-        default: break;
-    }
-    return call;
 }
 
 }  // namespace quillmere::test
