@@ -68,12 +68,13 @@ TEST(ManySaves, leaveNoMemoryNoDescriptorAndNoFileBehind)
     for (int warmUp = 0; warmUp < 100; ++warmUp) {
         application.actAndSave();
     }
+    EXPECT_TRUE(application.isSaved());
     const std::vector<std::string> names = directory.names();
     const std::uint64_t wanted = amount(2'000, 100'000);
     const Footprint before;
     const std::int64_t residentBefore = residentKilobytes();
     std::uint64_t loads = 0;
-    for (std::uint64_t save = 1; save <= wanted; ++save) {
+    for (std::uint64_t save = 1; save <= wanted && !HasFailure(); ++save) {
         application.actAndSave();
         if (save % 500 == 0) {
             EXPECT_TRUE(application.isSaved());
