@@ -1,0 +1,101 @@
+// One process that saves for a very long time, as an application does that is never closed.
+#include <quillmere/engine/workflow_engine.hpp>
+#include <quillmere/store/state_store.hpp>
+#include <quillmere/widget/widget_snapshot.hpp>
+#include <quillmere/widget/widget_snapshot_store.hpp>
+
+#include <gtest/gtest.h>
+
+#include "proofs/endurance/process_memory.hpp"
+#include "proofs/support/figures.hpp"
+#include "support/failing_allocations.hpp"
+#include "support/file_system.hpp"
+#include "support/sample_states.hpp"
+#include "support/temporary_directory.hpp"
+
+namespace quillmere::test {
+namespace {
+
+/// What must not grow.
+struct Footprint {
+    std::size_t blocks = blocksInUse();
+    std::size_t files = openFileCount();
+
+    friend bool operator==(const Footprint&, const Footprint&) = default;
+};
+
+/// An application in the middle of a session: each action is saved for everybody.
+class Application {
+public:
+    explicit Application(const std::filesystem::path& directory)
+        : store_(directory, StateStore::renameReplacing), widgetStore_(directory), state_(fullState())
+    {
+        // Half a second would be lost in the widget's file, which names the instant that the time counts
+        // from.
+        state_.currentBlock->sessions.back().accumulatedPausedSeconds = 42;
+    }
+
+    void actAndSave()
+    {
+        constexpr WorkflowEngine engine;
+        now_ = now_ + 1;
+        if (state_.interruptible()) {
+            engine.resumeFocus(state_, now_);
+        } else {
+            engine.pauseFocus(state_, now_);
+        }
+        store_.save(state_);
+        widgetStore_.save(WidgetSnapshot::make(state_, now_));
+    }
+
+    /// Reads all back; whether it is what was saved last.
+    bool isSaved() const
+    {
+        return store_.load() == state_ && widgetStore_.load() == WidgetSnapshot::make(state_, now_);
+    }
+
+private:
+    StateStore store_;
+    WidgetSnapshotStore widgetStore_;
+    QuillmereState state_;
+    Instant now_ = moment + 400;
+};
+
+TEST(ManySaves, leaveNoMemoryNoDescriptorAndNoFileBehind)
+{
+    const TemporaryDirectory directory;
+    Application application(directory.path());
+    for (int warmUp = 0; warmUp < 100; ++warmUp) {
+        application.actAndSave();
+    }
+    EXPECT_TRUE(application.isSaved());
+    const std::vector<std::string> names = directory.names();
+    const std::uint64_t wanted = amount(2'000, 100'000);
+    const Footprint before;
+    const std::int64_t residentBefore = residentKilobytes();
+    std::uint64_t loads = 0;
+    for (std::uint64_t save = 1; save <= wanted && !HasFailure(); ++save) {
+        application.actAndSave();
+        if (save % 500 == 0) {
+            EXPECT_TRUE(application.isSaved());
+            EXPECT_EQ(Footprint(), before) << "after " << save << " saves";
+            ++loads;
+        }
+    }
+    const std::int64_t residentAfter = residentKilobytes();
+    const Footprint after;
+    EXPECT_EQ(after, before);
+    EXPECT_EQ(directory.names(), names);
+    EXPECT_EQ(names.size(), 3U);
+
+    const std::string promise = "Saves of all three files in one process";
+    reportFigure(promise, "saves", wanted);
+    reportFigure(promise, "loads in between", loads);
+    reportFigure(promise, "blocks of memory gained", static_cast<std::int64_t>(after.blocks - before.blocks));
+    reportFigure(promise, "descriptors gained", static_cast<std::int64_t>(after.files - before.files));
+    reportFigure(promise, "resident memory before", std::to_string(residentBefore) + " kB");
+    reportFigure(promise, "resident memory after", std::to_string(residentAfter) + " kB");
+}
+
+}  // namespace
+}  // namespace quillmere::test
