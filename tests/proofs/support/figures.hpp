@@ -29,7 +29,7 @@ void reportFigure(const std::string& promise, const std::string& what, std::inte
     std::string digits = std::to_string(count);
     for (std::size_t place = digits.size(); place > 3;) {
         place -= 3;
-        digits.insert(place, ",");
+        digits.insert(place, 1, ',');
     }
     reportFigure(promise, what, digits);
 }

@@ -28,7 +28,8 @@ constexpr std::int64_t daysBeforeYear(std::int64_t year)
 constexpr std::int64_t daysBefore1970 = daysBeforeYear(1970);
 
 /// What a text `YYYY-MM-DDThh:mm:ss` with "Z" or `±hh:mm` stands for, in seconds since 1970; absent for
-/// any other text and for what the calendar or the clock does not have.
+/// any other text, for what the calendar or the clock does not have, and for what an offset moves out of
+/// the years 0000 to 9999.
 constexpr std::optional<double> secondsOfDateText(std::string_view text)
 {
     constexpr std::string_view shape = "dddd-dd-ddTdd:dd:dd";
@@ -76,6 +77,10 @@ constexpr std::optional<double> secondsOfDateText(std::string_view text)
         days += daysOfMonth(year, earlier);
     }
     const std::int64_t seconds = (number(11, 2) * 60 + number(14, 2)) * 60 + number(17, 2);
+    const std::int64_t sinceYear0 = (days + daysBefore1970) * 86'400 + seconds - east;
+    if (sinceYear0 < 0 || sinceYear0 >= daysBeforeYear(10'000) * 86'400) {
+        return std::nullopt;
+    }
     return static_cast<double>(days * 86'400 + seconds - east);
 }
 
