@@ -32,9 +32,7 @@ void StateStore::renameReplacing(const std::filesystem::path& temporaryURL,
 {
     if (std::rename(temporaryURL.c_str(), destination.c_str()) != 0) {
         const int code = errno;
-        throw std::filesystem::filesystem_error(
-            "rename", temporaryURL, destination,
-            std::error_code(isPosixCode(code) ? code : EIO, std::generic_category()));
+        throw std::system_error(std::error_code(isPosixCode(code) ? code : EIO, std::generic_category()));
     }
 }
 
