@@ -49,7 +49,8 @@ public:
 
     /// Creates a directory and its missing parents; an existing one is left as it is. The directory,
     /// if created, gets `mode` whatever the umask says; the parents get the default mode, and so does
-    /// the directory without a `mode`.
+    /// the directory without a `mode`. What is made is synced into its parent (fsync(2)), where that may be
+    /// opened.
     virtual void createDirectory(const std::filesystem::path& path, std::optional<mode_t> mode) const = 0;
 
     /// Removes a file.

@@ -1,6 +1,7 @@
-#include <quillmere/store/file_descriptor.hpp>
 #include <quillmere/store/state_store.hpp>
+#include <quillmere/store/sync.hpp>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 
@@ -14,15 +15,6 @@ bool isPosixCode(int code)
 #else
     return code > 0 && code <= ELAST;
 #endif
-}
-
-void sync(const std::filesystem::path& path, int flags)
-{
-    FileDescriptor file(path, O_RDONLY | flags);
-    if (uninterrupted([&] { return ::fsync(file.get()); }) == -1) {
-        throwErrno("fsync", path);
-    }
-    file.close(path);
 }
 
 }  // namespace
@@ -39,10 +31,9 @@ void StateStore::renameReplacing(const std::filesystem::path& temporaryURL,
 void StateStore::renameReplacingDurably(const std::filesystem::path& temporaryURL,
                                         const std::filesystem::path& destination)
 {
-    sync(temporaryURL, 0);
+    syncFile(temporaryURL);
     renameReplacing(temporaryURL, destination);
-    const std::filesystem::path directory = destination.parent_path();
-    sync(directory.empty() ? "." : directory, O_DIRECTORY);
+    syncDirectory(destination.parent_path());
 }
 
 }  // namespace quillmere

@@ -1,5 +1,6 @@
 #include <quillmere/store/file_descriptor.hpp>
 #include <quillmere/store/file_manager.hpp>
+#include <quillmere/store/sync.hpp>
 
 #include <sys/stat.h>
 
@@ -91,6 +92,19 @@ bool makeDirectory(const fs::path& path, mode_t mode)
         throwErrno("mkdir", path);
     }
     return false;
+}
+
+/// Makes the name of a new directory outlast a power cut. Who may add a name to a directory need not be
+/// allowed to open it, and then nothing can be done.
+void syncName(const fs::path& path)
+{
+    try {
+        syncDirectory(path.parent_path());
+    } catch (const std::system_error& error) {
+        if (error.code() != std::errc::permission_denied) {
+            throw;
+        }
+    }
 }
 
 class StandardFileManager final : public FileManager {
@@ -190,12 +204,14 @@ public:
         if (!parent.empty() && parent != directory && !fileExists(parent)) {
             createDirectory(parent, std::nullopt);
         }
-        if (makeDirectory(directory, mode.value_or(defaultMode)) && mode) {
-            // mkdir(2) leaves out what the umask leaves out.
-            if (uninterrupted([&] { return ::chmod(directory.c_str(), *mode); }) == -1) {
-                throwErrno("chmod", directory);
-            }
+        if (!makeDirectory(directory, mode.value_or(defaultMode))) {
+            return;
         }
+        // mkdir(2) leaves out what the umask leaves out.
+        if (mode && uninterrupted([&] { return ::chmod(directory.c_str(), *mode); }) == -1) {
+            throwErrno("chmod", directory);
+        }
+        syncName(directory);
     }
 
     void removeFile(const fs::path& path) const override

@@ -5,7 +5,8 @@
 // since, each write by itself is whole, lost, all zeros, or cut at a boundary of 512 bytes, with zeros or
 // with nothing behind the cut. Of what was done to entries since, each creation, rename and removal by itself
 // has happened or not, wholly: a rename never leaves a name without a file. The directory was there before
-// and stays. What lasts is never damaged, and no block holds what another file held once.
+// and stays: that the name of a new one is synced is shown with the system calls. What lasts is never
+// damaged, and no block holds what another file held once.
 #pragma once
 
 #include <cstddef>

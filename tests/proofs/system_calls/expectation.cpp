@@ -1,6 +1,8 @@
 #include "proofs/system_calls/expectation.hpp"
 
+#include <algorithm>
 #include <cerrno>
+#include <filesystem>
 
 #include "proofs/system_calls/call_errors.hpp"
 
@@ -20,6 +22,17 @@ bool isAbsorbed(const CallRecord& record, int error)
     }
     // What is not there is made, and then turns out to be there. A removal is tried and no more.
     return record.call == SystemCall::unlink || (record.call == SystemCall::lstat && leadsNowhere(error));
+}
+
+/// Whether the call opens the directory that holds a new one, to sync it.
+bool opensParentOfNew(const std::vector<CallRecord>& calls, std::size_t index)
+{
+    const auto isParentOf = [&](const CallRecord& earlier) {
+        return earlier.call == SystemCall::mkdir && earlier.error == 0 &&
+               std::filesystem::path(earlier.path).parent_path() == calls[index].path;
+    };
+    const auto end = calls.begin() + static_cast<std::ptrdiff_t>(index);
+    return calls[index].call == SystemCall::open && std::any_of(calls.begin(), end, isParentOf);
 }
 
 int reported(const CallRecord& record, int error)
@@ -45,7 +58,9 @@ Expectation expectedOfSave(const Situation& situation, const std::vector<CallRec
     const std::size_t fileCount = situation.store == StoreKind::state ? 2 : 1;
     const Version before = situation.before == Before::earlierFile ? Version::older : Version::none;
     Expectation expected{.error = 0, .files = std::vector<Version>(fileCount, Version::newer)};
-    if (isAbsorbed(calls[index], fault.error)) {
+    // Who may add a name to a directory need not be allowed to open it.
+    const bool mayNotOpen = fault.error == EACCES && !fault.fromThereOn && opensParentOfNew(calls, index);
+    if (mayNotOpen || isAbsorbed(calls[index], fault.error)) {
         return expected;
     }
     expected.error = reported(calls[index], fault.error);

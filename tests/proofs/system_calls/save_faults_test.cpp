@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <filesystem>
 #include <set>
 
 #include "proofs/support/figures.hpp"
@@ -13,6 +14,8 @@
 
 namespace quillmere::test {
 namespace {
+
+namespace fs = std::filesystem;
 
 /// Goes through all faulted saves; those to which `holds` does not apply fail the test.
 template <class Holds>
@@ -36,6 +39,24 @@ TEST(ASave, opensNoFileThatItMightOverwrite)
         }
         EXPECT_EQ(created, situation.store == StoreKind::state ? 2u : 1u);
     }
+}
+
+TEST(ASave, syncsTheNameOfEveryDirectoryThatItMakes)
+{
+    std::size_t made = 0;
+    for (const Situation& situation : situations()) {
+        std::set<fs::path> unsynced;
+        for (const CallRecord& record : undisturbedCalls(situation)) {
+            if (record.call == SystemCall::mkdir && record.error == 0) {
+                unsynced.insert(fs::path(record.path).parent_path());
+                ++made;
+            } else if (record.call == SystemCall::fsync) {
+                unsynced.erase(record.path);
+            }
+        }
+        EXPECT_TRUE(unsynced.empty()) << testing::PrintToString(unsynced);
+    }
+    EXPECT_GT(made, 0u);
 }
 
 TEST(ASaveWithAFault, isTriedAtEveryCall)
