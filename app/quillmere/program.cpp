@@ -8,9 +8,9 @@
 namespace quillmere::app {
 namespace {
 
-std::string eventText(const Event& event)
+std::string eventText(const Event& event, Instant now)
 {
-    const std::string time = localClockText(event.at);
+    const std::string time = localTextSeenFrom(now, event.at);
     switch (event.kind) {
         case Event::Kind::blockStarted: return "The scheduled block started at " + time + ".";
         case Event::Kind::focusEnded: return "The focus session ended at " + time + ".";
@@ -45,7 +45,7 @@ void Program::reportEvents(const std::vector<Event>& events)
     events_.insert(events_.end(), events.begin(), events.end());
     if (!settings_.json) {
         for (const Event& event : events) {
-            environment_.err << eventText(event) << '\n';
+            environment_.err << eventText(event, environment_.clock()) << '\n';
         }
     }
 }

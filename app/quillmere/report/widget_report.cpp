@@ -62,9 +62,10 @@ void printWidget(std::ostream& out, const WidgetSnapshot& snapshot, Instant now,
     }
     out << "Timeline:";
     for (const WidgetTimelinePlan::Entry& entry : WidgetTimelinePlan::entries(snapshot, now)) {
-        out << "  " << localClockText(entry.date) << ' ' << entryText(entry);
+        out << "  " << localTextSeenFrom(now, entry.date) << ' ' << entryText(entry);
     }
-    out << "  (asks again at " << localClockText(WidgetTimelinePlan::refreshDate(snapshot, now)) << ")\n";
+    out << "  (asks again at " << localTextSeenFrom(now, WidgetTimelinePlan::refreshDate(snapshot, now))
+        << ")\n";
 }
 
 }  // namespace quillmere::app
