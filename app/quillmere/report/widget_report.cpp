@@ -47,7 +47,7 @@ Json widgetJson(const WidgetSnapshot& snapshot, Instant now)
 
 void printWidget(std::ostream& out, const WidgetSnapshot& snapshot, Instant now, const Style& style)
 {
-    printHeadline(out, snapshot, now, style);
+    printHeadline(out, snapshot, now, snapshot.sessionProgress(now), style);
     printField(out, "Outcome", snapshot.intendedOutcome);
     printField(out, "First action", snapshot.firstAction);
     if (snapshot.sessionsPlanned > 0) {
