@@ -1,6 +1,7 @@
 #include "run.hpp"
 
 #include "commands/commands.hpp"
+#include "text/file_error.hpp"
 #include "text/inert.hpp"
 #include "version.hpp"
 
@@ -83,7 +84,7 @@ ExitCode act(Program& program)
         return report(ExitCode::unusableData, std::string("The state cannot be used: ") + error.what(),
                       program);
     } catch (const std::system_error& error) {
-        return report(ExitCode::fileError, error.what(), program);
+        return report(ExitCode::fileError, fileErrorText(error), program);
     }
 }
 

@@ -209,6 +209,15 @@ TEST(UnwritableSummary, isAFileErrorAfterTheStateWasSaved)
     }
 }
 
+TEST(FileError, isToldWithTheCallTheReasonAndThePath)
+{
+    const Person person;
+    const auto file = person.directory() / "file";
+    writeText(file, "a diary");
+    EXPECT_EQ(person.runs({"--directory", file.string(), "ask", "Why?"}).err,
+              "mkdir: File exists: " + file.string() + "\n");
+}
+
 TEST(FullDisk, isAFileErrorThatLeavesEveryFileWhole)
 {
     const Person person;
