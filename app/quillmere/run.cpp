@@ -88,6 +88,13 @@ ExitCode act(Program& program)
     }
 }
 
+/// Whether a program reads the messages. Where parsing stops early, no option has been set yet.
+bool isForProgram(const std::vector<std::string>& arguments, Program& program)
+{
+    return program.settings().json ||
+           std::find(arguments.begin(), arguments.end(), "--json") != arguments.end();
+}
+
 /// The arguments with "--option=" as two words, "--option" and an empty one: CLI11 would take the word
 /// that follows for the value.
 std::vector<std::string> withEmptyValues(const std::vector<std::string>& arguments)
@@ -120,9 +127,7 @@ ExitCode parseAndAct(const std::vector<std::string>& arguments, Program& program
         line.exit(help, program.environment().out, program.environment().err);
         return finish(program);
     } catch (const CLI::ParseError& error) {
-        // Where parsing stops early, no option has been set yet.
-        const bool isForProgram = std::find(arguments.begin(), arguments.end(), "--json") != arguments.end();
-        program.settings().json = program.settings().json || isForProgram;
+        program.settings().json = isForProgram(arguments, program);
         return report(ExitCode::usage, error.what() + std::string(" (quillmere --help)"), program);
     }
     return act(program);
@@ -132,11 +137,16 @@ ExitCode parseAndAct(const std::vector<std::string>& arguments, Program& program
 
 ExitCode run(const std::vector<std::string>& arguments, Environment& environment) noexcept
 {
+    Program program(environment);
     try {
-        Program program(environment);
         return parseAndAct(arguments, program);
     } catch (const std::bad_alloc&) {
-        environment.err << "There is not enough memory.\n";
+        // Ready texts, as there may be no memory to compose one, nor to say what came about before.
+        environment.err
+            << (isForProgram(arguments, program)
+                    ? R"({"error":{"case":"outOfMemory","message":"There is not enough memory."}})"
+                    : "There is not enough memory.")
+            << '\n';
         return ExitCode::outOfMemory;
     } catch (const std::exception& error) {
         environment.err << error.what() << '\n';
