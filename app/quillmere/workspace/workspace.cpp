@@ -12,11 +12,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A path that means the same when the working directory changes, without a slash at its end.
+/// A path that means the same when the working directory changes, without a slash or a dot at its end.
+/// "..", which behind a link leads elsewhere than it looks, is left to the system.
 fs::path absolutePath(const fs::path& path)
 {
-    const fs::path whole = fs::absolute(path).lexically_normal();
-    return whole.has_filename() ? whole : whole.parent_path();
+    fs::path whole;
+    for (const fs::path& part : fs::absolute(path)) {
+        if (!part.empty() && part != ".") {
+            whole /= part;
+        }
+    }
+    return whole;
 }
 
 /// The clock in the precision of the files, so that memory and file agree.
