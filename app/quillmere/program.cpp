@@ -1,7 +1,10 @@
 #include "program.hpp"
 
+#include "exit_code.hpp"
 #include "report/status.hpp"
 #include "text/local_time.hpp"
+
+#include <quillmere/engine/workflow_error.hpp>
 
 #include <ostream>
 
@@ -27,17 +30,38 @@ Workspace Program::workspace() const
                                : Workspace::ofThisUser(environment_.clock);
 }
 
-void Program::change(std::string_view done,
-                     const std::function<void(QuillmereState&, Instant now)>& operation)
+Situation Program::apply(const Operation& operation)
 {
-    const Situation situation =
+    Situation situation =
         workspace().change([this](const std::vector<Event>& events) { reportEvents(events); }, operation);
+    isDone_ = true;
+    return situation;
+}
+
+void Program::change(std::string_view done, const Operation& operation)
+{
+    const Situation situation = apply(operation);
     if (settings_.json) {
         print({{"done", done}, {"events", eventsJson(events_)}, {"status", statusJson(situation)}});
         return;
     }
     environment_.out << done << "\n\n";
     printStatus(environment_.out, situation, style());
+}
+
+void Program::letTimePass() { apply(nullptr); }
+
+bool Program::wouldAccept(const Operation& operation) const
+{
+    Situation situation = workspace().look();
+    try {
+        operation(situation.state, situation.now);
+        return true;
+    } catch (const WorkflowError&) {
+        return false;
+    } catch (const ProgramError&) {
+        return false;
+    }
 }
 
 void Program::reportEvents(const std::vector<Event>& events)

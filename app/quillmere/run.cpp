@@ -65,7 +65,9 @@ ExitCode report(ExitCode code, const std::string& message, Program& program)
 ExitCode finish(Program& program)
 {
     if (!program.environment().out.flush()) {
-        return report(ExitCode::fileError, "The result cannot be written to standard output.", program);
+        const std::string message = "The result cannot be written to standard output";
+        return report(ExitCode::fileError,
+                      message + (program.isDone() ? "; what was asked has been done." : "."), program);
     }
     return ExitCode::done;
 }
