@@ -1,16 +1,19 @@
 #include "program.hpp"
 
+#include "exit_code.hpp"
 #include "report/status.hpp"
 #include "text/local_time.hpp"
+
+#include <quillmere/engine/workflow_error.hpp>
 
 #include <ostream>
 
 namespace quillmere::app {
 namespace {
 
-std::string eventText(const Event& event)
+std::string eventText(const Event& event, Instant now)
 {
-    const std::string time = localClockText(event.at);
+    const std::string time = localTextSeenFrom(now, event.at);
     switch (event.kind) {
         case Event::Kind::blockStarted: return "The scheduled block started at " + time + ".";
         case Event::Kind::focusEnded: return "The focus session ended at " + time + ".";
@@ -27,11 +30,17 @@ Workspace Program::workspace() const
                                : Workspace::ofThisUser(environment_.clock);
 }
 
-void Program::change(std::string_view done,
-                     const std::function<void(QuillmereState&, Instant now)>& operation)
+Situation Program::apply(const Operation& operation)
 {
-    const Situation situation =
+    Situation situation =
         workspace().change([this](const std::vector<Event>& events) { reportEvents(events); }, operation);
+    isDone_ = true;
+    return situation;
+}
+
+void Program::change(std::string_view done, const Operation& operation)
+{
+    const Situation situation = apply(operation);
     if (settings_.json) {
         print({{"done", done}, {"events", eventsJson(events_)}, {"status", statusJson(situation)}});
         return;
@@ -40,12 +49,27 @@ void Program::change(std::string_view done,
     printStatus(environment_.out, situation, style());
 }
 
+void Program::letTimePass() { apply(nullptr); }
+
+bool Program::wouldAccept(const Operation& operation) const
+{
+    Situation situation = workspace().look();
+    try {
+        operation(situation.state, situation.now);
+        return true;
+    } catch (const WorkflowError&) {
+        return false;
+    } catch (const ProgramError&) {
+        return false;
+    }
+}
+
 void Program::reportEvents(const std::vector<Event>& events)
 {
     events_.insert(events_.end(), events.begin(), events.end());
     if (!settings_.json) {
         for (const Event& event : events) {
-            environment_.err << eventText(event) << '\n';
+            environment_.err << eventText(event, environment_.clock()) << '\n';
         }
     }
 }

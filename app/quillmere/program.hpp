@@ -40,18 +40,31 @@ public:
     Style style() const { return Style(wantsColour(environment_.outputIsTerminal)); }
 
     /// Runs one operation of a person on their files, then says `done` and where the work stands.
-    void change(std::string_view done, const std::function<void(QuillmereState&, Instant now)>& operation);
+    void change(std::string_view done, const Operation& operation);
 
-    /// Keeps what came about by itself and says so, at once to a person, with the result to a program.
-    void reportEvents(const std::vector<Event>& events);
+    /// Lets time pass on the files, and repairs their summaries.
+    void letTimePass();
+
+    /// Whether the operation would be carried out now. Nothing of it is kept. Where it would not, there
+    /// is no use in asking for more, and `change` says why.
+    bool wouldAccept(const Operation& operation) const;
+
+    /// Whether what was asked has been done to the files.
+    bool isDone() const { return isDone_; }
 
     /// Prints a result that is the same for persons and programs: JSON, harmless to a terminal.
     void print(const Json& json);
 
 private:
+    Situation apply(const Operation& operation);
+
+    /// Keeps what came about by itself and says so, at once to a person, with the result to a program.
+    void reportEvents(const std::vector<Event>& events);
+
     Environment& environment_;
     Settings settings_;
     std::vector<Event> events_;
+    bool isDone_ = false;
 };
 
 /// The events as programs read them.

@@ -1,6 +1,7 @@
 #include "run.hpp"
 
 #include "commands/commands.hpp"
+#include "text/file_error.hpp"
 #include "text/inert.hpp"
 #include "version.hpp"
 
@@ -64,7 +65,9 @@ ExitCode report(ExitCode code, const std::string& message, Program& program)
 ExitCode finish(Program& program)
 {
     if (!program.environment().out.flush()) {
-        return report(ExitCode::fileError, "The result cannot be written to standard output.", program);
+        const std::string message = "The result cannot be written to standard output";
+        return report(ExitCode::fileError,
+                      message + (program.isDone() ? "; what was asked has been done." : "."), program);
     }
     return ExitCode::done;
 }
@@ -83,8 +86,15 @@ ExitCode act(Program& program)
         return report(ExitCode::unusableData, std::string("The state cannot be used: ") + error.what(),
                       program);
     } catch (const std::system_error& error) {
-        return report(ExitCode::fileError, error.what(), program);
+        return report(ExitCode::fileError, fileErrorText(error), program);
     }
+}
+
+/// Whether a program reads the messages. Where parsing stops early, no option has been set yet.
+bool isForProgram(const std::vector<std::string>& arguments, Program& program)
+{
+    return program.settings().json ||
+           std::find(arguments.begin(), arguments.end(), "--json") != arguments.end();
 }
 
 /// The arguments with "--option=" as two words, "--option" and an empty one: CLI11 would take the word
@@ -119,9 +129,7 @@ ExitCode parseAndAct(const std::vector<std::string>& arguments, Program& program
         line.exit(help, program.environment().out, program.environment().err);
         return finish(program);
     } catch (const CLI::ParseError& error) {
-        // Where parsing stops early, no option has been set yet.
-        const bool isForProgram = std::find(arguments.begin(), arguments.end(), "--json") != arguments.end();
-        program.settings().json = program.settings().json || isForProgram;
+        program.settings().json = isForProgram(arguments, program);
         return report(ExitCode::usage, error.what() + std::string(" (quillmere --help)"), program);
     }
     return act(program);
@@ -131,11 +139,16 @@ ExitCode parseAndAct(const std::vector<std::string>& arguments, Program& program
 
 ExitCode run(const std::vector<std::string>& arguments, Environment& environment) noexcept
 {
+    Program program(environment);
     try {
-        Program program(environment);
         return parseAndAct(arguments, program);
     } catch (const std::bad_alloc&) {
-        environment.err << "There is not enough memory.\n";
+        // Ready texts, as there may be no memory to compose one, nor to say what came about before.
+        environment.err
+            << (isForProgram(arguments, program)
+                    ? R"({"error":{"case":"outOfMemory","message":"There is not enough memory."}})"
+                    : "There is not enough memory.")
+            << '\n';
         return ExitCode::outOfMemory;
     } catch (const std::exception& error) {
         environment.err << error.what() << '\n';

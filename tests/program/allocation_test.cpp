@@ -111,6 +111,20 @@ TEST(Allocations, failingWhileSomebodyLooksChangeNothing)
     failThrough({"status"}, stateIn(WorkflowState::breaking), moment + 60);
 }
 
+TEST(Allocations, failingAreToldToProgramsAsAnObject)
+{
+    // While the command line is read, before any JSON is made.
+    const TemporaryDirectory directory;
+    const Words words = {"--directory", directory.path().string(), "pause", "--json"};
+    runFailing(0, words, moment);
+    for (std::size_t allocation = 0; allocation < 600; allocation += 60) {
+        const Attempt run = runFailing(allocation, words, moment);
+        EXPECT_EQ(run.code, ExitCode::outOfMemory);
+        EXPECT_EQ(jsonAt("/error", run.err),
+                  R"({"case":"outOfMemory","message":"There is not enough memory."})");
+    }
+}
+
 TEST(Allocations, failingWhileACommandIsMisunderstoodEndInOrder)
 {
     const TemporaryDirectory directory;

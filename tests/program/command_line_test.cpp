@@ -75,6 +75,33 @@ TEST(Directory, mayBeALinkToOne)
     EXPECT_TRUE(std::filesystem::is_symlink(person.directory() / "link"));
 }
 
+TEST(Directory, isFoundBehindALinkAsTheSystemFindsIt)
+{
+    // From behind the link, ".." leads to where the real directory stands.
+    const Person person;
+    std::filesystem::create_directories(person.directory() / "far" / "real");
+    std::filesystem::create_directory_symlink("far/real", person.directory() / "link");
+    EXPECT_EQ(
+        person.runs({"--directory", (person.directory() / "link/../kept").string(), "ask", "Why?"}).code,
+        ExitCode::done);
+    EXPECT_EQ(namesIn(person.directory() / "far"), (Words{"kept", "real"}));
+    EXPECT_EQ(person.names(), (Words{"far", "link"}));
+}
+
+TEST(Directory, isForItsOwnerAloneAlsoWithADotAtItsEnd)
+{
+    const Person person;
+    for (const char* name : {"one/.", "two/./", "three//"}) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(person.runs({"--directory", person.directory().string() + "/" + name, "ask", "Why?"}).code,
+                  ExitCode::done);
+    }
+    for (const std::string& name : person.names()) {
+        EXPECT_EQ(std::filesystem::status(person.directory() / name).permissions(),
+                  std::filesystem::perms::owner_all);
+    }
+}
+
 const Words misunderstood[] = {
     {"dance"},
     {"status", "quickly"},

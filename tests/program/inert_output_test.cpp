@@ -108,7 +108,7 @@ const Words echoed[] = {
     {"answer", nasty, "Yes"},
     {"answer", "\xFF", "Yes"},
     {"focus", "--energy", nasty},
-    {"break", "extend", nasty},
+    {"history", "--limit", nasty},
     {"open", nasty},
 };
 

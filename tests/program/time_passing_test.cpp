@@ -12,9 +12,17 @@ TEST(Tick, recordsTheEndOfASessionWhenItWas)
     const Ending ending = person.typesLater(86'400, {"tick"});
     EXPECT_EQ(ending.code, ExitCode::done);
     EXPECT_EQ(ending.out, "");
-    EXPECT_EQ(ending.err, "The focus session ended at 16:25.\n");
+    EXPECT_EQ(ending.err, "The focus session ended at 2026-11-15 16:25.\n");
     EXPECT_EQ(person.state().currentSession()->endedAt, moment + 1500);
     EXPECT_TRUE(filesAgree(person));
+}
+
+TEST(Tick, tellsTheDayOfWhatCameAboutOnlyWhenItIsAnother)
+{
+    const TimeZone here("Europe/Berlin");
+    Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    EXPECT_EQ(person.typesLater(7 * 3600, {"tick"}).err, "The focus session ended at 16:25.\n");
 }
 
 TEST(Tick, recordsTheEndOfABreakOnce)

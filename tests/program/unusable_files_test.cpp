@@ -209,6 +209,54 @@ TEST(UnwritableSummary, isAFileErrorAfterTheStateWasSaved)
     }
 }
 
+TEST(UnwritableSummary, isNamedAndTheChangeIsSaidToBeSaved)
+{
+    for (const char* name : {"agent-state.json", "widget-snapshot.json"}) {
+        SCOPED_TRACE(name);
+        const Person person;
+        std::filesystem::create_directory(person.directory() / name);
+        EXPECT_EQ(person.types({"ask", "Why?"}).err, "The change itself is saved; " +
+                                                         (person.directory() / name).string() +
+                                                         " could not be written: Is a directory\n");
+    }
+}
+
+TEST(UnwritableSummary, leavesTheCommandUndoneAfterATimerRanOut)
+{
+    Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    const auto file = person.directory() / "agent-state.json";
+    std::filesystem::remove(file);
+    std::filesystem::create_directory(file);
+    const Ending ending =
+        person.typesLater(2000, {"review", "--completion", "yes", "--next-outcome", "More"});
+    EXPECT_EQ(ending.code, ExitCode::fileError);
+    EXPECT_EQ(ending.err, "What came about by itself is saved, and no more was done; " + file.string() +
+                              " could not be written: Is a directory\n");
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
+}
+
+TEST(UnwritableState, isNotSaidToBeSaved)
+{
+    const Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    Ending ending{};
+    {
+        const FileSizeLimit limit(200);
+        ending = person.types({"ask", "Why?"});
+    }
+    EXPECT_EQ(ending.err.substr(0, 23), "write: File too large: ");
+}
+
+TEST(FileError, isToldWithTheCallTheReasonAndThePath)
+{
+    const Person person;
+    const auto file = person.directory() / "file";
+    writeText(file, "a diary");
+    EXPECT_EQ(person.runs({"--directory", file.string(), "ask", "Why?"}).err,
+              "mkdir: File exists: " + file.string() + "\n");
+}
+
 TEST(FullDisk, isAFileErrorThatLeavesEveryFileWhole)
 {
     const Person person;

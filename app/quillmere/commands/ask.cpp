@@ -5,6 +5,18 @@
 #include <memory>
 
 namespace quillmere::app {
+namespace {
+
+/// Refuses what nobody could answer.
+CLI::Validator notBlank()
+{
+    return {[](std::string& text) {
+                return text.find_first_not_of(" \t\n\v\f\r") == std::string::npos ? "is blank" : "";
+            },
+            ""};
+}
+
+}  // namespace
 
 void addAsk(CLI::App& line, Program& program)
 {
@@ -18,7 +30,8 @@ void addAsk(CLI::App& line, Program& program)
                })
         ->add_option("question", *question, "The question")
         ->required()
-        ->check(wellFormedText());
+        ->check(wellFormedText())
+        ->check(notBlank());
 }
 
 }  // namespace quillmere::app

@@ -1,5 +1,6 @@
 // Lengthens or ends a break.
 #include "commands/commands.hpp"
+#include "commands/fields.hpp"
 #include "exit_code.hpp"
 #include "text/duration.hpp"
 
@@ -11,11 +12,12 @@ namespace {
 void extendBreak(const std::string& text, Program& program)
 {
     const std::optional<double> by = durationFromText(text);
-    if (!by) {
-        throw ProgramError(ExitCode::usage, "Say by how much, from 1 second to 366 days: 5m, 90s.");
-    }
     program.change("The break is longer now.", [&](QuillmereState& state, Instant now) {
-        WorkflowEngine().extendBreak(state, *by, now);
+        // What the engine refuses is said before what the command line lacks.
+        WorkflowEngine().extendBreak(state, by.value_or(shortestDuration), now);
+        if (!by) {
+            throw ProgramError(ExitCode::usage, "Say by how much, from 1 second to 366 days: 5m, 90s.");
+        }
     });
 }
 
@@ -28,7 +30,8 @@ void addBreak(CLI::App& line, Program& program)
     const auto by = std::make_shared<std::string>();
     addCommand(*group, program, "extend", "Lengthen the break", [by, &program] { extendBreak(*by, program); })
         ->add_option("duration", *by, "By how much: 5m, 90s")
-        ->required();
+        ->required()
+        ->check(wellFormedText());
     addCommand(*group, program, "end", "End the break", [&program] {
         program.change("The break has ended.",
                        [](QuillmereState& state, Instant now) { WorkflowEngine().endBreak(state, now); });

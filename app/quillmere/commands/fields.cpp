@@ -47,13 +47,22 @@ void PlanOptions::applyTo(SessionPlan& plan, const std::optional<Block>& block) 
     texts_.applyTo(plan);
     plan.energy = energy_.value_or(plan.energy);
     plan.morale = morale_.value_or(plan.morale);
-    if (outcomeNumber_ && block) {
-        if (*outcomeNumber_ < 1 || *outcomeNumber_ > std::ssize(block->outcomes)) {
-            throw ProgramError(ExitCode::usage,
-                               "The block has no outcome " + std::to_string(*outcomeNumber_) + ".");
-        }
+    if (hasOutcome(block)) {
         plan.blockOutcomeID = block->outcomes[static_cast<std::size_t>(*outcomeNumber_ - 1)].id;
     }
+}
+
+void PlanOptions::requireOutcome(const std::optional<Block>& block) const
+{
+    if (outcomeNumber_ && !hasOutcome(block)) {
+        throw ProgramError(ExitCode::usage,
+                           "The block has no outcome " + std::to_string(*outcomeNumber_) + ".");
+    }
+}
+
+bool PlanOptions::hasOutcome(const std::optional<Block>& block) const
+{
+    return outcomeNumber_ && block && *outcomeNumber_ >= 1 && *outcomeNumber_ <= std::ssize(block->outcomes);
 }
 
 }  // namespace quillmere::app

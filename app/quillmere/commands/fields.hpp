@@ -108,8 +108,12 @@ public:
 
     bool anyGiven() const;
 
-    /// Sets what was given in `plan`. Throws ProgramError when the block has no outcome of that number.
+    /// Sets what was given in `plan`, but for an outcome that the block does not have.
     void applyTo(SessionPlan& plan, const std::optional<Block>& block) const;
+
+    /// Throws ProgramError when the block has no outcome of the number that was given. For the end of an
+    /// operation: what the engine refuses is to be said first.
+    void requireOutcome(const std::optional<Block>& block) const;
 
     template <class Ask>
     void askForMissing(Ask ask)
@@ -122,6 +126,8 @@ private:
     std::optional<std::int64_t> energy_;
     std::optional<std::int64_t> morale_;
     std::optional<std::int64_t> outcomeNumber_;
+
+    bool hasOutcome(const std::optional<Block>& block) const;
 };
 
 }  // namespace quillmere::app

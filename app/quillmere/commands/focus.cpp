@@ -34,6 +34,7 @@ void focus(PlanOptions& options, Program& program)
     }
     program.change("Focus.", [&](QuillmereState& state, Instant now) {
         WorkflowEngine().startFocus(state, chosenPlan(options, state), now);
+        options.requireOutcome(state.currentBlock);
     });
 }
 

@@ -7,11 +7,24 @@
 #include "text/local_time.hpp"
 
 #include <algorithm>
+#include <limits>
 #include <memory>
 #include <ostream>
 
 namespace quillmere::app {
 namespace {
+
+constexpr std::int64_t mostBlocks = std::numeric_limits<std::int64_t>::max();
+
+/// Refuses what is no number of blocks to show.
+CLI::Validator limitOfBlocks()
+{
+    return {[](std::string& text) -> std::string {
+                const bool isPositive = std::stoll(text) >= 1;
+                return isPositive ? "" : "is not between 1 and " + std::to_string(mostBlocks) + ": " + text;
+            },
+            ""};
+}
 
 /// Time in focus, pauses taken out.
 double focusSeconds(const Block& block)
@@ -31,6 +44,14 @@ void printBlock(std::ostream& out, const Block& block)
         << block.cycleCount << " sessions, " << durationText(focusSeconds(block)) << " of focus\n";
     for (const Outcome& outcome : block.outcomes) {
         printField(out, "  Outcome", outcome.title);
+    }
+    for (std::size_t index = 0; index < block.sessions.size(); ++index) {
+        if (const auto& review = block.sessions[index].review) {
+            const std::string result =
+                review->noteworthyResult.empty() ? "" : ", " + review->noteworthyResult;
+            printField(out, "  Session " + std::to_string(index + 1),
+                       std::string(rawValue(review->completion)) + result);
+        }
     }
     if (block.reflection) {
         printField(out, "  Produced", block.reflection->outputProduced);
@@ -54,6 +75,9 @@ void showHistory(std::size_t limit, Program& program)
     for (std::size_t index = 0; index < count; ++index) {
         printBlock(out, state.blockHistory[index]);
     }
+    if (const std::size_t all = state.blockHistory.size(); all > count) {
+        out << all - count << " more; --limit " << all << " shows all\n";
+    }
     if (state.blockHistory.empty()) {
         out << "No block is finished yet.\n";
     }
@@ -69,7 +93,7 @@ void addHistory(CLI::App& line, Program& program)
                [limit, &program] { showHistory(*limit, program); })
         ->add_option("--limit", *limit, "How many at most")
         ->transform(wholeNumber())
-        ->check(CLI::NonNegativeNumber)
+        ->check(limitOfBlocks())
         ->capture_default_str();
 }
 

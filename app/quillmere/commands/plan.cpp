@@ -41,10 +41,14 @@ Instant plannedStartOf(const std::string& text, Instant now)
         throw ProgramError(ExitCode::usage,
                            "--at is no local time, such as 14:30, \"2026-11-15 09:00\" or +1h: " + text);
     }
+    if (*start < now) {
+        throw ProgramError(ExitCode::usage,
+                           "--at has passed; name a time to come, or say --start to begin now: " + text);
+    }
     return *start;
 }
 
-void askForMissing(PlanCommand& command, Environment& environment)
+void askForMissing(PlanCommand& command, Environment& environment, Instant now)
 {
     const auto question = [&](const char* text) { return ask(environment, text); };
     if (command.outcomes.empty()) {
@@ -61,7 +65,8 @@ void askForMissing(PlanCommand& command, Environment& environment)
     if (!command.start && !command.at) {
         const std::string when = askUntil(
             environment, "When does it begin? (14:30, +1h; empty: now)", [&](const std::string& text) {
-                return text.empty() || instantFromLocalText(text, environment.clock());
+                const std::optional<Instant> start = instantFromLocalText(text, now);
+                return text.empty() || (start && *start >= now);
             });
         command.start = when.empty();
         command.at = when.empty() ? std::nullopt : std::optional(when);
@@ -93,39 +98,34 @@ Block plannedBlock(const PlanCommand& command, const QuillmereState& state, Inst
     return block;
 }
 
-/// Whether a block may be planned now.
-bool awaitsPlan(const QuillmereState& state)
-{
-    const bool isFree = state.workflowState == WorkflowState::idle && !state.currentBlock;
-    return isFree || state.workflowState == WorkflowState::blockPlanning;
-}
-
-/// Opens planning, unless it is open, and closes it with the block.
+/// Opens planning, unless it is open, and closes it with the block. What the engine refuses is said
+/// before what the command line lacks.
 void planBlock(const PlanCommand& command, QuillmereState& state, Instant now)
 {
     const WorkflowEngine engine;
     if (state.workflowState != WorkflowState::blockPlanning) {
         engine.beginBlockPlanning(state, now);
     }
+    Block block = plannedBlock(command, state, now);
+    if (command.at) {
+        engine.scheduleBlock(state, std::move(block), now);
+    } else {
+        engine.startBlock(state, std::move(block), now);
+    }
     if (!command.start && !command.at) {
         throw ProgramError(ExitCode::usage, "Say --start to begin now, or --at TIME to begin later.");
-    }
-    Block block = plannedBlock(command, state, now);
-    if (command.start) {
-        engine.startBlock(state, std::move(block), now);
-    } else {
-        engine.scheduleBlock(state, std::move(block), now);
     }
 }
 
 void plan(PlanCommand& command, Program& program)
 {
     if (program.environment().inputIsTerminal) {
-        const Situation situation = program.workspace().look();
-        if (awaitsPlan(situation.state)) {
-            // A slip on the command line is to be found before anything is asked.
-            plannedBlock(command, situation.state, situation.now);
-            askForMissing(command, program.environment());
+        // A slip on the command line is to be found before anything is asked.
+        PlanCommand rehearsal = command;
+        rehearsal.start = !rehearsal.at;
+        if (program.wouldAccept(
+                [&](QuillmereState& state, Instant now) { planBlock(rehearsal, state, now); })) {
+            askForMissing(command, program.environment(), program.workspace().now());
         }
     }
     program.change(command.start ? "The block has begun." : "The block is scheduled.",

@@ -10,16 +10,18 @@ namespace quillmere::app {
 
 std::string ask(Environment& environment, const std::string& question)
 {
-    environment.err << question << ' ' << std::flush;
-    std::string line;
-    if (!std::getline(environment.in, line)) {
-        environment.err << '\n';
-        throw ProgramError(ExitCode::usage, "The input ended before all was answered. Nothing was done.");
+    while (true) {
+        environment.err << question << ' ' << std::flush;
+        std::string line;
+        if (!std::getline(environment.in, line)) {
+            environment.err << '\n';
+            throw ProgramError(ExitCode::usage, "The input ended before all was answered. Nothing was done.");
+        }
+        if (isText(line)) {
+            return line;
+        }
+        environment.err << "That is not well-formed UTF-8.\n";
     }
-    if (!isText(line)) {
-        throw ProgramError(ExitCode::usage, "That is not well-formed UTF-8.");
-    }
-    return line;
 }
 
 std::string askUntil(Environment& environment, const std::string& question,

@@ -8,8 +8,8 @@
 
 namespace quillmere::app {
 
-/// Puts a question on the channel for messages and returns the line that is typed. Throws ProgramError
-/// when the line is no text, and at the end of the input: nobody may be taken to have answered then.
+/// Puts a question on the channel for messages, again as long as what is typed is no text, and returns
+/// the line. Throws ProgramError at the end of the input: nobody may be taken to have answered then.
 std::string ask(Environment& environment, const std::string& question);
 
 /// Asks until `accepts` says yes to the line; one slip must not lose the answers before it.

@@ -41,15 +41,13 @@ void askForMissing(ReviewCommand& command, const QuillmereState& state, Environm
     }
 }
 
+/// What the engine refuses is said before what the command line lacks.
 void saveReview(const ReviewCommand& command, QuillmereState& state, Instant now)
 {
     const std::optional<CompletionResult> completion = completionFrom(command.completion);
-    if (!completion) {
-        throw ProgramError(ExitCode::usage, "Say --completion yes, half or no.");
-    }
     SessionReview review{
         .id = Identifier::random(),
-        .completion = *completion,
+        .completion = completion.value_or(CompletionResult::no),
         .noteworthyResult = {},
         .distractions = {},
         .improvement = {},
@@ -61,15 +59,33 @@ void saveReview(const ReviewCommand& command, QuillmereState& state, Instant now
         command.nextPlan.applyTo(*nextPlan, state.currentBlock);
     }
     WorkflowEngine().saveReviewAndStartBreak(state, std::move(review), std::move(nextPlan), now);
+    command.nextPlan.requireOutcome(state.currentBlock);
+    if (!completion) {
+        throw ProgramError(ExitCode::usage, "Say --completion yes, half or no.");
+    }
+}
+
+/// The command with something in the place of all that would be asked for.
+ReviewCommand filledIn(ReviewCommand command)
+{
+    if (!completionFrom(command.completion)) {
+        command.completion = rawValue(CompletionResult::no);
+    }
+    if (!command.nextPlan.anyGiven()) {
+        command.nextPlan.askForMissing([](const char*) { return std::string(); });
+    }
+    return command;
 }
 
 void review(ReviewCommand& command, Program& program)
 {
     Environment& environment = program.environment();
     if (environment.inputIsTerminal) {
-        const QuillmereState state = program.workspace().look().state;
-        if (state.workflowState == WorkflowState::sessionReview && state.currentSession()) {
-            askForMissing(command, state, environment);
+        // A slip on the command line is to be found before anything is asked.
+        const ReviewCommand rehearsal = filledIn(command);
+        if (program.wouldAccept(
+                [&](QuillmereState& state, Instant now) { saveReview(rehearsal, state, now); })) {
+            askForMissing(command, program.workspace().look().state, environment);
         }
     }
     program.change("The review is saved.",
@@ -84,7 +100,8 @@ void addReview(CLI::App& line, Program& program)
     CLI::App* const app =
         addCommand(line, program, "review", "Review the focus session and plan the next one",
                    [command, &program] { review(*command, program); });
-    app->add_option("--completion", command->completion, "Was it completed? yes, half or no");
+    app->add_option("--completion", command->completion, "Was it completed? yes, half or no")
+        ->check(wellFormedText());
     command->texts.addTo(*app);
     command->nextPlan.addTo(*app, "next-");
 }

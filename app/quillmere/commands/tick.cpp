@@ -8,8 +8,7 @@ void addTick(CLI::App& line, Program& program)
 {
     addCommand(line, program, "tick", "Begin a block that is due, end a session whose time is up",
                [&program] {
-                   program.workspace().change(
-                       [&](const std::vector<Event>& events) { program.reportEvents(events); }, nullptr);
+                   program.letTimePass();
                    if (program.settings().json) {
                        program.print({{"events", eventsJson(program.events())}});
                    }

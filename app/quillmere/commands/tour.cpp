@@ -1,6 +1,8 @@
 // Plays a whole block through real files, on a clock of its own, and shows what everybody sees.
 #include "commands/commands.hpp"
+#include "exit_code.hpp"
 #include "report/status.hpp"
+#include "report/widget_report.hpp"
 #include "run.hpp"
 #include "text/inert.hpp"
 #include "text/local_time.hpp"
@@ -101,6 +103,11 @@ std::string indented(const std::string& text)
     return result;
 }
 
+AgentSnapshot agentSummary(const Situation& situation)
+{
+    return StateStore({}, StateStore::renameReplacing).agentSnapshot(situation.state, situation.now);
+}
+
 /// What the widget and the agent see after a step, a line each.
 void printOthers(std::ostream& out, const Workspace& workspace)
 {
@@ -111,15 +118,40 @@ void printOthers(std::ostream& out, const Workspace& workspace)
         out << ", " << QuillmereDesign::timeText(*remaining)
             << (widget.countdown->isPaused ? " (paused)" : "");
     }
-    const QuillmereState state = workspace.look().state;
-    const AgentSnapshot agent = StateStore({}, StateStore::renameReplacing).agentSnapshot(state, now);
+    const AgentSnapshot agent = agentSummary(workspace.look());
     out << "\n  agent:  " << agent.workflowState << ", "
         << (agent.interruptible ? "may interrupt" : "must not interrupt") << ", "
         << agent.openQuestions.size() << " open\n\n";
 }
 
-/// Runs one command as a person would; throws what it ends with unless it is done.
-void play(const Step& step, const fs::path& directory, Environment& environment)
+/// The words that are typed, the directory included.
+std::vector<std::string> wordsOf(const Step& step, const fs::path& directory)
+{
+    std::vector<std::string> words = {"--directory", directory.string()};
+    words.insert(words.end(), step.command.begin(), step.command.end());
+    return words;
+}
+
+/// Runs the program on words that nobody is asked about; what it says goes to the two streams.
+ExitCode runScene(const std::vector<std::string>& words, std::ostream& out, std::ostream& err,
+                  const Environment& environment)
+{
+    Environment scene{.in = environment.in,
+                      .out = out,
+                      .err = err,
+                      .clock = environment.clock,
+                      .inputIsTerminal = false,
+                      .outputIsTerminal = environment.outputIsTerminal};
+    return run(words, scene);
+}
+
+std::string earlyEnd(const fs::path& directory)
+{
+    return "The tour ended early, in " + directory.string() + ".";
+}
+
+/// Plays a step and says so to a person.
+void tell(const Step& step, const fs::path& directory, const Environment& environment)
 {
     std::ostream& out = environment.out;
     out << localClockText(environment.clock()) << "  " << step.remark << "\n  $ quillmere";
@@ -128,20 +160,38 @@ void play(const Step& step, const fs::path& directory, Environment& environment)
     }
     out << '\n';
     std::ostringstream answer;
-    Environment scene{.in = environment.in,
-                      .out = answer,
-                      .err = answer,
-                      .clock = environment.clock,
-                      .inputIsTerminal = false,
-                      .outputIsTerminal = environment.outputIsTerminal};
-    std::vector<std::string> arguments = {"--directory", directory.string()};
-    arguments.insert(arguments.end(), step.command.begin(), step.command.end());
-    const ExitCode code = run(arguments, scene);
+    const ExitCode code = runScene(wordsOf(step, directory), answer, answer, environment);
     out << indented(answer.str());
     if (code != ExitCode::done) {
-        throw ProgramError(code, "The tour ended early, in " + directory.string() + ".");
+        throw ProgramError(code, earlyEnd(directory));
     }
     printOthers(out, Workspace::in(directory, environment.clock));
+}
+
+/// Plays a step; what was done, and what everybody sees, for a program.
+Json stepJson(const Step& step, const fs::path& directory, const Environment& environment)
+{
+    const std::vector<std::string> words = wordsOf(step, directory);
+    std::vector<std::string> wordsForPrograms = {"--json"};
+    wordsForPrograms.insert(wordsForPrograms.end(), words.begin(), words.end());
+    std::ostringstream answer;
+    std::ostringstream messages;
+    const ExitCode code = runScene(wordsForPrograms, answer, messages, environment);
+    if (code != ExitCode::done) {
+        const std::string reason = Json::parse(messages.str()).at("error").at("message");
+        throw ProgramError(code, earlyEnd(directory) + " " + reason);
+    }
+    const Workspace workspace = Workspace::in(directory, environment.clock);
+    const Situation situation = workspace.look();
+    return {
+        {"at", instantJson(situation.now)},
+        {"remark", step.remark},
+        {"command", words},
+        {"result", Json::parse(answer.str())},
+        {"person", statusJson(situation)},
+        {"widget", widgetJson(workspace.widgetSnapshot(situation.now), situation.now)},
+        {"agent", recordJson(agentSummary(situation))},
+    };
 }
 
 fs::path freshDirectory()
@@ -155,10 +205,11 @@ fs::path freshDirectory()
 
 void tour(const std::optional<fs::path>& chosen, Program& program)
 {
-    if (program.settings().json) {
-        throw ProgramError(ExitCode::usage, "The tour is for reading; it has no --json.");
+    const std::optional<fs::path>& option = program.settings().directory;
+    if (chosen && option) {
+        throw ProgramError(ExitCode::usage, "Two directories are given; the tour wants one.");
     }
-    const fs::path directory = chosen ? *chosen : freshDirectory();
+    const fs::path directory = chosen ? *chosen : option ? *option : freshDirectory();
     if (FileManager::standard().fileExists(directory / "state.json")) {
         throw ProgramError(ExitCode::usage, "There is a state in " + directory.string() +
                                                 " already; the tour wants a directory of its own.");
@@ -166,11 +217,20 @@ void tour(const std::optional<fs::path>& chosen, Program& program)
     Instant now = tourStart;
     Environment stage = program.environment();
     stage.clock = [&now] { return now; };
+    Json all = Json::array();
     for (const Step& step : steps()) {
         now = now + step.secondsLater;
-        play(step, directory, stage);
+        if (program.settings().json) {
+            all.push_back(stepJson(step, directory, stage));
+        } else {
+            tell(step, directory, stage);
+        }
     }
-    program.environment().out << "The three files are in " << inert(directory.string()) << '\n';
+    if (program.settings().json) {
+        program.print(all);
+    } else {
+        program.environment().out << "The three files are in " << inert(directory.string()) << '\n';
+    }
 }
 
 }  // namespace
@@ -179,7 +239,7 @@ void addTour(CLI::App& line, Program& program)
 {
     const auto directory = std::make_shared<std::optional<fs::path>>();
     addCommand(line, program, "tour", "Watch a whole block being played through", [directory, &program] {
-        tour(*directory ? *directory : program.settings().directory, program);
+        tour(*directory, program);
     })->add_option("directory", *directory, "Where to keep its files (usual: a new one)");
 }
 

@@ -4,6 +4,7 @@
 #include "text/inert.hpp"
 #include "text/local_time.hpp"
 
+#include <quillmere/engine/timer_snapshot.hpp>
 #include <quillmere/engine/transition.hpp>
 #include <quillmere/records/checked_arithmetic.hpp>
 
@@ -78,6 +79,19 @@ void printSchedule(std::ostream& out, const QuillmereState& state)
     }
 }
 
+/// The share of the running timer that is used up, 0 to 1. It stands still in a pause; the widget's own,
+/// which is told from the two ends of a countdown, cannot when they are moved on.
+std::optional<double> usedShare(const Situation& situation)
+{
+    const std::optional<TimerSnapshot> timer = TimerSnapshot::derive(situation.state, situation.now);
+    if (!timer) {
+        return std::nullopt;
+    }
+    const auto elapsed = static_cast<double>(timer->elapsedSeconds);
+    const double planned = elapsed + static_cast<double>(timer->remainingSeconds);
+    return elapsed < planned ? elapsed / planned : 1.0;
+}
+
 }  // namespace
 
 Json instantJson(Instant instant)
@@ -124,13 +138,14 @@ void printField(std::ostream& out, std::string_view heading, std::string_view te
     }
 }
 
-void printHeadline(std::ostream& out, const WidgetSnapshot& snapshot, Instant now, const Style& style)
+void printHeadline(std::ostream& out, const WidgetSnapshot& snapshot, Instant now,
+                   std::optional<double> progress, const Style& style)
 {
     out << style.accented(title(snapshot.phase), QuillmereDesign::accent(snapshot.phase)) << "  "
         << QuillmereDesign::caption(snapshot) << '\n';
     if (const auto remaining = remainingSeconds(snapshot, now)) {
         out << QuillmereDesign::timeText(*remaining);
-        if (const auto progress = snapshot.sessionProgress(now)) {
+        if (progress) {
             out << "  " << progressBar(*progress);
         }
         out << (snapshot.countdown->isPaused ? "  paused" : "") << '\n';
@@ -140,7 +155,7 @@ void printHeadline(std::ostream& out, const WidgetSnapshot& snapshot, Instant no
 void printStatus(std::ostream& out, const Situation& situation, const Style& style)
 {
     const WidgetSnapshot snapshot = WidgetSnapshot::make(situation.state, situation.now);
-    printHeadline(out, snapshot, situation.now, style);
+    printHeadline(out, snapshot, situation.now, usedShare(situation), style);
     printField(out, "Outcome", snapshot.intendedOutcome);
     printField(out, "First action", snapshot.firstAction);
     printSchedule(out, situation.state);

@@ -22,8 +22,9 @@ Json statusJson(const Situation& situation);
 void printStatus(std::ostream& out, const Situation& situation, const Style& style);
 
 /// The phase, the caption and, while a timer runs, the time left and a bar: the first lines of what a
-/// person and a widget see.
-void printHeadline(std::ostream& out, const WidgetSnapshot& snapshot, Instant now, const Style& style);
+/// person and a widget see. The bar shows `progress`.
+void printHeadline(std::ostream& out, const WidgetSnapshot& snapshot, Instant now,
+                   std::optional<double> progress, const Style& style);
 
 /// Whole seconds left on the countdown as it is to be shown at an instant; absent without one.
 std::optional<std::int64_t> remainingSeconds(const WidgetSnapshot& snapshot, Instant now);

@@ -47,7 +47,7 @@ Json widgetJson(const WidgetSnapshot& snapshot, Instant now)
 
 void printWidget(std::ostream& out, const WidgetSnapshot& snapshot, Instant now, const Style& style)
 {
-    printHeadline(out, snapshot, now, style);
+    printHeadline(out, snapshot, now, snapshot.sessionProgress(now), style);
     printField(out, "Outcome", snapshot.intendedOutcome);
     printField(out, "First action", snapshot.firstAction);
     if (snapshot.sessionsPlanned > 0) {
@@ -62,9 +62,10 @@ void printWidget(std::ostream& out, const WidgetSnapshot& snapshot, Instant now,
     }
     out << "Timeline:";
     for (const WidgetTimelinePlan::Entry& entry : WidgetTimelinePlan::entries(snapshot, now)) {
-        out << "  " << localClockText(entry.date) << ' ' << entryText(entry);
+        out << "  " << localTextSeenFrom(now, entry.date) << ' ' << entryText(entry);
     }
-    out << "  (asks again at " << localClockText(WidgetTimelinePlan::refreshDate(snapshot, now)) << ")\n";
+    out << "  (asks again at " << localTextSeenFrom(now, WidgetTimelinePlan::refreshDate(snapshot, now))
+        << ")\n";
 }
 
 }  // namespace quillmere::app

@@ -2,6 +2,9 @@
 
 #include <quillmere/records/json/utf8.hpp>
 
+#include <algorithm>
+#include <array>
+
 namespace quillmere::app {
 namespace {
 
@@ -18,13 +21,38 @@ void forEachCharacter(std::string_view text, Visit visit)
     }
 }
 
-bool isC0(std::string_view character) { return static_cast<unsigned char>(character.front()) < 0x20; }
-bool isDelete(std::string_view character) { return character == "\x7F"; }
-
-/// U+0080 to U+009F in UTF-8.
-bool isC1(std::string_view character)
+/// The number of a well-formed character.
+char32_t codePointOf(std::string_view character)
 {
-    return character.size() == 2 && character[0] == '\xC2' && static_cast<unsigned char>(character[1]) < 0xA0;
+    // What of the first byte counts, by the number of bytes; each of the others gives six bits.
+    constexpr std::array<unsigned char, 5> firstBits = {0, 0x7F, 0x1F, 0x0F, 0x07};
+    char32_t code = static_cast<unsigned char>(character.front()) & firstBits[character.size()];
+    for (const char byte : character.substr(1)) {
+        code = code << 6 | (static_cast<unsigned char>(byte) & 0x3F);
+    }
+    return code;
+}
+
+struct Range {
+    char32_t first;
+    char32_t last;
+};
+
+/// What a terminal obeys instead of showing it.
+constexpr auto controls = std::to_array<Range>({
+    {0x0000, 0x001F},  // C0
+    {0x007F, 0x009F},  // DEL, C1
+    {0x061C, 0x061C},  // marks of direction
+    {0x200E, 0x200F},
+    {0x2028, 0x202E},  // separators of lines and paragraphs, embeddings and overrides of direction
+    {0x2066, 0x2069},  // isolates
+});
+
+bool isControl(std::string_view character)
+{
+    const char32_t code = codePointOf(character);
+    return std::any_of(controls.begin(), controls.end(),
+                       [code](const Range& range) { return code >= range.first && code <= range.last; });
 }
 
 }  // namespace
@@ -35,7 +63,7 @@ std::string inert(std::string_view text)
     forEachCharacter(text, [&](std::string_view character, bool wellFormed) {
         if (character == "\n" || character == "\t") {
             result += ' ';
-        } else if (!wellFormed || isC0(character) || isDelete(character) || isC1(character)) {
+        } else if (!wellFormed || isControl(character)) {
             result += replacement;
         } else {
             result += character;
@@ -48,10 +76,12 @@ std::string inertJson(std::string_view json)
 {
     constexpr std::string_view digits = "0123456789abcdef";
     std::string result;
-    forEachCharacter(json, [&](std::string_view character, bool) {
-        if (isDelete(character) || isC1(character)) {
-            const auto code = static_cast<unsigned char>(character.back());
-            result.append("\\u00").append({digits[code >> 4], digits[code & 0x0F]});
+    forEachCharacter(json, [&](std::string_view character, bool wellFormed) {
+        // C0 is left alone: inside strings JSON has none, and between them it is layout.
+        if (wellFormed && isControl(character) && codePointOf(character) >= 0x7F) {
+            const char32_t code = codePointOf(character);
+            result.append("\\u").append({digits[code >> 12], digits[code >> 8 & 0x0F],
+                                         digits[code >> 4 & 0x0F], digits[code & 0x0F]});
         } else {
             result += character;
         }

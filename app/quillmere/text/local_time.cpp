@@ -4,8 +4,10 @@
 
 #include <time.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <vector>
 
 namespace quillmere::app {
 namespace {
@@ -25,17 +27,41 @@ std::string formatted(Instant instant, const char* format)
     return {text.data(), std::strftime(text.data(), text.size(), format, &fields)};
 }
 
-/// Absent when the local clocks never show this.
-std::optional<Instant> instantOf(std::tm fields)
+/// Whether files can name it.
+bool hasDate(Instant instant)
 {
-    fields.tm_sec = 0;
-    fields.tm_isdst = -1;
-    std::tm normalised = fields;
-    const std::time_t seconds = std::mktime(&normalised);
-    const bool isReal = normalised.tm_year == fields.tm_year && normalised.tm_mon == fields.tm_mon &&
-                        normalised.tm_mday == fields.tm_mday && normalised.tm_hour == fields.tm_hour &&
-                        normalised.tm_min == fields.tm_min;
-    return isReal ? std::optional(Instant(static_cast<double>(seconds))) : std::nullopt;
+    constexpr Instant first{-62'167'219'200};  // 0000-01-01T00:00:00Z
+    constexpr Instant last{253'402'300'799};   // 9999-12-31T23:59:59Z
+    return instant >= first && instant <= last;
+}
+
+bool showTheSame(const std::tm& left, const std::tm& right)
+{
+    return left.tm_year == right.tm_year && left.tm_mon == right.tm_mon && left.tm_mday == right.tm_mday &&
+           left.tm_hour == right.tm_hour && left.tm_min == right.tm_min;
+}
+
+/// The next instant at which the local clocks show this, or the last one when all are over. Absent when
+/// they never do.
+std::optional<Instant> instantOf(const std::tm& fields, Instant now)
+{
+    std::vector<Instant> readings;
+    // When summer time ends, the same hour comes once with it and once without.
+    for (const int summerTime : {-1, 0, 1}) {
+        std::tm normalised = fields;
+        normalised.tm_sec = 0;
+        normalised.tm_isdst = summerTime;
+        const Instant instant(static_cast<double>(std::mktime(&normalised)));
+        if (showTheSame(normalised, fields) && hasDate(instant)) {
+            readings.push_back(instant);
+        }
+    }
+    std::sort(readings.begin(), readings.end());
+    const auto next = std::lower_bound(readings.begin(), readings.end(), now);
+    if (next != readings.end()) {
+        return *next;
+    }
+    return readings.empty() ? std::nullopt : std::optional(readings.back());
 }
 
 /// Fills in the fields of a whole text; the format is that of strptime(3).
@@ -57,7 +83,7 @@ std::optional<Instant> nextTimeOfDay(const std::tm& fields, Instant now)
         day.tm_hour = 12;
         std::mktime(&day);
         day.tm_hour = fields.tm_hour;
-        const std::optional<Instant> instant = instantOf(day);
+        const std::optional<Instant> instant = instantOf(day, now);
         if (instant && *instant >= now) {
             return instant;
         }
@@ -71,15 +97,21 @@ std::string localText(Instant instant) { return formatted(instant, "%Y-%m-%d %H:
 
 std::string localClockText(Instant instant) { return formatted(instant, "%H:%M"); }
 
+std::string localTextSeenFrom(Instant now, Instant instant)
+{
+    const bool isThatDay = formatted(instant, "%F") == formatted(now, "%F");
+    return isThatDay ? localClockText(instant) : localText(instant);
+}
+
 std::optional<Instant> instantFromLocalText(std::string_view text, Instant now)
 {
     if (text.substr(0, 1) == "+") {
         const std::optional<double> delay = durationFromText(text.substr(1));
-        return delay ? std::optional(now + *delay) : std::nullopt;
+        return delay && hasDate(now + *delay) ? std::optional(now + *delay) : std::nullopt;
     }
     std::tm fields = localFields(now);
     if (scan(text, "%Y-%m-%d %H:%M", fields) || scan(text, "%Y-%m-%dT%H:%M", fields)) {
-        return instantOf(fields);
+        return instantOf(fields, now);
     }
     fields = localFields(now);
     return scan(text, "%H:%M", fields) ? nextTimeOfDay(fields, now) : std::nullopt;

@@ -1,10 +1,13 @@
 #include "workspace/workspace.hpp"
 
 #include "exit_code.hpp"
+#include "text/file_error.hpp"
 #include "workspace/directory_lock.hpp"
 #include "workspace/screening.hpp"
 
+#include <algorithm>
 #include <cmath>
+#include <system_error>
 #include <utility>
 
 namespace quillmere::app {
@@ -12,11 +15,31 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A path that means the same when the working directory changes, without a slash at its end.
+/// A path that means the same when the working directory changes, without a slash or a dot at its end.
+/// "..", which behind a link leads elsewhere than it looks, is left to the system.
 fs::path absolutePath(const fs::path& path)
 {
-    const fs::path whole = fs::absolute(path).lexically_normal();
-    return whole.has_filename() ? whole : whole.parent_path();
+    fs::path whole;
+    for (const fs::path& part : fs::absolute(path)) {
+        if (!part.empty() && part != ".") {
+            whole /= part;
+        }
+    }
+    return whole;
+}
+
+bool holds(const fs::path& file, std::string_view bytes)
+{
+    try {
+        return FileManager::standard().contents(file).view() == bytes;
+    } catch (const std::system_error&) {
+        return false;
+    }
+}
+
+bool hasSaved(const StateStore& states, const QuillmereState& state)
+{
+    return holds(states.stateURL(), StateStore::encoder().encode(state).view());
 }
 
 /// The clock in the precision of the files, so that memory and file agree.
@@ -63,12 +86,15 @@ Situation Workspace::caughtUp() const
 
 Situation Workspace::look() const { return caughtUp(); }
 
+std::optional<fs::path> Workspace::widgetDirectory() const
+{
+    return widgetDirectory_ ? widgetDirectory_
+                            : FileManager::standard().containerDirectory(QuillmereAppGroup::identifier);
+}
+
 WidgetSnapshot Workspace::widgetSnapshot(Instant now) const
 {
-    const auto container = [] {
-        return FileManager::standard().containerDirectory(QuillmereAppGroup::identifier);
-    };
-    const std::optional<fs::path> directory = widgetDirectory_ ? widgetDirectory_ : container();
+    const std::optional<fs::path> directory = widgetDirectory();
     if (!directory) {
         return WidgetSnapshot::empty(now);
     }
@@ -89,7 +115,32 @@ WidgetSnapshot Workspace::widgetSnapshot(Instant now) const
     }
 }
 
-void Workspace::save(const QuillmereState& state, Instant now) const
+bool Workspace::summariesAgreeWith(const QuillmereState& state) const
+{
+    const AgentSnapshot summary = states_.agentSnapshot(state, std::nullopt);
+    return holds(states_.agentStateURL(), StateStore::encoder().encode(summary).view()) &&
+           widgetAgreesWith(state);
+}
+
+bool Workspace::widgetAgreesWith(const QuillmereState& state) const
+{
+    const std::optional<fs::path> directory = widgetDirectory();
+    if (!directory) {
+        return false;
+    }
+    const WidgetSnapshotStore store(*directory);
+    try {
+        const Instant madeAt = store.load().updatedAt;
+        const WidgetSnapshot summary = WidgetSnapshot::make(state, madeAt);
+        return madeAt >= state.updatedAt &&
+               holds(store.snapshotURL(), JsonEncoder(JsonLayout::compact).encode(summary).view());
+    } catch (const WidgetSnapshotLoadError& error) {
+        // What a newer program wrote is not broken.
+        return error.reason() == WidgetSnapshotLoadError::unsupportedSchemaVersion;
+    }
+}
+
+void Workspace::save(const QuillmereState& state, Instant now, const std::string& done) const
 {
     const WidgetSnapshot summary = WidgetSnapshot::make(state, now);
     // One that has no JSON form, or no place, is to be found out before anything is written.
@@ -97,25 +148,52 @@ void Workspace::save(const QuillmereState& state, Instant now) const
     const fs::path directory =
         widgetDirectory_ ? *widgetDirectory_
                          : FileManager::standard().createContainerDirectory(QuillmereAppGroup::identifier);
-    states_.save(state);
-    WidgetSnapshotStore(directory, StateStore::renameReplacingDurably).save(summary);
+    const WidgetSnapshotStore widget(directory, StateStore::renameReplacingDurably);
+    fs::path file = states_.agentStateURL();
+    try {
+        states_.save(state);
+        file = widget.snapshotURL();
+        widget.save(summary);
+    } catch (const std::system_error& error) {
+        if (!hasSaved(states_, state)) {
+            throw;
+        }
+        throw ProgramError(ExitCode::fileError,
+                           done + "; " + file.string() + " could not be written: " + fileErrorText(error));
+    }
 }
 
 Situation Workspace::change(const std::function<void(const std::vector<Event>&)>& report,
-                            const std::function<void(QuillmereState&, Instant now)>& operation) const
+                            const Operation& operation) const
 {
+    const FileManager& fileManager = FileManager::standard();
+    const auto apply = [&](Situation& situation) {
+        operation(situation.state, situation.now);
+        screen(situation.state);
+    };
+    if (!fileManager.fileExists(directory())) {
+        // A refusal must not leave a directory behind, so it is found before there is one.
+        Situation first = caughtUp();
+        if (!operation) {
+            return first;
+        }
+        apply(first);
+    }
     constexpr mode_t ownerOnly = 0700;
-    FileManager::standard().createDirectory(directory(), ownerOnly);
+    fileManager.createDirectory(directory(), ownerOnly);
     const DirectoryLock lock(directory());
     Situation situation = caughtUp();
     if (!situation.events.empty()) {
-        save(situation.state, situation.now);
+        save(situation.state, situation.now, "What came about by itself is saved, and no more was done");
         report(situation.events);
     }
     if (operation) {
-        operation(situation.state, situation.now);
-        screen(situation.state);
-        save(situation.state, situation.now);
+        apply(situation);
+        save(situation.state, situation.now, "The change itself is saved");
+    } else if (situation.events.empty() && fileManager.fileExists(states_.stateURL()) &&
+               !summariesAgreeWith(situation.state)) {
+        // Not before the last change, also by a clock that was set back: that would be out of date.
+        save(situation.state, std::max(situation.now, situation.state.updatedAt), "The state is as it was");
     }
     return situation;
 }

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace quillmere::app {
@@ -19,6 +20,9 @@ struct Situation {
     std::vector<Event> events;
     Instant now;  ///< whole seconds, as files keep them
 };
+
+/// What is done to a state; a throw means that it is not done.
+using Operation = std::function<void(QuillmereState&, Instant now)>;
 
 class Workspace {
 public:
@@ -37,10 +41,13 @@ public:
     WidgetSnapshot widgetSnapshot(Instant now) const;
 
     /// Under the lock: loads and catches up; saves and tells `report` if anything came about. Then
-    /// applies `operation`, if there is one, and saves; nothing of it is written when it throws. A file
-    /// that cannot be loaded, or that the engine could not live with, is never saved over.
+    /// applies `operation`, if there is one, and saves; nothing of it is written when it throws, and no
+    /// directory is made. Without one, saves again when a summary is not that of the state, as a run
+    /// that was killed leaves it. A file that cannot be loaded, or that the engine could not live with,
+    /// is never saved over. Throws ProgramError (`fileError`) when the state was saved and a summary
+    /// was not.
     Situation change(const std::function<void(const std::vector<Event>&)>& report,
-                     const std::function<void(QuillmereState&, Instant now)>& operation) const;
+                     const Operation& operation) const;
 
     Instant now() const;
 
@@ -49,8 +56,14 @@ private:
               Clock clock);
 
     Situation caughtUp() const;
-    /// Replaces all three files, in the order in which they depend on each other.
-    void save(const QuillmereState& state, Instant now) const;
+    /// Where the widget's summary is; absent while nobody has made the shared container.
+    std::optional<std::filesystem::path> widgetDirectory() const;
+    /// Whether both summaries are those of a state that has been saved.
+    bool summariesAgreeWith(const QuillmereState& state) const;
+    bool widgetAgreesWith(const QuillmereState& state) const;
+    /// Replaces all three files, in the order in which they depend on each other. `done` says what has
+    /// come of the state when only a summary fails.
+    void save(const QuillmereState& state, Instant now, const std::string& done) const;
 
     StateStore states_;
     std::optional<std::filesystem::path> widgetDirectory_;  ///< absent: the shared container

@@ -30,8 +30,28 @@ TEST(History, showsABlockWithItsTimeInFocusPausesTakenOut)
               "2026-11-27 16:00  2 of 3 sessions, 24 min 45 s of focus\n"
               "  Outcome: Chapter one\n"
               "  Outcome: Number 12\n"
+              "  Session 1: Half, Result 1\n"
               "  Produced: Two chapters\n"
-              "  Lessons: Close the door\n");
+              "  Lessons: Close the door\n"
+              "11 more; --limit 12 shows all\n");
+}
+
+TEST(History, showsAReviewWithoutAResultByItsCompletion)
+{
+    const Person person = personWithHistory();
+    QuillmereState state = person.state();
+    state.blockHistory[0].sessions[0].review->noteworthyResult.clear();
+    person.has(state);
+    EXPECT_NE(person.types({"history"}).out.find("\n  Session 1: Half\n"), std::string::npos);
+}
+
+TEST(History, saysHowManyMoreThereAre)
+{
+    const Person person = personWithHistory();
+    const std::string more = "2 more; --limit 12 shows all\n";
+    const std::string usual = person.types({"history"}).out;
+    EXPECT_EQ(usual.substr(usual.size() - more.size()), more);
+    EXPECT_EQ(person.types({"history", "--limit", "12"}).out.find(" more"), std::string::npos);
 }
 
 std::size_t occurrences(const std::string& part, const std::string& text)
@@ -52,9 +72,18 @@ TEST(History, showsTheNewestTenUnlessALimitIsGiven)
     EXPECT_LT(usual.find("Number 12"), usual.find("Number 3"));
     EXPECT_EQ(occurrences("Number ", person.types({"history", "--limit", "11"}).out), 11u);
     EXPECT_EQ(occurrences("Number ", person.types({"history", "--limit", "9223372036854775807"}).out), 12u);
-    EXPECT_EQ(person.types({"history", "--limit", "0"}).out, "");
     EXPECT_EQ(person.types({"history", "--limit", "few"}).code, ExitCode::usage);
-    EXPECT_EQ(person.types({"history", "--limit", "-1"}).code, ExitCode::usage);
+}
+
+TEST(History, takesALimitOfOneOrMore)
+{
+    const Person person = personWithHistory();
+    for (const std::string limit : {"0", "-1", "-9223372036854775808"}) {
+        const Ending ending = person.types({"history", "--limit", limit});
+        EXPECT_EQ(ending.code, ExitCode::usage);
+        EXPECT_EQ(ending.err,
+                  "--limit: is not between 1 and 9223372036854775807: " + limit + " (quillmere --help)\n");
+    }
 }
 
 TEST(History, isListedForProgramsAsTheFileHasIt)

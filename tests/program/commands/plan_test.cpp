@@ -134,7 +134,6 @@ constexpr TimeText acceptedTimes[] = {
     {"16:00", 0},
     {"2026-11-16 08:15", 58'500},
     {"2026-11-16T08:15", 58'500},
-    {"2026-11-01 00:00", -1'267'200},
 };
 
 TEST(Plan, schedulesABlockForALocalTime)
@@ -166,6 +165,47 @@ TEST(Plan, refusesOtherTimes)
         EXPECT_EQ(
             ending.err,
             std::string("--at is no local time, such as 14:30, \"2026-11-15 09:00\" or +1h: ") + time + "\n");
+        EXPECT_EQ(person.names(), Words{});
+    }
+}
+
+struct TimeElsewhere {
+    const char* zone;
+    const char* text;
+};
+
+// Before the first and after the last instant that a file can name.
+constexpr TimeElsewhere timesOutsideOfAllYears[] = {
+    {"America/New_York", "9999-12-31 23:59"},
+    {"Europe/Berlin", "0000-01-01 00:00"},
+};
+
+TEST(Plan, refusesATimeThatNoFileCanName)
+{
+    for (const TimeElsewhere& time : timesOutsideOfAllYears) {
+        SCOPED_TRACE(time.text);
+        const TimeZone here(time.zone);
+        const Person person;
+        const Ending ending = person.types({"plan", "--at", time.text});
+        EXPECT_EQ(ending.code, ExitCode::usage);
+        EXPECT_EQ(ending.err, "--at is no local time, such as 14:30, \"2026-11-15 09:00\" or +1h: " +
+                                  std::string(time.text) + "\n");
+        EXPECT_EQ(person.names(), Words{});
+    }
+}
+
+constexpr const char* passedTimes[] = {"2026-11-01 00:00", "2026-11-15 15:59", "1969-12-31 23:59"};
+
+TEST(Plan, refusesATimeThatHasPassed)
+{
+    const TimeZone here("Europe/Berlin");
+    for (const char* time : passedTimes) {
+        SCOPED_TRACE(time);
+        const Person person;
+        const Ending ending = person.types({"plan", "--at", time});
+        EXPECT_EQ(ending.code, ExitCode::usage);
+        EXPECT_EQ(ending.err, "--at has passed; name a time to come, or say --start to begin now: " +
+                                  std::string(time) + "\n");
         EXPECT_EQ(person.names(), Words{});
     }
 }

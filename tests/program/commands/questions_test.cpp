@@ -21,9 +21,9 @@ TEST(Ask, putsQuestionsBehindEachOtherInAnyState)
     }
 }
 
-constexpr const char* questionsAsTyped[] = {"",         "[urgent]", "[a,b]",       "{}",
-                                            "status",   "plan",     "-5 degrees?", "a=b",
-                                            " spaces ", "%%",       "\"q\"",       "äöü 漢字 🙂"};
+constexpr const char* questionsAsTyped[] = {"[urgent]",          "[a,b]", "{}",       "status", "plan",
+                                            "-5 degrees?",       "a=b",   " spaces ", "%%",     "\"q\"",
+                                            "äöü 漢字 🙂"};
 
 TEST(Ask, keepsTheTextAsItIsTyped)
 {
@@ -33,6 +33,17 @@ TEST(Ask, keepsTheTextAsItIsTyped)
         ASSERT_EQ(person.types({"ask", question}).code, ExitCode::done);
         EXPECT_EQ(person.state().agentQuestions.back().question, question);
     }
+}
+
+TEST(Ask, takesNoBlankQuestion)
+{
+    const Person person;
+    for (const char* question : {"", " ", "\t\n  "}) {
+        const Ending ending = person.types({"ask", question});
+        EXPECT_EQ(ending.code, ExitCode::usage);
+        EXPECT_EQ(ending.err, "question: is blank (quillmere --help)\n");
+    }
+    EXPECT_EQ(person.names(), Words{});
 }
 
 TEST(Ask, takesAnythingBehindTwoDashes)

@@ -21,13 +21,21 @@ const std::vector<Move>& moves()
         {{"cancel"}, WorkflowState::blockPlanning},
         {{"plan", "--start"}, WorkflowState::idle},
         {{"plan", "--at", "+1h"}, WorkflowState::idle},
+        // Ill-said as well, which counts only where the step could be taken.
+        {{"plan"}, WorkflowState::idle},
+        {{"plan", "--focus", "soon", "--start"}, WorkflowState::idle},
         {{"focus"}, WorkflowState::sessionPlanning},
         {{"focus", "--outcome", "More"}, WorkflowState::sessionPlanning},
+        {{"focus", "--towards", "9"}, WorkflowState::sessionPlanning},
         {{"pause"}, WorkflowState::focusing},
         {{"end"}, WorkflowState::focusing},
         {{"review", "--completion", "yes"}, WorkflowState::sessionReview},
         {{"review", "--completion", "yes", "--next-outcome", "More"}, WorkflowState::sessionReview},
+        {{"review"}, WorkflowState::sessionReview},
+        {{"review", "--completion", "maybe"}, WorkflowState::sessionReview},
+        {{"review", "--completion", "yes", "--next-towards", "9"}, WorkflowState::sessionReview},
         {{"break", "extend", "5m"}, WorkflowState::breaking},
+        {{"break", "extend", "soon"}, WorkflowState::breaking},
         {{"break", "end"}, WorkflowState::breaking},
         {{"break", "skip"}, WorkflowState::breaking},
         {{"reflect"}, WorkflowState::blockReview},
@@ -68,6 +76,34 @@ TEST(RefusedCommand, saysWhyAndWritesNothingInEveryState)
             expectRefused(person, move.words);
         }
         expectRefused(person, {"resume"});
+    }
+}
+
+TEST(RefusedCommand, leavesNoDirectoryBehind)
+{
+    const Person person;
+    const std::string directory = (person.directory() / "new" / "deep").string();
+    const Words refused[] = {{"pause"}, {"review"}, {"break", "end"}, {"plan", "--cycles", "0", "--start"}};
+    for (const Words& words : refused) {
+        SCOPED_TRACE(words.front());
+        Words line = {"--directory", directory};
+        line.insert(line.end(), words.begin(), words.end());
+        EXPECT_EQ(person.runs(line).code, ExitCode::refused);
+        EXPECT_EQ(person.names(), Words{});
+    }
+}
+
+TEST(MisunderstoodCommand, leavesNoDirectoryBehind)
+{
+    const Person person;
+    const std::string directory = (person.directory() / "new" / "deep").string();
+    for (const Words& words : {Words{"plan"}, Words{"plan", "--focus", "soon", "--start"},
+                               Words{"plan", "--at", "noon"}, Words{"answer", "1", "Yes"}}) {
+        SCOPED_TRACE(testing::PrintToString(words));
+        Words line = {"--directory", directory};
+        line.insert(line.end(), words.begin(), words.end());
+        EXPECT_EQ(person.runs(line).code, ExitCode::usage);
+        EXPECT_EQ(person.names(), Words{});
     }
 }
 

@@ -39,6 +39,40 @@ TEST(Status, showsEveryStateWithWhatMayBeDoneNext)
     }
 }
 
+/// The bar in what a status prints.
+std::string barOf(const Ending& status)
+{
+    const std::size_t place = status.out.find('[');
+    return place == std::string::npos ? "" : status.out.substr(place, 26);
+}
+
+TEST(Status, showsABarThatStandsStillInAPause)
+{
+    Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    person.typesLater(600, {"pause"});
+    for (const double later : {0.0, 60.0, 3600.0, 86'400.0}) {
+        EXPECT_EQ(barOf(person.typesLater(later, {"status"})), "[##########..............]");
+    }
+}
+
+TEST(Status, showsABarThatGoesOnFromWhereItStoodBeforeAPause)
+{
+    Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    person.typesLater(600, {"pause"});
+    EXPECT_EQ(barOf(person.typesLater(3600, {"resume"})), "[##########..............]");
+    EXPECT_EQ(barOf(person.typesLater(250, {"status"})), "[##############..........]");
+}
+
+TEST(Status, showsTheShareOfABreakWithItsExtension)
+{
+    Person person;
+    person.has(stateIn(WorkflowState::breaking));
+    EXPECT_EQ(barOf(person.typesLater(150, {"status"})), "[############............]");
+    EXPECT_EQ(barOf(person.types({"break", "extend", "5m"})), "[######..................]");
+}
+
 TEST(Status, offersOnlyWhatIsNotRefused)
 {
     // What each command needs beside its words.

@@ -84,10 +84,45 @@ TEST(Tour, refusesADirectoryWithAState)
     EXPECT_EQ(pictureOf(person.directory()).size(), before.size());
 }
 
-TEST(Tour, isForReading)
+TEST(Tour, isOneArrayOfItsStepsForPrograms)
 {
     const Person person;
-    EXPECT_EQ(person.types({"tour", "--json"}).code, ExitCode::usage);
+    const Ending ending = person.types({"tour", "--json"});
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_EQ(ending.err, "");
+    EXPECT_EQ(ending.out.substr(0, 2), "[\n");
+    EXPECT_EQ(keysOf(jsonAt("/15", ending.out)),
+              (Words{"agent", "at", "command", "person", "remark", "result", "widget"}));
+    EXPECT_EQ(jsonAt("/2/at", ending.out), R"("2026-03-02T09:11:00Z")");
+    EXPECT_EQ(jsonAt("/2/command", ending.out),
+              R"(["--directory",")" + person.directory().string() + R"(","pause"])");
+    EXPECT_EQ(jsonAt("/2/result/done", ending.out), R"("Paused.")");
+    EXPECT_EQ(jsonAt("/2/person/next", ending.out), R"(["resume","end"])");
+    EXPECT_EQ(jsonAt("/2/widget/time_text", ending.out), R"("15:00")");
+    EXPECT_EQ(jsonAt("/2/agent/interruptible", ending.out), "true");
+    EXPECT_EQ(jsonAt("/6/result/events/0/event", ending.out), R"("focus_ended")");
+    EXPECT_EQ(jsonAt("/15/result/0/id", ending.out), '"' + person.state().blockHistory.at(0).id.text() + '"');
+}
+
+TEST(Tour, tellsProgramsWhyItEndedEarly)
+{
+    const Person person;
+    writeText(person.directory() / "file", "a diary");
+    const Ending ending = person.runs({"tour", "--json", (person.directory() / "file").string()});
+    EXPECT_EQ(ending.code, ExitCode::fileError);
+    EXPECT_EQ(ending.out, "");
+    EXPECT_EQ(jsonAt("/error/case", ending.err), R"("fileError")");
+    EXPECT_EQ(jsonAt("/error/message", ending.err),
+              "\"The tour ended early, in " + (person.directory() / "file").string() +
+                  ". mkdir: File exists: " + (person.directory() / "file").string() + "\"");
+}
+
+TEST(Tour, wantsOneDirectory)
+{
+    const Person person;
+    const Ending ending = person.types({"tour", (person.directory() / "other").string()});
+    EXPECT_EQ(ending.code, ExitCode::usage);
+    EXPECT_EQ(ending.err, "Two directories are given; the tour wants one.\n");
     EXPECT_EQ(person.names(), Words{});
 }
 

@@ -37,6 +37,17 @@ TEST(Widget, showsTheSummaryWithItsTimeline)
               "Timeline:  16:10 15:00  16:25 00:00  (asks again at 16:25)\n");
 }
 
+TEST(Widget, showsTheDayInItsTimelineWhenItIsAnother)
+{
+    // The session is over at 01:25 of the next day.
+    const TimeZone here("Asia/Tokyo");
+    Person person = personInFocus();
+    person.now = moment - 60;
+    const std::string out = person.types({"widget"}).out;
+    EXPECT_EQ(out.substr(out.find("Timeline:")),
+              "Timeline:  23:59 26:00  2026-11-16 00:25 00:00  (asks again at 2026-11-16 00:25)\n");
+}
+
 TEST(Widget, tellsProgramsTheSame)
 {
     const std::string json = personInFocus().types({"widget", "--json"}).out;

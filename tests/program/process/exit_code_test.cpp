@@ -71,9 +71,11 @@ TEST(ExitCode, is74WhenTheResultCannotBeWrittenThoughItIsSaved)
     const Person person;
     const ProcessEnding ending = ran(person, {"ask", "Why?"}, {.out = fullDevice});
     EXPECT_EQ(ending.code, 74);
-    EXPECT_EQ(ending.err, "The result cannot be written to standard output.\n");
+    EXPECT_EQ(ending.err, "The result cannot be written to standard output; what was asked has been done.\n");
     EXPECT_EQ(person.state().agentQuestions.size(), 1u);
-    EXPECT_EQ(ran(person, {"status"}, {.out = fullDevice}).code, 74);
+    const ProcessEnding look = ran(person, {"status"}, {.out = fullDevice});
+    EXPECT_EQ(look.code, 74);
+    EXPECT_EQ(look.err, "The result cannot be written to standard output.\n");
     EXPECT_EQ(ran(person, {"history", "--json"}, {.out = fullDevice}).code, 74);
     EXPECT_EQ(ran(person, {"--help"}, {.out = fullDevice}).code, 74);
     EXPECT_EQ(ran(person, {"--version"}, {.out = fullDevice}).code, 74);

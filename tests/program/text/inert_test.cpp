@@ -2,7 +2,10 @@
 #include "text/inert.hpp"
 
 #include <gtest/gtest.h>
+#include <quillmere/records/json/utf8.hpp>
 
+#include <algorithm>
+#include <iterator>
 #include <string>
 
 namespace quillmere::test {
@@ -37,6 +40,26 @@ TEST(Inert, replacesEveryByteThatIsNoText)
     for (int code = 0x80; code < 0x100; ++code) {
         const std::string byte(1, static_cast<char>(code));
         EXPECT_EQ(inert("a" + byte + "b"), "a\uFFFDb") << code;
+    }
+}
+
+struct Range {
+    unsigned first;
+    unsigned last;
+};
+
+// Marks, embeddings, overrides and isolates of direction, and separators of lines and paragraphs.
+constexpr Range deceptive[] = {{0x061C, 0x061C}, {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
+
+TEST(Inert, replacesWhatTurnsTheDirectionOfTextOrBreaksItsLines)
+{
+    for (unsigned code = 0x0600; code < 0x2100; ++code) {
+        std::string character;
+        json::appendUtf8(character, code);
+        const bool isDeceptive =
+            std::any_of(std::begin(deceptive), std::end(deceptive),
+                        [&](const Range& range) { return code >= range.first && code <= range.last; });
+        EXPECT_EQ(inert(character), isDeceptive ? replacement : character) << code;
     }
 }
 
@@ -82,6 +105,12 @@ TEST(InertJson, escapesTheControlsThatJsonAllows)
 {
     EXPECT_EQ(inertJson("{\n  \"a\" : \"\x7F\xC2\x80\xC2\x9B\xC2\x9F\xC2\xA0é\"\n}"),
               "{\n  \"a\" : \"\\u007f\\u0080\\u009b\\u009f\xC2\xA0é\"\n}");
+}
+
+TEST(InertJson, escapesWhatTurnsTheDirectionOfTextOrBreaksItsLines)
+{
+    EXPECT_EQ(inertJson("\"\u061C\u200E\u2028\u202E\u2069\u2070€🙂\""),
+              "\"\\u061c\\u200e\\u2028\\u202e\\u2069\u2070€🙂\"");
 }
 
 constexpr const char* texts[] = {"", "plain", "äöü", "\u07FF", "\uFFFF", "\U0010FFFF", "\x1b\x7F"};

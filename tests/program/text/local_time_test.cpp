@@ -9,6 +9,7 @@ namespace {
 using app::instantFromLocalText;
 using app::localClockText;
 using app::localText;
+using app::localTextSeenFrom;
 
 TEST(LocalText, isThatOfThePersonsZone)
 {
@@ -31,6 +32,18 @@ TEST(LocalText, dropsSecondsTowardThePast)
     EXPECT_EQ(localText(Instant(59.9)), "1970-01-01 00:00");
     EXPECT_EQ(localText(Instant(-0.1)), "1969-12-31 23:59");
     EXPECT_EQ(localText(Instant(253'402'300'799)), "9999-12-31 23:59");
+}
+
+TEST(LocalTextSeenFrom, hasTheDayWhenItIsAnother)
+{
+    const TimeZone here("Europe/Berlin");
+    // Now it is 16:00 on 15 November.
+    EXPECT_EQ(localTextSeenFrom(moment, moment), "16:00");
+    EXPECT_EQ(localTextSeenFrom(moment, moment - 16 * 3600), "00:00");
+    EXPECT_EQ(localTextSeenFrom(moment, moment - 16 * 3600 - 1), "2026-11-14 23:59");
+    EXPECT_EQ(localTextSeenFrom(moment, moment + 8 * 3600 - 1), "23:59");
+    EXPECT_EQ(localTextSeenFrom(moment, moment + 8 * 3600), "2026-11-16 00:00");
+    EXPECT_EQ(localTextSeenFrom(moment, moment + 365 * 86'400.0), "2027-11-15 16:00");
 }
 
 struct Reading {
@@ -133,6 +146,18 @@ TEST(InstantFromLocalText, followsTheChangeOfTheClocks)
         181 * 86'400 - 3600);
 }
 
+TEST(InstantFromLocalText, hasNoInstantOutsideTheYearsThatFilesCanName)
+{
+    const TimeZone here("UTC");
+    EXPECT_EQ(instantFromLocalText("0000-01-01 00:00", moment), Instant(-62'167'219'200));
+    EXPECT_EQ(instantFromLocalText("9999-12-31 23:59", moment), Instant(253'402'300'740));
+    EXPECT_EQ(instantFromLocalText("+1m", Instant(253'402'300'740)), std::nullopt);
+    const TimeZone west("America/New_York");
+    EXPECT_EQ(instantFromLocalText("9999-12-31 23:59", moment), std::nullopt);
+    const TimeZone east("Asia/Kolkata");
+    EXPECT_EQ(instantFromLocalText("0000-01-01 00:00", moment), std::nullopt);
+}
+
 TEST(InstantFromLocalText, hasNoInstantForATimeThatTheClocksSkip)
 {
     const TimeZone here("Europe/Berlin");
@@ -155,17 +180,25 @@ TEST(InstantFromLocalText, meansTheNextDayWhoseClockShowsTheTime)
     EXPECT_EQ(localText(*next), "2026-03-30 02:30");
 }
 
-TEST(InstantFromLocalText, findsATimeThatComesTwiceAndNeverOneThatIsOver)
+struct HourThatComesTwice {
+    double secondsFromFirst;  ///< now
+    double secondsToNext;     ///< from the first, to the next time the clock shows the same
+};
+
+constexpr HourThatComesTwice hoursThatComeTwice[] = {
+    {-86'000, 0}, {-1800, 0}, {-60, 0}, {0, 0}, {60, 3600}, {1800, 3600}, {3540, 3600}, {3600, 3600},
+};
+
+TEST(InstantFromLocalText, findsTheNextTimeOfTwoThatTheClockShowsTheSame)
 {
     const TimeZone here("Europe/Berlin");
     // 02:30 comes at 00:30 and at 01:30 UTC that night.
     const Instant first{1'792'888'200};
-    for (const double later : {-1800.0, -60.0, 60.0, 1800.0, 3540.0}) {
-        SCOPED_TRACE(later);
-        const auto found = instantFromLocalText("02:30", first + later);
-        ASSERT_TRUE(found);
-        EXPECT_TRUE(*found == first || *found == first + 3600);
-        EXPECT_GE(*found, first + later);
+    for (const HourThatComesTwice& hour : hoursThatComeTwice) {
+        SCOPED_TRACE(hour.secondsFromFirst);
+        const Instant now = first + hour.secondsFromFirst;
+        EXPECT_EQ(instantFromLocalText("02:30", now), first + hour.secondsToNext);
+        EXPECT_EQ(instantFromLocalText("2026-10-25 02:30", now), first + hour.secondsToNext);
     }
     EXPECT_EQ(localText(*instantFromLocalText("02:30", first + 3660)), "2026-10-26 02:30");
 }

@@ -1,0 +1,19 @@
+#include "text/file_error.hpp"
+
+#include <filesystem>
+
+namespace quillmere::app {
+
+std::string fileErrorText(const std::system_error& error)
+{
+    // The text of a filesystem_error has a layout of its own; that of its base has the call and the reason.
+    std::string text = error.std::runtime_error::what();
+    if (const auto* const withPaths = dynamic_cast<const std::filesystem::filesystem_error*>(&error)) {
+        for (const std::filesystem::path& path : {withPaths->path1(), withPaths->path2()}) {
+            text += path.empty() ? "" : ": " + path.string();
+        }
+    }
+    return text;
+}
+
+}  // namespace quillmere::app

@@ -1,0 +1,12 @@
+// Failures of the system in words.
+#pragma once
+
+#include <string>
+#include <system_error>
+
+namespace quillmere::app {
+
+/// "open: Permission denied: /some/file": the call, the reason and the path, as far as they are known.
+std::string fileErrorText(const std::system_error& error);
+
+}  // namespace quillmere::app
