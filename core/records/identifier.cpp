@@ -10,7 +10,7 @@ namespace {
 using Digits = std::array<char, 32>;
 
 /// The bytes of an identifier, or half of its digits, in one register.
-typedef std::uint8_t Lanes __attribute__((vector_size(16)));
+using Lanes = std::uint8_t __attribute__((vector_size(16)));
 
 constexpr std::uint8_t lettersAfterDigits = 'A' - '9' - 1;
 

@@ -61,9 +61,9 @@ char* writeScalar(Writer& writer, char* cursor, Enumeration value)
 }
 
 template <class Value>
-constexpr bool isList = false;
+inline constexpr bool isList = false;
 template <class Element>
-constexpr bool isList<std::vector<Element>> = true;
+inline constexpr bool isList<std::vector<Element>> = true;
 
 /// Writes a text that is known at compile time, and makes room for one token after it.
 template <std::size_t length>

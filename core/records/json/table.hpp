@@ -32,9 +32,9 @@ struct MadeWhenMissing {
 };
 
 template <class Rule>
-constexpr bool isMadeWhenMissing = false;
+inline constexpr bool isMadeWhenMissing = false;
 template <auto make>
-constexpr bool isMadeWhenMissing<MadeWhenMissing<make>> = true;
+inline constexpr bool isMadeWhenMissing<MadeWhenMissing<make>> = true;
 
 // Rows. --------------------------------------------------------------------------------------------
 
@@ -47,9 +47,9 @@ struct MemberTypes<Value_ Record_::*> {
 };
 
 template <class Value>
-constexpr bool isOptional = false;
+inline constexpr bool isOptional = false;
 template <class Value>
-constexpr bool isOptional<std::optional<Value>> = true;
+inline constexpr bool isOptional<std::optional<Value>> = true;
 
 /// One row: the key in camelCase, the field, the rule.
 template <FixedText key_, auto member_, class Rule_ = Usual>
@@ -119,10 +119,10 @@ struct AnyOther {
 };
 
 template <class Row, class OtherRow>
-constexpr bool nameOneField = false;
+inline constexpr bool nameOneField = false;
 template <class Row, class OtherRow>
 requires std::is_same_v<decltype(Row::member), decltype(OtherRow::member)>
-constexpr bool nameOneField<Row, OtherRow> = Row::member == OtherRow::member;
+inline constexpr bool nameOneField<Row, OtherRow> = Row::member == OtherRow::member;
 
 template <class Row, class... Rows>
 constexpr std::size_t timesNamed = (std::size_t{0} + ... + (nameOneField<Row, Rows> ? 1 : 0));
@@ -130,9 +130,9 @@ constexpr std::size_t timesNamed = (std::size_t{0} + ... + (nameOneField<Row, Ro
 /// Whether the rows are the fields of the record, each once: it can be built from one value of each row's
 /// type in the order of the rows, and there is no field left over.
 template <class Record, class Rows>
-constexpr bool rowsAreTheFields = false;
+inline constexpr bool rowsAreTheFields = false;
 template <class Record, class... Rows>
-constexpr bool rowsAreTheFields<Record, std::tuple<Rows...>> =
+inline constexpr bool rowsAreTheFields<Record, std::tuple<Rows...>> =
     ((timesNamed<Rows, Rows...> == 1) && ...) && requires
 {
     Record{std::declval<typename Rows::Value>()...};

@@ -19,7 +19,7 @@ namespace {
 
 /// Characters looked at and copied together, in one register. Signed, so that what is beyond ASCII lies
 /// below the control characters.
-typedef signed char Lanes __attribute__((vector_size(16)));
+using Lanes = signed char __attribute__((vector_size(16)));
 constexpr std::size_t step = sizeof(Lanes);
 
 Lanes load(const char* characters)

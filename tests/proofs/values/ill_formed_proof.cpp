@@ -178,8 +178,8 @@ TEST_F(IllFormed, fourBytesAtTheBordersAndCutShort)
     // Overlong forms, surrogates in pairs, what lies beyond U+10FFFF, and beginnings of all of them.
     for (unsigned first = 0xC0; first < 256; ++first) {
         for (const unsigned second : borderBytes) {
-            for (const unsigned third : {0x41, 0x7F, 0x80, 0xBF, 0xC0}) {
-                for (const unsigned fourth : {0x22, 0x7F, 0x80, 0xBF, 0xC0}) {
+            for (const unsigned third : {0x41u, 0x7Fu, 0x80u, 0xBFu, 0xC0u}) {
+                for (const unsigned fourth : {0x22u, 0x7Fu, 0x80u, 0xBFu, 0xC0u}) {
                     see(bytes(first, second, third, fourth), amount(fourth == 0x80 ? 1 : 0, 4));
                 }
             }
