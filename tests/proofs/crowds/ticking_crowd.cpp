@@ -63,7 +63,12 @@ int tickUntilOver(Stage& stage, const fs::path& directory, std::size_t self)
             ++stage.ticks[self];
         } else if (code != isLockedOut) {
             return code;
+        } else {
+            ++stage.lockOuts;
         }
+        // As long as a program takes to begin; somebody else can have the lock.
+        constexpr useconds_t littleWhile = 2'000;
+        ::usleep(littleWhile);
     }
     return 0;
 }

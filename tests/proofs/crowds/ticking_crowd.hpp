@@ -36,8 +36,9 @@ struct Stage {
     std::atomic<double> seconds;  ///< of the clock
     std::atomic<bool> isOver;
     std::array<std::atomic<std::uint64_t>, crowdSize> ticks;
-    EventList reported;  ///< by all processes
-    EventList expected;  ///< by the timetable of the person
+    std::atomic<std::uint64_t> lockOuts;  ///< ticks that ended with exit code 75
+    EventList reported;                   ///< by all processes
+    EventList expected;                   ///< by the timetable of the person
     Rendezvous rendezvous;
 };
 
