@@ -29,14 +29,17 @@ Files filesIn(const fs::path& directory)
 /// whole; one of the new ones may not be there yet.
 bool areWhole(const Files& files, const Files& oldFiles, const Files& newFiles)
 {
-    for (const auto& [name, text] : oldFiles) {
-        if (!files.contains(name)) {
+    const auto isIn = [](const Files::value_type& file, const Files& set) {
+        const auto place = set.find(file.first);
+        return place != set.end() && place->second == file.second;
+    };
+    for (const Files::value_type& file : oldFiles) {
+        if (!files.contains(file.first)) {
             return false;
         }
     }
-    for (const auto& [name, text] : files) {
-        const auto isOne = [&](const Files& set) { return set.contains(name) && set.at(name) == text; };
-        if (!isOne(oldFiles) && !isOne(newFiles)) {
+    for (const Files::value_type& file : files) {
+        if (!isIn(file, oldFiles) && !isIn(file, newFiles)) {
             return false;
         }
     }
