@@ -1,0 +1,57 @@
+// Memory that runs out in the engine: std::bad_alloc, and the state as it was.
+#include <quillmere/engine/workflow_engine.hpp>
+
+#include "../../engine/engine_testing.hpp"
+#include "../../engine/workflow_map.hpp"
+#include "running_out.hpp"
+
+namespace quillmere::test {
+namespace {
+
+/// How many elements every list has room for beyond those that it holds; an operation that finds room
+/// allocates less.
+constexpr std::size_t rooms[] = {0, 1, 8};
+
+void makeRoom(QuillmereState& state, std::size_t room)
+{
+    state.blockHistory.reserve(state.blockHistory.size() + room);
+    state.agentQuestions.reserve(state.agentQuestions.size() + room);
+    if (state.currentBlock) {
+        state.currentBlock->sessions.reserve(state.currentBlock->sessions.size() + room);
+    }
+}
+
+/// Runs out in one operation, accepted or refused, and then lets it do its work undisturbed.
+Tally runOutInWalking(const Arrow& arrow, WorkflowState workflowState, std::size_t room)
+{
+    QuillmereState state = startOf(arrow, workflowState);
+    makeRoom(state, room);
+    const QuillmereState before = state;
+    QuillmereState undisturbed = state;
+    const auto expected = refusalOf([&] { arrow.walk(undisturbed, now); });
+    std::optional<WorkflowError::Case> refusal;
+    const Tally tally = runOutIn([&] { refusal = refusalOf([&] { arrow.walk(state, now); }); },
+                                 [&](bool threw) { return threw && state == before; });
+    EXPECT_EQ(refusal, expected);
+    EXPECT_EQ(state.workflowState, undisturbed.workflowState);
+    EXPECT_EQ(state.updatedAt, undisturbed.updatedAt);
+    return tally;
+}
+
+TEST(MemoryRunningOut, inTheEngineLeavesTheStateAsItWas)
+{
+    Tally tally;
+    for (const Arrow& arrow : arrows()) {
+        for (const WorkflowState workflowState : allCases<WorkflowState>()) {
+            for (const std::size_t room : rooms) {
+                SCOPED_TRACE(nameOf(arrow) + " in " + std::string(rawValue(workflowState)));
+                tally += runOutInWalking(arrow, workflowState, room);
+            }
+        }
+    }
+    constexpr std::size_t atLeast = 500;
+    expectWhole("engine", tally, atLeast);
+}
+
+}  // namespace
+}  // namespace quillmere::test

@@ -1,0 +1,282 @@
+// Memory that runs out in a run of the program: it ends in order, with exit 71 or as if nothing had been; the
+// files are all old or become new one after the other, each whole; and the next run works.
+#include <unistd.h>
+
+#include <array>
+#include <cstdlib>
+#include <istream>
+#include <ostream>
+#include <streambuf>
+
+#include "../../program/program_testing.hpp"
+#include "proofs/support/figures.hpp"
+#include "running_out.hpp"
+
+namespace quillmere::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Takes what is printed without asking for memory, as a standard output does.
+class FixedBuffer final : public std::streambuf {
+public:
+    FixedBuffer() { setp(characters_.data(), characters_.data() + characters_.size()); }
+    std::string_view text() const { return {pbase(), static_cast<std::size_t>(pptr() - pbase())}; }
+
+private:
+    std::array<char, 16'384> characters_;
+};
+
+/// How one run ended.
+struct Run {
+    ExitCode code;
+    bool failed;              ///< whether an allocation did
+    bool leaks;               ///< whether a block was not given back
+    std::size_t allocations;  ///< that were made
+    std::string err;
+};
+
+constexpr auto undisturbed = static_cast<std::size_t>(-2);
+
+/// Runs the program with its allocation of this number failing. Without --json: the library that prints
+/// JSON loses memory of its own when there is none.
+Run runFailing(std::size_t allocation, const Words& words, Instant now)
+{
+    FixedBuffer in;
+    FixedBuffer out;
+    FixedBuffer err;
+    std::istream input(&in);
+    std::ostream output(&out);
+    std::ostream errors(&err);
+    app::Environment environment{.in = input,
+                                 .out = output,
+                                 .err = errors,
+                                 .clock = [now] { return now; },
+                                 .inputIsTerminal = false,
+                                 .outputIsTerminal = false};
+    const std::size_t blocks = blocksInUse();
+    const std::size_t made = allocationsMade();
+    failAllocationAfter(allocation);
+    const ExitCode code = app::run(words, environment);
+    const bool failed = stopFailingAllocations();
+    return {.code = code,
+            .failed = failed,
+            .leaks = blocksInUse() != blocks,
+            .allocations = allocationsMade() - made,
+            .err = std::string(err.text())};
+}
+
+constexpr Instant soon = moment + 60;
+constexpr Instant late = moment + 9999;
+
+/// A command, where it is typed, and how it ends when there is memory.
+struct Typed {
+    const char* name;
+    QuillmereState (*state)();
+    Instant now;
+    Words words;
+    ExitCode code = ExitCode::done;
+};
+
+template <WorkflowState workflowState>
+QuillmereState in()
+{
+    return stateIn(workflowState);
+}
+
+QuillmereState paused()
+{
+    QuillmereState state = stateIn(WorkflowState::focusing);
+    state.currentBlock->sessions.back().pausedAt = moment;
+    return state;
+}
+
+/// Idle, with a block in the history and questions.
+QuillmereState withHistory()
+{
+    QuillmereState state = fullState();
+    state.workflowState = WorkflowState::idle;
+    state.currentBlock.reset();
+    state.plannedNextSession.reset();
+    state.breakStartedAt.reset();
+    return state;
+}
+
+const std::vector<Typed>& everything()
+{
+    using enum WorkflowState;
+    static const std::string text = "A text that is too long to be kept without an allocation";
+    static const std::vector<Typed> all = {
+        {"plan --start", in<idle>, soon, {"plan", "--outcome", text, "--why", text, "--start"}},
+        {"plan --at", in<idle>, soon, {"plan", "--outcome", text, "--at", "+1h"}},
+        {"start", stateWithScheduledBlock, soon, {"start"}},
+        {"edit", stateWithScheduledBlock, soon, {"edit"}},
+        {"cancel", stateWithScheduledBlock, soon, {"cancel"}},
+        {"focus", in<sessionPlanning>, soon, {"focus", "--outcome", text, "--energy", "4", "--morale", "3"}},
+        {"pause", in<focusing>, soon, {"pause"}},
+        {"resume", paused, soon, {"resume"}},
+        {"end", in<focusing>, soon, {"end"}},
+        {"review",
+         in<sessionReview>,
+         soon,
+         {"review", "--completion", "yes", "--result", text, "--next-outcome", text, "--next-energy", "4",
+          "--next-morale", "3"}},
+        {"break extend", in<breaking>, soon, {"break", "extend", "5m"}},
+        {"break end", in<breaking>, soon, {"break", "end"}},
+        {"reflect", in<blockReview>, soon, {"reflect", "--output", text, "--lessons", text}},
+        {"ask", in<focusing>, soon, {"ask", text}},
+        {"answer", withHistory, soon, {"answer", "1", text}},
+        {"tick, with a session's end", in<focusing>, late, {"tick"}},
+        {"tick, with nothing to do", in<focusing>, soon, {"tick"}},
+        {"status", fullState, soon, {"status"}},
+        {"status, after a session's end", in<focusing>, late, {"status"}},
+        {"history", withHistory, soon, {"history"}},
+        {"questions", withHistory, soon, {"questions"}},
+        {"widget", in<focusing>, soon, {"widget"}},
+        {"a refusal", in<idle>, soon, {"pause"}, ExitCode::refused},
+        {"a misunderstanding", in<idle>, soon, {"plan", "--focus", "\x1b[2J"}, ExitCode::usage},
+        {"no command", in<idle>, soon, {"--help"}},
+    };
+    return all;
+}
+
+/// The three files, with every identifier replaced by "#": two runs of one command choose others.
+struct Files {
+    std::string state;
+    std::string agent;
+    std::string widget;
+
+    friend bool operator==(const Files&, const Files&) = default;
+};
+
+bool isIdentifierAt(const std::string& text, std::size_t place)
+{
+    constexpr std::string_view form = "xxxxxxxx-xxxx-xxxx-xxxx-xxxxxxxxxxxx";
+    if (text.size() - place < form.size()) {
+        return false;
+    }
+    for (std::size_t index = 0; index < form.size(); ++index) {
+        const char character = text[place + index];
+        const bool isHexadecimal =
+            std::string_view("0123456789ABCDEFabcdef").find(character) != std::string_view::npos;
+        if (form[index] == '-' ? character != '-' : !isHexadecimal) {
+            return false;
+        }
+    }
+    return true;
+}
+
+std::string withoutIdentifiers(const std::string& text)
+{
+    constexpr std::size_t length = 36;
+    std::string result;
+    for (std::size_t place = 0; place < text.size();) {
+        const bool skip = isIdentifierAt(text, place);
+        result += skip ? '#' : text[place];
+        place += skip ? length : 1;
+    }
+    return result;
+}
+
+Files filesOf(const Person& person)
+{
+    const auto text = [&](const char* name) { return withoutIdentifiers(textOf(person.directory() / name)); };
+    return {.state = text("state.json"),
+            .agent = text("agent-state.json"),
+            .widget = text("widget-snapshot.json")};
+}
+
+/// Whether the files are some old ones and some new ones, none newer than the one that it follows from.
+bool areInOrder(const Files& files, const Files& oldFiles, const Files& newFiles)
+{
+    Files expected = oldFiles;
+    if (files == expected) {
+        return true;
+    }
+    expected.state = newFiles.state;
+    if (files == expected) {
+        return true;
+    }
+    expected.agent = newFiles.agent;
+    return files == expected || files == newFiles;
+}
+
+/// Whether a run with too little memory ended in order.
+bool endedInOrder(const Run& run, const Typed& typed, bool everythingIsDone)
+{
+    if (run.code == ExitCode::outOfMemory) {
+        return run.err == "There is not enough memory.\n";
+    }
+    return run.code == typed.code && everythingIsDone;
+}
+
+/// Fails allocations of a command, from the first to the last, each `step`-th.
+Tally runOutInProgram(const Typed& typed, std::size_t mostRuns)
+{
+    const Person person;
+    const QuillmereState before = typed.state();
+    const auto prepare = [&] {
+        person.has(before);
+        return filesOf(person);
+    };
+    Words words = {"--directory", person.directory().string()};
+    words.insert(words.end(), typed.words.begin(), typed.words.end());
+    const Files oldFiles = prepare();
+    const auto names = person.names();
+    runFailing(undisturbed, words, typed.now);  // makes what is made once in a process
+    prepare();
+    const Run whole = runFailing(undisturbed, words, typed.now);
+    EXPECT_EQ(whole.code, typed.code) << whole.err;
+    const Files newFiles = filesOf(person);
+    const std::size_t step = whole.allocations / mostRuns + 1;
+
+    Tally tally;
+    bool areOld = false;
+    for (std::size_t allocation = 0; allocation < whole.allocations; allocation += step) {
+        if (!areOld) {
+            prepare();
+        }
+        const Run run = runFailing(allocation, words, typed.now);
+        const Files files = filesOf(person);
+        areOld = files == oldFiles;
+        const bool inOrder = areInOrder(files, oldFiles, newFiles) && person.names() == names &&
+                             endedInOrder(run, typed, files == newFiles);
+        EXPECT_TRUE(inOrder) << "allocation " << allocation << ": exit " << static_cast<int>(run.code) << ' '
+                             << run.err;
+        tally += {.failed = run.failed ? std::size_t{1} : 0,
+                  .madeGood = run.failed && run.code != ExitCode::outOfMemory ? std::size_t{1} : 0,
+                  .leaking = run.leaks ? std::size_t{1} : 0,
+                  .changed = inOrder ? std::size_t{0} : 1};
+    }
+    prepare();
+    EXPECT_EQ(runFailing(undisturbed, words, typed.now).code, typed.code);
+    EXPECT_EQ(filesOf(person), newFiles);
+    return tally;
+}
+
+/// Files are kept in memory where the system offers that, for the many saves.
+std::optional<std::string> placeInMemory()
+{
+    const char* const chosen = std::getenv("TMPDIR");
+    const char* const inMemory = "/dev/shm";
+    return chosen ? std::optional<std::string>(chosen)
+                  : (::access(inMemory, W_OK) == 0 ? std::optional<std::string>(inMemory) : std::nullopt);
+}
+
+TEST(MemoryRunningOut, inTheProgramEndsItInOrder)
+{
+    const EnvironmentVariable place("TMPDIR", placeInMemory());
+    constexpr std::uint64_t some = 40;
+    constexpr std::uint64_t all = 1'000'000;
+    Tally tally;
+    for (const Typed& typed : everything()) {
+        SCOPED_TRACE(typed.name);
+        tally += runOutInProgram(typed, amount(some, all));
+    }
+    constexpr std::size_t atLeast = 500;
+    reportFigure("Memory running out at every allocation", "commands of the program", everything().size());
+    expectWhole("program", tally, atLeast, tally.failed / 2);
+}
+
+}  // namespace
+}  // namespace quillmere::test
