@@ -110,6 +110,7 @@ template <class Load>
 Tally runOutInLoading(const fs::path& directory, Loaded expected, Load load)
 {
     const Files files = filesIn(directory);
+    load();  // once undisturbed: what is made only once in a program stays
     std::optional<Loaded> loaded;
     const Tally tally = runOutIn(
         [&] {
