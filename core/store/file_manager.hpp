@@ -39,8 +39,8 @@ public:
     /// may be there.
     virtual bool fileExists(const std::filesystem::path& path) const = 0;
 
-    /// The whole content of a regular file, links followed. Throws EISDIR for a directory, EINVAL for
-    /// anything else that is no regular file, and never waits for one.
+    /// The whole content of a regular file, links followed. Throws EISDIR for a directory, ENXIO for
+    /// a socket, EINVAL for anything else that is no regular file, and never waits for one.
     virtual Bytes contents(const std::filesystem::path& path) const = 0;
 
     /// Creates a file with the default mode and writes `bytes` to it; throws EEXIST when anything has

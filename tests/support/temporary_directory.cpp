@@ -1,19 +1,47 @@
 #include "support/temporary_directory.hpp"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <stdlib.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
+
+#include "support/process_settings.hpp"
 
 namespace quillmere::test {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+/// Whether files can be made there by an ordinary user, who the superuser becomes in some tests.
+bool isOpenToAll(const fs::path& directory)
+{
+    const UnprivilegedUser user;
+    return ::faccessat(AT_FDCWD, directory.c_str(), R_OK | W_OK | X_OK, AT_EACCESS) == 0;
+}
+
+/// The place for temporary files. The chosen one may be the superuser's own, closed to all others; then one
+/// that is not.
+fs::path place()
+{
+    std::vector<fs::path> places = {"/tmp", "/var/tmp"};
+    if (const char* const chosen = std::getenv("TMPDIR")) {
+        places.insert(places.begin(), chosen);
+    }
+    const auto open = std::find_if(places.begin(), places.end(), isOpenToAll);
+    return open == places.end() ? places.front() : *open;
+}
+
+}  // namespace
+
 TemporaryDirectory::TemporaryDirectory()
 {
-    std::string name = (fs::temp_directory_path() / "quillmere-test-XXXXXX").string();
+    std::string name = (place() / "quillmere-test-XXXXXX").string();
     if (!::mkdtemp(name.data())) {
         throw std::runtime_error("no temporary directory");
     }
