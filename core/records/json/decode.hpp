@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <array>
 #include <bitset>
+#include <cstring>
 #include <map>
 #include <optional>
 #include <string>

@@ -147,8 +147,7 @@ void walk(Node<Json>& node, std::size_t depth)
         case NodeKind::scalar: break;
     }
     if (node.isString()) {
-        std::string unescaping;
-        node.string(unescaping);
+        node.string();
     } else if (!isScalarText(node.token())) {
         throw MalformedText("a value that is no JSON value");
     }

@@ -13,7 +13,6 @@
 #include <simdjson.h>
 
 #include <cstddef>
-#include <cstring>
 #include <new>
 #include <optional>
 #include <string>
@@ -98,16 +97,14 @@ public:
     ondemand::object object() { return checked(json_.get_object()); }
     ondemand::array list() { return checked(json_.get_array()); }
 
-    /// What a string stands for: the text's own characters or, where there are escapes, `unescaping`,
-    /// which receives them resolved.
-    std::string_view string(std::string& unescaping)
+    /// What a string stands for.
+    std::string string()
     {
         const std::string_view inside = stringInside();
-        if (inside.empty() || !std::memchr(inside.data(), '\\', inside.size())) {
-            return inside;
+        if (inside.find('\\') == inside.npos) {
+            return std::string(inside);
         }
-        unescaping = unescaped(inside);
-        return unescaping;
+        return unescaped(inside);
     }
 
     /// What `parse`, which takes no text with a backslash, makes of a string; so escapes need only be

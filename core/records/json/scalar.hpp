@@ -68,9 +68,7 @@ struct Scalar<std::string> {
         if (!node.isString()) {
             return false;
         }
-        std::string unescaping;
-        const std::string_view text = node.string(unescaping);
-        value = text.data() == unescaping.data() ? std::move(unescaping) : std::string(text);
+        value = node.string();
         return true;
     }
 };
