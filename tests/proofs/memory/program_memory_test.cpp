@@ -2,13 +2,9 @@
 // files are all old or become new one after the other, each whole; and the next run works.
 #include <unistd.h>
 
-#include <array>
 #include <cstdlib>
-#include <istream>
-#include <ostream>
-#include <streambuf>
 
-#include "../../program/program_testing.hpp"
+#include "../../program/failing_run.hpp"
 #include "proofs/support/figures.hpp"
 #include "running_out.hpp"
 
@@ -16,55 +12,6 @@ namespace quillmere::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// Takes what is printed without asking for memory, as a standard output does.
-class FixedBuffer final : public std::streambuf {
-public:
-    FixedBuffer() { setp(characters_.data(), characters_.data() + characters_.size()); }
-    std::string_view text() const { return {pbase(), static_cast<std::size_t>(pptr() - pbase())}; }
-
-private:
-    std::array<char, 16'384> characters_;
-};
-
-/// How one run ended.
-struct Run {
-    ExitCode code;
-    bool failed;              ///< whether an allocation did
-    bool leaks;               ///< whether a block was not given back
-    std::size_t allocations;  ///< that were made
-    std::string err;
-};
-
-constexpr auto undisturbed = static_cast<std::size_t>(-2);
-
-/// Runs the program with its allocation of this number failing. Without --json: the library that prints
-/// JSON loses memory of its own when there is none.
-Run runFailing(std::size_t allocation, const Words& words, Instant now)
-{
-    FixedBuffer in;
-    FixedBuffer out;
-    FixedBuffer err;
-    std::istream input(&in);
-    std::ostream output(&out);
-    std::ostream errors(&err);
-    app::Environment environment{.in = input,
-                                 .out = output,
-                                 .err = errors,
-                                 .clock = [now] { return now; },
-                                 .inputIsTerminal = false,
-                                 .outputIsTerminal = false};
-    const std::size_t blocks = blocksInUse();
-    const std::size_t made = allocationsMade();
-    failAllocationAfter(allocation);
-    const ExitCode code = app::run(words, environment);
-    const bool failed = stopFailingAllocations();
-    return {.code = code,
-            .failed = failed,
-            .leaks = blocksInUse() != blocks,
-            .allocations = allocationsMade() - made,
-            .err = std::string(err.text())};
-}
 
 constexpr Instant soon = moment + 60;
 constexpr Instant late = moment + 9999;
@@ -202,7 +149,7 @@ bool areInOrder(const Files& files, const Files& oldFiles, const Files& newFiles
 }
 
 /// Whether a run with too little memory ended in order.
-bool endedInOrder(const Run& run, const Typed& typed, bool everythingIsDone)
+bool endedInOrder(const FailingRun& run, const Typed& typed, bool everythingIsDone)
 {
     if (run.code == ExitCode::outOfMemory) {
         return run.err == "There is not enough memory.\n";
@@ -225,7 +172,7 @@ Tally runOutInProgram(const Typed& typed, std::size_t mostRuns)
     const auto names = person.names();
     runFailing(undisturbed, words, typed.now);  // makes what is made once in a process
     prepare();
-    const Run whole = runFailing(undisturbed, words, typed.now);
+    const FailingRun whole = runFailing(undisturbed, words, typed.now);
     EXPECT_EQ(whole.code, typed.code) << whole.err;
     const Files newFiles = filesOf(person);
     const std::size_t step = whole.allocations / mostRuns + 1;
@@ -236,7 +183,7 @@ Tally runOutInProgram(const Typed& typed, std::size_t mostRuns)
         if (!areOld) {
             prepare();
         }
-        const Run run = runFailing(allocation, words, typed.now);
+        const FailingRun run = runFailing(allocation, words, typed.now);
         const Files files = filesOf(person);
         areOld = files == oldFiles;
         const bool inOrder = areInOrder(files, oldFiles, newFiles) && person.names() == names &&
