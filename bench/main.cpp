@@ -30,40 +30,41 @@ public:
     }
 };
 
-/// What the benchmark library writes when it is started with these arguments in a process of its own,
-/// for the benchmarks that match `filter`, or the arguments' own filter when it is empty.
-std::string outputOf(std::vector<std::string> arguments, const std::string& filter)
+/// What the benchmark library writes in a process of its own, for the benchmarks that match `filter`.
+std::string outputOf(const std::string& filter)
 {
     return apart([&](int output) {
-        std::vector<char*> pointers;
-        for (std::string& argument : arguments) {
-            pointers.push_back(argument.data());
-        }
-        int count = static_cast<int>(pointers.size());
-        benchmark::Initialize(&count, pointers.data());
         std::ostringstream lines;
         LineReporter reporter(lines);
-        if (filter.empty()) {
-            benchmark::RunSpecifiedBenchmarks(&reporter);
-        } else {
-            benchmark::RunSpecifiedBenchmarks(&reporter, "^" + filter + "$");
-        }
-        if (::write(output, lines.str().data(), lines.str().size()) == -1) {
-            ::_exit(1);
-        }
+        benchmark::RunSpecifiedBenchmarks(&reporter, filter);
+        ::dprintf(output, "%s", lines.str().c_str());
     });
 }
 
-void run(const std::vector<std::string>& arguments)
+/// The names of the benchmarks that the command line asks for.
+std::vector<std::string> chosenNames()
 {
-    std::vector<std::string> listing = arguments;
-    listing.push_back("--benchmark_list_tests=true");
-    std::istringstream listed(outputOf(listing, ""));
+    std::istringstream listed(apart([](int output) {
+        char program[] = "quillmere_bench";
+        char list[] = "--benchmark_list_tests=true";
+        char* arguments[] = {program, list};
+        int count = 2;
+        benchmark::Initialize(&count, arguments);
+        std::ostringstream lines;
+        LineReporter reporter(lines);
+        benchmark::RunSpecifiedBenchmarks(&reporter);
+        ::dprintf(output, "%s", lines.str().c_str());
+    }));
     std::vector<std::string> names;
     for (std::string name; listed >> name;) {
         names.push_back(std::move(name));
     }
+    return names;
+}
 
+void run()
+{
+    const std::vector<std::string> names = chosenNames();
     for (const std::int64_t blocks : {0, 10, 100, 1'000, 10'000}) {
         fileOf(blocks);
     }
@@ -71,7 +72,7 @@ void run(const std::vector<std::string>& arguments)
     for (int round = 1; round <= rounds; ++round) {
         std::cerr << "round " << round << " of " << rounds << '\n';
         for (const std::string& name : names) {
-            std::istringstream lines(outputOf(arguments, name));
+            std::istringstream lines(outputOf("^" + name + "$"));
             double nanoseconds = 0;
             for (std::string benchmark; lines >> benchmark >> nanoseconds;) {
                 double& place = best.emplace(benchmark, nanoseconds).first->second;
@@ -86,4 +87,11 @@ void run(const std::vector<std::string>& arguments)
 }  // namespace
 }  // namespace quillmere::bench
 
-int main(int count, char** arguments) { quillmere::bench::run({arguments, arguments + count}); }
+int main(int count, char** arguments)
+{
+    benchmark::Initialize(&count, arguments);
+    if (benchmark::ReportUnrecognizedArguments(count, arguments)) {
+        return 2;
+    }
+    quillmere::bench::run();
+}
