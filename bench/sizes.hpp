@@ -33,6 +33,25 @@ inline QuillmereState stateOf(const benchmark::State& run)
     return StateStore::decoder().decode<QuillmereState>(fileOf(run));
 }
 
+/// Times `measured`, which returns what it makes, in turn with `other`, which is not timed: what is timed
+/// against each other meets the same caches and the same free memory. Letting go of what was made is not
+/// timed either.
+template <class Measured, class Other>
+void timeInTurn(benchmark::State& run, Measured measured, Other other)
+{
+    for (auto _ : run) {
+        run.PauseTiming();
+        other();
+        run.ResumeTiming();
+        {
+            auto made = measured();
+            benchmark::DoNotOptimize(made);
+            run.PauseTiming();
+        }
+        run.ResumeTiming();
+    }
+}
+
 /// Names a benchmark and runs it for every size that is asked for.
 #define QUILLMERE_BENCH(function, name) \
     BENCHMARK(function)->Name(name)->Unit(benchmark::kMillisecond)->UseRealTime()

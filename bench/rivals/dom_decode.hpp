@@ -26,8 +26,9 @@ inline void require(bool condition)
 /// An instant as files hold it, for libraries that write texts.
 inline std::string dateText(Instant instant)
 {
+    require(json::hasDateText(instant));
     std::string text(json::dateTextLength, ' ');
-    require(json::putDateText(text.data(), instant));
+    json::putDateText(text.data(), instant);
     return text;
 }
 

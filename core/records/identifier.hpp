@@ -23,8 +23,8 @@ public:
 
     explicit constexpr Identifier(const Bytes& bytes) noexcept : bytes_(bytes) {}
 
-    /// A new random identifier (version 4). Throws what `std::random_device` throws when the system
-    /// has no source of randomness.
+    /// A new random identifier (version 4). Throws `std::system_error` when the system has no source of
+    /// randomness (getentropy(3)).
     static Identifier random();
 
     /// Reads the canonical text, groups of 8-4-4-4-12 hexadecimal digits in either case, of any

@@ -35,12 +35,12 @@ private:
 
 }  // namespace
 
-void writeAtomically(std::string_view bytes, const std::filesystem::path& destination,
+void writeAtomically(const ByteSource& content, const std::filesystem::path& destination,
                      const ReplaceItem& replaceItem)
 {
     const std::filesystem::path temporary = temporaryURL(destination);
     const RemovalGuard guard(temporary);
-    FileManager::standard().writeWithoutOverwriting(temporary, bytes);
+    FileManager::standard().writeWithoutOverwriting(temporary, content);
     replaceItem(temporary, destination);
 }
 

@@ -1,6 +1,7 @@
 // What the library asks of the file system.
 #pragma once
 
+#include <quillmere/records/byte_sink.hpp>
 #include <quillmere/records/bytes.hpp>
 
 #include <sys/types.h>
@@ -43,9 +44,10 @@ public:
     /// a socket, EINVAL for anything else that is no regular file, and never waits for one.
     virtual Bytes contents(const std::filesystem::path& path) const = 0;
 
-    /// Creates a file with the default mode and writes `bytes` to it; throws EEXIST when anything has
-    /// that name (open(2), O_EXCL). A failure may leave an unfinished file.
-    virtual void writeWithoutOverwriting(const std::filesystem::path& path, std::string_view bytes) const = 0;
+    /// Creates a file with the default mode and writes `content` to it; throws EEXIST when anything has
+    /// that name (open(2), O_EXCL), and what `content` throws. A failure may leave an unfinished file.
+    virtual void writeWithoutOverwriting(const std::filesystem::path& path,
+                                         const ByteSource& content) const = 0;
 
     /// Creates a directory and its missing parents; an existing one is left as it is. The directory,
     /// if created, gets `mode` whatever the umask says; the parents get the default mode, and so does

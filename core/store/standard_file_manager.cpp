@@ -63,6 +63,20 @@ struct stat statusOf(const FileDescriptor& file, const fs::path& path)
     return status;
 }
 
+void writeAll(const FileDescriptor& file, std::string_view bytes, const fs::path& path)
+{
+    while (!bytes.empty()) {
+        const ssize_t count = uninterrupted([&] { return ::write(file.get(), bytes.data(), bytes.size()); });
+        if (count == 0) {
+            errno = EIO;
+        }
+        if (count <= 0) {
+            throwErrno("write", path);
+        }
+        bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+}
+
 /// The same directory under a path that ends with its name, "a/b" for "a/b/" and "a/b/./".
 fs::path withoutTrailingDots(fs::path path)
 {
@@ -178,21 +192,11 @@ public:
         }
     }
 
-    void writeWithoutOverwriting(const fs::path& path, std::string_view bytes) const override
+    void writeWithoutOverwriting(const fs::path& path, const ByteSource& content) const override
     {
         constexpr mode_t defaultMode = 0666;
         FileDescriptor file(path, O_WRONLY | O_CREAT | O_EXCL, defaultMode);
-        while (!bytes.empty()) {
-            const ssize_t count =
-                uninterrupted([&] { return ::write(file.get(), bytes.data(), bytes.size()); });
-            if (count == 0) {
-                errno = EIO;
-            }
-            if (count <= 0) {
-                throwErrno("write", path);
-            }
-            bytes.remove_prefix(static_cast<std::size_t>(count));
-        }
+        content([&](std::string_view piece) { writeAll(file, piece, path); });
         file.close(path);
     }
 

@@ -57,14 +57,15 @@ QuillmereState StateStore::load() const
 void StateStore::save(const QuillmereState& state) const
 {
     createDirectoryIfNeeded();
-    write(encoder().encode(state).view(), stateURL_);
+    write(encoder().source(state), stateURL_);
     saveAgentSnapshot(state, state.updatedAt);
 }
 
 void StateStore::saveAgentSnapshot(const QuillmereState& state, Instant at) const
 {
     createDirectoryIfNeeded();
-    write(encoder().encode(agentSnapshot(state, at)).view(), agentStateURL_);
+    const AgentSnapshot snapshot = agentSnapshot(state, at);
+    write(encoder().source(snapshot), agentStateURL_);
 }
 
 void StateStore::createDirectoryIfNeeded() const
@@ -72,9 +73,9 @@ void StateStore::createDirectoryIfNeeded() const
     FileManager::standard().createDirectory(directory_, ownerOnly);
 }
 
-void StateStore::write(std::string_view bytes, const std::filesystem::path& destination) const
+void StateStore::write(const ByteSource& content, const std::filesystem::path& destination) const
 {
-    writeAtomically(bytes, destination, replaceItem_);
+    writeAtomically(content, destination, replaceItem_);
 }
 
 }  // namespace quillmere

@@ -12,7 +12,6 @@
 
 #include <filesystem>
 #include <optional>
-#include <string_view>
 
 namespace quillmere {
 
@@ -74,7 +73,7 @@ public:
 
 private:
     void createDirectoryIfNeeded() const;
-    void write(std::string_view bytes, const std::filesystem::path& destination) const;
+    void write(const ByteSource& content, const std::filesystem::path& destination) const;
 
     std::filesystem::path directory_;
     std::filesystem::path stateURL_;

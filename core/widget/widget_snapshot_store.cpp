@@ -59,7 +59,7 @@ std::optional<WidgetSnapshotStore> WidgetSnapshotStore::shared(std::string_view 
 void WidgetSnapshotStore::save(const WidgetSnapshot& snapshot) const
 {
     FileManager::standard().createDirectory(directory_, std::nullopt);
-    writeAtomically(JsonEncoder(JsonLayout::compact).encode(snapshot).view(), snapshotURL_, replaceItem_);
+    writeAtomically(JsonEncoder(JsonLayout::compact).source(snapshot), snapshotURL_, replaceItem_);
 }
 
 WidgetSnapshot WidgetSnapshotStore::load() const

@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 void write(const fs::path& path, std::string_view bytes)
 {
-    FileManager::standard().writeWithoutOverwriting(path, bytes);
+    FileManager::standard().writeWithoutOverwriting(path, [&](const ByteSink& sink) { sink(bytes); });
 }
 
 TEST(WriteWithoutOverwriting, writesAllBytes)
@@ -27,6 +27,28 @@ TEST(WriteWithoutOverwriting, writesAllBytes)
         write(file, text);
         EXPECT_TRUE(textOf(file) == text);
     }
+}
+
+TEST(WriteWithoutOverwriting, writesThePiecesInOrder)
+{
+    const TemporaryDirectory directory;
+    FileManager::standard().writeWithoutOverwriting(directory.path() / "file", [](const ByteSink& sink) {
+        for (const char* piece : {"one", "", " two", " three"}) {
+            sink(piece);
+        }
+    });
+    EXPECT_EQ(textOf(directory.path() / "file"), "one two three");
+}
+
+TEST(WriteWithoutOverwriting, passesOnWhatItsContentThrows)
+{
+    const TemporaryDirectory directory;
+    const auto throwNumber = [](const ByteSink& sink) {
+        sink("beginning");
+        throw 42;
+    };
+    EXPECT_THROW(FileManager::standard().writeWithoutOverwriting(directory.path() / "file", throwNumber),
+                 int);
 }
 
 TEST(WriteWithoutOverwriting, givesTheFileTheDefaultMode)

@@ -102,6 +102,16 @@ TEST_F(SaveFailure, inEncodingWritesNothing)
     expectFilesOf(oldState);
 }
 
+TEST_F(SaveFailure, inEncodingComesBeforeAnyOfTheFile)
+{
+    QuillmereState state = newState;
+    state.breakExtensionSeconds = notANumber;
+    const FileSizeLimit limit(0);
+    EXPECT_THROW(usual.save(newState), std::system_error);
+    EXPECT_THROW(usual.save(state), EncodingError);
+    expectFilesOf(oldState);
+}
+
 TEST_F(SaveFailure, inEncodingSaysWhere)
 {
     QuillmereState state = newState;

@@ -34,7 +34,7 @@ public:
     std::filesystem::path createContainerDirectory(std::string_view) const override { refuse(); }
     bool fileExists(const std::filesystem::path&) const override { refuse(); }
     Bytes contents(const std::filesystem::path&) const override { refuse(); }
-    void writeWithoutOverwriting(const std::filesystem::path&, std::string_view) const override { refuse(); }
+    void writeWithoutOverwriting(const std::filesystem::path&, const ByteSource&) const override { refuse(); }
     void createDirectory(const std::filesystem::path&, std::optional<mode_t>) const override { refuse(); }
     void removeFile(const std::filesystem::path&) const override { refuse(); }
 

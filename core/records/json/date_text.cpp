@@ -67,13 +67,16 @@ std::optional<std::int64_t> offsetFromText(std::string_view text)
 
 }  // namespace
 
-bool putDateText(char* destination, Instant instant) noexcept
+bool hasDateText(Instant instant) noexcept
 {
     const double exact = instant.secondsSince1970();
-    if (!(exact >= static_cast<double>(firstSecond) && exact < static_cast<double>(endSecond))) {
-        return false;
-    }
-    const auto secondsSinceFirst = static_cast<std::uint64_t>(wholeSeconds(exact) - firstSecond);
+    return exact >= static_cast<double>(firstSecond) && exact < static_cast<double>(endSecond);
+}
+
+void putDateText(char* destination, Instant instant) noexcept
+{
+    const std::int64_t whole = wholeSeconds(instant.secondsSince1970());
+    const auto secondsSinceFirst = static_cast<std::uint64_t>(whole - firstSecond);
     const auto daysSinceFirst = static_cast<unsigned>(secondsSinceFirst / secondsPerDay);
     const auto secondOfDay = static_cast<unsigned>(secondsSinceFirst % secondsPerDay);
     const year_month_day date{sys_days(year(0) / 1 / 1) + days(daysSinceFirst)};
@@ -87,7 +90,6 @@ bool putDateText(char* destination, Instant instant) noexcept
     putTwoDigits(destination + 11, secondOfDay / 3600);
     putTwoDigits(destination + 14, secondOfDay / 60 % 60);
     putTwoDigits(destination + 17, secondOfDay % 60);
-    return true;
 }
 
 std::optional<Instant> instantFromDateText(std::string_view text) noexcept

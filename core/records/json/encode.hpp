@@ -5,7 +5,7 @@
 #pragma once
 
 #include <quillmere/records/enumeration.hpp>
-#include <quillmere/records/json/coding_error.hpp>
+#include <quillmere/records/json/encodable.hpp>
 #include <quillmere/records/json/json_encoder.hpp>
 #include <quillmere/records/json/table.hpp>
 #include <quillmere/records/json/writer.hpp>
@@ -60,16 +60,33 @@ char* writeScalar(Writer& writer, char* cursor, Enumeration value)
     return writer.putString(cursor, rawValue(value));
 }
 
-template <class Value>
-inline constexpr bool isList = false;
-template <class Element>
-inline constexpr bool isList<std::vector<Element>> = true;
-
 /// Writes a text that is known at compile time, and makes room for one token after it.
 template <std::size_t length>
 char* putPiece(Writer& writer, char* cursor, const FixedText<length>& piece)
 {
     return putText(writer.ensure(cursor, length + longestToken), piece);
+}
+
+/// The same for the text that starts with a separator. The first one's comma gives way to the opening
+/// bracket.
+template <char open, std::size_t length>
+char* putSeparated(Writer& writer, char* cursor, const FixedText<length>& piece, bool& isFirst)
+{
+    char* const start = writer.ensure(cursor, length + longestToken);
+    cursor = putText(start, piece);
+    if (isFirst) {
+        *start = open;
+        isFirst = false;
+    }
+    return cursor;
+}
+
+/// Closes a container, which has only been opened if something is in it.
+template <JsonLayout layout, std::size_t depth, FixedText brackets>
+char* putEnd(Writer& writer, char* cursor, bool isEmpty)
+{
+    static constexpr auto end = lineBreak<layout, depth> + FixedText<1>({brackets.characters[1], '\0'});
+    return isEmpty ? putPiece(writer, cursor, brackets) : putPiece(writer, cursor, end);
 }
 
 template <JsonLayout layout, std::size_t depth, HasTable Record>
@@ -90,71 +107,51 @@ char* writeValue(Writer& writer, char* cursor, const Value& value)
     }
 }
 
-/// Closes a container whose members or elements, if it has any, each began with a separator: the
-/// first one's comma gives way to the opening bracket.
-template <JsonLayout layout, std::size_t depth, FixedText brackets>
-char* encloseFrom(Writer& writer, std::size_t start, char* cursor)
-{
-    constexpr char open = brackets.characters[0];
-    constexpr char close = brackets.characters[1];
-    if (writer.offsetOf(cursor) == start) {
-        return putPiece(writer, cursor, brackets);
-    }
-    writer.replaceAt(start, open);
-    static constexpr auto end = lineBreak<layout, depth> + FixedText<1>({close, '\0'});
-    return putPiece(writer, cursor, end);
-}
-
 template <JsonLayout layout, std::size_t depth, class Element>
 char* writeList(Writer& writer, char* cursor, const std::vector<Element>& elements)
 {
-    const std::size_t start = writer.offsetOf(cursor);
-    for (std::size_t index = 0; index < elements.size(); ++index) {
-        cursor = putPiece(writer, cursor, separator<layout, depth + 1>);
-        try {
-            cursor = writeValue<layout, depth + 1>(writer, cursor, elements[index]);
-        } catch (CodingError& error) {
-            error.prependIndex(index);
-            throw;
-        }
+    bool isFirst = true;
+    for (const Element& element : elements) {
+        cursor = putSeparated<'['>(writer, cursor, separator<layout, depth + 1>, isFirst);
+        cursor = writeValue<layout, depth + 1>(writer, cursor, element);
     }
-    return encloseFrom<layout, depth, "[]">(writer, start, cursor);
+    return putEnd<layout, depth, "[]">(writer, cursor, isFirst);
 }
 
 template <JsonLayout layout, std::size_t depth, class Field>
-char* writeMember(Writer& writer, char* cursor, const typename Field::Record& record)
+char* writeMember(Writer& writer, char* cursor, const typename Field::Record& record, bool& isFirst)
 {
     constexpr auto& start = memberStart<layout, depth, Field>;
     const auto& value = record.*Field::member;
-    try {
-        if constexpr (!Field::isOptional) {
-            return writeValue<layout, depth>(writer, putPiece(writer, cursor, start), value);
-        } else if (value) {
-            return writeValue<layout, depth>(writer, putPiece(writer, cursor, start), *value);
-        } else if constexpr (std::is_same_v<typename Field::Rule, NullWhenAbsent>) {
-            return putText(putPiece(writer, cursor, start), FixedText("null"));
-        } else {
-            return cursor;
-        }
-    } catch (CodingError& error) {
-        error.prependKey(Field::fileKey.view());
-        throw;
+    if constexpr (!Field::isOptional) {
+        cursor = putSeparated<'{'>(writer, cursor, start, isFirst);
+        return writeValue<layout, depth>(writer, cursor, value);
+    } else if (value) {
+        cursor = putSeparated<'{'>(writer, cursor, start, isFirst);
+        return writeValue<layout, depth>(writer, cursor, *value);
+    } else if constexpr (std::is_same_v<typename Field::Rule, NullWhenAbsent>) {
+        return putText(putSeparated<'{'>(writer, cursor, start, isFirst), FixedText("null"));
+    } else {
+        return cursor;
     }
+}
+
+template <JsonLayout layout, std::size_t depth, class Record, std::size_t... places>
+char* writeMembers(Writer& writer, char* cursor, const Record& record, std::index_sequence<places...>)
+{
+    bool isFirst = true;
+    ((cursor = writeMember<layout, depth + 1, FieldAt<Record, sortedRows<Record>[places]>>(writer, cursor,
+                                                                                           record, isFirst)),
+     ...);
+    return putEnd<layout, depth, "{}">(writer, cursor, isFirst);
 }
 
 template <JsonLayout layout, std::size_t depth, HasTable Record>
 char* writeRecord(Writer& writer, char* cursor, const Record& record)
 {
     static_assert(rowsAreTheFields<Record, Fields<Record>>, "the table and the record differ");
-    const std::size_t start = writer.offsetOf(cursor);
-    constexpr auto& order = sortedRows<Record>;
-    [&]<std::size_t... places>(std::index_sequence<places...>)
-    {
-        ((cursor = writeMember<layout, depth + 1, FieldAt<Record, order[places]>>(writer, cursor, record)),
-         ...);
-    }
-    (std::make_index_sequence<order.size()>{});
-    return encloseFrom<layout, depth, "{}">(writer, start, cursor);
+    constexpr std::size_t count = std::tuple_size_v<Fields<Record>>;
+    return writeMembers<layout, depth>(writer, cursor, record, std::make_index_sequence<count>{});
 }
 
 // Size. ----------------------------------------------------------------------------------------------
@@ -187,12 +184,18 @@ std::size_t expectedSize(const Value& value)
     }
 }
 
-template <JsonLayout layout, class Value>
-Bytes encode(const Value& value)
+/// Writes a value that has been checked.
+template <class Value>
+Bytes encodeWith(JsonLayout layout, Writer writer, const Value& value)
 {
-    Writer writer(expectedSize(value));
     char* const start = writer.ensure(writer.start(), longestToken);
-    return writer.finish(writeValue<layout, 0>(writer, start, value));
+    switch (layout) {
+        case JsonLayout::pretty:
+            return writer.finish(writeValue<JsonLayout::pretty, 0>(writer, start, value));
+        case JsonLayout::compact:
+            return writer.finish(writeValue<JsonLayout::compact, 0>(writer, start, value));
+    }
+    fatalError("quillmere: an encoder has no layout");
 }
 
 }  // namespace quillmere::json
@@ -202,11 +205,17 @@ namespace quillmere {
 template <class Value>
 Bytes JsonEncoder::encode(const Value& value) const
 {
-    switch (layout_) {
-        case JsonLayout::pretty: return json::encode<JsonLayout::pretty>(value);
-        case JsonLayout::compact: return json::encode<JsonLayout::compact>(value);
-    }
-    fatalError("quillmere: an encoder has no layout");
+    json::requireEncodable(value);
+    return json::encodeWith(layout_, json::Writer(json::expectedSize(value)), value);
+}
+
+template <class Value>
+ByteSource JsonEncoder::source(const Value& value) const
+{
+    json::requireEncodable(value);
+    return [layout = layout_, &value](const ByteSink& sink) {
+        json::encodeWith(layout, json::Writer(sink), value);
+    };
 }
 
 }  // namespace quillmere

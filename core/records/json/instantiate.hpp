@@ -4,6 +4,7 @@
 #include <quillmere/records/json/decode.hpp>
 #include <quillmere/records/json/encode.hpp>
 
-#define QUILLMERE_INSTANTIATE_CODING(Type)                       \
-    template Bytes JsonEncoder::encode<Type>(const Type&) const; \
+#define QUILLMERE_INSTANTIATE_CODING(Type)                            \
+    template Bytes JsonEncoder::encode<Type>(const Type&) const;      \
+    template ByteSource JsonEncoder::source<Type>(const Type&) const; \
     template Type JsonDecoder::decode<Type>(const Bytes&) const

@@ -1,6 +1,7 @@
 // Records to JSON text (RFC 8259, UTF-8).
 #pragma once
 
+#include <quillmere/records/byte_sink.hpp>
 #include <quillmere/records/bytes.hpp>
 
 namespace quillmere {
@@ -23,6 +24,13 @@ public:
     /// for an instant or a duration without a JSON form, and `std::bad_alloc`.
     template <class Value>
     Bytes encode(const Value& value) const;
+
+    /// The same text, to be handed to a sink without ever being in memory as a whole. The value is checked
+    /// here: EncodingError is thrown now or never. It must outlive the source, and stay as it is.
+    template <class Value>
+    ByteSource source(const Value& value) const;
+    template <class Value>
+    ByteSource source(const Value&&) const = delete;
 
 private:
     JsonLayout layout_;

@@ -12,6 +12,7 @@
 #include <tuple>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace quillmere::json {
 
@@ -50,6 +51,11 @@ template <class Value>
 inline constexpr bool isOptional = false;
 template <class Value>
 inline constexpr bool isOptional<std::optional<Value>> = true;
+
+template <class Value>
+inline constexpr bool isList = false;
+template <class Element>
+inline constexpr bool isList<std::vector<Element>> = true;
 
 /// One row: the key in camelCase, the field, the rule.
 template <FixedText key_, auto member_, class Rule_ = Usual>

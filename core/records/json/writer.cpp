@@ -1,4 +1,3 @@
-#include <quillmere/records/json/coding_error.hpp>
 #include <quillmere/records/json/date_text.hpp>
 #include <quillmere/records/json/utf8.hpp>
 #include <quillmere/records/json/writer.hpp>
@@ -16,6 +15,9 @@
 
 namespace quillmere::json {
 namespace {
+
+/// Of a text that goes to a sink: many fit the second-level cache, and few calls are made.
+constexpr std::size_t pieceSize = 128 * 1024;
 
 /// Characters looked at and copied together, in one register. Signed, so that what is beyond ASCII lies
 /// below the control characters.
@@ -140,9 +142,6 @@ char* putInteger(char* cursor, std::int64_t value)
 
 char* putNumber(char* cursor, double value)
 {
-    if (!std::isfinite(value)) {
-        throw EncodingError("a duration that is infinite or not a number");
-    }
     const auto whole = std::abs(value) < 1e5 ? static_cast<std::int64_t>(value) : 0;
     if (std::bit_cast<std::uint64_t>(static_cast<double>(whole)) == std::bit_cast<std::uint64_t>(value)) {
         // Nearly every duration. Up to five digits are never longer than a form with an exponent.
@@ -169,9 +168,7 @@ char* putIdentifier(char* cursor, const Identifier& identifier)
 char* putInstant(char* cursor, Instant instant)
 {
     *cursor++ = '"';
-    if (!putDateText(cursor, instant)) {
-        throw EncodingError("an instant that is not finite or lies outside the years 0000 to 9999");
-    }
+    putDateText(cursor, instant);
     cursor += dateTextLength;
     *cursor++ = '"';
     return cursor;
@@ -183,18 +180,36 @@ Writer::Writer(std::size_t expectedSize)
     end_ = begin_ + bytes_.capacity();
 }
 
+Writer::Writer(const ByteSink& sink) : Writer(pieceSize) { sink_ = &sink; }
+
+std::size_t Writer::sizeUpTo(const char* cursor) const noexcept
+{
+    return static_cast<std::size_t>(cursor - begin_);
+}
+
 char* Writer::grow(char* cursor, std::size_t count)
 {
-    bytes_.commit(offsetOf(cursor) - bytes_.size());
+    cursor = handOver(cursor);
+    bytes_.commit(sizeUpTo(cursor) - bytes_.size());
     cursor = bytes_.reserve(count);
     begin_ = cursor - bytes_.size();
     end_ = begin_ + bytes_.capacity();
     return cursor;
 }
 
-Bytes Writer::finish(const char* cursor)
+char* Writer::handOver(char* cursor)
 {
-    bytes_.commit(offsetOf(cursor) - bytes_.size());
+    if (!sink_) {
+        return cursor;
+    }
+    (*sink_)({begin_, sizeUpTo(cursor)});
+    return begin_;
+}
+
+Bytes Writer::finish(char* cursor)
+{
+    cursor = handOver(cursor);
+    bytes_.commit(sizeUpTo(cursor) - bytes_.size());
     begin_ = end_ = nullptr;
     return std::move(bytes_);
 }

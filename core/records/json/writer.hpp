@@ -1,7 +1,7 @@
-// Writes JSON text straight into a growing buffer: how each kind of value is spelled, and nothing of
-// records.
+// Writes JSON text straight into a buffer: how each kind of value is spelled, and nothing of records.
 #pragma once
 
+#include <quillmere/records/byte_sink.hpp>
 #include <quillmere/records/bytes.hpp>
 #include <quillmere/records/identifier.hpp>
 #include <quillmere/records/instant.hpp>
@@ -28,18 +28,22 @@ char* putText(char* cursor, const FixedText<length>& text)
 
 char* putBoolean(char* cursor, bool value);
 char* putInteger(char* cursor, std::int64_t value);
-/// The shortest text that reads back to the same bits. Throws EncodingError when not finite.
+/// The shortest text that reads back to the same bits. `value` must be finite.
 char* putNumber(char* cursor, double value);
 char* putIdentifier(char* cursor, const Identifier& identifier);
-/// Throws EncodingError when not finite or outside the years 0000 to 9999.
+/// `instant` must satisfy hasDateText.
 char* putInstant(char* cursor, Instant instant);
 
 /// The buffer of a text. Whoever writes holds the cursor, the place of the next byte, since it stays in
 /// a register that way. A throw leaves a text that is unfinished and of no use.
 class Writer {
 public:
-    /// Starts with room for `expectedSize` bytes.
+    /// For a text that stays in memory; starts with room for `expectedSize` bytes.
     explicit Writer(std::size_t expectedSize);
+
+    /// For a text that goes to a sink, which is called when a piece is full. The buffer is used again and
+    /// again, so it stays in the processor's cache. The sink must outlive the writer.
+    explicit Writer(const ByteSink& sink);
 
     char* start() noexcept { return begin_; }
 
@@ -49,24 +53,19 @@ public:
         return static_cast<std::size_t>(end_ - cursor) < count ? grow(cursor, count) : cursor;
     }
 
-    /// Where a cursor stands, whatever becomes of the buffer.
-    std::size_t offsetOf(const char* cursor) const noexcept
-    {
-        return static_cast<std::size_t>(cursor - begin_);
-    }
-
-    /// Replaces one character written earlier.
-    void replaceAt(std::size_t offset, char character) noexcept { begin_[offset] = character; }
-
     /// Writes a quoted, escaped string, for which it makes room itself; ill-formed UTF-8 becomes U+FFFD.
     char* putString(char* cursor, std::string_view text);
 
-    /// What was written. The writer is empty afterwards.
-    Bytes finish(const char* cursor);
+    /// What was written, or nothing where it has gone to the sink. The writer is empty afterwards.
+    Bytes finish(char* cursor);
 
 private:
     char* grow(char* cursor, std::size_t count);
+    /// Gives the sink, if there is one, what has been written; returns where to go on.
+    char* handOver(char* cursor);
+    std::size_t sizeUpTo(const char* cursor) const noexcept;
 
+    const ByteSink* sink_ = nullptr;
     Bytes bytes_;
     char* begin_;
     char* end_;

@@ -81,8 +81,12 @@ private:
 
 std::string written(double seconds)
 {
+    if (!json::hasDateText(Instant(seconds))) {
+        return "refused";
+    }
     std::string text(json::dateTextLength, '?');
-    return json::putDateText(text.data(), Instant(seconds)) ? text : "refused";
+    json::putDateText(text.data(), Instant(seconds));
+    return text;
 }
 
 /// Whether an instant is written as `text`, with any fraction too, and `text` is read as the instant.

@@ -61,9 +61,10 @@ bool survivesInRecord(double value)
 
 bool isRefused(double value)
 {
-    char text[json::longestToken];
+    QuillmereState state = QuillmereState::initial(Instant(0));
+    state.breakExtensionSeconds = value;
     try {
-        json::putNumber(text, value);
+        compactText(state);
     } catch (const EncodingError&) {
         return true;
     }
