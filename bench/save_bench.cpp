@@ -75,9 +75,9 @@ void writeAndRename(benchmark::State& run)
         run, [&] { return saving.writeAndRename(); }, [&] { saving.save(); });
 }
 
-// Long enough that the first of them, which finds no free memory yet, does not count for much.
 QUILLMERE_BENCH_SIZES(saveQuillmere<Place::usual>, "save/quillmere");
 QUILLMERE_BENCH_SIZES(writeAndRename<Place::usual>, "save/write_and_rename");
+// Long enough that the first of them, which finds no free memory yet, does not count for much.
 QUILLMERE_BENCH_SIZES(saveQuillmere<Place::memory>, "save/in_memory/quillmere")->MinTime(0.5);
 QUILLMERE_BENCH_SIZES(writeAndRename<Place::memory>, "save/in_memory/write_and_rename")->MinTime(0.5);
 
