@@ -18,8 +18,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// One step: some time passes, then somebody types a command.
-struct Step {
+/// One scene: some time passes, then somebody types a command.
+struct Scene {
     double secondsLater;
     std::string_view remark;
     std::vector<std::string> command;
@@ -28,9 +28,9 @@ struct Step {
 /// Monday, 2 March 2026, 09:00 UTC.
 constexpr Instant tourStart{1'772'442'000};
 
-const std::vector<Step>& steps()
+const std::vector<Scene>& scenes()
 {
-    static const std::vector<Step> all = {
+    static const std::vector<Scene> all = {
         {0,
          "Planning a block of two sessions, with what it is for and how to tell that it is done.",
          {"plan",
@@ -108,7 +108,7 @@ AgentSnapshot agentSummary(const Situation& situation)
     return StateStore({}, StateStore::renameReplacing).agentSnapshot(situation.state, situation.now);
 }
 
-/// What the widget and the agent see after a step, a line each.
+/// What the widget and the agent see after a scene, a line each.
 void printOthers(std::ostream& out, const Workspace& workspace)
 {
     const Instant now = workspace.now();
@@ -125,10 +125,10 @@ void printOthers(std::ostream& out, const Workspace& workspace)
 }
 
 /// The words that are typed, the directory included.
-std::vector<std::string> wordsOf(const Step& step, const fs::path& directory)
+std::vector<std::string> wordsOf(const Scene& scene, const fs::path& directory)
 {
     std::vector<std::string> words = {"--directory", directory.string()};
-    words.insert(words.end(), step.command.begin(), step.command.end());
+    words.insert(words.end(), scene.command.begin(), scene.command.end());
     return words;
 }
 
@@ -150,17 +150,17 @@ std::string earlyEnd(const fs::path& directory)
     return "The tour ended early, in " + directory.string() + ".";
 }
 
-/// Plays a step and says so to a person.
-void tell(const Step& step, const fs::path& directory, const Environment& environment)
+/// Plays a scene and says so to a person.
+void tell(const Scene& scene, const fs::path& directory, const Environment& environment)
 {
     std::ostream& out = environment.out;
-    out << localClockText(environment.clock()) << "  " << step.remark << "\n  $ quillmere";
-    for (const std::string& word : step.command) {
+    out << localClockText(environment.clock()) << "  " << scene.remark << "\n  $ quillmere";
+    for (const std::string& word : scene.command) {
         out << ' ' << quoted(word);
     }
     out << '\n';
     std::ostringstream answer;
-    const ExitCode code = runScene(wordsOf(step, directory), answer, answer, environment);
+    const ExitCode code = runScene(wordsOf(scene, directory), answer, answer, environment);
     out << indented(answer.str());
     if (code != ExitCode::done) {
         throw ProgramError(code, earlyEnd(directory));
@@ -168,10 +168,10 @@ void tell(const Step& step, const fs::path& directory, const Environment& enviro
     printOthers(out, Workspace::in(directory, environment.clock));
 }
 
-/// Plays a step; what was done, and what everybody sees, for a program.
-Json stepJson(const Step& step, const fs::path& directory, const Environment& environment)
+/// Plays a scene; what was done, and what everybody sees, for a program.
+Json sceneJson(const Scene& scene, const fs::path& directory, const Environment& environment)
 {
-    const std::vector<std::string> words = wordsOf(step, directory);
+    const std::vector<std::string> words = wordsOf(scene, directory);
     std::vector<std::string> wordsForPrograms = {"--json"};
     wordsForPrograms.insert(wordsForPrograms.end(), words.begin(), words.end());
     std::ostringstream answer;
@@ -185,7 +185,7 @@ Json stepJson(const Step& step, const fs::path& directory, const Environment& en
     const Situation situation = workspace.look();
     return {
         {"at", instantJson(situation.now)},
-        {"remark", step.remark},
+        {"remark", scene.remark},
         {"command", words},
         {"result", Json::parse(answer.str())},
         {"person", statusJson(situation)},
@@ -218,12 +218,12 @@ void tour(const std::optional<fs::path>& chosen, Program& program)
     Environment stage = program.environment();
     stage.clock = [&now] { return now; };
     Json all = Json::array();
-    for (const Step& step : steps()) {
-        now = now + step.secondsLater;
+    for (const Scene& scene : scenes()) {
+        now = now + scene.secondsLater;
         if (program.settings().json) {
-            all.push_back(stepJson(step, directory, stage));
+            all.push_back(sceneJson(scene, directory, stage));
         } else {
-            tell(step, directory, stage);
+            tell(scene, directory, stage);
         }
     }
     if (program.settings().json) {
