@@ -31,6 +31,8 @@ public:
 
 private:
     bool isAbsorbed(std::size_t index, int error) const;
+    /// Whether the call is about the parent of a directory that was made before.
+    bool holdsNewDirectory(std::size_t index) const;
     std::size_t renamesBefore(std::size_t index) const;
 
     std::vector<TracedCall> calls_;
