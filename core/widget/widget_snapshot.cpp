@@ -53,15 +53,15 @@ std::string outcomeTitle(const QuillmereState& state, const SessionPlan* plan)
     return firstTitle(outcomes, [](const Outcome& outcome) { return !outcome.title.empty(); });
 }
 
-/// When the timer began, pauses taken out.
-std::optional<Instant> timerStart(const QuillmereState& state, TimerKind kind)
+/// When the timer began, pauses taken out. There is a timer only where there is what it is counted from.
+Instant timerStart(const QuillmereState& state, TimerKind kind)
 {
     switch (kind) {
-        case TimerKind::breakTime: return state.breakStartedAt;
+        case TimerKind::breakTime: return *state.breakStartedAt;
         case TimerKind::focus: break;
     }
-    const WorkSession* session = state.currentSession();
-    return session ? std::optional(session->startedAt + session->accumulatedPausedSeconds) : std::nullopt;
+    const WorkSession& session = *state.currentSession();
+    return session.startedAt + session.accumulatedPausedSeconds;
 }
 
 std::optional<WidgetCountdown> countdown(const QuillmereState& state, Instant now)
@@ -70,13 +70,9 @@ std::optional<WidgetCountdown> countdown(const QuillmereState& state, Instant no
     if (!timer) {
         return std::nullopt;
     }
-    const std::optional<Instant> startedAt = timerStart(state, timer->kind);
-    if (!startedAt) {
-        return std::nullopt;
-    }
     return WidgetCountdown{
         .endsAt = now + static_cast<double>(timer->remainingSeconds),
-        .startedAt = *startedAt,
+        .startedAt = timerStart(state, timer->kind),
         .isPaused = timer->isPaused,
         .frozenRemainingSeconds = timer->remainingSeconds,
     };
