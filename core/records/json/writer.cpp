@@ -16,7 +16,7 @@
 namespace quillmere::json {
 namespace {
 
-/// Of a text that goes to a sink: many fit the second-level cache, and few calls are made.
+/// Of a text that goes to a sink: small enough to stay in the second-level cache, large enough for few calls.
 constexpr std::size_t pieceSize = 128 * 1024;
 
 /// Characters looked at and copied together, in one register. Signed, so that what is beyond ASCII lies
