@@ -3,6 +3,7 @@
 
 #include <quillmere/records/instant.hpp>
 
+#include <filesystem>
 #include <iosfwd>
 
 namespace quillmere::app {
@@ -14,6 +15,8 @@ struct Environment {
     Clock clock;
     bool inputIsTerminal;   ///< someone is there to be asked
     bool outputIsTerminal;  ///< colour may be used
+    /// Where versions, drafts and notices are kept (XDG state home); empty: nowhere.
+    std::filesystem::path stateHome = {};
 };
 
 }  // namespace quillmere::app

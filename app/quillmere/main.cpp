@@ -1,4 +1,5 @@
 #include "run.hpp"
+#include "workspace/state_home.hpp"
 
 #include <unistd.h>
 
@@ -19,6 +20,7 @@ int main(int count, char** arguments)
         .clock = wallClock,
         .inputIsTerminal = ::isatty(STDIN_FILENO) == 1,
         .outputIsTerminal = ::isatty(STDOUT_FILENO) == 1,
+        .stateHome = quillmere::app::stateHomeOfThisUser(),
     };
     return static_cast<int>(
         quillmere::app::run({arguments + std::min(count, 1), arguments + count}, environment));

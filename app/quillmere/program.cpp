@@ -3,6 +3,7 @@
 #include "exit_code.hpp"
 #include "report/status.hpp"
 #include "text/local_time.hpp"
+#include "workspace/state_home.hpp"
 
 #include <quillmere/engine/workflow_error.hpp>
 
@@ -28,6 +29,11 @@ Workspace Program::workspace() const
 {
     return settings_.directory ? Workspace::in(*settings_.directory, environment_.clock)
                                : Workspace::ofThisUser(environment_.clock);
+}
+
+std::filesystem::path Program::keptBeside() const
+{
+    return app::keptBeside(workspace().directory(), environment_.stateHome);
 }
 
 Situation Program::apply(const Operation& operation)

@@ -37,6 +37,8 @@ public:
     std::function<void()> action;
 
     Workspace workspace() const;
+    /// Where what belongs to the workspace is kept beside it; empty: nowhere.
+    std::filesystem::path keptBeside() const;
     Style style() const { return Style(wantsColour(environment_.outputIsTerminal)); }
 
     /// Runs one operation of a person on their files, then says `done` and where the work stands.

@@ -30,6 +30,7 @@ Ending Person::runs(const Words& arguments) const
         .clock = [this] { return now; },
         .inputIsTerminal = isAsked,
         .outputIsTerminal = seesColour,
+        .stateHome = stateHome(),
     };
     const ExitCode code = app::run(arguments, environment);
     return {.code = code, .out = out.str(), .err = err.str()};

@@ -46,6 +46,7 @@ public:
     std::string answers;      ///< what stands on standard input
 
     const std::filesystem::path& directory() const { return directory_->path(); }
+    const std::filesystem::path& stateHome() const { return stateHome_->path(); }
     std::vector<std::string> names() const { return directory_->names(); }
 
     /// Runs a command on the person's own directory.
@@ -69,6 +70,7 @@ public:
 
 private:
     std::unique_ptr<TemporaryDirectory> directory_ = std::make_unique<TemporaryDirectory>();
+    std::unique_ptr<TemporaryDirectory> stateHome_ = std::make_unique<TemporaryDirectory>();
 };
 
 /// Whether both summaries say what follows from the state at the person's present.

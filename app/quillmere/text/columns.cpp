@@ -1,0 +1,105 @@
+#include "text/columns.hpp"
+
+#include <unigbrk.h>
+#include <unilbrk.h>
+#include <uniwidth.h>
+
+#include <algorithm>
+
+namespace quillmere::app {
+namespace {
+
+constexpr std::string_view ellipsis = "\u2026";
+// What the library takes the width of doubtful characters from; terminals of today use UTF-8.
+constexpr const char* encoding = "UTF-8";
+
+const uint8_t* bytes(std::string_view text) { return reinterpret_cast<const uint8_t*>(text.data()); }
+
+/// The first character as people see it, with all that combines with it.
+std::string_view frontCharacter(std::string_view text)
+{
+    const uint8_t* const begin = bytes(text);
+    const uint8_t* const next = u8_grapheme_next(begin, begin + text.size());
+    return text.substr(0, static_cast<std::size_t>(next - begin));
+}
+
+/// As much of the beginning as fits.
+std::string_view frontColumns(std::string_view text, std::size_t most)
+{
+    std::size_t taken = 0;
+    std::size_t length = 0;
+    while (length < text.size()) {
+        const std::string_view character = frontCharacter(text.substr(length));
+        taken += columns(character);
+        if (taken > most) {
+            break;
+        }
+        length += character.size();
+    }
+    return text.substr(0, length);
+}
+
+std::string_view withoutTrailingSpaces(std::string_view text)
+{
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+/// Adds a line that is longer than `most` only when it is a single word.
+void addLine(std::vector<std::string>& lines, std::string_view line, std::size_t most)
+{
+    std::string_view rest = withoutTrailingSpaces(line);
+    while (columns(rest) > most) {
+        // One character at least, though it be wider than the line.
+        const std::size_t length = std::max(frontColumns(rest, most).size(), frontCharacter(rest).size());
+        if (length == rest.size()) {
+            break;
+        }
+        lines.emplace_back(rest.substr(0, length));
+        rest.remove_prefix(length);
+    }
+    lines.emplace_back(rest);
+}
+
+}  // namespace
+
+std::size_t columns(std::string_view text)
+{
+    return static_cast<std::size_t>(std::max(u8_width(bytes(text), text.size(), encoding), 0));
+}
+
+std::string cutToColumns(std::string_view text, std::size_t most)
+{
+    if (columns(text) <= most) {
+        return std::string(text);
+    }
+    return most == 0 ? std::string() : std::string(frontColumns(text, most - 1)).append(ellipsis);
+}
+
+std::vector<std::string> wrapped(std::string_view text, std::size_t most)
+{
+    std::vector<char> breaks(text.size());
+    u8_possible_linebreaks(bytes(text), text.size(), encoding, breaks.data());
+    std::vector<std::string> lines;
+    std::size_t begin = 0;
+    std::size_t lastBreak = 0;
+    for (std::size_t index = 0; index <= text.size(); ++index) {
+        const bool isEnd = index == text.size() || breaks[index] == UC_BREAK_MANDATORY;
+        if (!isEnd && breaks[index] != UC_BREAK_POSSIBLE) {
+            continue;
+        }
+        const bool fits = columns(withoutTrailingSpaces(text.substr(begin, index - begin))) <= most;
+        if (!fits && lastBreak > begin) {
+            addLine(lines, text.substr(begin, lastBreak - begin), most);
+            begin = lastBreak;
+        }
+        lastBreak = index;
+        if (isEnd) {
+            addLine(lines, text.substr(begin, index - begin), most);
+            begin = index + 1;
+            lastBreak = begin;
+        }
+    }
+    return lines;
+}
+
+}  // namespace quillmere::app

@@ -1,0 +1,81 @@
+#include "workspace/directory_watch.hpp"
+
+#include <sys/inotify.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+namespace quillmere::app {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Files come by rename, which is a move; the rest is for directories that come and go, and for files that
+/// others write in place.
+constexpr std::uint32_t everyChange =
+    IN_MOVE | IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
+
+[[noreturn]] void fail(const fs::path& path)
+{
+    throw std::system_error(errno, std::generic_category(), "inotify: " + path.string());
+}
+
+}  // namespace
+
+DirectoryWatch::DirectoryWatch(fs::path directory)
+    : directory_(std::move(directory)), descriptor_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
+{
+    if (descriptor_ < 0) {
+        fail(directory_);
+    }
+    try {
+        watchNearest();
+    } catch (...) {
+        ::close(descriptor_);
+        throw;
+    }
+}
+
+DirectoryWatch::~DirectoryWatch() { ::close(descriptor_); }
+
+bool DirectoryWatch::takeChanges()
+{
+    bool changed = false;
+    // Which file it was is not asked: one more look costs less than a change that is missed.
+    alignas(inotify_event) std::array<char, 4096> events;
+    while (::read(descriptor_, events.data(), events.size()) > 0) {
+        changed = true;
+    }
+    if (changed) {
+        watchNearest();
+    }
+    return changed;
+}
+
+void DirectoryWatch::watchNearest()
+{
+    // What is made while this goes up the path is found by going up again.
+    fs::path nearest = directory_;
+    int watch = -1;
+    while ((watch = ::inotify_add_watch(descriptor_, nearest.c_str(), everyChange)) < 0) {
+        const bool isMissing = errno == ENOENT || errno == ENOTDIR || errno == EACCES;
+        if (!isMissing || !nearest.has_relative_path()) {
+            fail(nearest);
+        }
+        nearest = nearest.parent_path();
+    }
+    if (watch_ >= 0 && watch_ != watch) {
+        ::inotify_rm_watch(descriptor_, watch_);
+    }
+    watch_ = watch;
+    std::error_code ignored;
+    if (nearest != directory_ &&
+        fs::is_directory(nearest / *directory_.lexically_relative(nearest).begin(), ignored)) {
+        watchNearest();
+    }
+}
+
+}  // namespace quillmere::app

@@ -1,0 +1,33 @@
+// Tells when files change, without looking again and again.
+#pragma once
+
+#include <filesystem>
+
+namespace quillmere::app {
+
+/// Watches one directory (inotify(7)), which need not exist yet and may go and come back: until it is
+/// there, what is watched is the nearest directory above it that is.
+class DirectoryWatch {
+public:
+    /// Throws `std::system_error` when the system can watch no more.
+    explicit DirectoryWatch(std::filesystem::path directory);
+    DirectoryWatch(const DirectoryWatch&) = delete;
+    DirectoryWatch& operator=(const DirectoryWatch&) = delete;
+    ~DirectoryWatch();
+
+    /// For poll(2): readable when something has happened.
+    int descriptor() const noexcept { return descriptor_; }
+
+    /// Takes what has happened since the last call; whether a file in the directory may have changed. Never
+    /// waits.
+    bool takeChanges();
+
+private:
+    void watchNearest();
+
+    std::filesystem::path directory_;
+    int descriptor_;
+    int watch_ = -1;
+};
+
+}  // namespace quillmere::app

@@ -1,0 +1,40 @@
+#include "workspace/open_workspace.hpp"
+
+#include <utility>
+
+namespace quillmere::app {
+
+OpenWorkspace::OpenWorkspace(Workspace workspace)
+    : workspace_(std::move(workspace)),
+      // Before the first look, so that no change falls between the two.
+      watch_(workspace_.directory()),
+      situation_(workspace_.look()),
+      isStale_(!situation_.events.empty())
+{
+}
+
+std::vector<Event> OpenWorkspace::refresh()
+{
+    isStale_ = watch_.takeChanges() || isStale_;
+    if (isStale_) {
+        situation_ = workspace_.look();
+        isStale_ = !situation_.events.empty();
+    } else {
+        situation_.now = workspace_.now();
+        isStale_ = !catchUp(situation_.state, situation_.now).empty();
+    }
+    // What is due has come about in memory only: the files may have been changed meanwhile.
+    return isStale_ ? change(nullptr) : std::vector<Event>();
+}
+
+std::vector<Event> OpenWorkspace::change(const Operation& operation)
+{
+    std::vector<Event> recorded;
+    isStale_ = true;
+    situation_ = workspace_.change([&](const std::vector<Event>& events) { recorded = events; }, operation);
+    situation_.events.clear();
+    isStale_ = false;
+    return recorded;
+}
+
+}  // namespace quillmere::app

@@ -1,0 +1,43 @@
+// Where the program keeps what is none of the person's files.
+#include "workspace/state_home.hpp"
+
+#include "program_testing.hpp"
+
+namespace quillmere::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(StateHome, isThatOfTheEnvironment)
+{
+    const EnvironmentVariable home("HOME", "/home/someone");
+    const EnvironmentVariable named("XDG_STATE_HOME", "/var/someone");
+    EXPECT_EQ(app::stateHomeOfThisUser(), "/var/someone");
+}
+
+TEST(StateHome, isUnderTheHomeWhenNoAbsolutePathIsNamed)
+{
+    const EnvironmentVariable home("HOME", "/home/someone");
+    for (const std::optional<std::string>& value : {std::optional<std::string>(), {""}, {"relative"}}) {
+        const EnvironmentVariable named("XDG_STATE_HOME", value);
+        EXPECT_EQ(app::stateHomeOfThisUser(), "/home/someone/.local/state");
+    }
+}
+
+TEST(StateHome, isNoneWithoutAHome)
+{
+    const EnvironmentVariable named("XDG_STATE_HOME", std::nullopt);
+    const EnvironmentVariable home("HOME", std::nullopt);
+    EXPECT_EQ(app::stateHomeOfThisUser(), fs::path());
+    EXPECT_EQ(app::keptBeside("/some/files", app::stateHomeOfThisUser()), fs::path());
+}
+
+TEST(StateHome, hasOnePlaceForEveryDirectory)
+{
+    // Written down, since what was kept must be found again by every later version.
+    EXPECT_EQ(app::keptBeside("/some/files", "/s"), "/s/quillmere/937219cda6ac5afa");
+    EXPECT_NE(app::keptBeside("/some/files", "/s"), app::keptBeside("/some/file", "/s"));
+}
+
+}  // namespace
+}  // namespace quillmere::test
