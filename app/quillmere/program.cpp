@@ -2,8 +2,8 @@
 
 #include "exit_code.hpp"
 #include "report/status.hpp"
+#include "text/inert.hpp"
 #include "text/local_time.hpp"
-#include "workspace/state_home.hpp"
 
 #include <quillmere/engine/workflow_error.hpp>
 
@@ -27,13 +27,9 @@ std::string eventText(const Event& event, Instant now)
 
 Workspace Program::workspace() const
 {
-    return settings_.directory ? Workspace::in(*settings_.directory, environment_.clock)
-                               : Workspace::ofThisUser(environment_.clock);
-}
-
-std::filesystem::path Program::keptBeside() const
-{
-    return app::keptBeside(workspace().directory(), environment_.stateHome);
+    return settings_.directory
+               ? Workspace::in(*settings_.directory, environment_.clock, environment_.stateHome)
+               : Workspace::ofThisUser(environment_.clock, environment_.stateHome);
 }
 
 Situation Program::apply(const Operation& operation)
@@ -41,18 +37,27 @@ Situation Program::apply(const Operation& operation)
     Situation situation =
         workspace().change([this](const std::vector<Event>& events) { reportEvents(events); }, operation);
     isDone_ = true;
+    warn(situation.warning);
     return situation;
 }
 
-void Program::change(std::string_view done, const Operation& operation)
+void Program::change(std::string_view done, const Operation& operation) { say(done, apply(operation)); }
+
+void Program::say(std::string_view done, const Situation& situation)
 {
-    const Situation situation = apply(operation);
     if (settings_.json) {
         print({{"done", done}, {"events", eventsJson(events_)}, {"status", statusJson(situation)}});
         return;
     }
     environment_.out << done << "\n\n";
     printStatus(environment_.out, situation, style());
+}
+
+void Program::bringBack(const Version& version)
+{
+    const Situation situation = workspace().bringBack(version);
+    isDone_ = true;
+    say("Version " + std::to_string(version.number) + " is back.", situation);
 }
 
 void Program::letTimePass() { apply(nullptr); }
@@ -67,6 +72,13 @@ bool Program::wouldAccept(const Operation& operation) const
         return false;
     } catch (const ProgramError&) {
         return false;
+    }
+}
+
+void Program::warn(const std::string& warning)
+{
+    if (!warning.empty()) {
+        environment_.err << (settings_.json ? jsonLine({{"warning", warning}}) : inert(warning)) << '\n';
     }
 }
 
@@ -85,6 +97,8 @@ void Program::print(const Json& json)
     // Nothing beyond ASCII, so no control character either.
     environment_.out << json.dump(2, ' ', true, Json::error_handler_t::replace) << '\n';
 }
+
+std::string jsonLine(const Json& json) { return json.dump(-1, ' ', true, Json::error_handler_t::replace); }
 
 Json eventsJson(const std::vector<Event>& events)
 {

@@ -37,12 +37,13 @@ public:
     std::function<void()> action;
 
     Workspace workspace() const;
-    /// Where what belongs to the workspace is kept beside it; empty: nowhere.
-    std::filesystem::path keptBeside() const;
     Style style() const { return Style(wantsColour(environment_.outputIsTerminal)); }
 
     /// Runs one operation of a person on their files, then says `done` and where the work stands.
     void change(std::string_view done, const Operation& operation);
+
+    /// Puts a version in the place of the state, then says so and where the work stands.
+    void bringBack(const Version& version);
 
     /// Lets time pass on the files, and repairs their summaries.
     void letTimePass();
@@ -59,6 +60,9 @@ public:
 
 private:
     Situation apply(const Operation& operation);
+    void say(std::string_view done, const Situation& situation);
+    /// Says what went wrong beside what was asked.
+    void warn(const std::string& warning);
 
     /// Keeps what came about by itself and says so, at once to a person, with the result to a program.
     void reportEvents(const std::vector<Event>& events);
@@ -68,6 +72,9 @@ private:
     std::vector<Event> events_;
     bool isDone_ = false;
 };
+
+/// JSON on one line, harmless to a terminal.
+std::string jsonLine(const Json& json);
 
 /// The events as programs read them.
 Json eventsJson(const std::vector<Event>& events);

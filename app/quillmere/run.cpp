@@ -21,9 +21,10 @@ void addEverything(CLI::App& line, Program& program)
     line.set_version_flag("--version", std::string("quillmere ") + version);
     line.set_help_flag("-h,--help", "Print this help");
     line.require_subcommand(0, 1);
-    for (const auto add : {addStatus, addPlan,    addStart,  addEdit,  addCancel,  addFocus, addPause,
-                           addResume, addEnd,     addReview, addBreak, addReflect, addAsk,   addQuestions,
-                           addAnswer, addHistory, addWidget, addAgent, addOpen,    addTick,  addTour}) {
+    for (const auto add :
+         {addStatus,  addPlan,   addStart, addEdit,    addCancel, addFocus,     addPause,  addResume,
+          addEnd,     addReview, addBreak, addReflect, addAsk,    addQuestions, addAnswer, addHistory,
+          addRestore, addWidget, addAgent, addOpen,    addTick,   addTour}) {
         add(line, program);
     }
 }
@@ -35,7 +36,7 @@ ExitCode report(ExitCode code, std::string_view name, const std::string& message
     if (program.settings().json) {
         const Json error = {{"error", {{"case", name}, {"message", message}}},
                             {"events", eventsJson(program.events())}};
-        err << error.dump(-1, ' ', true, Json::error_handler_t::replace) << '\n';
+        err << jsonLine(error) << '\n';
     } else {
         err << inert(message) << '\n';
     }

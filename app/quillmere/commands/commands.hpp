@@ -39,6 +39,9 @@ void addBreak     (CLI::App& line, Program& program);  // extendBreak, endBreak,
 void addAsk       (CLI::App& line, Program& program);  // addQuestion
 void addAnswer    (CLI::App& line, Program& program);  // answerQuestion
 
+// Earlier versions.
+void addRestore   (CLI::App& line, Program& program);  // lists them, brings one back
+
 // Time.
 void addTick      (CLI::App& line, Program& program);  // evaluateSchedule, evaluateTimer
 void addTour      (CLI::App& line, Program& program);  // a whole block on a clock of its own

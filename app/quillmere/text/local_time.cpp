@@ -2,6 +2,8 @@
 
 #include "text/duration.hpp"
 
+#include <quillmere/records/json/date_text.hpp>
+
 #include <time.h>
 
 #include <algorithm>
@@ -27,14 +29,6 @@ std::string formatted(Instant instant, const char* format)
     return {text.data(), std::strftime(text.data(), text.size(), format, &fields)};
 }
 
-/// Whether files can name it.
-bool hasDate(Instant instant)
-{
-    constexpr Instant first{-62'167'219'200};  // 0000-01-01T00:00:00Z
-    constexpr Instant last{253'402'300'799};   // 9999-12-31T23:59:59Z
-    return instant >= first && instant <= last;
-}
-
 bool showTheSame(const std::tm& left, const std::tm& right)
 {
     return left.tm_year == right.tm_year && left.tm_mon == right.tm_mon && left.tm_mday == right.tm_mday &&
@@ -52,7 +46,7 @@ std::optional<Instant> instantOf(const std::tm& fields, Instant now)
         normalised.tm_sec = 0;
         normalised.tm_isdst = summerTime;
         const Instant instant(static_cast<double>(std::mktime(&normalised)));
-        if (showTheSame(normalised, fields) && hasDate(instant)) {
+        if (showTheSame(normalised, fields) && json::hasDateText(instant)) {
             readings.push_back(instant);
         }
     }
@@ -93,13 +87,15 @@ std::optional<Instant> nextTimeOfDay(const std::tm& fields, Instant now)
 
 }  // namespace
 
+std::string localDayText(Instant instant) { return formatted(instant, "%F"); }
+
 std::string localText(Instant instant) { return formatted(instant, "%Y-%m-%d %H:%M"); }
 
 std::string localClockText(Instant instant) { return formatted(instant, "%H:%M"); }
 
 std::string localTextSeenFrom(Instant now, Instant instant)
 {
-    const bool isThatDay = formatted(instant, "%F") == formatted(now, "%F");
+    const bool isThatDay = localDayText(instant) == localDayText(now);
     return isThatDay ? localClockText(instant) : localText(instant);
 }
 
@@ -107,7 +103,7 @@ std::optional<Instant> instantFromLocalText(std::string_view text, Instant now)
 {
     if (text.substr(0, 1) == "+") {
         const std::optional<double> delay = durationFromText(text.substr(1));
-        return delay && hasDate(now + *delay) ? std::optional(now + *delay) : std::nullopt;
+        return delay && json::hasDateText(now + *delay) ? std::optional(now + *delay) : std::nullopt;
     }
     std::tm fields = localFields(now);
     if (scan(text, "%Y-%m-%d %H:%M", fields) || scan(text, "%Y-%m-%dT%H:%M", fields)) {

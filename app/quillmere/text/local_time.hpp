@@ -9,6 +9,9 @@
 
 namespace quillmere::app {
 
+/// "2026-11-15".
+std::string localDayText(Instant instant);
+
 /// "2026-11-15 16:00".
 std::string localText(Instant instant);
 

@@ -2,8 +2,8 @@
 
 #include "exit_code.hpp"
 #include "text/file_error.hpp"
-#include "workspace/directory_lock.hpp"
 #include "workspace/screening.hpp"
+#include "workspace/state_home.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -50,20 +50,22 @@ Clock wholeSecondsOf(Clock clock)
 
 }  // namespace
 
-Workspace::Workspace(fs::path directory, std::optional<fs::path> widgetDirectory, Clock clock)
-    : states_(std::move(directory), clock, StateStore::renameReplacingDurably),
+Workspace::Workspace(const fs::path& directory, std::optional<fs::path> widgetDirectory, Clock clock,
+                     const fs::path& stateHome)
+    : states_(directory, clock, StateStore::renameReplacingDurably),
       widgetDirectory_(std::move(widgetDirectory)),
+      keptBeside_(app::keptBeside(directory, stateHome)),
       clock_(std::move(clock))
 {
 }
 
-Workspace Workspace::in(fs::path directory, Clock clock)
+Workspace Workspace::in(const fs::path& directory, Clock clock, const fs::path& stateHome)
 {
     const fs::path whole = absolutePath(directory);
-    return {whole, whole, wholeSecondsOf(std::move(clock))};
+    return {whole, whole, wholeSecondsOf(std::move(clock)), stateHome};
 }
 
-Workspace Workspace::ofThisUser(Clock clock)
+Workspace Workspace::ofThisUser(Clock clock, const fs::path& stateHome)
 {
     const FileManager& fileManager = FileManager::standard();
     if (fileManager.applicationSupportDirectories().empty()) {
@@ -71,20 +73,26 @@ Workspace Workspace::ofThisUser(Clock clock)
                            "There is no home to keep things in: set HOME, or XDG_DATA_HOME, to an absolute "
                            "path, or use --directory.");
     }
-    return {StateStore::defaultDirectory(fileManager), std::nullopt, wholeSecondsOf(std::move(clock))};
+    return {StateStore::defaultDirectory(fileManager), std::nullopt, wholeSecondsOf(std::move(clock)),
+            stateHome};
+}
+
+Versions Workspace::versions() const
+{
+    return Versions(keptBeside_.empty() ? fs::path() : keptBeside_ / "versions");
 }
 
 Instant Workspace::now() const { return clock_(); }
 
-Situation Workspace::caughtUp() const
+Situation Workspace::caughtUp(QuillmereState state) const
 {
-    Situation situation{.state = states_.load(), .events = {}, .now = clock_()};
+    Situation situation{.state = std::move(state), .events = {}, .now = clock_()};
     screen(situation.state);
     situation.events = catchUp(situation.state, situation.now);
     return situation;
 }
 
-Situation Workspace::look() const { return caughtUp(); }
+Situation Workspace::look() const { return caughtUp(states_.load()); }
 
 std::optional<fs::path> Workspace::widgetDirectory() const
 {
@@ -163,6 +171,24 @@ void Workspace::save(const QuillmereState& state, Instant now, const std::string
     }
 }
 
+std::string Workspace::keepVersion(Instant savedAt) const
+{
+    try {
+        versions().keep(states_.stateURL(), savedAt);
+        return {};
+    } catch (const std::system_error& error) {
+        // The work goes on: the change matters more to the person than the way back from it.
+        return "The version before this change could not be kept: " + fileErrorText(error);
+    }
+}
+
+DirectoryLock Workspace::lock() const
+{
+    constexpr mode_t ownerOnly = 0700;
+    FileManager::standard().createDirectory(directory(), ownerOnly);
+    return DirectoryLock(directory());
+}
+
 Situation Workspace::change(const std::function<void(const std::vector<Event>&)>& report,
                             const Operation& operation) const
 {
@@ -173,29 +199,58 @@ Situation Workspace::change(const std::function<void(const std::vector<Event>&)>
     };
     if (!fileManager.fileExists(directory())) {
         // A refusal must not leave a directory behind, so it is found before there is one.
-        Situation first = caughtUp();
+        Situation first = look();
         if (!operation) {
             return first;
         }
         apply(first);
     }
-    constexpr mode_t ownerOnly = 0700;
-    fileManager.createDirectory(directory(), ownerOnly);
-    const DirectoryLock lock(directory());
-    Situation situation = caughtUp();
-    if (!situation.events.empty()) {
+    const DirectoryLock held = lock();
+    QuillmereState saved = states_.load();
+    const Instant savedAt = saved.updatedAt;
+    Situation situation = caughtUp(std::move(saved));
+    const bool cameAbout = !situation.events.empty();
+    if (cameAbout) {
+        situation.warning = keepVersion(savedAt);
         save(situation.state, situation.now, "What came about by itself is saved, and no more was done");
         report(situation.events);
     }
     if (operation) {
         apply(situation);
+        if (!cameAbout) {
+            situation.warning = keepVersion(savedAt);
+        }
         save(situation.state, situation.now, "The change itself is saved");
-    } else if (situation.events.empty() && fileManager.fileExists(states_.stateURL()) &&
+    } else if (!cameAbout && fileManager.fileExists(states_.stateURL()) &&
                !summariesAgreeWith(situation.state)) {
         // Not before the last change, also by a clock that was set back: that would be out of date.
         save(situation.state, std::max(situation.now, situation.state.updatedAt), "The state is as it was");
     }
     return situation;
+}
+
+QuillmereState Workspace::stateOf(const Version& version)
+{
+    QuillmereState state =
+        StateStore::decoder().decode<QuillmereState>(FileManager::standard().contents(version.file));
+    screen(state);
+    return state;
+}
+
+Situation Workspace::bringBack(const Version& version) const
+{
+    QuillmereState state = stateOf(version);
+    const DirectoryLock held = lock();
+    const Instant now = clock_();
+    Instant savedAt = now;
+    try {
+        savedAt = states_.load().updatedAt;
+    } catch (const CodingError&) {
+        // Bringing a version back is what one does about it.
+    }
+    versions().keep(states_.stateURL(), savedAt);
+    save(state, std::max(now, state.updatedAt), "The version is brought back");
+    return caughtUp(std::move(state));
 }
 
 }  // namespace quillmere::app

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "workspace/catching_up.hpp"
+#include "workspace/directory_lock.hpp"
+#include "workspace/versions.hpp"
 
 #include <quillmere/store/state_store.hpp>
 #include <quillmere/widget/widget_snapshot_store.hpp>
@@ -19,6 +21,8 @@ struct Situation {
     QuillmereState state;
     std::vector<Event> events;
     Instant now;  ///< whole seconds, as files keep them
+    /// What the person should hear of, although what was asked has been done; usually empty.
+    std::string warning = {};
 };
 
 /// What is done to a state; a throw means that it is not done.
@@ -26,13 +30,20 @@ using Operation = std::function<void(QuillmereState&, Instant now)>;
 
 class Workspace {
 public:
-    /// All three files in one directory.
-    static Workspace in(std::filesystem::path directory, Clock clock);
+    /// All three files in one directory. What is kept beside them is in `stateHome`; nothing is when that
+    /// is empty.
+    static Workspace in(const std::filesystem::path& directory, Clock clock,
+                        const std::filesystem::path& stateHome = {});
     /// The state where this user's applications keep their data, the widget's summary in the shared
     /// container. Throws ProgramError when the environment names no such place.
-    static Workspace ofThisUser(Clock clock);
+    static Workspace ofThisUser(Clock clock, const std::filesystem::path& stateHome = {});
 
     const std::filesystem::path& directory() const { return states_.directory(); }
+
+    /// Where versions, drafts and notices of these files are; empty when nothing is kept.
+    const std::filesystem::path& keptBeside() const { return keptBeside_; }
+
+    Versions versions() const;
 
     /// The situation now. Neither locks nor writes.
     Situation look() const;
@@ -44,18 +55,30 @@ public:
     /// applies `operation`, if there is one, and saves; nothing of it is written when it throws, and no
     /// directory is made. Without one, saves again when a summary is not that of the state, as a run
     /// that was killed leaves it. A file that cannot be loaded, or that the engine could not live with,
-    /// is never saved over. Throws ProgramError (`fileError`) when the state was saved and a summary
-    /// was not.
+    /// is never saved over. The state before is kept as a version; where that fails, the situation has a
+    /// warning. Throws ProgramError (`fileError`) when the state was saved and a summary was not.
     Situation change(const std::function<void(const std::vector<Event>&)>& report,
                      const Operation& operation) const;
+
+    /// Under the lock: puts a version in the place of the state, whatever that is now; even what cannot be
+    /// read is kept as a version first. Throws, and changes nothing, when either version cannot be had.
+    Situation bringBack(const Version& version) const;
+
+    /// The state of a version. Throws what reading it throws.
+    static QuillmereState stateOf(const Version& version);
 
     Instant now() const;
 
 private:
-    Workspace(std::filesystem::path directory, std::optional<std::filesystem::path> widgetDirectory,
-              Clock clock);
+    Workspace(const std::filesystem::path& directory, std::optional<std::filesystem::path> widgetDirectory,
+              Clock clock, const std::filesystem::path& stateHome);
 
-    Situation caughtUp() const;
+    /// A state as it was read, screened and brought up to the present.
+    Situation caughtUp(QuillmereState state) const;
+    /// Makes the directory, where it is missing, and takes its lock.
+    DirectoryLock lock() const;
+    /// Keeps the state file; says what went wrong, if anything did.
+    std::string keepVersion(Instant savedAt) const;
     /// Where the widget's summary is; absent while nobody has made the shared container.
     std::optional<std::filesystem::path> widgetDirectory() const;
     /// Whether both summaries are those of a state that has been saved.
@@ -67,6 +90,7 @@ private:
 
     StateStore states_;
     std::optional<std::filesystem::path> widgetDirectory_;  ///< absent: the shared container
+    std::filesystem::path keptBeside_;
     Clock clock_;
 };
 
