@@ -1,5 +1,6 @@
 #include "lookback/charts.hpp"
 
+#include "lookback/drawing.hpp"
 #include "lookback/markup.hpp"
 #include "lookback/words.hpp"
 
@@ -17,41 +18,6 @@ constexpr double plotRight = 396;
 constexpr double plotTop = 10;
 constexpr double plotBottom = 156;
 constexpr double labelGap = 18;  ///< from the plot to the text below it
-
-std::string drawing(double width, double height, const std::string& label, const std::string& content)
-{
-    return element("svg",
-                   {{"xmlns", "http://www.w3.org/2000/svg"},
-                    {"viewBox", "0 0 " + coordinate(width) + " " + coordinate(height)},
-                    {"role", "img"},
-                    {"aria-label", label}},
-                   content);
-}
-
-struct Box {
-    double x;
-    double y;
-    double width;
-    double height;
-};
-
-/// A rectangle that says what it stands for when it is pointed at.
-std::string rectangle(const Box& box, const std::string& colourClass, const std::string& title)
-{
-    return element("rect",
-                   {{"class", colourClass},
-                    {"x", coordinate(box.x)},
-                    {"y", coordinate(box.y)},
-                    {"width", coordinate(box.width)},
-                    {"height", coordinate(box.height)}},
-                   title.empty() ? "" : element("title", {}, escaped(title)));
-}
-
-std::string caption(double x, double y, const char* anchor, const std::string& text)
-{
-    return element("text", {{"x", coordinate(x)}, {"y", coordinate(y)}, {"text-anchor", anchor}},
-                   escaped(text));
-}
 
 std::string gridLine(double y, const std::string& text)
 {
@@ -79,7 +45,7 @@ struct Columns {
 /// Texts below the columns, as many as there is room for; the last one always.
 std::string columnLabels(const std::vector<Stretch>& row, Unit unit)
 {
-    constexpr double room = 48;
+    constexpr double room = 54;
     const Columns columns{row.size()};
     const auto every = static_cast<std::size_t>(std::ceil(room / columns.step()));
     std::string markup;
@@ -94,11 +60,15 @@ std::string columnLabels(const std::vector<Stretch>& row, Unit unit)
     return markup;
 }
 
-/// An axis of time from zero: at most four steps, of a quarter of an hour, doubled as often as it takes.
+/// An axis of time from zero: at most four steps, of a quarter of an hour, or of hours where these are too
+/// short, doubled as often as it takes.
 struct TimeAxis {
     explicit TimeAxis(double greatest)
     {
         constexpr int mostSteps = 4;
+        if (step * mostSteps < greatest) {
+            step = 60 * 60;
+        }
         while (step * mostSteps < greatest) {
             step *= 2;
         }
@@ -262,53 +232,6 @@ std::string byRatingChart(const ByRating& byRating, const std::string& label)
         markup += caption(right + 8, textY, "start", countText(total(completions), "session"));
     }
     return drawing(chartWidth, rowHeight * static_cast<double>(byRating.size()), label, markup);
-}
-
-std::string heatChart(const LookBack& look, const HeatMap& map, std::size_t first, std::size_t count,
-                      const std::string& label)
-{
-    constexpr double left = 30;
-    constexpr double top = 18;
-    constexpr double step = 13.6;
-    constexpr double size = 11.6;
-    constexpr std::size_t monthRoom = 2;  ///< weeks that the name of a month takes
-    std::string markup;
-    std::size_t free = 0;
-    for (std::size_t index = 0; index < count; ++index) {
-        const Day monday = map.firstMonday + std::chrono::weeks(first + index);
-        const double x = left + static_cast<double>(index) * step;
-        const Day month = firstOf(Unit::month, monday + std::chrono::days(6));
-        if (month >= monday && index >= free && index + monthRoom <= count) {
-            markup += caption(x, top - 7, "start", shortLabelOf(Unit::month, month));
-            free = index + monthRoom;
-        }
-        for (int weekday = 0; weekday < 7; ++weekday) {
-            const Day day = monday + std::chrono::days(weekday);
-            const double focus = focusOn(look, day);
-            if (const std::optional<int> level = map.levelOf(day, focus)) {
-                markup += rectangle(
-                    {x, top + weekday * step, size, size}, "heat" + std::to_string(*level),
-                    std::string(weekdayText(day)) + " " + labelOf(Unit::day, day) + ": " + focusText(focus));
-            }
-        }
-    }
-    for (const int weekday : {0, 2, 4, 6}) {
-        markup += caption(left - 6, top + weekday * step + 10, "end",
-                          std::string(weekdayText(map.firstMonday + std::chrono::days(weekday))));
-    }
-    return drawing(left + static_cast<double>(count) * step, top + 7 * step, label, markup);
-}
-
-std::string keyOf(const std::vector<KeyEntry>& entries)
-{
-    std::string markup;
-    for (const KeyEntry& entry : entries) {
-        markup +=
-            element("span", {{"class", "key"}},
-                    element("span", {{"class", "swatch " + entry.colourClass}, {"aria-hidden", "true"}}) +
-                        escaped(entry.text));
-    }
-    return element("p", {{"class", "keys"}}, markup);
 }
 
 }  // namespace quillmere::app::lookback

@@ -9,7 +9,7 @@
 
 namespace quillmere::app::lookback {
 
-/// Focus, a column a stretch; planned time stands behind as a frame when `withPlanned`.
+/// Focus, a column a stretch; planned time stands behind it when `withPlanned`.
 std::string focusChart(const std::vector<Stretch>& row, Unit unit, bool withPlanned,
                        const std::string& label);
 

@@ -22,13 +22,13 @@ constexpr std::size_t mostSessionsShown = 20;
 
 using Cells = std::vector<std::string>;
 
-std::string cellsOf(const char* name, const Cells& texts)
+std::string headOf(const Cells& texts)
 {
-    std::string markup;
+    std::string cells;
     for (const std::string& text : texts) {
-        markup += element(name, {{"scope", "col"}}, escaped(text));
+        cells += element("th", {{"scope", "col"}}, escaped(text));
     }
-    return markup;
+    return element("thead", {}, element("tr", {}, cells));
 }
 
 /// A table whose first column names its rows.
@@ -43,16 +43,18 @@ std::string tableOf(const std::string& caption, const Cells& head, const std::ve
         body += element("tr", {}, cells);
     }
     return element("table", {},
-                   element("caption", {}, escaped(caption)) +
-                       element("thead", {}, element("tr", {}, cellsOf("th", head))) +
-                       element("tbody", {}, body));
+                   element("caption", {}, escaped(caption)) + headOf(head) + element("tbody", {}, body));
 }
 
-std::string folded(const std::string& table)
+/// A table that shows when it is asked for; it scrolls by the keyboard too.
+std::string folded(const std::string& caption, const Cells& head, const std::vector<Cells>& rows)
 {
-    return element("details", {},
-                   element("summary", {}, "The figures as a table") +
-                       element("div", {{"class", "scroll"}, {"tabindex", "0"}}, table));
+    return element(
+        "details", {},
+        element("summary", {}, "The figures as a table") +
+            element("div",
+                    {{"class", "scroll"}, {"tabindex", "0"}, {"role", "region"}, {"aria-label", caption}},
+                    tableOf(caption, head, rows)));
 }
 
 std::string sectionOf(const std::string& title, const char* sectionClass, const std::string& content)
@@ -100,7 +102,7 @@ std::string stretchTable(const std::string& title, const std::vector<Stretch>& r
         }
         rows.push_back(std::move(cells));
     }
-    return folded(tableOf(title, head, rows));
+    return folded(title, head, rows);
 }
 
 std::string figureOf(const std::string& name, const std::string& value, const std::string& more)
@@ -132,10 +134,9 @@ std::string yearSection(const LookBack& look)
     const HeatMap map = heatMapOf(look, 2 * halfYearWeeks);
     const std::string title = "The year to " + labelOf(Unit::day, map.lastDay);
     std::vector<KeyEntry> key;
-    for (int level = 0; level <= HeatMap::levels; ++level) {
-        key.push_back(
-            {"heat" + std::to_string(level),
-             level == 0 ? "none" : "up to " + focusText(map.mostSeconds * level / HeatMap::levels)});
+    for (int level = 0; level <= (map.mostSeconds > 0 ? HeatMap::levels : 0); ++level) {
+        const double most = map.mostSeconds * level / HeatMap::levels;
+        key.push_back({"heat" + std::to_string(level), (level == 0 ? "" : "up to ") + focusText(most)});
     }
     std::vector<Stretch> days;
     std::copy_if(look.days.begin(), look.days.end(), std::back_inserter(days),
@@ -154,7 +155,7 @@ std::string focusSection(const LookBack& look, const std::string& title, Unit un
     const std::vector<Stretch> row = lastStretches(look, unit, most);
     const std::string key = withPlanned ? keyOf({{"focus", "worked"}, {"planned", "planned"}}) : "";
     return sectionOf(
-        title, unit == Unit::day ? "wide" : "chart",
+        title, "chart",
         focusChart(row, unit, withPlanned, title) + key + stretchTable(title, row, unit, timeColumns));
 }
 
@@ -188,7 +189,7 @@ std::string byRatingSection(const std::string& title, const std::string& name, c
     }
     return sectionOf(
         title, "chart",
-        byRatingChart(byRating, title) + completionKey() + folded(tableOf(title, {name, "Completed"}, rows)));
+        byRatingChart(byRating, title) + completionKey() + folded(title, {name, "Completed"}, rows));
 }
 
 std::string factSection(const LookBack& look)
@@ -226,11 +227,10 @@ std::string sessionSection(const LookBack& look)
     for (std::size_t index = 0; index < count; ++index) {
         body += sessionRow(*(look.sessions.rbegin() + static_cast<std::ptrdiff_t>(index)));
     }
-    const std::string head =
-        element("tr", {}, cellsOf("th", {"Started", "Worked", "Reached", "Meant to", "Result"}));
-    return sectionOf("The last sessions", "wide",
-                     element("div", {{"class", "scroll"}, {"tabindex", "0"}},
-                             element("table", {}, element("thead", {}, head) + element("tbody", {}, body))));
+    const std::string table =
+        element("table", {{"class", "sessions"}},
+                headOf({"Started", "Worked", "Reached", "Meant to", "Result"}) + element("tbody", {}, body));
+    return sectionOf("The last sessions", "wide", table);
 }
 
 std::string charts(const LookBack& look)
@@ -239,7 +239,7 @@ std::string charts(const LookBack& look)
                    yearSection(look) + focusSection(look, "Focus day by day", Unit::day, chartDays, false) +
                        focusSection(look, "Focus week by week", Unit::week, chartWeeks, true) +
                        focusSection(look, "Focus month by month", Unit::month, chartMonths, true) +
-                       completionSection(look) + factSection(look) + ratingSection(look) +
+                       completionSection(look) + ratingSection(look) + factSection(look) +
                        byRatingSection("Completion by energy", "Energy", look.byEnergy) +
                        byRatingSection("Completion by morale", "Morale", look.byMorale) +
                        sessionSection(look)) +

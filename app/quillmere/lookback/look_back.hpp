@@ -52,8 +52,8 @@ struct Tally {
     double pausedSeconds = 0;   ///< of these sessions
     std::int64_t pausedSessions = 0;
     Completions completions{};
-    Ratings energy;
-    Ratings morale;
+    Ratings energy{};
+    Ratings morale{};
 
     friend bool operator==(const Tally&, const Tally&) = default;
 };

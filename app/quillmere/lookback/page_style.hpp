@@ -40,15 +40,21 @@ header p { margin: 0.35rem 0 1.75rem; color: var(--quiet); }
 .charts { display: grid; grid-template-columns: repeat(2, minmax(0, 1fr)); gap: 1rem; }
 .wide { grid-column: 1 / -1; }
 .halves { display: grid; grid-template-columns: repeat(2, minmax(0, 1fr)); gap: 0.5rem 1.5rem; }
+svg { display: block; width: 100%; height: auto; }
+svg text { font-size: 11.5px; fill: var(--quiet); font-variant-numeric: tabular-nums; }
 @media (max-width: 44rem) {
+  svg text { font-size: 12.5px; }
   body { padding: 1.5rem 0.75rem 2rem; }
   .charts, .halves { grid-template-columns: minmax(0, 1fr); }
   .figures { grid-template-columns: repeat(2, minmax(0, 1fr)); gap: 0.75rem; }
   .figure { padding: 0.8rem 0.9rem; }
-  .figure .value { font-size: 1.25rem; }
+  .figure .value { font-size: 1.1rem; }
+  .sessions thead { position: absolute; clip-path: inset(50%); width: 1px; height: 1px; overflow: hidden; }
+  .sessions tr { display: grid; grid-template-columns: 1fr auto auto; border-bottom: 1px solid var(--edge); padding: 0.4rem 0; }
+  .sessions th, .sessions td { border: 0; padding: 0.1rem 0 0.1rem 1rem; }
+  .sessions th { padding-left: 0; }
+  .sessions td.text { grid-column: 1 / -1; padding-left: 0; }
 }
-svg { display: block; width: 100%; height: auto; }
-svg text { font-size: 11.5px; fill: var(--quiet); font-variant-numeric: tabular-nums; }
 .grid { stroke: var(--grid); stroke-width: 1; }
 .focus { fill: var(--focus); background: var(--focus); }
 .planned { fill: var(--planned); fill-opacity: 0.55; background: var(--planned); }
@@ -76,7 +82,8 @@ caption { text-align: left; color: var(--quiet); padding-bottom: 0.3rem; }
 th, td { text-align: left; vertical-align: top; padding: 0.35rem 1rem 0.35rem 0; border-bottom: 1px solid var(--edge); white-space: nowrap; }
 th { font-weight: 600; color: var(--quiet); }
 tbody th { font-weight: 400; color: inherit; }
-td.text { white-space: normal; min-width: 12rem; overflow-wrap: anywhere; }
+td.text { white-space: normal; overflow-wrap: anywhere; }
+.sessions th + td + td + td.text { font-weight: 600; }
 footer { margin-top: 1.5rem; color: var(--quiet); font-size: 0.875rem; }
 @media print { details { display: none; } body { padding: 0; } section, .figure { break-inside: avoid; } }
 )";
