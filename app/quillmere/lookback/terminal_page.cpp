@@ -13,7 +13,7 @@ namespace quillmere::app::lookback {
 namespace {
 
 constexpr std::size_t usualWidth = 80;
-constexpr std::size_t leastWidth = 40;
+constexpr std::size_t leastWidth = 48;
 constexpr std::size_t mostWidth = 120;  // bars that are longer are hard to compare
 
 std::string_view variable(const char* name)

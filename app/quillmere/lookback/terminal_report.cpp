@@ -59,7 +59,7 @@ std::string barOf(double share, std::size_t width, const Glyphs& glyphs)
 
 std::string heading(const std::string& text, const TerminalPage& page)
 {
-    return "\n" + page.style.accented(cutToColumns(text, page.width), Accent::neutral) + "\n";
+    return "\n" + page.style.accented(text, Accent::neutral) + "\n";
 }
 
 std::string factLines(const LookBack& look, const TerminalPage& page)
@@ -116,7 +116,7 @@ std::string heatMapLines(const LookBack& look, const TerminalPage& page)
         legend += glyph;
     }
     return text + std::string(labelWidth, ' ') +
-           page.style.dimmed(legend + " more; most on a day: " + focusText(map.mostSeconds)) + "\n";
+           page.style.dimmed(legend + " more; most " + focusText(map.mostSeconds)) + "\n";
 }
 
 /// A chart of bars, one a stretch.
@@ -152,16 +152,14 @@ std::string barLines(const LookBack& look, const Bars& bars, const TerminalPage&
         texts.push_back(focusText(stretch.tally.focusSeconds) + bars.note(stretch.tally));
         textWidth = std::max(textWidth, columns(texts.back()));
     }
-    constexpr std::size_t leastBar = 8;
     const std::size_t room = page.width - labelWidth - 1;
-    const std::size_t barWidth = std::max(room > textWidth ? room - textWidth : 0, leastBar);
+    const std::size_t barWidth = room > textWidth ? room - textWidth : 0;
     std::string text = heading(bars.title, page);
     for (std::size_t index = 0; index < row.size(); ++index) {
         const double share = greatest > 0 ? row[index].tally.focusSeconds / greatest : 0;
         const std::string bar = barOf(share, barWidth, glyphsOf(page));
         text += page.style.dimmed(filledUp(barLabel(bars.unit, row[index].first), labelWidth)) +
-                page.style.accented(bar, Accent::focus) + (bar.empty() ? "" : " ") +
-                cutToColumns(texts[index], room - columns(bar)) + "\n";
+                page.style.accented(bar, Accent::focus) + (bar.empty() ? "" : " ") + texts[index] + "\n";
     }
     return text;
 }
@@ -208,31 +206,36 @@ std::string partsOf(const Completions& completions, std::size_t width, const Gly
     return bar;
 }
 
+std::string completionLegend(const Glyphs& glyphs)
+{
+    std::string legend;
+    for (const CompletionResult result : allCases<CompletionResult>()) {
+        legend.append(legend.empty() ? "" : "  ")
+            .append(glyphs.completions[static_cast<std::size_t>(result)])
+            .append(" ")
+            .append(completionText(result));
+    }
+    return legend;
+}
+
 std::string completionLines(const LookBack& look, const TerminalPage& page)
 {
     constexpr std::size_t labelWidth = 15;
-    constexpr std::size_t barWidth = 20;
+    constexpr std::size_t mostBar = 20;
     const Glyphs& glyphs = glyphsOf(page);
+    // No part of them has a longer text than all sessions together.
+    const std::size_t taken = labelWidth + 1 + columns(completionsText(look.total.completions));
+    const std::size_t barWidth = std::min(page.width > taken ? page.width - taken : 0, mostBar);
     std::string text = heading("Completion by energy and by morale", page);
-    std::string legend(labelWidth, ' ');
-    for (const CompletionResult result : allCases<CompletionResult>()) {
-        legend.append(glyphs.completions[static_cast<std::size_t>(result)])
-            .append(" ")
-            .append(completionText(result))
-            .append("  ");
-    }
-    text += page.style.dimmed(legend.substr(0, legend.size() - 2)) + "\n";
+    text += page.style.dimmed(std::string(labelWidth, ' ') + completionLegend(glyphs)) + "\n";
     for (const auto& [name, byRating] :
          {std::pair{"energy", &look.byEnergy}, std::pair{"morale", &look.byMorale}}) {
         for (std::int64_t rating = lowestRating; rating <= highestRating; ++rating) {
             const Completions& completions = (*byRating)[static_cast<std::size_t>(rating - lowestRating)];
             const std::string label = std::string(name) + " " + std::to_string(rating);
-            const std::size_t room = page.width - labelWidth - 1;
-            const std::string bar = partsOf(completions, std::min(barWidth, room / 3), glyphs);
+            const std::string bar = partsOf(completions, barWidth, glyphs);
             text += page.style.dimmed(filledUp(label, labelWidth)) + bar + (bar.empty() ? "" : " ") +
-                    cutToColumns(total(completions) > 0 ? completionsText(completions) : "none",
-                                 room - columns(bar)) +
-                    "\n";
+                    (total(completions) > 0 ? completionsText(completions) : "none") + "\n";
         }
     }
     return text;

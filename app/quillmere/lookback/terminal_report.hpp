@@ -20,7 +20,7 @@ struct TerminalPage {
 /// 80 columns where nobody knows; block elements where the locale is one of UTF-8.
 TerminalPage terminalPage(const Style& style, bool outputIsTerminal);
 
-/// The report, a line break at its end. No line is wider than the page, if that has 40 columns.
+/// The report, a line break at its end. No line is wider than the page, if that has 48 columns.
 std::string terminalReport(const LookBack& look, const TerminalPage& page);
 
 }  // namespace quillmere::app::lookback

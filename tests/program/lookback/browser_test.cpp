@@ -28,24 +28,22 @@ std::string rendered(const std::filesystem::path& file, const std::string& flags
 
 struct View {
     const char* name;
-    const char* flags;
     int width;
+    int scheme;  ///< that of the system: 0 is dark, 1 is light
     const char* background;
 };
 
 constexpr View views[] = {
-    {"desktop, light", "--window-size=1200,900 --blink-settings=preferredColorScheme=1", 1200,
-     "rgb(250, 249, 246)"},
-    {"desktop, dark", "--window-size=1200,900 --blink-settings=preferredColorScheme=0", 1200,
-     "rgb(23, 22, 20)"},
-    {"phone, light", "--window-size=390,844 --blink-settings=preferredColorScheme=1", 390,
-     "rgb(250, 249, 246)"},
+    {"desktop, light", 1200, 1, "rgb(250, 249, 246)"},
+    {"desktop, dark", 1200, 0, "rgb(23, 22, 20)"},
+    {"phone, light", 390, 1, "rgb(250, 249, 246)"},
+    {"small phone, dark", 320, 0, "rgb(23, 22, 20)"},
 };
 
 /// A page around the page that measures it; the page itself lets nobody run anything in it.
 constexpr const char* measuring =
     "<!DOCTYPE html><html><body style=\"margin:0\"><p id=\"said\"></p><iframe id=\"page\" src=\"page.html\" "
-    "style=\"border:0;width:100vw;height:2000px\"></iframe><script>\n"
+    "style=\"border:0;width:WIDTHpx;height:2000px\"></iframe><script>\n"
     "document.getElementById('page').addEventListener('load', event => {\n"
     "  const page = event.target.contentDocument;\n"
     "  const wide = [...page.querySelectorAll('main *')].filter(\n"
@@ -93,13 +91,15 @@ TEST(Browser, showsThePageOnEveryScreenInTheColoursOfTheSystem)
     state.blockHistory.front().sessions.front().plan.intendedOutcome = hostileText;
     state.blockHistory.front().sessions.front().review->noteworthyResult = std::string(400, 'w');
     writeText(directory.path() / "page.html", htmlPage(statistics(state, {}, day("2026-11-15"))));
-    writeText(directory.path() / "around.html", measuring);
     for (const View& view : views) {
         SCOPED_TRACE(view.name);
+        const std::string width = std::to_string(view.width);
+        writeText(directory.path() / "around.html", replaced(measuring, "WIDTH", width));
         const std::string document =
             rendered(directory.path() / "around.html",
-                     view.flags + std::string(" --disable-web-security --allow-file-access-from-files"));
-        const std::string width = std::to_string(view.width);
+                     "--window-size=1300,900 --disable-web-security --allow-file-access-from-files "
+                     "--blink-settings=preferredColorScheme=" +
+                         std::to_string(view.scheme));
         EXPECT_NE(document.find("width " + width + ", content " + width + ", too wide: [], paper " +
                                 view.background + ", charts 9<"),
                   std::string::npos)

@@ -27,7 +27,8 @@ WorkSession session(Instant start, double elapsedSeconds, double pausedSeconds =
 /// A state whose history is one block of these sessions.
 QuillmereState stateWith(std::vector<WorkSession> sessions);
 
-/// The texts that give formats trouble, in every place that a person can write to.
+/// A text that gives formats trouble, in every place that a person can write to. Behind its backslashes
+/// stands no n: parsers of calendars exist that take an escaped backslash and an n for a line break.
 QuillmereState hostileState();
 extern const std::string hostileText;
 
