@@ -21,10 +21,16 @@ void addEverything(CLI::App& line, Program& program)
     line.set_version_flag("--version", std::string("quillmere ") + version);
     line.set_help_flag("-h,--help", "Print this help");
     line.require_subcommand(0, 1);
-    for (const auto add :
-         {addStatus,  addPlan,   addStart, addEdit,    addCancel, addFocus,     addPause,  addResume,
-          addEnd,     addReview, addBreak, addReflect, addAsk,    addQuestions, addAnswer, addHistory,
-          addRestore, addWidget, addAgent, addOpen,    addTick,   addTour}) {
+    // clang-format off
+    for (const auto add : {
+             addStatus,
+             addPlan, addStart, addEdit, addCancel,
+             addFocus, addPause, addResume, addEnd, addReview, addBreak, addReflect,
+             addAsk, addQuestions, addAnswer,
+             addHistory, addReport, addRestore,
+             addWidget, addAgent, addOpen,
+             addTick, addTour}) {
+        // clang-format on
         add(line, program);
     }
 }
