@@ -37,6 +37,18 @@ pid_t spawn(Words words, int output)
     return process;
 }
 
+template <class Condition>
+void await(Condition condition)
+{
+    for (int attempt = 0; attempt < patience; ++attempt) {
+        if (condition()) {
+            return;
+        }
+        ::usleep(1'000);
+    }
+    ADD_FAILURE() << "what was waited for did not come about";
+}
+
 int endOf(pid_t process)
 {
     int status = 0;
@@ -106,19 +118,26 @@ void RunningProcess::stopReading()
 
 void RunningProcess::awaitHoldingBack(int signal) const
 {
-    const std::string path = "/proc/" + std::to_string(process_) + "/status";
     const unsigned long long bit = 1ULL << (signal - 1);
-    for (int attempt = 0; attempt < patience; ++attempt) {
-        std::ifstream status(path);
-        for (std::string word; status >> word;) {
-            std::string mask;
-            if (word == "SigBlk:" && status >> mask && (std::stoull(mask, nullptr, 16) & bit) != 0) {
-                return;
-            }
+    await([&] { return (std::stoull(status("SigBlk:"), nullptr, 16) & bit) != 0; });
+}
+
+long RunningProcess::sleeps() const { return std::stol(status("voluntary_ctxt_switches:")); }
+
+void RunningProcess::awaitSleepAfter(long sleepsBefore) const
+{
+    await([&] { return sleeps() > sleepsBefore; });
+}
+
+std::string RunningProcess::status(const std::string& name) const
+{
+    std::ifstream file("/proc/" + std::to_string(process_) + "/status");
+    for (std::string word; file >> word;) {
+        if (std::string value; word == name && file >> value) {
+            return value;
         }
-        ::usleep(1'000);
     }
-    ADD_FAILURE() << "the signal is not held back";
+    return "0";
 }
 
 int RunningProcess::wait() { return endOf(std::exchange(process_, -1)); }

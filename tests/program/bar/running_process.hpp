@@ -33,10 +33,19 @@ public:
     /// Returns when the process holds back the signal, or has ended.
     void awaitHoldingBack(int signal) const;
 
+    /// How often the process has gone to sleep.
+    long sleeps() const;
+
+    /// Returns when it has done so more often.
+    void awaitSleepAfter(long sleepsBefore) const;
+
     /// Waits for the end: the exit code, or 128 and the signal.
     int wait();
 
 private:
+    /// What the kernel tells of the process (proc(5)).
+    std::string status(const std::string& name) const;
+
     pid_t process_ = -1;
     int reading_ = -1;
     std::string unread_;
