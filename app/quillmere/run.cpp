@@ -11,11 +11,11 @@
 #include <system_error>
 
 namespace quillmere::app {
-namespace {
 
 void addEverything(CLI::App& line, Program& program)
 {
     line.add_option("--directory", program.settings().directory, "Keep the files there instead of at home")
+        ->type_name("DIRECTORY")
         ->check([](const std::string& path) { return std::string(path.empty() ? "is empty" : ""); });
     line.add_flag("--json", program.settings().json, "Print for programs");
     line.set_version_flag("--version", std::string("quillmere ") + version);
@@ -28,6 +28,8 @@ void addEverything(CLI::App& line, Program& program)
         add(line, program);
     }
 }
+
+namespace {
 
 /// Puts a failure where it belongs: a sentence for persons, an object for programs.
 ExitCode report(ExitCode code, std::string_view name, const std::string& message, Program& program)

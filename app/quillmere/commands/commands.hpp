@@ -48,6 +48,10 @@ void addTour      (CLI::App& line, Program& program);  // a whole block on a clo
 
 // clang-format on
 
+/// Adds the global options and all commands. Shells complete an option's value by the name of its type
+/// (CLI::Option::type_name): FILE, DIRECTORY, or a choice in braces, {yes,half,no}.
+void addEverything(CLI::App& line, Program& program);
+
 /// Adds one command that does `action`.
 CLI::App* addCommand(CLI::App& line, Program& program, const std::string& name, const std::string& purpose,
                      std::function<void()> action);
