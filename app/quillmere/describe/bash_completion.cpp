@@ -36,12 +36,12 @@ std::vector<std::string> optionNames(const Command& command)
     return names;
 }
 
-/// The first argument that a shell can help with.
+/// For the first argument that a shell can help with.
 std::string argumentOffer(const Command& command)
 {
     const auto found = std::find_if(command.arguments.begin(), command.arguments.end(),
                                     [](const Argument& each) { return each.kind != ValueKind::text; });
-    return found == command.arguments.end() ? "" : offer(*found);
+    return found != command.arguments.end() ? offer(*found) : command.arguments.empty() ? "" : "nothing";
 }
 
 }  // namespace

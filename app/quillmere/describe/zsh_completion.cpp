@@ -90,7 +90,8 @@ void printFunction(std::ostream& out, const Command& command)
         << "    local curcontext=$curcontext state state_descr line\n"
         << "    local -a commands context\n"
         << "    local -A opt_args\n"
-        << "    _arguments -C -S \\\n";
+        // Options after the name of a command below are that command's to understand.
+        << "    _arguments -C -S " << (command.commands.empty() ? "" : "-A '-*' ") << "\\\n";
     for (const Argument& option : allOptions(command)) {
         printOption(out, option);
     }
