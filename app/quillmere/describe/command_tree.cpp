@@ -1,8 +1,9 @@
 #include "describe/command_tree.hpp"
 
-#include <CLI/CLI.hpp>
+#include "commands/commands.hpp"
 
 #include <algorithm>
+#include <iostream>
 
 namespace quillmere::describe {
 namespace {
@@ -119,7 +120,22 @@ Command commandFrom(const CLI::App& app, const std::string& path, const std::vec
 
 }  // namespace
 
-Command commandTree(const CLI::App& line) { return commandFrom(line, "", {}); }
+Command thisProgram()
+{
+    // Commands ask for what surrounds a run; nothing is run here.
+    app::Environment environment{
+        .in = std::cin,
+        .out = std::cout,
+        .err = std::cerr,
+        .clock = [] { return Instant(0); },
+        .inputIsTerminal = false,
+        .outputIsTerminal = false,
+    };
+    app::Program program(environment);
+    CLI::App line;
+    app::addEverything(line, program);
+    return commandFrom(line, "", {});
+}
 
 std::vector<const Command*> withAllBelow(const Command& command)
 {

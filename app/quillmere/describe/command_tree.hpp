@@ -4,10 +4,6 @@
 #include <string>
 #include <vector>
 
-namespace CLI {
-class App;
-}
-
 namespace quillmere::describe {
 
 /// What a shell may offer for a value.
@@ -42,9 +38,9 @@ struct Command {
     std::vector<Command> commands;
 };
 
-/// All that `line` understands and shows in its help. A value's kind follows from the name of its type
+/// All that this program understands and shows in its help. A value's kind follows from the name of its type
 /// there: FILE, DIRECTORY, or a choice in braces, {yes,half,no}.
-Command commandTree(const CLI::App& line);
+Command thisProgram();
 
 /// The command, followed by all below it.
 std::vector<const Command*> withAllBelow(const Command& command);

@@ -1,7 +1,6 @@
 // Fills in what follows from the program's command line: quillmere_describe FRAME RESULT
 // Writes the frame, a manual page or a completion, with each line such as "<bash commands>" replaced by the
 // piece of that name. Runs when the program is built, so that neither can fall behind it.
-#include "commands/commands.hpp"
 #include "describe/pieces.hpp"
 
 #include <array>
@@ -28,22 +27,6 @@ constexpr auto pieces = std::to_array<Piece>({
     {"<fish values>", printFishValues},
     {"<fish offers>", printFishOffers},
 });
-
-Command thisProgram()
-{
-    quillmere::app::Environment environment{
-        .in = std::cin,
-        .out = std::cout,
-        .err = std::cerr,
-        .clock = [] { return quillmere::Instant(0); },
-        .inputIsTerminal = false,
-        .outputIsTerminal = false,
-    };
-    quillmere::app::Program program(environment);
-    CLI::App line;
-    quillmere::app::addEverything(line, program);
-    return commandTree(line);
-}
 
 void printLine(std::ostream& out, const std::string& text, const Command& program)
 {
