@@ -140,7 +140,17 @@ std::string RunningProcess::status(const std::string& name) const
     return "0";
 }
 
-int RunningProcess::wait() { return endOf(std::exchange(process_, -1)); }
+int RunningProcess::wait()
+{
+    await([&] {
+        siginfo_t ended{};
+        ::waitid(P_PID, static_cast<id_t>(process_), &ended, WEXITED | WNOHANG | WNOWAIT);
+        return ended.si_pid == process_;
+    });
+    // Nothing but one that has not ended hears of it.
+    send(SIGKILL);
+    return endOf(std::exchange(process_, -1));
+}
 
 bool isInstalled(const std::string& name) { return std::system((name + " -V >/dev/null 2>&1").c_str()) == 0; }
 

@@ -39,7 +39,7 @@ public:
     /// Returns when it has done so more often.
     void awaitSleepAfter(long sleepsBefore) const;
 
-    /// Waits for the end: the exit code, or 128 and the signal.
+    /// Waits for the end, which fails the test when it does not come: the exit code, or 128 and the signal.
     int wait();
 
 private:
