@@ -2,8 +2,9 @@
 //
 // It is one for two reasons. A bus may accept a connection and never answer; the process that asked then
 // waits inside the call, and one that can be killed may. And the libraries that speak to the bus cost every
-// start of a program that is linked to them 0.4 to 0.7 ms of processor time, measured over 300 runs: half as
-// much again as a small program costs at all, and `quillmere` is started often, by status bars and prompts.
+// start of a program that is linked to them about half a millisecond of processor time (0.3 to 0.7 ms, means
+// of 300 runs each): half as much again as a small program costs at all, and `quillmere` is started often, by
+// status bars and prompts.
 #pragma once
 
 #include "notices/notifier_protocol.hpp"

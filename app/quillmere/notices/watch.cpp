@@ -55,23 +55,23 @@ std::vector<std::string> keysOf(const std::vector<StandingEvent>& events)
     return keys;
 }
 
-/// Milliseconds until the clock shows another second, at least one.
-int untilNextSecond(Instant now)
+}  // namespace
+
+int millisecondsToNextSecond(Instant now)
 {
     const double seconds = now.secondsSince1970();
     return static_cast<int>(std::ceil((1 - (seconds - std::floor(seconds))) * 1'000));
 }
 
-}  // namespace
-
 Watch::Watch(Program& program, WatchSettings settings)
     : program_(program),
       settings_(std::move(settings)),
       workspace_(program.workspace()),
-      claims_(claimsBeside(program.keptBeside()), program.environment().err),
+      claims_(claimsBeside(workspace_.keptBeside()), program.environment().err),
       errands_(program.environment().err),
       teller_(settings_.notifier, settings_.urgency, program.environment().err),
-      filesTrouble_(program.environment().err)
+      filesTrouble_(program.environment().err),
+      versionsTrouble_(program.environment().err)
 {
 }
 
@@ -108,6 +108,9 @@ bool Watch::refresh()
         }
         open_->refresh();
         filesTrouble_.isOver("The files can be used again.");
+        if (const std::string& warning = open_->situation().warning; !warning.empty()) {
+            versionsTrouble_.met(warning);
+        }
         return true;
     } catch (const std::bad_alloc&) {
         throw;
@@ -156,7 +159,7 @@ void Watch::print(const StandingEvent& event)
     std::ostream& out = program_.environment().out;
     if (program_.settings().json) {
         const Json json = {{"event", eventName(event.kind)}, {"at", instantJson(event.at)}};
-        out << json.dump() << std::endl;
+        out << jsonLine(json) << std::endl;
     } else {
         const std::string text = inert(event.text);
         out << localTextSeenFrom(open_->situation().now, event.at) << "  " << heading(event.kind)
@@ -201,7 +204,7 @@ void Watch::sleep(int signals) const
     for (const int file : {signals, teller_.descriptor(), open_ ? open_->descriptor() : -1}) {
         files.push_back({.fd = file, .events = POLLIN, .revents = 0});
     }
-    ::poll(files.data(), files.size(), untilNextSecond(program_.environment().clock()));
+    ::poll(files.data(), files.size(), millisecondsToNextSecond(program_.environment().clock()));
 }
 
 void Watch::giveBackClaims()

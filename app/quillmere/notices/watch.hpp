@@ -23,6 +23,9 @@ struct WatchSettings {
     std::filesystem::path notifier = {};  ///< the program that gives notices
 };
 
+/// How long to sleep, 1 to 1000, until the clock shows another second.
+int millisecondsToNextSecond(Instant now);
+
 /// One loop and no threads: it sleeps until the next whole second, a change of the files, a word of the
 /// notifier or a signal. After a machine has slept, the first round catches up.
 class Watch {
@@ -59,6 +62,7 @@ private:
     Errands errands_;
     Teller teller_;
     Trouble filesTrouble_;
+    Trouble versionsTrouble_;
 };
 
 }  // namespace quillmere::app

@@ -164,7 +164,7 @@ TEST_F(WatchOnAClock, keepsOldClaimsOnWhatStillStands)
     EXPECT_EQ(countOf("\n", out.str()), 2U);
 }
 
-TEST(WatchCommand, once_endsAsOtherCommandsDoWhenTheFilesCannotBeUsed)
+TEST(WatchCommand, endsAsOtherCommandsDoWithOnceWhenTheFilesCannotBeUsed)
 {
     Person person;
     writeText(person.store().stateURL(), "spoilt");
@@ -176,6 +176,13 @@ TEST(WatchCommand, takesNoOtherUrgency)
     const Person person;
     EXPECT_EQ(person.types({"watch", "--once", "--urgency", "loud"}).code, ExitCode::usage);
     EXPECT_EQ(person.types({"watch", "--once", "--urgency", "3"}).code, ExitCode::usage);
+}
+
+TEST(WatchCommand, sleepsUntilTheNextSecond)
+{
+    EXPECT_EQ(app::millisecondsToNextSecond(moment), 1'000);
+    EXPECT_EQ(app::millisecondsToNextSecond(moment + 0.25), 750);
+    EXPECT_EQ(app::millisecondsToNextSecond(moment + 0.9999), 1);
 }
 
 class WatchProcess : public Desktop {};
