@@ -29,7 +29,7 @@ void addEverything(CLI::App& line, Program& program)
              addAsk, addQuestions, addAnswer,
              addHistory, addReport, addRestore,
              addWidget, addBar, addAgent, addOpen,
-             addTick, addTour}) {
+             addTick, addWatch, addTour}) {
         // clang-format on
         add(line, program);
     }
