@@ -10,20 +10,6 @@
 #include <ostream>
 
 namespace quillmere::app {
-namespace {
-
-std::string eventText(const Event& event, Instant now)
-{
-    const std::string time = localTextSeenFrom(now, event.at);
-    switch (event.kind) {
-        case Event::Kind::blockStarted: return "The scheduled block started at " + time + ".";
-        case Event::Kind::focusEnded: return "The focus session ended at " + time + ".";
-        case Event::Kind::breakEnded: break;
-    }
-    return "The break was over at " + time + ".";
-}
-
-}  // namespace
 
 Workspace Program::workspace() const
 {
@@ -84,6 +70,17 @@ void Program::print(const Json& json)
 {
     // Nothing beyond ASCII, so no control character either.
     environment_.out << json.dump(2, ' ', true, Json::error_handler_t::replace) << '\n';
+}
+
+std::string eventText(const Event& event, Instant now)
+{
+    const std::string time = localTextSeenFrom(now, event.at);
+    switch (event.kind) {
+        case Event::Kind::blockStarted: return "The scheduled block started at " + time + ".";
+        case Event::Kind::focusEnded: return "The focus session ended at " + time + ".";
+        case Event::Kind::breakEnded: break;
+    }
+    return "The break was over at " + time + ".";
 }
 
 Json eventsJson(const std::vector<Event>& events)

@@ -69,6 +69,9 @@ private:
     bool isDone_ = false;
 };
 
+/// The event as a person is told of it.
+std::string eventText(const Event& event, Instant now);
+
 /// The events as programs read them.
 Json eventsJson(const std::vector<Event>& events);
 

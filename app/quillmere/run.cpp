@@ -21,9 +21,10 @@ void addEverything(CLI::App& line, Program& program)
     line.set_version_flag("--version", std::string("quillmere ") + version);
     line.set_help_flag("-h,--help", "Print this help");
     line.require_subcommand(0, 1);
-    for (const auto add : {addStatus, addPlan,    addStart,  addEdit,  addCancel,  addFocus, addPause,
-                           addResume, addEnd,     addReview, addBreak, addReflect, addAsk,   addQuestions,
-                           addAnswer, addHistory, addWidget, addAgent, addOpen,    addTick,  addTour}) {
+    for (const auto add :
+         {addStatus, addPlan,   addStart, addEdit,    addCancel, addFocus,     addPause,  addResume,
+          addEnd,    addReview, addBreak, addReflect, addAsk,    addQuestions, addAnswer, addHistory,
+          addWidget, addAgent,  addOpen,  addTick,    addTour,   addUi}) {
         add(line, program);
     }
 }

@@ -1,0 +1,73 @@
+// The review of a focus session with the plan of the next one, and the reflection on a block.
+#include "ui/fields/choice_field.hpp"
+#include "ui/forms/record_forms.hpp"
+
+#include "report/possible_steps.hpp"
+
+#include <quillmere/engine/workflow_engine.hpp>
+
+namespace quillmere::app::ui {
+namespace {
+
+constexpr const char* completionId = "completion";
+constexpr const char* nextPrefix = "next-";
+
+std::vector<Option> completions()
+{
+    std::vector<Option> options;
+    for (const CompletionResult result : allCases<CompletionResult>()) {
+        options.push_back({std::string(rawValue(result)), std::string(rawValue(result))});
+    }
+    return options;
+}
+
+SessionReview emptyReview()
+{
+    return {.id = Identifier::random(),
+            .completion = CompletionResult::no,
+            .noteworthyResult = {},
+            .distractions = {},
+            .improvement = {}};
+}
+
+}  // namespace
+
+void addReviewFields(Form& form, const QuillmereState& state, Instant)
+{
+    form.add(std::make_unique<ChoiceField>(completionId, "Was it completed?", completions(), ""));
+    addTexts(form, "", reviewFields, emptyReview());
+    if (isPossible(Step::saveReviewAndStartBreak, state)) {
+        form.addHeading("The next session");
+        addPlan(form, nextPrefix, SessionPlan::blank(Identifier::random()), state.currentBlock);
+    }
+}
+
+void saveReview(const Form& form, QuillmereState& state, Instant now)
+{
+    const auto completion = fromRawValue<CompletionResult>(form.text(completionId));
+    if (!completion) {
+        throw Unacceptable(completionId, "Say whether it was completed: yes, half or no.");
+    }
+    SessionReview review = emptyReview();
+    review.completion = *completion;
+    applyTexts(form, "", reviewFields, review);
+    std::optional<SessionPlan> next;
+    if (form.has(nextPrefix + std::string(planFields.front().option))) {
+        next = planFrom(form, nextPrefix, SessionPlan::blank(Identifier::random()));
+    }
+    WorkflowEngine().saveReviewAndStartBreak(state, std::move(review), std::move(next), now);
+}
+
+void addReflectionFields(Form& form, const QuillmereState&, Instant)
+{
+    addTexts(form, "", reflectionFields, BlockReview{});
+}
+
+void saveReflection(const Form& form, QuillmereState& state, Instant now)
+{
+    BlockReview reflection{};
+    applyTexts(form, "", reflectionFields, reflection);
+    WorkflowEngine().completeBlockReview(state, std::move(reflection), now);
+}
+
+}  // namespace quillmere::app::ui
