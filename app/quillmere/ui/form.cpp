@@ -9,7 +9,8 @@ namespace quillmere::app::ui {
 namespace {
 
 constexpr std::size_t markColumns = 2;
-constexpr std::size_t questionColumns = 38;
+constexpr std::size_t questionColumns = 42;
+constexpr std::size_t leastWideColumns = 72;
 
 /// Where questions and fields stand: side by side where there is room, otherwise one below the other.
 struct FormGrid {
@@ -21,7 +22,7 @@ struct FormGrid {
 
 FormGrid gridFor(std::size_t columns)
 {
-    const bool isWide = columns >= questionColumns + questionColumns;
+    const bool isWide = columns >= leastWideColumns;
     const std::size_t fieldColumn = isWide ? questionColumns : markColumns;
     return {.isWide = isWide,
             .questionWidth = (isWide ? questionColumns : columns) - markColumns - (isWide ? 2 : 0),
@@ -102,7 +103,19 @@ bool Form::take(const Key& key, Size window)
     return false;
 }
 
-void Form::draw(Canvas& canvas, const Area& area, Look look) const
+void Form::draw(Canvas& canvas, const Area& whole, Look look) const
+{
+    Flow flow(canvas, whole);
+    if (!reminder_.empty()) {
+        flow.line(reminder_, {.dim = true}, markColumns);
+        flow.space(layout(familyFor(canvas.size())) == QuillmereWidgetLayout::compact
+                       ? QuillmereDesign::Spacing::none
+                       : QuillmereDesign::Spacing::regular);
+    }
+    drawFields(canvas, flow.rest(), look);
+}
+
+void Form::drawFields(Canvas& canvas, const Area& area, Look look) const
 {
     const FormGrid grid = gridFor(area.columns);
     std::size_t all = 0;

@@ -56,6 +56,9 @@ public:
 
     const FormSubject& subject() const { return subject_; }
 
+    /// A line to have in mind while filling in; stands above everything.
+    void setReminder(std::string reminder) { reminder_ = std::move(reminder); }
+
     /// Adds fields, in the order in which they are filled in; a heading stands above the next one added.
     void add(std::unique_ptr<Field> field);
     void addHeading(std::string heading) { nextHeading_ = std::move(heading); }
@@ -82,6 +85,8 @@ public:
     void setValues(const nlohmann::json& values);
 
 private:
+    void drawFields(Canvas& canvas, const Area& area, Look look) const;
+
     struct Row {
         std::string heading;
         std::unique_ptr<Field> field;
@@ -91,6 +96,7 @@ private:
     std::size_t indexOfPresent(std::string_view id) const;
 
     FormSubject subject_;
+    std::string reminder_;
     std::string nextHeading_;
     std::vector<Row> rows_;
     std::size_t current_ = 0;

@@ -297,7 +297,9 @@ Frame Ui::frame() const
         const WidgetSnapshot snapshot = WidgetSnapshot::make(state(), situation().now);
         const auto timer = TimerSnapshot::derive(state(), situation().now);
         frame.title = title(snapshot.phase);
-        frame.caption = QuillmereDesign::caption(snapshot) + (timer && timer->isPaused ? ", paused" : "");
+        const std::string caption = QuillmereDesign::caption(snapshot);
+        // A phase that says it all by its name is not named twice.
+        frame.caption = caption == frame.title ? "" : caption + (timer && timer->isPaused ? ", paused" : "");
         frame.accent = QuillmereDesign::accent(snapshot.phase);
         frame.note = questionCount();
     }

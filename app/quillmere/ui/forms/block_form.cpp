@@ -123,6 +123,7 @@ void addBlockFields(Form& form, const QuillmereState& state, Instant now)
     }
     form.add(std::make_unique<ListField>(outcomesId, "What should come out of it?", std::move(outcomes)));
     addTexts(form, "", blockFields, block);
+    form.addHeading("Its time");
     for (const DurationField& field : durationFields) {
         addLine(form, field.id, field.question, durationAsTyped(block.*field.member));
     }

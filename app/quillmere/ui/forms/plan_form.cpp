@@ -68,6 +68,10 @@ SessionPlan planFrom(const Form& form, const std::string& prefix, SessionPlan pl
 
 void addPlanFields(Form& form, const QuillmereState& state, Instant)
 {
+    if (const std::optional<Block>& block = state.currentBlock) {
+        form.setReminder("Session " + std::to_string(block->sessions.size() + 1) + " of " +
+                         std::to_string(block->cycleCount));
+    }
     addPlan(form, "", state.plannedNextSession.value_or(SessionPlan::blank(Identifier::random())),
             state.currentBlock);
 }

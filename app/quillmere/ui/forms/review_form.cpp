@@ -30,10 +30,23 @@ SessionReview emptyReview()
             .improvement = {}};
 }
 
+/// The titles of a block's outcomes in one line.
+std::string titlesOf(const std::optional<Block>& block)
+{
+    std::string titles;
+    for (const Outcome& outcome : block ? block->outcomes : std::vector<Outcome>()) {
+        titles += (titles.empty() || outcome.title.empty() ? "" : " · ") + outcome.title;
+    }
+    return titles;
+}
+
 }  // namespace
 
 void addReviewFields(Form& form, const QuillmereState& state, Instant)
 {
+    if (const WorkSession* const session = state.currentSession()) {
+        form.setReminder(session->plan.intendedOutcome);
+    }
     form.add(std::make_unique<ChoiceField>(completionId, "Was it completed?", completions(), ""));
     addTexts(form, "", reviewFields, emptyReview());
     if (isPossible(Step::saveReviewAndStartBreak, state)) {
@@ -58,8 +71,9 @@ void saveReview(const Form& form, QuillmereState& state, Instant now)
     WorkflowEngine().saveReviewAndStartBreak(state, std::move(review), std::move(next), now);
 }
 
-void addReflectionFields(Form& form, const QuillmereState&, Instant)
+void addReflectionFields(Form& form, const QuillmereState& state, Instant)
 {
+    form.setReminder(titlesOf(state.currentBlock));
     addTexts(form, "", reflectionFields, BlockReview{});
 }
 

@@ -80,7 +80,7 @@ void writePlan(Flow& flow, const Situation& situation, bool isFull)
     }
 }
 
-void writeTimer(Canvas& canvas, Flow& flow, const Situation& situation, bool isCompact)
+void writeTimer(Canvas& canvas, Flow& flow, const Situation& situation, QuillmereWidgetLayout layout)
 {
     const auto timer = TimerSnapshot::derive(situation.state, situation.now);
     if (!timer) {
@@ -90,11 +90,11 @@ void writeTimer(Canvas& canvas, Flow& flow, const Situation& situation, bool isC
     const Look look{.accent = colour, .bold = !timer->isPaused, .dim = timer->isPaused};
     drawBigDigits(canvas, flow.rest(), timeText(timer->remainingSeconds), look);
     flow.skip(bigDigitRows);
-    flow.space(isCompact ? Spacing::none : Spacing::regular);
+    flow.space(layout == QuillmereWidgetLayout::compact ? Spacing::none : Spacing::regular);
     const std::size_t columns = std::min(flow.rest().columns, mostBarColumns);
     flow.centred(barOf(usedShare(situation).value_or(0), columns), {.accent = colour});
     const std::optional<Block>& block = situation.state.currentBlock;
-    if (!isCompact && block && block->cycleCount <= mostDots) {
+    if (showsFullPlan(layout) && block && block->cycleCount <= mostDots) {
         flow.space(Spacing::snug);
         flow.centred(dotsOfSessions(*block), {.dim = true});
     }
@@ -106,21 +106,22 @@ void drawCountdown(Canvas& canvas, const Area& area, const Situation& situation)
 {
     const QuillmereWidgetFamily family = familyFor(canvas.size());
     const bool isCompact = layout(family) == QuillmereWidgetLayout::compact;
+    const bool isFull = showsFullPlan(layout(family));
     const std::size_t gap = columnsOf(Spacing::section);
     Area left = area;
     if (prefersTwoColumns(family)) {
         left.columns = (area.columns - gap) / 2;
     }
     Flow flow(canvas, left);
-    writeTimer(canvas, flow, situation, isCompact);
-    flow.space(isCompact ? Spacing::none : Spacing::section);
+    writeTimer(canvas, flow, situation, layout(family));
+    flow.space(isFull ? Spacing::section : isCompact ? Spacing::none : Spacing::regular);
     Flow beside(canvas, {area.row, left.column + left.columns + gap, area.rows, left.columns});
     Flow& plan = prefersTwoColumns(family) ? beside : flow;
     if (!isCompact && situation.state.workflowState == WorkflowState::breaking &&
         planInView(situation.state)) {
         plan.line("The next session", {.accent = accent(WidgetPhase::planning), .bold = true});
     }
-    writePlan(plan, situation, showsFullPlan(layout(family)));
+    writePlan(plan, situation, isFull);
 }
 
 }  // namespace quillmere::app::ui
