@@ -98,9 +98,10 @@ private:
         while (const std::optional<Key> key = terminal_.takeKey()) {
             ui_.press(*key);
             if (ui_.isOver()) {
-                return;
+                break;
             }
         }
+        ui_.keepDraft();
     }
 
     Ui& ui_;

@@ -53,6 +53,7 @@ bool Ui::countsSeconds() const
 
 void Ui::refresh()
 {
+    keepDraft();
     const std::vector<Event> recorded = files_.refresh();
     if (!isUsable()) {
         return;
@@ -122,11 +123,13 @@ Form* Ui::form()
 void Ui::press(const Key& key)
 {
     message_.clear();
-    if (const Action* const action = std::exchange(toConfirm_, nullptr)) {
+    const Action* const action = std::exchange(toConfirm_, nullptr);
+    if (action && isUsable() && isLargeEnough(window_)) {
         if (isLetter(key, "y")) {
             perform(*action);
         }
-    } else if (!isUsable()) {
+    } else if (!isUsable() || !isLargeEnough(window_)) {
+        // What cannot be seen is not changed.
         isOver_ = isLetter(key, "q");
     } else if (form()) {
         pressInForm(key);
@@ -176,23 +179,28 @@ void Ui::pressOnQuestions(const Key& key)
 void Ui::pressInForm(const Key& key)
 {
     if (key == withControl(saveLetter)) {
+        keepDraft();
         save();
-        return;
-    }
-    if (sideForm_ && key.kind == Key::Kind::escape) {
+    } else if (sideForm_ && key.kind == Key::Kind::escape) {
+        keepDraft();
         sideForm_.reset();
-        return;
-    }
-    if (!sideForm_ && key == withControl(questionsLetter)) {
+    } else if (!sideForm_ && key == withControl(questionsLetter)) {
+        keepDraft();
         page_ = Page::questions;
+    } else {
+        isDraftDue_ = form()->take(key, window_) || isDraftDue_;
+    }
+}
+
+void Ui::keepDraft()
+{
+    if (!std::exchange(isDraftDue_, false) || !form()) {
         return;
     }
-    if (form()->take(key, window_)) {
-        try {
-            drafts_.keep(*form());
-        } catch (const std::system_error& error) {
-            say("The draft cannot be kept: " + messageOf(error));
-        }
+    try {
+        drafts_.keep(*form());
+    } catch (const std::system_error& error) {
+        say("The draft cannot be kept: " + messageOf(error));
     }
 }
 
@@ -310,7 +318,8 @@ Canvas Ui::picture(Charset charset) const
 {
     Canvas canvas(window_, charset);
     if (!isLargeEnough(window_)) {
-        Flow(canvas, canvas.area()).paragraph("This window is too small. It takes 40 columns and 12 rows.");
+        Flow(canvas, canvas.area())
+            .paragraph("This window is too small: it takes 40 columns and 12 rows. q quits.");
         return canvas;
     }
     const Frame surrounding = frame();

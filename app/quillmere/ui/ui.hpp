@@ -29,6 +29,9 @@ public:
     void resize(Size window) { window_ = window; }
     void press(const Key& key);
 
+    /// Keeps what was written since the last call; to be called when the keys that came together are taken.
+    void keepDraft();
+
     Canvas picture(Charset charset) const;
 
     bool isOver() const { return isOver_; }
@@ -36,6 +39,8 @@ public:
     bool takeBell() { return std::exchange(bell_, false); }
 
 private:
+    static constexpr Size usualWindow{.rows = 24, .columns = 80};
+
     enum class Page { work, questions };
 
     const Situation& situation() const { return *files_.situation(); }
@@ -66,7 +71,7 @@ private:
 
     Files files_;
     Drafts drafts_;
-    Size window_ = leastWindow;
+    Size window_ = usualWindow;
     Page page_ = Page::work;
     std::size_t chosenQuestion_ = 0;
     std::optional<Form> workForm_;  ///< of the state
@@ -74,10 +79,9 @@ private:
     const Action* toConfirm_ = nullptr;
     std::optional<Glimpse> seen_;
     std::string message_;
+    bool isDraftDue_ = false;
     bool bell_ = false;
     bool isOver_ = false;
-
-    static constexpr Size leastWindow{.rows = 24, .columns = 80};
 };
 
 }  // namespace quillmere::app::ui

@@ -31,8 +31,13 @@ protected:
     void presses(const std::string& keys)
     {
         type([this](const Key& key) { ui->press(key); }, keys);
+        ui->keepDraft();
     }
-    void presses(const Key& key) { ui->press(key); }
+    void presses(const Key& key)
+    {
+        ui->press(key);
+        ui->keepDraft();
+    }
     void waits(double seconds)
     {
         person.now = person.now + seconds;
@@ -277,6 +282,37 @@ TEST_F(UiOfAPerson, keepsAHalfWrittenFormThroughAnyOtherChange)
     ui->resize(usualWindow);
     EXPECT_TRUE(shows("Half a plan"));
     EXPECT_TRUE(shows("1 question"));
+}
+
+TEST_F(UiOfAPerson, findsTheDraftOfAnAnswerAgain)
+{
+    opens();
+    presses("anWhy?");
+    presses(escape);
+    presses("n");
+    EXPECT_TRUE(shows("Why?"));
+    EXPECT_TRUE(person.state().agentQuestions.empty());
+}
+
+TEST_F(UiOfAPerson, changesNothingThatIsNotToBeSeen)
+{
+    opens(stateIn(WorkflowState::focusing));
+    presses("e");
+    ui->resize({.rows = 5, .columns = 20});
+    presses("yp");
+    EXPECT_EQ(person.state(), stateIn(WorkflowState::focusing));
+    presses("q");
+    EXPECT_TRUE(ui->isOver());
+}
+
+TEST_F(UiOfAPerson, readsLongMessagesInASmallWindowToo)
+{
+    opens(stateIn(WorkflowState::focusing));
+    ui->resize(smallWindow);
+    presses("r");
+    EXPECT_TRUE(shows("This action is not available in the"));
+    EXPECT_TRUE(shows("current workflow state."));
+    EXPECT_TRUE(shows("p pause"));
 }
 
 TEST_F(UiOfAPerson, isToldWhenALinkLeadsElsewhere)

@@ -9,6 +9,7 @@ namespace quillmere::app::ui {
 namespace {
 
 constexpr std::size_t mostKeyRows = 3;
+constexpr std::size_t mostMessageRows = 3;
 
 /// The hints in rows of at most `most` columns.
 std::vector<std::vector<KeyHint>> rowsOfHints(const std::vector<KeyHint>& hints, std::size_t most,
@@ -81,8 +82,11 @@ Area drawFrame(Canvas& canvas, const Frame& frame)
     const std::size_t firstHint = area.rows - hints.size();
     drawHints(canvas, {firstHint, margin, hints.size(), area.columns}, hints, gap,
               {.accent = frame.accent, .bold = true});
-    canvas.write({firstHint - 1, margin}, frame.message, {.bold = true}, area.columns);
-    const std::size_t bottom = firstHint - 1 - (isCompact ? 0 : rowsOf(Spacing::snug));
+    const std::vector<std::string> message = linesOf(frame.message, area.columns);
+    const std::size_t firstMessage = firstHint - std::min(message.size(), mostMessageRows);
+    Flow(canvas, {firstMessage, margin, firstHint - firstMessage, area.columns})
+        .paragraph(frame.message, {.bold = true});
+    const std::size_t bottom = firstMessage - (isCompact ? 0 : rowsOf(Spacing::snug));
     return {top, margin, bottom - top, area.columns};
 }
 
