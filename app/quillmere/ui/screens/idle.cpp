@@ -5,6 +5,8 @@
 #include "ui/layout.hpp"
 #include "ui/screens/screens.hpp"
 
+#include <cmath>
+
 namespace quillmere::app::ui {
 namespace {
 
@@ -19,13 +21,20 @@ void writeOutcomes(Flow& flow, const Block& block)
     }
 }
 
+/// Whole minutes, as long as there are any: seconds that run make nobody calm.
+std::string waitText(double seconds)
+{
+    constexpr double minute = 60;
+    return "in " + durationText(seconds < minute ? seconds : std::floor(seconds / minute) * minute);
+}
+
 void writeSchedule(Flow& flow, const Block& block, Instant now, Look look)
 {
     const double wait = *block.plannedStart - now;
     flow.line("Scheduled", look);
     flow.line(localTextSeenFrom(now, *block.plannedStart) + " to " +
                   localTextSeenFrom(now, block.plannedEnd()) +
-                  (wait > 0 ? ", in " + durationText(wait) : std::string()),
+                  (wait > 0 ? ", " + waitText(wait) : std::string()),
               {.bold = true}, indent);
     flow.line(std::to_string(block.cycleCount) + " sessions of " + durationText(block.focusDurationSeconds) +
                   ", breaks of " + durationText(block.breakDurationSeconds),
