@@ -157,9 +157,11 @@ TEST_F(LiveScreen, keepsAHalfWrittenFormThroughResizingStoppingAndKilling)
 /// How the shell's terminal is set.
 std::string settingsOf(const TerminalWindow& window)
 {
-    window.runs("clear; stty -g; echo 'told'");
-    EXPECT_TRUE(window.shows("\ntold"));
-    return window.screen() + window.variable("cursor_flag") + window.variable("alternate_on") +
+    const TemporaryDirectory directory;
+    const std::string file = (directory.path() / "settings").string();
+    window.runs("stty -g >" + file + ".new; mv " + file + ".new " + file);
+    EXPECT_TRUE(TerminalWindow::waitUntil([&] { return std::filesystem::exists(file); }));
+    return textOf(file) + window.variable("cursor_flag") + window.variable("alternate_on") +
            window.variable("keypad_cursor_flag");
 }
 
@@ -168,22 +170,22 @@ TEST_F(LiveScreen, givesTheTerminalBackHoweverItEnds)
     const TerminalWindow window(person);
     const std::string before = settingsOf(window);
     const auto opens = [&] {
-        window.runs("$Q ui; echo ended $?");
+        window.runs("clear; $Q ui; echo ended $?");
         EXPECT_TRUE(window.shows("q quit"));
         EXPECT_EQ(window.variable("alternate_on"), "1\n");
     };
     opens();
     window.presses("q");
-    EXPECT_TRUE(window.shows("\nended 0"));
+    EXPECT_TRUE(window.shows("ended 0"));
     EXPECT_EQ(settingsOf(window), before);
     opens();
     window.presses("C-c");
-    EXPECT_TRUE(window.shows("\nended 0"));
+    EXPECT_TRUE(window.shows("ended 0"));
     EXPECT_EQ(settingsOf(window), before);
     for (const int signal : {SIGTERM, SIGHUP, SIGQUIT}) {
         opens();
         ASSERT_EQ(::kill(processIn(window), signal), 0);
-        EXPECT_TRUE(window.shows("\nended " + std::to_string(128 + signal)));
+        EXPECT_TRUE(window.shows("ended " + std::to_string(128 + signal)));
         EXPECT_EQ(settingsOf(window), before) << signal;
     }
 }
@@ -221,7 +223,7 @@ TEST_F(LiveScreen, saysSoWhereThereIsNoScreen)
     const TerminalWindow window(person, {{"TERM", "dumb"}});
     window.runs("clear; $Q ui; echo ended $?");
     EXPECT_TRUE(window.shows("This terminal cannot show a screen"));
-    EXPECT_TRUE(window.shows("\nended 2"));
+    EXPECT_TRUE(window.shows("ended 2"));
     window.runs("$Q");
     EXPECT_TRUE(window.shows("Next: plan"));
     const ProcessEnding ending = RealProgram({"--directory", person.directory().string(), "ui"}).wait();
@@ -233,7 +235,7 @@ TEST_F(LiveScreen, neverOpensForPrograms)
 {
     const TerminalWindow window(person);
     window.runs("clear; $Q --json ui; echo ended $?");
-    EXPECT_TRUE(window.shows("\nended 2"));
+    EXPECT_TRUE(window.shows("ended 2"));
     window.runs("clear; $Q --json open quillmere://open/focus; echo told $?");
     EXPECT_TRUE(window.shows("\"screen\": \"focus\""));
     EXPECT_TRUE(window.shows("\ntold 0"));
