@@ -80,6 +80,9 @@ private:
 /// JSON on one line, harmless to a terminal.
 std::string jsonLine(const Json& json);
 
+/// The event as a person is told of it.
+std::string eventText(const Event& event, Instant now);
+
 /// The events as programs read them.
 Json eventsJson(const std::vector<Event>& events);
 

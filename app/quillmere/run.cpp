@@ -23,7 +23,7 @@ void addEverything(CLI::App& line, Program& program)
     line.require_subcommand(0, 1);
     // clang-format off
     for (const auto add : {
-             addStatus,
+             addUi, addStatus,
              addPlan, addStart, addEdit, addCancel,
              addFocus, addPause, addResume, addEnd, addReview, addBreak, addReflect,
              addAsk, addQuestions, addAnswer,

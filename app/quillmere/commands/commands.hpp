@@ -22,6 +22,9 @@ void addBar       (CLI::App& line, Program& program);  // the same in one line, 
 void addAgent     (CLI::App& line, Program& program);  // the summary as an agent reads it
 void addOpen      (CLI::App& line, Program& program);  // the screen that a deep link leads to
 
+// The live screen.
+void addUi        (CLI::App& line, Program& program);  // every operation, with its key
+
 // A block.
 void addPlan      (CLI::App& line, Program& program);  // beginBlockPlanning, then startBlock or scheduleBlock
 void addStart     (CLI::App& line, Program& program);  // startScheduledBlockNow
