@@ -133,7 +133,7 @@ void showScreen(Program& program, std::optional<WidgetRoute> route)
     int ending = 0;
     {
         Signals signals;
-        Ui ui(program.workspace(), Drafts(program.keptBeside()), route);
+        Ui ui(program.workspace(), Drafts(program.workspace().keptBeside()), route);
         Terminal terminal;
         ending = Loop(ui, terminal, signals, environment.clock).run();
     }
