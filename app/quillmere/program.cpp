@@ -10,20 +10,6 @@
 #include <ostream>
 
 namespace quillmere::app {
-namespace {
-
-std::string eventText(const Event& event, Instant now)
-{
-    const std::string time = localTextSeenFrom(now, event.at);
-    switch (event.kind) {
-        case Event::Kind::blockStarted: return "The scheduled block started at " + time + ".";
-        case Event::Kind::focusEnded: return "The focus session ended at " + time + ".";
-        case Event::Kind::breakEnded: break;
-    }
-    return "The break was over at " + time + ".";
-}
-
-}  // namespace
 
 Workspace Program::workspace() const
 {
@@ -99,6 +85,17 @@ void Program::print(const Json& json)
 }
 
 std::string jsonLine(const Json& json) { return json.dump(-1, ' ', true, Json::error_handler_t::replace); }
+
+std::string eventText(const Event& event, Instant now)
+{
+    const std::string time = localTextSeenFrom(now, event.at);
+    switch (event.kind) {
+        case Event::Kind::blockStarted: return "The scheduled block started at " + time + ".";
+        case Event::Kind::focusEnded: return "The focus session ended at " + time + ".";
+        case Event::Kind::breakEnded: break;
+    }
+    return "The break was over at " + time + ".";
+}
 
 Json eventsJson(const std::vector<Event>& events)
 {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "environment.hpp"
+#include "exit_code.hpp"
 #include "text/style.hpp"
 #include "workspace/workspace.hpp"
 
@@ -35,6 +36,9 @@ public:
 
     /// What the command line asks for; set by the command that was named.
     std::function<void()> action;
+
+    /// How the run ends when nothing fails.
+    ExitCode ending = ExitCode::done;
 
     Workspace workspace() const;
     Style style() const { return Style(wantsColour(environment_.outputIsTerminal)); }
@@ -75,6 +79,9 @@ private:
 
 /// JSON on one line, harmless to a terminal.
 std::string jsonLine(const Json& json);
+
+/// The event as a person is told of it.
+std::string eventText(const Event& event, Instant now);
 
 /// The events as programs read them.
 Json eventsJson(const std::vector<Event>& events);

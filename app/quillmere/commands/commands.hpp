@@ -16,9 +16,14 @@ namespace quillmere::app {
 void addStatus    (CLI::App& line, Program& program);  // where the work stands
 void addQuestions (CLI::App& line, Program& program);  // what the agent asks
 void addHistory   (CLI::App& line, Program& program);  // the finished blocks
+void addReport    (CLI::App& line, Program& program);  // the look back: figures, charts, exports
 void addWidget    (CLI::App& line, Program& program);  // the summary as a widget shows it
+void addBar       (CLI::App& line, Program& program);  // the same in one line, for a status bar
 void addAgent     (CLI::App& line, Program& program);  // the summary as an agent reads it
 void addOpen      (CLI::App& line, Program& program);  // the screen that a deep link leads to
+
+// The live screen.
+void addUi        (CLI::App& line, Program& program);  // every operation, with its key
 
 // A block.
 void addPlan      (CLI::App& line, Program& program);  // beginBlockPlanning, then startBlock or scheduleBlock
@@ -44,6 +49,7 @@ void addRestore   (CLI::App& line, Program& program);  // lists them, brings one
 
 // Time.
 void addTick      (CLI::App& line, Program& program);  // evaluateSchedule, evaluateTimer
+void addWatch     (CLI::App& line, Program& program);  // lets time pass, gives notices on the desktop
 void addTour      (CLI::App& line, Program& program);  // a whole block on a clock of its own
 
 // clang-format on

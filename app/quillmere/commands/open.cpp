@@ -1,7 +1,8 @@
-// Says which screen a deep link leads to.
+// Opens the screen that a deep link leads to; off a terminal, says which one that is.
 #include "commands/commands.hpp"
 #include "commands/fields.hpp"
 #include "exit_code.hpp"
+#include "ui/loop.hpp"
 
 #include <memory>
 #include <ostream>
@@ -16,7 +17,9 @@ void openLink(const std::string& link, Program& program)
         throw ProgramError(ExitCode::usage,
                            "This link leads nowhere; they look like " + url(WidgetRoute::focus) + ".");
     }
-    if (program.settings().json) {
+    if (ui::hasScreen(program)) {
+        ui::showScreen(program, route);
+    } else if (program.settings().json) {
         program.print({{"screen", rawValue(*route)}, {"link", url(*route)}});
     } else {
         program.environment().out << rawValue(*route) << '\n';
@@ -28,7 +31,7 @@ void openLink(const std::string& link, Program& program)
 void addOpen(CLI::App& line, Program& program)
 {
     const auto link = std::make_shared<std::string>();
-    addCommand(line, program, "open", "Say which screen a deep link leads to",
+    addCommand(line, program, "open", "Open the screen that a deep link leads to",
                [link, &program] { openLink(*link, program); })
         ->add_option("link", *link, "For example " + url(WidgetRoute::focus))
         ->required();

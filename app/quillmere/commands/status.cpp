@@ -20,7 +20,7 @@ void showStatus(Program& program)
 void addStatus(CLI::App& line, Program& program)
 {
     const auto action = [&program] { showStatus(program); };
-    addCommand(line, program, "status", "Show where the work stands (the default)", action);
+    addCommand(line, program, "status", "Show where the work stands (the default off a terminal)", action);
     program.action = action;
 }
 

@@ -1,11 +1,11 @@
 #include "report/status.hpp"
 
+#include "report/possible_steps.hpp"
 #include "text/duration.hpp"
 #include "text/inert.hpp"
 #include "text/local_time.hpp"
 
 #include <quillmere/engine/timer_snapshot.hpp>
-#include <quillmere/engine/transition.hpp>
 #include <quillmere/records/checked_arithmetic.hpp>
 
 #include <ostream>
@@ -17,36 +17,30 @@ namespace {
 struct Suggestion {
     Step step;
     std::string_view command;
-    bool (*fits)(const QuillmereState&);
 };
 
-bool always(const QuillmereState&) { return true; }
-bool isScheduled(const QuillmereState& state) { return state.currentBlock.has_value(); }
-bool isFree(const QuillmereState& state) { return !state.currentBlock; }
-bool isPaused(const QuillmereState& state) { return state.interruptible(); }
-bool isRunning(const QuillmereState& state) { return !state.interruptible(); }
-
 constexpr auto suggestions = std::to_array<Suggestion>({
-    {Step::beginBlockPlanning, "plan", isFree},
-    {Step::startBlock, "plan", always},
-    {Step::startScheduledBlockNow, "start", isScheduled},
-    {Step::editScheduledBlock, "edit", isScheduled},
-    {Step::cancelScheduledBlock, "cancel", isScheduled},
-    {Step::startFocus, "focus", always},
-    {Step::pauseFocus, "pause", isRunning},
-    {Step::resumeFocus, "resume", isPaused},
-    {Step::endFocus, "end", always},
-    {Step::saveReviewAndStartBreak, "review", always},
-    {Step::endBreak, "break end", always},
-    {Step::extendBreak, "break extend", always},
-    {Step::completeBlockReview, "reflect", always},
+    {Step::beginBlockPlanning, "plan"},
+    {Step::startBlock, "plan"},
+    {Step::startScheduledBlockNow, "start"},
+    {Step::editScheduledBlock, "edit"},
+    {Step::cancelScheduledBlock, "cancel"},
+    {Step::startFocus, "focus"},
+    {Step::pauseFocus, "pause"},
+    {Step::resumeFocus, "resume"},
+    {Step::endFocus, "end"},
+    {Step::saveReviewAndStartBreak, "review"},
+    {Step::saveLastReview, "review"},
+    {Step::endBreak, "break end"},
+    {Step::extendBreak, "break extend"},
+    {Step::completeBlockReview, "reflect"},
 });
 
 std::vector<std::string_view> nextCommands(const QuillmereState& state)
 {
     std::vector<std::string_view> commands;
     for (const Suggestion& suggestion : suggestions) {
-        if (transition(suggestion.step).accepts == state.workflowState && suggestion.fits(state)) {
+        if (isPossible(suggestion.step, state)) {
             commands.push_back(suggestion.command);
         }
     }
@@ -72,24 +66,11 @@ void printQuestions(std::ostream& out, std::int64_t count)
 
 void printSchedule(std::ostream& out, const QuillmereState& state)
 {
-    if (state.workflowState == WorkflowState::idle && isScheduled(state) &&
+    if (state.workflowState == WorkflowState::idle && state.currentBlock &&
         state.currentBlock->plannedStart) {
         out << "A block is scheduled: " << localText(*state.currentBlock->plannedStart) << " to "
             << localText(state.currentBlock->plannedEnd()) << '\n';
     }
-}
-
-/// The share of the running timer that is used up, 0 to 1. It stands still in a pause; the widget's own,
-/// which is told from the two ends of a countdown, cannot when they are moved on.
-std::optional<double> usedShare(const Situation& situation)
-{
-    const std::optional<TimerSnapshot> timer = TimerSnapshot::derive(situation.state, situation.now);
-    if (!timer) {
-        return std::nullopt;
-    }
-    const auto elapsed = static_cast<double>(timer->elapsedSeconds);
-    const double planned = elapsed + static_cast<double>(timer->remainingSeconds);
-    return elapsed < planned ? elapsed / planned : 1.0;
 }
 
 }  // namespace
@@ -107,6 +88,17 @@ std::optional<std::int64_t> remainingSeconds(const WidgetSnapshot& snapshot, Ins
     }
     const WidgetCountdown& countdown = *snapshot.countdown;
     return countdown.isPaused ? countdown.frozenRemainingSeconds : wholeSeconds(countdown.endsAt - now);
+}
+
+std::optional<double> usedShare(const Situation& situation)
+{
+    const std::optional<TimerSnapshot> timer = TimerSnapshot::derive(situation.state, situation.now);
+    if (!timer) {
+        return std::nullopt;
+    }
+    const auto elapsed = static_cast<double>(timer->elapsedSeconds);
+    const double planned = elapsed + static_cast<double>(timer->remainingSeconds);
+    return elapsed < planned ? elapsed / planned : 1.0;
 }
 
 Json statusJson(const Situation& situation)

@@ -29,6 +29,10 @@ void printHeadline(std::ostream& out, const WidgetSnapshot& snapshot, Instant no
 /// Whole seconds left on the countdown as it is to be shown at an instant; absent without one.
 std::optional<std::int64_t> remainingSeconds(const WidgetSnapshot& snapshot, Instant now);
 
+/// The share of the running timer that is used up, 0 to 1; absent without one. It stands still in a pause;
+/// the widget's own, which is told from the two ends of a countdown, cannot when they are moved on.
+std::optional<double> usedShare(const Situation& situation);
+
 /// What is asked of the person, as a heading and a text; nothing when the text is empty.
 void printField(std::ostream& out, std::string_view heading, std::string_view text);
 

@@ -49,7 +49,7 @@ TEST_F(Terminal, seesColour)
 TEST_F(Terminal, seesNoColourAgainstThePersonsWill)
 {
     const EnvironmentVariable unwanted("NO_COLOR", "1");
-    EXPECT_EQ(types({}).out, "Idle  No active block\nNext: plan\n");
+    EXPECT_EQ(types({"status"}).out, "Idle  No active block\nNext: plan\n");
 }
 
 TEST_F(Terminal, seesNoColourWhereThereIsNone)

@@ -1,0 +1,42 @@
+// The files of the person, also while they cannot be read.
+#pragma once
+
+#include "workspace/open_workspace.hpp"
+
+#include <optional>
+#include <string>
+
+namespace quillmere::app::ui {
+
+/// What an exception of the program or the system says to a person.
+std::string messageOf(const std::exception& error);
+
+class Files {
+public:
+    /// Opens them, or keeps watch until they can be opened. Throws `std::system_error` when the system can
+    /// watch no more.
+    explicit Files(Workspace workspace);
+
+    /// Absent until they could be read once.
+    const Situation* situation() const { return open_ ? &open_->situation() : nullptr; }
+    /// Why they could not be read or written last time; absent when all is well.
+    const std::optional<std::string>& trouble() const { return trouble_; }
+    /// For poll(2).
+    int descriptor() const { return open_ ? open_->descriptor() : watch_->descriptor(); }
+
+    /// Looks again. Returns what came about by itself and was recorded by this call.
+    std::vector<Event> refresh();
+
+    /// Applies an operation of the person; throws what it throws, and what reading and writing throw.
+    std::vector<Event> change(const Operation& operation) { return open_->change(operation); }
+
+private:
+    void open();
+
+    Workspace workspace_;
+    std::optional<OpenWorkspace> open_;
+    std::optional<DirectoryWatch> watch_;  ///< while they are not open
+    std::optional<std::string> trouble_;
+};
+
+}  // namespace quillmere::app::ui

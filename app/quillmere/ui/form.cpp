@@ -1,0 +1,178 @@
+#include "ui/form.hpp"
+
+#include "ui/flow.hpp"
+#include "ui/layout.hpp"
+
+#include <quillmere/records/fatal_error.hpp>
+
+namespace quillmere::app::ui {
+namespace {
+
+constexpr std::size_t markColumns = 2;
+constexpr std::size_t questionColumns = 42;
+constexpr std::size_t leastWideColumns = 72;
+
+/// Where questions and fields stand: side by side where there is room, otherwise one below the other.
+struct FormGrid {
+    bool isWide;
+    std::size_t questionWidth;
+    std::size_t fieldColumn;
+    std::size_t fieldWidth;
+};
+
+FormGrid gridFor(std::size_t columns)
+{
+    const bool isWide = columns >= leastWideColumns;
+    const std::size_t fieldColumn = isWide ? questionColumns : markColumns;
+    return {.isWide = isWide,
+            .questionWidth = (isWide ? questionColumns : columns) - markColumns - (isWide ? 2 : 0),
+            .fieldColumn = fieldColumn,
+            .fieldWidth = columns - fieldColumn - 1};
+}
+
+std::size_t rowsOfField(const Field& field, const FormGrid& grid)
+{
+    const std::size_t question = linesOf(field.question(), grid.questionWidth).size();
+    const std::size_t answer = field.rows(grid.fieldWidth);
+    return grid.isWide ? std::max(question, answer) : question + answer;
+}
+
+/// The first row shown, so that the cursor is about in the middle and no row is wasted.
+std::size_t firstRowShown(std::size_t cursorRow, std::size_t all, std::size_t shown)
+{
+    if (all <= shown) {
+        return 0;
+    }
+    const std::size_t above = std::min(cursorRow, shown / 2);
+    return std::min(cursorRow - above, all - shown);
+}
+
+}  // namespace
+
+void Form::add(std::unique_ptr<Field> field)
+{
+    rows_.push_back({std::exchange(nextHeading_, {}), std::move(field)});
+}
+
+std::optional<std::size_t> Form::indexOf(std::string_view id) const
+{
+    for (std::size_t index = 0; index < rows_.size(); ++index) {
+        if (rows_[index].field->id() == id) {
+            return index;
+        }
+    }
+    return std::nullopt;
+}
+
+std::size_t Form::indexOfPresent(std::string_view id) const
+{
+    if (const std::optional<std::size_t> index = indexOf(id)) {
+        return *index;
+    }
+    fatalError("quillmere: a form is asked for a field that it does not have");
+}
+
+bool Form::has(std::string_view id) const { return indexOf(id).has_value(); }
+
+const Field& Form::field(std::string_view id) const { return *rows_[indexOfPresent(id)].field; }
+
+std::string Form::text(std::string_view id) const { return field(id).value().get<std::string>(); }
+
+void Form::moveTo(std::string_view id) { current_ = indexOfPresent(id); }
+
+bool Form::take(const Key& key, Size window)
+{
+    Field& field = *rows_[current_].field;
+    const nlohmann::json before = field.value();
+    const std::size_t columns = window.columns - 2 * marginFor(familyFor(window));
+    if (field.take(key, gridFor(columns).fieldWidth)) {
+        const bool isChanged = field.value() != before;
+        isTouched_ = isTouched_ || isChanged;
+        return isChanged;
+    }
+    switch (key.kind) {
+        case Key::Kind::enter:
+        case Key::Kind::down: current_ = std::min(current_ + 1, rows_.size() - 1); break;
+        case Key::Kind::up: current_ -= current_ > 0 ? 1 : 0; break;
+        case Key::Kind::tab: current_ = (current_ + 1) % rows_.size(); break;
+        case Key::Kind::backTab: current_ = (current_ + rows_.size() - 1) % rows_.size(); break;
+        case Key::Kind::pageUp: current_ = 0; break;
+        case Key::Kind::pageDown: current_ = rows_.size() - 1; break;
+        default: break;
+    }
+    return false;
+}
+
+void Form::draw(Canvas& canvas, const Area& whole, Look look) const
+{
+    Flow flow(canvas, whole);
+    if (!reminder_.empty()) {
+        flow.line(reminder_, {.dim = true}, markColumns);
+        flow.space(layout(familyFor(canvas.size())) == QuillmereWidgetLayout::compact
+                       ? QuillmereDesign::Spacing::none
+                       : QuillmereDesign::Spacing::regular);
+    }
+    drawFields(canvas, flow.rest(), look);
+}
+
+void Form::drawFields(Canvas& canvas, const Area& area, Look look) const
+{
+    const FormGrid grid = gridFor(area.columns);
+    std::size_t all = 0;
+    for (const Row& row : rows_) {
+        all += rowsOfField(*row.field, grid) + (row.heading.empty() ? 0 : 2);
+    }
+    // Spread out where that costs nothing.
+    const std::size_t gap = all + rows_.size() <= area.rows || !grid.isWide ? 1 : 0;
+    all += gap * (rows_.size() - 1);
+    Canvas whole({.rows = all, .columns = area.columns}, canvas.charset());
+    std::size_t top = 0;
+    for (std::size_t index = 0; index < rows_.size(); ++index) {
+        const auto& [heading, field] = rows_[index];
+        if (!heading.empty()) {
+            whole.write({top + 1 - gap, 0}, heading, look);
+            top += 2;
+        }
+        const bool isCurrent = index == current_;
+        const std::size_t rows = rowsOfField(*field, grid);
+        whole.write({top, 0}, isCurrent ? "▸" : " ", look);
+        Flow question(whole, {top, markColumns, rows, grid.questionWidth});
+        question.paragraph(field->question(), isCurrent ? look : Look{.dim = true});
+        const Area place =
+            grid.isWide ? Area{top, grid.fieldColumn, rows, grid.fieldWidth}
+                        : Area{question.rest().row, grid.fieldColumn, question.rowsLeft(), grid.fieldWidth};
+        field->draw(whole, place, isCurrent, look);
+        top += rows + gap;
+    }
+    const std::size_t cursorRow = whole.cursor() ? whole.cursor()->row : 0;
+    const std::size_t first = firstRowShown(cursorRow, all, area.rows);
+    canvas.copy(whole, first, area);
+    const std::size_t edge = area.column + area.columns - 1;
+    if (first > 0) {
+        canvas.write({area.row, edge}, "↑", {.dim = true});
+    }
+    if (first + area.rows < all) {
+        canvas.write({area.row + area.rows - 1, edge}, "↓", {.dim = true});
+    }
+}
+
+nlohmann::json Form::values() const
+{
+    nlohmann::json values = nlohmann::json::object();
+    for (const Row& row : rows_) {
+        values[row.field->id()] = row.field->value();
+    }
+    return values;
+}
+
+void Form::setValues(const nlohmann::json& values)
+{
+    isTouched_ = true;
+    for (const Row& row : rows_) {
+        if (values.contains(row.field->id())) {
+            row.field->setValue(values[row.field->id()]);
+        }
+    }
+}
+
+}  // namespace quillmere::app::ui

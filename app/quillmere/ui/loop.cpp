@@ -1,0 +1,145 @@
+#include "ui/loop.hpp"
+
+#include "exit_code.hpp"
+#include "ui/signals.hpp"
+#include "ui/terminal.hpp"
+#include "ui/ui.hpp"
+
+#include <poll.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cmath>
+#include <system_error>
+
+namespace quillmere::app::ui {
+namespace {
+
+/// Milliseconds until the clock shows another second.
+int untilNextSecond(Instant now)
+{
+    const double seconds = now.secondsSince1970();
+    return static_cast<int>(std::ceil((std::floor(seconds) + 1 - seconds) * 1000));
+}
+
+/// One run of the screen: waits for keys, signals, changed files and, where seconds are shown, the next one.
+class Loop {
+public:
+    Loop(Ui& ui, Terminal& terminal, Signals& signals, const Clock& clock)
+        : ui_(ui), terminal_(terminal), signals_(signals), clock_(clock)
+    {
+    }
+
+    /// Returns the signal that ended it; 0 when the person did.
+    int run()
+    {
+        while (!ui_.isOver() && ending_ == 0) {
+            show();
+            wait();
+        }
+        return ending_ == SIGINT ? 0 : ending_;
+    }
+
+private:
+    void show()
+    {
+        ui_.resize(terminal_.size());
+        terminal_.show(ui_.picture(terminal_.charset()));
+        if (ui_.takeBell()) {
+            terminal_.ringBell();
+        }
+    }
+
+    void wait()
+    {
+        std::array<pollfd, 3> sources{
+            {{STDIN_FILENO, POLLIN, 0}, {signals_.descriptor(), POLLIN, 0}, {ui_.descriptor(), POLLIN, 0}}};
+        const int timeout = ui_.countsSeconds() ? untilNextSecond(clock_()) : -1;
+        const int ready = ::poll(sources.data(), sources.size(), timeout);
+        if (ready < 0 && errno != EINTR) {
+            throw std::system_error(errno, std::generic_category(), "poll");
+        }
+        takeSignals();
+        if (ready == 0 || sources[2].revents != 0) {
+            ui_.refresh();
+        }
+        if (sources[0].revents != 0) {
+            takeKeys();
+        }
+        // A terminal that is gone can be read without end, and says nothing.
+        if ((sources[0].revents & (POLLHUP | POLLERR | POLLNVAL)) != 0) {
+            ending_ = SIGHUP;
+        }
+    }
+
+    void takeSignals()
+    {
+        for (const int signal : signals_.take()) {
+            switch (signal) {
+                case SIGWINCH: terminal_.adaptToSize(); break;
+                case SIGCONT: terminal_.takeBack(); break;
+                case SIGTSTP: rest(); break;
+                default: ending_ = signal; break;
+            }
+        }
+    }
+
+    void rest()
+    {
+        terminal_.giveBack();
+        signals_.stop();
+        terminal_.takeBack();
+        ui_.refresh();
+    }
+
+    void takeKeys()
+    {
+        while (const std::optional<Key> key = terminal_.takeKey()) {
+            ui_.press(*key);
+            if (ui_.isOver()) {
+                break;
+            }
+        }
+        ui_.keepDraft();
+    }
+
+    Ui& ui_;
+    Terminal& terminal_;
+    Signals& signals_;
+    const Clock& clock_;
+    int ending_ = 0;
+};
+
+}  // namespace
+
+bool hasScreen(Program& program)
+{
+    const Environment& environment = program.environment();
+    return !program.settings().json && environment.inputIsTerminal && environment.outputIsTerminal &&
+           canShowScreens();
+}
+
+void showScreen(Program& program, std::optional<WidgetRoute> route)
+{
+    const Environment& environment = program.environment();
+    if (program.settings().json) {
+        throw ProgramError(ExitCode::usage,
+                           "The screen is for persons; for programs there is status --json.");
+    }
+    if (!environment.inputIsTerminal || !environment.outputIsTerminal) {
+        throw ProgramError(ExitCode::usage, "The screen takes a terminal; see quillmere status.");
+    }
+    int ending = 0;
+    {
+        Signals signals;
+        Ui ui(program.workspace(), Drafts(program.workspace().keptBeside()), route);
+        Terminal terminal;
+        ending = Loop(ui, terminal, signals, environment.clock).run();
+    }
+    if (ending != 0) {
+        endBySignal(ending);
+    }
+}
+
+}  // namespace quillmere::app::ui

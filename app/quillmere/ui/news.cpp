@@ -1,0 +1,47 @@
+#include "ui/news.hpp"
+
+namespace quillmere::app::ui {
+namespace {
+
+/// Whether a session ended because its time was used up, and not because somebody ended it.
+bool ranOut(const WorkSession& session)
+{
+    return session.endedAt && *session.endedAt - session.startedAt - session.accumulatedPausedSeconds >=
+                                  session.plannedDurationSeconds;
+}
+
+}  // namespace
+
+Glimpse Glimpse::of(const QuillmereState& state)
+{
+    const WorkSession* const session = state.currentSession();
+    return {
+        .workflowState = state.workflowState,
+        .block = state.currentBlock ? std::optional(state.currentBlock->id) : std::nullopt,
+        .startTriggeredAt = state.currentBlock ? state.currentBlock->scheduledStartTriggeredAt : std::nullopt,
+        .session = session ? std::optional(session->id) : std::nullopt,
+        .pausedAt = session ? session->pausedAt : std::nullopt,
+        .breakEndNotifiedAt = state.breakEndNotifiedAt,
+    };
+}
+
+std::vector<Event> newsSince(const Glimpse& before, const QuillmereState& after)
+{
+    const Glimpse now = Glimpse::of(after);
+    std::vector<Event> events;
+    // Who begins a block early takes its planned start away.
+    if (now.block && now.block == before.block && now.startTriggeredAt && !before.startTriggeredAt &&
+        after.currentBlock->plannedStart) {
+        events.push_back({Event::Kind::blockStarted, *now.startTriggeredAt});
+    }
+    if (before.workflowState == WorkflowState::focusing && now.workflowState != WorkflowState::focusing &&
+        now.session && now.session == before.session && ranOut(*after.currentSession())) {
+        events.push_back({Event::Kind::focusEnded, *after.currentSession()->endedAt});
+    }
+    if (now.breakEndNotifiedAt && now.breakEndNotifiedAt != before.breakEndNotifiedAt) {
+        events.push_back({Event::Kind::breakEnded, *now.breakEndNotifiedAt});
+    }
+    return events;
+}
+
+}  // namespace quillmere::app::ui

@@ -1,0 +1,46 @@
+// What is to be seen at each place of the workflow: drawn from a situation, and from nothing else.
+#pragma once
+
+#include "ui/canvas.hpp"
+#include "workspace/workspace.hpp"
+
+#include <quillmere/widget/widget_family.hpp>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillmere::app::ui {
+
+/// A key and what it does.
+struct KeyHint {
+    std::string key;
+    std::string label;
+};
+
+/// What surrounds the content of every screen.
+struct Frame {
+    std::string_view title;
+    std::string caption;
+    QuillmereDesign::Accent accent;
+    std::string note;     ///< at the right of the first row
+    std::string message;  ///< above the keys
+    std::vector<KeyHint> keys;
+};
+
+/// Draws the frame; returns the room that it leaves.
+Area drawFrame(Canvas& canvas, const Frame& frame);
+
+/// What is scheduled, and what was finished last.
+void drawIdle(Canvas& canvas, const Area& area, const Situation& situation);
+
+/// The running timer, with the plan of the session that runs or comes next.
+void drawCountdown(Canvas& canvas, const Area& area, const Situation& situation);
+
+/// The questions that wait for an answer, of which one is chosen.
+void drawQuestions(Canvas& canvas, const Area& area, const Situation& situation, std::size_t chosen);
+
+/// Why there is nothing to be seen.
+void drawTrouble(Canvas& canvas, const Area& area, std::string_view trouble);
+
+}  // namespace quillmere::app::ui

@@ -1,0 +1,55 @@
+// The person's terminal, taken over and given back.
+#pragma once
+
+#include "ui/canvas.hpp"
+#include "ui/key.hpp"
+
+#include <memory>
+
+struct screen;  // of curses
+
+namespace quillmere::app::ui {
+
+/// Whether the terminal of this process, as TERM describes it, can place its cursor.
+bool canShowScreens();
+
+/// Takes over standard input and output for as long as it lives; however that ends, the terminal is then as
+/// it was before. One at a time.
+class Terminal {
+public:
+    /// Throws ProgramError when the terminal cannot show a screen.
+    Terminal();
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+    ~Terminal();
+
+    Charset charset() const { return charset_; }
+    Size size() const;
+
+    /// Shows a picture of the terminal's size.
+    void show(const Canvas& canvas);
+    void ringBell();
+
+    /// What was pressed, without waiting; absent when nothing was. Keys that mean nothing here are left out.
+    std::optional<Key> takeKey();
+
+    /// Takes over a new size of the window.
+    void adaptToSize();
+
+    /// Gives the terminal back for a while; `takeBack` draws everything anew.
+    void giveBack();
+    void takeBack();
+
+private:
+    void setInputModes();
+
+    struct Delete {
+        void operator()(screen* terminal) const;
+    };
+
+    std::unique_ptr<screen, Delete> screen_;
+    Charset charset_;
+    bool coloured_ = false;
+};
+
+}  // namespace quillmere::app::ui

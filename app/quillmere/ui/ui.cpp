@@ -1,0 +1,256 @@
+#include "ui/ui.hpp"
+
+#include "program.hpp"
+#include "report/possible_steps.hpp"
+#include "ui/forms/forms.hpp"
+#include "ui/layout.hpp"
+
+#include <quillmere/engine/timer_snapshot.hpp>
+
+#include <algorithm>
+
+namespace quillmere::app::ui {
+namespace {
+
+constexpr char saveLetter = 's';
+constexpr char questionsLetter = 'o';
+
+bool isLetter(const Key& key, std::string_view letter)
+{
+    return key.kind == Key::Kind::character && key.text == letter;
+}
+
+std::string routeMessage(WidgetRoute route, WidgetRoute actual)
+{
+    return "The screen " + std::string(rawValue(route)) + " is not open now; the work is at " +
+           std::string(rawValue(actual)) + ".";
+}
+
+}  // namespace
+
+Ui::Ui(Workspace workspace, Drafts drafts, std::optional<WidgetRoute> route)
+    : files_(std::move(workspace)), drafts_(std::move(drafts))
+{
+    refresh();
+    if (route && isUsable()) {
+        const auto actual = fromWorkflowState<WidgetRoute>(state().workflowState);
+        if (*route != actual) {
+            say(routeMessage(*route, actual));
+        }
+    }
+}
+
+bool Ui::countsSeconds() const
+{
+    if (!isUsable()) {
+        return true;  // not everything that makes a file usable again can be watched
+    }
+    const auto timer = TimerSnapshot::derive(state(), situation().now);
+    const bool waits = state().workflowState == WorkflowState::idle && state().currentBlock;
+    return waits || (timer && !timer->isPaused);
+}
+
+void Ui::refresh()
+{
+    keepDraft();
+    const std::vector<Event> recorded = files_.refresh();
+    if (!isUsable()) {
+        return;
+    }
+    const std::optional<Glimpse> before = std::exchange(seen_, Glimpse::of(state()));
+    const std::vector<Event> events = recorded.empty() && before ? newsSince(*before, state()) : recorded;
+    if (before && *before != *seen_ && events.empty()) {
+        message_ = "The work was moved on elsewhere.";
+    }
+    tell(events);
+    followState();
+}
+
+void Ui::tell(const std::vector<Event>& events)
+{
+    for (const Event& event : events) {
+        bell_ = true;
+        message_ = eventText(event, situation().now);
+    }
+}
+
+void Ui::say(std::string_view sentence) { message_ += (message_.empty() ? "" : " ") + std::string(sentence); }
+
+void Ui::followState()
+{
+    const std::optional<FormSubject> subject = subjectFor(state());
+    if (workForm_ && subject != workForm_->subject()) {
+        if (workForm_->isTouched()) {
+            say("What you wrote is kept.");
+        }
+        workForm_.reset();
+    }
+    if (subject && !workForm_) {
+        openForm(workForm_, *subject);
+    }
+    const std::vector<AgentQuestion> open = state().openQuestions();
+    chosenQuestion_ = std::min(chosenQuestion_, open.empty() ? 0 : open.size() - 1);
+    const auto isAbout = [&](const AgentQuestion& question) {
+        return sideForm_->subject() == answerTo(question);
+    };
+    if (sideForm_ && sideForm_->subject().kind == FormKind::answer &&
+        std::none_of(open.begin(), open.end(), isAbout)) {
+        sideForm_.reset();
+        say("This question was answered elsewhere; what you wrote is kept.");
+    }
+    if (toConfirm_ && !isPossible(toConfirm_->step, state())) {
+        toConfirm_ = nullptr;
+    }
+}
+
+void Ui::openForm(std::optional<Form>& place, const FormSubject& subject)
+{
+    place.emplace(formFor(subject, state(), situation().now));
+    if (drafts_.fillIn(*place)) {
+        say("What you had written is back.");
+    }
+}
+
+Form* Ui::form()
+{
+    if (sideForm_) {
+        return &*sideForm_;
+    }
+    return page_ == Page::work && workForm_ ? &*workForm_ : nullptr;
+}
+
+void Ui::press(const Key& key)
+{
+    message_.clear();
+    const Action* const action = std::exchange(toConfirm_, nullptr);
+    if (action && isUsable() && isLargeEnough(window_)) {
+        if (isLetter(key, "y")) {
+            perform(*action);
+        }
+    } else if (!isUsable() || !isLargeEnough(window_)) {
+        // What cannot be seen is not changed.
+        isOver_ = isLetter(key, "q");
+    } else if (form()) {
+        pressInForm(key);
+    } else if (page_ == Page::questions) {
+        pressOnQuestions(key);
+    } else {
+        pressOnWork(key);
+    }
+}
+
+void Ui::pressOnWork(const Key& key)
+{
+    if (isLetter(key, "q")) {
+        isOver_ = true;
+    } else if (isLetter(key, "a")) {
+        page_ = Page::questions;
+    } else if (key.kind == Key::Kind::character) {
+        if (const Action* const action = actionOn(key.text.front(), situation())) {
+            // What the engine refuses anyway is not asked about.
+            const bool isAsked = !action->question.empty() && isPossible(action->step, state());
+            toConfirm_ = isAsked ? action : nullptr;
+            if (!isAsked) {
+                perform(*action);
+            }
+        }
+    }
+}
+
+void Ui::pressOnQuestions(const Key& key)
+{
+    const std::vector<AgentQuestion> open = state().openQuestions();
+    if (key.kind == Key::Kind::escape) {
+        page_ = Page::work;
+    } else if (isLetter(key, "q")) {
+        isOver_ = true;
+    } else if (isLetter(key, "n")) {
+        openForm(sideForm_, newQuestion());
+    } else if (key.kind == Key::Kind::up && chosenQuestion_ > 0) {
+        --chosenQuestion_;
+    } else if (key.kind == Key::Kind::down && chosenQuestion_ + 1 < open.size()) {
+        ++chosenQuestion_;
+    } else if (key.kind == Key::Kind::enter && !open.empty()) {
+        openForm(sideForm_, answerTo(open[chosenQuestion_]));
+    }
+}
+
+void Ui::pressInForm(const Key& key)
+{
+    if (key == withControl(saveLetter)) {
+        keepDraft();
+        save();
+    } else if (sideForm_ && key.kind == Key::Kind::escape) {
+        keepDraft();
+        sideForm_.reset();
+    } else if (!sideForm_ && key == withControl(questionsLetter)) {
+        keepDraft();
+        page_ = Page::questions;
+    } else {
+        isDraftDue_ = form()->take(key, window_) || isDraftDue_;
+    }
+}
+
+void Ui::keepDraft()
+{
+    if (!std::exchange(isDraftDue_, false) || !form()) {
+        return;
+    }
+    try {
+        drafts_.keep(*form());
+    } catch (const std::system_error& error) {
+        say("The draft cannot be kept: " + messageOf(error));
+    }
+}
+
+void Ui::perform(const Action& action) { change(action.apply, action.done); }
+
+void Ui::save()
+{
+    const Form& filled = *form();
+    const FormSubject subject = filled.subject();
+    const Saving& saving = savingFor(stepOf(filled, state()));
+    try {
+        if (!change([&](QuillmereState& fresh, Instant now) { carryOut(filled, fresh, now); }, saving.done)) {
+            return;
+        }
+    } catch (const Unacceptable& slip) {
+        form()->moveTo(slip.field);
+        say(slip.what());
+        return;
+    }
+    try {
+        drafts_.forget(subject);
+    } catch (const std::system_error& error) {
+        say("The draft cannot be removed: " + messageOf(error));
+    }
+}
+
+bool Ui::change(const Operation& operation, std::string_view done)
+{
+    std::vector<Event> events;
+    try {
+        events = files_.change(operation);
+    } catch (const Unacceptable&) {
+        throw;
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& error) {
+        const std::string reason = messageOf(error);
+        // The state may have moved on, or be out of reach.
+        refresh();
+        say(reason);
+        return false;
+    }
+    seen_ = Glimpse::of(state());
+    tell(events);
+    say(done);
+    sideForm_.reset();
+    if (workForm_ && subjectFor(state()) != workForm_->subject()) {
+        workForm_.reset();
+    }
+    followState();
+    return true;
+}
+
+}  // namespace quillmere::app::ui

@@ -1,0 +1,96 @@
+#include "ui/form.hpp"
+
+#include "program_testing.hpp"
+#include "ui/fields/choice_field.hpp"
+#include "ui/fields/text_field.hpp"
+#include "ui/ui_testing.hpp"
+
+namespace quillmere::test {
+namespace {
+
+using namespace app::ui;
+
+Form sampleForm()
+{
+    Form form({FormKind::answer, "sample"});
+    form.add(std::make_unique<TextField>("line", "A line?", "", TextField::Lines::one));
+    form.add(std::make_unique<TextField>("lines", "Several lines?", "", TextField::Lines::several));
+    form.add(
+        std::make_unique<ChoiceField>("mood", "The mood?", std::vector<Option>{{"1", "1"}, {"2", "2"}}, "1"));
+    return form;
+}
+
+void types(Form& form, const std::string& text)
+{
+    type([&](const Key& key) { form.take(key, usualWindow); }, text);
+}
+
+TEST(Form, isFilledInWithKeys)
+{
+    Form form = sampleForm();
+    types(form, "one\nfirst\nsecond");
+    form.take({Key::Kind::tab}, usualWindow);
+    types(form, "2");
+    EXPECT_EQ(form.text("line"), "one");
+    EXPECT_EQ(form.text("lines"), "first\nsecond");
+    EXPECT_EQ(form.text("mood"), "2");
+}
+
+TEST(Form, goesAroundWithTabAndStopsWithArrows)
+{
+    Form form = sampleForm();
+    form.take({Key::Kind::up}, usualWindow);
+    types(form, "a");
+    form.take({Key::Kind::backTab}, usualWindow);
+    types(form, "2");
+    form.take({Key::Kind::down}, usualWindow);
+    form.take({Key::Kind::tab}, usualWindow);
+    types(form, "b");
+    EXPECT_EQ(form.text("line"), "ab");
+    EXPECT_EQ(form.text("mood"), "2");
+}
+
+TEST(Form, saysWhenAValueHasChanged)
+{
+    Form form = sampleForm();
+    EXPECT_FALSE(form.take({Key::Kind::left}, usualWindow));
+    EXPECT_FALSE(form.take({Key::Kind::tab}, usualWindow));
+    EXPECT_FALSE(form.isTouched());
+    EXPECT_TRUE(form.take(typed("x"), usualWindow));
+    EXPECT_TRUE(form.isTouched());
+}
+
+TEST(Form, hasQuestionsBesideTheFieldsWhereThereIsRoomAndAboveThemOtherwise)
+{
+    const Form form = sampleForm();
+    Canvas roomy(usualWindow, Charset::ascii);
+    form.draw(roomy, {0, 2, 20, 76}, {});
+    EXPECT_EQ(roomy.rowText(0), "  > A line?                                 .");
+    Canvas narrow(smallWindow, Charset::ascii);
+    form.draw(narrow, {0, 1, 8, 38}, {});
+    EXPECT_EQ(narrow.rowText(0), " > A line?");
+    EXPECT_EQ(narrow.rowText(1), "   .");
+}
+
+TEST(Form, keepsTheCursorInView)
+{
+    Form form({FormKind::answer, "long"});
+    for (int number = 0; number < 30; ++number) {
+        const std::string name = std::to_string(number);
+        form.add(std::make_unique<TextField>(name, "Field " + name, "", TextField::Lines::one));
+    }
+    for (int number = 0; number < 30; ++number) {
+        for (const Size window : {usualWindow, smallWindow}) {
+            Canvas canvas(window);
+            form.draw(canvas, {1, 1, window.rows - 3, window.columns - 2}, {});
+            ASSERT_TRUE(canvas.cursor()) << number;
+            EXPECT_GE(canvas.cursor()->row, 1U);
+            EXPECT_LT(canvas.cursor()->row, window.rows - 2);
+            EXPECT_NE(canvas.text().find("Field " + std::to_string(number)), std::string::npos);
+        }
+        form.take({Key::Kind::tab}, usualWindow);
+    }
+}
+
+}  // namespace
+}  // namespace quillmere::test

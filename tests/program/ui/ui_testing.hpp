@@ -1,0 +1,26 @@
+// Keys and screens, for tests of the live screen.
+#pragma once
+
+#include "ui/canvas.hpp"
+#include "ui/key.hpp"
+
+#include <string>
+
+namespace quillmere::test {
+
+using app::ui::Key;
+
+/// Gives a text to something that takes keys, character by character; a line break is `enter`.
+template <class Taker>
+void type(Taker take, const std::string& ascii)
+{
+    for (const char character : ascii) {
+        take(character == '\n' ? Key{Key::Kind::enter} : app::ui::typed(std::string(1, character)));
+    }
+}
+
+/// A window as most terminals have it, and the smallest one.
+inline constexpr app::ui::Size usualWindow{.rows = 24, .columns = 80};
+inline constexpr app::ui::Size smallWindow{.rows = 12, .columns = 40};
+
+}  // namespace quillmere::test
