@@ -24,7 +24,7 @@ void addEverything(CLI::App& line, Program& program)
     for (const auto add :
          {addStatus,  addPlan,   addStart, addEdit,    addCancel, addFocus,     addPause,  addResume,
           addEnd,     addReview, addBreak, addReflect, addAsk,    addQuestions, addAnswer, addHistory,
-          addRestore, addWidget, addAgent, addOpen,    addTick,   addTour}) {
+          addRestore, addWidget, addAgent, addOpen,    addTick,   addWatch,     addTour}) {
         add(line, program);
     }
 }

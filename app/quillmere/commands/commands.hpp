@@ -44,6 +44,7 @@ void addRestore   (CLI::App& line, Program& program);  // lists them, brings one
 
 // Time.
 void addTick      (CLI::App& line, Program& program);  // evaluateSchedule, evaluateTimer
+void addWatch     (CLI::App& line, Program& program);  // lets time pass, gives notices on the desktop
 void addTour      (CLI::App& line, Program& program);  // a whole block on a clock of its own
 
 // clang-format on

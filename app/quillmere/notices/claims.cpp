@@ -1,0 +1,91 @@
+#include "notices/claims.hpp"
+
+#include "text/file_error.hpp"
+
+#include <quillmere/store/file_manager.hpp>
+
+#include <algorithm>
+#include <chrono>
+#include <system_error>
+#include <utility>
+
+namespace quillmere::app {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr auto longestClaim = std::chrono::hours(24 * 40);
+
+/// Whether the file was made; false when there is one.
+bool makeClaim(const fs::path& directory, const std::string& key)
+{
+    const FileManager& fileManager = FileManager::standard();
+    const fs::path claim = directory / key;
+    if (fileManager.fileExists(claim)) {
+        return false;
+    }
+    constexpr mode_t ownerOnly = 0700;
+    fileManager.createDirectory(directory, ownerOnly);
+    try {
+        fileManager.writeWithoutOverwriting(claim, [](const ByteSink&) {});
+        return true;
+    } catch (const std::system_error& error) {
+        // Somebody was faster.
+        if (error.code() == std::errc::file_exists) {
+            return false;
+        }
+        throw;
+    }
+}
+
+}  // namespace
+
+Claims::Claims(fs::path directory, std::ostream& messages)
+    : directory_(std::move(directory)), trouble_(messages)
+{
+}
+
+bool Claims::take(const std::string& key)
+{
+    if (own_.contains(key)) {
+        return false;
+    }
+    if (!directory_.empty()) {
+        try {
+            if (!makeClaim(directory_, key)) {
+                return false;
+            }
+        } catch (const std::system_error& error) {
+            // Told twice is better than not told.
+            trouble_.met("Notices may be given more than once: " + fileErrorText(error));
+        }
+    }
+    own_.insert(key);
+    return true;
+}
+
+void Claims::giveBack(const std::string& key)
+{
+    own_.erase(key);
+    if (!directory_.empty()) {
+        std::error_code ignored;
+        fs::remove(directory_ / key, ignored);
+    }
+}
+
+void Claims::removeOld(const std::vector<std::string>& standing) const
+{
+    const fs::file_time_type oldest = fs::file_time_type::clock::now() - longestClaim;
+    std::error_code ignored;
+    for (const fs::directory_entry& entry : fs::directory_iterator(directory_, ignored)) {
+        const std::string name = entry.path().filename();
+        const bool stands = std::any_of(standing.begin(), standing.end(),
+                                        [&](const std::string& key) { return name.ends_with(key); });
+        const fs::file_time_type madeAt = entry.last_write_time(ignored);
+        if (!ignored && madeAt < oldest && !stands) {
+            fs::remove(entry.path(), ignored);
+        }
+    }
+}
+
+}  // namespace quillmere::app
