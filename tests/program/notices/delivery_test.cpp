@@ -1,0 +1,220 @@
+// Notices on a real bus, before a service that writes down what it is asked for.
+#include "process/real_program.hpp"
+
+#include <signal.h>
+
+#include "desktop.hpp"
+
+namespace quillmere::test {
+namespace {
+
+using nlohmann::json;
+
+class NoticeOnTheBus : public Desktop {
+protected:
+    NoticeOnTheBus()
+    {
+        hasBus();
+        hasService();
+    }
+};
+
+TEST_F(NoticeOnTheBus, saysThatFocusIsOver)
+{
+    person.has(focusOver(90));
+    watchesOnce();
+    EXPECT_EQ(notices(), (std::vector<json>{{{"name", "Quillmere"},
+                                             {"replaces", 0},
+                                             {"icon", ""},
+                                             {"summary", "Focus is over"},
+                                             {"body", "Outcome of session 1"},
+                                             {"actions", {"default", "Open"}},
+                                             {"urgency", 1},
+                                             {"timeout", -1}}}));
+    EXPECT_EQ(said(), "");
+}
+
+TEST_F(NoticeOnTheBus, leavesATrueRecord)
+{
+    const QuillmereState before = focusOver(90);
+    person.has(before);
+    watchesOnce();
+    const QuillmereState state = person.state();
+    EXPECT_EQ(state.workflowState, WorkflowState::sessionReview);
+    EXPECT_EQ(*state.currentSession()->endedAt, before.currentSession()->startedAt + 1'500);
+}
+
+TEST_F(NoticeOnTheBus, saysThatTheBreakIsOverAndOffersMoreOfIt)
+{
+    person.has(breakOver(5));
+    watchesOnce();
+    ASSERT_TRUE(hasNotices(1));
+    EXPECT_EQ(notices()[0]["summary"], "The break is over");
+    EXPECT_EQ(notices()[0]["actions"], (Words{"default", "Open", "extend", "Extend by 5 minutes"}));
+}
+
+TEST_F(NoticeOnTheBus, saysThatABlockHasBegun)
+{
+    QuillmereState state = stateWithScheduledBlock();
+    state.updatedAt = presentSecond() - 100;
+    state.currentBlock->plannedStart = presentSecond() - 10;
+    person.has(state);
+    watchesOnce();
+    ASSERT_TRUE(hasNotices(1));
+    EXPECT_EQ(notices()[0]["summary"], "The scheduled block has begun");
+    EXPECT_EQ(notices()[0]["body"], "Chapter one");
+}
+
+TEST_F(NoticeOnTheBus, comesOnceForAnEventHoweverOftenSomebodyLooks)
+{
+    person.has(asking(focusOver(90), 1, "May I?"));
+    watchesOnce();
+    watchesOnce();
+    ASSERT_TRUE(hasNotices(2));
+    EXPECT_EQ(notices()[0]["summary"], "Focus is over");
+    EXPECT_EQ(notices()[1]["body"], "May I?");
+}
+
+TEST_F(NoticeOnTheBus, comesForWhatAnotherProgramRecorded)
+{
+    person.has(focusOver(90));
+    ASSERT_EQ(person.types({"tick"}).code, ExitCode::done);
+    ASSERT_EQ(person.state().workflowState, WorkflowState::sessionReview);
+    watchesOnce();
+    EXPECT_TRUE(hasNotices(1));
+}
+
+TEST_F(NoticeOnTheBus, doesNotComeForWhatHasBeenDealtWith)
+{
+    person.has(focusOver(90));
+    ASSERT_EQ(person.types({"review", "--completion", "Yes", "--next-outcome", "More"}).code, ExitCode::done);
+    watchesOnce();
+    EXPECT_TRUE(hasNotices(0));
+}
+
+TEST_F(NoticeOnTheBus, comesOnceWhenTwoWatchAndATickIsDone)
+{
+    // A hook shows that each has seen each event.
+    const auto seen = [&](const std::string& name) { return textIn(name + ".seen"); };
+    const auto hookOf = [&](const std::string& name) {
+        return "echo $1 >> '" + file(name + ".seen").string() + "'";
+    };
+    person.has(stateIn(WorkflowState::idle));
+    Process one = watching({"--hook", hookOf("one")}, "one");
+    Process two = watching({"--hook", hookOf("two")}, "two");
+    person.has(focusOver(1));
+    EXPECT_EQ(RealProgram({"--directory", person.directory().string(), "tick"}).wait().code, 0);
+    EXPECT_TRUE(eventually([&] { return seen("one") == "focus_ended\n" && seen("two") == "focus_ended\n"; }));
+    // Before there is another, or it would not stand any more.
+    EXPECT_TRUE(eventually([&] { return hasNotices(1); }));
+    person.has(breakOver(1));
+    EXPECT_EQ(RealProgram({"--directory", person.directory().string(), "tick"}).wait().code, 0);
+    EXPECT_TRUE(eventually([&] {
+        return seen("one") == "focus_ended\nbreak_ended\n" && seen("two") == "focus_ended\nbreak_ended\n";
+    }));
+    EXPECT_TRUE(eventually([&] { return notices().size() >= 2; }));
+    EXPECT_EQ(one.endBy(SIGTERM), 0);
+    EXPECT_EQ(two.endBy(SIGTERM), 0);
+    ASSERT_TRUE(hasNotices(2));
+    EXPECT_EQ(notices()[0]["summary"], "Focus is over");
+    EXPECT_EQ(notices()[1]["summary"], "The break is over");
+}
+
+TEST_F(NoticeOnTheBus, hasTheUrgencyThatWasChosen)
+{
+    unsigned number = 0;
+    for (const char* urgency : {"low", "normal", "critical"}) {
+        person.has(asking(stateIn(WorkflowState::idle), number, "May I?"));
+        watchesOnce({"--urgency", urgency});
+        ASSERT_TRUE(hasNotices(number + 1));
+        EXPECT_EQ(notices()[number]["urgency"], number);
+        ++number;
+    }
+}
+
+TEST_F(NoticeOnTheBus, takesThePlaceOfTheLastOnTheSameSubject)
+{
+    person.has(asking(focusOver(90), 1, "May I?"));
+    Process watch = watching();
+    EXPECT_TRUE(eventually([&] { return hasNotices(2); })) << said();
+    person.has(asking(breakOver(5), 1, "May I?"));
+    EXPECT_TRUE(eventually([&] { return hasNotices(3); })) << said();
+    person.has(asking(person.state(), 2, "Which build?"));
+    EXPECT_TRUE(eventually([&] { return notices().size() >= 4; })) << said();
+    std::string placed;
+    for (const json& notice : notices()) {
+        placed += notice["summary"].get<std::string>() + " for " + notice["replaces"].dump() + "\n";
+    }
+    EXPECT_EQ(placed,
+              "Focus is over for 0\nA question waits for 0\n"
+              "The break is over for 1\nA question waits for 2\n");
+}
+
+TEST_F(NoticeOnTheBus, takesNoPlaceOfOneThatThePersonClosed)
+{
+    person.has(asking(focusOver(90), 1, "May I?"));
+    Process watch = watching({"--open-command", "/nowhere/opener"});
+    EXPECT_TRUE(eventually([&] { return hasNotices(2); })) << said();
+    service().signals("closed 1");
+    // Signals arrive in order: what is heard of this one shows that the first has been heard.
+    service().signals("action 2 default");
+    EXPECT_TRUE(eventually([&] { return said().starts_with("Opening the screen failed"); })) << said();
+    person.has(asking(breakOver(5), 1, "May I?"));
+    EXPECT_TRUE(eventually([&] { return hasNotices(3); })) << said();
+    EXPECT_EQ(notices()[2]["replaces"], 0);
+}
+
+TEST_F(NoticeOnTheBus, keepsAQuestionUntilThePersonMayBeInterrupted)
+{
+    QuillmereState state = focusOver(-600);
+    person.has(asking(state, 1, "May I?"));
+    watchesOnce();
+    EXPECT_TRUE(hasNotices(0));
+    EXPECT_EQ(claimCount(), 0U);
+    ASSERT_EQ(person.types({"pause"}).code, ExitCode::done);
+    watchesOnce();
+    EXPECT_TRUE(hasNotices(1));
+}
+
+TEST_F(NoticeOnTheBus, isOneForSeveralQuestions)
+{
+    QuillmereState state = asking(stateIn(WorkflowState::idle), 1, "Which build?");
+    person.has(asking(state, 2, "May I?"));
+    watchesOnce();
+    ASSERT_TRUE(hasNotices(1));
+    EXPECT_EQ(notices()[0]["summary"], "2 questions wait");
+    EXPECT_EQ(notices()[0]["body"], "Which build?\nMay I?");
+    EXPECT_EQ(claimCount(), 2U);
+}
+
+const std::string hostile = "<b>bold</b> & \"quoted\" \x1b[31m\xE2\x80\xAEturned";
+
+TEST_F(NoticeOnTheBus, spellsMarkupOutWhereTheServiceReadsIt)
+{
+    person.has(asking(stateIn(WorkflowState::idle), 1, hostile));
+    watchesOnce();
+    ASSERT_TRUE(hasNotices(1));
+    EXPECT_EQ(notices()[0]["body"],
+              "&lt;b&gt;bold&lt;/b&gt; &amp; &quot;quoted&quot; \xEF\xBF\xBD[31m\xEF\xBF\xBDturned");
+}
+
+TEST_F(NoticeOnTheBus, leavesMarkupAloneWhereTheServiceDoesNotReadIt)
+{
+    hasService({.capabilities = {"body"}});
+    person.has(asking(stateIn(WorkflowState::idle), 1, hostile));
+    watchesOnce();
+    ASSERT_TRUE(hasNotices(1));
+    EXPECT_EQ(notices()[0]["body"], "<b>bold</b> & \"quoted\" \xEF\xBF\xBD[31m\xEF\xBF\xBDturned");
+}
+
+TEST_F(NoticeOnTheBus, offersNoActionsWhereTheServiceHasNone)
+{
+    hasService({.capabilities = {"body"}});
+    person.has(breakOver(5));
+    watchesOnce();
+    ASSERT_TRUE(hasNotices(1));
+    EXPECT_EQ(notices()[0]["actions"], json::array());
+}
+
+}  // namespace
+}  // namespace quillmere::test

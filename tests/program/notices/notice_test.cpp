@@ -1,0 +1,77 @@
+// The words of a notice.
+#include "notices/notice.hpp"
+
+#include "text/columns.hpp"
+
+#include "program_testing.hpp"
+
+namespace quillmere::test {
+namespace {
+
+using app::Notice;
+using app::noticeOf;
+using app::StandingEvent;
+using Kind = StandingEvent::Kind;
+
+StandingEvent event(Kind kind, const std::string& text)
+{
+    return {.kind = kind, .key = "key", .at = moment, .text = text};
+}
+
+std::vector<StandingEvent> questions(std::size_t count)
+{
+    std::vector<StandingEvent> events;
+    for (std::size_t number = 1; number <= count; ++number) {
+        events.push_back(event(Kind::questionRaised, "Question " + std::to_string(number)));
+    }
+    return events;
+}
+
+TEST(NoticeText, saysWhatCameAboutAndWhatItIsAbout)
+{
+    EXPECT_EQ(noticeOf({event(Kind::focusEnded, "Five headings")}),
+              (Notice{.heading = "Focus is over", .body = "Five headings", .mayExtendBreak = false}));
+    EXPECT_EQ(noticeOf({event(Kind::breakEnded, "The fifth")}),
+              (Notice{.heading = "The break is over", .body = "The fifth", .mayExtendBreak = true}));
+    EXPECT_EQ(noticeOf({event(Kind::blockStarted, "")}),
+              (Notice{.heading = "The scheduled block has begun", .body = "", .mayExtendBreak = false}));
+    EXPECT_EQ(noticeOf(questions(1)),
+              (Notice{.heading = "A question waits", .body = "Question 1", .mayExtendBreak = false}));
+}
+
+TEST(NoticeText, countsSeveralQuestionsAndQuotesThem)
+{
+    EXPECT_EQ(noticeOf(questions(3)), (Notice{.heading = "3 questions wait",
+                                              .body = "Question 1\nQuestion 2\nQuestion 3",
+                                              .mayExtendBreak = false}));
+}
+
+TEST(NoticeText, quotesTenQuestionsAndCountsTheRest)
+{
+    const std::string ten = noticeOf(questions(10)).body;
+    EXPECT_EQ(ten.substr(ten.rfind('\n')), "\nQuestion 10");
+    const std::string twelve = noticeOf(questions(12)).body;
+    EXPECT_EQ(twelve, ten + "\nand 2 more");
+}
+
+TEST(NoticeText, isInert)
+{
+    const std::string hostile = "\x1b[31m red\nline\x07 \xE2\x80\xAEturned \xFF";
+    EXPECT_EQ(noticeOf({event(Kind::questionRaised, hostile)}).body,
+              "\xEF\xBF\xBD[31m red line\xEF\xBF\xBD \xEF\xBF\xBDturned \xEF\xBF\xBD");
+}
+
+TEST(NoticeText, isShort)
+{
+    const std::string wide = noticeOf({event(Kind::questionRaised, std::string(100'000, 'x'))}).body;
+    EXPECT_EQ(app::columns(wide), 200U);
+    // A hundred thousand marks on one letter take one column.
+    std::string tall = "e";
+    for (int count = 0; count < 100'000; ++count) {
+        tall += "\xCC\x81";
+    }
+    EXPECT_LE(noticeOf({event(Kind::questionRaised, tall)}).body.size(), 1'010U);
+}
+
+}  // namespace
+}  // namespace quillmere::test

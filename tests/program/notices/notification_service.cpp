@@ -1,0 +1,142 @@
+// A notification service to test with: notification_service LOG BEHAVIOUR [CAPABILITY …]
+//
+// Appends every call of Notify to LOG, a JSON object a line, and says "ready" when it has its name. Takes
+// lines on standard input, until that ends: "action NUMBER KEY" and "closed NUMBER" are signalled to all.
+// Behaviours: "answers"; "mute" never answers GetCapabilities; "numb" never answers Notify.
+#include <sdbus-c++/sdbus-c++.h>
+#include <nlohmann/json.hpp>
+
+#include <poll.h>
+#include <unistd.h>
+
+#include <array>
+#include <fstream>
+#include <iostream>
+#include <sstream>
+
+namespace {
+
+constexpr const char* interface = "org.freedesktop.Notifications";
+
+using Capabilities = std::vector<std::string>;
+using Hints = std::map<std::string, sdbus::Variant>;
+
+/// Answers that are never given.
+template <class... Results>
+void keepForEver(sdbus::Result<Results...>&& result)
+{
+    static std::vector<sdbus::Result<Results...>> kept;
+    kept.push_back(std::move(result));
+}
+
+class Service {
+public:
+    Service(std::string log, const std::string& behaviour, const Capabilities& capabilities)
+        : log_(std::move(log)),
+          bus_(sdbus::createSessionBusConnection()),
+          object_(sdbus::createObject(*bus_, "/org/freedesktop/Notifications"))
+    {
+        if (behaviour == "mute") {
+            object_->registerMethod("GetCapabilities")
+                .onInterface(interface)
+                .implementedAs([](sdbus::Result<Capabilities>&& result) { keepForEver(std::move(result)); });
+        } else {
+            object_->registerMethod("GetCapabilities").onInterface(interface).implementedAs([capabilities] {
+                return capabilities;
+            });
+        }
+        object_->registerMethod("Notify").onInterface(interface).implementedAs(
+            [this, behaviour](sdbus::Result<std::uint32_t>&& result, const std::string& name,
+                              std::uint32_t replaces, const std::string& icon, const std::string& summary,
+                              const std::string& body, const std::vector<std::string>& actions,
+                              const Hints& hints, std::int32_t timeout) {
+                note({{"name", name},
+                      {"replaces", replaces},
+                      {"icon", icon},
+                      {"summary", summary},
+                      {"body", body},
+                      {"actions", actions},
+                      {"urgency", hints.at("urgency").get<std::uint8_t>()},
+                      {"timeout", timeout}});
+                if (behaviour == "numb") {
+                    keepForEver(std::move(result));
+                } else {
+                    result.returnResults(replaces != 0 ? replaces : ++last_);
+                }
+            });
+        object_->registerSignal("ActionInvoked")
+            .onInterface(interface)
+            .withParameters<std::uint32_t, std::string>();
+        object_->registerSignal("NotificationClosed")
+            .onInterface(interface)
+            .withParameters<std::uint32_t, std::uint32_t>();
+        object_->finishRegistration();
+        bus_->requestName("org.freedesktop.Notifications");
+    }
+
+    void obey(const std::string& line)
+    {
+        std::istringstream words(line);
+        std::string order;
+        std::uint32_t number = 0;
+        std::string key;
+        words >> order >> number >> key;
+        if (order == "action") {
+            object_->emitSignal("ActionInvoked").onInterface(interface).withArguments(number, key);
+        } else {
+            constexpr std::uint32_t dismissed = 2;
+            object_->emitSignal("NotificationClosed").onInterface(interface).withArguments(number, dismissed);
+        }
+    }
+
+    /// Until standard input ends.
+    void serve()
+    {
+        std::string arrived;
+        while (true) {
+            while (bus_->processPendingRequest()) {
+            }
+            const auto bus = bus_->getEventLoopPollData();
+            std::array<pollfd, 2> files = {pollfd{.fd = STDIN_FILENO, .events = POLLIN, .revents = 0},
+                                           pollfd{.fd = bus.fd, .events = bus.events, .revents = 0}};
+            ::poll(files.data(), files.size(), bus.getPollTimeout());
+            if (files[0].revents == 0) {
+                continue;
+            }
+            std::array<char, 256> bytes;
+            const ssize_t count = ::read(STDIN_FILENO, bytes.data(), bytes.size());
+            if (count <= 0) {
+                return;
+            }
+            arrived.append(bytes.data(), static_cast<std::size_t>(count));
+            for (std::size_t end = 0; (end = arrived.find('\n')) != std::string::npos;) {
+                obey(arrived.substr(0, end));
+                arrived.erase(0, end + 1);
+            }
+        }
+    }
+
+private:
+    void note(const nlohmann::json& call) { std::ofstream(log_, std::ios::app) << call.dump() + '\n'; }
+
+    std::string log_;
+    std::unique_ptr<sdbus::IConnection> bus_;
+    std::unique_ptr<sdbus::IObject> object_;
+    std::uint32_t last_ = 0;
+};
+
+}  // namespace
+
+int main(int count, char** arguments)
+{
+    const std::vector<std::string> words(arguments + 1, arguments + count);
+    try {
+        Service service(words.at(0), words.at(1), Capabilities(words.begin() + 2, words.end()));
+        std::cout << "ready" << std::endl;
+        service.serve();
+        return 0;
+    } catch (const sdbus::Error& error) {
+        std::cerr << error.what() << '\n';
+        return 1;
+    }
+}
