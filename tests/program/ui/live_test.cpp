@@ -1,6 +1,8 @@
 // The real program on a real terminal.
 #include <algorithm>
 #include <csignal>
+#include <filesystem>
+#include <fstream>
 #include <regex>
 
 #include "process/real_program.hpp"
@@ -31,20 +33,16 @@ protected:
     {
         return TerminalWindow::waitUntil([&] { return person.state().workflowState == workflowState; });
     }
-    /// The process identifier of the program, which the shell runs in the background or not at all.
+    /// The process that the shell waits for (proc(5)).
     static pid_t processIn(const TerminalWindow& window)
     {
-        const std::string shell = window.variable("pane_pid");
-        std::string found;
-        TerminalWindow::waitUntil([&] {
-            FILE* const pipe =
-                ::popen(("ps -o pid= --ppid " + shell.substr(0, shell.find('\n'))).c_str(), "r");
-            char line[64] = {};
-            found = std::fgets(line, sizeof line, pipe) ? line : "";
-            ::pclose(pipe);
-            return !found.empty();
-        });
-        return static_cast<pid_t>(std::stol(found));
+        const std::string shell = std::to_string(std::stol(window.variable("pane_pid")));
+        pid_t found = 0;
+        EXPECT_TRUE(TerminalWindow::waitUntil([&] {
+            std::ifstream children("/proc/" + shell + "/task/" + shell + "/children");
+            return static_cast<bool>(children >> found);
+        }));
+        return found;
     }
 };
 
