@@ -45,7 +45,7 @@ struct Columns {
 /// Texts below the columns, as many as there is room for; the last one always.
 std::string columnLabels(const std::vector<Stretch>& row, Unit unit)
 {
-    constexpr double room = 54;
+    constexpr double room = 66;
     const Columns columns{row.size()};
     const auto every = static_cast<std::size_t>(std::ceil(room / columns.step()));
     std::string markup;

@@ -9,7 +9,7 @@ namespace quillmere::app::lookback {
 std::string heatChart(const LookBack& look, const HeatMap& map, std::size_t first, std::size_t count,
                       const std::string& label)
 {
-    constexpr double left = 30;
+    constexpr double left = 36;
     constexpr double top = 18;
     constexpr double step = 13.6;
     constexpr double size = 11.6;
