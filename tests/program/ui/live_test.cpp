@@ -33,7 +33,7 @@ protected:
     {
         return TerminalWindow::waitUntil([&] { return person.state().workflowState == workflowState; });
     }
-    /// The process that the shell waits for (proc(5)).
+    /// The process that the shell waits for (proc(5)); 0 when there is none.
     static pid_t processIn(const TerminalWindow& window)
     {
         const std::string shell = std::to_string(std::stol(window.variable("pane_pid")));
@@ -143,7 +143,9 @@ TEST_F(LiveScreen, keepsAHalfWrittenFormThroughResizingStoppingAndKilling)
     EXPECT_TRUE(window.showsNoMore("What should this session bring"));
     window.runs("fg");
     ASSERT_TRUE(window.shows("Half a plan"));
-    ASSERT_EQ(::kill(processIn(window), SIGKILL), 0);
+    const pid_t process = processIn(window);
+    ASSERT_GT(process, 0);
+    ASSERT_EQ(::kill(process, SIGKILL), 0);
     ASSERT_TRUE(window.shows("Killed"));
     // Nobody has put the terminal back, so that Enter ends no line.
     window.types("stty sane; tput reset; $Q ui");
@@ -182,7 +184,9 @@ TEST_F(LiveScreen, givesTheTerminalBackHoweverItEnds)
     EXPECT_EQ(settingsOf(window), before);
     for (const int signal : {SIGTERM, SIGHUP, SIGQUIT}) {
         opens();
-        ASSERT_EQ(::kill(processIn(window), signal), 0);
+        const pid_t process = processIn(window);
+        ASSERT_GT(process, 0);
+        ASSERT_EQ(::kill(process, signal), 0);
         EXPECT_TRUE(window.shows("ended " + std::to_string(128 + signal)));
         EXPECT_EQ(settingsOf(window), before) << signal;
     }

@@ -5,6 +5,8 @@
 #include "ui/layout.hpp"
 #include "ui/screens/screens.hpp"
 
+#include <quillmere/engine/timer_snapshot.hpp>
+
 #include <algorithm>
 #include <cmath>
 
