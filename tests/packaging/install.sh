@@ -16,6 +16,7 @@ DESTDIR=$destination cmake --install "$build" >/dev/null
     cat <<END
 bin/quillmere
 lib/systemd/user/quillmere-watch.service
+libexec/quillmere/quillmere-notifier
 $libraries/$library
 $libraries/cmake/QuillmereCore/QuillmereCoreConfig.cmake
 $libraries/cmake/QuillmereCore/QuillmereCoreConfigVersion.cmake

@@ -57,7 +57,7 @@ squeezed() { tr -s ' \n' '  '; }
 
 # Two documents, one meaning.
 codes=$(section "EXIT STATUS" | squeezed)
-rows=$(sed -nE 's/^\| ([0-9]+) \| (.*) \|$/\1 \2/p' "$source/README.md")
+rows=$(tr -d '`' <"$source/README.md" | sed -nE 's/^\| ([0-9]+) \| (.*) \|$/\1 \2/p')
 [ -n "$rows" ] || complain "README.md has no exit codes"
 echo "$rows" | while read -r row; do
     case $codes in *" $row "*) ;; *) echo "an exit code as README.md has it: $row"; exit 1 ;; esac
@@ -67,10 +67,9 @@ for file in $(sed -nE 's/^\| `([a-z-]+\.json)` \|.*/\1/p' "$source/README.md"); 
     section FILES | grep -qF "/$file" || complain "$file is not in the manual"
 done
 
-for variable in $(grep -rhoE '"[A-Z][A-Z_]*[A-Z]"' "$source/app" --include='*.cpp' | tr -d '"' | sort -u); do
-    case $variable in
-        DIRECTORY | FILE | INT | UINT) ;; # types of options
-        *) section ENVIRONMENT | grep -qE "^     $variable( |\$)" || complain "$variable is not in the manual" ;;
-    esac
+# Names in capitals that are the one argument of a call, or in a list of names.
+for variable in $(grep -rhE '(getenv|isSet|absolutePathIn|variable)\("[A-Z]|const name : \{"[A-Z]' "$source/app" --include='*.cpp' |
+    grep -oE '"[A-Z_]+"' | tr -d '"' | sort -u); do
+    section ENVIRONMENT | grep -qE "^     (.*, )?$variable(,| |\$)" || complain "$variable is not in the manual"
 done
 exit $status

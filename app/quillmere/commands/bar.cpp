@@ -18,11 +18,11 @@ struct BarCommand {
     bool follows = false;
 };
 
-std::string barFormatNames()
+std::string barFormatNames(const char* between)
 {
     std::string names;
     for (const BarFormat format : allCases<BarFormat>()) {
-        names.append(names.empty() ? "" : ", ").append(rawValue(format));
+        names.append(names.empty() ? "" : between).append(rawValue(format));
     }
     return names;
 }
@@ -30,7 +30,7 @@ std::string barFormatNames()
 CLI::Validator barFormatName()
 {
     return {[](std::string& word) {
-                return fromRawValue<BarFormat>(word) ? std::string() : "is none of " + barFormatNames();
+                return fromRawValue<BarFormat>(word) ? std::string() : "is none of " + barFormatNames(", ");
             },
             ""};
 }
@@ -85,7 +85,8 @@ void addBar(CLI::App& line, Program& program)
                 showBar(*command, program);
             }
         });
-    app->add_option("--format", command->format, "For which bar: " + barFormatNames())
+    app->add_option("--format", command->format, "For which bar")
+        ->type_name("{" + barFormatNames(",") + "}")
         ->check(barFormatName());
     app->add_option("--width", command->width, "How many columns at most")
         ->transform(wholeNumber())

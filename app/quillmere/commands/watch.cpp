@@ -18,8 +18,8 @@ void addWatch(CLI::App& line, Program& program)
                                          Watch(program, *settings).run();
                                      });
     app->add_flag("--once", settings->once, "Only give what is due, then end");
-    app->add_option("--urgency", settings->urgency,
-                    "How urgent the notices are: low, normal (usual), critical")
+    app->add_option("--urgency", settings->urgency, "How urgent the notices are: normal (usual)")
+        ->type_name("{low,normal,critical}")
         ->transform(CLI::CheckedTransformer(urgencies).description(""));
     app->add_option("--hook", settings->hooks,
                     "A shell command to run at each event, with its name as $1 and the widget's summary to "
