@@ -1,7 +1,7 @@
 // Tells when a question may have been answered.
 #pragma once
 
-#include "agent/protocol/serve.hpp"
+#include "agent/protocol/changes.hpp"
 #include "workspace/directory_watch.hpp"
 
 #include <filesystem>

@@ -17,7 +17,7 @@ void addStatus    (CLI::App& line, Program& program);  // where the work stands
 void addQuestions (CLI::App& line, Program& program);  // what the agent asks
 void addHistory   (CLI::App& line, Program& program);  // the finished blocks
 void addWidget    (CLI::App& line, Program& program);  // the summary as a widget shows it
-void addAgent     (CLI::App& line, Program& program);  // the summary as an agent reads it
+void addAgent     (CLI::App& line, Program& program);  // the summary as an agent reads it; serves one
 void addOpen      (CLI::App& line, Program& program);  // the screen that a deep link leads to
 
 // A block.

@@ -7,6 +7,7 @@ The lines of the block that begins with "$ quillmere agent serve": "> " is sent,
 is run beside. Identifiers and times are others each time; each must come back wherever the document shows it.
 """
 import json
+import os
 import pathlib
 import re
 import shlex
@@ -27,7 +28,7 @@ def as_shown(said, shown):
     found, expected = CHANGING.findall(said), CHANGING.findall(shown)
     assert len(found) == len(expected), f"shown: {shown}\nsaid:  {said}"
     for now, then in zip(found, expected):
-        real.setdefault(then, now)
+        assert real.setdefault(then, now) == now or "T" in then, f"another identifier: {said}"
         said = said.replace(now, then, 1)
     return said
 
@@ -37,7 +38,8 @@ def as_now(shown):
 
 
 with tempfile.TemporaryDirectory() as place:
-    command = [program, "--directory", place]
+    os.environ["XDG_STATE_HOME"] = place + "/kept"
+    command = [program, "--directory", place + "/files"]
     with subprocess.Popen(command + ["agent", "serve"], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True) as server:
         for line in lines:
             if line.startswith("> "):

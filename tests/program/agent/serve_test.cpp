@@ -15,6 +15,7 @@ const std::string pong = R"({"id":1,"jsonrpc":"2.0","result":{}})";
 class Serve : public testing::Test {
 protected:
     Person person;
+    const EnvironmentVariable stateHome{"XDG_STATE_HOME", person.stateHome().string()};
 
     ProcessEnding types(const Words& words) const
     {

@@ -1,5 +1,6 @@
 #include "served_program.hpp"
 
+#include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
 #include <sys/socket.h>

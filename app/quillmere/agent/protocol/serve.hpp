@@ -1,20 +1,12 @@
 // Runs a server on two channels of this process.
 #pragma once
 
+#include "agent/protocol/changes.hpp"
 #include "agent/protocol/server.hpp"
 
+#include <cstddef>
+
 namespace quillmere::app::protocol {
-
-/// Tells when calls that wait should be asked again.
-class Changes {
-public:
-    virtual ~Changes() = default;
-
-    /// For poll(2); -1 while nothing is watched.
-    virtual int descriptor() const = 0;
-    /// Takes what has happened. Never waits.
-    virtual void take() = 0;
-};
 
 /// The longest line that is read, in bytes.
 inline constexpr std::size_t longestLine = 10 * 1024 * 1024;

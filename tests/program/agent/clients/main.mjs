@@ -26,7 +26,11 @@ for (const [name, make, Transport] of clients) {
   try {
     const client = make();
     client.onerror = error => { throw error; };
-    const transport = new Transport({command: program, args: ["--directory", directory, "agent", "serve"]});
+    // Versions of the state are kept there too, and not with those of whoever runs this.
+    process.env.XDG_STATE_HOME = join(directory, "kept");
+    const transport = new Transport({
+      command: program, args: ["--directory", directory, "agent", "serve"], env: process.env,
+    });
     await client.connect(transport);
     await play(name, client, program, directory);
     await client.close();

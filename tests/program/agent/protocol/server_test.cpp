@@ -98,7 +98,8 @@ private:
                 if (said) {
                     return ToolResult{.value = {{"said", *said}}};
                 }
-                return at >= deadline ? std::optional(ToolResult{.refusal = "Too late."}) : std::nullopt;
+                return at >= deadline ? std::optional(ToolResult{.value = nullptr, .refusal = "Too late."})
+                                      : std::nullopt;
             };
             return Call{.result = result, .deadline = deadline};
         };
