@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <map>
 
 namespace quillmere::test {
 namespace {
@@ -17,10 +18,10 @@ std::filesystem::path placeOf(const std::string& kind)
 /// A test may have several conversations.
 std::filesystem::path nextTranscript()
 {
-    static int count = 0;
+    static std::map<std::string, int> counts;
     const testing::TestInfo* const test = testing::UnitTest::GetInstance()->current_test_info();
-    return placeOf("transcripts") / (std::string(test->test_suite_name()) + "." + test->name() + "." +
-                                     std::to_string(++count) + ".txt");
+    const std::string name = std::string(test->test_suite_name()) + "." + test->name();
+    return placeOf("transcripts") / (name + "." + std::to_string(++counts[name]) + ".txt");
 }
 
 }  // namespace

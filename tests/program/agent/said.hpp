@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include <fstream>
+#include <mutex>
 #include <string>
 
 namespace quillmere::test {
@@ -16,10 +17,17 @@ class Transcript {
 public:
     Transcript();
 
-    void client(const std::string& line) { file_ << "> " << line << '\n'; }
-    void server(const std::string& line) { file_ << "< " << line << '\n' << std::flush; }
+    void client(const std::string& line) { keep("> ", line); }
+    void server(const std::string& line) { keep("< ", line); }
 
 private:
+    void keep(const char* side, const std::string& line)
+    {
+        const std::lock_guard held(mutex_);
+        file_ << side << line << '\n' << std::flush;
+    }
+
+    std::mutex mutex_;
     std::ofstream file_;
 };
 

@@ -92,15 +92,19 @@ void ServedProgram::write(std::string_view bytes)
 
 void ServedProgram::send(const Json& message)
 {
-    transcript_.client(message.dump());
+    note(message);
     write(message.dump() + '\n');
 }
 
 bool ServedProgram::readMore()
 {
+    const auto deadline = std::chrono::steady_clock::now() + patience;
     pollfd readable{fromServer_, POLLIN, 0};
-    if (::poll(&readable, 1, static_cast<int>(std::chrono::milliseconds(patience).count())) != 1) {
-        throw std::runtime_error("Nothing came.");
+    // An end of another program of this process may interrupt the wait.
+    while (::poll(&readable, 1, 1000) != 1) {
+        if (std::chrono::steady_clock::now() > deadline) {
+            throw std::runtime_error("Nothing came.");
+        }
     }
     std::array<char, 65536> bytes;
     const ssize_t count = ::read(fromServer_, bytes.data(), bytes.size());

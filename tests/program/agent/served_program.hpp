@@ -21,7 +21,9 @@ public:
     ServedProgram& operator=(const ServedProgram&) = delete;
     ~ServedProgram();
 
+    /// Any bytes; a message that is written in this way is to be noted first.
     void write(std::string_view bytes);
+    void note(const Json& message) { transcript_.client(message.dump()); }
     /// A message, on a line of its own.
     void send(const Json& message);
     Json receive();
