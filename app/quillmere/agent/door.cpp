@@ -7,8 +7,6 @@
 #include "agent/tools.hpp"
 #include "version.hpp"
 
-#include <unistd.h>
-
 namespace quillmere::app::agent {
 namespace {
 
@@ -59,7 +57,7 @@ std::vector<protocol::Resource> resources(const Workspace& workspace)
 
 }  // namespace
 
-void serve(const Workspace& workspace)
+void serve(const Workspace& workspace, int in, int out)
 {
     AnswerWatch watch(workspace.directory());
     protocol::Server server({.name = "quillmere",
@@ -68,7 +66,7 @@ void serve(const Workspace& workspace)
                              .instructions = instructions,
                              .tools = tools(workspace, watch),
                              .resources = resources(workspace)});
-    protocol::serve(server, watch, STDIN_FILENO, STDOUT_FILENO);
+    protocol::serve(server, watch, in, out);
 }
 
 }  // namespace quillmere::app::agent

@@ -5,8 +5,8 @@
 
 namespace quillmere::app::agent {
 
-/// Speaks the Model Context Protocol over standard input and output until the client goes. Nothing else may
-/// use these two meanwhile.
-void serve(const Workspace& workspace);
+/// Speaks the Model Context Protocol over two descriptors until the client goes (`protocol::serve`). Nothing
+/// else may use them meanwhile.
+void serve(const Workspace& workspace, int in, int out);
 
 }  // namespace quillmere::app::agent

@@ -13,9 +13,12 @@ void addAgent(CLI::App& line, Program& program)
     CLI::App* const command =
         line.add_subcommand("agent", "Print the summary that an agent reads, as of now (JSON)");
     command->fallthrough()->require_subcommand(0, 1);
-    const CLI::App* const serve = addCommand(
-        *command, program, "serve", "Serve an agent (Model Context Protocol over standard input and output)",
-        [&program] { agent::serve(program.workspace()); });
+    const CLI::App* const serve =
+        addCommand(*command, program, "serve",
+                   "Serve an agent (Model Context Protocol over standard input and output)", [&program] {
+                       const Environment& environment = program.environment();
+                       agent::serve(program.workspace(), environment.input, environment.output);
+                   });
     command->callback([serve, &program] {
         if (!*serve) {
             program.action = [&program] {

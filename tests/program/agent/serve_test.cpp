@@ -163,6 +163,13 @@ TEST_F(Serve, endsAtOnceWithoutItsChannels)
     EXPECT_EQ(RealProgram(words, {.in = closed, .out = closed, .err = closed}).wait().code, 0);
 }
 
+TEST_F(Serve, usesNoChannelsButThoseOfItsEnvironment)
+{
+    const Ending ending = person.types({"agent", "serve"});
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_EQ(ending.out + ending.err, "");
+}
+
 TEST_F(Serve, skipsALineThatIsTooLong)
 {
     ServedProgram server(person.directory());
