@@ -10,6 +10,7 @@ enum class ExitCode {
     done = 0,
     refused = 1,        ///< by the engine
     usage = 2,          ///< the command line does not say what to do
+    urgent = 33,        ///< done, and the person should look: what i3blocks takes it for
     unusableData = 65,  ///< a file that cannot be read as what it should be
     outOfMemory = 71,
     fileError = 74,  ///< the system refuses

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "environment.hpp"
+#include "exit_code.hpp"
 #include "text/style.hpp"
 #include "workspace/workspace.hpp"
 
@@ -35,6 +36,9 @@ public:
 
     /// What the command line asks for; set by the command that was named.
     std::function<void()> action;
+
+    /// How the run ends when nothing fails.
+    ExitCode ending = ExitCode::done;
 
     Workspace workspace() const;
     Style style() const { return Style(wantsColour(environment_.outputIsTerminal)); }

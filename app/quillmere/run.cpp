@@ -11,23 +11,31 @@
 #include <system_error>
 
 namespace quillmere::app {
-namespace {
 
 void addEverything(CLI::App& line, Program& program)
 {
     line.add_option("--directory", program.settings().directory, "Keep the files there instead of at home")
+        ->type_name("DIRECTORY")
         ->check([](const std::string& path) { return std::string(path.empty() ? "is empty" : ""); });
     line.add_flag("--json", program.settings().json, "Print for programs");
     line.set_version_flag("--version", std::string("quillmere ") + version);
     line.set_help_flag("-h,--help", "Print this help");
     line.require_subcommand(0, 1);
-    for (const auto add :
-         {addStatus,  addPlan,   addStart, addEdit,    addCancel, addFocus,     addPause,  addResume,
-          addEnd,     addReview, addBreak, addReflect, addAsk,    addQuestions, addAnswer, addHistory,
-          addRestore, addWidget, addAgent, addOpen,    addTick,   addTour}) {
+    // clang-format off
+    for (const auto add : {
+             addStatus,
+             addPlan, addStart, addEdit, addCancel,
+             addFocus, addPause, addResume, addEnd, addReview, addBreak, addReflect,
+             addAsk, addQuestions, addAnswer,
+             addHistory, addReport, addRestore,
+             addWidget, addBar, addAgent, addOpen,
+             addTick, addTour}) {
+        // clang-format on
         add(line, program);
     }
 }
+
+namespace {
 
 /// Puts a failure where it belongs: a sentence for persons, an object for programs.
 ExitCode report(ExitCode code, std::string_view name, const std::string& message, Program& program)
@@ -49,6 +57,7 @@ std::string_view nameOf(ExitCode code)
         case ExitCode::done: return "done";
         case ExitCode::refused: return "refused";
         case ExitCode::usage: return "usage";
+        case ExitCode::urgent: return "urgent";
         case ExitCode::unusableData: return "unusableData";
         case ExitCode::outOfMemory: return "outOfMemory";
         case ExitCode::fileError: return "fileError";
@@ -62,7 +71,7 @@ ExitCode report(ExitCode code, const std::string& message, Program& program)
     return report(code, nameOf(code), message, program);
 }
 
-/// Done, when the result has arrived.
+/// Done as the command says, when the result has arrived.
 ExitCode finish(Program& program)
 {
     if (!program.environment().out.flush()) {
@@ -70,7 +79,7 @@ ExitCode finish(Program& program)
         return report(ExitCode::fileError,
                       message + (program.isDone() ? "; what was asked has been done." : "."), program);
     }
-    return ExitCode::done;
+    return program.ending;
 }
 
 /// Runs the command and turns what it throws into an end of the program.

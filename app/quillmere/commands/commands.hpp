@@ -16,7 +16,9 @@ namespace quillmere::app {
 void addStatus    (CLI::App& line, Program& program);  // where the work stands
 void addQuestions (CLI::App& line, Program& program);  // what the agent asks
 void addHistory   (CLI::App& line, Program& program);  // the finished blocks
+void addReport    (CLI::App& line, Program& program);  // the look back: figures, charts, exports
 void addWidget    (CLI::App& line, Program& program);  // the summary as a widget shows it
+void addBar       (CLI::App& line, Program& program);  // the same in one line, for a status bar
 void addAgent     (CLI::App& line, Program& program);  // the summary as an agent reads it; serves one
 void addOpen      (CLI::App& line, Program& program);  // the screen that a deep link leads to
 
@@ -47,6 +49,10 @@ void addTick      (CLI::App& line, Program& program);  // evaluateSchedule, eval
 void addTour      (CLI::App& line, Program& program);  // a whole block on a clock of its own
 
 // clang-format on
+
+/// Adds the global options and all commands. Shells complete an option's value by the name of its type
+/// (CLI::Option::type_name): FILE, DIRECTORY, or a choice in braces, {yes,half,no}.
+void addEverything(CLI::App& line, Program& program);
 
 /// Adds one command that does `action`.
 CLI::App* addCommand(CLI::App& line, Program& program, const std::string& name, const std::string& purpose,

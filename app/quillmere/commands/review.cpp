@@ -100,7 +100,8 @@ void addReview(CLI::App& line, Program& program)
     CLI::App* const app =
         addCommand(line, program, "review", "Review the focus session and plan the next one",
                    [command, &program] { review(*command, program); });
-    app->add_option("--completion", command->completion, "Was it completed? yes, half or no")
+    app->add_option("--completion", command->completion, "Was it completed?")
+        ->type_name("{yes,half,no}")
         ->check(wellFormedText());
     command->texts.addTo(*app);
     command->nextPlan.addTo(*app, "next-");

@@ -240,7 +240,8 @@ void addTour(CLI::App& line, Program& program)
     const auto directory = std::make_shared<std::optional<fs::path>>();
     addCommand(line, program, "tour", "Watch a whole block being played through", [directory, &program] {
         tour(*directory, program);
-    })->add_option("directory", *directory, "Where to keep its files (usual: a new one)");
+    })->add_option("directory", *directory, "Where to keep its files (usual: a new one)")
+        ->type_name("DIRECTORY");
 }
 
 }  // namespace quillmere::app

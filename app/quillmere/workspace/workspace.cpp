@@ -100,6 +100,16 @@ std::optional<fs::path> Workspace::widgetDirectory() const
                             : FileManager::standard().containerDirectory(QuillmereAppGroup::identifier);
 }
 
+fs::path Workspace::widgetPlace() const
+{
+    if (std::optional<fs::path> directory = widgetDirectory()) {
+        return *std::move(directory);
+    }
+    // Where FileManager::createContainerDirectory will make it.
+    return FileManager::standard().applicationSupportDirectories().at(0) / "group-containers" /
+           QuillmereAppGroup::identifier;
+}
+
 WidgetSnapshot Workspace::widgetSnapshot(Instant now) const
 {
     const std::optional<fs::path> directory = widgetDirectory();

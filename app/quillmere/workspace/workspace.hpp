@@ -51,6 +51,9 @@ public:
     /// The widget's summary as it was last written, or the empty one.
     WidgetSnapshot widgetSnapshot(Instant now) const;
 
+    /// The directory in which the widget's summary is, or would be once something is saved: to be watched.
+    std::filesystem::path widgetPlace() const;
+
     /// Under the lock: loads and catches up; saves and tells `report` if anything came about. Then
     /// applies `operation`, if there is one, and saves; nothing of it is written when it throws, and no
     /// directory is made. Without one, saves again when a summary is not that of the state, as a run

@@ -1,17 +1,32 @@
 // Loaded into the program before all else: it dies at a chosen step of its save, where it holds the lock.
 //
 // QUILLMERE_TEST_STEP says at which, counted from 1: each fsync and each rename is one, and is not done.
+// Those by which the version before is kept, in the state home, are none.
 #include <dlfcn.h>
 #include <signal.h>
 #include <stdio.h>
 #include <unistd.h>
 
+#include <array>
 #include <cstdlib>
+#include <string>
+#include <string_view>
 
 namespace {
 
-void takeStep()
+std::string pathOf(int descriptor)
 {
+    std::array<char, 4096> path{};
+    const std::string link = "/proc/self/fd/" + std::to_string(descriptor);
+    const ssize_t length = ::readlink(link.c_str(), path.data(), path.size());
+    return {path.data(), length > 0 ? static_cast<std::size_t>(length) : 0};
+}
+
+void takeStep(std::string_view path)
+{
+    if (path.starts_with(std::getenv("XDG_STATE_HOME"))) {
+        return;
+    }
     static int steps = 0;
     if (++steps == std::atoi(std::getenv("QUILLMERE_TEST_STEP"))) {
         ::kill(::getpid(), SIGKILL);
@@ -23,7 +38,7 @@ void takeStep()
 extern "C" int fsync(int descriptor)
 {
     static const auto next = reinterpret_cast<int (*)(int)>(::dlsym(RTLD_NEXT, "fsync"));
-    takeStep();
+    takeStep(pathOf(descriptor));
     return next(descriptor);
 }
 
@@ -31,6 +46,6 @@ extern "C" int rename(const char* from, const char* to) noexcept
 {
     using Rename = int (*)(const char*, const char*);
     static const auto next = reinterpret_cast<Rename>(::dlsym(RTLD_NEXT, "rename"));
-    takeStep();
+    takeStep(to);
     return next(from, to);
 }

@@ -6,6 +6,7 @@
 #include "proofs/support/figures.hpp"
 #include "proofs/system_calls/three_files.hpp"
 #include "proofs/system_calls/traced_faults.hpp"
+#include "workspace/state_home.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -64,6 +65,31 @@ TEST_F(TheProgramWithAFault, saysSoAndLeavesWholeFiles)
         });
     EXPECT_GE(count, 100u);
     reportFigure("A fault at every system call of the program, by strace", "faulted runs", count);
+}
+
+TEST_F(TheProgramWithAFault, makesTheChangeWhenTheVersionBeforeItCannotBeKept)
+{
+    std::size_t count = 0;
+    const auto tracedKeeping = [](const ThreeFiles& files, const std::string& injection) {
+        // By this name a call is known to be about what is kept beside these files.
+        const std::string name = app::keptBeside(files.directory(), "/").filename();
+        return traced(files.directory(), ThreeFiles::asking(), name, injection);
+    };
+    const std::vector<TracedCall> calls = tracedKeeping(ThreeFiles(Before::earlierFile), "").calls;
+    for (const TracedCall& call : calls) {
+        for (const int error : errorsToTry(call)) {
+            const ThreeFiles files(Before::earlierFile);
+            const std::string injection = injectionOf(call, error, false);
+            SCOPED_TRACE(injection + "   " + call.text);
+            const TracedRun run = tracedKeeping(files, injection);
+            EXPECT_EQ(run.code, 0);
+            EXPECT_EQ(files.versions(), std::vector(3, Version::newer));
+            ++count;
+        }
+    }
+    EXPECT_GE(count, 10u);
+    reportFigure("A fault at every system call of the program, by strace",
+                 "faults at keeping the version before", count);
 }
 
 TEST_F(TheProgramWithAFault, givesUpWhenTheLockIsNeverFree)

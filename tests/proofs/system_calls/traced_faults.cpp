@@ -72,7 +72,21 @@ bool Undisturbed::isAbsorbed(std::size_t index, int error) const
     const bool goesOn = error == EINTR && isContinued(*kind);
     // Who may add a name to a directory need not be allowed to open it.
     const bool mayNotOpen = error == EACCES && *kind == SystemCall::open && holdsNewDirectory(index);
-    return saysItAnyway || isClosed || goesOn || mayNotOpen || *kind == SystemCall::unlink;
+    return saysItAnyway || isClosed || goesOn || mayNotOpen || *kind == SystemCall::unlink ||
+           keepsVersion(index);
+}
+
+bool Undisturbed::keepsVersion(std::size_t index) const
+{
+    const auto concernsState = [](const TracedCall& call) {
+        return callOf(call) != SystemCall::rename && (call.text.find("/state.json>") != std::string::npos ||
+                                                      call.text.find("/state.json\"") != std::string::npos);
+    };
+    // It begins with a look whether there is one, which is the last of them.
+    const bool hasBegun = std::none_of(
+        calls_.begin() + static_cast<std::ptrdiff_t>(index) + 1, calls_.end(),
+        [&](const TracedCall& later) { return callOf(later) == SystemCall::lstat && concernsState(later); });
+    return hasBegun && concernsState(calls_[index]);
 }
 
 bool Undisturbed::holdsNewDirectory(std::size_t index) const

@@ -31,6 +31,8 @@ public:
 
 private:
     bool isAbsorbed(std::size_t index, int error) const;
+    /// Whether the call is for the version that is kept: when it was loaded, the state is read once more.
+    bool keepsVersion(std::size_t index) const;
     /// Whether the call is about the parent of a directory that was made before.
     bool holdsNewDirectory(std::size_t index) const;
     std::size_t renamesBefore(std::size_t index) const;

@@ -91,6 +91,9 @@ TracedRun traced(const std::filesystem::path& directory, const std::vector<std::
                  const std::filesystem::path& concerned, const std::string& injection)
 {
     const TemporaryDirectory place;
+    // Another one for every run, so that all make the same calls.
+    const TemporaryDirectory stateHome;
+    const EnvironmentVariable variable("XDG_STATE_HOME", stateHome.path().string());
     const std::filesystem::path log = place.path() / "log";
     std::vector<std::string> words = {"strace", "-f", "-y", "-o", log.string(), "-e", tracedNames};
     if (!injection.empty()) {

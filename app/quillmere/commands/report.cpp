@@ -1,0 +1,166 @@
+// Looks back on the finished sessions: charts in the terminal, a page, exports.
+#include "commands/commands.hpp"
+#include "exit_code.hpp"
+#include "lookback/calendar_file.hpp"
+#include "lookback/csv.hpp"
+#include "lookback/export_file.hpp"
+#include "lookback/html_page.hpp"
+#include "lookback/json_report.hpp"
+#include "lookback/statistics.hpp"
+#include "lookback/terminal_report.hpp"
+#include "text/inert.hpp"
+
+#include <quillmere/widget/app_group.hpp>
+
+#include <array>
+#include <memory>
+#include <ostream>
+
+namespace quillmere::app {
+namespace {
+
+using lookback::Day;
+using lookback::LookBack;
+
+/// A form of the look back that goes into a file.
+struct Export {
+    const char* option;
+    const char* help;
+    std::string_view name;
+    std::string (*text)(const LookBack&);
+};
+
+constexpr auto exports = std::to_array<Export>({
+    {"--html", "Make a page for a browser", "page", lookback::htmlPage},
+    {"--csv", "Make a table of the sessions for spreadsheets", "table", lookback::csvOf},
+    {"--ics", "Make a calendar of the sessions", "calendar", lookback::calendarOf},
+});
+
+constexpr std::string_view standardOutput = "-";
+
+struct ReportOptions {
+    std::optional<std::string> since;
+    std::optional<std::string> until;
+    std::array<std::optional<std::string>, exports.size()> files;  ///< one an export
+};
+
+std::optional<Day> dayOption(const char* option, const std::optional<std::string>& text, Day today)
+{
+    if (!text) {
+        return std::nullopt;
+    }
+    const std::optional<Day> day = lookback::dayFromText(*text, today);
+    if (!day) {
+        throw ProgramError(ExitCode::usage,
+                           option + (": is no day such as 2026-11-15, today or 30d: " + *text));
+    }
+    return day;
+}
+
+lookback::Range rangeOf(const ReportOptions& options, Day today)
+{
+    const lookback::Range range{.since = dayOption("--since", options.since, today),
+                                .until = dayOption("--until", options.until, today)};
+    if (range.since && range.until && *range.since > *range.until) {
+        throw ProgramError(ExitCode::usage, "--since: is later than --until");
+    }
+    return range;
+}
+
+/// What is kept must not be replaced by what is made from it.
+void requireOutside(const std::string& file, const std::filesystem::path& directory)
+{
+    if (lookback::liesIn(file, directory)) {
+        throw ProgramError(ExitCode::usage,
+                           file + " lies where Quillmere keeps its own files; choose another place.");
+    }
+}
+
+void requireGoodPlaces(const ReportOptions& options, Program& program)
+{
+    int printed = program.settings().json ? 1 : 0;
+    const auto shared = FileManager::standard().containerDirectory(QuillmereAppGroup::identifier);
+    for (const std::optional<std::string>& file : options.files) {
+        if (file == standardOutput) {
+            ++printed;
+        } else if (file) {
+            requireOutside(*file, program.workspace().directory());
+            requireOutside(*file, shared.value_or(program.workspace().directory()));
+        }
+    }
+    if (printed > 1) {
+        throw ProgramError(ExitCode::usage, "Only one thing at a time goes to standard output.");
+    }
+}
+
+/// Prints a file. A terminal gets it line by line, so that it cannot be told anything.
+void printExport(const std::string& text, Program& program)
+{
+    std::ostream& out = program.environment().out;
+    if (!program.environment().outputIsTerminal) {
+        out << text;
+        return;
+    }
+    for (std::size_t begin = 0; begin < text.size();) {
+        const std::size_t end = std::min(text.find('\n', begin), text.size());
+        const std::string_view line = std::string_view(text).substr(begin, end - begin);
+        out << inert(line.ends_with('\r') ? line.substr(0, line.size() - 1) : line) << '\n';
+        begin = end + 1;
+    }
+}
+
+void makeExport(const Export& form, const std::string& file, const LookBack& look, Program& program)
+{
+    const std::string text = form.text(look);
+    if (file == standardOutput) {
+        printExport(text, program);
+        return;
+    }
+    lookback::replaceFile(file, text);
+    if (!program.settings().json) {
+        program.environment().out << "The " << form.name << " is in " << inert(file) << ".\n";
+    }
+}
+
+void showReport(const ReportOptions& options, Program& program)
+{
+    requireGoodPlaces(options, program);
+    const Situation situation = program.workspace().look();
+    const Day today = lookback::LocalCalendar::dayOf(situation.now);
+    const LookBack look = lookback::statistics(situation.state, rangeOf(options, today), today);
+    bool isExported = false;
+    for (std::size_t index = 0; index < exports.size(); ++index) {
+        if (const std::optional<std::string>& file = options.files[index]) {
+            makeExport(exports[index], *file, look, program);
+            isExported = true;
+        }
+    }
+    if (program.settings().json) {
+        program.print(lookback::lookBackJson(look));
+    } else if (!isExported) {
+        program.environment().out << lookback::terminalReport(
+            look, lookback::terminalPage(program.style(), program.environment().outputIsTerminal));
+    }
+}
+
+}  // namespace
+
+void addReport(CLI::App& line, Program& program)
+{
+    const auto options = std::make_shared<ReportOptions>();
+    CLI::App* const command =
+        addCommand(line, program, "report", "Look back: focus time, completion, streaks",
+                   [options, &program] { showReport(*options, program); });
+    command->add_option("--since", options->since,
+                        "The first day: 2026-11-15, today, or 30d for 30 days ago");
+    command->add_option("--until", options->until, "The last day");
+    for (std::size_t index = 0; index < exports.size(); ++index) {
+        command
+            ->add_option(exports[index].option, options->files[index],
+                         std::string(exports[index].help) + "; - is standard output")
+            ->type_name("FILE")
+            ->check([](const std::string& file) { return std::string(file.empty() ? "is empty" : ""); });
+    }
+}
+
+}  // namespace quillmere::app

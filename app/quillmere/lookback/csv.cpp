@@ -1,0 +1,115 @@
+#include "lookback/csv.hpp"
+
+#include "lookback/export_text.hpp"
+#include "lookback/words.hpp"
+
+#include <quillmere/records/checked_arithmetic.hpp>
+
+#include <algorithm>
+#include <array>
+
+namespace quillmere::app::lookback {
+namespace {
+
+constexpr std::string_view lineEnd = "\r\n";
+
+/// What a formula may begin with.
+constexpr auto formulaStarts = std::to_array<std::string_view>(
+    {"=", "+", "-", "@", "\t", "\r", "\n", "\uFF1D", "\uFF0B", "\uFF0D", "\uFF20"});
+
+std::string numberCell(std::int64_t number) { return std::to_string(number); }
+
+std::string secondsCell(const std::optional<SessionTime>& time, double SessionTime::*member)
+{
+    return time ? numberCell(wholeSeconds(*time.*member)) : "";
+}
+
+std::string reviewCell(const EndedSession& ended, std::string SessionReview::*member)
+{
+    const auto& review = ended.session->review;
+    return csvText(review ? *review.*member : "");
+}
+
+std::string blockOutcome(const EndedSession& ended)
+{
+    const auto& wanted = ended.session->plan.blockOutcomeID;
+    for (const Outcome& outcome : ended.block->outcomes) {
+        if (wanted && outcome.id == *wanted) {
+            return outcome.title;
+        }
+    }
+    return {};
+}
+
+struct CsvColumn {
+    std::string_view name;
+    std::string (*cell)(const EndedSession&);
+};
+
+constexpr auto csvColumns = std::to_array<CsvColumn>({
+    {"session_id", [](const EndedSession& ended) { return ended.session->id.text(); }},
+    {"block_id", [](const EndedSession& ended) { return ended.block->id.text(); }},
+    {"number", [](const EndedSession& ended) { return numberCell(ended.session->number); }},
+    {"day", [](const EndedSession& ended) { return labelOf(Unit::day, ended.day); }},
+    {"started_at", [](const EndedSession& ended) { return utcText(ended.session->startedAt); }},
+    {"ended_at", [](const EndedSession& ended) { return utcText(*ended.session->endedAt); }},
+    {"planned_seconds",
+     [](const EndedSession& ended) {
+         return numberCell(wholeSeconds(ended.session->plannedDurationSeconds));
+     }},
+    {"worked_seconds",
+     [](const EndedSession& ended) { return secondsCell(ended.time, &SessionTime::workedSeconds); }},
+    {"paused_seconds",
+     [](const EndedSession& ended) { return secondsCell(ended.time, &SessionTime::pausedSeconds); }},
+    {"energy", [](const EndedSession& ended) { return numberCell(ended.session->plan.energy); }},
+    {"morale", [](const EndedSession& ended) { return numberCell(ended.session->plan.morale); }},
+    {"completion",
+     [](const EndedSession& ended) {
+         const auto& review = ended.session->review;
+         return review ? completionText(review->completion) : "";
+     }},
+    {"block_outcome", [](const EndedSession& ended) { return csvText(blockOutcome(ended)); }},
+    {"intended_outcome",
+     [](const EndedSession& ended) { return csvText(ended.session->plan.intendedOutcome); }},
+    {"first_action", [](const EndedSession& ended) { return csvText(ended.session->plan.firstAction); }},
+    {"result", [](const EndedSession& ended) { return reviewCell(ended, &SessionReview::noteworthyResult); }},
+    {"distractions",
+     [](const EndedSession& ended) { return reviewCell(ended, &SessionReview::distractions); }},
+    {"improvement", [](const EndedSession& ended) { return reviewCell(ended, &SessionReview::improvement); }},
+});
+
+/// A line of what `cell` makes of each column.
+template <class Cell>
+void addCsvLine(std::string& text, Cell cell)
+{
+    for (const CsvColumn& column : csvColumns) {
+        text += (&column == csvColumns.data() ? "" : ",");
+        text += cell(column);
+    }
+    text += lineEnd;
+}
+
+}  // namespace
+
+std::string csvText(std::string_view text)
+{
+    const bool mayBeFormula = std::any_of(formulaStarts.begin(), formulaStarts.end(),
+                                          [text](std::string_view start) { return text.starts_with(start); });
+    std::string cell = mayBeFormula ? "\"'" : "\"";
+    for (const char character : withoutControls(text)) {
+        cell.append(character == '"' ? 2 : 1, character);
+    }
+    return cell + '"';
+}
+
+std::string csvOf(const LookBack& look)
+{
+    std::string text;
+    addCsvLine(text, [](const CsvColumn& column) { return std::string(column.name); });
+    for (const EndedSession& ended : look.sessions) {
+        addCsvLine(text, [&](const CsvColumn& column) { return column.cell(ended); });
+    }
+    return text;
+}
+
+}  // namespace quillmere::app::lookback

@@ -1,0 +1,20 @@
+// The sessions as a table for spreadsheets (RFC 4180).
+#pragma once
+
+#include "lookback/look_back.hpp"
+
+#include <string>
+#include <string_view>
+
+namespace quillmere::app::lookback {
+
+/// One line a session, in order of starting, under a line of names. Times are UTC, `day` is the person's;
+/// durations are whole seconds, rounded down, and empty where they are not known. Lines end with CR LF.
+std::string csvOf(const LookBack& look);
+
+/// A text of a person as a cell, always in quotes. One that a spreadsheet would calculate, because it begins
+/// with =, +, -, @ (also in full width), a tab or a line end, gets an apostrophe in front, which
+/// spreadsheets take for "this is text". Control characters other than tabs and line ends become U+FFFD.
+std::string csvText(std::string_view text);
+
+}  // namespace quillmere::app::lookback

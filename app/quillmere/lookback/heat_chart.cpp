@@ -1,0 +1,56 @@
+// The days of a year as squares, a column a week.
+#include "lookback/charts.hpp"
+#include "lookback/drawing.hpp"
+#include "lookback/markup.hpp"
+#include "lookback/words.hpp"
+
+namespace quillmere::app::lookback {
+
+std::string heatChart(const LookBack& look, const HeatMap& map, std::size_t first, std::size_t count,
+                      const std::string& label)
+{
+    constexpr double left = 30;
+    constexpr double top = 18;
+    constexpr double step = 13.6;
+    constexpr double size = 11.6;
+    constexpr std::size_t monthRoom = 2;  ///< weeks that the name of a month takes
+    std::string markup;
+    std::size_t free = 0;
+    for (std::size_t index = 0; index < count; ++index) {
+        const Day monday = map.firstMonday + std::chrono::weeks(first + index);
+        const double x = left + static_cast<double>(index) * step;
+        const Day month = firstOf(Unit::month, monday + std::chrono::days(6));
+        if (month >= monday && index >= free && index + monthRoom <= count) {
+            markup += caption(x, top - 7, "start", shortLabelOf(Unit::month, month));
+            free = index + monthRoom;
+        }
+        for (int weekday = 0; weekday < 7; ++weekday) {
+            const Day day = monday + std::chrono::days(weekday);
+            const double focus = focusOn(look, day);
+            if (const std::optional<int> level = map.levelOf(day, focus)) {
+                markup += rectangle(
+                    {x, top + weekday * step, size, size}, "heat" + std::to_string(*level),
+                    std::string(weekdayText(day)) + " " + labelOf(Unit::day, day) + ": " + focusText(focus));
+            }
+        }
+    }
+    for (const int weekday : {0, 2, 4, 6}) {
+        markup += caption(left - 6, top + weekday * step + 10, "end",
+                          std::string(weekdayText(map.firstMonday + std::chrono::days(weekday))));
+    }
+    return drawing(left + static_cast<double>(count) * step, top + 7 * step, label, markup);
+}
+
+std::string keyOf(const std::vector<KeyEntry>& entries)
+{
+    std::string markup;
+    for (const KeyEntry& entry : entries) {
+        markup +=
+            element("span", {{"class", "key"}},
+                    element("span", {{"class", "swatch " + entry.colourClass}, {"aria-hidden", "true"}}) +
+                        escaped(entry.text));
+    }
+    return element("p", {{"class", "keys"}}, markup);
+}
+
+}  // namespace quillmere::app::lookback

@@ -1,0 +1,155 @@
+// What a run of `quillmere bar` takes of the processor, with little and with much history, beside other
+// programs that say what is running: quillmere_bar_time PROGRAM [OTHER ARGUMENT…].
+//
+// All take turns, each run is a process of its own, and the kernel tells what it took (getrusage(2)): the
+// start of a program, most of which is the dynamic linker's and the kernel's, is the greater part.
+#include "generated_state.hpp"
+
+#include <quillmere/store/state_store.hpp>
+#include <quillmere/widget/widget_snapshot_store.hpp>
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <stdlib.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <system_error>
+#include <vector>
+
+extern char** environ;  // NOLINT(readability-redundant-declaration): not everywhere declared
+
+namespace quillmere::bench {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int rounds = 200;
+constexpr std::size_t muchHistory = 10'000;
+
+/// A command line, and the milliseconds that each of its runs took.
+struct Command {
+    std::string name;
+    std::vector<std::string> words;
+    std::vector<double> times;
+};
+
+/// A directory for as long as the measurement lasts.
+class Place {
+public:
+    Place()
+    {
+        std::string path = fs::temp_directory_path() / "quillmere-bar-time-XXXXXX";
+        if (!::mkdtemp(path.data())) {
+            throw std::system_error(errno, std::generic_category(), "mkdtemp");
+        }
+        path_ = path;
+    }
+    Place(const Place&) = delete;
+    Place& operator=(const Place&) = delete;
+    ~Place() { fs::remove_all(path_); }
+
+    const fs::path& path() const { return path_; }
+
+private:
+    fs::path path_;
+};
+
+double milliseconds(const timeval& time)
+{
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
+}
+
+/// Runs a command to its end and returns what it took, in user and in system mode.
+double timeOfRun(std::vector<std::string> words)
+{
+    std::vector<char*> pointers;
+    for (std::string& word : words) {
+        pointers.push_back(word.data());
+    }
+    pointers.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    ::posix_spawn_file_actions_init(&actions);
+    ::posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    pid_t process = -1;
+    const int error = ::posix_spawnp(&process, pointers.front(), &actions, nullptr, pointers.data(), environ);
+    ::posix_spawn_file_actions_destroy(&actions);
+    if (error != 0) {
+        throw std::system_error(error, std::generic_category(), words.front());
+    }
+    int status = 0;
+    rusage usage{};
+    ::wait4(process, &status, 0, &usage);
+    if (status != 0) {
+        throw std::runtime_error(words.front() + " has failed");
+    }
+    return milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
+}
+
+void saveHistory(const fs::path& directory)
+{
+    fs::create_directory(directory);
+    const QuillmereState state = generatedState(muchHistory);
+    StateStore(directory, StateStore::renameReplacing).save(state);
+    WidgetSnapshotStore(directory).save(WidgetSnapshot::make(state, state.updatedAt));
+    std::printf("%zu finished blocks: state.json has %.0f MB\n\n", muchHistory,
+                static_cast<double>(fs::file_size(directory / "state.json")) / 1e6);
+}
+
+void print(Command& command)
+{
+    std::sort(command.times.begin(), command.times.end());
+    std::printf("%-28s %8.2f %8.2f %8.2f\n", command.name.c_str(), command.times.front(),
+                command.times[command.times.size() / 2], command.times.back());
+}
+
+void run(const std::string& program, const std::vector<std::string>& other)
+{
+    const Place place;
+    const fs::path empty = place.path() / "empty";
+    const fs::path full = place.path() / "full";
+    fs::create_directory(empty);
+    saveHistory(full);
+    const auto bar = [&](const fs::path& directory) -> std::vector<std::string> {
+        return {program, "--directory", directory.string(), "bar", "--format", "waybar"};
+    };
+    std::vector<Command> commands = {{"quillmere bar, no history", bar(empty), {}},
+                                     {"quillmere bar, much history", bar(full), {}}};
+    if (!other.empty()) {
+        commands.push_back({other.front(), other, {}});
+    }
+    for (int round = 0; round < rounds; ++round) {
+        for (Command& command : commands) {
+            command.times.push_back(timeOfRun(command.words));
+        }
+    }
+    std::printf("%-28s %8s %8s %8s   ms of processor time, %d runs each\n", "", "best", "median", "worst",
+                rounds);
+    for (Command& command : commands) {
+        print(command);
+    }
+}
+
+}  // namespace
+}  // namespace quillmere::bench
+
+int main(int count, char** arguments)
+{
+    if (count < 2) {
+        std::fputs("usage: quillmere_bar_time PROGRAM [OTHER ARGUMENT...]\n", stderr);
+        return 2;
+    }
+    try {
+        quillmere::bench::run(arguments[1], {arguments + 2, arguments + count});
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return 1;
+    }
+}

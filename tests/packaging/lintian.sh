@@ -1,0 +1,8 @@
+#!/bin/sh
+# Debian's checker has no error and no warning to tell. lintian.sh WORK
+set -eu
+. "$(dirname "$0")/needs.sh"
+needs lintian
+as_root=
+[ "$(id -u)" != 0 ] || as_root=--allow-root
+lintian $as_root --fail-on error,warning "$1"/packages/*.deb

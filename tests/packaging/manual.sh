@@ -1,0 +1,76 @@
+#!/bin/sh
+# The manual is well-formed, and has every command, option, exit code, file and environment variable.
+# manual.sh SOURCE PREFIX
+set -eu
+here=$(dirname "$0")
+. "$here/needs.sh"
+. "$here/help.sh"
+needs man mandoc
+source=$1
+pages=$2/share/man
+program=$2/bin/quillmere
+status=0
+complain() { echo "$*"; status=1; }
+
+for page in "$pages"/man*/*.gz; do
+    mandoc -T lint -W warning "$page" || complain "$page: mandoc is not content"
+    said=$(LC_ALL=C.UTF-8 MANROFFSEQ='' man --warnings -l "$page" 2>&1 >/dev/null)
+    [ -z "$said" ] || complain "$page: $said"
+done
+
+# Without the overstrikes for bold and underlined letters, and with no line broken.
+text=$(mandoc -T ascii -O width=1000 "$pages/man1/quillmere.1.gz" | sed 's/.\x08//g')
+
+# section HEADING: what stands under a heading of the page.
+section() { echo "$text" | awk -v heading="$1" '$0 == heading {on = 1; next} /^[^ ]/ {on = 0} on'; }
+
+# item COMMAND: what stands under one command.
+item()
+{
+    section COMMANDS | awk -v command="$1" '
+        /^     [^ ]/ {line = substr($0, 6) " "; on = index(line, command " ") == 1} on'
+}
+
+expect_options()
+{
+    for option in $(options "$1"); do
+        case $1:$option in
+            ?*:-h | ?*:--help) ;; # said once, of all commands
+            *) echo "$2" | grep -qE -- "(^ +|, )$option(,| |\$)" || complain "$1 $option is not in the manual" ;;
+        esac
+    done
+}
+
+expect_options "" "$(section OPTIONS)"
+count=0
+for command in $(commands_below "" | tr ' ' '+'); do
+    command=$(echo "$command" | tr '+' ' ')
+    found=$(item "$command")
+    [ -n "$found" ] || complain "$command is not in the manual"
+    expect_options "$command" "$found"
+    count=$((count + 1))
+done
+[ "$count" -ge 20 ] || complain "only $count commands were found in the help"
+
+# squeezed: text whose lines and gaps are of no account.
+squeezed() { tr -s ' \n' '  '; }
+
+# Two documents, one meaning.
+codes=$(section "EXIT STATUS" | squeezed)
+rows=$(sed -nE 's/^\| ([0-9]+) \| (.*) \|$/\1 \2/p' "$source/README.md")
+[ -n "$rows" ] || complain "README.md has no exit codes"
+echo "$rows" | while read -r row; do
+    case $codes in *" $row "*) ;; *) echo "an exit code as README.md has it: $row"; exit 1 ;; esac
+done || complain "is not in the manual"
+
+for file in $(sed -nE 's/^\| `([a-z-]+\.json)` \|.*/\1/p' "$source/README.md"); do
+    section FILES | grep -qF "/$file" || complain "$file is not in the manual"
+done
+
+for variable in $(grep -rhoE '"[A-Z][A-Z_]*[A-Z]"' "$source/app" --include='*.cpp' | tr -d '"' | sort -u); do
+    case $variable in
+        DIRECTORY | FILE | INT | UINT) ;; # types of options
+        *) section ENVIRONMENT | grep -qE "^     $variable( |\$)" || complain "$variable is not in the manual" ;;
+    esac
+done
+exit $status

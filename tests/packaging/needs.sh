@@ -1,0 +1,7 @@
+# Sourced: needs TOOL…: ends the test, saying so, where a tool is missing.
+needs()
+{
+    for tool in "$@"; do
+        command -v "$tool" >/dev/null || { echo "skipped: $tool is not installed (script/bootstrap test)"; exit 77; }
+    done
+}

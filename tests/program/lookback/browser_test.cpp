@@ -1,0 +1,111 @@
+// The page in a real browser.
+#include "lookback/html_page.hpp"
+
+#include "generated_year.hpp"
+#include "lookback_testing.hpp"
+
+namespace quillmere::test {
+namespace {
+
+using app::lookback::htmlPage;
+using app::lookback::statistics;
+
+/// What the browser makes of a file: the document as it stands, or, when something went wrong in it, what
+/// its console says.
+std::string rendered(const std::filesystem::path& file, const std::string& flags)
+{
+    const TemporaryDirectory profile;
+    const std::string messages = (profile.path() / "messages").string();
+    const std::string document = outputOf(
+        "chromium --headless --no-sandbox --disable-gpu --disable-quic --no-first-run "
+        "--disable-background-networking --disable-component-update --disable-sync --enable-logging=stderr "
+        "--hide-scrollbars --user-data-dir=" +
+        profile.path().string() + " " + flags + " --dump-dom file://" + file.string() + " 2>" + messages);
+    const std::string said = textOf(messages);
+    const std::size_t place = said.find("CONSOLE");
+    return place == std::string::npos ? document : said.substr(place);
+}
+
+struct View {
+    const char* name;
+    int width;
+    int scheme;  ///< that of the system: 0 is dark, 1 is light
+    const char* background;
+};
+
+constexpr View views[] = {
+    {"desktop, light", 1200, 1, "rgb(250, 249, 246)"},
+    {"desktop, dark", 1200, 0, "rgb(23, 22, 20)"},
+    {"phone, light", 390, 1, "rgb(250, 249, 246)"},
+    {"small phone, dark", 320, 0, "rgb(23, 22, 20)"},
+};
+
+/// A page around the page that measures it; the page itself lets nobody run anything in it.
+constexpr const char* measuring =
+    "<!DOCTYPE html><html><body style=\"margin:0\"><p id=\"said\"></p><iframe id=\"page\" src=\"page.html\" "
+    "style=\"border:0;width:WIDTHpx;height:2000px\"></iframe><script>\n"
+    "document.getElementById('page').addEventListener('load', event => {\n"
+    "  const page = event.target.contentDocument;\n"
+    "  const wide = [...page.querySelectorAll('main *')].filter(\n"
+    "      part => part.getBoundingClientRect().right > page.documentElement.clientWidth + 1 &&\n"
+    "              !part.closest('.scroll, .sessions thead')).map(part => part.outerHTML.slice(0, 80));\n"
+    "  document.getElementById('said').textContent = 'width ' + page.documentElement.clientWidth +\n"
+    "      ', content ' + page.documentElement.scrollWidth + ', too wide: [' + wide.join(' ') + '], paper ' "
+    "+\n"
+    "      page.defaultView.getComputedStyle(page.body).backgroundColor + ', charts ' +\n"
+    "      [...page.querySelectorAll('svg')].filter(chart => chart.getBoundingClientRect().height > "
+    "60).length;\n"
+    "});\n"
+    "</script></body></html>\n";
+
+TEST(Browser, rendersThePageWithoutAComplaint)
+{
+    const TimeZone here("UTC");
+    const TemporaryDirectory directory;
+    const auto file = directory.path() / "page.html";
+    const QuillmereState state = generatedYear(moment);
+    const LookBack look = statistics(state, {}, day("2026-11-15"));
+    writeText(file, htmlPage(look));
+    const std::string document = rendered(file, "");
+    EXPECT_NE(document.find("<h1>Look back</h1>"), std::string::npos) << document.substr(0, 500);
+    EXPECT_NE(document.find("sessions on " + std::to_string(look.focusDays) + " days</dd>"),
+              std::string::npos);
+    EXPECT_NE(document.find("</html>"), std::string::npos);
+}
+
+TEST(Browser, complainsAboutWhatAPageMayNotDo)
+{
+    // So that the silence about ours means something.
+    const TemporaryDirectory directory;
+    const auto file = directory.path() / "page.html";
+    const QuillmereState state = QuillmereState::initial(moment);
+    writeText(file,
+              replaced(htmlPage(statistics(state, {}, Day())), "</body>", "<script>a()</script></body>"));
+    EXPECT_NE(rendered(file, "").find("Content Security Policy"), std::string::npos);
+}
+
+TEST(Browser, showsThePageOnEveryScreenInTheColoursOfTheSystem)
+{
+    const TemporaryDirectory directory;
+    QuillmereState state = generatedYear(moment);
+    state.blockHistory.front().sessions.front().plan.intendedOutcome = hostileText;
+    state.blockHistory.front().sessions.front().review->noteworthyResult = std::string(400, 'w');
+    writeText(directory.path() / "page.html", htmlPage(statistics(state, {}, day("2026-11-15"))));
+    for (const View& view : views) {
+        SCOPED_TRACE(view.name);
+        const std::string width = std::to_string(view.width);
+        writeText(directory.path() / "around.html", replaced(measuring, "WIDTH", width));
+        const std::string document =
+            rendered(directory.path() / "around.html",
+                     "--window-size=1300,900 --disable-web-security --allow-file-access-from-files "
+                     "--blink-settings=preferredColorScheme=" +
+                         std::to_string(view.scheme));
+        EXPECT_NE(document.find("width " + width + ", content " + width + ", too wide: [], paper " +
+                                view.background + ", charts 9<"),
+                  std::string::npos)
+            << document;
+    }
+}
+
+}  // namespace
+}  // namespace quillmere::test
