@@ -5,6 +5,7 @@
 #include "agent/protocol/serve.hpp"
 #include "agent/summary.hpp"
 #include "agent/tools.hpp"
+#include "bar/ending_signals.hpp"
 #include "version.hpp"
 
 namespace quillmere::app::agent {
@@ -59,6 +60,10 @@ std::vector<protocol::Resource> resources(const Workspace& workspace)
 
 void serve(const Workspace& workspace, int in, int out)
 {
+    if (!protocol::isOpen(in) || !protocol::isOpen(out)) {
+        return;
+    }
+    const EndingSignals ending;
     AnswerWatch watch(workspace.directory());
     protocol::Server server({.name = "quillmere",
                              .title = "Quillmere",
@@ -66,7 +71,7 @@ void serve(const Workspace& workspace, int in, int out)
                              .instructions = instructions,
                              .tools = tools(workspace, watch),
                              .resources = resources(workspace)});
-    protocol::serve(server, watch, in, out);
+    protocol::serve(server, watch, {.in = in, .out = out, .ending = ending.descriptor()});
 }
 
 }  // namespace quillmere::app::agent

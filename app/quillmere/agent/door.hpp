@@ -5,8 +5,9 @@
 
 namespace quillmere::app::agent {
 
-/// Speaks the Model Context Protocol over two descriptors until the client goes (`protocol::serve`). Nothing
-/// else may use them meanwhile.
+/// Speaks the Model Context Protocol over two descriptors until the client goes (`protocol::serve`), or
+/// SIGTERM or SIGINT comes; at once ends with nothing said where one of them is closed. Nothing else may use
+/// them meanwhile.
 void serve(const Workspace& workspace, int in, int out);
 
 }  // namespace quillmere::app::agent

@@ -69,15 +69,15 @@ protected:
             person.directory(), [this] { return person.now; }, person.stateHome());
     }
 
-    const std::vector<Tool>& all() const { return tools_; }
-
-private:
     const Tool& named(const std::string& name) const
     {
         return *std::find_if(tools_.begin(), tools_.end(),
                              [&](const Tool& tool) { return tool.name == name; });
     }
 
+    const std::vector<Tool>& all() const { return tools_; }
+
+private:
     app::agent::AnswerWatch watch_{person.directory()};
     std::vector<Tool> tools_ = app::agent::tools(workspace(), watch_);
 };
@@ -112,6 +112,33 @@ TEST_F(Tools, changeNothingButByAsking)
     valueOf("wait_for_answer", {{"id", id}, {"timeout_seconds", 0}});
     valueOf("list_questions");
     EXPECT_EQ(pictureOf(person.directory()), before);
+}
+
+const struct {
+    const char* tool;
+    const char* arguments;
+} unfitting[] = {
+    {"get_focus_state", R"({"of": "me"})"},
+    {"ask_question", "{}"},
+    {"ask_question", R"({"question": 5})"},
+    {"ask_question", R"({"question": null})"},
+    {"ask_question", R"({"question": "Why?", "urgent": true})"},
+    {"get_answer", "{}"},
+    {"get_answer", R"({"id": 1})"},
+    {"wait_for_answer", R"({"timeout_seconds": 5})"},
+    {"wait_for_answer", R"({"id": "", "timeout_seconds": -1})"},
+    {"wait_for_answer", R"({"id": "", "timeout_seconds": 601})"},
+    {"wait_for_answer", R"({"id": "", "timeout_seconds": "5"})"},
+    {"list_questions", R"({"open_only": 1})"},
+    {"list_questions", R"({"open_only": null})"},
+};
+
+TEST_F(Tools, takeNoArgumentsThatDoNotFit)
+{
+    for (const auto& [tool, arguments] : unfitting) {
+        EXPECT_NE(app::protocol::misfitOf(Json::parse(arguments), named(tool).inputSchema), "")
+            << tool << arguments;
+    }
 }
 
 TEST_F(Tools, needNoFiles)

@@ -4,56 +4,32 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <sys/signalfd.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
-#include <csignal>
 #include <limits>
 #include <system_error>
 
 namespace quillmere::app::protocol {
 namespace {
 
-bool isOpen(int descriptor) { return ::fcntl(descriptor, F_GETFD) != -1; }
-
-/// Readable when this process is to end.
-int descriptorOfEndingSignals()
-{
-    // A reader that went away is an error of write(2) here, and no end without a word.
-    ::signal(SIGPIPE, SIG_IGN);
-    sigset_t ending;
-    ::sigemptyset(&ending);
-    ::sigaddset(&ending, SIGTERM);
-    ::sigaddset(&ending, SIGINT);
-    ::sigprocmask(SIG_BLOCK, &ending, nullptr);
-    const int descriptor = ::signalfd(-1, &ending, SFD_CLOEXEC | SFD_NONBLOCK);
-    if (descriptor == -1) {
-        throw std::system_error(errno, std::generic_category(), "signalfd");
-    }
-    return descriptor;
-}
-
 bool mayGoOn(int error) { return error == EINTR || error == EAGAIN; }
 
 class Connection {
 public:
-    Connection(Server& server, Changes& changes, int in, int out)
+    Connection(Server& server, Changes& changes, const Channels& channels)
         : server_(server),
           changes_(changes),
-          in_(in),
-          out_(out),
-          signals_(descriptorOfEndingSignals()),
+          channels_(channels),
           reader_(longestLine, {.line = [this](auto line) { server_.receive(line, now()); },
                                 .tooLong = [this] { server_.refuseLongLine(); }})
     {
     }
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
-    ~Connection() { ::close(signals_); }
 
     /// Waits until there is something to do, and does it; false when that was the end.
     bool step();
@@ -68,9 +44,7 @@ private:
 
     Server& server_;
     Changes& changes_;
-    int in_;
-    int out_;
-    int signals_;
+    Channels channels_;
     LineReader reader_;
     std::string output_;
     std::size_t sent_ = 0;  ///< of the output
@@ -82,18 +56,18 @@ bool Connection::step()
     if (hasEnded_ && !isSending()) {
         return false;
     }
-    enum { signals, input, output, changes };
+    enum { ending, input, output, changes };
     std::array<pollfd, 4> watched = {{
-        {signals_, POLLIN, 0},
+        {channels_.ending, POLLIN, 0},
         // A client that does not read is not heard, so that what waits for it does not grow.
-        {hasEnded_ || isSending() ? -1 : in_, POLLIN, 0},
-        {out_, static_cast<short>(isSending() ? POLLOUT : 0), 0},
+        {hasEnded_ || isSending() ? -1 : channels_.in, POLLIN, 0},
+        {channels_.out, static_cast<short>(isSending() ? POLLOUT : 0), 0},
         {changes_.descriptor(), POLLIN, 0},
     }};
     if (::poll(watched.data(), watched.size(), millisecondsToWait()) == -1 && !mayGoOn(errno)) {
         throw std::system_error(errno, std::generic_category(), "poll");
     }
-    if (watched[signals].revents != 0 || (watched[output].revents & ~POLLOUT) != 0) {
+    if (watched[ending].revents != 0 || (watched[output].revents & ~POLLOUT) != 0) {
         return false;
     }
     if (watched[output].revents != 0 && !sendSome()) {
@@ -126,7 +100,7 @@ int Connection::millisecondsToWait() const
 void Connection::receiveSome()
 {
     std::array<char, 65536> bytes;
-    const ssize_t count = ::read(in_, bytes.data(), bytes.size());
+    const ssize_t count = ::read(channels_.in, bytes.data(), bytes.size());
     if (count > 0) {
         reader_.take({bytes.data(), static_cast<std::size_t>(count)});
     } else if (count == 0 || !mayGoOn(errno)) {
@@ -139,7 +113,7 @@ bool Connection::sendSome()
 {
     // What is writable takes this much without making anybody wait (pipe(7)).
     const std::size_t most = std::min<std::size_t>(output_.size() - sent_, PIPE_BUF);
-    const ssize_t count = ::write(out_, output_.data() + sent_, most);
+    const ssize_t count = ::write(channels_.out, output_.data() + sent_, most);
     if (count == -1) {
         return mayGoOn(errno);
     }
@@ -153,13 +127,11 @@ bool Connection::sendSome()
 
 }  // namespace
 
-void serve(Server& server, Changes& changes, int in, int out)
+bool isOpen(int descriptor) { return ::fcntl(descriptor, F_GETFD) != -1; }
+
+void serve(Server& server, Changes& changes, const Channels& channels)
 {
-    // A descriptor of this function's own would take the place of one that is closed.
-    if (!isOpen(in) || !isOpen(out)) {
-        return;
-    }
-    Connection connection(server, changes, in, out);
+    Connection connection(server, changes, channels);
     while (connection.step()) {
     }
 }

@@ -1,4 +1,4 @@
-// Runs a server on two channels of this process.
+// Runs a server on the channels of this process.
 #pragma once
 
 #include "agent/protocol/changes.hpp"
@@ -11,10 +11,20 @@ namespace quillmere::app::protocol {
 /// The longest line that is read, in bytes.
 inline constexpr std::size_t longestLine = 10 * 1024 * 1024;
 
+/// Descriptors of this process.
+struct Channels {
+    int in;
+    int out;
+    int ending;  ///< readable when the process is asked to end
+};
+
+/// Whether a descriptor leads anywhere. To be asked before any other file is opened: that would take the
+/// place of a channel that is closed.
+bool isOpen(int descriptor);
+
 /// Reads lines from `in` and writes lines to `out`, until the input ends, nobody reads the output any more,
-/// or SIGTERM or SIGINT comes. What has an answer by the end of the input is still answered; calls that wait
-/// are dropped. Reads no further while the client does not read. From here on the process has its signals
-/// through a descriptor, to its end. Throws `std::system_error` when the system has no descriptor for that.
-void serve(Server& server, Changes& changes, int in, int out);
+/// or the process is asked to end. What has an answer by the end of the input is still answered; calls that
+/// wait are dropped. Reads no further while the client does not read. SIGPIPE must not end the process.
+void serve(Server& server, Changes& changes, const Channels& channels);
 
 }  // namespace quillmere::app::protocol
