@@ -296,10 +296,12 @@ TEST_F(Serve, losesNoQuestionAmongMany)
     std::set<std::string> ids;
     ServedProgram one(person.directory());
     ServedProgram other(person.directory());
+    std::ptrdiff_t answers = 0;
     std::jthread typing([&](const std::stop_token& isOver) {
         EXPECT_EQ(types({"ask", "Typed"}).code, 0);
         while (!isOver.stop_requested()) {
-            EXPECT_EQ(types({"answer", "1", "Yes"}).code, 0);
+            // At times there is none.
+            answers += types({"answer", "1", "Yes"}).code == 0 ? 1 : 0;
         }
     });
     for (int number = 0; number < 4; ++number) {
@@ -319,6 +321,8 @@ TEST_F(Serve, losesNoQuestionAmongMany)
         ids.erase(question.id.text());
     }
     EXPECT_EQ(ids.size(), 0u);
+    EXPECT_EQ(std::ssize(state.agentQuestions) - std::ssize(state.openQuestions()), answers);
+    EXPECT_GT(answers, 0);
 }
 
 TEST_F(Serve, holdsItsLimitsTogetherWithOthers)
