@@ -21,6 +21,8 @@ int main(int count, char** arguments)
         .inputIsTerminal = ::isatty(STDIN_FILENO) == 1,
         .outputIsTerminal = ::isatty(STDOUT_FILENO) == 1,
         .stateHome = quillmere::app::stateHomeOfThisUser(),
+        .input = STDIN_FILENO,
+        .output = STDOUT_FILENO,
     };
     return static_cast<int>(
         quillmere::app::run({arguments + std::min(count, 1), arguments + count}, environment));

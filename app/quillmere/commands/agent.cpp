@@ -1,26 +1,31 @@
-// Prints the agent's summary, computed now.
+// Prints the agent's summary, computed now, or serves an agent.
+#include "agent/door.hpp"
+#include "agent/summary.hpp"
 #include "commands/commands.hpp"
 #include "text/inert.hpp"
 
 #include <ostream>
 
 namespace quillmere::app {
-namespace {
-
-void showSummary(Program& program)
-{
-    const Situation situation = program.workspace().look();
-    const StateStore store({}, StateStore::renameReplacing);
-    const AgentSnapshot summary = store.agentSnapshot(situation.state, situation.now);
-    program.environment().out << inertJson(StateStore::encoder().encode(summary).view()) << '\n';
-}
-
-}  // namespace
 
 void addAgent(CLI::App& line, Program& program)
 {
-    addCommand(line, program, "agent", "Print the summary that an agent reads, as of now (JSON)",
-               [&program] { showSummary(program); });
+    CLI::App* const command =
+        line.add_subcommand("agent", "Print the summary that an agent reads, as of now (JSON)");
+    command->fallthrough()->require_subcommand(0, 1);
+    const CLI::App* const serve =
+        addCommand(*command, program, "serve",
+                   "Serve an agent (Model Context Protocol over standard input and output)", [&program] {
+                       const Environment& environment = program.environment();
+                       agent::serve(program.workspace(), environment.input, environment.output);
+                   });
+    command->callback([serve, &program] {
+        if (!*serve) {
+            program.action = [&program] {
+                program.environment().out << inertJson(agent::summaryText(program.workspace())) << '\n';
+            };
+        }
+    });
 }
 
 }  // namespace quillmere::app

@@ -19,7 +19,7 @@ void addHistory   (CLI::App& line, Program& program);  // the finished blocks
 void addReport    (CLI::App& line, Program& program);  // the look back: figures, charts, exports
 void addWidget    (CLI::App& line, Program& program);  // the summary as a widget shows it
 void addBar       (CLI::App& line, Program& program);  // the same in one line, for a status bar
-void addAgent     (CLI::App& line, Program& program);  // the summary as an agent reads it
+void addAgent     (CLI::App& line, Program& program);  // the summary as an agent reads it; serves one
 void addOpen      (CLI::App& line, Program& program);  // the screen that a deep link leads to
 
 // The live screen.

@@ -1,0 +1,71 @@
+// The conversation of one client with an offer: lines in, lines out. Knows no file and no process.
+#pragma once
+
+#include "agent/protocol/message.hpp"
+#include "agent/protocol/version.hpp"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillmere::app::protocol {
+
+/// Speaks both ways of the protocol, whichever a request speaks: with a handshake (`initialize`), and without
+/// (each request says its version). A request before the handshake is answered as after one.
+class Server {
+public:
+    explicit Server(Offer offer);
+
+    /// Takes one line of the client, without its end.
+    void receive(std::string_view line, Moment now);
+
+    /// Says that a line was too long to be read.
+    void refuseLongLine();
+
+    /// Asks the calls that wait whether they have a result now.
+    void askAgain(Moment now);
+
+    /// When to ask again even if nothing has changed; absent while no call waits.
+    std::optional<Moment> nextDeadline() const;
+
+    /// The lines for the client since the last call.
+    std::string takeOutput();
+
+private:
+    struct Method;
+    struct Waiting {
+        Json id;
+        const Version* version;
+        Call call;
+    };
+    /// A result, and how long it may be kept where that is said.
+    struct Reply {
+        Json result;
+        std::optional<Caching> caching = {};
+    };
+
+    void answer(const Request& request, Moment now);
+    void notice(const Request& notification);
+    void send(const Json& id, Reply reply, const Version& version);
+    /// Does something for a request; tells the client when it fails.
+    void guarded(const std::optional<Json>& id, const std::function<void()>& action);
+
+    // The methods. Absent: the answer comes later.
+    std::optional<Reply> initialize(const Request& request, const Version& version, Moment now);
+    std::optional<Reply> ping(const Request& request, const Version& version, Moment now);
+    std::optional<Reply> discover(const Request& request, const Version& version, Moment now);
+    std::optional<Reply> listTools(const Request& request, const Version& version, Moment now);
+    std::optional<Reply> callTool(const Request& request, const Version& version, Moment now);
+    std::optional<Reply> listResources(const Request& request, const Version& version, Moment now);
+    std::optional<Reply> listTemplates(const Request& request, const Version& version, Moment now);
+    std::optional<Reply> readResource(const Request& request, const Version& version, Moment now);
+
+    Offer offer_;
+    const Version* agreed_;  ///< by the handshake, or what is taken for it until there was one
+    std::vector<Waiting> waiting_;
+    std::string output_;
+};
+
+}  // namespace quillmere::app::protocol

@@ -1,0 +1,60 @@
+#include "agent/protocol/version.hpp"
+
+#include "agent/protocol/message.hpp"
+
+#include <algorithm>
+
+namespace quillmere::app::protocol {
+namespace {
+
+constexpr const char* versionKey = "io.modelcontextprotocol/protocolVersion";
+constexpr const char* capabilitiesKey = "io.modelcontextprotocol/clientCapabilities";
+
+void requireInMeta(bool isThere, const char* key)
+{
+    if (!isThere) {
+        throw ProtocolError(ErrorCode::invalidParams, std::string("params._meta needs ") + key + ".");
+    }
+}
+
+}  // namespace
+
+Json versionNames()
+{
+    Json names = Json::array();
+    for (const Version& version : versions) {
+        names.push_back(version.name);
+    }
+    return names;
+}
+
+const Version& versionAfterHandshake(std::string_view asked)
+{
+    const auto hasHandshake = [](const Version& version) { return !version.isStateless; };
+    const auto isAsked = [&](const Version& version) {
+        return hasHandshake(version) && version.name == asked;
+    };
+    const auto found = std::find_if(versions.begin(), versions.end(), isAsked);
+    return found != versions.end() ? *found : *std::find_if(versions.begin(), versions.end(), hasHandshake);
+}
+
+const Version& versionOf(const Json& params, const Version& agreed)
+{
+    const Json meta = params.value("_meta", Json());
+    if (!meta.is_object() || !(meta.contains(versionKey) || meta.contains(capabilitiesKey))) {
+        return agreed;
+    }
+    const Json name = meta.value(versionKey, Json());
+    requireInMeta(name.is_string(), versionKey);
+    const auto found = std::find_if(versions.begin(), versions.end(), [&](const Version& version) {
+        return version.isStateless && name == version.name;
+    });
+    if (found == versions.end()) {
+        throw ProtocolError(ErrorCode::unsupportedVersion, "Unsupported protocol version",
+                            {{"supported", versionNames()}, {"requested", name}});
+    }
+    requireInMeta(meta.value(capabilitiesKey, Json()).is_object(), capabilitiesKey);
+    return *found;
+}
+
+}  // namespace quillmere::app::protocol

@@ -1,0 +1,64 @@
+#include "agent/question_json.hpp"
+
+#include "agent/attempt.hpp"
+
+#include <quillmere/records/json/json_encoder.hpp>
+
+#include <algorithm>
+
+namespace quillmere::app::agent {
+
+const AgentQuestion& questionIn(const QuillmereState& state, const Identifier& id)
+{
+    const auto found = std::find_if(state.agentQuestions.begin(), state.agentQuestions.end(),
+                                    [&](const AgentQuestion& question) { return question.id == id; });
+    if (found == state.agentQuestions.end()) {
+        throw Refusal("There is no question with this id. list_questions has all that were asked.");
+    }
+    return *found;
+}
+
+Json questionJson(const AgentQuestion& question)
+{
+    Json json = Json::parse(JsonEncoder(JsonLayout::compact).encode(question).view());
+    json["status"] = question.answeredAt ? "answered" : "open";
+    if (!question.answeredAt) {
+        json["answer"] = nullptr;
+        json["answered_at"] = nullptr;
+    }
+    return json;
+}
+
+Json questionsJson(const QuillmereState& state, bool openOnly)
+{
+    Json list = Json::array();
+    for (const AgentQuestion& question : state.agentQuestions) {
+        if (!(openOnly && question.answeredAt)) {
+            list.push_back(questionJson(question));
+        }
+    }
+    return list;
+}
+
+const Json& questionSchema()
+{
+    static const Json schema = Json::parse(R"json({
+        "type": "object",
+        "additionalProperties": false,
+        "required": ["id", "question", "created_at", "status", "answer", "answered_at"],
+        "properties": {
+            "id": {"type": "string"},
+            "question": {"type": "string"},
+            "created_at": {"type": "string", "description": "UTC (RFC 3339)."},
+            "status": {"enum": ["open", "answered"]},
+            "answer": {
+                "type": ["string", "null"],
+                "description": "In the person's own words; may be empty. null while the question is open."
+            },
+            "answered_at": {"type": ["string", "null"], "description": "UTC (RFC 3339)."}
+        }
+    })json");
+    return schema;
+}
+
+}  // namespace quillmere::app::agent

@@ -1,0 +1,22 @@
+// Questions with their answers, as an agent reads them.
+#pragma once
+
+#include "agent/protocol/offer.hpp"
+
+#include <quillmere/records/quillmere_state.hpp>
+
+namespace quillmere::app::agent {
+
+using protocol::Json;
+
+/// The question with an identifier; throws Refusal when there is none. Valid as long as the state.
+const AgentQuestion& questionIn(const QuillmereState& state, const Identifier& id);
+
+/// The members of the file, always all of them, and the `status`: "open" or "answered".
+Json questionJson(const AgentQuestion& question);
+Json questionsJson(const QuillmereState& state, bool openOnly);
+
+/// The JSON Schema (2020-12) of one of them.
+const Json& questionSchema();
+
+}  // namespace quillmere::app::agent

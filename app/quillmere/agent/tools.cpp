@@ -1,0 +1,238 @@
+#include "agent/tools.hpp"
+
+#include "agent/asking.hpp"
+#include "agent/question_json.hpp"
+#include "agent/summary.hpp"
+
+#include <chrono>
+#include <string>
+#include <utility>
+
+namespace quillmere::app::agent {
+namespace {
+
+using protocol::Call;
+using protocol::Hints;
+using protocol::Tool;
+
+constexpr Hints looks{.readOnly = true, .destructive = false, .idempotent = true, .openWorld = false};
+constexpr Hints adds{.readOnly = false, .destructive = false, .idempotent = false, .openWorld = false};
+
+// What calls take ---------------------------------------------------------------------------------------
+
+constexpr const char* nothing = R"json({"type": "object", "additionalProperties": false})json";
+
+constexpr const char* aText = R"json({
+    "type": "object",
+    "additionalProperties": false,
+    "required": ["question"],
+    "properties": {
+        "question": {
+            "type": "string",
+            "description": "Plain text; line feeds and tabs are the only control characters allowed."
+        }
+    }
+})json";
+
+constexpr const char* anId = R"json({
+    "type": "object",
+    "additionalProperties": false,
+    "required": ["id"],
+    "properties": {"id": {"type": "string", "description": "What ask_question returned."}}
+})json";
+
+constexpr const char* anIdAndATime = R"json({
+    "type": "object",
+    "additionalProperties": false,
+    "required": ["id"],
+    "properties": {
+        "id": {"type": "string", "description": "What ask_question returned."},
+        "timeout_seconds": {
+            "type": "integer", "minimum": 0, "maximum": 600, "default": 45,
+            "description": "How long to wait at most."
+        }
+    }
+})json";
+
+constexpr const char* aSelection = R"json({
+    "type": "object",
+    "additionalProperties": false,
+    "properties": {
+        "open_only": {
+            "type": "boolean", "default": true,
+            "description": "Whether to leave out those that have an answer."
+        }
+    }
+})json";
+
+// What they return, where it is nothing that has a form of its own ----------------------------------------
+
+constexpr const char* anIdAndWhetherToInterrupt = R"json({
+    "type": "object",
+    "additionalProperties": false,
+    "required": ["id", "interruptible"],
+    "properties": {
+        "id": {"type": "string", "description": "Of the question."},
+        "interruptible": {
+            "type": "boolean",
+            "description": "Whether the person may be interrupted now. If not, wait quietly."
+        }
+    }
+})json";
+
+Json listOfQuestions()
+{
+    return {{"type", "object"},
+            {"additionalProperties", false},
+            {"required", Json::array({"questions"})},
+            {"properties", {{"questions", {{"type", "array"}, {"items", questionSchema()}}}}}};
+}
+
+// The tools -----------------------------------------------------------------------------------------------
+
+using Begin = std::function<Call(const Json& arguments, Moment now)>;
+
+/// For calls that have their result at once.
+Begin atOnce(std::function<Json(const Json& arguments)> action)
+{
+    return [action = std::move(action)](const Json& arguments, Moment) {
+        return Call{.result = [action, arguments](Moment) {
+            return attempt([&]() -> std::optional<Json> { return action(arguments); });
+        }};
+    };
+}
+
+Identifier idIn(const Json& arguments)
+{
+    const std::optional<Identifier> id = Identifier::fromText(arguments.at("id").get<std::string>());
+    if (!id) {
+        throw Refusal("That is no id of a question. Take the one that ask_question or list_questions gave.");
+    }
+    return *id;
+}
+
+Tool focusState(const Workspace& workspace)
+{
+    return {
+        .name = "get_focus_state",
+        .title = "Focus state",
+        .description =
+            "What the person works on, how long the running focus session or break still lasts "
+            "(remaining_seconds), and whether they may be interrupted now (interruptible). "
+            "interruptible is false only while a focus session runs: then leave the person alone, "
+            "and use ask_question for what can wait. Look again before each interruption; the "
+            "answer is true at the moment of the call only.",
+        .inputSchema = Json::parse(nothing),
+        .outputSchema = summarySchema(),
+        .hints = looks,
+        .begin = atOnce([workspace](const Json&) { return Json::parse(summaryText(workspace)); }),
+    };
+}
+
+Tool askQuestion(const Workspace& workspace)
+{
+    return {
+        .name = "ask_question",
+        .title = "Ask the person",
+        .description =
+            "Leaves a question for the person. Asking never interrupts: the question waits in the "
+            "person's list until they look, which may take until the end of the focus session or "
+            "longer. Returns the id by which get_answer and wait_for_answer find the answer, and "
+            "whether the person may be interrupted now. Ask so that the question can be understood "
+            "hours later without your context, and put what belongs together into one question. "
+            "At most " +
+            std::to_string(mostCharacters) + " characters, " + std::to_string(mostAMinute) +
+            " questions a minute and " + std::to_string(mostOpen) +
+            " without an answer, of all agents together. A question cannot be taken back, and "
+            "calling again asks again.",
+        .inputSchema = Json::parse(aText),
+        .outputSchema = Json::parse(anIdAndWhetherToInterrupt),
+        .hints = adds,
+        .begin = atOnce([workspace](const Json& arguments) {
+            return askThePerson(workspace, arguments.at("question").get<std::string>());
+        }),
+    };
+}
+
+Tool getAnswer(const Workspace& workspace)
+{
+    return {
+        .name = "get_answer",
+        .title = "Answer to a question",
+        .description =
+            "The answer to a question, if there is one yet: status is open or answered. "
+            "get_focus_state lists open questions only, so this is where answers are. Returns at "
+            "once; use wait_for_answer rather than calling this again and again.",
+        .inputSchema = Json::parse(anId),
+        .outputSchema = questionSchema(),
+        .hints = looks,
+        .begin = atOnce([workspace](const Json& arguments) {
+            return questionJson(questionIn(workspace.look().state, idIn(arguments)));
+        }),
+    };
+}
+
+Begin beginWaiting(const Workspace& workspace, AnswerWatch& watch, int usualSeconds)
+{
+    return [workspace, &watch, usualSeconds](const Json& arguments, Moment now) {
+        const Moment deadline = now + std::chrono::seconds(arguments.value("timeout_seconds", usualSeconds));
+        const auto result = [workspace, &watch, arguments, deadline](Moment at) {
+            return attempt([&]() -> std::optional<Json> {
+                // Before the look, so that no answer falls between the two.
+                watch.require();
+                const QuillmereState state = workspace.look().state;
+                const AgentQuestion& question = questionIn(state, idIn(arguments));
+                const bool isOver = question.answeredAt || at >= deadline;
+                return isOver ? std::optional(questionJson(question)) : std::nullopt;
+            });
+        };
+        return Call{.result = result, .deadline = deadline};
+    };
+}
+
+Tool waitForAnswer(const Workspace& workspace, AnswerWatch& watch)
+{
+    const Json input = Json::parse(anIdAndATime);
+    return {
+        .name = "wait_for_answer",
+        .title = "Wait for an answer",
+        .description =
+            "Waits until the person has answered a question, or until the time is up; the status "
+            "then still is open, which is no error. Returns what get_answer returns. Waiting costs "
+            "nothing and disturbs nobody, but many clients give up on a call after 60 seconds: "
+            "rather wait again than longer.",
+        .inputSchema = input,
+        .outputSchema = questionSchema(),
+        .hints = looks,
+        .begin = beginWaiting(workspace, watch, input.at("properties").at("timeout_seconds").at("default")),
+    };
+}
+
+Tool listQuestions(const Workspace& workspace)
+{
+    return {
+        .name = "list_questions",
+        .title = "Questions",
+        .description =
+            "The questions that were asked, by whatever agent or by the person, in order of "
+            "asking. Look here before you ask what may have been asked already, or when you have "
+            "lost an id.",
+        .inputSchema = Json::parse(aSelection),
+        .outputSchema = listOfQuestions(),
+        .hints = looks,
+        .begin = atOnce([workspace](const Json& arguments) -> Json {
+            const QuillmereState state = workspace.look().state;
+            return {{"questions", questionsJson(state, arguments.value("open_only", true))}};
+        }),
+    };
+}
+
+}  // namespace
+
+std::vector<Tool> tools(const Workspace& workspace, AnswerWatch& watch)
+{
+    return {focusState(workspace), askQuestion(workspace), getAnswer(workspace),
+            waitForAnswer(workspace, watch), listQuestions(workspace)};
+}
+
+}  // namespace quillmere::app::agent

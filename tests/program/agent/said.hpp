@@ -1,0 +1,42 @@
+// What tests hear from the server, kept so that a validator of JSON Schema can look at all of it afterwards.
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include <fstream>
+#include <mutex>
+#include <string>
+
+namespace quillmere::test {
+
+using Json = nlohmann::json;
+
+/// One conversation in a file of its own, named after the test that has it: a line a message, "> " before the
+/// client's, "< " before the server's. Check it with check_said.py.
+class Transcript {
+public:
+    Transcript();
+
+    void client(const std::string& line) { keep("> ", line); }
+    void server(const std::string& line) { keep("< ", line); }
+
+private:
+    void keep(const char* side, const std::string& line)
+    {
+        const std::lock_guard held(mutex_);
+        file_ << side << line << '\n' << std::flush;
+    }
+
+    std::mutex mutex_;
+    std::ofstream file_;
+};
+
+/// Keeps a summary for the validator.
+void keepSummary(const std::string& name, const std::string& summary);
+
+/// A request; `params` of the stateless version say so themselves.
+Json request(const Json& id, const std::string& method, const Json& params = Json::object());
+Json stateless(Json params = Json::object());
+Json toolCall(const std::string& name, const Json& arguments);
+
+}  // namespace quillmere::test
