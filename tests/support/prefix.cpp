@@ -1,0 +1,1 @@
+// Stands for nothing but the headers that are compiled before all tests.
