@@ -21,9 +21,10 @@ void addEverything(CLI::App& line, Program& program)
     line.set_version_flag("--version", std::string("quillmere ") + version);
     line.set_help_flag("-h,--help", "Print this help");
     line.require_subcommand(0, 1);
+    // The screen comes after the status, whose place it takes on a terminal when no command is named.
     // clang-format off
     for (const auto add : {
-             addUi, addStatus,
+             addStatus, addUi,
              addPlan, addStart, addEdit, addCancel,
              addFocus, addPause, addResume, addEnd, addReview, addBreak, addReflect,
              addAsk, addQuestions, addAnswer,

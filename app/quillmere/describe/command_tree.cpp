@@ -42,10 +42,11 @@ ValueKind kindOf(const std::string& typeName)
                                      : ValueKind::text;
 }
 
-/// How a type is called in the manual.
+/// How a type is called in the manual; after a colon stands what its values are held to.
 std::string valueNameOf(const std::string& typeName)
 {
-    return typeName == "INT" || typeName == "UINT" ? "number" : CLI::detail::to_lower(typeName);
+    const std::string name = typeName.substr(0, typeName.find(':'));
+    return name == "INT" || name == "UINT" ? "number" : CLI::detail::to_lower(name);
 }
 
 std::string helpOf(const CLI::Option& option)
