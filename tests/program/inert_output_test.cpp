@@ -56,7 +56,8 @@ QuillmereState nastyState(WorkflowState workflowState)
 }
 
 const Words printing[] = {
-    {"status"}, {"questions", "--all"}, {"history"}, {"widget"}, {"agent"}, {"ask", nasty}, {"tick"},
+    {"status"}, {"questions", "--all"}, {"history"}, {"report"},  {"widget"},
+    {"agent"},  {"ask", nasty},         {"tick"},    {"restore"},
 };
 
 TEST(Output, isInertWhateverStandsInTheFiles)

@@ -9,13 +9,9 @@ namespace quillmere::test {
 namespace {
 
 const Words lookingCommands[] = {
-    {"status"},
-    {"questions"},
-    {"questions", "--all"},
-    {"history"},
-    {"widget"},
-    {"agent"},
-    {"open", "quillmere://open/focus"},
+    {"status"},  {"questions"}, {"questions", "--all"},
+    {"history"}, {"report"},    {"restore"},
+    {"widget"},  {"agent"},     {"open", "quillmere://open/focus"},
     {},
 };
 
