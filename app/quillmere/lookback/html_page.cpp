@@ -149,11 +149,13 @@ std::string yearSection(const LookBack& look)
                          keyOf(key) + stretchTable(title, days, Unit::day, focusColumns));
 }
 
+std::string plannedKey() { return keyOf({{"focus", "worked"}, {"planned", "planned"}}); }
+
 std::string focusSection(const LookBack& look, const std::string& title, Unit unit, std::size_t most,
                          bool withPlanned)
 {
     const std::vector<Stretch> row = lastStretches(look, unit, most);
-    const std::string key = withPlanned ? keyOf({{"focus", "worked"}, {"planned", "planned"}}) : "";
+    const std::string key = withPlanned ? plannedKey() : "";
     return sectionOf(
         title, "chart",
         focusChart(row, unit, withPlanned, title) + key + stretchTable(title, row, unit, timeColumns));
