@@ -1,4 +1,4 @@
-// Functions in the words of zshcompsys(1): specifications for _arguments, descriptions for _describe.
+// Functions in the words of zshcompsys(1): options for _arguments, descriptions for _describe.
 #include "describe/pieces.hpp"
 #include "describe/words.hpp"
 
@@ -38,7 +38,7 @@ std::string action(const Argument& argument)
     return " ";
 }
 
-/// One specification for each name, which excludes the others.
+/// One entry for each name, which excludes the others.
 void printOption(std::ostream& out, const Argument& option)
 {
     for (const std::string& name : option.names) {

@@ -1,5 +1,5 @@
 // quillmere-notifier: gives the notices of `quillmere watch` on the session bus (Desktop Notifications
-// Specification, version 1.2). It may wait for the bus as long as it likes: `watch` never waits for it, and
+// 1.2 of freedesktop.org). It may wait for the bus as long as it likes: `watch` never waits for it, and
 // kills it when it takes too long. Why it is a program of its own stands in notifier.hpp.
 #include "notices/notifier_protocol.hpp"
 

@@ -17,7 +17,7 @@ struct NoticeRequest {
     std::uint32_t replaces;  ///< the number of the notice to take the place of; 0: none
     std::string heading;
     std::string body;                  ///< without markup
-    std::uint8_t urgency;              ///< 0 low, 1 normal, 2 critical (Desktop Notifications Specification)
+    std::uint8_t urgency;              ///< 0 low, 1 normal, 2 critical (Desktop Notifications)
     std::vector<std::string> actions;  ///< key and label in turn
 };
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(NoticeRequest, replaces, heading, body, urgency, actions)

@@ -14,7 +14,7 @@
 
 namespace quillmere::app {
 
-/// As the Desktop Notifications Specification numbers them.
+/// As Desktop Notifications 1.2 (freedesktop.org) numbers them.
 enum class Urgency : std::uint8_t { low = 0, normal = 1, critical = 2 };
 
 /// What a person may choose on a notice.
