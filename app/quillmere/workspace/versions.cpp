@@ -83,12 +83,12 @@ void Versions::keep(const fs::path& stateFile, Instant savedAt) const
     letGo(savedAt);
 }
 
-void Versions::letGo(Instant now) const
+void Versions::letGo(Instant newest) const
 {
     std::set<std::string> days;
     std::size_t count = 0;
     for (const Version& version : list()) {
-        const bool isRecent = now - version.savedAt < daysInSeconds;
+        const bool isRecent = newest - version.savedAt < daysInSeconds;
         const bool isLastOfItsDay = days.insert(localDayText(version.savedAt)).second;
         if (++count > lastVersions && !(isRecent && isLastOfItsDay)) {
             FileManager::standard().removeFile(version.file);

@@ -34,7 +34,7 @@ public:
     void keep(const std::filesystem::path& stateFile, Instant savedAt) const;
 
 private:
-    void letGo(Instant now) const;
+    void letGo(Instant newest) const;
 
     std::filesystem::path directory_;
 };
