@@ -1,7 +1,7 @@
 #include "run.hpp"
 
 #include "commands/commands.hpp"
-#include "text/file_error.hpp"
+#include "text/failure.hpp"
 #include "text/inert.hpp"
 #include "version.hpp"
 
@@ -90,14 +90,13 @@ ExitCode act(Program& program)
         program.action();
         return finish(program);
     } catch (const WorkflowError& error) {
-        return report(ExitCode::refused, error.caseName(), error.errorDescription(), program);
+        return report(ExitCode::refused, error.caseName(), failureText(error), program);
     } catch (const ProgramError& error) {
         return report(error.code(), error.what(), program);
     } catch (const CodingError& error) {
-        return report(ExitCode::unusableData, std::string("The state cannot be used: ") + error.what(),
-                      program);
+        return report(ExitCode::unusableData, failureText(error), program);
     } catch (const std::system_error& error) {
-        return report(ExitCode::fileError, fileErrorText(error), program);
+        return report(ExitCode::fileError, failureText(error), program);
     }
 }
 

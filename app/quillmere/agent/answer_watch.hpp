@@ -2,7 +2,7 @@
 #pragma once
 
 #include "agent/protocol/changes.hpp"
-#include "workspace/directory_watch.hpp"
+#include "system/directory_watch.hpp"
 
 #include <filesystem>
 #include <optional>

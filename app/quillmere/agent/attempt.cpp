@@ -1,7 +1,7 @@
 #include "agent/attempt.hpp"
 
 #include "exit_code.hpp"
-#include "text/file_error.hpp"
+#include "text/failure.hpp"
 
 #include <quillmere/records/json/coding_error.hpp>
 

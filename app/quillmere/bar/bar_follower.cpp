@@ -1,9 +1,9 @@
 #include "bar/bar_follower.hpp"
 
 #include "bar/bar_schedule.hpp"
-#include "bar/ending_signals.hpp"
 #include "exit_code.hpp"
-#include "workspace/directory_watch.hpp"
+#include "system/directory_watch.hpp"
+#include "system/held_signals.hpp"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -135,7 +135,8 @@ private:
     const Clock& clock_;
     const BarLines& lines_;
     const int output_;
-    const EndingSignals signals_;
+    const HeldSignals signals_{SIGTERM, SIGINT};
+    const BrokenPipesAreErrors brokenPipes_;
     DirectoryWatch watch_;
     const Instant begin_;
     Instant nextReading_;

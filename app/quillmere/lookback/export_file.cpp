@@ -2,7 +2,7 @@
 
 #include "exit_code.hpp"
 
-#include <quillmere/records/identifier.hpp>
+#include <quillmere/store/atomic_write.hpp>
 #include <quillmere/store/state_store.hpp>
 
 #include <system_error>
@@ -21,29 +21,6 @@ fs::path parentOf(const fs::path& file)
     return parent.empty() ? "." : parent;
 }
 
-/// A new name beside a file, on the same file system.
-class TemporaryExport {
-public:
-    explicit TemporaryExport(const fs::path& file)
-        : path_(file.parent_path() /
-                ("." + file.filename().string() + "." + Identifier::random().text() + ".tmp"))
-    {
-    }
-    TemporaryExport(const TemporaryExport&) = delete;
-    TemporaryExport& operator=(const TemporaryExport&) = delete;
-    ~TemporaryExport()
-    {
-        // After a move there is none.
-        std::error_code ignored;
-        fs::remove(path_, ignored);
-    }
-
-    const fs::path& path() const { return path_; }
-
-private:
-    fs::path path_;
-};
-
 }  // namespace
 
 void replaceFile(const fs::path& file, std::string_view content)
@@ -54,13 +31,13 @@ void replaceFile(const fs::path& file, std::string_view content)
         throw ProgramError(ExitCode::fileError,
                            file.string() + " is not a regular file (- is standard output).");
     }
-    const TemporaryExport temporary(target);
-    FileManager::standard().writeWithoutOverwriting(temporary.path(),
-                                                    [content](const ByteSink& sink) { sink(content); });
-    if (fs::exists(status)) {
-        fs::permissions(temporary.path(), status.permissions());
-    }
-    StateStore::renameReplacing(temporary.path(), target);
+    const auto moveOver = [&](const fs::path& written, const fs::path& place) {
+        if (fs::exists(status)) {
+            fs::permissions(written, status.permissions());
+        }
+        StateStore::renameReplacing(written, place);
+    };
+    writeAtomically([content](const ByteSink& sink) { sink(content); }, target, moveOver);
 }
 
 bool liesIn(const fs::path& file, const fs::path& directory)

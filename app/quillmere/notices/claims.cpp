@@ -1,6 +1,6 @@
 #include "notices/claims.hpp"
 
-#include "text/file_error.hpp"
+#include "text/failure.hpp"
 
 #include <quillmere/store/file_manager.hpp>
 

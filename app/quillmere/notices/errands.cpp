@@ -1,7 +1,7 @@
 #include "notices/errands.hpp"
 
 #include "notices/child_process.hpp"
-#include "notices/open_file.hpp"
+#include "system/open_file.hpp"
 #include "text/inert.hpp"
 
 #include <sys/mman.h>

@@ -8,7 +8,7 @@
 #pragma once
 
 #include "notices/notifier_protocol.hpp"
-#include "notices/open_file.hpp"
+#include "system/open_file.hpp"
 
 #include <sys/types.h>
 

@@ -1,10 +1,10 @@
 #include "notices/watch.hpp"
 
-#include "exit_code.hpp"
-#include "notices/signal_inbox.hpp"
 #include "report/status.hpp"
+#include "system/held_signals.hpp"
+#include "system/next_second.hpp"
 #include "text/digest.hpp"
-#include "text/file_error.hpp"
+#include "text/failure.hpp"
 #include "text/inert.hpp"
 #include "text/local_time.hpp"
 
@@ -12,8 +12,8 @@
 
 #include <poll.h>
 
+#include <algorithm>
 #include <chrono>
-#include <cmath>
 #include <ostream>
 #include <utility>
 
@@ -25,25 +25,14 @@ using namespace std::chrono_literals;
 constexpr auto longestOnce = 5s;
 constexpr double breakExtension = 300;
 
-/// What keeps the files from being used, in words. `present` is that failure.
-std::string troubleText(const std::exception_ptr& present)
-{
-    try {
-        std::rethrow_exception(present);
-    } catch (const CodingError& error) {
-        return std::string("The state cannot be used: ") + error.what();
-    } catch (const ProgramError& error) {
-        return error.what();
-    } catch (const WorkflowError& error) {
-        return error.errorDescription();
-    } catch (const std::system_error& error) {
-        return fileErrorText(error);
-    }
-}
-
 std::filesystem::path claimsBeside(const std::filesystem::path& kept)
 {
     return kept.empty() ? kept : kept / "notices";
+}
+
+bool asksForEnd(const std::vector<int>& signals)
+{
+    return std::any_of(signals.begin(), signals.end(), [](int signal) { return signal != SIGCHLD; });
 }
 
 std::vector<std::string> keysOf(const std::vector<StandingEvent>& events)
@@ -56,12 +45,6 @@ std::vector<std::string> keysOf(const std::vector<StandingEvent>& events)
 }
 
 }  // namespace
-
-int millisecondsToNextSecond(Instant now)
-{
-    const double seconds = now.secondsSince1970();
-    return static_cast<int>(std::ceil((1 - (seconds - std::floor(seconds))) * 1'000));
-}
 
 Watch::Watch(Program& program, WatchSettings settings)
     : program_(program),
@@ -77,11 +60,12 @@ Watch::Watch(Program& program, WatchSettings settings)
 
 void Watch::run()
 {
-    SignalInbox signals;
+    // A child that has ended wakes the loop, which looks after it in each round.
+    const HeldSignals signals{SIGTERM, SIGINT, SIGHUP, SIGCHLD};
     const auto limit = std::chrono::steady_clock::now() + longestOnce;
     const auto isLate = [&] { return std::chrono::steady_clock::now() >= limit; };
     round();
-    while (!signals.takeEnd() && !(settings_.once && (isAtRest() || isLate()))) {
+    while (!asksForEnd(signals.take()) && !(settings_.once && (isAtRest() || isLate()))) {
         sleep(signals.descriptor());
         round();
     }
@@ -114,11 +98,11 @@ bool Watch::refresh()
         return true;
     } catch (const std::bad_alloc&) {
         throw;
-    } catch (const std::exception&) {
+    } catch (const std::exception& error) {
         if (settings_.once) {
             throw;
         }
-        filesTrouble_.met(troubleText(std::current_exception()));
+        filesTrouble_.met(failureText(error));
         return false;
     }
 }
@@ -189,9 +173,8 @@ void Watch::extendBreak()
         });
     } catch (const std::bad_alloc&) {
         throw;
-    } catch (const std::exception&) {
-        program_.environment().err << "The break is not longer: "
-                                   << inert(troubleText(std::current_exception())) << std::endl;
+    } catch (const std::exception& error) {
+        program_.environment().err << "The break is not longer: " << inert(failureText(error)) << std::endl;
     }
 }
 

@@ -23,9 +23,6 @@ struct WatchSettings {
     std::filesystem::path notifier = {};  ///< the program that gives notices
 };
 
-/// How long to sleep, 1 to 1000, until the clock shows another second.
-int millisecondsToNextSecond(Instant now);
-
 /// One loop and no threads: it sleeps until the next whole second, a change of the files, a word of the
 /// notifier or a signal. After a machine has slept, the first round catches up.
 class Watch {

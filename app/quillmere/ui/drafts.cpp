@@ -1,27 +1,9 @@
 #include "ui/drafts.hpp"
 
+#include <quillmere/store/atomic_write.hpp>
 #include <quillmere/store/state_store.hpp>
 
 namespace quillmere::app::ui {
-namespace {
-
-/// Removes a file when it goes, if the file is still there.
-class Leftover {
-public:
-    explicit Leftover(std::filesystem::path file) : file_(std::move(file)) {}
-    Leftover(const Leftover&) = delete;
-    Leftover& operator=(const Leftover&) = delete;
-    ~Leftover()
-    {
-        std::error_code ignored;
-        std::filesystem::remove(file_, ignored);
-    }
-
-private:
-    std::filesystem::path file_;
-};
-
-}  // namespace
 
 std::filesystem::path Drafts::fileOf(const FormSubject& subject) const
 {
@@ -34,14 +16,11 @@ void Drafts::keep(const Form& form) const
         return;
     }
     constexpr mode_t ownerOnly = 0700;
-    const FileManager& files = FileManager::standard();
-    files.createDirectory(directory_, ownerOnly);
-    const std::filesystem::path temporary = directory_ / (".draft." + Identifier::random().text() + ".tmp");
-    const Leftover leftover(temporary);
+    FileManager::standard().createDirectory(directory_, ownerOnly);
     // What is no text, which only a foreign terminal could have typed, must not cost the rest.
     const std::string text = form.values().dump(2, ' ', false, nlohmann::json::error_handler_t::replace);
-    files.writeWithoutOverwriting(temporary, [&](const ByteSink& sink) { sink(text); });
-    StateStore::renameReplacing(temporary, fileOf(form.subject()));
+    writeAtomically([&](const ByteSink& sink) { sink(text); }, fileOf(form.subject()),
+                    StateStore::renameReplacing);
 }
 
 bool Drafts::fillIn(Form& form) const

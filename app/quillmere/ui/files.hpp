@@ -8,9 +8,6 @@
 
 namespace quillmere::app::ui {
 
-/// What an exception of the program or the system says to a person.
-std::string messageOf(const std::exception& error);
-
 class Files {
 public:
     /// Opens them, or keeps watch until they can be opened. Throws `std::system_error` when the system can

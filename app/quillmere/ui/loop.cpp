@@ -1,7 +1,8 @@
 #include "ui/loop.hpp"
 
 #include "exit_code.hpp"
-#include "ui/signals.hpp"
+#include "system/held_signals.hpp"
+#include "system/next_second.hpp"
 #include "ui/terminal.hpp"
 #include "ui/ui.hpp"
 
@@ -10,23 +11,15 @@
 
 #include <array>
 #include <cerrno>
-#include <cmath>
 #include <system_error>
 
 namespace quillmere::app::ui {
 namespace {
 
-/// Milliseconds until the clock shows another second.
-int untilNextSecond(Instant now)
-{
-    const double seconds = now.secondsSince1970();
-    return static_cast<int>(std::ceil((std::floor(seconds) + 1 - seconds) * 1000));
-}
-
 /// One run of the screen: waits for keys, signals, changed files and, where seconds are shown, the next one.
 class Loop {
 public:
-    Loop(Ui& ui, Terminal& terminal, Signals& signals, const Clock& clock)
+    Loop(Ui& ui, Terminal& terminal, const HeldSignals& signals, const Clock& clock)
         : ui_(ui), terminal_(terminal), signals_(signals), clock_(clock)
     {
     }
@@ -55,7 +48,7 @@ private:
     {
         std::array<pollfd, 3> sources{
             {{STDIN_FILENO, POLLIN, 0}, {signals_.descriptor(), POLLIN, 0}, {ui_.descriptor(), POLLIN, 0}}};
-        const int timeout = ui_.countsSeconds() ? untilNextSecond(clock_()) : -1;
+        const int timeout = ui_.countsSeconds() ? millisecondsToNextSecond(clock_()) : -1;
         const int ready = ::poll(sources.data(), sources.size(), timeout);
         if (ready < 0 && errno != EINTR) {
             throw std::system_error(errno, std::generic_category(), "poll");
@@ -88,7 +81,7 @@ private:
     void rest()
     {
         terminal_.giveBack();
-        signals_.stop();
+        haveUsualEffect(SIGTSTP);
         terminal_.takeBack();
         ui_.refresh();
     }
@@ -106,7 +99,7 @@ private:
 
     Ui& ui_;
     Terminal& terminal_;
-    Signals& signals_;
+    const HeldSignals& signals_;
     const Clock& clock_;
     int ending_ = 0;
 };
@@ -132,13 +125,13 @@ void showScreen(Program& program, std::optional<WidgetRoute> route)
     }
     int ending = 0;
     {
-        Signals signals;
+        const HeldSignals signals{SIGTERM, SIGHUP, SIGINT, SIGQUIT, SIGTSTP, SIGCONT, SIGWINCH};
         Ui ui(program.workspace(), Drafts(program.workspace().keptBeside()), route);
         Terminal terminal;
         ending = Loop(ui, terminal, signals, environment.clock).run();
     }
     if (ending != 0) {
-        endBySignal(ending);
+        haveUsualEffect(ending);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "program.hpp"
 #include "report/possible_steps.hpp"
+#include "text/failure.hpp"
 #include "ui/forms/forms.hpp"
 #include "ui/layout.hpp"
 
@@ -63,7 +64,17 @@ void Ui::refresh()
         message_ = "The work was moved on elsewhere.";
     }
     tell(events);
+    if (!recorded.empty()) {
+        warn();
+    }
     followState();
+}
+
+void Ui::warn()
+{
+    if (const std::string& warning = situation().warning; !warning.empty()) {
+        say(warning);
+    }
 }
 
 void Ui::tell(const std::vector<Event>& events)
@@ -199,7 +210,7 @@ void Ui::keepDraft()
     try {
         drafts_.keep(*form());
     } catch (const std::system_error& error) {
-        say("The draft cannot be kept: " + messageOf(error));
+        say("The draft cannot be kept: " + failureText(error));
     }
 }
 
@@ -222,7 +233,7 @@ void Ui::save()
     try {
         drafts_.forget(subject);
     } catch (const std::system_error& error) {
-        say("The draft cannot be removed: " + messageOf(error));
+        say("The draft cannot be removed: " + failureText(error));
     }
 }
 
@@ -236,7 +247,7 @@ bool Ui::change(const Operation& operation, std::string_view done)
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) {
-        const std::string reason = messageOf(error);
+        const std::string reason = failureText(error);
         // The state may have moved on, or be out of reach.
         refresh();
         say(reason);
@@ -245,6 +256,7 @@ bool Ui::change(const Operation& operation, std::string_view done)
     seen_ = Glimpse::of(state());
     tell(events);
     say(done);
+    warn();
     sideForm_.reset();
     if (workForm_ && subjectFor(state()) != workForm_->subject()) {
         workForm_.reset();

@@ -61,6 +61,8 @@ private:
     /// Does something to the files; says `done` or why not.
     bool change(const Operation& operation, std::string_view done);
     void tell(const std::vector<Event>& events);
+    /// Says what else the person should hear of the last change.
+    void warn();
     /// Opens, closes and keeps forms so that they are those of the state.
     void followState();
     void say(std::string_view sentence);

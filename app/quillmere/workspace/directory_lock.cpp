@@ -4,7 +4,6 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <chrono>
@@ -56,19 +55,12 @@ void waitForLock(int descriptor, const std::filesystem::path& directory)
 
 }  // namespace
 
-DirectoryLock::DirectoryLock(const std::filesystem::path& directory) : descriptor_(openDirectory(directory))
+DirectoryLock::DirectoryLock(const std::filesystem::path& directory) : directory_(openDirectory(directory))
 {
-    if (descriptor_ == -1) {
+    if (directory_.get() == -1) {
         throw std::filesystem::filesystem_error("open", directory, {errno, std::generic_category()});
     }
-    try {
-        waitForLock(descriptor_, directory);
-    } catch (...) {
-        ::close(descriptor_);
-        throw;
-    }
+    waitForLock(directory_.get(), directory);
 }
-
-DirectoryLock::~DirectoryLock() { ::close(descriptor_); }
 
 }  // namespace quillmere::app

@@ -1,6 +1,8 @@
 // One writer at a time.
 #pragma once
 
+#include "system/open_file.hpp"
+
 #include <filesystem>
 
 namespace quillmere::app {
@@ -12,12 +14,9 @@ public:
     /// Waits for the lock, at most five seconds; throws ProgramError (`lockBusy`) then, and
     /// `std::system_error` when the directory cannot be locked at all.
     explicit DirectoryLock(const std::filesystem::path& directory);
-    DirectoryLock(const DirectoryLock&) = delete;
-    DirectoryLock& operator=(const DirectoryLock&) = delete;
-    ~DirectoryLock();
 
 private:
-    int descriptor_;
+    OpenFile directory_;
 };
 
 }  // namespace quillmere::app

@@ -24,17 +24,19 @@ std::vector<Event> OpenWorkspace::refresh()
         isStale_ = !catchUp(situation_.state, situation_.now).empty();
     }
     // What is due has come about in memory only: the files may have been changed meanwhile.
-    return isStale_ ? change(nullptr) : std::vector<Event>();
+    return isStale_ ? change(nullptr) : std::exchange(recorded_, {});
 }
 
 std::vector<Event> OpenWorkspace::change(const Operation& operation)
 {
-    std::vector<Event> recorded;
+    const auto record = [this](const std::vector<Event>& events) {
+        recorded_.insert(recorded_.end(), events.begin(), events.end());
+    };
     isStale_ = true;
-    situation_ = workspace_.change([&](const std::vector<Event>& events) { recorded = events; }, operation);
+    situation_ = workspace_.change(record, operation);
     situation_.events.clear();
     isStale_ = false;
-    return recorded;
+    return std::exchange(recorded_, {});
 }
 
 }  // namespace quillmere::app

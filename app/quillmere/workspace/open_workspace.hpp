@@ -1,7 +1,7 @@
 // The files of a person kept open, for programs that stay.
 #pragma once
 
-#include "workspace/directory_watch.hpp"
+#include "system/directory_watch.hpp"
 #include "workspace/workspace.hpp"
 
 #include <vector>
@@ -29,13 +29,14 @@ public:
     std::vector<Event> refresh();
 
     /// Applies an operation of the person to the files as they are now (Workspace::change). Returns as
-    /// `refresh` does.
+    /// `refresh` does; when the operation is refused, the next call returns what came about before it.
     std::vector<Event> change(const Operation& operation);
 
 private:
     Workspace workspace_;
     DirectoryWatch watch_;
     Situation situation_;
+    std::vector<Event> recorded_;  ///< not returned yet
     bool isStale_ = false;
 };
 

@@ -1,7 +1,7 @@
 #include "workspace/workspace.hpp"
 
 #include "exit_code.hpp"
-#include "text/file_error.hpp"
+#include "text/failure.hpp"
 #include "workspace/screening.hpp"
 #include "workspace/state_home.hpp"
 

@@ -12,7 +12,7 @@ using app::barContent;
 using app::BarContent;
 using app::usualBarWidth;
 
-struct Shown {
+struct Phrasing {
     WorkflowState state;
     double after;  ///< seconds since the summary was made
     const char* text;
@@ -20,7 +20,7 @@ struct Shown {
     Words classes;
 };
 
-const Shown shown[] = {
+const Phrasing phrasings[] = {
     {WorkflowState::idle, 0, "Idle \u00B7 No active block", "Idle", {"idle"}},
     {WorkflowState::sessionPlanning,
      0,
@@ -58,7 +58,7 @@ const Shown shown[] = {
 
 TEST(BarContent, saysThePhaseTheTimeAndWhatTheWorkIs)
 {
-    for (const Shown& expected : shown) {
+    for (const Phrasing& expected : phrasings) {
         SCOPED_TRACE(expected.text);
         const WidgetSnapshot summary = WidgetSnapshot::make(stateIn(expected.state), moment);
         const BarContent content = barContent(summary, moment + expected.after, usualBarWidth);

@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* idleLine = "Idle \u00B7 No active block";
+constexpr const char* nothingToDo = "Idle \u00B7 No active block";
 
 Instant present() { return Instant(static_cast<double>(::time(nullptr))); }
 
@@ -59,13 +59,13 @@ protected:
 TEST_F(Follow, printsALineAtOnceAndAtEachChangeOfTheFile)
 {
     RunningProcess bar(this->bar());
-    EXPECT_EQ(bar.line(), idleLine);
+    EXPECT_EQ(bar.line(), nothingToDo);
     has(paused(60));
     EXPECT_EQ(bar.line().substr(0, 18), "Focus 01:00 paused");
     has(paused(59));
     EXPECT_EQ(bar.line().substr(0, 18), "Focus 00:59 paused");
     fs::remove(file());
-    EXPECT_EQ(bar.line(), idleLine);
+    EXPECT_EQ(bar.line(), nothingToDo);
     EXPECT_FALSE(bar.hasMore());
 }
 
@@ -190,7 +190,7 @@ TEST_F(Follow, findsTheContainerThatIsMadeLater)
 {
     const EnvironmentVariable data("XDG_DATA_HOME", (directory.path() / "data").string());
     RunningProcess bar(followingBar({}));
-    EXPECT_EQ(bar.line(), idleLine);
+    EXPECT_EQ(bar.line(), nothingToDo);
     const Person person;
     EXPECT_EQ(person.runs({"plan", "--outcome", "Chapter", "--start"}).code, ExitCode::done);
     EXPECT_EQ(bar.line(), "Planning \u00B7 Plan the next session \u00B7 Chapter");

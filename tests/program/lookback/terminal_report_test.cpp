@@ -21,7 +21,7 @@ TerminalPage plainPage(std::size_t width)
     return {.style = Style(false), .width = width, .drawsBlocks = false};
 }
 
-LookBack lookAt(const QuillmereState& state) { return statistics(state, {}, day("2026-11-15")); }
+LookBack reportOn(const QuillmereState& state) { return statistics(state, {}, day("2026-11-15")); }
 
 QuillmereState twoDays()
 {
@@ -35,7 +35,7 @@ TEST(TerminalReport, hasFactsAndCharts)
 {
     const TimeZone here("UTC");
     const QuillmereState state = twoDays();
-    EXPECT_EQ(terminalReport(lookAt(state), plainPage(60)),
+    EXPECT_EQ(terminalReport(reportOn(state), plainPage(60)),
               "Look back  up to 2026-11-15\n"
               "\n"
               "Focus        1 h 30 min on 2 days, in 2 sessions\n"
@@ -99,7 +99,7 @@ TEST(TerminalReport, drawsEighthsOfColumnsAndWeightsWhereTheyCanBeShown)
     const TimeZone here("UTC");
     const QuillmereState state = twoDays();
     const std::string text =
-        terminalReport(lookAt(state), {.style = Style(false), .width = 61, .drawsBlocks = true});
+        terminalReport(reportOn(state), {.style = Style(false), .width = 61, .drawsBlocks = true});
     EXPECT_NE(text.find("Sun 2026-11-15 ███████████████████▌ 30 min\n"), std::string::npos) << text;
     EXPECT_NE(text.find("less ·░▒▓█ more"), std::string::npos);
     EXPECT_NE(text.find("energy 4       ██████████▒▒▒▒▒▒▒▒▒▒ 1 yes, 1 half, 0 no\n"), std::string::npos)
@@ -113,7 +113,7 @@ TEST(TerminalReport, isNeverWiderThanThePage)
     for (const std::size_t width : {48u, 57u, 80u, 120u}) {
         for (const bool drawsBlocks : {false, true}) {
             std::istringstream lines(terminalReport(
-                lookAt(state), {.style = Style(false), .width = width, .drawsBlocks = drawsBlocks}));
+                reportOn(state), {.style = Style(false), .width = width, .drawsBlocks = drawsBlocks}));
             for (std::string line; std::getline(lines, line);) {
                 EXPECT_LE(app::columns(line), width) << line;
                 EXPECT_FALSE(line.ends_with(' ')) << line;
@@ -125,7 +125,7 @@ TEST(TerminalReport, isNeverWiderThanThePage)
 TEST(TerminalReport, isAsciiOnAPlainPage)
 {
     const QuillmereState state = generatedYear(moment);
-    const std::string text = terminalReport(lookAt(state), plainPage(80));
+    const std::string text = terminalReport(reportOn(state), plainPage(80));
     EXPECT_TRUE(std::all_of(text.begin(), text.end(),
                             [](char character) { return static_cast<unsigned char>(character) < 0x7F; }));
 }
@@ -135,14 +135,14 @@ TEST(TerminalReport, isColouredWhereColourIsWanted)
     const TimeZone here("UTC");
     const QuillmereState state = twoDays();
     const std::string text =
-        terminalReport(lookAt(state), {.style = Style(true), .width = 60, .drawsBlocks = false});
+        terminalReport(reportOn(state), {.style = Style(true), .width = 60, .drawsBlocks = false});
     EXPECT_NE(text.find("\x1b[1;31m###################\x1b[0m 30 min\n"), std::string::npos) << text;
 }
 
 TEST(TerminalReport, saysThatThereIsNothing)
 {
     const QuillmereState state = QuillmereState::initial(moment);
-    EXPECT_EQ(terminalReport(lookAt(state), plainPage(80)), "No focus session has ended yet.\n");
+    EXPECT_EQ(terminalReport(reportOn(state), plainPage(80)), "No focus session has ended yet.\n");
     EXPECT_EQ(terminalReport(
                   statistics(state, {.since = day("2026-11-01"), .until = std::nullopt}, day("2026-11-15")),
                   plainPage(80)),
@@ -152,7 +152,7 @@ TEST(TerminalReport, saysThatThereIsNothing)
 TEST(TerminalReport, namesSessionsWhoseTimeIsNotCounted)
 {
     const QuillmereState state = stateWith({session(moment, -5)});
-    EXPECT_NE(terminalReport(lookAt(state), plainPage(80))
+    EXPECT_NE(terminalReport(reportOn(state), plainPage(80))
                   .find("Not counted  the time of 1 session, whose start and end cannot be right\n"),
               std::string::npos);
 }

@@ -187,11 +187,11 @@ TEST_F(NoticeOnTheBus, isOneForSeveralQuestions)
     EXPECT_EQ(claimCount(), 2U);
 }
 
-const std::string hostile = "<b>bold</b> & \"quoted\" \x1b[31m\xE2\x80\xAEturned";
+const std::string hostileQuestion = "<b>bold</b> & \"quoted\" \x1b[31m\xE2\x80\xAEturned";
 
 TEST_F(NoticeOnTheBus, spellsMarkupOutWhereTheServiceReadsIt)
 {
-    person.has(asking(stateIn(WorkflowState::idle), 1, hostile));
+    person.has(asking(stateIn(WorkflowState::idle), 1, hostileQuestion));
     watchesOnce();
     ASSERT_TRUE(hasNotices(1));
     EXPECT_EQ(notices()[0]["body"],
@@ -201,7 +201,7 @@ TEST_F(NoticeOnTheBus, spellsMarkupOutWhereTheServiceReadsIt)
 TEST_F(NoticeOnTheBus, leavesMarkupAloneWhereTheServiceDoesNotReadIt)
 {
     hasService({.capabilities = {"body"}});
-    person.has(asking(stateIn(WorkflowState::idle), 1, hostile));
+    person.has(asking(stateIn(WorkflowState::idle), 1, hostileQuestion));
     watchesOnce();
     ASSERT_TRUE(hasNotices(1));
     EXPECT_EQ(notices()[0]["body"], "<b>bold</b> & \"quoted\" \xEF\xBF\xBD[31m\xEF\xBF\xBDturned");

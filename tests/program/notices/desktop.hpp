@@ -3,7 +3,7 @@
 #pragma once
 
 #include "notices/child_process.hpp"
-#include "notices/open_file.hpp"
+#include "system/open_file.hpp"
 
 #include <nlohmann/json.hpp>
 

@@ -11,25 +11,25 @@ using app::StandingEvent;
 using Kind = StandingEvent::Kind;
 using Events = std::vector<StandingEvent>;
 
-StandingEvent event(Kind kind, const std::string& key)
+StandingEvent eventOfKey(Kind kind, const std::string& key)
 {
     return {.kind = kind, .key = key, .at = moment, .text = key};
 }
 
-const StandingEvent focus = event(Kind::focusEnded, "focus");
-const StandingEvent rest = event(Kind::breakEnded, "break");
-const StandingEvent first = event(Kind::questionRaised, "first");
-const StandingEvent second = event(Kind::questionRaised, "second");
+const StandingEvent focusHasEnded = eventOfKey(Kind::focusEnded, "focus");
+const StandingEvent breakHasEnded = eventOfKey(Kind::breakEnded, "break");
+const StandingEvent firstQuestion = eventOfKey(Kind::questionRaised, "first");
+const StandingEvent secondQuestion = eventOfKey(Kind::questionRaised, "second");
 const QuillmereState idle = stateIn(WorkflowState::idle);
 const QuillmereState focusing = stateIn(WorkflowState::focusing);
 
 TEST(Outbox, letsTheWorkGoFirstAndThenAllQuestionsTogether)
 {
     Outbox outbox;
-    outbox.add({first, focus, second});
-    EXPECT_EQ(outbox.takeNext(idle), (Events{focus}));
+    outbox.add({firstQuestion, focusHasEnded, secondQuestion});
+    EXPECT_EQ(outbox.takeNext(idle), (Events{focusHasEnded}));
     EXPECT_TRUE(outbox.hasNext(idle));
-    EXPECT_EQ(outbox.takeNext(idle), (Events{first, second}));
+    EXPECT_EQ(outbox.takeNext(idle), (Events{firstQuestion, secondQuestion}));
     EXPECT_FALSE(outbox.hasNext(idle));
     EXPECT_EQ(outbox.takeNext(idle), Events{});
 }
@@ -37,21 +37,21 @@ TEST(Outbox, letsTheWorkGoFirstAndThenAllQuestionsTogether)
 TEST(Outbox, keepsQuestionsWhileThePersonMustNotBeInterrupted)
 {
     Outbox outbox;
-    outbox.add({first});
+    outbox.add({firstQuestion});
     EXPECT_FALSE(outbox.hasNext(focusing));
     EXPECT_EQ(outbox.takeNext(focusing), Events{});
-    EXPECT_EQ(outbox.events(), (Events{first}));
-    EXPECT_EQ(outbox.takeNext(idle), (Events{first}));
+    EXPECT_EQ(outbox.events(), (Events{firstQuestion}));
+    EXPECT_EQ(outbox.takeNext(idle), (Events{firstQuestion}));
 }
 
 TEST(Outbox, dropsWhatDoesNotStandAnyMore)
 {
     Outbox outbox;
-    outbox.add({focus, first, second});
-    StandingEvent reworded = second;
+    outbox.add({focusHasEnded, firstQuestion, secondQuestion});
+    StandingEvent reworded = secondQuestion;
     reworded.text = "in other words";
-    outbox.keepOnly({rest, reworded});
-    EXPECT_EQ(outbox.events(), (Events{second}));
+    outbox.keepOnly({breakHasEnded, reworded});
+    EXPECT_EQ(outbox.events(), (Events{secondQuestion}));
 }
 
 }  // namespace

@@ -178,13 +178,6 @@ TEST(WatchCommand, takesNoOtherUrgency)
     EXPECT_EQ(person.types({"watch", "--once", "--urgency", "3"}).code, ExitCode::usage);
 }
 
-TEST(WatchCommand, sleepsUntilTheNextSecond)
-{
-    EXPECT_EQ(app::millisecondsToNextSecond(moment), 1'000);
-    EXPECT_EQ(app::millisecondsToNextSecond(moment + 0.25), 750);
-    EXPECT_EQ(app::millisecondsToNextSecond(moment + 0.9999), 1);
-}
-
 class WatchProcess : public Desktop {};
 
 TEST_F(WatchProcess, endsWellWhenItIsAskedTo)

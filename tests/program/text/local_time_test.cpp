@@ -46,13 +46,13 @@ TEST(LocalTextSeenFrom, hasTheDayWhenItIsAnother)
     EXPECT_EQ(localTextSeenFrom(moment, moment + 365 * 86'400.0), "2027-11-15 16:00");
 }
 
-struct Reading {
+struct TypedTime {
     const char* text;
     double secondsFromNow;
 };
 
 // Now it is 15:00:00 on Sunday, 15 November.
-constexpr Reading readings[] = {
+constexpr TypedTime typedTimes[] = {
     {"2026-11-15 16:00", 3600},
     {"2026-11-15T16:00", 3600},
     {"2026-11-15 00:00", -54'000},
@@ -72,7 +72,7 @@ constexpr Reading readings[] = {
 TEST(InstantFromLocalText, readsADayATimeOrADelay)
 {
     const TimeZone here("UTC");
-    for (const Reading& reading : readings) {
+    for (const TypedTime& reading : typedTimes) {
         SCOPED_TRACE(reading.text);
         EXPECT_EQ(instantFromLocalText(reading.text, moment), moment + reading.secondsFromNow);
     }

@@ -88,9 +88,9 @@ TEST(Canvas, copiesRowsWithTheCursor)
 
 TEST(BigDigits, fillTheRoomThatThereIs)
 {
-    Canvas roomy({5, 40}, Charset::ascii);
-    drawBigDigits(roomy, roomy.area(), "+1:0", {});
-    EXPECT_EQ(roomy.rowText(2), "       ######      ##      ##  ##");
+    Canvas large({5, 40}, Charset::ascii);
+    drawBigDigits(large, large.area(), "+1:0", {});
+    EXPECT_EQ(large.rowText(2), "       ######      ##      ##  ##");
     Canvas narrow({5, 16}, Charset::ascii);
     drawBigDigits(narrow, narrow.area(), "+1:0", {});
     EXPECT_EQ(narrow.rowText(2), " ###   #   # #");

@@ -63,9 +63,9 @@ TEST(Form, saysWhenAValueHasChanged)
 TEST(Form, hasQuestionsBesideTheFieldsWhereThereIsRoomAndAboveThemOtherwise)
 {
     const Form form = sampleForm();
-    Canvas roomy(usualWindow, Charset::ascii);
-    form.draw(roomy, {0, 2, 20, 76}, {});
-    EXPECT_EQ(roomy.rowText(0), "  > A line?                                 .");
+    Canvas large(usualWindow, Charset::ascii);
+    form.draw(large, {0, 2, 20, 76}, {});
+    EXPECT_EQ(large.rowText(0), "  > A line?                                 .");
     Canvas narrow(smallWindow, Charset::ascii);
     form.draw(narrow, {0, 1, 8, 38}, {});
     EXPECT_EQ(narrow.rowText(0), " > A line?");

@@ -367,5 +367,28 @@ TEST_F(UiOfAPerson, leavesWithOneKeyAndWithNothingWritten)
     EXPECT_TRUE(ui->isOver());
 }
 
+TEST_F(UiOfAPerson, saysThatTheVersionBeforeCouldNotBeKept)
+{
+    const TemporaryDirectory elsewhere;
+    const std::filesystem::path noDirectory = elsewhere.path() / "file";
+    writeText(noDirectory, "");
+    person.has(stateIn(WorkflowState::focusing));
+    ui = std::make_unique<Ui>(app::Workspace::in(
+                                  person.directory(), [this] { return person.now; }, noDirectory),
+                              Drafts(person.stateHome()), std::nullopt);
+    presses("p");
+    EXPECT_TRUE(shows("The version before this change could not be kept"));
+    EXPECT_TRUE(person.state().currentSession()->pausedAt);
+}
+
+TEST_F(UiOfAPerson, ringsForWhatCameAboutBeforeARefusedStep)
+{
+    opens(stateIn(WorkflowState::focusing));
+    person.now = moment + 1'600;
+    presses("p");
+    EXPECT_TRUE(ui->takeBell());
+    EXPECT_TRUE(shows("This action is not available"));
+}
+
 }  // namespace
 }  // namespace quillmere::test

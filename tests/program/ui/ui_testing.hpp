@@ -20,6 +20,9 @@ void type(Taker take, const std::string& ascii)
 }
 
 /// A window as most terminals have it, and the smallest one.
+/// Columns in which what a field shows need not be broken or cut.
+inline constexpr std::size_t roomy = 80;
+
 inline constexpr app::ui::Size usualWindow{.rows = 24, .columns = 80};
 inline constexpr app::ui::Size smallWindow{.rows = 12, .columns = 40};
 

@@ -64,6 +64,18 @@ TEST(OpenWorkspace, recordsWhatCameAboutBeforeItWasOpened)
     EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
 }
 
+TEST(OpenWorkspace, returnsWhatCameAboutBeforeARefusedOperationAfterwards)
+{
+    Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    OpenWorkspace open = opened(person);
+    person.now = moment + 1'600;
+    const auto pause = [](QuillmereState& state, Instant now) { WorkflowEngine().pauseFocus(state, now); };
+    EXPECT_THROW(open.change(pause), WorkflowError);
+    EXPECT_EQ(open.refresh().size(), 1U);
+    EXPECT_TRUE(open.refresh().empty());
+}
+
 TEST(OpenWorkspace, leavesAnEventToWhoeverRecordedItFirst)
 {
     Person person;

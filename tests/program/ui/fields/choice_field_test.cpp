@@ -8,8 +8,6 @@ namespace {
 
 using namespace app::ui;
 
-constexpr std::size_t roomy = 80;
-
 ChoiceField rating(const std::string& chosen,
                    ChoiceField::Direction direction = ChoiceField::Direction::across)
 {

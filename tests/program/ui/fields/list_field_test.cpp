@@ -8,8 +8,6 @@ namespace {
 
 using namespace app::ui;
 
-constexpr std::size_t roomy = 80;
-
 class List : public testing::Test {
 protected:
     ListField field{"outcomes", "What?", {}};

@@ -8,8 +8,6 @@ namespace {
 
 using namespace app::ui;
 
-constexpr std::size_t roomy = 80;
-
 void press(TextEditor& editor, std::initializer_list<Key::Kind> kinds)
 {
     for (const Key::Kind kind : kinds) {

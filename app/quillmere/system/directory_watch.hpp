@@ -1,6 +1,8 @@
 // Tells when files change, without looking again and again.
 #pragma once
 
+#include "system/open_file.hpp"
+
 #include <filesystem>
 
 namespace quillmere::app {
@@ -11,12 +13,9 @@ class DirectoryWatch {
 public:
     /// Throws `std::system_error` when the system can watch no more.
     explicit DirectoryWatch(std::filesystem::path directory);
-    DirectoryWatch(const DirectoryWatch&) = delete;
-    DirectoryWatch& operator=(const DirectoryWatch&) = delete;
-    ~DirectoryWatch();
 
     /// For poll(2): readable when something has happened.
-    int descriptor() const noexcept { return descriptor_; }
+    int descriptor() const noexcept { return events_.get(); }
 
     /// Takes what has happened since the last call; whether a file in the directory may have changed. Never
     /// waits.
@@ -26,7 +25,7 @@ private:
     void watchNearest();
 
     std::filesystem::path directory_;
-    int descriptor_;
+    OpenFile events_;
     int watch_ = -1;
 };
 

@@ -1,4 +1,4 @@
-// Failures of the system in words.
+// Failures in words.
 #pragma once
 
 #include <string>
@@ -8,5 +8,8 @@ namespace quillmere::app {
 
 /// "open: Permission denied: /some/file": the call, the reason and the path, as far as they are known.
 std::string fileErrorText(const std::system_error& error);
+
+/// What an exception of the library, the program or the system says to a person.
+std::string failureText(const std::exception& error);
 
 }  // namespace quillmere::app

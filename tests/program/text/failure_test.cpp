@@ -1,5 +1,8 @@
 // Failures of the system in words.
-#include "text/file_error.hpp"
+#include "text/failure.hpp"
+
+#include <quillmere/engine/workflow_error.hpp>
+#include <quillmere/records/json/coding_error.hpp>
 
 #include <gtest/gtest.h>
 
@@ -8,6 +11,7 @@
 namespace quillmere::test {
 namespace {
 
+using app::failureText;
 using app::fileErrorText;
 using std::filesystem::filesystem_error;
 
@@ -29,6 +33,23 @@ TEST(FileErrorText, hasNoPathWhereNoneIsKnown)
     EXPECT_EQ(fileErrorText(filesystem_error("read", denied)), "read: Permission denied");
     EXPECT_EQ(fileErrorText(std::system_error(denied, "flock")), "flock: Permission denied");
     EXPECT_EQ(fileErrorText(std::system_error(denied)), "Permission denied");
+}
+
+TEST(FailureText, isTheEnginesOwnMessageForARefusal)
+{
+    const WorkflowError refusal = WorkflowError::missingSessionPlan;
+    EXPECT_EQ(failureText(refusal), refusal.errorDescription());
+}
+
+TEST(FailureText, hasTheReasonOfASystemError)
+{
+    EXPECT_EQ(failureText(filesystem_error("open", "/a", denied)), "open: Permission denied: /a");
+}
+
+TEST(FailureText, saysThatAStateCannotBeUsed)
+{
+    const std::string text = failureText(DecodingError("a string", "a number"));
+    EXPECT_TRUE(text.starts_with("The state cannot be used: ")) << text;
 }
 
 }  // namespace

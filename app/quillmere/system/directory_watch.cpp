@@ -1,7 +1,6 @@
-#include "workspace/directory_watch.hpp"
+#include "system/directory_watch.hpp"
 
 #include <sys/inotify.h>
-#include <unistd.h>
 
 #include <array>
 #include <cerrno>
@@ -26,27 +25,20 @@ constexpr std::uint32_t everyChange =
 }  // namespace
 
 DirectoryWatch::DirectoryWatch(fs::path directory)
-    : directory_(std::move(directory)), descriptor_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
+    : directory_(std::move(directory)), events_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
 {
-    if (descriptor_ < 0) {
+    if (events_.get() == -1) {
         fail(directory_);
     }
-    try {
-        watchNearest();
-    } catch (...) {
-        ::close(descriptor_);
-        throw;
-    }
+    watchNearest();
 }
-
-DirectoryWatch::~DirectoryWatch() { ::close(descriptor_); }
 
 bool DirectoryWatch::takeChanges()
 {
     bool changed = false;
     // Which file it was is not asked: one more look costs less than a change that is missed.
     alignas(inotify_event) std::array<char, 4096> events;
-    while (::read(descriptor_, events.data(), events.size()) > 0) {
+    while (::read(events_.get(), events.data(), events.size()) > 0) {
         changed = true;
     }
     if (changed) {
@@ -60,7 +52,7 @@ void DirectoryWatch::watchNearest()
     // What is made while this goes up the path is found by going up again.
     fs::path nearest = directory_;
     int watch = -1;
-    while ((watch = ::inotify_add_watch(descriptor_, nearest.c_str(), everyChange)) < 0) {
+    while ((watch = ::inotify_add_watch(events_.get(), nearest.c_str(), everyChange)) < 0) {
         const bool isMissing = errno == ENOENT || errno == ENOTDIR || errno == EACCES;
         if (!isMissing || !nearest.has_relative_path()) {
             fail(nearest);
@@ -68,7 +60,7 @@ void DirectoryWatch::watchNearest()
         nearest = nearest.parent_path();
     }
     if (watch_ >= 0 && watch_ != watch) {
-        ::inotify_rm_watch(descriptor_, watch_);
+        ::inotify_rm_watch(events_.get(), watch_);
     }
     watch_ = watch;
     std::error_code ignored;

@@ -1,5 +1,5 @@
 // Changes of files are told, wherever the directory stands.
-#include "workspace/directory_watch.hpp"
+#include "system/directory_watch.hpp"
 
 #include <poll.h>
 

@@ -1,4 +1,7 @@
-#include "text/file_error.hpp"
+#include "text/failure.hpp"
+
+#include <quillmere/engine/workflow_error.hpp>
+#include <quillmere/records/json/coding_error.hpp>
 
 #include <filesystem>
 
@@ -14,6 +17,20 @@ std::string fileErrorText(const std::system_error& error)
         }
     }
     return text;
+}
+
+std::string failureText(const std::exception& error)
+{
+    if (const auto* const refused = dynamic_cast<const WorkflowError*>(&error)) {
+        return refused->errorDescription();
+    }
+    if (dynamic_cast<const CodingError*>(&error)) {
+        return std::string("The state cannot be used: ") + error.what();
+    }
+    if (const auto* const failed = dynamic_cast<const std::system_error*>(&error)) {
+        return fileErrorText(*failed);
+    }
+    return error.what();
 }
 
 }  // namespace quillmere::app

@@ -1,0 +1,17 @@
+// When a shown clock moves on.
+#pragma once
+
+#include <quillmere/records/instant.hpp>
+
+#include <cmath>
+
+namespace quillmere::app {
+
+/// How long to sleep, 1 to 1000, until the clock shows another second.
+inline int millisecondsToNextSecond(Instant now)
+{
+    const double seconds = now.secondsSince1970();
+    return static_cast<int>(std::ceil((std::floor(seconds) + 1 - seconds) * 1'000));
+}
+
+}  // namespace quillmere::app

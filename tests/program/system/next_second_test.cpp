@@ -1,0 +1,22 @@
+// When a shown clock moves on.
+#include "system/next_second.hpp"
+
+#include "program_testing.hpp"
+
+namespace quillmere::test {
+namespace {
+
+TEST(NextSecond, isNeverNowAndAtMostASecondAway)
+{
+    EXPECT_EQ(app::millisecondsToNextSecond(moment), 1'000);
+    EXPECT_EQ(app::millisecondsToNextSecond(moment + 0.25), 750);
+    EXPECT_EQ(app::millisecondsToNextSecond(moment + 0.9999), 1);
+}
+
+TEST(NextSecond, isRoundedUpSoThatTheSecondHasCome)
+{
+    EXPECT_EQ(app::millisecondsToNextSecond(moment + 0.2505), 750);
+}
+
+}  // namespace
+}  // namespace quillmere::test
