@@ -1,6 +1,6 @@
 #!/bin/sh
 # Builds the example against the library as others get it, and runs it.
-# consume.sh SOURCE WORK static|shared|folder
+# consume.sh SOURCE WORK static|folder
 set -eu
 source=$1
 work=$2/$3
@@ -8,7 +8,7 @@ kind=$3
 rm -rf "$work"
 mkdir -p "$work"
 
-configure() { cmake -G Ninja -DCMAKE_BUILD_TYPE=Debug "$@" >"$work/configure.log" || { cat "$work/configure.log"; exit 1; }; }
+configure() { cmake -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O0 "$@" >"$work/configure.log" || { cat "$work/configure.log"; exit 1; }; }
 build() { cmake --build "$1" -- --quiet; }
 
 # The example says where it stands and leaves both files behind.
@@ -28,11 +28,8 @@ if [ "$kind" = folder ]; then
     exit 0
 fi
 
-shared=OFF
-[ "$kind" = shared ] && shared=ON
 prefix=$work/installed
-configure -S "$source" -B "$work/library" -DBUILD_SHARED_LIBS=$shared \
-    -DQUILLMERE_BUILD_PROGRAM=OFF -DQUILLMERE_BUILD_TESTS=OFF
+configure -S "$source" -B "$work/library" -DQUILLMERE_BUILD_PROGRAM=OFF -DQUILLMERE_BUILD_TESTS=OFF
 build "$work/library"
 # To a place that the configuration did not know of.
 cmake --install "$work/library" --prefix "$prefix" >"$work/install.log"
@@ -44,10 +41,9 @@ check cmake "$work/consumer/first_session"
 
 PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name QuillmereCore.pc)")
 export PKG_CONFIG_PATH
-libraries=$(pkg-config --variable=libdir QuillmereCore)
 # shellcheck disable=SC2046 # the flags are words
 ${CXX:-g++} -std=c++20 "$source/examples/first_session.cpp" $(pkg-config --cflags --libs QuillmereCore) \
-    -Wl,-rpath,"$libraries" -o "$work/by_pkg_config"
+    -o "$work/by_pkg_config"
 check pkg-config "$work/by_pkg_config"
 
 # Every installed header compiles by itself, out of the package alone.

@@ -41,6 +41,11 @@ man -M "$root/usr/share/man" -w quillmere >/dev/null || { echo "there is no manu
 # shellcheck disable=SC2046 # the flags are words
 g++ -std=c++20 "$source/examples/first_session.cpp" $(pkg-config --cflags --libs QuillmereCore) -o "$root/var/example"
 [ "$("$root/var/example" "$root/var/other")" = "Session 1 of 8" ] || { echo "the example says something else"; exit 1; }
+cmake -G Ninja -S "$source/tests/package/consumer" -B "$root/var/consumer" -DCMAKE_PREFIX_PATH="$root/usr" \
+    -DEXAMPLE="$source/examples/first_session.cpp" >/dev/null
+cmake --build "$root/var/consumer" -- --quiet
+[ "$("$root/var/consumer/first_session" "$root/var/third")" = "Session 1 of 8" ] ||
+    { echo "what CMake made of the example says something else"; exit 1; }
 
 # Nothing tells where it was built.
 if grep -rlF "$source" "$root/usr"; then
