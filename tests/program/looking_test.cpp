@@ -9,9 +9,16 @@ namespace quillmere::test {
 namespace {
 
 const Words lookingCommands[] = {
-    {"status"},  {"questions"}, {"questions", "--all"},
-    {"history"}, {"report"},    {"restore"},
-    {"widget"},  {"agent"},     {"open", "quillmere://open/focus"},
+    {"status"},
+    {"questions"},
+    {"questions", "--all"},
+    {"history"},
+    {"report"},
+    {"restore"},
+    {"widget"},
+    {"bar"},
+    {"agent"},
+    {"open", "quillmere://open/focus"},
     {},
 };
 

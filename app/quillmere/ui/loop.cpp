@@ -3,6 +3,7 @@
 #include "exit_code.hpp"
 #include "system/held_signals.hpp"
 #include "system/next_second.hpp"
+#include "ui/breakdown.hpp"
 #include "ui/terminal.hpp"
 #include "ui/ui.hpp"
 
@@ -128,6 +129,7 @@ void showScreen(Program& program, std::optional<WidgetRoute> route)
         const HeldSignals signals{SIGTERM, SIGHUP, SIGINT, SIGQUIT, SIGTSTP, SIGCONT, SIGWINCH};
         Ui ui(program.workspace(), Drafts(program.workspace().keptBeside()), route);
         Terminal terminal;
+        const BreakdownHandler breakdown;
         ending = Loop(ui, terminal, signals, environment.clock).run();
     }
     if (ending != 0) {

@@ -13,8 +13,8 @@ namespace quillmere::app::ui {
 /// Whether the terminal of this process, as TERM describes it, can place its cursor.
 bool canShowScreens();
 
-/// Takes over standard input and output for as long as it lives; however that ends, the terminal is then as
-/// it was before. One at a time.
+/// Takes over standard input and output for as long as it lives; the terminal is then as it was before (and
+/// breakdown.hpp sees to it where nothing lives on). One at a time.
 class Terminal {
 public:
     /// Throws ProgramError when the terminal cannot show a screen.

@@ -182,7 +182,7 @@ TEST_F(LiveScreen, givesTheTerminalBackHoweverItEnds)
     window.presses("C-c");
     EXPECT_TRUE(window.shows("ended 0"));
     EXPECT_EQ(settingsOf(window), before);
-    for (const int signal : {SIGTERM, SIGHUP, SIGQUIT}) {
+    for (const int signal : {SIGTERM, SIGHUP, SIGQUIT, SIGABRT, SIGSEGV}) {
         opens();
         const pid_t process = processIn(window);
         ASSERT_GT(process, 0);

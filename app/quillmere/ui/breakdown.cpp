@@ -1,0 +1,37 @@
+#include "ui/breakdown.hpp"
+
+// Functions, no macros, as far as there is the choice.
+#define NCURSES_NOMACROS
+#include <curses.h>
+
+namespace quillmere::app::ui {
+namespace {
+
+/// Not all of this may be done in a handler (signal-safety(7)); but nothing is left that it could harm.
+void giveBackAndEnd(int signal)
+{
+    ::endwin();
+    ::raise(signal);
+}
+
+}  // namespace
+
+BreakdownHandler::BreakdownHandler()
+{
+    struct sigaction action {};
+    action.sa_handler = giveBackAndEnd;
+    // The second time, also in here, it ends the program.
+    action.sa_flags = static_cast<int>(SA_RESETHAND);
+    for (std::size_t index = 0; index < signals.size(); ++index) {
+        ::sigaction(signals[index], &action, &before_[index]);
+    }
+}
+
+BreakdownHandler::~BreakdownHandler()
+{
+    for (std::size_t index = 0; index < signals.size(); ++index) {
+        ::sigaction(signals[index], &before_[index], nullptr);
+    }
+}
+
+}  // namespace quillmere::app::ui
