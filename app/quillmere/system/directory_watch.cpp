@@ -12,10 +12,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Files come by rename, which is a move; the rest is for directories that come and go, and for files that
-/// others write in place.
+/// Files come by rename, which is a move; the rest is for directories that come and go, for files that others
+/// write in place, and for permissions that are given or taken.
 constexpr std::uint32_t everyChange =
-    IN_MOVE | IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
+    IN_MOVE | IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_ATTRIB | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
 
 [[noreturn]] void fail(const fs::path& path)
 {
@@ -49,14 +49,23 @@ bool DirectoryWatch::takeChanges()
 
 void DirectoryWatch::watchNearest()
 {
-    // What is made while this goes up the path is found by going up again.
+    // A directory that is made while this goes up the path is found by beginning again.
+    while (!tryToWatchNearest()) {
+    }
+}
+
+bool DirectoryWatch::tryToWatchNearest()
+{
     fs::path nearest = directory_;
+    fs::path below;
+    bool isBelowMissing = false;
     int watch = -1;
     while ((watch = ::inotify_add_watch(events_.get(), nearest.c_str(), everyChange)) < 0) {
-        const bool isMissing = errno == ENOENT || errno == ENOTDIR || errno == EACCES;
-        if (!isMissing || !nearest.has_relative_path()) {
+        isBelowMissing = errno == ENOENT || errno == ENOTDIR;
+        if (!(isBelowMissing || errno == EACCES) || !nearest.has_relative_path()) {
             fail(nearest);
         }
+        below = nearest;
         nearest = nearest.parent_path();
     }
     if (watch_ >= 0 && watch_ != watch) {
@@ -64,10 +73,7 @@ void DirectoryWatch::watchNearest()
     }
     watch_ = watch;
     std::error_code ignored;
-    if (nearest != directory_ &&
-        fs::is_directory(nearest / *directory_.lexically_relative(nearest).begin(), ignored)) {
-        watchNearest();
-    }
+    return !(isBelowMissing && fs::is_directory(below, ignored));
 }
 
 }  // namespace quillmere::app

@@ -8,7 +8,7 @@
 namespace quillmere::app {
 
 /// Watches one directory (inotify(7)), which need not exist yet and may go and come back: until it is
-/// there, what is watched is the nearest directory above it that is.
+/// there and may be read, what is watched is the nearest directory above it of which that is true.
 class DirectoryWatch {
 public:
     /// Throws `std::system_error` when the system can watch no more.
@@ -23,6 +23,8 @@ public:
 
 private:
     void watchNearest();
+    /// False when what was missing has been made meanwhile.
+    bool tryToWatchNearest();
 
     std::filesystem::path directory_;
     OpenFile events_;

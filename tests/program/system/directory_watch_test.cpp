@@ -5,6 +5,7 @@
 
 #include "program_testing.hpp"
 #include "support/file_system.hpp"
+#include "support/process_settings.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -82,6 +83,29 @@ TEST(DirectoryWatch, followsTheNameWhenAnotherDirectoryTakesIt)
     fs::create_directory(directory);
     EXPECT_TRUE(watch.takeChanges());
     writeText(directory / "file", "one");
+    EXPECT_TRUE(watch.takeChanges());
+}
+
+TEST(DirectoryWatch, waitsForADirectoryUntilItMayBeRead)
+{
+    const UnprivilegedUser user;
+    if (!user.isOne()) {
+        GTEST_SKIP() << "permissions hold nobody back here";
+    }
+    const TemporaryDirectory above;
+    const fs::path directory = above.path() / "one";
+    fs::create_directory(directory);
+    fs::permissions(directory, fs::perms::owner_exec | fs::perms::owner_write);
+    DirectoryWatch watch(directory);
+    fs::permissions(directory, fs::perms::owner_all);
+    EXPECT_TRUE(watch.takeChanges());
+    writeText(directory / "file", "one");
+    EXPECT_TRUE(watch.takeChanges());
+    fs::permissions(directory, fs::perms::none);
+    EXPECT_TRUE(watch.takeChanges());
+    fs::permissions(directory, fs::perms::owner_all);
+    EXPECT_TRUE(watch.takeChanges());
+    writeText(directory / "file", "two");
     EXPECT_TRUE(watch.takeChanges());
 }
 
