@@ -239,17 +239,28 @@ Situation Workspace::change(const std::function<void(const std::vector<Event>&)>
     return situation;
 }
 
-QuillmereState Workspace::stateOf(const Version& version)
+std::optional<QuillmereState> Workspace::stateOf(const Version& version)
 {
-    QuillmereState state =
-        StateStore::decoder().decode<QuillmereState>(FileManager::standard().contents(version.file));
-    screen(state);
-    return state;
+    try {
+        QuillmereState state =
+            StateStore::decoder().decode<QuillmereState>(FileManager::standard().contents(version.file));
+        screen(state);
+        return state;
+    } catch (const std::system_error& error) {
+        if (error.code() == std::errc::no_such_file_or_directory) {
+            return std::nullopt;
+        }
+        throw;
+    }
 }
 
 Situation Workspace::bringBack(const Version& version) const
 {
-    QuillmereState state = stateOf(version);
+    std::optional<QuillmereState> state = stateOf(version);
+    if (!state) {
+        throw ProgramError(ExitCode::usage, "There is no version " + std::to_string(version.number) +
+                                                " any more; quillmere restore lists them.");
+    }
     const DirectoryLock held = lock();
     const Instant now = clock_();
     Instant savedAt = now;
@@ -259,8 +270,8 @@ Situation Workspace::bringBack(const Version& version) const
         // Bringing a version back is what one does about it.
     }
     versions().keep(states_.stateURL(), savedAt);
-    save(state, std::max(now, state.updatedAt), "The version is brought back");
-    return caughtUp(std::move(state));
+    save(*state, std::max(now, state->updatedAt), "The version is brought back");
+    return caughtUp(*std::move(state));
 }
 
 }  // namespace quillmere::app

@@ -64,11 +64,12 @@ public:
                      const Operation& operation) const;
 
     /// Under the lock: puts a version in the place of the state, whatever that is now; even what cannot be
-    /// read is kept as a version first. Throws, and changes nothing, when either version cannot be had.
+    /// read is kept as a version first. Throws, and changes nothing, when either version cannot be had
+    /// (ProgramError, `usage`, when it has been let go of).
     Situation bringBack(const Version& version) const;
 
-    /// The state of a version. Throws what reading it throws.
-    static QuillmereState stateOf(const Version& version);
+    /// The state of a version; absent when it has been let go of. Throws what reading it throws.
+    static std::optional<QuillmereState> stateOf(const Version& version);
 
     Instant now() const;
 
