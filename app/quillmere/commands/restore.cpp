@@ -14,6 +14,7 @@
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <system_error>
 
 namespace quillmere::app {
 namespace {
@@ -90,6 +91,20 @@ void listVersions(Program& program)
     }
 }
 
+/// Refuses where there can be nothing to list or to bring back.
+void requireThatVersionsAreKept(Program& program)
+{
+    if (!program.workspace().keptBeside().empty()) {
+        return;
+    }
+    const std::filesystem::path& stateHome = program.environment().stateHome;
+    throw ProgramError(ExitCode::refused,
+                       stateHome.empty()
+                           ? "Nothing is kept: set XDG_STATE_HOME, or HOME, to an absolute path."
+                           : "Nothing is kept: the place for it, " + (stateHome / "quillmere").string() +
+                                 ", lies in the directory of the files.");
+}
+
 Version versionNumbered(std::int64_t number, const Workspace& workspace)
 {
     const std::vector<Version> versions = workspace.versions().list();
@@ -121,6 +136,7 @@ bool isWanted(const RestoreCommand& command, const Version& version, Environment
 
 void restore(const RestoreCommand& command, Program& program)
 {
+    requireThatVersionsAreKept(program);
     if (!command.number) {
         listVersions(program);
         return;

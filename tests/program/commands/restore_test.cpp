@@ -267,6 +267,48 @@ TEST(Restore, saysThatAVersionWasLetGoOfMeanwhile)
     EXPECT_EQ(questionCount(person), 2U);
 }
 
+TEST(Restore, saysWhyNothingIsKeptWithoutAHome)
+{
+    const Person person = personWithVersions();
+    for (const Words& arguments : {Words{"restore"}, {"restore", "1", "--yes"}, {"restore", "--json"}}) {
+        const Ending ending = typesWith("", person, arguments);
+        EXPECT_EQ(ending.code, ExitCode::refused);
+        EXPECT_EQ(ending.out, "");
+        EXPECT_NE(ending.err.find("Nothing is kept: set XDG_STATE_HOME, or HOME, to an absolute path."),
+                  std::string::npos)
+            << ending.err;
+    }
+}
+
+TEST(Versions, areNotKeptAmongTheFilesThemselves)
+{
+    // The state home is that directory, or lies in it.
+    for (const char* stateHome : {"", "state", "some/where/below"}) {
+        SCOPED_TRACE(stateHome);
+        const Person person;
+        const fs::path place = person.directory() / stateHome;
+        EXPECT_EQ(typesWith(place, person, {"ask", "First?"}).code, ExitCode::done);
+        const Ending ending = typesWith(place, person, {"ask", "Second?"});
+        EXPECT_EQ(ending.code, ExitCode::done);
+        EXPECT_EQ(ending.err, "");
+        EXPECT_EQ(person.names(), (Words{"agent-state.json", "state.json", "widget-snapshot.json"}));
+        EXPECT_EQ(typesWith(place, person, {"restore"}).err, "Nothing is kept: the place for it, " +
+                                                                 (place / "quillmere").string() +
+                                                                 ", lies in the directory of the files.\n");
+    }
+}
+
+TEST(Versions, areNotKeptInTheDirectoryOfTheFilesByAnyName)
+{
+    const Person person;
+    const Person other;
+    const fs::path link = other.directory() / "link";
+    fs::create_directory_symlink(person.directory(), link);
+    typesWith(link / "state", person, {"ask", "First?"});
+    typesWith(link / "state", person, {"ask", "Second?"});
+    EXPECT_EQ(person.names(), (Words{"agent-state.json", "state.json", "widget-snapshot.json"}));
+}
+
 TEST(Versions, areNotMadeByLookingOrByARefusal)
 {
     const Person person = personWithVersions();
