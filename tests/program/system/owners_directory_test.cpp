@@ -15,7 +15,7 @@ using app::createOwnersDirectory;
 
 TEST(OwnersDirectory, isForTheOwnerLikeAllThatIsMadeOnTheWay)
 {
-    for (const mode_t mask : {0000, 0077, 0777}) {
+    for (const mode_t mask : {0000U, 0077U, 0777U}) {
         const TemporaryDirectory place;
         const FileCreationMask setting(mask);
         createOwnersDirectory(place.path() / "one/two/three");
