@@ -17,9 +17,10 @@ struct Environment {
     bool outputIsTerminal;  ///< colour may be used
     /// Where versions, drafts and notices are kept (XDG state home); empty: nowhere.
     std::filesystem::path stateHome = {};
-    // The descriptors of `in` and `out`, for what streams are not enough for; -1: there is none.
+    // The descriptors of `in`, `out` and `err`, for what streams are not enough for; -1: there is none.
     int input = -1;
     int output = -1;
+    int error = -1;
 };
 
 }  // namespace quillmere::app

@@ -39,12 +39,20 @@ configure -S "$source/tests/package/consumer" -B "$work/consumer" -DCMAKE_PREFIX
 build "$work/consumer"
 check cmake "$work/consumer/first_session"
 
-PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name QuillmereCore.pc)")
-export PKG_CONFIG_PATH
-# shellcheck disable=SC2046 # the flags are words
-${CXX:-g++} -std=c++20 "$source/examples/first_session.cpp" $(pkg-config --cflags --libs QuillmereCore) \
-    -o "$work/by_pkg_config"
-check pkg-config "$work/by_pkg_config"
+# by_pkg_config NAME DIRECTORY: builds the example with what pkg-config finds there, and checks it.
+by_pkg_config()
+{
+    # shellcheck disable=SC2046 # the flags are words
+    ${CXX:-g++} -std=c++20 "$source/examples/first_session.cpp" \
+        $(PKG_CONFIG_PATH=$2/pkgconfig pkg-config --cflags --libs QuillmereCore) -o "$work/$1"
+    check "$1" "$work/$1"
+}
+by_pkg_config pkg-config "$(dirname "$(find "$prefix" -name 'libQuillmereCore.*')")"
+
+# Libraries may be kept away from the headers; nothing is compiled again for that.
+cmake "$work/library" -DCMAKE_INSTALL_PREFIX="$work/headers" -DCMAKE_INSTALL_LIBDIR="$work/libraries" >"$work/apart.log"
+cmake --install "$work/library" >>"$work/apart.log"
+by_pkg_config apart "$work/libraries"
 
 # Every installed header compiles by itself, out of the package alone.
 find "$prefix/include" -name '*.hpp' | while read -r header; do

@@ -4,7 +4,10 @@ set -eu
 . "$(dirname "$0")/needs.sh"
 needs dpkg-shlibdeps
 rm -rf "$2/packages"
-"$1/script/package" "$2" -DCMAKE_CXX_FLAGS=-O0
+# Named as the caller sees it.
+mkdir -p "$2"
+cd "$2"
+"$1/script/package" ../"$(basename "$2")" -DCMAKE_CXX_FLAGS=-O0
 for package in libquillmerecore1 libquillmerecore-dev quillmere; do
     [ "$(find "$2/packages" -name "${package}_*.deb" | wc -l)" = 1 ] || { echo "$package has not been built"; exit 1; }
 done

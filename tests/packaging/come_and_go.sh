@@ -35,6 +35,8 @@ export PKG_CONFIG_PATH="$libraries/pkgconfig"
 [ "$("$program" --version)" = "quillmere $version" ] || { echo "it is another version"; exit 1; }
 "$program" --directory "$root/var/files" plan --outcome Outline --start >/dev/null
 "$program" --directory "$root/var/files" status | grep -q "Outcome: Outline" || { echo "it does not work"; exit 1; }
+grep -qx 'ExecStart=/usr/bin/quillmere watch' "$root/usr/lib/systemd/user/quillmere-watch.service" ||
+    { echo "the unit starts something else"; exit 1; }
 man -M "$root/usr/share/man" -w quillmere >/dev/null || { echo "there is no manual"; exit 1; }
 
 # The development files are enough to build on.

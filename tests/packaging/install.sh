@@ -39,6 +39,16 @@ END
     LC_ALL=C sort >"$destination/found"
 diff "$destination/expected" "$destination/found"
 
+# The unit starts the program where it was installed, though the configuration knew another place.
+started() { sed -n 's/^ExecStart=\([^ ]*\) .*/\1/p' "$1/lib/systemd/user/quillmere-watch.service"; }
+other=$destination/other
+cmake --install "$build" --prefix "$other" >/dev/null
+[ "$(started "$other")" = "$other/bin/quillmere" ] || { echo "the unit starts $(started "$other")"; exit 1; }
+[ -x "$other/bin/quillmere" ] || { echo "it is not there"; exit 1; }
+rm -r "$other"
+[ "$(started "$destination$prefix")" = "$prefix/bin/quillmere" ] ||
+    { echo "for $prefix the unit starts $(started "$destination$prefix")"; exit 1; }
+
 # Each file belongs to a component, of which packages are made; what does not would be in none.
 DESTDIR=$destination/nowhere cmake --install "$build" --component Unspecified >/dev/null
 if find "$destination" -path "$destination/nowhere/*" -type f | grep .; then

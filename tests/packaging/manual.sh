@@ -52,6 +52,11 @@ for command in $(commands_below "" | tr ' ' '+'); do
 done
 [ "$count" -ge 20 ] || complain "only $count commands were found in the help"
 
+# What may be left out has brackets of its own: options do not need an argument, nor an argument options.
+heads=$(section COMMANDS | grep -E '^     [^ ]')
+echo "$heads" | grep -q '\[options\]' || complain "no command has [options]"
+! echo "$heads" | grep -E '\[[^]]*[ []' || complain "these brackets hold more than one thing"
+
 # squeezed: text whose lines and gaps are of no account.
 squeezed() { tr -s ' \n' '  '; }
 
@@ -63,6 +68,7 @@ echo "$rows" | while read -r row; do
     case $codes in *" $row "*) ;; *) echo "an exit code as README.md has it: $row"; exit 1 ;; esac
 done || complain "is not in the manual"
 
+[ -n "$(section FILES | grep -F '/.local/state/quillmere/')" ] || complain "what is kept beside the files is not in the manual"
 for file in $(sed -nE 's/^\| `([a-z-]+\.json)` \|.*/\1/p' "$source/README.md"); do
     section FILES | grep -qF "/$file" || complain "$file is not in the manual"
 done

@@ -4,74 +4,105 @@
 #include "commands/prompt.hpp"
 #include "exit_code.hpp"
 #include "report/status.hpp"
+#include "system/terminal_width.hpp"
+#include "text/columns.hpp"
 #include "text/inert.hpp"
 #include "text/local_time.hpp"
 
 #include <algorithm>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <system_error>
 
 namespace quillmere::app {
 namespace {
+
+constexpr auto anyWidth = std::numeric_limits<std::size_t>::max();
 
 struct RestoreCommand {
     std::optional<std::int64_t> number;
     bool isAgreed = false;
 };
 
-/// What a person knows a version by; absent when it cannot be read.
+/// What a person knows a version by: null when it cannot be read, absent when it has been let go of.
 std::optional<Json> contentOf(const Version& version)
 {
     try {
-        const QuillmereState state = Workspace::stateOf(version);
-        const WidgetSnapshot summary = WidgetSnapshot::make(state, version.savedAt);
+        const std::optional<QuillmereState> state = Workspace::stateOf(version);
+        if (!state) {
+            return std::nullopt;
+        }
+        const WidgetSnapshot summary = WidgetSnapshot::make(*state, version.savedAt);
         return Json{{"phase", title(summary.phase)},
+                    {"paused", summary.countdown && summary.countdown->isPaused},
                     {"outcome", summary.intendedOutcome},
-                    {"finished_blocks", state.blockHistory.size()}};
+                    {"finished_blocks", state->blockHistory.size()}};
     } catch (const CodingError&) {
-        return std::nullopt;
     } catch (const ProgramError&) {
-        return std::nullopt;
+    } catch (const std::system_error&) {
     }
+    return Json(nullptr);
 }
 
-std::string contentText(const std::optional<Json>& content)
+std::string contentText(const Json& content)
 {
-    if (!content) {
+    if (content.is_null()) {
         return "cannot be read";
     }
-    const std::string outcome = content->at("outcome");
-    const std::size_t blocks = content->at("finished_blocks");
-    return content->at("phase").get<std::string>() + (outcome.empty() ? "" : ": " + outcome) + ", " +
-           std::to_string(blocks) + (blocks == 1 ? " finished block" : " finished blocks");
+    const std::string outcome = content.at("outcome");
+    const std::size_t blocks = content.at("finished_blocks");
+    // The outcome is the last, since it alone may be long.
+    return content.at("phase").get<std::string>() +
+           (content.at("paused").get<bool>() ? " (paused), " : ", ") + std::to_string(blocks) +
+           (blocks == 1 ? " finished block" : " finished blocks") + (outcome.empty() ? "" : ": " + outcome);
 }
 
-std::string versionText(const Version& version)
+std::string versionText(const Version& version, const Json& content)
 {
-    return std::to_string(version.number) + "  " + localText(version.savedAt) + "  " +
-           contentText(contentOf(version));
+    return inert(std::to_string(version.number) + "  " + localTextToTheSecond(version.savedAt) + "  " +
+                 contentText(content));
 }
 
 void listVersions(Program& program)
 {
-    const std::vector<Version> versions = program.workspace().versions().list();
-    if (program.settings().json) {
-        Json list = Json::array();
-        for (const Version& version : versions) {
-            list.push_back({{"number", version.number},
-                            {"saved_at", instantJson(version.savedAt)},
-                            {"content", contentOf(version).value_or(nullptr)}});
+    const bool isForPrograms = program.settings().json;
+    const bool isForTerminal = program.environment().outputIsTerminal;
+    const std::size_t width = isForTerminal ? terminalWidth().value_or(anyWidth) : anyWidth;
+    std::ostream& out = program.environment().out;
+    Json list = Json::array();
+    for (const Version& version : program.workspace().versions().list()) {
+        const std::optional<Json> content = contentOf(version);
+        if (!content) {
+            continue;
         }
+        list.push_back(
+            {{"number", version.number}, {"saved_at", instantJson(version.savedAt)}, {"content", *content}});
+        if (!isForPrograms) {
+            out << cutToColumns(versionText(version, *content), width) << '\n';
+        }
+    }
+    if (isForPrograms) {
         program.print(list);
+    } else {
+        out << (list.empty() ? "There is no earlier version yet.\n"
+                             : "quillmere restore NUMBER brings one back.\n");
+    }
+}
+
+/// Refuses where there can be nothing to list or to bring back.
+void requireThatVersionsAreKept(Program& program)
+{
+    if (!program.workspace().keptBeside().empty()) {
         return;
     }
-    std::ostream& out = program.environment().out;
-    for (const Version& version : versions) {
-        out << inert(versionText(version)) << '\n';
-    }
-    out << (versions.empty() ? "There is no earlier version yet.\n"
-                             : "quillmere restore NUMBER brings one back.\n");
+    const std::filesystem::path& stateHome = program.environment().stateHome;
+    throw ProgramError(ExitCode::refused,
+                       stateHome.empty()
+                           ? "Nothing is kept: set XDG_STATE_HOME, or HOME, to an absolute path."
+                           : "Nothing is kept: the place for it, " + (stateHome / "quillmere").string() +
+                                 ", lies in the directory of the files.");
 }
 
 Version versionNumbered(std::int64_t number, const Workspace& workspace)
@@ -95,7 +126,7 @@ bool isWanted(const RestoreCommand& command, const Version& version, Environment
     if (!environment.inputIsTerminal) {
         throw ProgramError(ExitCode::usage, "Say --yes to replace what is there now.");
     }
-    const std::string question = inert(versionText(version)) +
+    const std::string question = versionText(version, contentOf(version).value_or(nullptr)) +
                                  "\nPut it in the place of what is there now? That is kept as a version. "
                                  "(yes, no)";
     const std::string answer = askUntil(
@@ -105,6 +136,7 @@ bool isWanted(const RestoreCommand& command, const Version& version, Environment
 
 void restore(const RestoreCommand& command, Program& program)
 {
+    requireThatVersionsAreKept(program);
     if (!command.number) {
         listVersions(program);
         return;

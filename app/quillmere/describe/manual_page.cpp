@@ -82,9 +82,11 @@ std::vector<Argument> ownOptions(const Command& command)
 void printCommand(std::ostream& out, const Command& command)
 {
     const std::vector<Argument> options = ownOptions(command);
-    out << ".It Cm " << command.path << (options.empty() ? "" : " Op Ar options");
+    // Op would take in all that follows on the line; Oo ends at its Oc.
+    out << ".It Cm " << command.path << (options.empty() ? "" : " Oo Ar options Oc");
     for (const Argument& argument : command.arguments) {
-        out << (argument.isRequired ? " Ar " : " Op Ar ") << plain(argument.names.front());
+        const std::string name = plain(argument.names.front());
+        out << (argument.isRequired ? " Ar " + name : " Oo Ar " + name + " Oc");
     }
     out << '\n';
     printSentence(out, command.purpose);

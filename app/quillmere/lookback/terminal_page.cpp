@@ -1,12 +1,10 @@
 // What there is to draw on.
 #include "lookback/terminal_report.hpp"
-
-#include <sys/ioctl.h>
-#include <unistd.h>
+#include "system/terminal_width.hpp"
 
 #include <algorithm>
 #include <cstdlib>
-#include <optional>
+#include <string>
 #include <string_view>
 
 namespace quillmere::app::lookback {
@@ -20,19 +18,6 @@ std::string_view variable(const char* name)
 {
     const char* const value = std::getenv(name);
     return value ? value : "";
-}
-
-std::optional<std::size_t> terminalWidth()
-{
-    const std::size_t wanted = std::strtoul(std::string(variable("COLUMNS")).c_str(), nullptr, 10);
-    if (wanted > 0) {
-        return wanted;
-    }
-    winsize size{};
-    if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) {
-        return size.ws_col;
-    }
-    return std::nullopt;
 }
 
 /// Whether texts are UTF-8 by the locale: the first of these that is set decides (POSIX).

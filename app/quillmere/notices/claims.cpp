@@ -1,5 +1,6 @@
 #include "notices/claims.hpp"
 
+#include "system/owners_directory.hpp"
 #include "text/failure.hpp"
 
 #include <quillmere/store/file_manager.hpp>
@@ -24,8 +25,7 @@ bool makeClaim(const fs::path& directory, const std::string& key)
     if (fileManager.fileExists(claim)) {
         return false;
     }
-    constexpr mode_t ownerOnly = 0700;
-    fileManager.createDirectory(directory, ownerOnly);
+    createOwnersDirectory(directory);
     try {
         fileManager.writeWithoutOverwriting(claim, [](const ByteSink&) {});
         return true;

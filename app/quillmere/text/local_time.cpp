@@ -91,6 +91,8 @@ std::string localDayText(Instant instant) { return formatted(instant, "%F"); }
 
 std::string localText(Instant instant) { return formatted(instant, "%Y-%m-%d %H:%M"); }
 
+std::string localTextToTheSecond(Instant instant) { return formatted(instant, "%Y-%m-%d %H:%M:%S"); }
+
 std::string localClockText(Instant instant) { return formatted(instant, "%H:%M"); }
 
 std::string localTextSeenFrom(Instant now, Instant instant)

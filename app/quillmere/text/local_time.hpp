@@ -15,6 +15,9 @@ std::string localDayText(Instant instant);
 /// "2026-11-15 16:00".
 std::string localText(Instant instant);
 
+/// "2026-11-15 16:00:05".
+std::string localTextToTheSecond(Instant instant);
+
 /// "16:00".
 std::string localClockText(Instant instant);
 

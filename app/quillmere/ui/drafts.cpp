@@ -1,5 +1,7 @@
 #include "ui/drafts.hpp"
 
+#include "system/owners_directory.hpp"
+
 #include <quillmere/store/atomic_write.hpp>
 #include <quillmere/store/state_store.hpp>
 
@@ -15,8 +17,7 @@ void Drafts::keep(const Form& form) const
     if (directory_.empty()) {
         return;
     }
-    constexpr mode_t ownerOnly = 0700;
-    FileManager::standard().createDirectory(directory_, ownerOnly);
+    createOwnersDirectory(directory_);
     // What is no text, which only a foreign terminal could have typed, must not cost the rest.
     const std::string text = form.values().dump(2, ' ', false, nlohmann::json::error_handler_t::replace);
     writeAtomically([&](const ByteSink& sink) { sink(text); }, fileOf(form.subject()),

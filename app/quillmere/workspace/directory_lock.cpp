@@ -19,13 +19,16 @@ constexpr auto longestWait = 5s;
 constexpr auto pauseBetweenTries = 10ms;
 
 /// A signal does not keep it from being opened.
-int openDirectory(const std::filesystem::path& directory)
+OpenFile openDirectory(const std::filesystem::path& directory)
 {
     int descriptor = -1;
     do {
         descriptor = ::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     } while (descriptor == -1 && errno == EINTR);
-    return descriptor;
+    if (descriptor == -1) {
+        throw std::filesystem::filesystem_error("open", directory, {errno, std::generic_category()});
+    }
+    return OpenFile(descriptor);
 }
 
 /// Whether the lock was taken; false when somebody else has it.
@@ -57,10 +60,13 @@ void waitForLock(int descriptor, const std::filesystem::path& directory)
 
 DirectoryLock::DirectoryLock(const std::filesystem::path& directory) : directory_(openDirectory(directory))
 {
-    if (directory_.get() == -1) {
-        throw std::filesystem::filesystem_error("open", directory, {errno, std::generic_category()});
-    }
     waitForLock(directory_.get(), directory);
+}
+
+std::optional<DirectoryLock> DirectoryLock::tryTake(const std::filesystem::path& directory)
+{
+    DirectoryLock lock(openDirectory(directory));
+    return tryLock(lock.directory_.get()) ? std::optional(std::move(lock)) : std::nullopt;
 }
 
 }  // namespace quillmere::app

@@ -4,6 +4,8 @@
 #include "system/open_file.hpp"
 
 #include <filesystem>
+#include <optional>
+#include <utility>
 
 namespace quillmere::app {
 
@@ -15,7 +17,13 @@ public:
     /// `std::system_error` when the directory cannot be locked at all.
     explicit DirectoryLock(const std::filesystem::path& directory);
 
+    /// Takes the lock without waiting; absent when somebody else holds it. Throws `std::system_error` when
+    /// the directory cannot be locked at all.
+    static std::optional<DirectoryLock> tryTake(const std::filesystem::path& directory);
+
 private:
+    explicit DirectoryLock(OpenFile directory) : directory_(std::move(directory)) {}
+
     OpenFile directory_;
 };
 

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <string>
+#include <system_error>
 
 namespace quillmere::app {
 namespace {
@@ -15,6 +16,17 @@ fs::path absolutePathIn(const char* variable)
 {
     const char* const value = std::getenv(variable);
     return value && *value == '/' ? fs::path(value) : fs::path();
+}
+
+/// The path without links, as far as it leads anywhere.
+fs::path withoutLinks(const fs::path& path)
+{
+    std::error_code error;
+    fs::path real = fs::canonical(path, error);
+    if (!error || !path.has_relative_path()) {
+        return error ? path : real;
+    }
+    return withoutLinks(path.parent_path()) / path.filename();
 }
 
 }  // namespace
@@ -29,7 +41,8 @@ fs::path stateHomeOfThisUser()
 fs::path keptBeside(const fs::path& directory, const fs::path& stateHome)
 {
     // A whole path is no file name; its digest is one, of any length and of any bytes.
-    return stateHome.empty() ? fs::path() : stateHome / "quillmere" / digest(directory.string());
+    return stateHome.empty() ? fs::path()
+                             : stateHome / "quillmere" / digest(withoutLinks(directory).string());
 }
 
 }  // namespace quillmere::app

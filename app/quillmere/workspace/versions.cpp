@@ -1,5 +1,6 @@
 #include "workspace/versions.hpp"
 
+#include "system/owners_directory.hpp"
 #include "text/local_time.hpp"
 
 #include <quillmere/records/json/date_text.hpp>
@@ -12,6 +13,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <system_error>
 
 namespace quillmere::app {
 namespace {
@@ -19,11 +21,13 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t lastVersions = 10;
-constexpr double daysInSeconds = 30 * 86'400.0;
+constexpr std::size_t lastDays = 30;
 
 constexpr char separator = '_';
 constexpr std::string_view extension = ".json";
 constexpr std::size_t digitCount = 6;  // more are taken where they are needed
+// Nobody gets there by changes; by a name that somebody made up, counting on might overflow.
+constexpr std::int64_t highestNumber = 1'000'000'000'000;
 
 std::string nameOfVersion(std::int64_t number, Instant savedAt)
 {
@@ -41,12 +45,53 @@ std::optional<Version> versionIn(const fs::path& file)
     std::int64_t number = 0;
     const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), number);
     const auto digits = static_cast<std::size_t>(end - name.data());
-    if (file.extension() != extension || error != std::errc() || number < 1 || name[digits] != separator) {
+    if (error != std::errc() || number < 1 || number > highestNumber || name[digits] != separator) {
         return std::nullopt;
     }
     const std::optional<Instant> savedAt = json::instantFromDateText(name.substr(digits + 1));
-    return savedAt ? std::optional(Version{.number = number, .savedAt = *savedAt, .file = file})
-                   : std::nullopt;
+    // The same number and instant can be spelt in other ways, which would be other files.
+    if (!savedAt || file.filename() != nameOfVersion(number, *savedAt)) {
+        return std::nullopt;
+    }
+    return Version{.number = number, .savedAt = *savedAt, .file = file};
+}
+
+/// Whether it is a file by itself, which a link is not.
+bool isFile(const fs::directory_entry& entry)
+{
+    std::error_code gone;
+    return !entry.is_symlink(gone) && entry.is_regular_file(gone);
+}
+
+/// Whether a name is one that files have while they are written (writeAtomically).
+bool isUnfinished(const std::string& name) { return name.starts_with('.') && name.ends_with(".tmp"); }
+
+/// Those that are kept, of a list from the newest.
+std::set<fs::path> keptOf(std::vector<Version> versions)
+{
+    std::set<fs::path> kept;
+    for (const Version& version : versions) {
+        if (kept.size() < lastVersions) {
+            kept.insert(version.file);
+        }
+    }
+    // A version that was brought back has a higher number than what came after it on its day.
+    std::stable_sort(versions.begin(), versions.end(),
+                     [](const Version& left, const Version& right) { return left.savedAt > right.savedAt; });
+    std::set<std::string> days;
+    for (const Version& version : versions) {
+        if (days.insert(localDayText(version.savedAt)).second && days.size() <= lastDays) {
+            kept.insert(version.file);
+        }
+    }
+    return kept;
+}
+
+/// What cannot be removed is one too many, and no more.
+void removeIfPossible(const fs::path& file)
+{
+    std::error_code nobodyIsTold;
+    fs::remove(file, nobodyIsTold);
 }
 
 }  // namespace
@@ -58,7 +103,8 @@ std::vector<Version> Versions::list() const
         return versions;
     }
     for (const fs::directory_entry& entry : fs::directory_iterator(directory_)) {
-        if (std::optional<Version> version = versionIn(entry.path())) {
+        std::optional<Version> version = versionIn(entry.path());
+        if (version && isFile(entry)) {
             versions.push_back(*std::move(version));
         }
     }
@@ -74,24 +120,27 @@ void Versions::keep(const fs::path& stateFile, Instant savedAt) const
         return;
     }
     const Bytes content = fileManager.contents(stateFile);
-    constexpr mode_t ownerOnly = 0700;
-    fileManager.createDirectory(directory_, ownerOnly);
+    createOwnersDirectory(directory_);
     const std::vector<Version> earlier = list();
     const std::int64_t number = earlier.empty() ? 1 : earlier.front().number + 1;
     writeAtomically([&](const ByteSink& sink) { sink(content.view()); },
                     directory_ / nameOfVersion(number, savedAt), StateStore::renameReplacingDurably);
-    letGo(savedAt);
+    letGo();
 }
 
-void Versions::letGo(Instant newest) const
+void Versions::letGo() const
 {
-    std::set<std::string> days;
-    std::size_t count = 0;
-    for (const Version& version : list()) {
-        const bool isRecent = newest - version.savedAt < daysInSeconds;
-        const bool isLastOfItsDay = days.insert(localDayText(version.savedAt)).second;
-        if (++count > lastVersions && !(isRecent && isLastOfItsDay)) {
-            FileManager::standard().removeFile(version.file);
+    const std::vector<Version> versions = list();
+    const std::set<fs::path> kept = keptOf(versions);
+    for (const Version& version : versions) {
+        if (!kept.contains(version.file)) {
+            removeIfPossible(version.file);
+        }
+    }
+    for (const fs::directory_entry& entry : fs::directory_iterator(directory_)) {
+        // Whoever began it is dead: nobody else keeps versions now.
+        if (isUnfinished(entry.path().filename().string()) && isFile(entry)) {
+            removeIfPossible(entry.path());
         }
     }
 }

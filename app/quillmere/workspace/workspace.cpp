@@ -28,6 +28,27 @@ fs::path absolutePath(const fs::path& path)
     return whole;
 }
 
+/// The path that leads to the same place without links, as far as there is anything on the way.
+fs::path withoutLinks(const fs::path& path)
+{
+    std::error_code missing;
+    fs::path whole = fs::canonical(path, missing);
+    return missing && path.has_relative_path() ? withoutLinks(path.parent_path()) / path.filename() : whole;
+}
+
+bool isWithin(const fs::path& path, const fs::path& directory)
+{
+    const auto [rest, ignored] = std::mismatch(directory.begin(), directory.end(), path.begin(), path.end());
+    return rest == directory.end();
+}
+
+/// Where to keep things; nowhere, where that would be among the files themselves.
+fs::path keptApart(const fs::path& directory, const fs::path& stateHome)
+{
+    fs::path kept = keptBeside(directory, stateHome);
+    return isWithin(withoutLinks(kept), withoutLinks(directory)) ? fs::path() : kept;
+}
+
 bool holds(const fs::path& file, std::string_view bytes)
 {
     try {
@@ -54,7 +75,7 @@ Workspace::Workspace(const fs::path& directory, std::optional<fs::path> widgetDi
                      const fs::path& stateHome)
     : states_(directory, clock, StateStore::renameReplacingDurably),
       widgetDirectory_(std::move(widgetDirectory)),
-      keptBeside_(app::keptBeside(directory, stateHome)),
+      keptBeside_(keptApart(directory, stateHome)),
       clock_(std::move(clock))
 {
 }
@@ -239,17 +260,28 @@ Situation Workspace::change(const std::function<void(const std::vector<Event>&)>
     return situation;
 }
 
-QuillmereState Workspace::stateOf(const Version& version)
+std::optional<QuillmereState> Workspace::stateOf(const Version& version)
 {
-    QuillmereState state =
-        StateStore::decoder().decode<QuillmereState>(FileManager::standard().contents(version.file));
-    screen(state);
-    return state;
+    try {
+        QuillmereState state =
+            StateStore::decoder().decode<QuillmereState>(FileManager::standard().contents(version.file));
+        screen(state);
+        return state;
+    } catch (const std::system_error& error) {
+        if (error.code() == std::errc::no_such_file_or_directory) {
+            return std::nullopt;
+        }
+        throw;
+    }
 }
 
 Situation Workspace::bringBack(const Version& version) const
 {
-    QuillmereState state = stateOf(version);
+    std::optional<QuillmereState> state = stateOf(version);
+    if (!state) {
+        throw ProgramError(ExitCode::usage, "There is no version " + std::to_string(version.number) +
+                                                " any more; quillmere restore lists them.");
+    }
     const DirectoryLock held = lock();
     const Instant now = clock_();
     Instant savedAt = now;
@@ -259,8 +291,8 @@ Situation Workspace::bringBack(const Version& version) const
         // Bringing a version back is what one does about it.
     }
     versions().keep(states_.stateURL(), savedAt);
-    save(state, std::max(now, state.updatedAt), "The version is brought back");
-    return caughtUp(std::move(state));
+    save(*state, std::max(now, state->updatedAt), "The version is brought back");
+    return caughtUp(*std::move(state));
 }
 
 }  // namespace quillmere::app

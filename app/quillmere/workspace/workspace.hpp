@@ -40,7 +40,8 @@ public:
 
     const std::filesystem::path& directory() const { return states_.directory(); }
 
-    /// Where versions, drafts and notices of these files are; empty when nothing is kept.
+    /// Where versions, drafts and notices of these files are. Empty when nothing is kept: without a state
+    /// home, and where that place would lie in the directory of the files.
     const std::filesystem::path& keptBeside() const { return keptBeside_; }
 
     Versions versions() const;
@@ -64,11 +65,12 @@ public:
                      const Operation& operation) const;
 
     /// Under the lock: puts a version in the place of the state, whatever that is now; even what cannot be
-    /// read is kept as a version first. Throws, and changes nothing, when either version cannot be had.
+    /// read is kept as a version first. Throws, and changes nothing, when either version cannot be had
+    /// (ProgramError, `usage`, when it has been let go of).
     Situation bringBack(const Version& version) const;
 
-    /// The state of a version. Throws what reading it throws.
-    static QuillmereState stateOf(const Version& version);
+    /// The state of a version; absent when it has been let go of. Throws what reading it throws.
+    static std::optional<QuillmereState> stateOf(const Version& version);
 
     Instant now() const;
 

@@ -1,5 +1,10 @@
 // Earlier versions are kept with every change, and brought back.
+#include <functional>
+#include <sstream>
+#include <utility>
+
 #include "program_testing.hpp"
+#include "workspace/state_home.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -16,6 +21,66 @@ Person personWithVersions()
     return person;
 }
 
+/// Where the versions of the person's files are.
+fs::path versionsOf(const Person& person)
+{
+    return app::keptBeside(person.directory(), person.stateHome()) / "versions";
+}
+
+/// The file of a version, while there is one version of the number.
+fs::path fileOfVersion(const Person& person, const std::string& digits)
+{
+    for (const std::string& name : namesIn(versionsOf(person))) {
+        if (name.starts_with(digits)) {
+            return versionsOf(person) / name;
+        }
+    }
+    ADD_FAILURE() << "there is no version " << digits;
+    return {};
+}
+
+/// Output that does something at its first text, unless that has been done.
+class ActingOutput : public std::stringbuf {
+public:
+    explicit ActingOutput(std::function<void()>& act) : act_(act) {}
+
+protected:
+    std::streamsize xsputn(const char* text, std::streamsize size) override
+    {
+        if (act_) {
+            std::exchange(act_, nullptr)();
+        }
+        return std::stringbuf::xsputn(text, size);
+    }
+
+private:
+    std::function<void()>& act_;
+};
+
+/// Runs a command on a terminal, with a state home of its own; `act` is done as soon as it prints anything.
+Ending typesWith(const fs::path& stateHome, const Person& person, const Words& arguments,
+                 std::function<void()> act = nullptr)
+{
+    std::istringstream in(person.answers);
+    ActingOutput results(act);
+    ActingOutput messages(act);
+    std::ostream out(&results);
+    std::ostream err(&messages);
+    app::Environment environment{
+        .in = in,
+        .out = out,
+        .err = err,
+        .clock = [&] { return person.now; },
+        .inputIsTerminal = true,
+        .outputIsTerminal = false,
+        .stateHome = stateHome,
+    };
+    Words all = {"--directory", person.directory().string()};
+    all.insert(all.end(), arguments.begin(), arguments.end());
+    const ExitCode code = app::run(all, environment);
+    return {.code = code, .out = results.str(), .err = messages.str()};
+}
+
 std::size_t questionCount(const Person& person) { return person.state().agentQuestions.size(); }
 
 TEST(Restore, listsTheVersionsThatChangesLeaveBehind)
@@ -24,9 +89,41 @@ TEST(Restore, listsTheVersionsThatChangesLeaveBehind)
     const Ending ending = personWithVersions().types({"restore"});
     EXPECT_EQ(ending.code, ExitCode::done);
     EXPECT_EQ(ending.out,
-              "2  2026-11-15 15:01  Idle, 0 finished blocks\n"
-              "1  2026-11-15 15:00  Idle, 0 finished blocks\n"
+              "2  2026-11-15 15:01:00  Idle, 0 finished blocks\n"
+              "1  2026-11-15 15:00:00  Idle, 0 finished blocks\n"
               "quillmere restore NUMBER brings one back.\n");
+}
+
+TEST(Restore, saysWhatEachHolds)
+{
+    const TimeZone zone("UTC");
+    Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    person.types({"pause"});
+    person.typesLater(5, {"resume"});
+    const std::string outcome = person.widgetSummary().intendedOutcome;
+    EXPECT_EQ(person.types({"restore"}).out,
+              "2  2026-11-15 15:00:00  Focus (paused), 0 finished blocks: " + outcome +
+                  "\n"
+                  "1  2026-11-15 15:00:00  Focus, 0 finished blocks: " +
+                  outcome +
+                  "\n"
+                  "quillmere restore NUMBER brings one back.\n");
+    const std::string list = person.types({"restore", "--json"}).out;
+    EXPECT_EQ(jsonAt("/0/content/paused", list), "true");
+    EXPECT_EQ(jsonAt("/1/content/paused", list), "false");
+}
+
+TEST(Restore, cutsOnATerminalWhatIsWiderThanThat)
+{
+    const TimeZone zone("UTC");
+    const EnvironmentVariable width("COLUMNS", "40");
+    Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    person.types({"pause"});
+    EXPECT_GT(person.types({"restore"}).out.find('\n'), 50U);
+    person.seesColour = true;
+    EXPECT_EQ(person.types({"restore"}).out.substr(0, 43), "1  2026-11-15 15:00:00  Focus, 0 finish\u2026\n");
 }
 
 TEST(Restore, listsThemForPrograms)
@@ -121,6 +218,95 @@ TEST(Restore, bringsBackADirectoryThatIsGone)
     fs::remove_all(person.directory());
     EXPECT_EQ(person.types({"restore", "2", "--yes"}).code, ExitCode::done);
     EXPECT_EQ(questionCount(person), 1U);
+}
+
+TEST(Restore, listsWhatCannotBeReadAsThat)
+{
+    const TimeZone zone("UTC");
+    const Person person = personWithVersions();
+    fs::permissions(fileOfVersion(person, "000002"), fs::perms::none);
+    for (fs::path place = versionsOf(person); place != person.stateHome().parent_path();
+         place = place.parent_path()) {
+        fs::permissions(place, fs::perms::all);
+    }
+    const UnprivilegedUser user;
+    if (!user.isOne()) {
+        GTEST_SKIP() << "there is no ordinary user here";
+    }
+    const Ending ending = person.types({"restore"});
+    EXPECT_EQ(ending.code, ExitCode::done) << ending.err;
+    EXPECT_EQ(ending.out,
+              "2  2026-11-15 15:01:00  cannot be read\n"
+              "1  2026-11-15 15:00:00  Idle, 0 finished blocks\n"
+              "quillmere restore NUMBER brings one back.\n");
+    EXPECT_EQ(jsonAt("/0/content", person.types({"restore", "--json"}).out), "null");
+}
+
+TEST(Restore, leavesOutWhatIsLetGoOfMeanwhile)
+{
+    const TimeZone zone("UTC");
+    const Person person = personWithVersions();
+    const Ending ending = typesWith(person.stateHome(), person, {"restore"},
+                                    [&] { fs::remove(fileOfVersion(person, "000001")); });
+    EXPECT_EQ(ending.code, ExitCode::done) << ending.err;
+    EXPECT_EQ(ending.out,
+              "2  2026-11-15 15:01:00  Idle, 0 finished blocks\n"
+              "quillmere restore NUMBER brings one back.\n");
+}
+
+TEST(Restore, saysThatAVersionWasLetGoOfMeanwhile)
+{
+    Person person = personWithVersions();
+    person.answers = "yes\n";
+    const Ending ending = typesWith(person.stateHome(), person, {"restore", "1"},
+                                    [&] { fs::remove(fileOfVersion(person, "000001")); });
+    EXPECT_EQ(ending.code, ExitCode::usage);
+    EXPECT_NE(ending.err.find("There is no version 1 any more; quillmere restore lists them.\n"),
+              std::string::npos)
+        << ending.err;
+    EXPECT_EQ(questionCount(person), 2U);
+}
+
+TEST(Restore, saysWhyNothingIsKeptWithoutAHome)
+{
+    const Person person = personWithVersions();
+    for (const Words& arguments : {Words{"restore"}, {"restore", "1", "--yes"}, {"restore", "--json"}}) {
+        const Ending ending = typesWith("", person, arguments);
+        EXPECT_EQ(ending.code, ExitCode::refused);
+        EXPECT_EQ(ending.out, "");
+        EXPECT_NE(ending.err.find("Nothing is kept: set XDG_STATE_HOME, or HOME, to an absolute path."),
+                  std::string::npos)
+            << ending.err;
+    }
+}
+
+TEST(Versions, areNotKeptAmongTheFilesThemselves)
+{
+    // The state home is that directory, or lies in it.
+    for (const char* stateHome : {"", "state", "some/where/below"}) {
+        SCOPED_TRACE(stateHome);
+        const Person person;
+        const fs::path place = person.directory() / stateHome;
+        EXPECT_EQ(typesWith(place, person, {"ask", "First?"}).code, ExitCode::done);
+        const Ending ending = typesWith(place, person, {"ask", "Second?"});
+        EXPECT_EQ(ending.code, ExitCode::done);
+        EXPECT_EQ(ending.err, "");
+        EXPECT_EQ(person.names(), (Words{"agent-state.json", "state.json", "widget-snapshot.json"}));
+        EXPECT_EQ(typesWith(place, person, {"restore"}).err, "Nothing is kept: the place for it, " +
+                                                                 (place / "quillmere").string() +
+                                                                 ", lies in the directory of the files.\n");
+    }
+}
+
+TEST(Versions, areNotKeptInTheDirectoryOfTheFilesByAnyName)
+{
+    const Person person;
+    const Person other;
+    const fs::path link = other.directory() / "link";
+    fs::create_directory_symlink(person.directory(), link);
+    typesWith(link / "state", person, {"ask", "First?"});
+    typesWith(link / "state", person, {"ask", "Second?"});
+    EXPECT_EQ(person.names(), (Words{"agent-state.json", "state.json", "widget-snapshot.json"}));
 }
 
 TEST(Versions, areNotMadeByLookingOrByARefusal)

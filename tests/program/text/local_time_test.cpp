@@ -30,6 +30,7 @@ TEST(LocalText, dropsSecondsTowardThePast)
 {
     const TimeZone here("UTC");
     EXPECT_EQ(localText(Instant(59.9)), "1970-01-01 00:00");
+    EXPECT_EQ(app::localTextToTheSecond(Instant(59.9)), "1970-01-01 00:00:59");
     EXPECT_EQ(localText(Instant(-0.1)), "1969-12-31 23:59");
     EXPECT_EQ(localText(Instant(253'402'300'799)), "9999-12-31 23:59");
 }

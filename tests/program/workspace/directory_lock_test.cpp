@@ -33,6 +33,20 @@ TEST(DirectoryLock, isHeldForAsLongAsItLives)
     EXPECT_TRUE(isFree(directory.path()));
 }
 
+TEST(DirectoryLock, canBeTriedWithoutWaiting)
+{
+    const TemporaryDirectory directory;
+    {
+        const auto lock = DirectoryLock::tryTake(directory.path());
+        ASSERT_TRUE(lock.has_value());
+        EXPECT_FALSE(isFree(directory.path()));
+        EXPECT_FALSE(DirectoryLock::tryTake(directory.path()).has_value());
+    }
+    EXPECT_TRUE(isFree(directory.path()));
+    EXPECT_EQ(failureOf([&] { DirectoryLock::tryTake(directory.path() / "missing"); }),
+              std::errc::no_such_file_or_directory);
+}
+
 TEST(DirectoryLock, leavesNoFileAndNoDescriptorBehind)
 {
     const TemporaryDirectory directory;

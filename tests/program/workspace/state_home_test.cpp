@@ -39,5 +39,19 @@ TEST(StateHome, hasOnePlaceForEveryDirectory)
     EXPECT_NE(app::keptBeside("/some/files", "/s"), app::keptBeside("/some/file", "/s"));
 }
 
+TEST(StateHome, hasOnePlaceHoweverAPathIsSpelled)
+{
+    const TemporaryDirectory directory;
+    const fs::path real = fs::canonical(directory.path());
+    fs::create_directories(real / "home");
+    fs::create_directory_symlink(real / "home", real / "link");
+    // The last part need not be there yet, and the place stays the same when it is.
+    EXPECT_EQ(app::keptBeside(real / "link" / "files", "/s"), app::keptBeside(real / "home" / "files", "/s"));
+    const fs::path before = app::keptBeside(real / "link" / "files", "/s");
+    fs::create_directories(real / "home" / "files");
+    EXPECT_EQ(app::keptBeside(real / "link" / "files", "/s"), before);
+    EXPECT_EQ(app::keptBeside(real / "home" / ".." / "link" / "files", "/s"), before);
+}
+
 }  // namespace
 }  // namespace quillmere::test
