@@ -2,6 +2,7 @@
 
 #include "text/digest.hpp"
 
+#include <algorithm>
 #include <cstdlib>
 #include <string>
 #include <system_error>
@@ -29,6 +30,12 @@ fs::path withoutLinks(const fs::path& path)
     return withoutLinks(path.parent_path()) / path.filename();
 }
 
+bool isWithin(const fs::path& path, const fs::path& directory)
+{
+    const auto [rest, ignored] = std::mismatch(directory.begin(), directory.end(), path.begin(), path.end());
+    return rest == directory.end();
+}
+
 }  // namespace
 
 fs::path stateHomeOfThisUser()
@@ -40,9 +47,10 @@ fs::path stateHomeOfThisUser()
 
 fs::path keptBeside(const fs::path& directory, const fs::path& stateHome)
 {
+    const fs::path files = withoutLinks(directory);
     // A whole path is no file name; its digest is one, of any length and of any bytes.
-    return stateHome.empty() ? fs::path()
-                             : stateHome / "quillmere" / digest(withoutLinks(directory).string());
+    const fs::path place = stateHome / "quillmere" / digest(files.string());
+    return stateHome.empty() || isWithin(withoutLinks(place), files) ? fs::path() : place;
 }
 
 }  // namespace quillmere::app

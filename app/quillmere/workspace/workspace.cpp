@@ -28,27 +28,6 @@ fs::path absolutePath(const fs::path& path)
     return whole;
 }
 
-/// The path that leads to the same place without links, as far as there is anything on the way.
-fs::path withoutLinks(const fs::path& path)
-{
-    std::error_code missing;
-    fs::path whole = fs::canonical(path, missing);
-    return missing && path.has_relative_path() ? withoutLinks(path.parent_path()) / path.filename() : whole;
-}
-
-bool isWithin(const fs::path& path, const fs::path& directory)
-{
-    const auto [rest, ignored] = std::mismatch(directory.begin(), directory.end(), path.begin(), path.end());
-    return rest == directory.end();
-}
-
-/// Where to keep things; nowhere, where that would be among the files themselves.
-fs::path keptApart(const fs::path& directory, const fs::path& stateHome)
-{
-    fs::path kept = keptBeside(directory, stateHome);
-    return isWithin(withoutLinks(kept), withoutLinks(directory)) ? fs::path() : kept;
-}
-
 bool holds(const fs::path& file, std::string_view bytes)
 {
     try {
@@ -75,7 +54,7 @@ Workspace::Workspace(const fs::path& directory, std::optional<fs::path> widgetDi
                      const fs::path& stateHome)
     : states_(directory, clock, StateStore::renameReplacingDurably),
       widgetDirectory_(std::move(widgetDirectory)),
-      keptBeside_(keptApart(directory, stateHome)),
+      keptBeside_(app::keptBeside(directory, stateHome)),
       clock_(std::move(clock))
 {
 }

@@ -40,8 +40,7 @@ public:
 
     const std::filesystem::path& directory() const { return states_.directory(); }
 
-    /// Where versions, drafts and notices of these files are. Empty when nothing is kept: without a state
-    /// home, and where that place would lie in the directory of the files.
+    /// Where versions, drafts and notices of these files are; empty when nothing is kept (app::keptBeside).
     const std::filesystem::path& keptBeside() const { return keptBeside_; }
 
     Versions versions() const;

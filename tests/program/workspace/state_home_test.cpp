@@ -53,5 +53,15 @@ TEST(StateHome, hasOnePlaceHoweverAPathIsSpelled)
     EXPECT_EQ(app::keptBeside(real / "home" / ".." / "link" / "files", "/s"), before);
 }
 
+TEST(StateHome, hasNoPlaceAmongTheFiles)
+{
+    for (const char* files : {"/", "/some", "/some/home", "/some/home/quillmere"}) {
+        EXPECT_EQ(app::keptBeside(files, "/some/home"), fs::path()) << files;
+    }
+    for (const char* files : {"/some/hom", "/some/home/quillmere/files", "/some/home/files"}) {
+        EXPECT_NE(app::keptBeside(files, "/some/home"), fs::path()) << files;
+    }
+}
+
 }  // namespace
 }  // namespace quillmere::test
