@@ -183,6 +183,18 @@ TEST_F(NoticeOnTheBus, takesNoPlaceAtAnotherService)
     EXPECT_EQ(notices()[1]["replaces"], 0);
 }
 
+TEST_F(NoticeOnTheBus, goesToTheServiceThatTookOverThoughTheLastIsStillThere)
+{
+    person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
+    const Process watch = watching();
+    EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said();
+    service().signals("release");
+    const NotificationService other("unix:path=" + socket().string(), file("other-log"), {});
+    person.has(asking(person.state(), 2, "Which build?"));
+    EXPECT_TRUE(eventually([&] { return countOf("Which build?", textIn("other-log")) == 1; })) << said();
+    EXPECT_TRUE(hasNotices(1));
+}
+
 TEST_F(NoticeOnTheBus, comesFromAWatchThatCanGiveItWhoeverSawTheEventFirst)
 {
     person.has(focusOver(90));

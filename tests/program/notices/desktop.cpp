@@ -11,6 +11,7 @@
 #include <array>
 #include <chrono>
 #include <cmath>
+#include <fstream>
 #include <sstream>
 #include <thread>
 #include <utility>
@@ -117,6 +118,15 @@ int Process::wait()
     }
     child_ = -1;
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+std::string childrenOf(pid_t process)
+{
+    const std::string number = std::to_string(process);
+    std::ifstream file("/proc/" + number + "/task/" + number + "/children");
+    std::string children;
+    std::getline(file, children);
+    return children.substr(0, children.find_last_not_of(' ') + 1);
 }
 
 namespace {

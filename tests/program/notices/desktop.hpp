@@ -66,6 +66,9 @@ private:
     pid_t child_;
 };
 
+/// The numbers of a process's children, with a space between them.
+std::string childrenOf(pid_t process);
+
 /// A session bus: a dbus-daemon of its own, which starts no services by itself.
 class SessionBus {
 public:

@@ -1,7 +1,8 @@
 // A notification service to test with: notification_service LOG BEHAVIOUR [CAPABILITY …]
 //
 // Appends every call of Notify to LOG, a JSON object a line, and says "ready" when it has its name. Takes
-// lines on standard input, until that ends: "action NUMBER KEY" and "closed NUMBER" are signalled to all.
+// lines on standard input, until that ends: "action NUMBER KEY" and "closed NUMBER" are signalled to all,
+// and "release" has it give up its name and stay.
 // Behaviours: "answers"; "mute" never answers GetCapabilities; "numb" never answers Notify; "picky" refuses
 // notices about the work, each time in other words; "frail" ends when it is asked for a notice; "garbled"
 // answers Notify with a text.
@@ -12,10 +13,12 @@
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
 #include <sstream>
+#include <thread>
 
 namespace {
 
@@ -73,7 +76,7 @@ public:
             .onInterface(interface)
             .withParameters<std::uint32_t, std::uint32_t>();
         object_->finishRegistration();
-        bus_->requestName("org.freedesktop.Notifications");
+        takeName();
     }
 
     void obey(const std::string& line)
@@ -83,7 +86,9 @@ public:
         std::uint32_t number = 0;
         std::string key;
         words >> order >> number >> key;
-        if (order == "action") {
+        if (order == "release") {
+            bus_->releaseName(interface);
+        } else if (order == "action") {
             object_->emitSignal("ActionInvoked").onInterface(interface).withArguments(number, key);
         } else {
             constexpr std::uint32_t dismissed = 2;
@@ -119,6 +124,22 @@ public:
     }
 
 private:
+    /// Another service may be about to give it up.
+    void takeName()
+    {
+        for (int attempt = 0;; ++attempt) {
+            try {
+                bus_->requestName(interface);
+                return;
+            } catch (const sdbus::Error&) {
+                if (attempt == 1'000) {
+                    throw;
+                }
+                std::this_thread::sleep_for(std::chrono::milliseconds(10));
+            }
+        }
+    }
+
     void note(const std::string& name, std::uint32_t replaces, const std::string& icon,
               const std::string& summary, const std::string& body, const std::vector<std::string>& actions,
               const Hints& hints, std::int32_t timeout)
