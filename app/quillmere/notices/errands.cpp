@@ -2,17 +2,19 @@
 
 #include "notices/child_process.hpp"
 #include "system/open_file.hpp"
-#include "text/inert.hpp"
 
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
-#include <ostream>
+#include <chrono>
 #include <system_error>
 
 namespace quillmere::app {
 namespace {
+
+constexpr std::ptrdiff_t mostHooks = 8;
 
 [[noreturn]] void failInMemory() { throw std::system_error(errno, std::generic_category(), "memfd"); }
 
@@ -38,26 +40,42 @@ OpenFile fileWith(std::string_view text)
 
 }  // namespace
 
-void Errands::runHook(const std::string& command, std::string_view event, std::string_view summary)
+bool Errands::mayRunHook()
 {
-    start("The hook \"" + command + "\"", [&] {
+    const auto count =
+        std::count_if(running_.begin(), running_.end(), [](const Errand& errand) { return errand.isHook; });
+    if (count >= mostHooks) {
+        hooksTrouble_.met("full", "Hooks wait until one of the eight that run has ended.");
+        return false;
+    }
+    return !starting_.isPausing(std::chrono::steady_clock::now());
+}
+
+bool Errands::runHook(const std::string& command, std::string_view event, std::string_view summary)
+{
+    try {
         // Whole before the hook starts: nobody has to feed a pipe that may never be read.
         const OpenFile input = fileWith(summary);
-        return startChild({.words = {"/bin/sh", "-c", command, "quillmere", std::string(event)},
-                           .variables = {"QUILLMERE_EVENT=" + std::string(event)},
-                           .input = input.get()});
-    });
+        const pid_t child = startChild({.words = {"/bin/sh", "-c", command, "quillmere", std::string(event)},
+                                        .variables = {"QUILLMERE_EVENT=" + std::string(event)},
+                                        .input = input.get()});
+        running_.push_back({.child = child, .name = "The hook \"" + command + "\"", .isHook = true});
+    } catch (const std::system_error& error) {
+        starting_.failed(std::chrono::steady_clock::now());
+        hooksTrouble_.met("start", "Hooks cannot be started now: " + error.code().message() + ".");
+        return false;
+    }
+    starting_.worked();
+    return true;
 }
+
+void Errands::noHookWaits() { hooksTrouble_.isOver("No hook waits any more."); }
 
 void Errands::open(const std::string& opener, const std::string& link)
 {
-    start("Opening the screen", [&] { return startChild({.words = {opener, link}}); });
-}
-
-void Errands::start(const std::string& name, const std::function<pid_t()>& starting)
-{
+    const std::string name = "Opening the screen";
     try {
-        running_.push_back({.child = starting(), .name = name});
+        running_.push_back({.child = startChild({.words = {opener, link}}), .name = name, .isHook = false});
     } catch (const std::system_error& error) {
         sayFailure(name, error.code().message());
     }
@@ -76,7 +94,7 @@ void Errands::takeLeave()
 
 void Errands::sayFailure(const std::string& name, const std::string& failure)
 {
-    messages_ << inert(name + " failed: " + failure + ".") << std::endl;
+    messages_.say(name + " failed: " + failure + ".");
 }
 
 }  // namespace quillmere::app

@@ -1,10 +1,12 @@
 // Programs that run for the person: hooks, and what opens a screen.
 #pragma once
 
+#include "notices/backoff.hpp"
+#include "notices/line_writer.hpp"
+#include "notices/trouble.hpp"
+
 #include <sys/types.h>
 
-#include <functional>
-#include <iosfwd>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,11 +17,18 @@ namespace quillmere::app {
 /// What they print goes where messages go, and whatever still runs when this goes is left to itself.
 class Errands {
 public:
-    explicit Errands(std::ostream& messages) : messages_(messages) {}
+    explicit Errands(LineWriter& messages) : messages_(messages), hooksTrouble_(messages) {}
+
+    /// Whether another hook may run: at most eight do at a time, and after one that could not be started
+    /// there is a pause.
+    bool mayRunHook();
 
     /// Has the shell run `command`, told the event's name as its first argument and in QUILLMERE_EVENT, with
-    /// `summary` to read on its standard input.
-    void runHook(const std::string& command, std::string_view event, std::string_view summary);
+    /// `summary` to read on its standard input. Whether it was started.
+    bool runHook(const std::string& command, std::string_view event, std::string_view summary);
+
+    /// Says that all is well with hooks again, if it was said that it is not.
+    void noHookWaits();
 
     /// Has the program `opener` open a link.
     void open(const std::string& opener, const std::string& link);
@@ -33,12 +42,14 @@ private:
     struct Errand {
         pid_t child;
         std::string name;
+        bool isHook;
     };
 
-    void start(const std::string& name, const std::function<pid_t()>& starting);
     void sayFailure(const std::string& name, const std::string& failure);
 
-    std::ostream& messages_;
+    LineWriter& messages_;
+    Trouble hooksTrouble_;
+    Backoff starting_;
     std::vector<Errand> running_;
 };
 

@@ -4,6 +4,7 @@
 #include "text/inert.hpp"
 
 #include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/json/utf8.hpp>
 
 #include <algorithm>
 
@@ -28,9 +29,33 @@ constexpr std::size_t mostTexts = 10;
 constexpr std::size_t mostColumns = 200;
 constexpr std::size_t mostBytes = 1'000;  // marks that combine take no columns, so columns alone are no bound
 
+/// U+FDD0 to U+FDEF, and the last two of each of the planes of Unicode.
+bool isNoncharacter(std::string_view character)
+{
+    constexpr std::string_view first = "\xEF\xB7\x90";
+    constexpr std::string_view last = "\xEF\xB7\xAF";
+    if (character >= first && character <= last) {
+        return true;
+    }
+    const bool endsPlane = character.ends_with("\xBF\xBE") || character.ends_with("\xBF\xBF");
+    return endsPlane && (character[character.size() - 3] & 0x0F) == 0x0F;
+}
+
+/// Without what is good UTF-8 and refused by the bus all the same.
+std::string withoutNoncharacters(std::string_view text)
+{
+    std::string result;
+    while (!text.empty()) {
+        const std::string_view character = text.substr(0, json::frontSequence(text).length);
+        result += isNoncharacter(character) ? json::replacementCharacter : character;
+        text.remove_prefix(character.size());
+    }
+    return result;
+}
+
 std::string line(const std::string& text)
 {
-    return cutToColumns(inert(text.substr(0, mostBytes)), mostColumns);
+    return cutToColumns(withoutNoncharacters(inert(text.substr(0, mostBytes))), mostColumns);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "notices/child_process.hpp"
 
 #include <sys/socket.h>
+#include <unistd.h>
 
 #include <array>
 #include <cerrno>
@@ -15,8 +16,8 @@ namespace {
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
-constexpr auto patienceForConnection = 5s;
-constexpr auto patienceForNotice = 40s;  // longer than the notifier's own with the service
+constexpr auto patienceForStart = 5s;    // longer than the notifier's own with the service
+constexpr auto patienceForNotice = 20s;  // the same
 
 }  // namespace
 
@@ -39,9 +40,10 @@ void Notifier::start(Moment now)
     }
     OpenFile ours(ends[0]);
     const OpenFile its(ends[1]);
-    child_ = startChild({.words = {program_.string()}, .input = its.get(), .output = its.get()});
+    child_ = startChild(
+        {.words = {program_.string(), std::to_string(::getpid())}, .input = its.get(), .output = its.get()});
     socket_ = std::move(ours);
-    deadline_ = now + patienceForConnection;
+    deadline_ = now + patienceForStart;
 }
 
 void Notifier::give(const NoticeRequest& notice, Moment now)
@@ -68,8 +70,7 @@ std::vector<NotifierWord> Notifier::words(Moment now)
     if (isRunning() && !maySayMore) {
         end(words, "the notifier has stopped working");
     } else if (deadline_ && now >= *deadline_) {
-        end(words,
-            isConnected_ ? "the notification service does not answer" : "the session bus does not answer");
+        end(words, isReady_ ? "the notification service does not answer" : "the session bus does not answer");
     }
     return words;
 }
@@ -77,7 +78,7 @@ std::vector<NotifierWord> Notifier::words(Moment now)
 void Notifier::heed(const NotifierWord& word)
 {
     switch (word.kind) {
-        case NotifierWordKind::connected: isConnected_ = true; [[fallthrough]];
+        case NotifierWordKind::ready: isReady_ = true; [[fallthrough]];
         case NotifierWordKind::given:
         case NotifierWordKind::failed:
         case NotifierWordKind::unanswered: deadline_.reset(); break;
@@ -110,7 +111,7 @@ void Notifier::stop()
     }
     socket_ = OpenFile();
     arrived_.clear();
-    isConnected_ = false;
+    isReady_ = false;
     deadline_.reset();
 }
 

@@ -34,17 +34,17 @@ public:
 
     bool isRunning() const { return child_ != -1; }
     /// Whether it takes notices.
-    bool isConnected() const { return isConnected_; }
+    bool isReady() const { return isReady_; }
     /// For poll(2): readable when `words` has something to read; -1 while it does not run.
     int descriptor() const { return socket_.get(); }
 
     /// Starts it; throws `std::system_error` when that cannot be done.
     void start(Moment now);
 
-    /// Asks for a notice; to be called while it is connected and no other one is under way. Never waits.
+    /// Asks for a notice; to be called while it is ready and no other one is under way. Never waits.
     void give(const NoticeRequest& notice, Moment now);
 
-    /// What it has said since the last call. It is killed when it leaves a connection or a notice without an
+    /// What it has said since the last call. It is killed when it lets a start or a notice go without an
     /// answer for too long; that it is gone, for whatever reason, is its last word, here too. Never waits.
     std::vector<NotifierWord> words(Moment now);
 
@@ -59,7 +59,7 @@ private:
     pid_t child_ = -1;
     OpenFile socket_;
     std::string arrived_;
-    bool isConnected_ = false;
+    bool isReady_ = false;
     std::optional<Moment> deadline_;  ///< of the answer that is waited for
 };
 

@@ -1,19 +1,25 @@
 // quillmere-notifier: gives the notices of `quillmere watch` on the session bus (Desktop Notifications
 // 1.2 of freedesktop.org). It may wait for the bus as long as it likes: `watch` never waits for it, and
-// kills it when it takes too long. Why it is a program of its own stands in notifier.hpp.
+// kills it when it takes too long. It is started with the process number of that `watch`. Why it is a
+// program of its own stands in notifier.hpp.
 #include "notices/notifier_protocol.hpp"
 
 #include <sdbus-c++/sdbus-c++.h>
 
 #include <poll.h>
+#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <csignal>
 #include <map>
 #include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace quillmere::app {
 namespace {
@@ -23,10 +29,12 @@ using namespace std::chrono_literals;
 constexpr const char* service = "org.freedesktop.Notifications";
 constexpr const char* object = "/org/freedesktop/Notifications";
 constexpr const char* interface = "org.freedesktop.Notifications";
+constexpr const char* busInterface = "org.freedesktop.DBus";  // also the name of the bus itself
 
+constexpr auto patienceForBus = 1s;
 constexpr auto patienceForCapabilities = 3s;
 // A service may be busy, and a notice that it has taken must not be asked for again.
-constexpr auto patienceForNotify = 25s;
+constexpr auto patienceForNotify = 10s;
 
 /// Goes to `watch`; if that is gone, reading tells.
 void say(const NotifierWord& word)
@@ -60,13 +68,28 @@ bool isTimeout(const sdbus::Error& error)
     return std::find(names.begin(), names.end(), error.getName()) != names.end();
 }
 
-/// The notification service on the session bus.
+std::string reason(const sdbus::Error& error)
+{
+    return isTimeout(error) ? "the notification service does not answer" : error.getMessage();
+}
+
+/// The notification service on the session bus: the one that answers first. One that takes its place is
+/// another, which knows nothing of the notices of this one.
 class Service {
 public:
-    /// Connects to the bus; throws sdbus::Error.
+    /// Connects to the bus and has the service answer, started by the bus if need be; throws sdbus::Error.
     Service()
         : bus_(sdbus::createSessionBusConnection()),
-          notifications_(sdbus::createProxy(*bus_, service, object))
+          ownerChanges_(bus_->addMatch(ownerChanged,
+                                       [this](sdbus::Message& change) {
+                                           std::string name;
+                                           std::string before;
+                                           change >> name >> before >> owner_;
+                                       })),
+          name_(nameOfService()),
+          owner_(name_),
+          // By its own name, so that nothing comes from another.
+          notifications_(sdbus::createProxy(*bus_, name_, object))
     {
         notifications_->uponSignal("ActionInvoked")
             .onInterface(interface)
@@ -79,46 +102,96 @@ public:
                 say({.kind = NotifierWordKind::closed, .number = number});
             });
         notifications_->finishRegistration();
+        say({.kind = NotifierWordKind::ready, .text = identity()});
     }
 
+    /// Throws sdbus::Error when the service does not even say what it can do: it has not been given the
+    /// notice then, which can be tried again.
     void give(const NoticeRequest& notice)
     {
-        // Asked each time: another service may have taken the place of the last. And one that does not
-        // answer this has not been given the notice, which can be tried again.
-        std::vector<std::string> capabilities;
+        const Capabilities capabilities = capabilitiesOf(*notifications_).first;
+        sdbus::MethodReply reply;
         try {
-            notifications_->callMethod("GetCapabilities")
-                .onInterface(interface)
-                .withTimeout(patienceForCapabilities)
-                .storeResultsTo(capabilities);
+            reply = notifications_->callMethod(callFor(notice, capabilities), patienceForNotify);
         } catch (const sdbus::Error& error) {
-            say({.kind = NotifierWordKind::failed, .text = reason(error)});
+            const bool mayHaveIt = isTimeout(error) && isPresent();
+            say({.kind = mayHaveIt ? NotifierWordKind::unanswered : NotifierWordKind::failed,
+                 .text = isTimeout(error) && !mayHaveIt ? "the notification service has gone" : reason(error),
+                 .error = error.getName()});
             return;
         }
         try {
-            say({.kind = NotifierWordKind::given, .number = notify(notice, capabilities)});
-        } catch (const sdbus::Error& error) {
-            say({.kind = isTimeout(error) ? NotifierWordKind::unanswered : NotifierWordKind::failed,
-                 .text = reason(error)});
+            std::uint32_t number = 0;
+            reply >> number;
+            say({.kind = NotifierWordKind::given, .number = number});
+        } catch (const sdbus::Error&) {
+            say({.kind = NotifierWordKind::unanswered,
+                 .text = "the answer of the notification service cannot be read"});
         }
     }
 
-    /// Hands on what the bus has brought.
-    void process()
+    /// Hands on what the bus has brought; whether the service is still the one it was.
+    bool process()
     {
         while (bus_->processPendingRequest()) {
         }
+        return owner_ == name_;
     }
 
     sdbus::IConnection::PollData pollData() const { return bus_->getEventLoopPollData(); }
 
 private:
-    static std::string reason(const sdbus::Error& error)
+    using Capabilities = std::vector<std::string>;
+
+    static constexpr const char* ownerChanged =
+        "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
+        "member='NameOwnerChanged',arg0='org.freedesktop.Notifications'";
+
+    /// What it can do, and who says so.
+    static std::pair<Capabilities, std::string> capabilitiesOf(sdbus::IProxy& notifications)
     {
-        return isTimeout(error) ? "the notification service does not answer" : error.getMessage();
+        Capabilities capabilities;
+        auto reply = notifications.callMethod(notifications.createMethodCall(interface, "GetCapabilities"),
+                                              patienceForCapabilities);
+        reply >> capabilities;
+        return {capabilities, reply.getSender()};
     }
 
-    std::uint32_t notify(const NoticeRequest& notice, const std::vector<std::string>& capabilities)
+    std::string nameOfService() const
+    {
+        return capabilitiesOf(*sdbus::createProxy(*bus_, service, object)).second;
+    }
+
+    /// Names on a bus are given once, but the next bus gives them again.
+    std::string identity() const
+    {
+        std::string bus;
+        daemon()
+            ->callMethod("GetId")
+            .onInterface(busInterface)
+            .withTimeout(patienceForBus)
+            .storeResultsTo(bus);
+        return bus + name_;
+    }
+
+    bool isPresent() const
+    {
+        bool isThere = false;
+        daemon()
+            ->callMethod("NameHasOwner")
+            .onInterface(busInterface)
+            .withTimeout(patienceForBus)
+            .withArguments(name_)
+            .storeResultsTo(isThere);
+        return isThere;
+    }
+
+    std::unique_ptr<sdbus::IProxy> daemon() const
+    {
+        return sdbus::createProxy(*bus_, busInterface, "/org/freedesktop/DBus");
+    }
+
+    sdbus::MethodCall callFor(const NoticeRequest& notice, const Capabilities& capabilities) const
     {
         const auto can = [&](const char* what) {
             return std::find(capabilities.begin(), capabilities.end(), what) != capabilities.end();
@@ -126,19 +199,18 @@ private:
         const std::map<std::string, sdbus::Variant> hints = {{"urgency", sdbus::Variant(notice.urgency)},
                                                              {"desktop-entry", sdbus::Variant("quillmere")}};
         constexpr std::int32_t asLongAsTheServiceLikes = -1;
-        std::uint32_t number = 0;
-        notifications_->callMethod("Notify")
-            .onInterface(interface)
-            .withTimeout(patienceForNotify)
-            .withArguments(std::string("Quillmere"), notice.replaces, std::string(), notice.heading,
-                           can("body-markup") ? escaped(notice.body) : notice.body,
-                           can("actions") ? notice.actions : std::vector<std::string>(), hints,
-                           asLongAsTheServiceLikes)
-            .storeResultsTo(number);
-        return number;
+        sdbus::MethodCall call = notifications_->createMethodCall(interface, "Notify");
+        call << std::string("Quillmere") << notice.replaces << std::string() << notice.heading
+             << (can("body-markup") ? escaped(notice.body) : notice.body)
+             << (can("actions") ? notice.actions : std::vector<std::string>()) << hints
+             << asLongAsTheServiceLikes;
+        return call;
     }
 
     std::unique_ptr<sdbus::IConnection> bus_;
+    sdbus::Slot ownerChanges_;
+    std::string name_;
+    std::string owner_;  ///< of the service's name, as far as has been heard
     std::unique_ptr<sdbus::IProxy> notifications_;
 };
 
@@ -153,14 +225,12 @@ bool receive(std::string& arrived)
     return count > 0 || (count == -1 && errno == EINTR);
 }
 
-/// Until `watch` is gone.
+/// Until `watch` or the service is gone.
 void serve()
 {
     Service notifications;
-    say({.kind = NotifierWordKind::connected});
     std::string arrived;
-    while (true) {
-        notifications.process();
+    while (notifications.process()) {
         const sdbus::IConnection::PollData bus = notifications.pollData();
         std::array<pollfd, 2> files = {pollfd{.fd = STDIN_FILENO, .events = POLLIN, .revents = 0},
                                        pollfd{.fd = bus.fd, .events = bus.events, .revents = 0}};
@@ -172,19 +242,29 @@ void serve()
             notifications.give(*notice);
         }
     }
+    say({.kind = NotifierWordKind::ended});
+}
+
+/// Has the system end this process with `watch`, whatever it waits for then; whether `watch` is there.
+bool endWith(const std::string& watch)
+{
+    return ::prctl(PR_SET_PDEATHSIG, SIGKILL) == 0 && std::to_string(::getppid()) == watch;
 }
 
 }  // namespace
 }  // namespace quillmere::app
 
-int main()
+int main(int count, char** arguments)
 {
     using namespace quillmere::app;
+    if (count != 2 || !endWith(arguments[1])) {
+        return 1;
+    }
     try {
         serve();
         return 0;
     } catch (const sdbus::Error& error) {
-        say({.kind = NotifierWordKind::ended, .text = error.getMessage()});
+        say({.kind = NotifierWordKind::ended, .text = reason(error), .error = error.getName()});
     } catch (const std::exception& error) {
         say({.kind = NotifierWordKind::ended, .text = error.what()});
     }

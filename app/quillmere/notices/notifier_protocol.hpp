@@ -23,16 +23,16 @@ struct NoticeRequest {
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(NoticeRequest, replaces, heading, body, urgency, actions)
 
 enum class NotifierWordKind {
-    connected,   ///< to the bus; the first word
+    ready,       ///< the service answers, by this name; the first word
     given,       ///< the notice has this number
     failed,      ///< the notice was not given, for this reason
-    unanswered,  ///< the service took the notice and does not say what became of it
+    unanswered,  ///< the service was asked for the notice and does not say what became of it
     action,      ///< the person chose the action of this key, on the notice of this number
     closed,      ///< the notice of this number is gone
-    ended,       ///< the notifier is, for this reason; the last word
+    ended,       ///< the notifier is, for this reason, or because the service is gone; the last word
 };
 NLOHMANN_JSON_SERIALIZE_ENUM(NotifierWordKind, {{NotifierWordKind::ended, "ended"},
-                                                {NotifierWordKind::connected, "connected"},
+                                                {NotifierWordKind::ready, "ready"},
                                                 {NotifierWordKind::given, "given"},
                                                 {NotifierWordKind::failed, "failed"},
                                                 {NotifierWordKind::unanswered, "unanswered"},
@@ -43,9 +43,10 @@ NLOHMANN_JSON_SERIALIZE_ENUM(NotifierWordKind, {{NotifierWordKind::ended, "ended
 struct NotifierWord {
     NotifierWordKind kind;
     std::uint32_t number = 0;  ///< of the notice, as the service counts them
-    std::string text = {};     ///< a reason, or a key
+    std::string text = {};     ///< a reason, a key, or a name that no other service on any bus ever has
+    std::string error = {};    ///< what a reason is called on the bus, where texts may differ each time
 };
-NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(NotifierWord, kind, number, text)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(NotifierWord, kind, number, text, error)
 
 /// A record as one line.
 template <class Record>

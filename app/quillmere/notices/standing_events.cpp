@@ -104,6 +104,15 @@ std::vector<StandingEvent> standingEvents(const QuillmereState& state)
     return events;
 }
 
+std::vector<std::string> keysOf(const std::vector<StandingEvent>& events)
+{
+    std::vector<std::string> keys;
+    for (const StandingEvent& event : events) {
+        keys.push_back(event.key);
+    }
+    return keys;
+}
+
 bool mayBeTold(const StandingEvent& event, const QuillmereState& state)
 {
     return event.kind != StandingEvent::Kind::questionRaised || state.interruptible();

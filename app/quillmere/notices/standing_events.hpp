@@ -29,6 +29,9 @@ std::string_view eventName(StandingEvent::Kind kind);
 /// that began by its schedule and has no session yet; every open question. For a state that was screened.
 std::vector<StandingEvent> standingEvents(const QuillmereState& state);
 
+/// Their keys, in order.
+std::vector<std::string> keysOf(const std::vector<StandingEvent>& events);
+
 /// Whether this is the time to tell it: a question waits until the person may be interrupted, the rest is
 /// what interrupts.
 bool mayBeTold(const StandingEvent& event, const QuillmereState& state);

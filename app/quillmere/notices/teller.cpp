@@ -1,15 +1,13 @@
 #include "notices/teller.hpp"
 
 #include <algorithm>
+#include <array>
+#include <iterator>
 #include <system_error>
 #include <utility>
 
 namespace quillmere::app {
 namespace {
-
-using namespace std::chrono_literals;
-
-constexpr auto pauseBetweenAttempts = 2s;
 
 struct ActionRow {
     NoticeAction action;
@@ -23,54 +21,110 @@ constexpr auto actionRows = std::to_array<ActionRow>({
     {NoticeAction::extendBreak, "extend", "Extend by 5 minutes"},
 });
 
-NoticeRequest requestOf(const Notice& notice, Urgency urgency, std::uint32_t replaces)
+/// Key and label in turn.
+std::vector<std::string> actionsOn(const Notice& notice)
 {
-    NoticeRequest request{.replaces = replaces,
-                          .heading = notice.heading,
-                          .body = notice.body,
-                          .urgency = static_cast<std::uint8_t>(urgency),
-                          .actions = {}};
+    std::vector<std::string> actions;
     for (const ActionRow& row : actionRows) {
         if (row.action != NoticeAction::extendBreak || notice.mayExtendBreak) {
-            request.actions.insert(request.actions.end(), {row.key, row.label});
+            actions.insert(actions.end(), {row.key, row.label});
         }
     }
-    return request;
+    return actions;
 }
 
 Notifier::Moment presentMoment() { return std::chrono::steady_clock::now(); }
 
 }  // namespace
 
-Teller::Teller(std::filesystem::path notifier, Urgency urgency, std::ostream& messages)
-    : notifier_(std::move(notifier)), urgency_(urgency), trouble_(messages)
+Teller::Teller(const TellerSettings& settings, Records& records, LineWriter& messages)
+    : urgency_(settings.urgency),
+      offersActions_(settings.offersActions),
+      records_(records),
+      notifier_(settings.notifier),
+      turn_(records.directory()),
+      shown_(settings.shownFile),
+      trouble_(messages)
 {
 }
 
-void Teller::tell(const std::vector<StandingEvent>& standing, const QuillmereState& state)
+void Teller::tell(const Events& events)
 {
-    outbox_.keepOnly(standing);
-    if (!underWay_.empty() || isPausing() || !outbox_.hasNext(state)) {
+    due_ = dueNotices(events);
+    // A predecessor's notices may be on the screen, with actions that somebody must hear.
+    const bool hasToListen = offersActions_ && !shown_.isEmpty();
+    if (!underWay_.empty() || (due_.empty() && !hasToListen)) {
         return;
     }
-    if (notifier_.isConnected()) {
-        // Not before it is connected: until then things may change.
-        underWay_ = outbox_.takeNext(state);
-        give();
-    } else if (!notifier_.isRunning()) {
-        try {
-            notifier_.start(presentMoment());
-        } catch (const std::system_error& error) {
-            failed(error.what());
+    if (!notifier_.isRunning()) {
+        start();
+    } else if (notifier_.isReady() && takeTurn()) {
+        // Whoever had the turn before may have told some of it.
+        due_ = dueNotices(events);
+        const auto next =
+            std::find_if(due_.begin(), due_.end(), [this](const Events& notice) { return mayTry(notice); });
+        if (next != due_.end()) {
+            give(*next);
         }
     }
 }
 
-void Teller::give()
+std::vector<Teller::Events> Teller::dueNotices(const Events& events) const
 {
-    const auto shown = shown_.find(subjectOf(underWay_.front().kind));
-    const std::uint32_t replaced = shown == shown_.end() ? 0 : shown->second;
-    notifier_.give(requestOf(noticeOf(underWay_), urgency_, replaced), presentMoment());
+    std::vector<Events> notices;
+    for (const NoticeSubject subject : {NoticeSubject::work, NoticeSubject::questions}) {
+        Events notice;
+        std::copy_if(events.begin(), events.end(), std::back_inserter(notice),
+                     [&](const StandingEvent& event) { return subjectOf(event.kind) == subject; });
+        // The new ones first, as a long notice is cut; those told before are repeated, as it replaces theirs.
+        const auto toldBefore =
+            std::stable_partition(notice.begin(), notice.end(),
+                                  [this](const StandingEvent& event) { return !records_.has(event.key); });
+        if (toldBefore != notice.begin()) {
+            notices.push_back(std::move(notice));
+        }
+    }
+    return notices;
+}
+
+bool Teller::mayTry(const Events& notice) const
+{
+    const auto failure = failures_.find(subjectOf(notice.front().kind));
+    return failure == failures_.end() || failure->second.keys != keysOf(notice) ||
+           !failure->second.backoff.isPausing(presentMoment());
+}
+
+void Teller::start()
+{
+    if (connecting_.isPausing(presentMoment())) {
+        return;
+    }
+    try {
+        notifier_.start(presentMoment());
+    } catch (const std::system_error& error) {
+        connecting_.failed(presentMoment());
+        meet({.kind = NotifierWordKind::ended, .text = error.what()});
+    }
+}
+
+bool Teller::takeTurn()
+{
+    if (!turn_.isHad() && turn_.take()) {
+        shown_.read(service_);
+    }
+    return turn_.isHad();
+}
+
+void Teller::give(const Events& notice)
+{
+    underWay_ = notice;
+    const Notice text = noticeOf(notice);
+    notifier_.give({.replaces = shown_.numberOf(subjectOf(notice.front().kind)),
+                    .heading = text.heading,
+                    .body = text.body,
+                    .urgency = static_cast<std::uint8_t>(urgency_),
+                    .actions = offersActions_ ? actionsOn(text) : std::vector<std::string>()},
+                   presentMoment());
 }
 
 std::vector<NoticeAction> Teller::listen()
@@ -84,48 +138,87 @@ std::vector<NoticeAction> Teller::listen()
 
 void Teller::hear(const NotifierWord& word, std::vector<NoticeAction>& actions)
 {
-    const auto isThis = [&](const auto& shown) { return shown.second == word.number; };
     switch (word.kind) {
-        case NotifierWordKind::connected: break;
+        case NotifierWordKind::ready:
+            service_ = word.text;
+            connecting_.worked();
+            break;
         case NotifierWordKind::given:
-            shown_[subjectOf(underWay_.front().kind)] = word.number;
-            underWay_.clear();
+            shown_.show(subjectOf(underWay_.front().kind), word.number);
+            isTold();
             trouble_.isOver("Notices can be given again.");
             break;
         case NotifierWordKind::unanswered:
-            underWay_.clear();
-            failed(word.text);
+            // It may be on the screen.
+            isTold();
+            meet(word);
             break;
         case NotifierWordKind::failed:
-        case NotifierWordKind::ended:
-            outbox_.add(std::exchange(underWay_, {}));
-            failed(word.text);
+            isNotTold();
+            meet(word);
             break;
-        case NotifierWordKind::action:
-            // The service tells everybody about everybody's notices.
-            if (std::any_of(shown_.begin(), shown_.end(), isThis)) {
-                for (const ActionRow& row : actionRows) {
-                    if (word.text == row.key) {
-                        actions.push_back(row.action);
-                    }
-                }
+        case NotifierWordKind::ended:
+            isNotTold();
+            meet(word);
+            connecting_.failed(presentMoment());
+            turn_.giveBack();
+            shown_.forget();
+            break;
+        case NotifierWordKind::action: hearAction(word, actions); break;
+        case NotifierWordKind::closed:
+            if (turn_.isHad()) {
+                shown_.close(word.number);
             }
             break;
-        case NotifierWordKind::closed: std::erase_if(shown_, isThis); break;
     }
 }
 
-void Teller::failed(const std::string& reason)
+void Teller::hearAction(const NotifierWord& word, std::vector<NoticeAction>& actions) const
 {
-    pauseEnds_ = presentMoment() + pauseBetweenAttempts;
-    trouble_.met("Notices cannot be given now: " + reason + ".");
+    // The service tells everybody about everybody's notices.
+    if (turn_.isHad() && shown_.has(word.number)) {
+        for (const ActionRow& row : actionRows) {
+            if (word.text == row.key) {
+                actions.push_back(row.action);
+            }
+        }
+    }
 }
 
-bool Teller::isPausing() const { return presentMoment() < pauseEnds_; }
-
-bool Teller::isAtRest(const QuillmereState& state) const
+void Teller::isTold()
 {
-    return underWay_.empty() && (isPausing() || !outbox_.hasNext(state));
+    for (const StandingEvent& event : underWay_) {
+        records_.make(event.key);
+    }
+    failures_.erase(subjectOf(underWay_.front().kind));
+    underWay_.clear();
+}
+
+void Teller::isNotTold()
+{
+    if (!underWay_.empty()) {
+        Failure& failure = failures_[subjectOf(underWay_.front().kind)];
+        if (failure.keys != keysOf(underWay_)) {
+            failure = {.keys = keysOf(underWay_)};
+        }
+        failure.backoff.failed(presentMoment());
+        underWay_.clear();
+    }
+}
+
+void Teller::meet(const NotifierWord& word)
+{
+    if (!word.text.empty()) {
+        trouble_.met(word.error.empty() ? word.text : word.error,
+                     "Notices cannot be given now: " + word.text + ".");
+    }
+}
+
+bool Teller::isAtRest() const
+{
+    return underWay_.empty() &&
+           (connecting_.isPausing(presentMoment()) ||
+            std::none_of(due_.begin(), due_.end(), [this](const Events& notice) { return mayTry(notice); }));
 }
 
 }  // namespace quillmere::app

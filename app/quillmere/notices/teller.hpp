@@ -1,13 +1,15 @@
 // Tells the person what stands.
 #pragma once
 
+#include "notices/backoff.hpp"
 #include "notices/notice.hpp"
 #include "notices/notifier.hpp"
-#include "notices/outbox.hpp"
+#include "notices/records.hpp"
+#include "notices/shown_notices.hpp"
 #include "notices/trouble.hpp"
+#include "notices/turn.hpp"
 
 #include <filesystem>
-#include <iosfwd>
 #include <map>
 #include <string>
 #include <vector>
@@ -20,18 +22,23 @@ enum class Urgency : std::uint8_t { low = 0, normal = 1, critical = 2 };
 /// What a person may choose on a notice.
 enum class NoticeAction { open, extendBreak };
 
-/// Keeps what is to be told until it has been: bus and service may be absent, slow or broken. Starts the
-/// notifier when there is something to tell, and again and again while that cannot be done. What is wrong is
-/// said once, and once that it works again. Nothing here waits.
+struct TellerSettings {
+    std::filesystem::path notifier;
+    Urgency urgency;
+    bool offersActions;               ///< somebody stays to hear what is chosen
+    std::filesystem::path shownFile;  ///< ShownNotices
+};
+
+/// Tells what has no record, in one notice a subject, and makes the record once it is told. Of all tellers of
+/// a directory one tells: the first whose notifier is ready, for as long as that is. Bus and service may be
+/// absent, slow or broken: what could not be told is tried again, after longer and longer pauses, while it
+/// stands. What is wrong is said once, and once that it works again. Nothing here waits.
 class Teller {
 public:
-    Teller(std::filesystem::path notifier, Urgency urgency, std::ostream& messages);
+    Teller(const TellerSettings& settings, Records& records, LineWriter& messages);
 
-    /// Takes over an event that was claimed.
-    void add(const StandingEvent& event) { outbox_.add({event}); }
-
-    /// Tells what can be told now, and forgets what does not stand any more.
-    void tell(const std::vector<StandingEvent>& standing, const QuillmereState& state);
+    /// Tells what can be told now, of all that may be told.
+    void tell(const std::vector<StandingEvent>& events);
 
     /// Hears what has become of the notices; what the person chose on them.
     std::vector<NoticeAction> listen();
@@ -40,24 +47,42 @@ public:
     int descriptor() const { return notifier_.descriptor(); }
 
     /// Whether nothing is under way, and nothing more to be tried at once.
-    bool isAtRest(const QuillmereState& state) const;
-
-    /// What was never given, not even to a service that did not answer.
-    const std::vector<StandingEvent>& untold() const { return outbox_.events(); }
+    bool isAtRest() const;
 
 private:
-    void give();
-    void hear(const NotifierWord& word, std::vector<NoticeAction>& actions);
-    void failed(const std::string& reason);
-    bool isPausing() const;
+    using Events = std::vector<StandingEvent>;  ///< what is told in one notice
 
-    Notifier notifier_;
+    /// A notice that could not be given.
+    struct Failure {
+        std::vector<std::string> keys = {};
+        Backoff backoff = {};
+    };
+
+    std::vector<Events> dueNotices(const Events& events) const;
+    bool mayTry(const Events& notice) const;
+    void start();
+    bool takeTurn();
+    void give(const Events& notice);
+    void hear(const NotifierWord& word, std::vector<NoticeAction>& actions);
+    void hearAction(const NotifierWord& word, std::vector<NoticeAction>& actions) const;
+    /// Makes the records of what is under way.
+    void isTold();
+    /// Leaves what is under way for later.
+    void isNotTold();
+    void meet(const NotifierWord& word);
+
     Urgency urgency_;
+    bool offersActions_;
+    Records& records_;
+    Notifier notifier_;
+    std::string service_;  ///< that of the notifier, once it is ready
+    Turn turn_;
+    ShownNotices shown_;
     Trouble trouble_;
-    Outbox outbox_;
-    std::vector<StandingEvent> underWay_;
-    std::map<NoticeSubject, std::uint32_t> shown_;  ///< the numbers of the notices on the screen
-    Notifier::Moment pauseEnds_{};
+    std::vector<Events> due_;  ///< as of the last `tell`
+    Events underWay_;
+    std::map<NoticeSubject, Failure> failures_;
+    Backoff connecting_;
 };
 
 }  // namespace quillmere::app

@@ -1,23 +1,19 @@
 #include "notices/trouble.hpp"
 
-#include "text/inert.hpp"
-
-#include <ostream>
-
 namespace quillmere::app {
 
-void Trouble::met(const std::string& message)
+void Trouble::met(const std::string& kind, const std::string& message)
 {
-    if (message != present_) {
-        messages_ << inert(message) << std::endl;
-        present_ = message;
+    if (kind != present_) {
+        messages_.say(message);
+        present_ = kind;
     }
 }
 
 void Trouble::isOver(const std::string& message)
 {
     if (!present_.empty()) {
-        messages_ << inert(message) << std::endl;
+        messages_.say(message);
         present_.clear();
     }
 }

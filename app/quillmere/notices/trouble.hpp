@@ -1,7 +1,8 @@
 // What goes wrong for a while.
 #pragma once
 
-#include <iosfwd>
+#include "notices/line_writer.hpp"
+
 #include <string>
 
 namespace quillmere::app {
@@ -9,17 +10,18 @@ namespace quillmere::app {
 /// Says a trouble once, however often it is met, and once that it is over.
 class Trouble {
 public:
-    explicit Trouble(std::ostream& messages) : messages_(messages) {}
+    explicit Trouble(LineWriter& messages) : messages_(messages) {}
 
-    /// Says `message` unless it was the last thing said.
-    void met(const std::string& message);
+    /// Says `message` unless the last trouble was of the same `kind`: texts may differ each time, by the name
+    /// of a temporary file for one.
+    void met(const std::string& kind, const std::string& message);
 
     /// Says `message` if there was trouble.
     void isOver(const std::string& message);
 
 private:
-    std::ostream& messages_;
-    std::string present_;  ///< empty: none
+    LineWriter& messages_;
+    std::string present_;  ///< the kind; empty: none
 };
 
 }  // namespace quillmere::app

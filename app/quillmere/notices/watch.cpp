@@ -1,11 +1,11 @@
 #include "notices/watch.hpp"
 
+#include "exit_code.hpp"
 #include "report/status.hpp"
 #include "system/held_signals.hpp"
 #include "system/next_second.hpp"
 #include "text/digest.hpp"
 #include "text/failure.hpp"
-#include "text/inert.hpp"
 #include "text/local_time.hpp"
 
 #include <quillmere/engine/workflow_engine.hpp>
@@ -14,7 +14,8 @@
 
 #include <algorithm>
 #include <chrono>
-#include <ostream>
+#include <string>
+#include <system_error>
 #include <utility>
 
 namespace quillmere::app {
@@ -25,9 +26,27 @@ using namespace std::chrono_literals;
 constexpr auto longestOnce = 5s;
 constexpr double breakExtension = 300;
 
-std::filesystem::path claimsBeside(const std::filesystem::path& kept)
+// However fast others write into the directory, it is read a few times a second.
+constexpr auto restBetweenReads = 250ms;
+constexpr auto restAfterFailure = 1s;
+
+/// In what is kept beside the files; empty when nothing is.
+std::filesystem::path placeOf(const char* name, const std::filesystem::path& kept)
 {
-    return kept.empty() ? kept : kept / "notices";
+    return kept.empty() ? kept : kept / name;
+}
+
+/// What tells one trouble with the files from another. The text does not: it may name a temporary file, which
+/// is another one each time.
+std::string kindOf(const std::exception& error)
+{
+    if (const auto* const failed = dynamic_cast<const std::system_error*>(&error)) {
+        return failed->code().category().name() + std::to_string(failed->code().value());
+    }
+    if (const auto* const ended = dynamic_cast<const ProgramError*>(&error)) {
+        return "ending" + std::to_string(static_cast<int>(ended->code()));
+    }
+    return error.what();
 }
 
 bool asksForEnd(const std::vector<int>& signals)
@@ -35,26 +54,33 @@ bool asksForEnd(const std::vector<int>& signals)
     return std::any_of(signals.begin(), signals.end(), [](int signal) { return signal != SIGCHLD; });
 }
 
-std::vector<std::string> keysOf(const std::vector<StandingEvent>& events)
+/// Waits for one of the files, of which those that are -1 are left out; whether there was anything.
+bool waitFor(std::initializer_list<int> files, int milliseconds)
 {
-    std::vector<std::string> keys;
-    for (const StandingEvent& event : events) {
-        keys.push_back(event.key);
+    std::vector<pollfd> waiting;
+    for (const int file : files) {
+        waiting.push_back({.fd = file, .events = POLLIN, .revents = 0});
     }
-    return keys;
+    return ::poll(waiting.data(), waiting.size(), milliseconds) != 0;
 }
 
 }  // namespace
 
 Watch::Watch(Program& program, WatchSettings settings)
     : program_(program),
+      output_(program.environment().out, program.environment().output),
+      messages_(program.environment().err, program.environment().error),
       settings_(std::move(settings)),
       workspace_(program.workspace()),
-      claims_(claimsBeside(workspace_.keptBeside()), program.environment().err),
-      errands_(program.environment().err),
-      teller_(settings_.notifier, settings_.urgency, program.environment().err),
-      filesTrouble_(program.environment().err),
-      versionsTrouble_(program.environment().err)
+      records_(placeOf("notices", workspace_.keptBeside()), messages_),
+      errands_(messages_),
+      teller_({.notifier = settings_.notifier,
+               .urgency = settings_.urgency,
+               .offersActions = !settings_.once,
+               .shownFile = placeOf("shown-notices.json", workspace_.keptBeside())},
+              records_, messages_),
+      filesTrouble_(messages_),
+      versionsTrouble_(messages_)
 {
 }
 
@@ -62,6 +88,7 @@ void Watch::run()
 {
     // A child that has ended wakes the loop, which looks after it in each round.
     const HeldSignals signals{SIGTERM, SIGINT, SIGHUP, SIGCHLD};
+    const BrokenPipesAreErrors whenNobodyReads;
     const auto limit = std::chrono::steady_clock::now() + longestOnce;
     const auto isLate = [&] { return std::chrono::steady_clock::now() >= limit; };
     round();
@@ -69,85 +96,124 @@ void Watch::run()
         sleep(signals.descriptor());
         round();
     }
-    giveBackClaims();
 }
 
 void Watch::round()
 {
     errands_.takeLeave();
-    const bool isFresh = refresh();
+    if (canRecord_ || std::chrono::steady_clock::now() >= restEnds_) {
+        refresh();
+    }
     for (const NoticeAction action : teller_.listen()) {
         act(action);
     }
-    if (isFresh) {
+    if (canTell_) {
         tellWhatStands();
     }
 }
 
-bool Watch::refresh()
+void Watch::refresh()
 {
     try {
         if (!open_) {
             open_.emplace(workspace_);
         }
         open_->refresh();
-        filesTrouble_.isOver("The files can be used again.");
-        if (const std::string& warning = open_->situation().warning; !warning.empty()) {
-            versionsTrouble_.met(warning);
-        }
-        return true;
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) {
         if (settings_.once) {
             throw;
         }
-        filesTrouble_.met(failureText(error));
-        return false;
+        refreshFailed(error);
+        return;
     }
+    unrecorded_.reset();
+    canRecord_ = true;
+    canTell_ = true;
+    restEnds_ = std::chrono::steady_clock::now() + restBetweenReads;
+    filesTrouble_.isOver("The files can be used again.");
+    warn(open_->situation());
+}
+
+void Watch::warn(const Situation& situation)
+{
+    if (!situation.warning.empty()) {
+        versionsTrouble_.met("versions", situation.warning);
+    }
+}
+
+void Watch::refreshFailed(const std::exception& error)
+{
+    filesTrouble_.met(kindOf(error), failureText(error));
+    canRecord_ = false;
+    try {
+        unrecorded_ = workspace_.look();
+        canTell_ = true;
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception&) {
+        // What cannot be read cannot be told, and that has been said.
+        canTell_ = false;
+    }
+    restEnds_ = std::chrono::steady_clock::now() + restAfterFailure;
 }
 
 void Watch::tellWhatStands()
 {
-    const QuillmereState& state = open_->situation().state;
-    const std::vector<StandingEvent> standing = standingEvents(state);
-    if (!std::exchange(oldClaimsAreGone_, true)) {
-        claims_.removeOld(keysOf(standing));
+    const QuillmereState& state = situation().state;
+    std::vector<StandingEvent> events = standingEvents(state);
+    if (!std::exchange(oldRecordsAreGone_, true)) {
+        records_.removeOld(keysOf(events));
     }
-    for (const StandingEvent& event : standing) {
-        if (mayBeTold(event, state)) {
-            runHooks(event);
-            if (claims_.take(event.key)) {
-                print(event);
-                teller_.add(event);
+    std::erase_if(events, [&](const StandingEvent& event) { return !mayBeTold(event, state); });
+    teller_.tell(events);
+    runHooks(events);
+    print(events);
+}
+
+void Watch::runHooks(const std::vector<StandingEvent>& events)
+{
+    hooksWait_ = false;
+    for (const StandingEvent& event : events) {
+        for (const std::string& command : settings_.hooks) {
+            const std::string key = "hook-" + digest(command) + "-" + event.key;
+            if (records_.has(key)) {
+                continue;
+            }
+            // Those that have no record yet may also be run by another watch, or by the next.
+            if (!errands_.mayRunHook()) {
+                hooksWait_ = true;
+                return;
+            }
+            const Bytes summary = JsonEncoder(JsonLayout::compact)
+                                      .encode(WidgetSnapshot::make(situation().state, situation().now));
+            if (records_.make(key) && !errands_.runHook(command, eventName(event.kind), summary.view())) {
+                records_.remove(key);
+                hooksWait_ = true;
+                return;
             }
         }
     }
-    teller_.tell(standing, state);
+    errands_.noHookWaits();
 }
 
-void Watch::runHooks(const StandingEvent& event)
+void Watch::print(const std::vector<StandingEvent>& events)
 {
-    for (const std::string& command : settings_.hooks) {
-        if (claims_.take("hook-" + digest(command) + "-" + event.key)) {
-            const Situation& situation = open_->situation();
-            const Bytes summary =
-                JsonEncoder(JsonLayout::compact).encode(WidgetSnapshot::make(situation.state, situation.now));
-            errands_.runHook(command, eventName(event.kind), summary.view());
+    for (const StandingEvent& event : events) {
+        if (!records_.hadAtFirst(event.key) && printed_.insert(event.key).second) {
+            print(event);
         }
     }
 }
 
 void Watch::print(const StandingEvent& event)
 {
-    std::ostream& out = program_.environment().out;
     if (program_.settings().json) {
-        const Json json = {{"event", eventName(event.kind)}, {"at", instantJson(event.at)}};
-        out << jsonLine(json) << std::endl;
+        output_.say(jsonLine({{"event", eventName(event.kind)}, {"at", instantJson(event.at)}}));
     } else {
-        const std::string text = inert(event.text);
-        out << localTextSeenFrom(open_->situation().now, event.at) << "  " << heading(event.kind)
-            << (text.empty() ? "" : ": ") << text << std::endl;
+        output_.say(localTextSeenFrom(situation().now, event.at) + "  " + std::string(heading(event.kind)) +
+                    (event.text.empty() ? "" : ": ") + event.text);
     }
 }
 
@@ -161,40 +227,38 @@ void Watch::act(NoticeAction action)
 
 void Watch::openScreen()
 {
-    const auto route = fromWorkflowState<WidgetRoute>(open_->situation().state.workflowState);
+    const auto route = fromWorkflowState<WidgetRoute>(situation().state.workflowState);
     errands_.open(settings_.opener, url(route));
 }
 
 void Watch::extendBreak()
 {
     try {
-        open_->change([](QuillmereState& state, Instant now) {
+        const auto nobodyAsks = [](const std::vector<Event>&) {};
+        warn(workspace_.change(nobodyAsks, [](QuillmereState& state, Instant now) {
             WorkflowEngine().extendBreak(state, breakExtension, now);
-        });
+        }));
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) {
-        program_.environment().err << "The break is not longer: " << inert(failureText(error)) << std::endl;
+        messages_.say("The break is not longer: " + failureText(error));
     }
 }
 
-bool Watch::isAtRest() const { return errands_.isIdle() && teller_.isAtRest(open_->situation().state); }
+bool Watch::isAtRest() const { return errands_.isIdle() && !hooksWait_ && teller_.isAtRest(); }
 
 void Watch::sleep(int signals) const
 {
-    // Those that are -1 are left out.
-    std::vector<pollfd> files;
-    for (const int file : {signals, teller_.descriptor(), open_ ? open_->descriptor() : -1}) {
-        files.push_back({.fd = file, .events = POLLIN, .revents = 0});
+    using std::chrono::milliseconds;
+    const auto untilSecond = [this] { return millisecondsToNextSecond(program_.environment().clock()); };
+    const auto rest = std::chrono::ceil<milliseconds>(restEnds_ - std::chrono::steady_clock::now()).count();
+    if (rest > 0) {
+        const int pause = static_cast<int>(std::min<milliseconds::rep>(rest, untilSecond()));
+        if (waitFor({signals, teller_.descriptor()}, pause) || pause < rest) {
+            return;
+        }
     }
-    ::poll(files.data(), files.size(), millisecondsToNextSecond(program_.environment().clock()));
-}
-
-void Watch::giveBackClaims()
-{
-    for (const StandingEvent& event : teller_.untold()) {
-        claims_.giveBack(event.key);
-    }
+    waitFor({signals, teller_.descriptor(), open_ ? open_->descriptor() : -1}, untilSecond());
 }
 
 }  // namespace quillmere::app

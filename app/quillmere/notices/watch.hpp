@@ -1,15 +1,19 @@
 // Lets time pass without a screen, and tells the person what comes of it.
 #pragma once
 
-#include "notices/claims.hpp"
 #include "notices/errands.hpp"
+#include "notices/line_writer.hpp"
+#include "notices/records.hpp"
 #include "notices/teller.hpp"
 #include "notices/trouble.hpp"
 #include "program.hpp"
 #include "workspace/open_workspace.hpp"
 
+#include <chrono>
 #include <filesystem>
+#include <initializer_list>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -24,13 +28,15 @@ struct WatchSettings {
 };
 
 /// One loop and no threads: it sleeps until the next whole second, a change of the files, a word of the
-/// notifier or a signal. After a machine has slept, the first round catches up.
+/// notifier or a signal. After a machine has slept, the first round catches up. What it prints is a log of
+/// what this one process has seen, and stands in the way of nothing.
 class Watch {
 public:
     Watch(Program& program, WatchSettings settings);
 
     /// Goes on until the process is asked to end (SIGTERM, SIGINT); with `once`, until what is due has been
-    /// given, a few seconds at most. Files that cannot be used are waited for; with `once` that throws.
+    /// given, a few seconds at most. Files that cannot be used are waited for, and what comes about is told
+    /// while it cannot be recorded; with `once` that throws.
     void run();
 
     /// One pass: brings the record up to the present, gives what is due. Never waits for anybody but the
@@ -38,9 +44,16 @@ public:
     void round();
 
 private:
-    bool refresh();
+    using Moment = std::chrono::steady_clock::time_point;
+
+    void refresh();
+    void refreshFailed(const std::exception& error);
+    void warn(const Situation& situation);
+    /// As it is recorded or, while that cannot be done, as it would be.
+    const Situation& situation() const { return unrecorded_ ? *unrecorded_ : open_->situation(); }
     void tellWhatStands();
-    void runHooks(const StandingEvent& event);
+    void runHooks(const std::vector<StandingEvent>& events);
+    void print(const std::vector<StandingEvent>& events);
     void print(const StandingEvent& event);
     void act(NoticeAction action);
     void openScreen();
@@ -48,15 +61,22 @@ private:
     /// Whether there is nothing left to wait for.
     bool isAtRest() const;
     void sleep(int signals) const;
-    void giveBackClaims();
 
     Program& program_;
+    LineWriter output_;
+    LineWriter messages_;
     WatchSettings settings_;
     Workspace workspace_;
-    std::optional<OpenWorkspace> open_;  ///< absent while the files cannot be read
-    Claims claims_;
-    bool oldClaimsAreGone_ = false;
+    std::optional<OpenWorkspace> open_;    ///< absent until the files could be read
+    std::optional<Situation> unrecorded_;  ///< while only recording fails
+    bool canTell_ = false;                 ///< whether the situation is that of the present
+    bool canRecord_ = true;
+    Moment restEnds_{};  ///< of the directory, which others may fill with changes
+    Records records_;
+    bool oldRecordsAreGone_ = false;
+    std::set<std::string> printed_;
     Errands errands_;
+    bool hooksWait_ = false;
     Teller teller_;
     Trouble filesTrouble_;
     Trouble versionsTrouble_;

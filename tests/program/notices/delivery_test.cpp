@@ -3,6 +3,8 @@
 
 #include <signal.h>
 
+#include <algorithm>
+
 #include "desktop.hpp"
 
 namespace quillmere::test {
@@ -28,7 +30,7 @@ TEST_F(NoticeOnTheBus, saysThatFocusIsOver)
                                              {"icon", ""},
                                              {"summary", "Focus is over"},
                                              {"body", "Outcome of session 1"},
-                                             {"actions", {"default", "Open"}},
+                                             {"actions", json::array()},
                                              {"urgency", 1},
                                              {"timeout", -1}}}));
     EXPECT_EQ(said(), "");
@@ -47,10 +49,18 @@ TEST_F(NoticeOnTheBus, leavesATrueRecord)
 TEST_F(NoticeOnTheBus, saysThatTheBreakIsOverAndOffersMoreOfIt)
 {
     person.has(breakOver(5));
-    watchesOnce();
-    ASSERT_TRUE(hasNotices(1));
+    const Process watch = watching();
+    ASSERT_TRUE(eventually([&] { return hasNotices(1); })) << said();
     EXPECT_EQ(notices()[0]["summary"], "The break is over");
     EXPECT_EQ(notices()[0]["actions"], (Words{"default", "Open", "extend", "Extend by 5 minutes"}));
+}
+
+TEST_F(NoticeOnTheBus, offersNothingWhenNobodyStaysToHearIt)
+{
+    person.has(breakOver(5));
+    watchesOnce();
+    ASSERT_TRUE(hasNotices(1));
+    EXPECT_EQ(notices()[0]["actions"], json::array());
 }
 
 TEST_F(NoticeOnTheBus, saysThatABlockHasBegun)
@@ -147,7 +157,104 @@ TEST_F(NoticeOnTheBus, takesThePlaceOfTheLastOnTheSameSubject)
     }
     EXPECT_EQ(placed,
               "Focus is over for 0\nA question waits for 0\n"
-              "The break is over for 1\nA question waits for 2\n");
+              "The break is over for 1\n2 questions wait for 2\n");
+    EXPECT_EQ(notices()[3]["body"], "Which build?\nMay I?");
+}
+
+TEST_F(NoticeOnTheBus, takesThePlaceOfThatOfAnEarlierWatch)
+{
+    person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
+    watchesOnce();
+    person.has(asking(person.state(), 2, "Which build?"));
+    watchesOnce();
+    ASSERT_TRUE(hasNotices(2));
+    EXPECT_EQ(notices()[1]["replaces"], 1);
+    EXPECT_EQ(notices()[1]["body"], "Which build?\nMay I?");
+}
+
+TEST_F(NoticeOnTheBus, takesNoPlaceAtAnotherService)
+{
+    person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
+    const Process watch = watching();
+    EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said();
+    hasService();
+    person.has(asking(person.state(), 2, "Which build?"));
+    ASSERT_TRUE(eventually([&] { return hasNotices(2); })) << said();
+    EXPECT_EQ(notices()[1]["replaces"], 0);
+}
+
+TEST_F(NoticeOnTheBus, goesToTheServiceThatTookOverThoughTheLastIsStillThere)
+{
+    person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
+    const Process watch = watching();
+    EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said();
+    service().signals("release");
+    const NotificationService other("unix:path=" + socket().string(), file("other-log"), {});
+    person.has(asking(person.state(), 2, "Which build?"));
+    EXPECT_TRUE(eventually([&] { return countOf("Which build?", textIn("other-log")) == 1; })) << said();
+    EXPECT_TRUE(hasNotices(1));
+}
+
+TEST_F(NoticeOnTheBus, comesFromAWatchThatCanGiveItWhoeverSawTheEventFirst)
+{
+    person.has(focusOver(90));
+    const Process without = watchingWithoutBus("without");
+    EXPECT_TRUE(eventually([&] { return !said("without").empty(); }));
+    EXPECT_EQ(countOf("Focus is over", printed("without")), 1U);
+    const Process watch = watching();
+    EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said();
+}
+
+TEST_F(NoticeOnTheBus, comesFromTheNextWatchWhenTheFirstIsKilled)
+{
+    person.has(stateIn(WorkflowState::idle));
+    Process first = watching({}, "first");
+    person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
+    EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said("first");
+    const Process second = watching({"--open-command", "/nowhere/opener"}, "second");
+    first.endBy(SIGKILL);
+    person.has(asking(person.state(), 2, "Which build?"));
+    EXPECT_TRUE(eventually([&] { return hasNotices(2); })) << said("second");
+    EXPECT_EQ(notices()[1]["replaces"], 1);
+    // It is also the one that hears what is chosen.
+    service().signals("action 1 default");
+    EXPECT_TRUE(eventually([&] { return said("second").starts_with("Opening the screen failed"); }));
+}
+
+TEST_F(NoticeOnTheBus, isOneForADirectoryHoweverItsPathIsSpelled)
+{
+    person.has(focusOver(90));
+    watchesOnce();
+    const std::filesystem::path link = file("link");
+    std::filesystem::create_directory_symlink(person.directory(), link);
+    Process other({.words = {QUILLMERE_PROGRAM, "--directory", link.string(), "watch", "--once"},
+                   .variables = variables()});
+    EXPECT_EQ(other.wait(), 0);
+    EXPECT_TRUE(hasNotices(1));
+}
+
+TEST_F(NoticeOnTheBus, comesThoughItsTextHasWhatTheBusRefuses)
+{
+    person.has(asking(stateIn(WorkflowState::idle), 1, "May \xEF\xBF\xBF I?"));
+    watchesOnce();
+    ASSERT_TRUE(hasNotices(1)) << said();
+    EXPECT_EQ(notices()[0]["body"], "May \xEF\xBF\xBD I?");
+}
+
+TEST_F(NoticeOnTheBus, thatIsRefusedLetsOthersGoAndIsComplainedOfOnce)
+{
+    hasService({.behaviour = "picky"});
+    const auto countNotices = [&](const char* heading) {
+        const std::vector<json> all = notices();
+        return std::count_if(all.begin(), all.end(),
+                             [&](const json& call) { return call["summary"] == heading; });
+    };
+    person.has(focusOver(90));
+    const Process watch = watching();
+    EXPECT_TRUE(eventually([&] { return countNotices("Focus is over") >= 2; })) << said();
+    EXPECT_EQ(said(), "Notices cannot be given now: no, for the 1. time.\n");
+    person.has(asking(person.state(), 1, "May I?"));
+    EXPECT_TRUE(eventually([&] { return countNotices("A question waits") == 1; })) << said();
 }
 
 TEST_F(NoticeOnTheBus, takesNoPlaceOfOneThatThePersonClosed)
@@ -170,7 +277,7 @@ TEST_F(NoticeOnTheBus, keepsAQuestionUntilThePersonMayBeInterrupted)
     person.has(asking(state, 1, "May I?"));
     watchesOnce();
     EXPECT_TRUE(hasNotices(0));
-    EXPECT_EQ(claimCount(), 0U);
+    EXPECT_EQ(recordCount(), 0U);
     ASSERT_EQ(person.types({"pause"}).code, ExitCode::done);
     watchesOnce();
     EXPECT_TRUE(hasNotices(1));
@@ -184,7 +291,7 @@ TEST_F(NoticeOnTheBus, isOneForSeveralQuestions)
     ASSERT_TRUE(hasNotices(1));
     EXPECT_EQ(notices()[0]["summary"], "2 questions wait");
     EXPECT_EQ(notices()[0]["body"], "Which build?\nMay I?");
-    EXPECT_EQ(claimCount(), 2U);
+    EXPECT_EQ(recordCount(), 2U);
 }
 
 const std::string hostileQuestion = "<b>bold</b> & \"quoted\" \x1b[31m\xE2\x80\xAEturned";
@@ -211,8 +318,8 @@ TEST_F(NoticeOnTheBus, offersNoActionsWhereTheServiceHasNone)
 {
     hasService({.capabilities = {"body"}});
     person.has(breakOver(5));
-    watchesOnce();
-    ASSERT_TRUE(hasNotices(1));
+    const Process watch = watching();
+    ASSERT_TRUE(eventually([&] { return hasNotices(1); })) << said();
     EXPECT_EQ(notices()[0]["actions"], json::array());
 }
 

@@ -4,11 +4,14 @@
 
 #include <fcntl.h>
 #include <signal.h>
+#include <sys/inotify.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <chrono>
 #include <cmath>
+#include <fstream>
 #include <sstream>
 #include <thread>
 #include <utility>
@@ -66,6 +69,33 @@ QuillmereState asking(QuillmereState state, unsigned number, const std::string& 
     return state;
 }
 
+Pipe makePipe()
+{
+    int ends[2] = {-1, -1};
+    EXPECT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+    return {.from = app::OpenFile(ends[0]), .to = app::OpenFile(ends[1])};
+}
+
+FileEvents fileEventsDuring(const fs::path& directory, const std::string& name,
+                            const std::function<void()>& act)
+{
+    const app::OpenFile events(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+    EXPECT_NE(::inotify_add_watch(events.get(), directory.c_str(), IN_OPEN | IN_CREATE), -1);
+    act();
+    FileEvents counts;
+    alignas(inotify_event) std::array<char, 65'536> bytes;
+    for (ssize_t count = 0; (count = ::read(events.get(), bytes.data(), bytes.size())) > 0;) {
+        const inotify_event* event = nullptr;
+        for (ssize_t at = 0; at < count; at += static_cast<ssize_t>(sizeof *event + event->len)) {
+            event = reinterpret_cast<const inotify_event*>(bytes.data() + at);
+            if (event->len > 0 && (name.empty() || name == event->name)) {
+                ++((event->mask & IN_CREATE) != 0 ? counts.made : counts.opened);
+            }
+        }
+    }
+    return counts;
+}
+
 Process::~Process()
 {
     if (child_ != -1) {
@@ -90,19 +120,16 @@ int Process::wait()
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-namespace {
-
-struct Pipe {
-    app::OpenFile from;
-    app::OpenFile to;
-};
-
-Pipe makePipe()
+std::string childrenOf(pid_t process)
 {
-    int ends[2] = {-1, -1};
-    EXPECT_EQ(::pipe2(ends, O_CLOEXEC), 0);
-    return {.from = app::OpenFile(ends[0]), .to = app::OpenFile(ends[1])};
+    const std::string number = std::to_string(process);
+    std::ifstream file("/proc/" + number + "/task/" + number + "/children");
+    std::string children;
+    std::getline(file, children);
+    return children.substr(0, children.find_last_not_of(' ') + 1);
 }
+
+namespace {
 
 /// Starts a program and waits for its first line.
 std::unique_ptr<Process> readyProcess(app::ChildProgram program)
@@ -186,7 +213,7 @@ std::vector<nlohmann::json> Desktop::notices() const
     return calls;
 }
 
-Process Desktop::watching(const Words& options, const std::string& name) const
+std::string Desktop::watchCommand(const Words& options) const
 {
     // With a signal ignored and a file left open, as a program may be started.
     std::string command = "trap '' PIPE; exec 7</dev/null; exec " + quoted(QUILLMERE_PROGRAM) +
@@ -194,10 +221,29 @@ Process Desktop::watching(const Words& options, const std::string& name) const
     for (const std::string& option : options) {
         command += " " + quoted(option);
     }
-    command += " >" + quoted(file(name + ".out").string()) + " 2>" + quoted(file(name + ".err").string());
-    return Process({.words = {"/bin/sh", "-c", command},
-                    .variables = {"DBUS_SESSION_BUS_ADDRESS=unix:path=" + socket().string(),
-                                  "XDG_STATE_HOME=" + person.stateHome().string(), "TZ=UTC"}});
+    return command;
+}
+
+Words Desktop::variables() const
+{
+    return {"DBUS_SESSION_BUS_ADDRESS=unix:path=" + socket().string(),
+            "XDG_STATE_HOME=" + person.stateHome().string(), "TZ=UTC"};
+}
+
+Process Desktop::watching(const Words& options, const std::string& name) const
+{
+    const std::string command = watchCommand(options) + " >" + quoted(file(name + ".out").string()) + " 2>" +
+                                quoted(file(name + ".err").string());
+    return Process({.words = {"/bin/sh", "-c", command}, .variables = variables()});
+}
+
+Process Desktop::watchingWithoutBus(const std::string& name) const
+{
+    Words nowhere = variables();
+    nowhere.front() += "-nowhere";
+    const std::string command = watchCommand() + " >" + quoted(file(name + ".out").string()) + " 2>" +
+                                quoted(file(name + ".err").string());
+    return Process({.words = {"/bin/sh", "-c", command}, .variables = nowhere});
 }
 
 void Desktop::watchesOnce(const Words& options) const
@@ -212,9 +258,10 @@ std::string Desktop::textIn(const std::string& name) const
     return fs::exists(file(name)) ? textOf(file(name)) : std::string();
 }
 
-std::size_t Desktop::claimCount() const
+std::size_t Desktop::recordCount() const
 {
-    return namesIn(app::keptBeside(person.directory(), person.stateHome()) / "notices").size();
+    const fs::path records = app::keptBeside(person.directory(), person.stateHome()) / "notices";
+    return fs::exists(records) ? namesIn(records).size() : 0;
 }
 
 std::size_t countOf(const std::string& part, const std::string& text)

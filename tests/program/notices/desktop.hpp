@@ -31,6 +31,22 @@ QuillmereState breakOver(double ago);
 /// The same with one more open question.
 QuillmereState asking(QuillmereState state, unsigned number, const std::string& question);
 
+/// How many files of the directory were opened or made while `act` ran, by whomever; those of one name when
+/// one is given.
+struct FileEvents {
+    std::size_t opened = 0;
+    std::size_t made = 0;
+};
+FileEvents fileEventsDuring(const std::filesystem::path& directory, const std::string& name,
+                            const std::function<void()>& act);
+
+/// A pipe.
+struct Pipe {
+    app::OpenFile from;
+    app::OpenFile to;
+};
+Pipe makePipe();
+
 /// A child that is killed at the end, if it still runs.
 class Process {
 public:
@@ -44,9 +60,14 @@ public:
     /// Waits for the end, as above.
     int wait();
 
+    pid_t number() const { return child_; }
+
 private:
     pid_t child_;
 };
+
+/// The numbers of a process's children, with a space between them.
+std::string childrenOf(pid_t process);
 
 /// A session bus: a dbus-daemon of its own, which starts no services by itself.
 class SessionBus {
@@ -97,6 +118,8 @@ protected:
 
     /// `quillmere watch` with these options, running; what it prints is in files named `name`.
     Process watching(const Words& options = {}, const std::string& name = "watch") const;
+    /// The same with nothing where it looks for the bus.
+    Process watchingWithoutBus(const std::string& name) const;
     /// `quillmere watch --once` with these options, until it has ended, which must go well.
     void watchesOnce(const Words& options = {}) const;
 
@@ -106,8 +129,13 @@ protected:
     /// What the watch said so far.
     std::string said(const std::string& name = "watch") const { return textIn(name + ".err"); }
     std::string printed(const std::string& name = "watch") const { return textIn(name + ".out"); }
-    /// How many claims there are.
-    std::size_t claimCount() const;
+    /// How many records there are.
+    std::size_t recordCount() const;
+
+    /// The words that have the shell start `quillmere watch` with these options; it redirects nothing.
+    std::string watchCommand(const Words& options = {}) const;
+    /// The variables that it is started with.
+    Words variables() const;
 
 private:
     TemporaryDirectory directory_;

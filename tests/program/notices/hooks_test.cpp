@@ -1,6 +1,12 @@
 // Programs of the person that run at each event.
+#include "notices/errands.hpp"
+
 #include <fcntl.h>
 #include <signal.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <sstream>
 
 #include "desktop.hpp"
 #include "support/file_system.hpp"
@@ -83,6 +89,57 @@ TEST_F(HookProgram, thatHangsStopsNothing)
     for (int count = 0; count < 2; ++count) {
         writeText(file("never"), "");
     }
+}
+
+TEST_F(HookProgram, runsWithSevenOthersAtMost)
+{
+    QuillmereState state = stateIn(WorkflowState::idle);
+    for (unsigned number = 0; number < 12; ++number) {
+        state = asking(state, number, "May I?");
+    }
+    makeFifo(file("gate"));
+    person.has(state);
+    const std::string hook = "echo begun" + into("told") + "; read line < '" + file("gate").string() + "'";
+    Process watch = watching({"--hook", hook});
+    EXPECT_TRUE(eventually([&] { return countOf("begun", textIn("told")) == 8; }));
+    EXPECT_TRUE(eventually([&] { return !said().empty(); }));
+    EXPECT_TRUE(said().starts_with("Hooks wait until one of the eight that run has ended.\n")) << said();
+    EXPECT_EQ(countOf("begun", textIn("told")), 8U);
+    // One line lets one go.
+    const app::OpenFile gate(::open(file("gate").c_str(), O_RDWR | O_CLOEXEC));
+    for (std::size_t ended = 1; ended <= 4; ++ended) {
+        EXPECT_EQ(::write(gate.get(), "\n", 1), 1);
+        EXPECT_TRUE(eventually([&] { return countOf("begun", textIn("told")) == 8 + ended; }));
+    }
+    EXPECT_TRUE(eventually([&] { return said().ends_with("No hook waits any more.\n"); })) << said();
+    // The rest of them go, too.
+    EXPECT_EQ(::write(gate.get(), "\n\n\n\n\n\n\n\n", 8), 8);
+    EXPECT_EQ(watch.endBy(SIGTERM), 0);
+}
+
+TEST_F(HookProgram, thatCannotBeStartedIsTriedAgainLater)
+{
+    std::ostringstream text;
+    app::LineWriter messages(text, -1);
+    app::Errands errands(messages);
+    rlimit usual{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
+    const rlimit none{.rlim_cur = 0, .rlim_max = usual.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    EXPECT_FALSE(errands.runHook("true", "focus_ended", "{}"));
+    EXPECT_FALSE(errands.runHook("true", "focus_ended", "{}"));
+    EXPECT_FALSE(errands.mayRunHook());
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &usual), 0);
+    EXPECT_EQ(text.str(), "Hooks cannot be started now: Too many open files.\n");
+    EXPECT_TRUE(eventually([&] { return errands.mayRunHook(); }));
+    EXPECT_TRUE(errands.runHook("true", "focus_ended", "{}"));
+    EXPECT_EQ(countOf("\n", text.str()), 1U);
+    errands.noHookWaits();
+    EXPECT_TRUE(text.str().ends_with("No hook waits any more.\n"));
+    EXPECT_TRUE(eventually([&] {
+        errands.takeLeave();
+        return errands.isIdle();
+    }));
 }
 
 TEST_F(HookProgram, thatFailsIsNamed)

@@ -74,6 +74,55 @@ TEST_F(NoticeAction, onANoticeOfAnotherProgramIsNotOurs)
     EXPECT_EQ(person.state().breakExtensionSeconds, 0);
 }
 
+TEST_F(NoticeAction, onANoticeOfAnotherServiceIsNotOurs)
+{
+    person.has(breakOver(5));
+    const Process watch = watchingAfterNotice();
+    hasService();
+    // That of another program, which the new service counts as the first.
+    service().signals("action 1 default");
+    person.has(asking(person.state(), 1, "May I?"));
+    EXPECT_TRUE(eventually([&] { return hasNotices(2); })) << said();
+    EXPECT_EQ(textIn("opened"), "");
+}
+
+TEST_F(NoticeAction, isHeardOnceThoughTwoWatch)
+{
+    person.has(breakOver(5));
+    const Process first = watchingAfterNotice();
+    EXPECT_TRUE(eventually([&] { return recordCount() == 1; }));
+    const Words options = {"--open-command", file("opener").string(), "--hook",
+                           "echo >> '" + file("seen").string() + "'"};
+    const Process second = watching(options, "second");
+    // It has a notifier of its own, in case the first ends.
+    EXPECT_TRUE(eventually([&] { return !childrenOf(second.number()).empty(); }));
+    person.has(asking(person.state(), 1, "May I?"));
+    EXPECT_TRUE(eventually([&] { return hasNotices(2) && countOf("\n", textIn("seen")) == 2; })) << said();
+    service().signals("action 1 extend");
+    service().signals("action 2 default");
+    EXPECT_TRUE(eventually([&] { return !textIn("opened").empty(); }));
+    // What the second does next shows that it had the time.
+    person.has(asking(person.state(), 2, "Which build?"));
+    EXPECT_TRUE(eventually([&] { return hasNotices(3) && countOf("\n", textIn("seen")) == 3; })) << said();
+    EXPECT_EQ(person.state().breakExtensionSeconds, 300);
+    EXPECT_EQ(countOf("quillmere://", textIn("opened")), 1U);
+}
+
+TEST_F(NoticeAction, isHeardByTheNextWatch)
+{
+    person.has(breakOver(5));
+    {
+        Process first = watchingAfterNotice();
+        EXPECT_TRUE(eventually([&] { return recordCount() == 1; }));
+        EXPECT_EQ(first.endBy(SIGTERM), 0);
+    }
+    const Process second = watching({"--open-command", file("opener").string()}, "second");
+    EXPECT_TRUE(eventually([&] {
+        service().signals("action 1 default");
+        return !textIn("opened").empty();
+    }));
+}
+
 TEST_F(NoticeAction, thatCannotOpenAnythingIsSaid)
 {
     person.has(focusOver(90));

@@ -61,6 +61,62 @@ TEST(NoticeText, isInert)
               "\xEF\xBF\xBD[31m red line\xEF\xBF\xBD \xEF\xBF\xBDturned \xEF\xBF\xBD");
 }
 
+TEST(NoticeText, hasNoNoncharacters)
+{
+    struct Example {
+        std::string text;
+        std::string expected;
+    };
+    const std::string replaced = "\xEF\xBF\xBD";
+    const Example examples[] = {
+        {"a\xEF\xB7\x8F"
+         "b",
+         "a\xEF\xB7\x8F"
+         "b"},  // U+FDCF
+        {"a\xEF\xB7\x90"
+         "b",
+         "a" + replaced + "b"},  // U+FDD0
+        {"a\xEF\xB7\xAF"
+         "b",
+         "a" + replaced + "b"},  // U+FDEF
+        {"a\xEF\xB7\xB0"
+         "b",
+         "a\xEF\xB7\xB0"
+         "b"},  // U+FDF0
+        {"a\xEF\xBF\xBC"
+         "b",
+         "a\xEF\xBF\xBC"
+         "b"},  // U+FFFC
+        {"a\xEF\xBF\xBE"
+         "b",
+         "a" + replaced + "b"},  // U+FFFE
+        {"a\xEF\xBF\xBF"
+         "b",
+         "a" + replaced + "b"},  // U+FFFF
+        {"a\xEE\xBF\xBF"
+         "b",
+         "a\xEE\xBF\xBF"
+         "b"},  // U+EFFF
+        {"a\xF0\x9F\xBF\xBE"
+         "b",
+         "a" + replaced + "b"},  // U+1FFFE
+        {"a\xF4\x8F\xBF\xBF"
+         "b",
+         "a" + replaced + "b"},  // U+10FFFF
+        {"a\xF0\x9F\xBF\xBD"
+         "b",
+         "a\xF0\x9F\xBF\xBD"
+         "b"},  // U+1FFFD
+        {"a\xF0\x9E\xBF\xBF"
+         "b",
+         "a\xF0\x9E\xBF\xBF"
+         "b"},  // U+1EFFF
+    };
+    for (const Example& example : examples) {
+        EXPECT_EQ(noticeOf({eventSaying(Kind::questionRaised, example.text)}).body, example.expected);
+    }
+}
+
 TEST(NoticeText, isShort)
 {
     const std::string wide = noticeOf({eventSaying(Kind::questionRaised, std::string(100'000, 'x'))}).body;

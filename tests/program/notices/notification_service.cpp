@@ -1,8 +1,11 @@
 // A notification service to test with: notification_service LOG BEHAVIOUR [CAPABILITY …]
 //
 // Appends every call of Notify to LOG, a JSON object a line, and says "ready" when it has its name. Takes
-// lines on standard input, until that ends: "action NUMBER KEY" and "closed NUMBER" are signalled to all.
-// Behaviours: "answers"; "mute" never answers GetCapabilities; "numb" never answers Notify.
+// lines on standard input, until that ends: "action NUMBER KEY" and "closed NUMBER" are signalled to all,
+// and "release" has it give up its name and stay.
+// Behaviours: "answers"; "mute" never answers GetCapabilities; "numb" never answers Notify; "picky" refuses
+// notices about the work, each time in other words; "frail" ends when it is asked for a notice; "garbled"
+// answers Notify with a text.
 #include <sdbus-c++/sdbus-c++.h>
 #include <nlohmann/json.hpp>
 
@@ -10,9 +13,12 @@
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
+#include <cstdlib>
 #include <fstream>
 #include <iostream>
 #include <sstream>
+#include <thread>
 
 namespace {
 
@@ -45,25 +51,24 @@ public:
                 return capabilities;
             });
         }
-        object_->registerMethod("Notify").onInterface(interface).implementedAs(
-            [this, behaviour](sdbus::Result<std::uint32_t>&& result, const std::string& name,
-                              std::uint32_t replaces, const std::string& icon, const std::string& summary,
-                              const std::string& body, const std::vector<std::string>& actions,
-                              const Hints& hints, std::int32_t timeout) {
-                note({{"name", name},
-                      {"replaces", replaces},
-                      {"icon", icon},
-                      {"summary", summary},
-                      {"body", body},
-                      {"actions", actions},
-                      {"urgency", hints.at("urgency").get<std::uint8_t>()},
-                      {"timeout", timeout}});
-                if (behaviour == "numb") {
-                    keepForEver(std::move(result));
-                } else {
-                    result.returnResults(replaces != 0 ? replaces : ++last_);
-                }
-            });
+        if (behaviour == "garbled") {
+            object_->registerMethod("Notify").onInterface(interface).implementedAs(
+                [this](const std::string& name, std::uint32_t replaces, const std::string& icon,
+                       const std::string& summary, const std::string& body,
+                       const std::vector<std::string>& actions, const Hints& hints, std::int32_t timeout) {
+                    note(name, replaces, icon, summary, body, actions, hints, timeout);
+                    return std::string("one");
+                });
+        } else {
+            object_->registerMethod("Notify").onInterface(interface).implementedAs(
+                [this, behaviour](sdbus::Result<std::uint32_t>&& result, const std::string& name,
+                                  std::uint32_t replaces, const std::string& icon, const std::string& summary,
+                                  const std::string& body, const std::vector<std::string>& actions,
+                                  const Hints& hints, std::int32_t timeout) {
+                    note(name, replaces, icon, summary, body, actions, hints, timeout);
+                    answer(std::move(result), behaviour, replaces, summary);
+                });
+        }
         object_->registerSignal("ActionInvoked")
             .onInterface(interface)
             .withParameters<std::uint32_t, std::string>();
@@ -71,7 +76,7 @@ public:
             .onInterface(interface)
             .withParameters<std::uint32_t, std::uint32_t>();
         object_->finishRegistration();
-        bus_->requestName("org.freedesktop.Notifications");
+        takeName();
     }
 
     void obey(const std::string& line)
@@ -81,7 +86,9 @@ public:
         std::uint32_t number = 0;
         std::string key;
         words >> order >> number >> key;
-        if (order == "action") {
+        if (order == "release") {
+            bus_->releaseName(interface);
+        } else if (order == "action") {
             object_->emitSignal("ActionInvoked").onInterface(interface).withArguments(number, key);
         } else {
             constexpr std::uint32_t dismissed = 2;
@@ -117,12 +124,57 @@ public:
     }
 
 private:
-    void note(const nlohmann::json& call) { std::ofstream(log_, std::ios::app) << call.dump() + '\n'; }
+    /// Another service may be about to give it up.
+    void takeName()
+    {
+        for (int attempt = 0;; ++attempt) {
+            try {
+                bus_->requestName(interface);
+                return;
+            } catch (const sdbus::Error&) {
+                if (attempt == 1'000) {
+                    throw;
+                }
+                std::this_thread::sleep_for(std::chrono::milliseconds(10));
+            }
+        }
+    }
+
+    void note(const std::string& name, std::uint32_t replaces, const std::string& icon,
+              const std::string& summary, const std::string& body, const std::vector<std::string>& actions,
+              const Hints& hints, std::int32_t timeout)
+    {
+        const nlohmann::json call = {{"name", name},
+                                     {"replaces", replaces},
+                                     {"icon", icon},
+                                     {"summary", summary},
+                                     {"body", body},
+                                     {"actions", actions},
+                                     {"urgency", hints.at("urgency").get<std::uint8_t>()},
+                                     {"timeout", timeout}};
+        std::ofstream(log_, std::ios::app) << call.dump() + '\n';
+    }
+
+    void answer(sdbus::Result<std::uint32_t>&& result, const std::string& behaviour, std::uint32_t replaces,
+                const std::string& summary)
+    {
+        if (behaviour == "numb") {
+            keepForEver(std::move(result));
+        } else if (behaviour == "frail") {
+            std::quick_exit(0);
+        } else if (behaviour == "picky" && summary.find("question") == std::string::npos) {
+            result.returnError(
+                sdbus::Error("org.example.Refused", "no, for the " + std::to_string(++refusals_) + ". time"));
+        } else {
+            result.returnResults(replaces != 0 ? replaces : ++last_);
+        }
+    }
 
     std::string log_;
     std::unique_ptr<sdbus::IConnection> bus_;
     std::unique_ptr<sdbus::IObject> object_;
     std::uint32_t last_ = 0;
+    int refusals_ = 0;
 };
 
 }  // namespace

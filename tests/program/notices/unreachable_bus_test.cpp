@@ -4,6 +4,8 @@
 #include <sys/un.h>
 
 #include <cstring>
+#include <fstream>
+#include <iterator>
 
 #include "desktop.hpp"
 
@@ -109,17 +111,17 @@ TEST_F(UnreachableBus, leadsToTheNoticeThatStillStands)
     EXPECT_EQ(notices()[0]["body"], "May I?");
 }
 
-TEST_F(UnreachableBus, givesClaimsBackAtTheEnd)
+TEST_F(UnreachableBus, leavesTheNoticeToTheNextWatch)
 {
     person.has(focusOver(90));
     watchesOnce();
     EXPECT_EQ(said(), "Notices cannot be given now: Failed to open bus (No such file or directory).\n");
-    EXPECT_EQ(claimCount(), 0U);
+    EXPECT_EQ(recordCount(), 0U);
     hasBus();
     hasService();
     watchesOnce();
     EXPECT_TRUE(hasNotices(1));
-    EXPECT_EQ(claimCount(), 1U);
+    EXPECT_EQ(recordCount(), 1U);
 }
 
 TEST_F(UnreachableBus, isNoDifferentFromAServiceThatNeverAnswers)
@@ -144,12 +146,75 @@ TEST_F(UnreachableBus, doesNotLeadToANoticeTwiceWhenTheServiceKeepsItsAnswerToIt
     Process watch = watching();
     EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said();
     expectTimeToPass();
+    EXPECT_TRUE(eventually([&] { return !said().empty(); }));
+    EXPECT_EQ(said(), "Notices cannot be given now: the notification service does not answer.\n");
     EXPECT_EQ(watch.endBy(SIGTERM), 0);
     // The service has it, so it may be on the screen.
     hasService();
     person.has(focusOver(90));
     watchesOnce();
+    EXPECT_EQ(countOf("Focus is over", textIn("log")), 1U);
+}
+
+TEST_F(UnreachableBus, doesNotLeadToANoticeTwiceWhenTheAnswerCannotBeRead)
+{
+    hasBus();
+    hasService({.behaviour = "garbled"});
+    person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
+    watchesOnce();
+    EXPECT_EQ(said(),
+              "Notices cannot be given now: the answer of the notification service cannot be read.\n");
+    EXPECT_EQ(recordCount(), 1U);
     EXPECT_TRUE(hasNotices(1));
+}
+
+TEST_F(UnreachableBus, leadsToTheNoticeAtTheNextServiceWhenOneEndsInsteadOfGivingIt)
+{
+    hasBus();
+    hasService({.behaviour = "frail"});
+    person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
+    const Process watch = watching();
+    EXPECT_TRUE(eventually([&] { return !said().empty(); }));
+    EXPECT_EQ(said(), "Notices cannot be given now: the notification service has gone.\n");
+    hasService();
+    EXPECT_TRUE(eventually([&] { return hasNotices(2); })) << said();
+}
+
+TEST_F(UnreachableBus, leavesTheNoticeToTheNextWatchAlsoWhenTheServiceIsStillBeingAsked)
+{
+    hasBus();
+    hasService({.behaviour = "mute"});
+    person.has(focusOver(90));
+    Process watch = watching();
+    EXPECT_TRUE(eventually([&] { return !printed().empty(); })) << said();
+    EXPECT_EQ(watch.endBy(SIGTERM), 0);
+    hasService();
+    watchesOnce();
+    EXPECT_TRUE(hasNotices(1));
+}
+
+TEST_F(UnreachableBus, doesNotKeepTheNotifierWhenTheWatchIsKilled)
+{
+    const app::OpenFile bus = silentBus(socket());
+    person.has(focusOver(90));
+    Process watch = watching();
+    std::string notifier;
+    EXPECT_TRUE(eventually([&] { return !(notifier = childrenOf(watch.number())).empty(); }));
+    const std::filesystem::path process = "/proc/" + notifier;
+    ASSERT_TRUE(std::filesystem::exists(process));
+    // It has begun to wait for the bus.
+    EXPECT_TRUE(eventually([&] {
+        std::ifstream status(process / "stat");
+        return std::string(std::istreambuf_iterator<char>(status), {}).find("(quillmere-notif) S") !=
+               std::string::npos;
+    }));
+    watch.endBy(SIGKILL);
+    EXPECT_TRUE(eventually([&] {
+        // Where nobody takes leave of the dead, they stay as what they are.
+        std::ifstream status(process / "stat");
+        const std::string line(std::istreambuf_iterator<char>(status), {});
+        return line.empty() || line.find(") Z") != std::string::npos;
+    }));
 }
 
 TEST_F(UnreachableBus, isSoToAWatchWithoutItsNotifier)

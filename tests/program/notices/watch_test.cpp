@@ -1,10 +1,19 @@
 // Time passes without a screen.
 #include "notices/watch.hpp"
 
+#include "workspace/state_home.hpp"
+
+#include <fcntl.h>
 #include <signal.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
+#include <chrono>
+#include <cstdlib>
+#include <functional>
+#include <optional>
 #include <sstream>
+#include <thread>
 
 #include "desktop.hpp"
 
@@ -13,6 +22,29 @@ namespace {
 
 using app::Watch;
 using app::WatchSettings;
+
+/// While it lives, nothing can be written into any file, as when the disk is full.
+class NoRoom {
+public:
+    NoRoom()
+    {
+        ::getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit none{.rlim_cur = 0, .rlim_max = before_.rlim_max};
+        handler_ = ::signal(SIGXFSZ, SIG_IGN);
+        ::setrlimit(RLIMIT_FSIZE, &none);
+    }
+    NoRoom(const NoRoom&) = delete;
+    NoRoom& operator=(const NoRoom&) = delete;
+    ~NoRoom()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &before_);
+        ::signal(SIGXFSZ, handler_);
+    }
+
+private:
+    rlimit before_{};
+    void (*handler_)(int);
+};
 
 /// A watch in this process, on a clock that the test sets; without anything to give notices with.
 class WatchOnAClock : public testing::Test {
@@ -32,6 +64,17 @@ protected:
     };
     app::Program program{environment};
     const TimeZone utc{"UTC"};
+
+    std::filesystem::path records() const
+    {
+        return app::keptBeside(person.directory(), person.stateHome()) / "notices";
+    }
+    /// As a program does that has given the notice.
+    void makeRecord(const std::string& key)
+    {
+        app::LineWriter messages(err, -1);
+        EXPECT_TRUE(app::Records(records(), messages).make(key));
+    }
 
     Watch watch()
     {
@@ -112,6 +155,12 @@ TEST_F(WatchOnAClock, printsInertText)
 
 TEST_F(WatchOnAClock, saysOnceThatTheFilesCannotBeUsedAndGoesOnWhenTheyCan)
 {
+    const auto isSoon = [&](Watch& watch, const std::function<bool()>& condition) {
+        return eventually([&] {
+            watch.round();
+            return condition();
+        });
+    };
     person.has(stateIn(WorkflowState::focusing));
     const std::string text = textOf(person.store().stateURL());
     writeText(person.store().stateURL(), "spoilt");
@@ -122,18 +171,41 @@ TEST_F(WatchOnAClock, saysOnceThatTheFilesCannotBeUsedAndGoesOnWhenTheyCan)
     EXPECT_TRUE(err.str().starts_with("The state cannot be used: ")) << err.str();
     EXPECT_EQ(textOf(person.store().stateURL()), "spoilt");
     writeText(person.store().stateURL(), text);
-    watch.round();
-    EXPECT_TRUE(err.str().ends_with("The files can be used again.\n")) << err.str();
+    EXPECT_TRUE(isSoon(watch, [&] { return err.str().ends_with("The files can be used again.\n"); }))
+        << err.str();
     writeText(person.store().stateURL(), "spoilt again");
     person.now = moment + 1'600;
     watch.round();
     EXPECT_EQ(countOf("The state cannot be used: ", err.str()), 2U);
     writeText(person.store().stateURL(), text);
-    watch.round();
-    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
+    EXPECT_TRUE(isSoon(watch, [&] { return person.state().workflowState == WorkflowState::sessionReview; }));
 }
 
-TEST_F(WatchOnAClock, keepsClaimsInMemoryWhereThereIsNoStateHome)
+TEST_F(WatchOnAClock, saysOnceThatNothingCanBeRecordedAndTellsItAllTheSame)
+{
+    person.has(stateIn(WorkflowState::focusing));
+    person.now = moment + 1'600;
+    Watch watch = this->watch();
+    const FileEvents events = fileEventsDuring(person.directory(), "", [&] {
+        const NoRoom full;
+        // Until it has tried a second time: the temporary file has another name then.
+        const auto begin = std::chrono::steady_clock::now();
+        while (std::chrono::steady_clock::now() < begin + std::chrono::milliseconds(1'500)) {
+            watch.round();
+        }
+    });
+    EXPECT_EQ(out.str(), "15:25  Focus is over: Outcome of session 1\n");
+    EXPECT_EQ(countOf("write: File too large", err.str()), 1U) << err.str();
+    EXPECT_EQ(events.made, 2U);
+    EXPECT_TRUE(eventually([&] {
+        watch.round();
+        return person.state().workflowState == WorkflowState::sessionReview;
+    }));
+    EXPECT_TRUE(err.str().ends_with("The files can be used again.\n")) << err.str();
+    EXPECT_EQ(countOf("\n", out.str()), 1U);
+}
+
+TEST_F(WatchOnAClock, printsAnEventOnceWhereThereIsNoStateHome)
 {
     environment.stateHome.clear();
     person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
@@ -143,25 +215,32 @@ TEST_F(WatchOnAClock, keepsClaimsInMemoryWhereThereIsNoStateHome)
     EXPECT_EQ(countOf("\n", out.str()), 1U);
 }
 
-TEST_F(WatchOnAClock, keepsOldClaimsOnWhatStillStands)
+TEST_F(WatchOnAClock, printsWhatHasBeenToldWhileItRunsAndNotWhatWasToldBefore)
 {
-    const auto makeOld = [&] {
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(person.stateHome())) {
-            std::filesystem::last_write_time(
-                entry.path(), std::filesystem::file_time_type::clock::now() - std::chrono::hours(24 * 41));
-        }
-    };
+    person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
+    makeRecord("question-" + identifier(601).text());
+    Watch watch = this->watch();
+    watch.round();
+    EXPECT_EQ(out.str(), "");
+    makeRecord("question-" + identifier(602).text());
+    person.has(asking(person.state(), 2, "Which build?"));
+    watch.round();
+    watch.round();
+    EXPECT_EQ(out.str(), "15:00  A question waits: Which build?\n");
+}
+
+TEST_F(WatchOnAClock, keepsOldRecordsOfWhatStillStands)
+{
+    const std::string key = "question-" + identifier(601).text();
+    makeRecord(key);
+    std::filesystem::last_write_time(
+        records() / key, std::filesystem::file_time_type::clock::now() - std::chrono::hours(24 * 41));
     person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
     watch().round();
-    makeOld();
-    watch().round();
-    EXPECT_EQ(countOf("\n", out.str()), 1U);
-    // Answered, and raised again with the same identity: only now is the claim gone.
+    EXPECT_EQ(namesIn(records()), Words{key});
     person.has(stateIn(WorkflowState::idle));
     watch().round();
-    person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
-    watch().round();
-    EXPECT_EQ(countOf("\n", out.str()), 2U);
+    EXPECT_EQ(namesIn(records()), Words{});
 }
 
 TEST(WatchCommand, endsAsOtherCommandsDoWithOnceWhenTheFilesCannotBeUsed)
@@ -188,6 +267,77 @@ TEST_F(WatchProcess, endsWellWhenItIsAskedTo)
         EXPECT_TRUE(eventually([&] { return person.state().workflowState == WorkflowState::sessionReview; }));
         EXPECT_EQ(watch.endBy(signal), 0);
     }
+}
+
+TEST_F(WatchProcess, tellsWhatItCannotRecordWhileSomebodyHoldsTheDirectory)
+{
+    hasBus();
+    hasService();
+    person.has(focusOver(90));
+    std::optional<app::DirectoryLock> lock(std::in_place, person.directory());
+    const Process watch = watching();
+    EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said();
+    EXPECT_EQ(person.state().workflowState, WorkflowState::focusing);
+    lock.reset();
+    EXPECT_TRUE(eventually([&] { return person.state().workflowState == WorkflowState::sessionReview; }));
+    EXPECT_TRUE(hasNotices(1));
+}
+
+TEST_F(WatchProcess, readsAFewTimesASecondHoweverOftenTheDirectoryChanges)
+{
+    person.has(stateIn(WorkflowState::idle));
+    const Process watch = watching();
+    const auto begin = std::chrono::steady_clock::now();
+    const FileEvents events = fileEventsDuring(person.directory(), "state.json", [&] {
+        for (int count = 0; count < 200; ++count) {
+            writeText(person.directory() / "noise", "");
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+    });
+    const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - begin;
+    EXPECT_GE(events.opened, 2U);
+    // Four reads and the one of each whole second, with some to spare at either end.
+    EXPECT_LE(static_cast<double>(events.opened), 5 * seconds.count() + 5);
+}
+
+TEST_F(WatchProcess, goesOnWhenNobodyReadsWhatItPrints)
+{
+    hasBus();
+    hasService();
+    for (const bool isGone : {false, true}) {
+        Pipe pipe = makePipe();
+        if (isGone) {
+            pipe.from = app::OpenFile();
+        } else {
+            // Full to the last byte.
+            ::fcntl(pipe.to.get(), F_SETFL, O_NONBLOCK);
+            while (::write(pipe.to.get(), "full", 1) == 1) {
+            }
+            ::fcntl(pipe.to.get(), F_SETFL, 0);
+        }
+        // A hook that fails has the watch say something, too.
+        Process watch({.words = {QUILLMERE_PROGRAM, "--directory", person.directory().string(), "watch",
+                                 "--hook", "exit 3"},
+                       .variables = variables(),
+                       .output = pipe.to.get()});
+        const std::size_t before = notices().size();
+        person.has(asking(stateIn(WorkflowState::idle), isGone ? 1 : 2, "May I?"));
+        EXPECT_TRUE(eventually([&] { return hasNotices(before + 1); }));
+        EXPECT_EQ(watch.endBy(SIGTERM), 0);
+    }
+}
+
+TEST_F(WatchProcess, goesOnWithoutAnyStandardChannel)
+{
+    hasBus();
+    hasService();
+    person.has(focusOver(90));
+    Process watch(
+        {.words = {"/bin/sh", "-c",
+                   watchCommand({"--hook", "cat > '" + file("summary").string() + "'"}) + " <&- >&- 2>&-"},
+         .variables = variables()});
+    EXPECT_TRUE(eventually([&] { return hasNotices(1) && !textIn("summary").empty(); }));
+    EXPECT_EQ(watch.endBy(SIGTERM), 0);
 }
 
 TEST_F(WatchProcess, sleepsBetweenSeconds)

@@ -1,4 +1,4 @@
-#include "notices/claims.hpp"
+#include "notices/records.hpp"
 
 #include "system/owners_directory.hpp"
 #include "text/failure.hpp"
@@ -15,19 +15,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr auto longestClaim = std::chrono::hours(24 * 40);
+constexpr auto longestRecord = std::chrono::hours(24 * 40);
 
 /// Whether the file was made; false when there is one.
-bool makeClaim(const fs::path& directory, const std::string& key)
+bool makeRecord(const fs::path& directory, const std::string& key)
 {
     const FileManager& fileManager = FileManager::standard();
-    const fs::path claim = directory / key;
-    if (fileManager.fileExists(claim)) {
+    const fs::path record = directory / key;
+    if (fileManager.fileExists(record)) {
         return false;
     }
     createOwnersDirectory(directory);
     try {
-        fileManager.writeWithoutOverwriting(claim, [](const ByteSink&) {});
+        fileManager.writeWithoutOverwriting(record, [](const ByteSink&) {});
         return true;
     } catch (const std::system_error& error) {
         // Somebody was faster.
@@ -40,31 +40,41 @@ bool makeClaim(const fs::path& directory, const std::string& key)
 
 }  // namespace
 
-Claims::Claims(fs::path directory, std::ostream& messages)
+Records::Records(fs::path directory, LineWriter& messages)
     : directory_(std::move(directory)), trouble_(messages)
 {
+    std::error_code ignored;
+    for (const fs::directory_entry& entry : fs::directory_iterator(directory_, ignored)) {
+        first_.insert(entry.path().filename());
+    }
 }
 
-bool Claims::take(const std::string& key)
+bool Records::has(const std::string& key) const
+{
+    std::error_code ignored;
+    return own_.contains(key) || (!directory_.empty() && fs::exists(directory_ / key, ignored));
+}
+
+bool Records::make(const std::string& key)
 {
     if (own_.contains(key)) {
         return false;
     }
     if (!directory_.empty()) {
         try {
-            if (!makeClaim(directory_, key)) {
+            if (!makeRecord(directory_, key)) {
                 return false;
             }
         } catch (const std::system_error& error) {
             // Told twice is better than not told.
-            trouble_.met("Notices may be given more than once: " + fileErrorText(error));
+            trouble_.met("records", "Notices may be given more than once: " + fileErrorText(error));
         }
     }
     own_.insert(key);
     return true;
 }
 
-void Claims::giveBack(const std::string& key)
+void Records::remove(const std::string& key)
 {
     own_.erase(key);
     if (!directory_.empty()) {
@@ -73,9 +83,9 @@ void Claims::giveBack(const std::string& key)
     }
 }
 
-void Claims::removeOld(const std::vector<std::string>& standing) const
+void Records::removeOld(const std::vector<std::string>& standing) const
 {
-    const fs::file_time_type oldest = fs::file_time_type::clock::now() - longestClaim;
+    const fs::file_time_type oldest = fs::file_time_type::clock::now() - longestRecord;
     std::error_code ignored;
     for (const fs::directory_entry& entry : fs::directory_iterator(directory_, ignored)) {
         const std::string name = entry.path().filename();
