@@ -14,12 +14,18 @@ constexpr std::size_t tooltipWidth = 100;
 
 constexpr std::string_view separator = " \u00B7 ";
 
-std::string cut(std::string_view text, std::size_t width) { return cutToColumns(inert(text), width); }
+/// Of a long text no more is looked at than can be shown; from twice as many bytes, as of a line break of two
+/// bytes one is left.
+std::string cut(std::string_view text, std::size_t width)
+{
+    return cutToColumns(inert(text.substr(0, 2 * (width + 1) * mostBytesPerColumn)), width);
+}
 
 void addDetail(std::vector<std::string>& details, std::string_view heading, std::string_view text)
 {
     if (!text.empty()) {
-        details.push_back(cut(std::string(heading).append(": ").append(text), tooltipWidth));
+        const std::string shown = cut(text, tooltipWidth);
+        details.push_back(cut(std::string(heading).append(": ").append(shown), tooltipWidth));
     }
 }
 
@@ -44,7 +50,7 @@ std::string shortLine(const WidgetSnapshot& summary, std::optional<std::int64_t>
 }
 
 /// The text of a person comes last: whatever its direction, it cannot reorder what stands before it.
-std::string fullLine(const WidgetSnapshot& summary, std::optional<std::int64_t> remaining)
+std::string fullLine(const WidgetSnapshot& summary, std::optional<std::int64_t> remaining, std::size_t width)
 {
     std::string line = shortLine(summary, remaining);
     const std::string caption = QuillmereDesign::caption(summary);
@@ -55,7 +61,7 @@ std::string fullLine(const WidgetSnapshot& summary, std::optional<std::int64_t> 
         line.append(separator).append(questionsInWords(summary.openQuestionCount));
     }
     if (!summary.intendedOutcome.empty()) {
-        line.append(separator).append(summary.intendedOutcome);
+        line.append(separator).append(cut(summary.intendedOutcome, width));
     }
     return line;
 }
@@ -119,7 +125,7 @@ BarContent barContent(const WidgetSnapshot& summary, Instant now, std::size_t wi
     const std::optional<std::int64_t> remaining = remainingSeconds(summary, now);
     const bool isOvertime = remaining && *remaining < 0;
     BarContent content{
-        .text = cut(fullLine(summary, remaining), width),
+        .text = cut(fullLine(summary, remaining, width), width),
         .shortText = cut(shortLine(summary, remaining), width),
         .details = detailsOf(summary, remaining),
         .alternative = std::string(rawValue(summary.phase)),

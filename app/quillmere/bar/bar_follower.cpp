@@ -50,13 +50,19 @@ public:
     {
     }
 
+    /// Line after line, each made when there is room for it: a slow reader gets what is true by then.
     void run()
     {
-        while (!isOver_) {
+        while (awaitRoom()) {
             if (unwritten_.empty()) {
                 refresh();
             }
-            wait();
+            if (!unwritten_.empty()) {
+                write();
+            }
+            if (unwritten_.empty()) {
+                awaitNews();
+            }
         }
     }
 
@@ -96,25 +102,44 @@ private:
         nextLine_ = reading_.summary ? nextBarLine(*reading_.summary, now, nextReading_) : nextReading_;
     }
 
-    /// Until something is to be done. While a reader is slow that is to write, and nothing else: what is
-    /// due meanwhile is made when there is room for it, and is up to date then.
-    void wait()
+    /// Whether there is room before all is over.
+    bool awaitRoom()
     {
-        const bool isWriting = !unwritten_.empty();
+        bool isThere = false;
+        while (!isOver_ && !isThere) {
+            isThere = sleep({.output = POLLOUT, .watch = 0, .limit = nullptr});
+        }
+        return !isOver_;
+    }
+
+    /// Until there may be another line.
+    void awaitNews()
+    {
+        const timespec limit = durationFrom(nextLine_ - clock_());
+        sleep({.output = 0, .watch = POLLIN, .limit = &limit});
+    }
+
+    /// What a sleep ends at, besides the end of it all.
+    struct Wakers {
+        short output;
+        short watch;
+        const timespec* limit;  ///< null: none
+    };
+
+    /// Whether it is the output that has what was waited for.
+    bool sleep(const Wakers& wakers)
+    {
         std::array<pollfd, 3> channels = {{
             {.fd = signals_.descriptor(), .events = POLLIN, .revents = 0},
-            {.fd = output_, .events = static_cast<short>(isWriting ? POLLOUT : 0), .revents = 0},
-            {.fd = watch_.descriptor(), .events = static_cast<short>(isWriting ? 0 : POLLIN), .revents = 0},
+            {.fd = output_, .events = wakers.output, .revents = 0},
+            {.fd = watch_.descriptor(), .events = wakers.watch, .revents = 0},
         }};
-        const timespec limit = durationFrom(nextLine_ - clock_());
-        if (::ppoll(channels.data(), channels.size(), isWriting ? nullptr : &limit, nullptr) < 0) {
-            return;  // a signal that means nothing here
+        if (::ppoll(channels.data(), channels.size(), wakers.limit, nullptr) < 0) {
+            return false;  // a signal that means nothing here
         }
         const bool isReaderGone = (channels[1].revents & (POLLERR | POLLHUP)) != 0;
         isOver_ = channels[0].revents != 0 || isReaderGone;
-        if (!isOver_ && (channels[1].revents & POLLOUT) != 0) {
-            write();
-        }
+        return (channels[1].revents & wakers.output) != 0;
     }
 
     /// No more than there is room for when there is any (pipe(7)), so that this never waits.

@@ -1,5 +1,7 @@
 #include "bar/bar_format.hpp"
 
+#include "text/columns.hpp"
+
 #include <array>
 
 namespace quillmere::app {
@@ -89,9 +91,12 @@ std::string jsonLine(const BarContent& content)
     return oneLine(line);
 }
 
+/// i3blocks 1.5 reads a line into 1,024 bytes, and takes the rest for the next one.
+constexpr std::size_t mostBytesForI3 = 900;
+
 std::string i3blocksLines(const BarContent& content, BarPace pace)
 {
-    std::string lines = content.text + '\n';
+    std::string lines = cutToBytes(content.text, mostBytesForI3) + '\n';
     // Each line of a run that stays is a text by itself.
     if (pace == BarPace::once) {
         lines.append(content.shortText).append("\n");

@@ -12,9 +12,12 @@
 
 #include <quillmere/widget/app_group.hpp>
 
+#include <algorithm>
 #include <array>
+#include <map>
 #include <memory>
 #include <ostream>
+#include <vector>
 
 namespace quillmere::app {
 namespace {
@@ -67,30 +70,74 @@ lookback::Range rangeOf(const ReportOptions& options, Day today)
     return range;
 }
 
-/// What is kept must not be replaced by what is made from it.
-void requireOutside(const std::string& file, const std::filesystem::path& directory)
+/// Where this program keeps its files: those that are in use, and this user's.
+std::vector<std::filesystem::path> ownDirectories(const Workspace& workspace)
 {
-    if (lookback::liesIn(file, directory)) {
+    const FileManager& fileManager = FileManager::standard();
+    std::vector<std::filesystem::path> directories = {workspace.directory()};
+    if (!fileManager.applicationSupportDirectories().empty()) {
+        directories.push_back(StateStore::defaultDirectory(fileManager));
+    }
+    if (const auto shared = fileManager.containerDirectory(QuillmereAppGroup::identifier)) {
+        directories.push_back(*shared);
+    }
+    if (!workspace.keptBeside().empty()) {
+        directories.push_back(workspace.keptBeside().parent_path());
+    }
+    return directories;
+}
+
+/// What is kept must not be replaced by what is made from it.
+void requireOutside(const std::string& file, const std::vector<std::filesystem::path>& directories)
+{
+    const std::filesystem::path place = lookback::exportPlace(file);
+    if (std::any_of(directories.begin(), directories.end(),
+                    [&](const auto& directory) { return lookback::liesWithin(place, directory); })) {
         throw ProgramError(ExitCode::usage,
                            file + " lies where Quillmere keeps its own files; choose another place.");
+    }
+}
+
+/// The last of several exports would be all there is.
+void requireFilesOfTheirOwn(const ReportOptions& options)
+{
+    std::map<std::filesystem::path, std::string> optionsByPlace;
+    for (std::size_t index = 0; index < exports.size(); ++index) {
+        const std::optional<std::string>& file = options.files[index];
+        if (!file || file == standardOutput) {
+            continue;
+        }
+        const std::string option = exports[index].option;
+        const auto [other, isNew] = optionsByPlace.emplace(lookback::exportPlace(*file), option);
+        if (!isNew) {
+            throw ProgramError(ExitCode::usage, option + ": is the file of " + other->second);
+        }
     }
 }
 
 void requireGoodPlaces(const ReportOptions& options, Program& program)
 {
     int printed = program.settings().json ? 1 : 0;
-    const auto shared = FileManager::standard().containerDirectory(QuillmereAppGroup::identifier);
+    const std::vector<std::filesystem::path> directories = ownDirectories(program.workspace());
     for (const std::optional<std::string>& file : options.files) {
         if (file == standardOutput) {
             ++printed;
         } else if (file) {
-            requireOutside(*file, program.workspace().directory());
-            requireOutside(*file, shared.value_or(program.workspace().directory()));
+            requireOutside(*file, directories);
         }
     }
     if (printed > 1) {
         throw ProgramError(ExitCode::usage, "Only one thing at a time goes to standard output.");
     }
+    requireFilesOfTheirOwn(options);
+}
+
+/// Where it says what has been made: not in the midst of an export.
+std::ostream& messagesOf(const ReportOptions& options, Program& program)
+{
+    const bool printsExport =
+        std::find(options.files.begin(), options.files.end(), standardOutput) != options.files.end();
+    return printsExport ? program.environment().err : program.environment().out;
 }
 
 /// Prints a file. A terminal gets it line by line, so that it cannot be told anything.
@@ -109,7 +156,8 @@ void printExport(const std::string& text, Program& program)
     }
 }
 
-void makeExport(const Export& form, const std::string& file, const LookBack& look, Program& program)
+void makeExport(const Export& form, const std::string& file, const LookBack& look, std::ostream& messages,
+                Program& program)
 {
     const std::string text = form.text(look);
     if (file == standardOutput) {
@@ -118,7 +166,7 @@ void makeExport(const Export& form, const std::string& file, const LookBack& loo
     }
     lookback::replaceFile(file, text);
     if (!program.settings().json) {
-        program.environment().out << "The " << form.name << " is in " << inert(file) << ".\n";
+        messages << "The " << form.name << " is in " << inert(file) << ".\n";
     }
 }
 
@@ -131,7 +179,7 @@ void showReport(const ReportOptions& options, Program& program)
     bool isExported = false;
     for (std::size_t index = 0; index < exports.size(); ++index) {
         if (const std::optional<std::string>& file = options.files[index]) {
-            makeExport(exports[index], *file, look, program);
+            makeExport(exports[index], *file, look, messagesOf(options, program), program);
             isExported = true;
         }
     }

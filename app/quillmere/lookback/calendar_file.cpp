@@ -4,6 +4,8 @@
 #include "lookback/words.hpp"
 #include "version.hpp"
 
+#include <algorithm>
+
 namespace quillmere::app::lookback {
 namespace {
 
@@ -57,13 +59,30 @@ std::string descriptionOf(const EndedSession& ended)
     return text;
 }
 
+/// Calendars begin with the year 1 (ISO 8601 has a year 0 before it), whatever a clock may have said.
+bool hasADate(const EndedSession& ended)
+{
+    constexpr Instant yearOne(-62'135'596'800);
+    return ended.session->startedAt >= yearOne;
+}
+
+/// When the record was last changed, or later: a calendar takes what is newer than what it has, such as a
+/// session that has been reviewed since. Of the record, not of the export, so that the same sessions make
+/// the same file.
+Instant lastChangeOf(const EndedSession& ended)
+{
+    return std::max({ended.settledAt, *ended.session->endedAt, ended.session->startedAt});
+}
+
 std::string eventOf(const EndedSession& ended)
 {
     const WorkSession& session = *ended.session;
+    const std::string lastChange = calendarTime(lastChangeOf(ended));
     std::string text = calendarLine("BEGIN", "VEVENT");
     text += calendarLine("UID", session.id.text());
-    // Of the record, not of the export, so that the same sessions make the same file.
-    text += calendarLine("DTSTAMP", calendarTime(*session.endedAt));
+    // Where nothing is sent to anybody, both are the same (3.8.7.2).
+    text += calendarLine("DTSTAMP", lastChange);
+    text += calendarLine("LAST-MODIFIED", lastChange);
     text += calendarLine("DTSTART", calendarTime(session.startedAt));
     if (ended.time && calendarTime(*session.endedAt) > calendarTime(session.startedAt)) {
         text += calendarLine("DTEND", calendarTime(*session.endedAt));
@@ -120,10 +139,11 @@ std::string calendarOf(const LookBack& look)
     text += calendarLine("VERSION", "2.0");
     text += calendarLine("PRODID", std::string("-//Quillmere//Quillmere ") + version + "//EN");
     text += calendarLine("CALSCALE", "GREGORIAN");
+    std::string events;
     for (const EndedSession& ended : look.sessions) {
-        text += eventOf(ended);
+        events += hasADate(ended) ? eventOf(ended) : "";
     }
-    text += look.sessions.empty() ? nothingButTheTimeZone : "";
+    text += events.empty() ? nothingButTheTimeZone : events;
     return text + calendarLine("END", "VCALENDAR");
 }
 

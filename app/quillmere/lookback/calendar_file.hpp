@@ -9,8 +9,9 @@
 namespace quillmere::app::lookback {
 
 /// One event a session, in order of starting, in UTC, under the session's own identifier: a calendar that
-/// reads a later export finds the events that it has. A session that did not end after it started has no
-/// end. Lines end with CR LF and have 75 octets at most.
+/// reads a later export finds the events that it has, and by their dates those that have changed. A session
+/// that did not end after it started has no end; one of the year 0, which calendars do not have, is left
+/// out. Lines end with CR LF and have 75 octets at most.
 std::string calendarOf(const LookBack& look);
 
 /// A text of a person as a value of type TEXT (3.3.11).

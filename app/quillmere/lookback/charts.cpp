@@ -10,14 +10,14 @@
 namespace quillmere::app::lookback {
 namespace {
 
-// In units of the drawing, which is about as wide as a phone.
+// In units of the drawing, with room for the largest texts of the style sheet, those on a phone.
 constexpr double chartWidth = 400;
-constexpr double chartHeight = 180;
-constexpr double plotLeft = 44;
+constexpr double chartHeight = 186;
+constexpr double plotLeft = 68;
 constexpr double plotRight = 396;
-constexpr double plotTop = 10;
-constexpr double plotBottom = 156;
-constexpr double labelGap = 18;  ///< from the plot to the text below it
+constexpr double plotTop = 14;
+constexpr double plotBottom = 160;
+constexpr double labelGap = 20;  ///< from the plot to the text below it
 
 std::string gridLine(double y, const std::string& text)
 {
@@ -26,7 +26,7 @@ std::string gridLine(double y, const std::string& text)
                             {"x2", coordinate(plotRight)},
                             {"y1", coordinate(y)},
                             {"y2", coordinate(y)}}) +
-           caption(plotLeft - 6, y + 4, "end", text);
+           caption(plotLeft - 6, y + 5, "end", text);
 }
 
 /// Where columns stand: side by side, of one width.
@@ -37,7 +37,7 @@ struct Columns {
     {
         return (plotRight - plotLeft) / static_cast<double>(std::max<std::size_t>(count, 1));
     }
-    double width() const { return std::min(step() * 0.72, 40.0); }
+    double width() const { return std::min(step() * 0.8, 40.0); }
     double centre(std::size_t index) const { return plotLeft + (static_cast<double>(index) + 0.5) * step(); }
     double left(std::size_t index) const { return centre(index) - width() / 2; }
 };
@@ -45,7 +45,7 @@ struct Columns {
 /// Texts below the columns, as many as there is room for; the last one always.
 std::string columnLabels(const std::vector<Stretch>& row, Unit unit)
 {
-    constexpr double room = 66;
+    constexpr double room = 92;
     const Columns columns{row.size()};
     const auto every = static_cast<std::size_t>(std::ceil(room / columns.step()));
     std::string markup;
@@ -90,6 +90,13 @@ struct TimeAxis {
     double step = 15 * 60;
     int steps = 1;
 };
+
+/// How long the person was at it: on these days, or, beside what was planned for them, in the sessions that
+/// began on them.
+double secondsOf(const Tally& tally, bool withPlanned)
+{
+    return withPlanned ? tally.workedSeconds : tally.focusSeconds;
+}
 
 std::string titleOf(Unit unit, const Stretch& stretch, const std::string& text)
 {
@@ -154,27 +161,30 @@ std::string focusChart(const std::vector<Stretch>& row, Unit unit, bool withPlan
 {
     double greatest = 0;
     for (const Stretch& stretch : row) {
-        greatest = std::max(
-            {greatest, stretch.tally.focusSeconds, withPlanned ? stretch.tally.plannedSeconds : 0.0});
+        greatest = std::max({greatest, secondsOf(stretch.tally, withPlanned),
+                             withPlanned ? stretch.tally.plannedSeconds : 0.0});
     }
     const TimeAxis axis(greatest);
     const Columns columns{row.size()};
     std::string markup = axis.lines();
-    const auto column = [&](std::size_t index, double seconds, const char* colourClass,
+    const auto column = [&](std::size_t index, double seconds, double width, const char* colourClass,
                             const std::string& text) {
         const double height = axis.height(seconds);
-        return rectangle({columns.left(index), plotBottom - height, columns.width(), height}, colourClass,
+        return rectangle({columns.centre(index) - width / 2, plotBottom - height, width, height}, colourClass,
                          titleOf(unit, row[index], text));
     };
+    // What was planned is seen on both sides of what was worked, whichever is more.
+    const double innerWidth = columns.width() * (withPlanned ? 0.6 : 1);
     for (std::size_t index = 0; index < row.size(); ++index) {
         const Tally& tally = row[index].tally;
+        const double seconds = secondsOf(tally, withPlanned);
         const std::string planned = withPlanned ? ", planned " + focusText(tally.plannedSeconds) : "";
-        const std::string text = focusText(tally.focusSeconds) + planned;
+        const std::string text = focusText(seconds) + planned;
         if (withPlanned && tally.plannedSeconds > 0) {
-            markup += column(index, tally.plannedSeconds, "planned", text);
+            markup += column(index, tally.plannedSeconds, columns.width(), "planned", text);
         }
-        if (tally.focusSeconds > 0) {
-            markup += column(index, tally.focusSeconds, "focus", text);
+        if (seconds > 0) {
+            markup += column(index, seconds, innerWidth, "focus", text);
         }
     }
     return drawing(chartWidth, chartHeight, label, markup + columnLabels(row, unit));
@@ -213,7 +223,7 @@ std::string ratingChart(const std::vector<Stretch>& row, Unit unit, const std::s
 std::string byRatingChart(const ByRating& byRating, const std::string& label)
 {
     constexpr double left = 20;
-    constexpr double right = 300;
+    constexpr double right = 264;
     constexpr double rowHeight = 26;
     constexpr double barHeight = 16;
     std::string markup;

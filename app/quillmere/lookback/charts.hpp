@@ -9,7 +9,8 @@
 
 namespace quillmere::app::lookback {
 
-/// Focus, a column a stretch; planned time stands behind it when `withPlanned`.
+/// Focus, a column a stretch. When `withPlanned`, worked time instead, in front of a wider column for what
+/// was planned for the same sessions.
 std::string focusChart(const std::vector<Stretch>& row, Unit unit, bool withPlanned,
                        const std::string& label);
 

@@ -14,8 +14,23 @@ namespace {
 constexpr std::string_view lineEnd = "\r\n";
 
 /// What a formula may begin with.
-constexpr auto formulaStarts = std::to_array<std::string_view>(
-    {"=", "+", "-", "@", "\t", "\r", "\n", "\uFF1D", "\uFF0B", "\uFF0D", "\uFF20"});
+constexpr auto formulaStarts =
+    std::to_array<std::string_view>({"=", "+", "-", "@", "\uFF1D", "\uFF0B", "\uFF0D", "\uFF20"});
+
+/// Behind what a cell may begin. Where lists are separated by semicolons, spreadsheets take these for the
+/// separators of this file too, and know quotes only at the beginning of what they take for a cell: there
+/// each of these ends one, within quotes or not.
+constexpr std::string_view cellEnds = ";\t\r\n";
+
+/// What spreadsheets pass over at the beginning of a cell.
+constexpr std::string_view passedOver = " \"";
+
+bool mayBeFormula(std::string_view text)
+{
+    text.remove_prefix(std::min(text.find_first_not_of(passedOver), text.size()));
+    return std::any_of(formulaStarts.begin(), formulaStarts.end(),
+                       [text](std::string_view start) { return text.starts_with(start); });
+}
 
 std::string numberCell(std::int64_t number) { return std::to_string(number); }
 
@@ -93,11 +108,12 @@ void addCsvLine(std::string& text, Cell cell)
 
 std::string csvText(std::string_view text)
 {
-    const bool mayBeFormula = std::any_of(formulaStarts.begin(), formulaStarts.end(),
-                                          [text](std::string_view start) { return text.starts_with(start); });
-    std::string cell = mayBeFormula ? "\"'" : "\"";
-    for (const char character : withoutControls(text)) {
-        cell.append(character == '"' ? 2 : 1, character);
+    std::string cell = "\"";
+    const std::string plain = withoutControls(text);
+    for (std::size_t index = 0; index < plain.size(); ++index) {
+        const bool beginsCell = index == 0 || cellEnds.find(plain[index - 1]) != std::string_view::npos;
+        cell += beginsCell && mayBeFormula(std::string_view(plain).substr(index)) ? "'" : "";
+        cell.append(plain[index] == '"' ? 2 : 1, plain[index]);
     }
     return cell + '"';
 }

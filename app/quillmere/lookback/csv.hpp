@@ -12,9 +12,10 @@ namespace quillmere::app::lookback {
 /// durations are whole seconds, rounded down, and empty where they are not known. Lines end with CR LF.
 std::string csvOf(const LookBack& look);
 
-/// A text of a person as a cell, always in quotes. One that a spreadsheet would calculate, because it begins
-/// with =, +, -, @ (also in full width), a tab or a line end, gets an apostrophe in front, which
-/// spreadsheets take for "this is text". Control characters other than tabs and line ends become U+FFFD.
+/// A text of a person as a cell, always in quotes. What a spreadsheet would calculate, because it begins with
+/// =, +, -, @ (also in full width), gets an apostrophe in front, which spreadsheets take for "this is text":
+/// at the beginning of the text, and behind semicolons, tabs and line ends, at which some of them begin
+/// another cell whatever the quotes. Control characters other than tabs and line ends become U+FFFD.
 std::string csvText(std::string_view text);
 
 }  // namespace quillmere::app::lookback

@@ -9,11 +9,11 @@ namespace quillmere::app::lookback {
 std::string heatChart(const LookBack& look, const HeatMap& map, std::size_t first, std::size_t count,
                       const std::string& label)
 {
-    constexpr double left = 36;
-    constexpr double top = 18;
-    constexpr double step = 13.6;
-    constexpr double size = 11.6;
-    constexpr std::size_t monthRoom = 2;  ///< weeks that the name of a month takes
+    constexpr double left = 46;
+    constexpr double top = 24;
+    constexpr double step = 13.1;
+    constexpr double size = 11.2;
+    constexpr std::size_t monthRoom = 3;  ///< weeks that the name of a month takes
     std::string markup;
     std::size_t free = 0;
     for (std::size_t index = 0; index < count; ++index) {
@@ -38,7 +38,7 @@ std::string heatChart(const LookBack& look, const HeatMap& map, std::size_t firs
         markup += caption(left - 6, top + weekday * step + 10, "end",
                           std::string(weekdayText(map.firstMonday + std::chrono::days(weekday))));
     }
-    return drawing(left + static_cast<double>(count) * step, top + 7 * step, label, markup);
+    return drawing(left + static_cast<double>(count) * step, top + 7 * step + 4, label, markup);
 }
 
 std::string keyOf(const std::vector<KeyEntry>& entries)

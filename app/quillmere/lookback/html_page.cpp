@@ -74,6 +74,7 @@ constexpr auto focusColumns = std::to_array<TallyColumn>({
 });
 constexpr auto timeColumns = std::to_array<TallyColumn>({
     {"Focus", [](const Tally& tally) { return focusText(tally.focusSeconds); }},
+    {"Worked", [](const Tally& tally) { return focusText(tally.workedSeconds); }},
     {"Planned", [](const Tally& tally) { return focusText(tally.plannedSeconds); }},
     {"Pauses", [](const Tally& tally) { return focusText(tally.pausedSeconds); }},
     {"Sessions", [](const Tally& tally) { return std::to_string(tally.sessions); }},
@@ -258,8 +259,10 @@ constexpr std::string_view pageHead =
     "<title>Look back</title>\n";
 
 constexpr std::string_view pageFooter =
-    "Sessions that have ended count, those of the block in hand too, on the day they started; focus counts "
-    "on the days on which it was spent, pauses left out.";
+    "Sessions that have ended count, those of the block in hand too, on the day they started, with the time "
+    "worked in them and planned for them. Focus is the same time on the days on which it was spent. When "
+    "in a session its pauses were is not recorded: in one that goes over midnight they are taken to come "
+    "last.";
 
 }  // namespace
 

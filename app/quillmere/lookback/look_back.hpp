@@ -80,6 +80,9 @@ struct EndedSession {
     const WorkSession* session;
     Day day;  ///< on which it started
     std::optional<SessionTime> time;
+    /// No change of its record is later: the end of its block, or while that is in hand the last change of
+    /// all.
+    Instant settledAt;
 };
 
 /// The time from the end of a session to the start of the next one of its block, be it a break or a night.

@@ -10,14 +10,14 @@ inline constexpr std::string_view pageStyle = R"(
 :root {
   color-scheme: light dark;
   --paper: #faf9f6; --card: #ffffff; --edge: #e4e1d9; --ink: #23211d; --quiet: #66625a;
-  --focus: #a8432f; --planned: #b9b3a6; --yes: #2f7a5a; --half: #d0a03a; --no: #8d8577;
+  --focus: #a8432f; --planned: #cfc9bd; --yes: #2f7a5a; --half: #d0a03a; --no: #8d8577;
   --energy: #2d6390; --morale: #b06a1c; --grid: #eae7df;
   --heat0: #eeebe3; --heat1: #f0c9b8; --heat2: #dd927a; --heat3: #bd5b45; --heat4: #85301f;
 }
 @media (prefers-color-scheme: dark) {
   :root {
     --paper: #171614; --card: #1f1e1b; --edge: #35322d; --ink: #ece8e0; --quiet: #a8a297;
-    --focus: #e0806a; --planned: #57534b; --yes: #5fbf95; --half: #e3bd62; --no: #7b756a;
+    --focus: #e0806a; --planned: #6b665c; --yes: #5fbf95; --half: #e3bd62; --no: #7b756a;
     --energy: #78b2e3; --morale: #e5a257; --grid: #302d29;
     --heat0: #2a2824; --heat1: #55302a; --heat2: #8d4537; --heat3: #c7664f; --heat4: #f5a48e;
   }
@@ -42,8 +42,10 @@ header p { margin: 0.35rem 0 1.75rem; color: var(--quiet); }
 .halves { display: grid; grid-template-columns: repeat(2, minmax(0, 1fr)); gap: 0.5rem 1.5rem; }
 svg { display: block; width: 100%; height: auto; }
 svg text { font-size: 11.5px; fill: var(--quiet); font-variant-numeric: tabular-nums; }
+@media (max-width: 58rem) { svg text { font-size: 15.5px; } }
 @media (max-width: 44rem) {
   svg text { font-size: 12.5px; }
+  svg { max-width: 30rem; }
   body { padding: 1.5rem 0.75rem 2rem; }
   .charts, .halves { grid-template-columns: minmax(0, 1fr); }
   .figures { grid-template-columns: repeat(2, minmax(0, 1fr)); gap: 0.75rem; }
@@ -57,7 +59,7 @@ svg text { font-size: 11.5px; fill: var(--quiet); font-variant-numeric: tabular-
 }
 .grid { stroke: var(--grid); stroke-width: 1; }
 .focus { fill: var(--focus); background: var(--focus); }
-.planned { fill: var(--planned); fill-opacity: 0.55; background: var(--planned); }
+.planned { fill: var(--planned); background: var(--planned); }
 .yes { fill: var(--yes); background: var(--yes); }
 .half { fill: var(--half); background: var(--half); }
 .no { fill: var(--no); background: var(--no); }
@@ -84,6 +86,10 @@ th { font-weight: 600; color: var(--quiet); }
 tbody th { font-weight: 400; color: inherit; }
 td.text { white-space: normal; overflow-wrap: anywhere; }
 .sessions th + td + td + td.text { font-weight: 600; }
+@media (max-width: 27rem) {
+  svg text { font-size: 16.5px; }
+  section { padding: 0.9rem 0.75rem; }
+}
 footer { margin-top: 1.5rem; color: var(--quiet); font-size: 0.875rem; }
 @media print { details { display: none; } body { padding: 0; } section, .figure { break-inside: avoid; } }
 )";

@@ -73,7 +73,8 @@ std::vector<EndedSession> endedSessions(const QuillmereState& state)
                 sessions.push_back({.block = &block,
                                     .session = &session,
                                     .day = LocalCalendar::dayOf(session.startedAt),
-                                    .time = timeOf(session)});
+                                    .time = timeOf(session),
+                                    .settledAt = block.completedAt.value_or(state.updatedAt)});
             }
         }
     });

@@ -124,11 +124,13 @@ struct Bars {
     std::string title;
     Unit unit;
     std::size_t most;
-    std::string (*note)(const Tally&);  ///< what stands behind a bar besides its focus
+    double Tally::*seconds;
+    std::string (*note)(const Tally&);  ///< what stands behind a bar besides its time
 };
 
 std::string noNote(const Tally&) { return {}; }
 
+/// For `workedSeconds`, which are those of the same sessions.
 std::string plannedNote(const Tally& tally)
 {
     return tally.plannedSeconds > 0 ? " of " + focusText(tally.plannedSeconds) : "";
@@ -148,15 +150,15 @@ std::string barLines(const LookBack& look, const Bars& bars, const TerminalPage&
     std::size_t textWidth = 0;
     std::vector<std::string> texts;
     for (const Stretch& stretch : row) {
-        greatest = std::max(greatest, stretch.tally.focusSeconds);
-        texts.push_back(focusText(stretch.tally.focusSeconds) + bars.note(stretch.tally));
+        greatest = std::max(greatest, stretch.tally.*bars.seconds);
+        texts.push_back(focusText(stretch.tally.*bars.seconds) + bars.note(stretch.tally));
         textWidth = std::max(textWidth, columns(texts.back()));
     }
     const std::size_t room = page.width - labelWidth - 1;
     const std::size_t barWidth = room > textWidth ? room - textWidth : 0;
     std::string text = heading(bars.title, page);
     for (std::size_t index = 0; index < row.size(); ++index) {
-        const double share = greatest > 0 ? row[index].tally.focusSeconds / greatest : 0;
+        const double share = greatest > 0 ? row[index].tally.*bars.seconds / greatest : 0;
         const std::string bar = barOf(share, barWidth, glyphsOf(page));
         text += page.style.dimmed(filledUp(barLabel(bars.unit, row[index].first), labelWidth)) +
                 page.style.accented(bar, Accent::focus) + (bar.empty() ? "" : " ") + texts[index] + "\n";
@@ -249,14 +251,20 @@ std::string terminalReport(const LookBack& look, const TerminalPage& page)
         return emptyText(look) + "\n";
     }
     const Bars charts[] = {
-        {.title = "Focus day by day", .unit = Unit::day, .most = 14, .note = noNote},
+        {.title = "Focus day by day",
+         .unit = Unit::day,
+         .most = 14,
+         .seconds = &Tally::focusSeconds,
+         .note = noNote},
         {.title = "Focus week by week, worked of planned",
          .unit = Unit::week,
          .most = 12,
+         .seconds = &Tally::workedSeconds,
          .note = plannedNote},
         {.title = "Focus month by month, worked of planned",
          .unit = Unit::month,
          .most = 12,
+         .seconds = &Tally::workedSeconds,
          .note = plannedNote},
     };
     std::string text = page.style.accented("Look back", Accent::review) + "  " + rangeText(look) + "\n\n";

@@ -23,20 +23,44 @@ std::string_view frontCharacter(std::string_view text)
     return text.substr(0, static_cast<std::size_t>(next - begin));
 }
 
+/// What a text may take.
+struct Room {
+    std::size_t columns;
+    std::size_t bytes;
+};
+
+constexpr std::size_t noBound = std::string_view::npos;
+
+/// Far more than any emoji has, far less than towers of marks that reach into the lines above.
+constexpr std::size_t mostBytesOfACharacter = 64;
+
 /// As much of the beginning as fits.
-std::string_view frontColumns(std::string_view text, std::size_t most)
+std::string_view frontThatFits(std::string_view text, Room room)
 {
     std::size_t taken = 0;
     std::size_t length = 0;
     while (length < text.size()) {
         const std::string_view character = frontCharacter(text.substr(length));
         taken += columns(character);
-        if (taken > most) {
+        if (taken > room.columns || length + character.size() > room.bytes ||
+            character.size() > mostBytesOfACharacter) {
             break;
         }
         length += character.size();
     }
     return text.substr(0, length);
+}
+
+std::string cutTo(std::string_view text, Room room)
+{
+    if (frontThatFits(text, room) == text) {
+        return std::string(text);
+    }
+    if (room.columns == 0 || room.bytes < ellipsis.size()) {
+        return {};
+    }
+    const Room left{.columns = room.columns - 1, .bytes = room.bytes - ellipsis.size()};
+    return std::string(frontThatFits(text, left)).append(ellipsis);
 }
 
 std::string_view withoutTrailingSpaces(std::string_view text)
@@ -50,7 +74,8 @@ void addLine(std::vector<std::string>& lines, std::string_view line, std::size_t
     std::string_view rest = withoutTrailingSpaces(line);
     while (columns(rest) > most) {
         // One character at least, though it be wider than the line.
-        const std::size_t length = std::max(frontColumns(rest, most).size(), frontCharacter(rest).size());
+        const std::size_t length = std::max(frontThatFits(rest, {.columns = most, .bytes = noBound}).size(),
+                                            frontCharacter(rest).size());
         if (length == rest.size()) {
             break;
         }
@@ -69,10 +94,12 @@ std::size_t columns(std::string_view text)
 
 std::string cutToColumns(std::string_view text, std::size_t most)
 {
-    if (columns(text) <= most) {
-        return std::string(text);
-    }
-    return most == 0 ? std::string() : std::string(frontColumns(text, most - 1)).append(ellipsis);
+    return cutTo(text, {.columns = most, .bytes = most * mostBytesPerColumn});
+}
+
+std::string cutToBytes(std::string_view text, std::size_t most)
+{
+    return cutTo(text, {.columns = noBound, .bytes = most});
 }
 
 std::vector<std::string> wrapped(std::string_view text, std::size_t most)

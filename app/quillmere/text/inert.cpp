@@ -61,6 +61,10 @@ std::string inert(std::string_view text)
 {
     std::string result;
     forEachCharacter(text, [&](std::string_view character, bool wellFormed) {
+        const std::size_t end = static_cast<std::size_t>(character.data() - text.data()) + character.size();
+        if (character == "\r" && text.substr(end).starts_with('\n')) {
+            return;  // the first half of a line break
+        }
         if (character == "\n" || character == "\t") {
             result += ' ';
         } else if (!wellFormed || isControl(character)) {

@@ -9,7 +9,7 @@ namespace quillmere::app {
 /// The text with every control character (C0, DEL, C1), every mark that turns the direction of text,
 /// every separator of lines or paragraphs (U+2028, U+2029) and every ill-formed byte replaced by U+FFFD,
 /// so that it can only be read, never obeyed, and reads in the order in which it stands. Line breaks
-/// become spaces: one text, one line.
+/// (LF, CR LF) and tabs become spaces: one text, one line.
 std::string inert(std::string_view text);
 
 /// JSON text with all of these that JSON allows inside strings escaped.

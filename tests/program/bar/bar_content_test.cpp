@@ -4,6 +4,7 @@
 #include "bar/hostile_texts.hpp"
 #include "program_testing.hpp"
 #include "text/columns.hpp"
+#include "text/inert.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -128,6 +129,27 @@ TEST(BarContent, isCutToItsWidthOnAScreen)
         }
     }
     EXPECT_EQ(barContent(summaryWith("x"), moment, 8).text, "Focus 2\u2026");
+}
+
+TEST(BarContent, takesOnlyTheBeginningOfALongTextAndShowsTheSame)
+{
+    for (const char* part : {"word ", "\r\n", "\u65E5", "e\u0301\u0323", "\U0001F468", "\xE6\x97", "\x1b"}) {
+        for (std::size_t shift = 0; shift < 4; ++shift) {
+            std::string text(shift, 'x');
+            while (text.size() < 20'000) {
+                text += part;
+            }
+            SCOPED_TRACE(part + std::to_string(shift));
+            for (const std::size_t width : {1u, 60u, 100u}) {
+                WidgetSnapshot summary = WidgetSnapshot::empty(moment);
+                summary.intendedOutcome = text;
+                const BarContent content = barContent(summary, moment, width);
+                const std::string line = "Idle \u00B7 No active block \u00B7 " + app::inert(text);
+                EXPECT_EQ(content.text, app::cutToColumns(line, width));
+                EXPECT_EQ(content.details.at(1), app::cutToColumns("Outcome: " + app::inert(text), 100));
+            }
+        }
+    }
 }
 
 TEST(BarContent, ofAFailureSaysWhy)

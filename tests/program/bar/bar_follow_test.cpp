@@ -162,6 +162,21 @@ TEST_F(Follow, endsWellWhileItsReaderIsSlow)
     EXPECT_EQ(bar.wait(), 0);
 }
 
+TEST_F(Follow, givesASlowReaderWhatIsTrueByThen)
+{
+    has(paused(60));
+    RunningProcess bar(this->bar(), /*pipeIsFull=*/true);
+    bar.awaitHoldingBack(SIGTERM);
+    bar.awaitSleep();
+    has(paused(59));
+    std::string line;
+    while (line.empty() && !HasFailure()) {
+        line = bar.line();
+    }
+    EXPECT_EQ(line.substr(0, 18), "Focus 00:59 paused");
+    EXPECT_FALSE(bar.hasMore());
+}
+
 TEST_F(Follow, saysThatTheFileCannotBeReadAndGoesOn)
 {
     has(paused(60));

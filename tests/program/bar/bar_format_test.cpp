@@ -2,6 +2,7 @@
 #include "bar/bar_format.hpp"
 
 #include <algorithm>
+#include <sstream>
 
 #include "bar/hostile_texts.hpp"
 #include "program_testing.hpp"
@@ -125,6 +126,22 @@ TEST(BarText, ofI3blocksIsThreeLinesFromARunThatEnds)
               "Focus 15:00 \u00B7 Session 1 of 3 \u00B7 4 questions \u00B7 <b>\n");
     const auto idle = barContent(WidgetSnapshot::empty(moment), moment, 60);
     EXPECT_EQ(barText(BarFormat::i3blocks, idle, BarPace::once), "Idle \u00B7 No active block\nIdle\n");
+}
+
+TEST(BarText, ofI3blocksHasNoLineThatItsReaderWouldBreak)
+{
+    // i3blocks 1.5: a buffer of 1,024 bytes a line.
+    for (const std::string& text : hostileTexts) {
+        for (const BarPace pace : {BarPace::once, BarPace::following}) {
+            const BarContent content = barContent(summaryWith(text), moment + 600, 1'000);
+            std::istringstream lines(barText(BarFormat::i3blocks, content, pace));
+            int count = 0;
+            for (std::string line; std::getline(lines, line); ++count) {
+                EXPECT_LE(line.size(), 900u);
+            }
+            EXPECT_EQ(count, pace == BarPace::once ? 3 : 1);
+        }
+    }
 }
 
 TEST(BarText, ofAFailureIsALineInEveryForm)

@@ -4,6 +4,19 @@
 
 namespace quillmere::test {
 
+namespace {
+
+std::string repeated(const std::string& text, int count)
+{
+    std::string whole;
+    for (int index = 0; index < count; ++index) {
+        whole += text;
+    }
+    return whole;
+}
+
+}  // namespace
+
 const std::vector<std::string> hostileTexts = {
     R"(<b>bold</b> & "both" 'quotes' &amp; &#x1b;)",
     R"(<span foreground="red">red</span> <a href='x'>)",
@@ -25,6 +38,10 @@ const std::vector<std::string> hostileTexts = {
     "$(touch x) `touch x` ${HOME} %F{red} \\e[0m \\$",
     "%output% %counter% %H %s {} {percentage}",
     std::string(300, 'x') + "<&%{#[",
+    repeated("x\u200B\u200B\u2060", 1'000),
+    "a" + repeated("\u0301", 3'000),
+    "a" + repeated("\u0301", 8) + "b",
+    repeated("\u65E5", 1'000),
 };
 
 WidgetSnapshot summaryWith(const std::string& text)

@@ -122,6 +122,11 @@ void RunningProcess::awaitHoldingBack(int signal) const
     await([&] { return (std::stoull(status("SigBlk:"), nullptr, 16) & bit) != 0; });
 }
 
+void RunningProcess::awaitSleep() const
+{
+    await([&] { return status("State:") == "S"; });
+}
+
 long RunningProcess::sleeps() const { return std::stol(status("voluntary_ctxt_switches:")); }
 
 void RunningProcess::awaitSleepAfter(long sleepsBefore) const

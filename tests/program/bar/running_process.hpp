@@ -33,6 +33,9 @@ public:
     /// Returns when the process holds back the signal, or has ended.
     void awaitHoldingBack(int signal) const;
 
+    /// Returns when the process is asleep.
+    void awaitSleep() const;
+
     /// How often the process has gone to sleep.
     long sleeps() const;
 

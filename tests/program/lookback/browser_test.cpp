@@ -34,9 +34,8 @@ struct View {
 };
 
 constexpr View views[] = {
-    {"desktop, light", 1200, 1, "rgb(250, 249, 246)"},
-    {"desktop, dark", 1200, 0, "rgb(23, 22, 20)"},
-    {"phone, light", 390, 1, "rgb(250, 249, 246)"},
+    {"desktop, light", 1200, 1, "rgb(250, 249, 246)"}, {"desktop, dark", 1200, 0, "rgb(23, 22, 20)"},
+    {"tablet, light", 720, 1, "rgb(250, 249, 246)"},   {"phone, light", 390, 1, "rgb(250, 249, 246)"},
     {"small phone, dark", 320, 0, "rgb(23, 22, 20)"},
 };
 
@@ -49,9 +48,25 @@ constexpr const char* measuring =
     "  const wide = [...page.querySelectorAll('main *')].filter(\n"
     "      part => part.getBoundingClientRect().right > page.documentElement.clientWidth + 1 &&\n"
     "              !part.closest('.scroll, .sessions thead')).map(part => part.outerHTML.slice(0, 80));\n"
+    "  const texts = [...page.querySelectorAll('svg text')].map(text => {\n"
+    "    const drawing = text.closest('svg');\n"
+    "    const scale = drawing.getBoundingClientRect().width / drawing.viewBox.baseVal.width;\n"
+    "    const size = parseFloat(page.defaultView.getComputedStyle(text).fontSize) * scale;\n"
+    "    return {drawing, size, words: text.textContent, box: text.getBoundingClientRect(),\n"
+    "            frame: drawing.getBoundingClientRect()};\n"
+    "  });\n"
+    "  const cut = texts.filter(({box, frame}) => box.left < frame.left || box.right > frame.right ||\n"
+    "      box.top < frame.top || box.bottom > frame.bottom).map(text => text.words);\n"
+    "  const small = texts.filter(text => text.size < 10.9).map(text => text.words);\n"
+    "  const touching = texts.filter((one, index) => texts.slice(index + 1).some(other =>\n"
+    "      one.drawing === other.drawing && one.box.left < other.box.right + 2 &&\n"
+    "      other.box.left < one.box.right + 2 && one.box.top < other.box.bottom &&\n"
+    "      other.box.top < one.box.bottom)).map(text => text.words);\n"
     "  document.getElementById('said').textContent = 'width ' + page.documentElement.clientWidth +\n"
-    "      ', content ' + page.documentElement.scrollWidth + ', too wide: [' + wide.join(' ') + '], paper ' "
+    "      ', content ' + page.documentElement.scrollWidth + ', too wide: [' + wide.join(' ') + '], cut: [' "
     "+\n"
+    "      cut.join(' ') + '], small: [' + small.join(' ') + '], touching: [' + touching.join(' ') +\n"
+    "      '], paper ' +\n"
     "      page.defaultView.getComputedStyle(page.body).backgroundColor + ', charts ' +\n"
     "      [...page.querySelectorAll('svg')].filter(chart => chart.getBoundingClientRect().height > "
     "60).length;\n"
@@ -84,26 +99,42 @@ TEST(Browser, complainsAboutWhatAPageMayNotDo)
     EXPECT_NE(rendered(file, "").find("Content Security Policy"), std::string::npos);
 }
 
-TEST(Browser, showsThePageOnEveryScreenInTheColoursOfTheSystem)
+void expectGoodLooks(const QuillmereState& state, const View& view)
 {
     const TemporaryDirectory directory;
-    QuillmereState state = generatedYear(moment);
-    state.blockHistory.front().sessions.front().plan.intendedOutcome = hostileText;
-    state.blockHistory.front().sessions.front().review->noteworthyResult = std::string(400, 'w');
     writeText(directory.path() / "page.html", htmlPage(statistics(state, {}, day("2026-11-15"))));
+    const std::string width = std::to_string(view.width);
+    writeText(directory.path() / "around.html", replaced(measuring, "WIDTH", width));
+    const std::string document =
+        rendered(directory.path() / "around.html",
+                 "--window-size=1300,900 --disable-web-security --allow-file-access-from-files "
+                 "--blink-settings=preferredColorScheme=" +
+                     std::to_string(view.scheme));
+    EXPECT_NE(document.find("width " + width + ", content " + width +
+                            ", too wide: [], cut: [], small: [], touching: [], paper " + view.background +
+                            ", charts 9<"),
+              std::string::npos)
+        << document;
+}
+
+TEST(Browser, showsThePageOnEveryScreenInTheColoursOfTheSystem)
+{
+    QuillmereState year = generatedYear(moment);
+    year.blockHistory.front().sessions.front().plan.intendedOutcome = hostileText;
+    year.blockHistory.front().sessions.front().review->noteworthyResult = std::string(400, 'w');
     for (const View& view : views) {
         SCOPED_TRACE(view.name);
-        const std::string width = std::to_string(view.width);
-        writeText(directory.path() / "around.html", replaced(measuring, "WIDTH", width));
-        const std::string document =
-            rendered(directory.path() / "around.html",
-                     "--window-size=1300,900 --disable-web-security --allow-file-access-from-files "
-                     "--blink-settings=preferredColorScheme=" +
-                         std::to_string(view.scheme));
-        EXPECT_NE(document.find("width " + width + ", content " + width + ", too wide: [], paper " +
-                                view.background + ", charts 9<"),
-                  std::string::npos)
-            << document;
+        expectGoodLooks(year, view);
+    }
+}
+
+TEST(Browser, showsAShortHistoryOnEveryScreen)
+{
+    // Minutes on the axes, and a column or a few of them.
+    const QuillmereState state = stateWith({session(moment - 2 * 86'400, 2400), session(moment, 600)});
+    for (const View& view : views) {
+        SCOPED_TRACE(view.name);
+        expectGoodLooks(state, view);
     }
 }
 

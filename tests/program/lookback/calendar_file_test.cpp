@@ -34,7 +34,8 @@ TEST(Calendar, hasAnEventForEachSession)
         "CALSCALE:GREGORIAN\r\n"
         "BEGIN:VEVENT\r\n"
         "UID:9F1C2A4E-0B7D-4C55-8E21-0000000002BC\r\n"
-        "DTSTAMP:20261115T152600Z\r\n"
+        "DTSTAMP:20261115T170000Z\r\n"
+        "LAST-MODIFIED:20261115T170000Z\r\n"
         "DTSTART:20261115T150000Z\r\n"
         "DTEND:20261115T152600Z\r\n"
         "SUMMARY:Outcome of session 1\r\n"
@@ -44,7 +45,8 @@ TEST(Calendar, hasAnEventForEachSession)
         "END:VEVENT\r\n"
         "BEGIN:VEVENT\r\n"
         "UID:9F1C2A4E-0B7D-4C55-8E21-0000000002BD\r\n"
-        "DTSTAMP:20261115T160000Z\r\n"
+        "DTSTAMP:20261115T170000Z\r\n"
+        "LAST-MODIFIED:20261115T170000Z\r\n"
         "DTSTART:20261115T160000Z\r\n"
         "SUMMARY:Session 2\r\n"
         "DESCRIPTION:Worked: none of 25 min planned\\nPauses: none\r\n"
@@ -68,6 +70,50 @@ TEST(Calendar, isTheSameForTheSameSessions)
     const std::string before = calendarAt(state);
     state.updatedAt = moment + 5000;
     EXPECT_EQ(calendarAt(state), before);
+}
+
+std::string stampIn(const std::string& calendar, const std::string& name)
+{
+    const std::size_t place = calendar.find("\r\n" + name + ":");
+    EXPECT_NE(place, std::string::npos) << calendar;
+    return calendar.substr(place + 3 + name.size(), 16);
+}
+
+TEST(Calendar, isNewerWhenASessionHasBeenReviewedSince)
+{
+    QuillmereState state = stateWith({session(moment, 1500)});
+    state.currentBlock = std::move(state.blockHistory.front());
+    state.blockHistory.clear();
+    state.currentBlock->completedAt.reset();
+    state.currentBlock->sessions.front().review.reset();
+    state.updatedAt = moment + 1500;
+    const std::string ended = calendarAt(state);
+    state.currentBlock->sessions.front().review = sampleReview(1);
+    state.updatedAt = moment + 1800;
+    const std::string reviewed = calendarAt(state);
+    for (const char* name : {"DTSTAMP", "LAST-MODIFIED"}) {
+        EXPECT_EQ(stampIn(ended, name), "20261115T152500Z");
+        EXPECT_EQ(stampIn(reviewed, name), "20261115T153000Z");
+    }
+}
+
+TEST(Calendar, isNeverOlderThanItsSessions)
+{
+    // As other clocks may have it.
+    QuillmereState state = stateWith({session(moment, 1500), session(moment, -60)});
+    state.blockHistory.front().completedAt = moment - 86'400;
+    const std::string text = calendarAt(state);
+    EXPECT_EQ(stampIn(text, "DTSTAMP"), "20261115T152500Z");
+    EXPECT_EQ(stampIn(text.substr(text.find("END:VEVENT")), "DTSTAMP"), "20261115T150000Z");
+}
+
+TEST(Calendar, leavesOutTheYear0)
+{
+    const Instant yearOne(-62'135'596'800);
+    const std::string text = calendarAt(stateWith({session(yearOne - 1, 1500), session(yearOne, 1500)}));
+    EXPECT_EQ(text.find("DTSTART:0000"), std::string::npos);
+    EXPECT_NE(text.find("DTSTART:00010101T000000Z"), std::string::npos);
+    EXPECT_NE(calendarAt(stateWith({session(yearOne - 1, 1500)})).find("VTIMEZONE"), std::string::npos);
 }
 
 struct TextCase {
@@ -148,7 +194,7 @@ TEST(Calendar, isReadBackAsItWasWrittenByAnotherProgram)
                              "print(event[\"UID\"], event.decoded(\"DTSTART\"), event.decoded(\"DTEND\"),\n"
                              "      event.decoded(\"DTSTAMP\"))\n"),
         "9F1C2A4E-0B7D-4C55-8E21-0000000002BC 2026-11-15 15:00:00+00:00 2026-11-15 15:25:00+00:00 "
-        "2026-11-15 15:25:00+00:00\nexit 0\n");
+        "2026-11-15 17:00:00+00:00\nexit 0\n");
 }
 
 TEST(Calendar, isOneWithoutSessionsToo)

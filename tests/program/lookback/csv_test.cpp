@@ -51,9 +51,15 @@ constexpr CellCase cells[] = {
     {"+1", "\"'+1\""},
     {"-1", "\"'-1\""},
     {"@SUM(A1)", "\"'@SUM(A1)\""},
-    {"\t=1", "\"'\t=1\""},
-    {"\r=1", "\"'\r=1\""},
-    {"\n=1", "\"'\n=1\""},
+    {"\t=1", "\"\t'=1\""},
+    {"\r=1", "\"\r'=1\""},
+    {"\n=1", "\"\n'=1\""},
+    {" =1", "\"' =1\""},
+    {"\"=1", "\"'\"\"=1\""},
+    {"a;=1;b;@1", "\"a;'=1;b;'@1\""},
+    {"a; \"-1", "\"a;' \"\"-1\""},
+    {"a\r\n+1\n\uFF1D1", "\"a\r\n'+1\n'\uFF1D1\""},
+    {"a,=1", "\"a,=1\""},
     {"\uFF1D1", "\"'\uFF1D1\""},
     {"a=1", "\"a=1\""},
     {"'=1", "\"'=1\""},
@@ -64,6 +70,24 @@ TEST(CsvText, isQuotedAndNeverAFormula)
 {
     for (const CellCase& each : cells) {
         EXPECT_EQ(csvText(each.text), each.cell);
+    }
+}
+
+TEST(Csv, hasNoFormulaWhereSemicolonsSeparateCellsEither)
+{
+    // As spreadsheets do it there: quotes mean something only at the beginning of a cell.
+    WorkSession written = session(moment, 1500);
+    written.plan.intendedOutcome = "list;=1+1;\"=2\"\n=3; @4\t+5";
+    const std::string table = csvAt(stateWith({written}));
+    std::string cell;
+    for (const char character : table) {
+        if (std::string_view(";\t\r\n").find(character) == std::string_view::npos) {
+            cell += character;
+            continue;
+        }
+        cell.erase(0, cell.find_first_not_of(" \""));
+        EXPECT_NE(cell.find_first_of("=+-@"), 0u) << cell;
+        cell.clear();
     }
 }
 

@@ -100,14 +100,50 @@ TEST(Page, hasTheFigures)
              "<title>2026-11: 0 yes, 2 half, 0 no</title>",
              "<title>2026-W46: energy 4.0</title>",
              "<tr><th scope=\"row\">2026-11-14</th><td>1 h</td><td>1</td></tr>",
-             "<tr><th scope=\"row\">2026-11</th><td>1 h 30 min</td><td>50 min</td><td>1 "
-             "min</td><td>2</td></tr>",
+             "<tr><th scope=\"row\">2026-11</th><td>1 h 30 min</td><td>1 h 30 min</td><td>50 min</td>"
+             "<td>1 min</td><td>2</td></tr>",
              "<tr><th scope=\"row\">4</th><td>0 yes, 2 half, 0 no</td></tr>",
              "<tr><th scope=\"row\">2026-11-15 10:00</th><td>30 min</td><td>half</td>"
              "<td class=\"text\">Outcome of session 1</td><td class=\"text\">Result 1</td></tr>",
          }) {
         EXPECT_TRUE(holds(page, part)) << part << "\n" << page;
     }
+}
+
+/// The number in an attribute of the element that begins at a place.
+double numberIn(const std::string& page, std::size_t place, const std::string& attribute)
+{
+    const std::size_t begin = page.find(" " + attribute + "=\"", place) + attribute.size() + 3;
+    return std::stod(page.substr(begin, page.find('"', begin) - begin));
+}
+
+TEST(Page, showsPlannedTimeHoweverMuchWasWorked)
+{
+    const TimeZone here("UTC");
+    for (const double worked : {750.0, 1500.0, 3000.0}) {
+        const std::string page = pageAt(stateWith({session(moment, worked)}));
+        const std::size_t planned = page.find("<rect class=\"planned\"");
+        ASSERT_NE(planned, std::string::npos);
+        const std::size_t focus = page.find("<rect class=\"focus\"", planned);
+        EXPECT_LT(numberIn(page, planned, "x") + 2, numberIn(page, focus, "x"));
+        EXPECT_GT(numberIn(page, planned, "width"), numberIn(page, focus, "width") + 4);
+        EXPECT_NEAR(numberIn(page, focus, "height") / numberIn(page, planned, "height"), worked / 1500, 0.01);
+    }
+}
+
+TEST(Page, showsWorkedAndPlannedTimeOfTheSameSessions)
+{
+    // From Sunday to Monday: focus in both weeks, in the second one of a session that belongs to the first.
+    const TimeZone here("UTC");
+    const std::string page = pageAt(stateWith({session(local("2026-11-08 23:50"), 1500)}));
+    EXPECT_TRUE(holds(page, "<title>2026-W45: 25 min, planned 25 min</title>"));
+    EXPECT_FALSE(holds(page, "<title>2026-W46: "));
+    EXPECT_TRUE(holds(page, "<title>Mon 2026-11-09: 15 min</title>"));
+}
+
+TEST(Page, saysHowPausesAreTakenOverMidnight)
+{
+    EXPECT_TRUE(holds(pageAt(stateWith({session(moment, 1500)})), "they are taken to come last."));
 }
 
 std::size_t occurrences(const std::string& text, const std::string& part)

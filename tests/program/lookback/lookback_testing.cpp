@@ -50,6 +50,7 @@ QuillmereState stateWith(std::vector<WorkSession> sessions)
         sessions[index].number = static_cast<std::int64_t>(index + 1);
     }
     block.sessions = std::move(sessions);
+    block.completedAt = moment + 7200;
     state.blockHistory = {block};
     return state;
 }

@@ -4,13 +4,19 @@
 #include "lookback_testing.hpp"
 #include "process/real_program.hpp"
 #include "support/file_system.hpp"
+#include "system/open_file.hpp"
+
+#include <fcntl.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <quillmere/widget/app_group.hpp>
 
 namespace quillmere::test {
 namespace {
 
 namespace fs = std::filesystem;
+using app::OpenFile;
 
 Person personWithAYear()
 {
@@ -104,6 +110,37 @@ TEST(Report, makesSeveralFilesAtOnce)
     EXPECT_EQ(place.names(), (Words{"a", "b", "c"}));
 }
 
+TEST(Report, saysWhereOtherFilesAreBesideTheOneThatItPrints)
+{
+    const Person person = personWithAYear();
+    const TemporaryDirectory place;
+    const std::string page = (place.path() / "a").string();
+    const std::string calendar = (place.path() / "b").string();
+    const Ending ending = person.types({"report", "--html", page, "--csv", "-", "--ics", calendar});
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_EQ(ending.out, person.types({"report", "--csv", "-"}).out);
+    EXPECT_EQ(ending.err, "The page is in " + page + ".\nThe calendar is in " + calendar + ".\n");
+    EXPECT_EQ(place.names(), (Words{"a", "b"}));
+}
+
+TEST(Report, refusesOneFileForTwoExports)
+{
+    const Person person = personWithAYear();
+    const TemporaryDirectory place;
+    fs::create_directory(place.path() / "deep");
+    fs::create_directory_symlink("deep", place.path() / "folder");
+    fs::create_symlink("deep/a", place.path() / "link");
+    const std::string file = (place.path() / "deep" / "a").string();
+    for (const fs::path& same : {place.path() / "deep" / "a", place.path() / "deep" / "." / "a",
+                                 place.path() / "folder" / "a", place.path() / "link"}) {
+        SCOPED_TRACE(same);
+        const Ending ending = person.types({"report", "--html", file, "--ics", same.string()});
+        EXPECT_EQ(ending.code, ExitCode::usage);
+        EXPECT_EQ(ending.err, "--ics: is the file of --html\n");
+        EXPECT_FALSE(fs::exists(file));
+    }
+}
+
 TEST(Report, putsOneThingAtATimeOnStandardOutput)
 {
     const Person person = personWithAYear();
@@ -180,25 +217,88 @@ TEST(Report, neverReplacesWhatItIsMadeFrom)
     const Person person = personWithAYear();
     const TemporaryDirectory place;
     fs::create_symlink(person.store().stateURL(), place.path() / "link");
+    fs::create_symlink(person.directory() / "new.html", place.path() / "link to nothing");
     fs::create_directory_symlink(person.directory(), place.path() / "folder");
+    fs::create_directories(person.directory() / "deep" / "down");
     const auto before = pictureOf(person.directory());
-    for (const fs::path& file : {person.store().stateURL(), person.directory() / "new.html",
-                                 place.path() / "link", place.path() / "folder" / "new.html"}) {
+    for (const fs::path& file :
+         {person.store().stateURL(), person.directory() / "new.html", place.path() / "link",
+          place.path() / "link to nothing", place.path() / "folder" / "new.html",
+          place.path() / "folder" / "deep" / "down" / "new.html",
+          place.path() / "folder" / "deep" / ".." / "new.html"}) {
         SCOPED_TRACE(file);
         const Ending ending = person.types({"report", "--html", file.string()});
         EXPECT_EQ(ending.code, ExitCode::usage);
         EXPECT_EQ(ending.err,
                   file.string() + " lies where Quillmere keeps its own files; choose another place.\n");
     }
-    EXPECT_EQ(pictureOf(person.directory()), before);
+    EXPECT_TRUE(pictureOf(person.directory()) == before);
+}
+
+TEST(Report, neverReplacesWhatIsKeptElsewhere)
+{
+    const Person person = personWithAYear();
+    EXPECT_EQ(person.types({"ask", "Why?"}).code, ExitCode::done);
+    const TemporaryDirectory data;
+    const EnvironmentVariable variable("XDG_DATA_HOME", data.path().string());
+    const EnvironmentVariable home("HOME", data.path().string());
+    EXPECT_EQ(person.runs({"ask", "Why?"}).code, ExitCode::done);
+    const auto shared = FileManager::standard().containerDirectory(QuillmereAppGroup::identifier);
+    ASSERT_TRUE(shared);
+    std::vector<fs::path> files = {StateStore::defaultDirectory(FileManager::standard()) / "state.json",
+                                   *shared / "new.html", person.stateHome() / "quillmere" / "new.html"};
+    for (const fs::path& each : fs::recursive_directory_iterator(person.stateHome() / "quillmere")) {
+        files.push_back(each / "new.html");
+    }
+    EXPECT_GE(files.size(), 5u);
+    const auto before = pictureOf(data.path());
+    const auto keptBefore = pictureOf(person.stateHome());
+    for (const fs::path& file : files) {
+        SCOPED_TRACE(file);
+        const Ending ending = person.types({"report", "--csv", file.string()});
+        EXPECT_EQ(ending.code, ExitCode::usage);
+        EXPECT_EQ(ending.err,
+                  file.string() + " lies where Quillmere keeps its own files; choose another place.\n");
+    }
+    EXPECT_TRUE(pictureOf(data.path()) == before);
+    EXPECT_TRUE(pictureOf(person.stateHome()) == keptBefore);
+}
+
+TEST(Report, refusesFilesThatAreOpen)
+{
+    const Person person = personWithAYear();
+    const TemporaryDirectory place;
+    const fs::path file = place.path() / "real";
+    writeText(file, "old");
+    const OpenFile open(::open(file.c_str(), O_WRONLY | O_CLOEXEC));
+    const std::string number = std::to_string(open.get());
+    fs::create_symlink("/dev/fd/" + number, place.path() / "link");
+    fs::create_directory_symlink("/proc/self/fd", place.path() / "folder");
+    for (const std::string& name :
+         {std::string("/dev/stdout"), std::string("/dev/stderr"), "/dev/fd/" + number,
+          "/proc/self/fd/" + number, "/proc/" + std::to_string(::getpid()) + "/fd/" + number,
+          (place.path() / "link").string(), (place.path() / "folder" / number).string()}) {
+        const Ending ending = person.types({"report", "--csv", name});
+        EXPECT_EQ(ending.code, ExitCode::usage);
+        EXPECT_EQ(ending.err, name + " is an open file of a program; - is standard output.\n");
+        EXPECT_EQ(ending.out, "");
+    }
+    EXPECT_EQ(textOf(file), "old");
 }
 
 TEST(Report, saysWhenAFileCannotBeMade)
 {
     const Person person = personWithAYear();
     const TemporaryDirectory place;
-    EXPECT_EQ(person.types({"report", "--html", (place.path() / "missing" / "a").string()}).code,
-              ExitCode::fileError);
+    const std::string file = (place.path() / "missing" / "a").string();
+    const Ending ending = person.types({"report", "--html", file});
+    EXPECT_EQ(ending.code, ExitCode::fileError);
+    EXPECT_EQ(ending.err, "write: No such file or directory: " + file + "\n");
+    fs::create_symlink("b", place.path() / "a");
+    fs::create_symlink("a", place.path() / "b");
+    EXPECT_EQ(person.types({"report", "--html", (place.path() / "a").string()}).code, ExitCode::fileError);
+    fs::remove(place.path() / "a");
+    fs::remove(place.path() / "b");
     EXPECT_EQ(person.types({"report", "--html", place.path().string()}).err,
               place.path().string() + " is not a regular file (- is standard output).\n");
     EXPECT_EQ(place.names(), Words{});
@@ -224,6 +324,10 @@ TEST(ExportFile, keepsThePermissionsOfTheFileItReplacesAndFollowsLinks)
     EXPECT_EQ(textOf(file), "new");
     EXPECT_EQ(modeOf(file), 0600u);
     EXPECT_TRUE(fs::is_symlink(place.path() / "link"));
+    EXPECT_EQ(place.names(), (Words{"link", "real"}));
+    fs::remove(file);
+    app::lookback::replaceFile(place.path() / "link", "newer");
+    EXPECT_EQ(textOf(file), "newer");
     EXPECT_EQ(place.names(), (Words{"link", "real"}));
 }
 

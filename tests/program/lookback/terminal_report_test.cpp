@@ -94,6 +94,15 @@ TEST(TerminalReport, hasFactsAndCharts)
               "morale 5       none\n");
 }
 
+TEST(TerminalReport, comparesWorkedAndPlannedTimeOfTheSameSessions)
+{
+    // From Sunday to Monday: focus in both weeks, of a session that was planned in the first.
+    const TimeZone here("UTC");
+    const QuillmereState state = stateWith({session(local("2026-11-08 23:50"), 1500)});
+    const std::string text = terminalReport(reportOn(state), plainPage(60));
+    EXPECT_NE(text.find("########## 25 min of 25 min\n2026-W46       none\n"), std::string::npos) << text;
+}
+
 TEST(TerminalReport, drawsEighthsOfColumnsAndWeightsWhereTheyCanBeShown)
 {
     const TimeZone here("UTC");

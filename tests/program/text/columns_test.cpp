@@ -40,6 +40,44 @@ TEST(CutToColumns, neverCutsACharacterInTwo)
     EXPECT_EQ(app::cutToColumns("ae\u0301iou", 3), "ae\u0301\u2026");
 }
 
+TEST(CutToColumns, hasABoundForWhatTakesNoColumns)
+{
+    std::string marks = "a";
+    std::string invisible;
+    for (int count = 0; count < 3'000; ++count) {
+        marks += "\u0301";
+        invisible += "b\u200B\u200B";
+    }
+    for (const std::string& text : {marks, "Focus " + marks, invisible}) {
+        for (const std::size_t most : {1u, 20u, 60u, 4'000u}) {
+            const std::string cut = app::cutToColumns(text, most);
+            EXPECT_LE(cut.size(), most * app::mostBytesPerColumn);
+            EXPECT_LE(app::columns(cut), most);
+            EXPECT_EQ(cut.ends_with("\u2026"), cut != text);
+        }
+    }
+    EXPECT_EQ(app::cutToColumns("Focus " + marks, 60), "Focus \u2026");
+    EXPECT_EQ(app::cutToColumns("Focus " + marks.substr(0, 101) + " b", 4'000), "Focus \u2026");
+    EXPECT_EQ(app::cutToColumns("Focus " + marks.substr(0, 11) + " b", 9),
+              "Focus " + marks.substr(0, 11) + " b");
+}
+
+TEST(CutToColumns, leavesTheLongestCharactersThatPeopleWrite)
+{
+    const std::string family = "\U0001F468\u200D\U0001F469\u200D\U0001F467\u200D\U0001F466";
+    EXPECT_EQ(app::cutToColumns(family, app::columns(family)), family);
+}
+
+TEST(CutToBytes, neverCutsACharacterInTwo)
+{
+    EXPECT_EQ(app::cutToBytes("Grüße", 7), "Grüße");
+    EXPECT_EQ(app::cutToBytes("Grüße", 6), "Gr\u2026");
+    EXPECT_EQ(app::cutToBytes("ae\u0301iouy", 7), "ae\u0301\u2026");
+    EXPECT_EQ(app::cutToBytes("ae\u0301iouy", 6), "a\u2026");
+    EXPECT_EQ(app::cutToBytes("Outline", 3), "\u2026");
+    EXPECT_EQ(app::cutToBytes("Outline", 2), "");
+}
+
 TEST(Wrapped, breaksBetweenWords)
 {
     EXPECT_EQ(app::wrapped("write first, sort later", 12), (Lines{"write first,", "sort later"}));

@@ -75,6 +75,7 @@ constexpr Pair pairs[] = {
     {"one\ntwo\tthree", "one two three"},
     {"\x1b[31mred\x1b[0m", "\uFFFD[31mred\uFFFD[0m"},
     {"\x1b]0;title\x07", "\uFFFD]0;title\uFFFD"},
+    {"one\r\ntwo\n\r\nthree\r", "one two  three\uFFFD"},
     {"over\rwritten", "over\uFFFDwritten"},
     {"\xC2\x9B"
      "31m",
