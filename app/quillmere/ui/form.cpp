@@ -83,12 +83,10 @@ void Form::moveTo(std::string_view id) { current_ = indexOfPresent(id); }
 bool Form::take(const Key& key, Size window)
 {
     Field& field = *rows_[current_].field;
-    const nlohmann::json before = field.value();
     const std::size_t columns = window.columns - 2 * marginFor(familyFor(window));
-    if (field.take(key, gridFor(columns).fieldWidth)) {
-        const bool isChanged = field.value() != before;
-        isTouched_ = isTouched_ || isChanged;
-        return isChanged;
+    if (const Effect effect = field.take(key, gridFor(columns).fieldWidth); effect != Effect::notForIt) {
+        isTouched_ = isTouched_ || effect == Effect::changed;
+        return effect == Effect::changed;
     }
     switch (key.kind) {
         case Key::Kind::enter:

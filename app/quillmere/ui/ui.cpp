@@ -132,6 +132,9 @@ Form* Ui::form()
 
 void Ui::press(const Key& key)
 {
+    if (key.kind == Key::Kind::paste && !form()) {
+        return;  // a text, no command
+    }
     message_.clear();
     const Action* const action = std::exchange(toConfirm_, nullptr);
     if (action && isUsable() && isLargeEnough(window_)) {

@@ -60,6 +60,43 @@ TEST(Form, saysWhenAValueHasChanged)
     EXPECT_TRUE(form.isTouched());
 }
 
+TEST(Form, takesWhatIsPastedAsText)
+{
+    Form form = sampleForm();
+    EXPECT_TRUE(form.take(pasted("one\ntwo\tthree\n"), usualWindow));
+    form.take({Key::Kind::tab}, usualWindow);
+    form.take(pasted("one\ntwo\n"), usualWindow);
+    form.take({Key::Kind::tab}, usualWindow);
+    EXPECT_FALSE(form.take(pasted("2\n"), usualWindow));
+    EXPECT_EQ(form.text("line"), "one two three");
+    EXPECT_EQ(form.text("lines"), "one\ntwo\n");
+    EXPECT_EQ(form.text("mood"), "1");
+}
+
+/// A field whose value is dear.
+class DearField final : public Field {
+public:
+    explicit DearField(int& count) : Field("dear", "Dear?"), count_(count) {}
+
+    Effect take(const Key&, std::size_t) override { return Effect::changed; }
+    std::size_t rows(std::size_t) const override { return 1; }
+    void draw(Canvas&, const Area&, bool, Look) const override {}
+    nlohmann::json value() const override { return ++count_; }
+    void setValue(const nlohmann::json&) override {}
+
+private:
+    int& count_;
+};
+
+TEST(Form, asksNoFieldForItsValueWithEachKey)
+{
+    int count = 0;
+    Form form({FormKind::answer, "sample"});
+    form.add(std::make_unique<DearField>(count));
+    EXPECT_TRUE(form.take(typed("x"), usualWindow));
+    EXPECT_EQ(count, 0);
+}
+
 TEST(Form, hasQuestionsBesideTheFieldsWhereThereIsRoomAndAboveThemOtherwise)
 {
     const Form form = sampleForm();

@@ -154,9 +154,45 @@ TEST_F(LiveScreen, keepsAHalfWrittenFormThroughResizingStoppingAndKilling)
     EXPECT_TRUE(window.shows("Half a plan"));
 }
 
+TEST_F(LiveScreen, takesWhatIsPastedAsTextAndNotAsCommands)
+{
+    isFocusing();
+    const TerminalWindow window(person);
+    window.runs("$Q ui");
+    ASSERT_TRUE(window.shows("p pause"));
+    window.pastes("pey q\npey");
+    window.presses("a n");
+    ASSERT_TRUE(window.shows("What is to be asked?"));
+    window.pastes("First line\nSecond: \u65E5\u672C");
+    EXPECT_TRUE(window.shows("Second: \u65E5\u672C"));
+    window.presses("C-s");
+    ASSERT_TRUE(TerminalWindow::waitUntil([&] { return person.state().agentQuestions.size() == 1; }));
+    EXPECT_EQ(person.state().agentQuestions[0].question, "First line\nSecond: \u65E5\u672C");
+    EXPECT_FALSE(person.state().interruptible());
+    EXPECT_EQ(person.state().workflowState, WorkflowState::focusing);
+}
+
+TEST_F(LiveScreen, leavesOutSequencesItDoesNotKnowAndKeepsCharactersThatComeInPieces)
+{
+    ASSERT_EQ(elsewhere({"plan", "--outcome", "Chapter", "--start"}), 0);
+    const TerminalWindow window(person, {{"TERM", "screen"}});
+    window.runs("$Q ui");
+    ASSERT_TRUE(window.shows("^S start focus"));
+    window.sends("61 c3");
+    ASSERT_TRUE(window.shows("bring about?   a"));
+    window.sends("a9 62");
+    window.sends("1b 5b 31 3b 35 44 63 ff 64");
+    EXPECT_TRUE(window.shows("bring about?   a\u00E9bc\uFFFD" "d"));
+}
+
 /// How the shell's terminal is set.
 std::string settingsOf(const TerminalWindow& window)
 {
+    // Marks around what is pasted would be seen as "^[[200~".
+    window.pastes("echo past''ed");
+    window.presses("Enter");
+    EXPECT_TRUE(window.shows("\npasted"));
+    EXPECT_EQ(window.screen().find("200~"), std::string::npos);
     const TemporaryDirectory directory;
     const std::string file = (directory.path() / "settings").string();
     window.runs("stty -g >" + file + ".new; mv " + file + ".new " + file);

@@ -244,6 +244,20 @@ TEST_F(UiOfAPerson, losesTheAnswerFormWhenSomebodyElseAnswers)
     EXPECT_TRUE(shows("No question waits"));
 }
 
+TEST_F(UiOfAPerson, givesNoCommandsByPasting)
+{
+    opens(stateIn(WorkflowState::focusing));
+    presses(pasted("Hey, see you there"));
+    EXPECT_EQ(person.state(), stateIn(WorkflowState::focusing));
+    presses("e");
+    presses(pasted("yes"));
+    EXPECT_TRUE(shows("End the session before its time?"));
+    EXPECT_FALSE(ui->isOver());
+    opens(stateIn(WorkflowState::sessionPlanning));
+    presses(pasted("Hey, see\nyou there"));
+    EXPECT_TRUE(shows("Hey, see you there"));
+}
+
 TEST_F(UiOfAPerson, findsADraftAgain)
 {
     opens(stateIn(WorkflowState::sessionPlanning));
