@@ -77,15 +77,22 @@ public:
     /// Makes a field the current one.
     void moveTo(std::string_view id);
 
-    /// Shows the part of the form around the cursor.
+    /// Shows the part of the form around the cursor, or what `scroll` has brought into view.
     void draw(Canvas& canvas, const Area& area, Look look) const;
+
+    /// Brings what is below or above what `draw` shows in that area of a window into view; the next key that
+    /// the form takes brings the cursor back.
+    void scroll(bool down, Size window, const Area& area);
 
     /// All values by their fields' names, and back.
     nlohmann::json values() const;
     void setValues(const nlohmann::json& values);
 
 private:
-    void drawFields(Canvas& canvas, const Area& area, Look look) const;
+    Area drawReminder(Canvas& canvas, const Area& area) const;
+    /// All fields, as long as they are, to be shown in an area.
+    Canvas fieldsFor(const Area& area, Charset charset, Look look) const;
+    std::size_t firstRowShown(const Canvas& fields, std::size_t shown) const;
 
     struct Row {
         std::string heading;
@@ -100,6 +107,7 @@ private:
     std::string nextHeading_;
     std::vector<Row> rows_;
     std::size_t current_ = 0;
+    std::optional<std::size_t> scrolledTo_;
     bool isTouched_ = false;
 };
 

@@ -10,9 +10,9 @@
 
 namespace quillmere::app::ui {
 
-/// Bytes may come in any pieces: what has begun is finished by what comes later. A byte that is no text becomes
-/// U+FFFD, and what follows is kept. Sequences of control (ECMA-48, CSI and SS3) mean nothing here and are left
-/// out whole, but for those around a paste.
+/// Bytes may come in any pieces: what has begun is finished by what comes later. A byte that is no text
+/// becomes U+FFFD, and what follows is kept. Sequences of control (ECMA-48, CSI and SS3) mean nothing here
+/// and are left out whole, but for those around a paste.
 class KeyReader {
 public:
     /// With ASCII, other characters are left out.

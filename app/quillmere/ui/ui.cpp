@@ -21,6 +21,8 @@ bool isLetter(const Key& key, std::string_view letter)
     return key.kind == Key::Kind::character && key.text == letter;
 }
 
+bool isPageKey(const Key& key) { return key.kind == Key::Kind::pageUp || key.kind == Key::Kind::pageDown; }
+
 std::string routeMessage(WidgetRoute route, WidgetRoute actual)
 {
     return "The screen " + std::string(rawValue(route)) + " is not open now; the work is at " +
@@ -100,7 +102,7 @@ void Ui::followState()
         openForm(workForm_, *subject);
     }
     const std::vector<AgentQuestion> open = state().openQuestions();
-    chosenQuestion_ = std::min(chosenQuestion_, open.empty() ? 0 : open.size() - 1);
+    choose(std::min(chosenQuestion_, open.empty() ? 0 : open.size() - 1));
     const auto isAbout = [&](const AgentQuestion& question) {
         return sideForm_->subject() == answerTo(question);
     };
@@ -181,12 +183,25 @@ void Ui::pressOnQuestions(const Key& key)
     } else if (isLetter(key, "n")) {
         openForm(sideForm_, newQuestion());
     } else if (key.kind == Key::Kind::up && chosenQuestion_ > 0) {
-        --chosenQuestion_;
+        choose(chosenQuestion_ - 1);
     } else if (key.kind == Key::Kind::down && chosenQuestion_ + 1 < open.size()) {
-        ++chosenQuestion_;
+        choose(chosenQuestion_ + 1);
+    } else if (isPageKey(key)) {
+        const Area area = contentArea();
+        const std::size_t most = mostScrolled(window_, area, situation(), chosenQuestion_);
+        const std::size_t step = std::max<std::size_t>(area.rows, 2) - 1;
+        const std::size_t first = std::min(scrolledRows_, most);
+        scrolledRows_ =
+            key.kind == Key::Kind::pageDown ? std::min(first + step, most) : first - std::min(first, step);
     } else if (key.kind == Key::Kind::enter && !open.empty()) {
         openForm(sideForm_, answerTo(open[chosenQuestion_]));
     }
+}
+
+void Ui::choose(std::size_t question)
+{
+    scrolledRows_ = question == chosenQuestion_ ? scrolledRows_ : 0;
+    chosenQuestion_ = question;
 }
 
 void Ui::pressInForm(const Key& key)
@@ -200,6 +215,8 @@ void Ui::pressInForm(const Key& key)
     } else if (!sideForm_ && key == withControl(questionsLetter)) {
         keepDraft();
         page_ = Page::questions;
+    } else if (isPageKey(key)) {
+        form()->scroll(key.kind == Key::Kind::pageDown, window_, contentArea());
     } else {
         isDraftDue_ = form()->take(key, window_) || isDraftDue_;
     }

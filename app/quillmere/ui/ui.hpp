@@ -53,6 +53,7 @@ private:
 
     void pressOnWork(const Key& key);
     void pressOnQuestions(const Key& key);
+    void choose(std::size_t question);
     void pressInForm(const Key& key);
     void perform(const Action& action);
     void save();
@@ -68,6 +69,8 @@ private:
     void say(std::string_view sentence);
 
     Frame frame() const;
+    /// The room that the frame leaves.
+    Area contentArea() const;
     std::vector<KeyHint> keys() const;
     std::string questionCount() const;
 
@@ -76,6 +79,7 @@ private:
     Size window_ = usualWindow;
     Page page_ = Page::work;
     std::size_t chosenQuestion_ = 0;
+    std::size_t scrolledRows_ = 0;  ///< of the chosen question
     std::optional<Form> workForm_;  ///< of the state
     std::optional<Form> sideForm_;  ///< of a question, over everything else
     const Action* toConfirm_ = nullptr;

@@ -129,5 +129,32 @@ TEST(Form, keepsTheCursorInView)
     }
 }
 
+TEST(Form, isScrolledByThePageUntilAKeyBringsTheCursorBack)
+{
+    Form form({FormKind::answer, "long"});
+    for (int number = 0; number < 30; ++number) {
+        const std::string name = std::to_string(number);
+        form.add(std::make_unique<TextField>(name, "Field " + name, "", TextField::Lines::one));
+    }
+    const Area area{0, 2, 10, 76};
+    const auto topRow = [&] {
+        Canvas canvas(usualWindow, Charset::ascii);
+        form.draw(canvas, area, {});
+        return canvas.rowText(0).substr(4, 9);
+    };
+    form.scroll(false, usualWindow, area);
+    EXPECT_EQ(topRow().substr(0, 7), "Field 0");
+    form.scroll(true, usualWindow, area);
+    EXPECT_EQ(topRow().substr(0, 7), "Field 9");
+    for (int times = 0; times < 9; ++times) {
+        form.scroll(true, usualWindow, area);
+    }
+    EXPECT_EQ(topRow().substr(0, 8), "Field 20");
+    form.scroll(false, usualWindow, area);
+    EXPECT_EQ(topRow().substr(0, 8), "Field 11");
+    form.take(typed("x"), usualWindow);
+    EXPECT_EQ(topRow().substr(0, 7), "Field 0");
+}
+
 }  // namespace
 }  // namespace quillmere::test

@@ -27,8 +27,9 @@ protected:
         while (const std::optional<Key> key = reader.key()) {
             all += key->kind == Key::Kind::character ? key->text
                    : key->kind == Key::Kind::paste   ? "{" + key->text + "}"
-                   : key->kind == Key::Kind::control ? "^" + key->text
-                                                     : "<" + std::to_string(static_cast<int>(key->kind)) + ">";
+                   : key->kind == Key::Kind::control
+                       ? "^" + key->text
+                       : "<" + std::to_string(static_cast<int>(key->kind)) + ">";
         }
         return all;
     }

@@ -54,7 +54,7 @@ TEST_F(LiveScreen, takesAPersonThroughAWholeBlock)
     window.presses("p");
     ASSERT_TRUE(window.shows("^S begin now"));
     window.types("Chapter");
-    window.presses("PageDown Up C-u");
+    window.presses("BTab BTab C-u");
     window.types("1");
     window.presses("C-s");
     ASSERT_TRUE(window.shows("^S start focus"));
@@ -182,7 +182,9 @@ TEST_F(LiveScreen, leavesOutSequencesItDoesNotKnowAndKeepsCharactersThatComeInPi
     ASSERT_TRUE(window.shows("bring about?   a"));
     window.sends("a9 62");
     window.sends("1b 5b 31 3b 35 44 63 ff 64");
-    EXPECT_TRUE(window.shows("bring about?   a\u00E9bc\uFFFD" "d"));
+    EXPECT_TRUE(
+        window.shows("bring about?   a\u00E9bc\uFFFD"
+                     "d"));
 }
 
 /// How the shell's terminal is set.

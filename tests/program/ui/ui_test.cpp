@@ -222,6 +222,63 @@ TEST_F(UiOfAPerson, answersAQuestionFromAnyScreen)
     }
 }
 
+/// A question of about two thousand characters, in numbered words.
+std::string longQuestion()
+{
+    std::string text = "word-1";
+    for (int number = 2; number <= 200; ++number) {
+        text += (number % 40 == 0 ? "\n" : " ") + std::string("word-") + std::to_string(number);
+    }
+    return text + " end";
+}
+
+TEST_F(UiOfAPerson, readsALongQuestionToItsEnd)
+{
+    for (const Size window : {usualWindow, smallWindow}) {
+        QuillmereState state = stateIn(WorkflowState::focusing);
+        state.agentQuestions = {{.id = identifier(50),
+                                 .question = longQuestion(),
+                                 .createdAt = moment,
+                                 .answer = std::nullopt,
+                                 .answeredAt = std::nullopt}};
+        opens(state);
+        ui->resize(window);
+        presses("a");
+        EXPECT_TRUE(shows("PgDn scroll"));
+        EXPECT_TRUE(shows("word-1 "));
+        EXPECT_TRUE(shows("↓\n"));
+        std::string seen = ui->picture(Charset::unicode).text();
+        const auto reads = [&](const Key& key) {
+            for (int times = 0; times < 30; ++times) {
+                presses(key);
+                seen += ui->picture(Charset::unicode).text();
+            }
+        };
+        const auto hasSeenAll = [&] {
+            for (int number = 1; number <= 200; ++number) {
+                EXPECT_NE(seen.find("word-" + std::to_string(number)), std::string::npos) << number;
+            }
+        };
+        reads(pageDown);
+        hasSeenAll();
+        EXPECT_TRUE(shows("asked"));
+        EXPECT_TRUE(shows("↑"));
+        EXPECT_FALSE(shows("↓\n"));
+        presses(pageUp);
+        EXPECT_FALSE(shows("asked "));
+        presses(enter);
+        EXPECT_TRUE(shows("PgDn scroll"));
+        seen.clear();
+        reads(pageUp);
+        EXPECT_TRUE(shows("word-1 "));
+        reads(pageDown);
+        hasSeenAll();
+        presses("x");
+        EXPECT_TRUE(shows("x"));
+        EXPECT_EQ(person.state(), state);
+    }
+}
+
 TEST_F(UiOfAPerson, asksAQuestion)
 {
     opens();
