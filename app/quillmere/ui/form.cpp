@@ -10,6 +10,10 @@
 namespace quillmere::app::ui {
 namespace {
 
+// Of a change, in drafts.
+constexpr const char* beginningName = "began";
+constexpr const char* valueName = "value";
+
 constexpr std::size_t markColumns = 2;
 constexpr std::size_t questionColumns = 42;
 constexpr std::size_t leastWideColumns = 72;
@@ -43,7 +47,8 @@ std::size_t rowsOfField(const Field& field, const FormGrid& grid)
 
 void Form::add(std::unique_ptr<Field> field)
 {
-    rows_.push_back({std::exchange(nextHeading_, {}), std::move(field)});
+    nlohmann::json beginning = field->value();
+    rows_.push_back({std::exchange(nextHeading_, {}), std::move(field), std::move(beginning)});
 }
 
 std::optional<std::size_t> Form::indexOf(std::string_view id) const
@@ -121,7 +126,7 @@ Canvas Form::fieldsFor(const Area& area, Charset charset, Look look) const
     Canvas whole({.rows = all, .columns = area.columns}, charset);
     std::size_t top = 0;
     for (std::size_t index = 0; index < rows_.size(); ++index) {
-        const auto& [heading, field] = rows_[index];
+        const auto& [heading, field, beginning] = rows_[index];
         if (!heading.empty()) {
             whole.write({top + 1 - gap, 0}, heading, look);
             top += 2;
@@ -168,23 +173,34 @@ void Form::scroll(bool down, Size window, const Area& whole)
     scrolledTo_ = firstRowShown(fields, area.rows);
 }
 
-nlohmann::json Form::values() const
+nlohmann::json Form::changes() const
 {
-    nlohmann::json values = nlohmann::json::object();
+    nlohmann::json changes = nlohmann::json::object();
     for (const Row& row : rows_) {
-        values[row.field->id()] = row.field->value();
-    }
-    return values;
-}
-
-void Form::setValues(const nlohmann::json& values)
-{
-    isTouched_ = true;
-    for (const Row& row : rows_) {
-        if (values.contains(row.field->id())) {
-            row.field->setValue(values[row.field->id()]);
+        if (nlohmann::json value = row.field->value(); value != row.beginning) {
+            changes[row.field->id()] = {{beginningName, row.beginning}, {valueName, std::move(value)}};
         }
     }
+    return changes;
+}
+
+BroughtBack Form::bringBack(const nlohmann::json& changes)
+{
+    BroughtBack result = BroughtBack::nothing;
+    for (const Row& row : rows_) {
+        const auto change = changes.find(row.field->id());
+        if (change == changes.end() || !change->is_object() || !change->contains(valueName)) {
+            continue;
+        }
+        row.field->setValue((*change)[valueName]);
+        if (row.field->value() != row.beginning) {
+            const bool isOver = change->value(beginningName, nlohmann::json()) != row.beginning;
+            result =
+                isOver || result == BroughtBack::overChanges ? BroughtBack::overChanges : BroughtBack::all;
+            isTouched_ = true;
+        }
+    }
+    return result;
 }
 
 }  // namespace quillmere::app::ui

@@ -50,6 +50,13 @@ struct Unacceptable : std::runtime_error {
     std::string field;
 };
 
+/// What has come back of a draft.
+enum class BroughtBack {
+    nothing,
+    all,
+    overChanges,  ///< and stands in a field that began otherwise than it did then
+};
+
 class Form {
 public:
     explicit Form(FormSubject subject) : subject_(std::move(subject)) {}
@@ -84,9 +91,11 @@ public:
     /// the form takes brings the cursor back.
     void scroll(bool down, Size window, const Area& area);
 
-    /// All values by their fields' names, and back.
-    nlohmann::json values() const;
-    void setValues(const nlohmann::json& values);
+    /// What was filled in here, as a draft keeps it: by the name of a field, what it began with and what it
+    /// holds now.
+    nlohmann::json changes() const;
+    /// Fills in what a draft has kept. Fields that it says nothing of stay as they are.
+    BroughtBack bringBack(const nlohmann::json& changes);
 
 private:
     Area drawReminder(Canvas& canvas, const Area& area) const;
@@ -97,6 +106,7 @@ private:
     struct Row {
         std::string heading;
         std::unique_ptr<Field> field;
+        nlohmann::json beginning;
     };
 
     std::optional<std::size_t> indexOf(std::string_view id) const;

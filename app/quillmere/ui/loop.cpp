@@ -51,7 +51,7 @@ private:
             {{STDIN_FILENO, POLLIN, 0}, {signals_.descriptor(), POLLIN, 0}, {ui_.descriptor(), POLLIN, 0}}};
         const int timeout = terminal_.hasMoreKeys() ? 0
                             : ui_.countsSeconds()   ? millisecondsToNextSecond(clock_())
-                                                    : -1;
+                                                    : millisecondsToNextMinute(clock_());
         const int ready = ::poll(sources.data(), sources.size(), timeout);
         if (ready < 0 && errno != EINTR) {
             throw std::system_error(errno, std::generic_category(), "poll");

@@ -40,12 +40,13 @@ Ui::Ui(Workspace workspace, Drafts drafts, std::optional<WidgetRoute> route)
         if (*route != actual) {
             say(routeMessage(*route, actual));
         }
+        drafts_.removeOld(subjectsOf(state()));
     }
 }
 
 bool Ui::countsSeconds() const
 {
-    if (!isUsable()) {
+    if (!isUsable() || files_.isBehind()) {
         return true;  // not everything that makes a file usable again can be watched
     }
     const auto timer = TimerSnapshot::derive(state(), situation().now);
@@ -56,16 +57,23 @@ bool Ui::countsSeconds() const
 void Ui::refresh()
 {
     keepDraft();
+    const bool wasUsable = isUsable();
     const std::vector<Event> recorded = files_.refresh();
     if (!isUsable()) {
         return;
     }
-    const std::optional<Glimpse> before = std::exchange(seen_, Glimpse::of(state()));
-    const std::vector<Event> events = recorded.empty() && before ? newsSince(*before, state()) : recorded;
-    if (before && *before != *seen_ && events.empty()) {
-        message_ = "The work was moved on elsewhere.";
+    if (!wasUsable) {
+        message_.clear();  // what was said of it is over
     }
-    tell(events);
+    const std::optional<Glimpse> before = std::exchange(seen_, Glimpse::of(state()));
+    // What was seen to come about before it could be recorded is not told again.
+    if (!before || *before != *seen_) {
+        const std::vector<Event> events = recorded.empty() && before ? newsSince(*before, state()) : recorded;
+        if (before && events.empty()) {
+            message_ = "The work was moved on elsewhere.";
+        }
+        tell(events);
+    }
     if (!recorded.empty()) {
         warn();
     }
@@ -94,7 +102,8 @@ void Ui::followState()
     const std::optional<FormSubject> subject = subjectFor(state());
     if (workForm_ && subject != workForm_->subject()) {
         if (workForm_->isTouched()) {
-            say("What you wrote is kept.");
+            say(drafts_.areKept() ? "What you wrote is kept." : "What you wrote could not be kept.");
+            holdKeysOf(*workForm_);
         }
         workForm_.reset();
     }
@@ -108,8 +117,12 @@ void Ui::followState()
     };
     if (sideForm_ && sideForm_->subject().kind == FormKind::answer &&
         std::none_of(open.begin(), open.end(), isAbout)) {
+        say("This question was answered elsewhere.");
+        if (sideForm_->isTouched()) {
+            say(drafts_.areKept() ? "What you wrote is kept." : "What you wrote could not be kept.");
+            holdKeysOf(*sideForm_);
+        }
         sideForm_.reset();
-        say("This question was answered elsewhere; what you wrote is kept.");
     }
     if (toConfirm_ && !isPossible(toConfirm_->step, state())) {
         toConfirm_ = nullptr;
@@ -119,8 +132,24 @@ void Ui::followState()
 void Ui::openForm(std::optional<Form>& place, const FormSubject& subject)
 {
     place.emplace(formFor(subject, state(), situation().now));
-    if (drafts_.fillIn(*place)) {
-        say("What you had written is back.");
+    switch (drafts_.fillIn(*place)) {
+        case BroughtBack::nothing: break;
+        case BroughtBack::all: say("What you had written is back."); break;
+        case BroughtBack::overChanges:
+            say("What you had written is back, also where something else was written elsewhere since.");
+            break;
+    }
+    if (!drafts_.areKept() && !std::exchange(isToldOfNoDrafts_, true)) {
+        say("Only what is saved is kept: neither XDG_STATE_HOME nor HOME names a place for drafts.");
+    }
+}
+
+void Ui::holdKeysOf(const Form& closing)
+{
+    // What is being typed into it would be commands now, or stand in another form.
+    if (&closing == form()) {
+        holdsKeys_ = true;
+        say("Esc goes on.");
     }
 }
 
@@ -136,6 +165,13 @@ void Ui::press(const Key& key)
 {
     if (key.kind == Key::Kind::paste && !form()) {
         return;  // a text, no command
+    }
+    if (holdsKeys_ && isUsable() && isLargeEnough(window_)) {
+        if (key.kind == Key::Kind::escape) {
+            holdsKeys_ = false;
+            message_.clear();
+        }
+        return;
     }
     message_.clear();
     const Action* const action = std::exchange(toConfirm_, nullptr);
@@ -260,12 +296,16 @@ void Ui::save()
 bool Ui::change(const Operation& operation, std::string_view done)
 {
     std::vector<Event> events;
+    std::string outcome(done);
     try {
         events = files_.change(operation);
     } catch (const Unacceptable&) {
         throw;
     } catch (const std::bad_alloc&) {
         throw;
+    } catch (const ChangeSaved& error) {
+        events = files_.refresh();
+        outcome = error.what();
     } catch (const std::exception& error) {
         const std::string reason = failureText(error);
         // The state may have moved on, or be out of reach.
@@ -275,7 +315,7 @@ bool Ui::change(const Operation& operation, std::string_view done)
     }
     seen_ = Glimpse::of(state());
     tell(events);
-    say(done);
+    say(outcome);
     warn();
     sideForm_.reset();
     if (workForm_ && subjectFor(state()) != workForm_->subject()) {

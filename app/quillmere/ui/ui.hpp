@@ -67,6 +67,9 @@ private:
     /// Opens, closes and keeps forms so that they are those of the state.
     void followState();
     void say(std::string_view sentence);
+    /// Where it is the form that keys go to, keeps them from what comes in its place, until the person has
+    /// seen it.
+    void holdKeysOf(const Form& closing);
 
     Frame frame() const;
     /// The room that the frame leaves.
@@ -85,7 +88,9 @@ private:
     const Action* toConfirm_ = nullptr;
     std::optional<Glimpse> seen_;
     std::string message_;
+    bool holdsKeys_ = false;
     bool isDraftDue_ = false;
+    bool isToldOfNoDrafts_ = false;
     bool bell_ = false;
     bool isOver_ = false;
 };

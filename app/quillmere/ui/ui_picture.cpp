@@ -19,6 +19,9 @@ std::vector<KeyHint> Ui::keys() const
     if (!isUsable()) {
         return {{"q", "quit"}};
     }
+    if (holdsKeys_) {
+        return {{"Esc", "go on"}, {"^C", "quit"}};
+    }
     if (toConfirm_) {
         return {{"y", "yes"}, {"any other key", "no"}};
     }

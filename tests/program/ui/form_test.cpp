@@ -93,8 +93,40 @@ TEST(Form, asksNoFieldForItsValueWithEachKey)
     int count = 0;
     Form form({FormKind::answer, "sample"});
     form.add(std::make_unique<DearField>(count));
+    const int before = count;
     EXPECT_TRUE(form.take(typed("x"), usualWindow));
-    EXPECT_EQ(count, 0);
+    EXPECT_EQ(count, before);
+}
+
+Form formWith(const std::string& one, const std::string& other)
+{
+    Form form({FormKind::answer, "sample"});
+    form.add(std::make_unique<TextField>("one", "One?", one, TextField::Lines::one));
+    form.add(std::make_unique<TextField>("other", "Other?", other, TextField::Lines::one));
+    return form;
+}
+
+TEST(Form, bringsBackTheFieldsThatWereChangedInIt)
+{
+    Form form = formWith("", "old");
+    types(form, "mine");
+    Form later = formWith("", "new");
+    EXPECT_EQ(later.bringBack(form.changes()), BroughtBack::all);
+    EXPECT_EQ(later.text("one"), "mine");
+    EXPECT_EQ(later.text("other"), "new");
+    EXPECT_TRUE(later.isTouched());
+}
+
+TEST(Form, saysThatWhatComesBackStandsOverWhatOthersWrote)
+{
+    Form form = formWith("", "old");
+    types(form, "mine");
+    Form later = formWith("theirs", "old");
+    EXPECT_EQ(later.bringBack(form.changes()), BroughtBack::overChanges);
+    EXPECT_EQ(later.text("one"), "mine");
+    Form same = formWith("mine", "old");
+    EXPECT_EQ(same.bringBack(form.changes()), BroughtBack::nothing);
+    EXPECT_FALSE(same.isTouched());
 }
 
 TEST(Form, hasQuestionsBesideTheFieldsWhereThereIsRoomAndAboveThemOtherwise)
