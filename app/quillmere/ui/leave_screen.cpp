@@ -1,5 +1,7 @@
 #include "ui/leave_screen.hpp"
 
+#include "ui/endable_writing.hpp"
+
 // Functions, no macros, as far as there is the choice.
 #define NCURSES_NOMACROS
 #include <curses.h>
@@ -43,6 +45,7 @@ void writeToTerminal(std::string_view sequence)
 
 void leaveScreen()
 {
+    const EndableWriting writing;
     ::endwin();
     writeToTerminal(markNoPastes);
     // Where there is no second screen to come from, the picture stays; the cursor is in its last row.

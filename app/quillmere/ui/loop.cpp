@@ -32,6 +32,10 @@ public:
             show();
             wait();
         }
+        if (ending_ != 0) {
+            // It waits once more, should the terminal not take what gives it back (EndableWriting).
+            ::raise(ending_);
+        }
         return ending_ == SIGINT ? 0 : ending_;
     }
 

@@ -2,6 +2,7 @@
 
 #include "exit_code.hpp"
 #include "text/style.hpp"
+#include "ui/endable_writing.hpp"
 #include "ui/leave_screen.hpp"
 
 // Functions, no macros, as far as there is the choice.
@@ -167,6 +168,8 @@ Terminal::Terminal() : charset_(charsetOfTheLocale()), keyReader_(charset_)
     ::nonl();
     ::keypad(stdscr, TRUE);
     ::nodelay(stdscr, TRUE);
+    // Curses believes LINES and COLUMNS, which may be of another window.
+    adaptToSize();
     setInputModes();
     writeToTerminal(markPastes);
     coloured_ = setUpColours();
@@ -208,6 +211,7 @@ void Terminal::takeBack()
     writeToTerminal(markPastes);
     adaptToSize();
     ::clearok(curscr, TRUE);
+    const EndableWriting writing;
     ::wrefresh(curscr);
 }
 
@@ -233,6 +237,7 @@ void Terminal::show(const Canvas& canvas)
     if (cursor) {
         ::wmove(stdscr, static_cast<int>(cursor->row), static_cast<int>(cursor->column));
     }
+    const EndableWriting writing;
     ::wrefresh(stdscr);
 }
 

@@ -1,5 +1,11 @@
 // The real program on a real terminal.
+#include <poll.h>
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -242,6 +248,88 @@ TEST_F(LiveScreen, needsNothingButAsciiOnAPlainTerminal)
     EXPECT_EQ(std::count_if(screen.begin(), screen.end(),
                             [](char character) { return static_cast<unsigned char>(character) >= 0x80; }),
               0);
+}
+
+TEST_F(LiveScreen, leavesARowToThePromptWhereThereIsNoSecondScreen)
+{
+    const TerminalWindow window(person, {{"LC_ALL", "C"}, {"TERM", "vt100"}});
+    window.runs("$Q ui");
+    ASSERT_TRUE(window.shows("q quit"));
+    window.presses("q");
+    EXPECT_TRUE(window.shows("\nready>\n"));
+    EXPECT_TRUE(window.showsNoMore("q quit"));
+}
+
+TEST_F(LiveScreen, isAsLargeAsTheWindowWhateverTheEnvironmentSays)
+{
+    ASSERT_EQ(elsewhere({"plan", "--start"}), 0);
+    const TerminalWindow window(person, {{"COLUMNS", "40"}, {"LINES", "12"}});
+    window.runs("$Q ui");
+    EXPECT_TRUE(window.shows("What should this session bring about?   \u00B7"));
+}
+
+/// The program on a terminal that nobody reads from.
+class StuckProgram {
+public:
+    explicit StuckProgram(const Person& person)
+    {
+        const std::string directory = person.directory().string();
+        const std::string stateHome = "XDG_STATE_HOME=" + person.stateHome().string();
+        const winsize window{.ws_row = 300, .ws_col = 900, .ws_xpixel = 0, .ws_ypixel = 0};
+        process_ = ::forkpty(&screen_, nullptr, nullptr, &window);
+        if (process_ == 0) {
+            ::execle(QUILLMERE_PROGRAM, "quillmere", "--directory", directory.c_str(), nullptr,
+                     std::to_array<const char*>({"TERM=xterm", "LC_ALL=C.UTF-8", stateHome.c_str(), nullptr})
+                         .data());
+            ::_exit(127);
+        }
+    }
+    StuckProgram(const StuckProgram&) = delete;
+    StuckProgram& operator=(const StuckProgram&) = delete;
+    ~StuckProgram()
+    {
+        if (process_ > 0) {
+            ::kill(process_, SIGKILL);
+            ::waitpid(process_, nullptr, 0);
+        }
+        ::close(screen_);
+    }
+
+    bool hasBegunToDraw() const
+    {
+        pollfd source{screen_, POLLIN, 0};
+        return ::poll(&source, 1, 0) == 1;
+    }
+    void get(int signal) const { ::kill(process_, signal); }
+    /// Whether it has ended by that signal.
+    bool endsBy(int signal)
+    {
+        int status = 0;
+        const bool hasEnded =
+            TerminalWindow::waitUntil([&] { return ::waitpid(process_, &status, WNOHANG) == process_; });
+        process_ = hasEnded ? -1 : process_;
+        return hasEnded && WIFSIGNALED(status) && WTERMSIG(status) == signal;
+    }
+
+private:
+    int screen_ = -1;
+    pid_t process_ = -1;
+};
+
+TEST_F(LiveScreen, canBeEndedWhileTheTerminalDoesNotRead)
+{
+    QuillmereState state = stateIn(WorkflowState::blockPlanning);
+    state.currentBlock = stateWithScheduledBlock().currentBlock;
+    for (int number = 0; number < 50'000; ++number) {
+        state.currentBlock->contextNotes += " " + std::to_string(number);
+    }
+    person.has(state);
+    for (const int signal : {SIGTERM, SIGHUP}) {
+        StuckProgram program(person);
+        ASSERT_TRUE(TerminalWindow::waitUntil([&] { return program.hasBegunToDraw(); }));
+        program.get(signal);
+        EXPECT_TRUE(program.endsBy(signal));
+    }
 }
 
 TEST_F(LiveScreen, hasNoColourAgainstThePersonsWill)
