@@ -11,7 +11,10 @@ struct Condition {
     bool (*holds)(const QuillmereState&);
 };
 
-bool hasBlock(const QuillmereState& state) { return state.currentBlock.has_value(); }
+bool isScheduled(const QuillmereState& state)
+{
+    return state.currentBlock && state.currentBlock->plannedStart;
+}
 bool isFree(const QuillmereState& state) { return !state.currentBlock; }
 bool isRunning(const QuillmereState& state) { return !state.interruptible(); }
 bool isPaused(const QuillmereState& state) { return state.interruptible(); }
@@ -23,9 +26,9 @@ bool isLastCycle(const QuillmereState& state) { return !cyclesRemain(state); }
 
 constexpr auto conditions = std::to_array<Condition>({
     {Step::beginBlockPlanning, isFree},
-    {Step::startScheduledBlockNow, hasBlock},
-    {Step::editScheduledBlock, hasBlock},
-    {Step::cancelScheduledBlock, hasBlock},
+    {Step::startScheduledBlockNow, isScheduled},
+    {Step::editScheduledBlock, isScheduled},
+    {Step::cancelScheduledBlock, isScheduled},
     {Step::pauseFocus, isRunning},
     {Step::resumeFocus, isPaused},
     {Step::saveReviewAndStartBreak, cyclesRemain},

@@ -14,4 +14,12 @@ inline int millisecondsToNextSecond(Instant now)
     return static_cast<int>(std::ceil((std::floor(seconds) + 1 - seconds) * 1'000));
 }
 
+/// The same until it shows another minute, at most 60,000.
+inline int millisecondsToNextMinute(Instant now)
+{
+    constexpr double minute = 60;
+    const double minutes = now.secondsSince1970() / minute;
+    return static_cast<int>(std::ceil((std::floor(minutes) + 1 - minutes) * minute * 1'000));
+}
+
 }  // namespace quillmere::app

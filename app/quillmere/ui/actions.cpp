@@ -19,9 +19,20 @@ bool isOvertime(const Situation& situation)
 
 bool isBeforeTime(const Situation& situation) { return !isOvertime(situation); }
 
+/// Whether the break has been over for longer than one key makes it.
+bool isLongOver(const Situation& situation)
+{
+    const auto timer = TimerSnapshot::derive(situation.state, situation.now);
+    return timer && static_cast<double>(timer->remainingSeconds) + breakExtension <= 0;
+}
+
+bool isNotLongOver(const Situation& situation) { return !isLongOver(situation); }
+
 void extendBreakALittle(QuillmereState& state, Instant now)
 {
     engine.extendBreak(state, breakExtension, now);
+    // An end that lies before this is no news.
+    catchUp(state, now);
 }
 
 template <void (WorkflowEngine::*operation)(QuillmereState&, Instant) const>
@@ -41,7 +52,8 @@ constexpr auto actions = std::to_array<Action>({
     {Step::pauseFocus,             'p', "pause",          "", "Paused.", atAnyTime, run<&Engine::pauseFocus>},
     {Step::resumeFocus,            'r', "resume",         "", "Focus.", atAnyTime, run<&Engine::resumeFocus>},
     {Step::endFocus,               'e', "end",            "End the session before its time?", "The session has ended.", atAnyTime, run<&Engine::endFocus>},
-    {Step::extendBreak,            'e', "extend by 5 min", "", "The break is longer now.", atAnyTime, extendBreakALittle},
+    {Step::extendBreak,            'e', "extend by 5 min", "", "The break is longer now.", isNotLongOver, extendBreakALittle},
+    {Step::extendBreak,            'e', "extend by 5 min", "", "The break is longer now, and still over.", isLongOver, extendBreakALittle},
     {Step::endBreak,               's', "skip the break", "", "The break is skipped.", isBeforeTime, run<&Engine::skipBreak>},
     {Step::endBreak,               's', "end the break",  "", "The break has ended.", isOvertime, run<&Engine::endBreak>},
 });

@@ -1,8 +1,6 @@
 #include "ui/breakdown.hpp"
 
-// Functions, no macros, as far as there is the choice.
-#define NCURSES_NOMACROS
-#include <curses.h>
+#include "ui/leave_screen.hpp"
 
 namespace quillmere::app::ui {
 namespace {
@@ -10,7 +8,7 @@ namespace {
 /// Not all of this may be done in a handler (signal-safety(7)); but nothing is left that it could harm.
 void giveBackAndEnd(int signal)
 {
-    ::endwin();
+    leaveScreen();
     ::raise(signal);
 }
 

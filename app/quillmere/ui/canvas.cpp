@@ -31,6 +31,33 @@ constexpr auto asciiForms = std::to_array<AsciiForm>({
     {"…", '~'},
 });
 
+struct CodeRange {
+    char32_t first;
+    char32_t last;
+};
+
+/// What joins and varies characters. Terminals differ in the width of what comes of them, so that remains
+/// would stand; without them every terminal shows the characters as they are counted.
+constexpr auto joiners = std::to_array<CodeRange>({
+    {0x200B, 0x200D},
+    {0x2060, 0x2064},
+    {0xFE00, 0xFE0F},
+    {0xFEFF, 0xFEFF},
+    {0xE0000, 0xE0FFF},
+});
+
+bool isJoiner(std::string_view character)
+{
+    return std::any_of(joiners.begin(), joiners.end(), [&](const CodeRange& range) {
+        std::string first;
+        std::string last;
+        json::appendUtf8(first, range.first);
+        json::appendUtf8(last, range.last);
+        // UTF-8 sorts as code points do.
+        return character >= first && character <= last;
+    });
+}
+
 std::string asciiOf(std::string_view character, std::size_t width)
 {
     for (const AsciiForm& form : asciiForms) {
@@ -60,7 +87,7 @@ std::size_t Canvas::write(Place place, std::string_view text, Look look, std::si
         if (width > 0) {
             put(character, width, look, {place.row, place.column + taken});
             taken += width;
-        } else if (taken > 0 && charset_ == Charset::unicode) {
+        } else if (taken > 0 && charset_ == Charset::unicode && !isJoiner(character)) {
             // It combines with the character before, which may take two places.
             std::size_t index = place.row * size_.columns + place.column + taken - 1;
             index -= cells_[index].columns == 0 ? 1 : 0;

@@ -18,14 +18,18 @@ public:
     const Situation* situation() const { return open_ ? &open_->situation() : nullptr; }
     /// Why they could not be read or written last time; absent when all is well.
     const std::optional<std::string>& trouble() const { return trouble_; }
+    /// Whether something came about that could not be recorded, because somebody else was at work; the next
+    /// call of `refresh` tries again.
+    bool isBehind() const { return isBehind_; }
     /// For poll(2).
     int descriptor() const { return open_ ? open_->descriptor() : watch_->descriptor(); }
 
-    /// Looks again. Returns what came about by itself and was recorded by this call.
+    /// Looks again, without waiting for anybody. Returns what came about by itself and was recorded by this
+    /// call.
     std::vector<Event> refresh();
 
     /// Applies an operation of the person; throws what it throws, and what reading and writing throw.
-    std::vector<Event> change(const Operation& operation) { return open_->change(operation); }
+    std::vector<Event> change(const Operation& operation);
 
 private:
     void open();
@@ -34,6 +38,7 @@ private:
     std::optional<OpenWorkspace> open_;
     std::optional<DirectoryWatch> watch_;  ///< while they are not open
     std::optional<std::string> trouble_;
+    bool isBehind_ = false;
 };
 
 }  // namespace quillmere::app::ui

@@ -26,6 +26,17 @@ std::vector<std::string> linesOf(std::string_view text, std::size_t most)
     }
 }
 
+void drawMoreArrows(Canvas& canvas, const Area& area, bool above, bool below)
+{
+    const std::size_t edge = area.column + area.columns - 1;
+    if (above) {
+        canvas.write({area.row, edge}, "↑", {.dim = true});
+    }
+    if (below) {
+        canvas.write({area.row + area.rows - 1, edge}, "↓", {.dim = true});
+    }
+}
+
 void Flow::skip(std::size_t rows)
 {
     const std::size_t taken = std::min(rows, area_.rows);

@@ -12,6 +12,9 @@ namespace quillmere::app::ui {
 /// A text in lines of at most `most` columns, its own line breaks kept, harmless to a terminal.
 std::vector<std::string> linesOf(std::string_view text, std::size_t most);
 
+/// Shows in the last column of an area whether there is more above and below what it shows.
+void drawMoreArrows(Canvas& canvas, const Area& area, bool above, bool below);
+
 /// Writes from the top of an area to its bottom; what finds no room is left out.
 class Flow {
 public:

@@ -5,8 +5,14 @@
 
 #include <quillmere/records/fatal_error.hpp>
 
+#include <algorithm>
+
 namespace quillmere::app::ui {
 namespace {
+
+// Of a change, in drafts.
+constexpr const char* beginningName = "began";
+constexpr const char* valueName = "value";
 
 constexpr std::size_t markColumns = 2;
 constexpr std::size_t questionColumns = 42;
@@ -37,21 +43,12 @@ std::size_t rowsOfField(const Field& field, const FormGrid& grid)
     return grid.isWide ? std::max(question, answer) : question + answer;
 }
 
-/// The first row shown, so that the cursor is about in the middle and no row is wasted.
-std::size_t firstRowShown(std::size_t cursorRow, std::size_t all, std::size_t shown)
-{
-    if (all <= shown) {
-        return 0;
-    }
-    const std::size_t above = std::min(cursorRow, shown / 2);
-    return std::min(cursorRow - above, all - shown);
-}
-
 }  // namespace
 
 void Form::add(std::unique_ptr<Field> field)
 {
-    rows_.push_back({std::exchange(nextHeading_, {}), std::move(field)});
+    nlohmann::json beginning = field->value();
+    rows_.push_back({std::exchange(nextHeading_, {}), std::move(field), std::move(beginning)});
 }
 
 std::optional<std::size_t> Form::indexOf(std::string_view id) const
@@ -78,17 +75,20 @@ const Field& Form::field(std::string_view id) const { return *rows_[indexOfPrese
 
 std::string Form::text(std::string_view id) const { return field(id).value().get<std::string>(); }
 
-void Form::moveTo(std::string_view id) { current_ = indexOfPresent(id); }
+void Form::moveTo(std::string_view id)
+{
+    current_ = indexOfPresent(id);
+    scrolledTo_.reset();
+}
 
 bool Form::take(const Key& key, Size window)
 {
     Field& field = *rows_[current_].field;
-    const nlohmann::json before = field.value();
+    scrolledTo_.reset();
     const std::size_t columns = window.columns - 2 * marginFor(familyFor(window));
-    if (field.take(key, gridFor(columns).fieldWidth)) {
-        const bool isChanged = field.value() != before;
-        isTouched_ = isTouched_ || isChanged;
-        return isChanged;
+    if (const Effect effect = field.take(key, gridFor(columns).fieldWidth); effect != Effect::notForIt) {
+        isTouched_ = isTouched_ || effect == Effect::changed;
+        return effect == Effect::changed;
     }
     switch (key.kind) {
         case Key::Kind::enter:
@@ -96,26 +96,24 @@ bool Form::take(const Key& key, Size window)
         case Key::Kind::up: current_ -= current_ > 0 ? 1 : 0; break;
         case Key::Kind::tab: current_ = (current_ + 1) % rows_.size(); break;
         case Key::Kind::backTab: current_ = (current_ + rows_.size() - 1) % rows_.size(); break;
-        case Key::Kind::pageUp: current_ = 0; break;
-        case Key::Kind::pageDown: current_ = rows_.size() - 1; break;
         default: break;
     }
     return false;
 }
 
-void Form::draw(Canvas& canvas, const Area& whole, Look look) const
+Area Form::drawReminder(Canvas& canvas, const Area& area) const
 {
-    Flow flow(canvas, whole);
+    Flow flow(canvas, area);
     if (!reminder_.empty()) {
         flow.line(reminder_, {.dim = true}, markColumns);
         flow.space(layout(familyFor(canvas.size())) == QuillmereWidgetLayout::compact
                        ? QuillmereDesign::Spacing::none
                        : QuillmereDesign::Spacing::regular);
     }
-    drawFields(canvas, flow.rest(), look);
+    return flow.rest();
 }
 
-void Form::drawFields(Canvas& canvas, const Area& area, Look look) const
+Canvas Form::fieldsFor(const Area& area, Charset charset, Look look) const
 {
     const FormGrid grid = gridFor(area.columns);
     std::size_t all = 0;
@@ -125,10 +123,10 @@ void Form::drawFields(Canvas& canvas, const Area& area, Look look) const
     // Spread out where that costs nothing.
     const std::size_t gap = all + rows_.size() <= area.rows || !grid.isWide ? 1 : 0;
     all += gap * (rows_.size() - 1);
-    Canvas whole({.rows = all, .columns = area.columns}, canvas.charset());
+    Canvas whole({.rows = all, .columns = area.columns}, charset);
     std::size_t top = 0;
     for (std::size_t index = 0; index < rows_.size(); ++index) {
-        const auto& [heading, field] = rows_[index];
+        const auto& [heading, field, beginning] = rows_[index];
         if (!heading.empty()) {
             whole.write({top + 1 - gap, 0}, heading, look);
             top += 2;
@@ -144,35 +142,65 @@ void Form::drawFields(Canvas& canvas, const Area& area, Look look) const
         field->draw(whole, place, isCurrent, look);
         top += rows + gap;
     }
-    const std::size_t cursorRow = whole.cursor() ? whole.cursor()->row : 0;
-    const std::size_t first = firstRowShown(cursorRow, all, area.rows);
-    canvas.copy(whole, first, area);
-    const std::size_t edge = area.column + area.columns - 1;
-    if (first > 0) {
-        canvas.write({area.row, edge}, "↑", {.dim = true});
-    }
-    if (first + area.rows < all) {
-        canvas.write({area.row + area.rows - 1, edge}, "↓", {.dim = true});
-    }
+    return whole;
 }
 
-nlohmann::json Form::values() const
+std::size_t Form::firstRowShown(const Canvas& fields, std::size_t shown) const
 {
-    nlohmann::json values = nlohmann::json::object();
-    for (const Row& row : rows_) {
-        values[row.field->id()] = row.field->value();
-    }
-    return values;
+    const std::size_t last = fields.size().rows - std::min(fields.size().rows, shown);
+    // So that the cursor is about in the middle and no row is wasted.
+    const std::size_t cursorRow = fields.cursor() ? fields.cursor()->row : 0;
+    return std::min(scrolledTo_.value_or(cursorRow - std::min(cursorRow, shown / 2)), last);
 }
 
-void Form::setValues(const nlohmann::json& values)
+void Form::draw(Canvas& canvas, const Area& whole, Look look) const
 {
-    isTouched_ = true;
+    const Area area = drawReminder(canvas, whole);
+    const Canvas fields = fieldsFor(area, canvas.charset(), look);
+    const std::size_t first = firstRowShown(fields, area.rows);
+    canvas.copy(fields, first, area);
+    drawMoreArrows(canvas, area, first > 0, first + area.rows < fields.size().rows);
+}
+
+void Form::scroll(bool down, Size window, const Area& whole)
+{
+    Canvas canvas(window);
+    const Area area = drawReminder(canvas, whole);
+    const Canvas fields = fieldsFor(area, Charset::unicode, {});
+    const std::size_t first = firstRowShown(fields, area.rows);
+    const std::size_t step = std::max<std::size_t>(area.rows, 2) - 1;
+    scrolledTo_ = down ? first + step : first - std::min(first, step);
+    scrolledTo_ = firstRowShown(fields, area.rows);
+}
+
+nlohmann::json Form::changes() const
+{
+    nlohmann::json changes = nlohmann::json::object();
     for (const Row& row : rows_) {
-        if (values.contains(row.field->id())) {
-            row.field->setValue(values[row.field->id()]);
+        if (nlohmann::json value = row.field->value(); value != row.beginning) {
+            changes[row.field->id()] = {{beginningName, row.beginning}, {valueName, std::move(value)}};
         }
     }
+    return changes;
+}
+
+BroughtBack Form::bringBack(const nlohmann::json& changes)
+{
+    BroughtBack result = BroughtBack::nothing;
+    for (const Row& row : rows_) {
+        const auto change = changes.find(row.field->id());
+        if (change == changes.end() || !change->is_object() || !change->contains(valueName)) {
+            continue;
+        }
+        row.field->setValue((*change)[valueName]);
+        if (row.field->value() != row.beginning) {
+            const bool isOver = change->value(beginningName, nlohmann::json()) != row.beginning;
+            result =
+                isOver || result == BroughtBack::overChanges ? BroughtBack::overChanges : BroughtBack::all;
+            isTouched_ = true;
+        }
+    }
+    return result;
 }
 
 }  // namespace quillmere::app::ui

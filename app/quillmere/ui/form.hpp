@@ -50,6 +50,13 @@ struct Unacceptable : std::runtime_error {
     std::string field;
 };
 
+/// What has come back of a draft.
+enum class BroughtBack {
+    nothing,
+    all,
+    overChanges,  ///< and stands in a field that began otherwise than it did then
+};
+
 class Form {
 public:
     explicit Form(FormSubject subject) : subject_(std::move(subject)) {}
@@ -77,19 +84,29 @@ public:
     /// Makes a field the current one.
     void moveTo(std::string_view id);
 
-    /// Shows the part of the form around the cursor.
+    /// Shows the part of the form around the cursor, or what `scroll` has brought into view.
     void draw(Canvas& canvas, const Area& area, Look look) const;
 
-    /// All values by their fields' names, and back.
-    nlohmann::json values() const;
-    void setValues(const nlohmann::json& values);
+    /// Brings what is below or above what `draw` shows in that area of a window into view; the next key that
+    /// the form takes brings the cursor back.
+    void scroll(bool down, Size window, const Area& area);
+
+    /// What was filled in here, as a draft keeps it: by the name of a field, what it began with and what it
+    /// holds now.
+    nlohmann::json changes() const;
+    /// Fills in what a draft has kept. Fields that it says nothing of stay as they are.
+    BroughtBack bringBack(const nlohmann::json& changes);
 
 private:
-    void drawFields(Canvas& canvas, const Area& area, Look look) const;
+    Area drawReminder(Canvas& canvas, const Area& area) const;
+    /// All fields, as long as they are, to be shown in an area.
+    Canvas fieldsFor(const Area& area, Charset charset, Look look) const;
+    std::size_t firstRowShown(const Canvas& fields, std::size_t shown) const;
 
     struct Row {
         std::string heading;
         std::unique_ptr<Field> field;
+        nlohmann::json beginning;
     };
 
     std::optional<std::size_t> indexOf(std::string_view id) const;
@@ -100,6 +117,7 @@ private:
     std::string nextHeading_;
     std::vector<Row> rows_;
     std::size_t current_ = 0;
+    std::optional<std::size_t> scrolledTo_;
     bool isTouched_ = false;
 };
 

@@ -9,6 +9,7 @@ namespace quillmere::app::ui {
 struct Key {
     enum class Kind {
         character,  ///< `text` is what was typed
+        paste,      ///< `text` is what was pasted: UTF-8, its lines parted by "\n"
         control,    ///< `text` is the letter that was held down with it, in lower case
         enter,
         tab,
@@ -33,6 +34,7 @@ struct Key {
 };
 
 inline Key typed(std::string text) { return {Key::Kind::character, std::move(text)}; }
+inline Key pasted(std::string text) { return {Key::Kind::paste, std::move(text)}; }
 inline Key withControl(char letter) { return {Key::Kind::control, std::string(1, letter)}; }
 
 }  // namespace quillmere::app::ui

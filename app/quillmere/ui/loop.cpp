@@ -32,6 +32,10 @@ public:
             show();
             wait();
         }
+        if (ending_ != 0) {
+            // It waits once more, should the terminal not take what gives it back (EndableWriting).
+            ::raise(ending_);
+        }
         return ending_ == SIGINT ? 0 : ending_;
     }
 
@@ -49,16 +53,19 @@ private:
     {
         std::array<pollfd, 3> sources{
             {{STDIN_FILENO, POLLIN, 0}, {signals_.descriptor(), POLLIN, 0}, {ui_.descriptor(), POLLIN, 0}}};
-        const int timeout = ui_.countsSeconds() ? millisecondsToNextSecond(clock_()) : -1;
+        const int timeout = terminal_.hasMoreKeys() ? 0
+                            : ui_.countsSeconds()   ? millisecondsToNextSecond(clock_())
+                                                    : millisecondsToNextMinute(clock_());
         const int ready = ::poll(sources.data(), sources.size(), timeout);
         if (ready < 0 && errno != EINTR) {
             throw std::system_error(errno, std::generic_category(), "poll");
         }
         takeSignals();
-        if (ready == 0 || sources[2].revents != 0) {
+        const bool hasKeys = terminal_.hasMoreKeys() || sources[0].revents != 0;
+        if ((ready == 0 && !hasKeys) || sources[2].revents != 0) {
             ui_.refresh();
         }
-        if (sources[0].revents != 0) {
+        if (hasKeys && ending_ == 0) {
             takeKeys();
         }
         // A terminal that is gone can be read without end, and says nothing.
@@ -89,8 +96,8 @@ private:
 
     void takeKeys()
     {
-        while (const std::optional<Key> key = terminal_.takeKey()) {
-            ui_.press(*key);
+        for (const Key& key : terminal_.takeKeys()) {
+            ui_.press(key);
             if (ui_.isOver()) {
                 break;
             }

@@ -2,8 +2,8 @@
 
 #include "exit_code.hpp"
 #include "text/style.hpp"
-
-#include <quillmere/records/json/utf8.hpp>
+#include "ui/endable_writing.hpp"
+#include "ui/leave_screen.hpp"
 
 // Functions, no macros, as far as there is the choice.
 #define NCURSES_NOMACROS
@@ -83,46 +83,20 @@ constexpr auto functionKeys = std::to_array<KeyRow>({
     {KEY_NPAGE, Key::Kind::pageDown},
 });
 
-constexpr auto controlKeys = std::to_array<KeyRow>({
-    {'\r', Key::Kind::enter},
-    {'\n', Key::Kind::enter},
-    {'\t', Key::Kind::tab},
-    {'\b', Key::Kind::backspace},
-    {0x7F, Key::Kind::backspace},
-    {0x1B, Key::Kind::escape},
-});
-
-template <class Rows>
-std::optional<Key> keyIn(const Rows& rows, wint_t code)
+std::optional<Key> functionKey(int code)
 {
-    for (const KeyRow& row : rows) {
-        if (static_cast<wint_t>(row.code) == code) {
+    for (const KeyRow& row : functionKeys) {
+        if (row.code == code) {
             return Key{row.kind};
         }
     }
     return std::nullopt;
 }
 
-/// The key behind a character that curses handed out.
-std::optional<Key> keyOfCharacter(wint_t code, Charset charset)
+Charset charsetOfTheLocale()
 {
-    constexpr wint_t firstPrintable = 0x20;
-    constexpr wint_t afterAscii = 0x80;
-    constexpr wint_t firstOfHighHalf = 0xA0;
-    if (const std::optional<Key> key = keyIn(controlKeys, code)) {
-        return key;
-    }
-    if (code >= 1 && code <= 26) {
-        return withControl(static_cast<char>('a' + static_cast<int>(code) - 1));
-    }
-    const bool isText =
-        code >= firstPrintable && code <= 0x10FFFF && (code < afterAscii || code >= firstOfHighHalf);
-    if (!isText || (charset == Charset::ascii && code >= afterAscii)) {
-        return std::nullopt;
-    }
-    std::string text;
-    json::appendUtf8(text, static_cast<std::uint32_t>(code));
-    return typed(std::move(text));
+    std::setlocale(LC_CTYPE, "");
+    return std::string_view(::nl_langinfo(CODESET)) == "UTF-8" ? Charset::unicode : Charset::ascii;
 }
 
 constexpr std::size_t mostCharactersOfCell = CCHARW_MAX;
@@ -173,14 +147,12 @@ bool canShowScreens()
 
 void Terminal::Delete::operator()(screen* terminal) const
 {
-    ::endwin();
+    leaveScreen();
     ::delscreen(terminal);
 }
 
-Terminal::Terminal() : charset_(Charset::ascii)
+Terminal::Terminal() : charset_(charsetOfTheLocale()), keyReader_(charset_)
 {
-    std::setlocale(LC_CTYPE, "");
-    charset_ = std::string_view(::nl_langinfo(CODESET)) == "UTF-8" ? Charset::unicode : Charset::ascii;
     if (canShowScreens()) {
         screen_.reset(::newterm(nullptr, stdout, stdin));
     }
@@ -196,7 +168,10 @@ Terminal::Terminal() : charset_(Charset::ascii)
     ::nonl();
     ::keypad(stdscr, TRUE);
     ::nodelay(stdscr, TRUE);
+    // Curses believes LINES and COLUMNS, which may be of another window.
+    adaptToSize();
     setInputModes();
+    writeToTerminal(markPastes);
     coloured_ = setUpColours();
 }
 
@@ -228,13 +203,15 @@ void Terminal::adaptToSize()
     }
 }
 
-void Terminal::giveBack() { ::endwin(); }
+void Terminal::giveBack() { leaveScreen(); }
 
 void Terminal::takeBack()
 {
     ::reset_prog_mode();
+    writeToTerminal(markPastes);
     adaptToSize();
     ::clearok(curscr, TRUE);
+    const EndableWriting writing;
     ::wrefresh(curscr);
 }
 
@@ -260,25 +237,34 @@ void Terminal::show(const Canvas& canvas)
     if (cursor) {
         ::wmove(stdscr, static_cast<int>(cursor->row), static_cast<int>(cursor->column));
     }
+    const EndableWriting writing;
     ::wrefresh(stdscr);
 }
 
 void Terminal::ringBell() { ::beep(); }
 
-std::optional<Key> Terminal::takeKey()
+std::vector<Key> Terminal::takeKeys()
 {
-    while (true) {
-        wint_t code = 0;
-        const int kind = ::wget_wch(stdscr, &code);
-        if (kind == ERR) {
-            return std::nullopt;
+    // Who types ahead or pastes still sees what happens, and signals are heard.
+    constexpr std::size_t mostKeys = 300;
+    constexpr int mostBytes = 10'000;
+    std::vector<Key> keys;
+    hasMoreKeys_ = true;
+    for (int count = 0; count < mostBytes && keys.size() < mostKeys && hasMoreKeys_; ++count) {
+        const int code = ::wgetch(stdscr);
+        if (code == ERR) {
+            hasMoreKeys_ = false;
+            keyReader_.pause();
+        } else if (code <= 0xFF) {
+            keyReader_.take(static_cast<unsigned char>(code));
+        } else if (std::optional<Key> key = functionKey(code)) {
+            keyReader_.take(*std::move(key));
         }
-        const std::optional<Key> key =
-            kind == KEY_CODE_YES ? keyIn(functionKeys, code) : keyOfCharacter(code, charset_);
-        if (key) {
-            return key;
+        while (std::optional<Key> key = keyReader_.key()) {
+            keys.push_back(*std::move(key));
         }
     }
+    return keys;
 }
 
 }  // namespace quillmere::app::ui

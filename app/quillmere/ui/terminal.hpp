@@ -2,9 +2,10 @@
 #pragma once
 
 #include "ui/canvas.hpp"
-#include "ui/key.hpp"
+#include "ui/key_reader.hpp"
 
 #include <memory>
+#include <vector>
 
 struct screen;  // of curses
 
@@ -30,8 +31,11 @@ public:
     void show(const Canvas& canvas);
     void ringBell();
 
-    /// What was pressed, without waiting; absent when nothing was. Keys that mean nothing here are left out.
-    std::optional<Key> takeKey();
+    /// What was pressed since the last call, without waiting; some hundred keys at most. Keys that mean
+    /// nothing here are left out.
+    std::vector<Key> takeKeys();
+    /// Whether the last call has left some that need not be waited for.
+    bool hasMoreKeys() const { return hasMoreKeys_; }
 
     /// Takes over a new size of the window.
     void adaptToSize();
@@ -49,6 +53,8 @@ private:
 
     std::unique_ptr<screen, Delete> screen_;
     Charset charset_;
+    KeyReader keyReader_;
+    bool hasMoreKeys_ = false;
     bool coloured_ = false;
 };
 

@@ -21,6 +21,8 @@ bool isLetter(const Key& key, std::string_view letter)
     return key.kind == Key::Kind::character && key.text == letter;
 }
 
+bool isPageKey(const Key& key) { return key.kind == Key::Kind::pageUp || key.kind == Key::Kind::pageDown; }
+
 std::string routeMessage(WidgetRoute route, WidgetRoute actual)
 {
     return "The screen " + std::string(rawValue(route)) + " is not open now; the work is at " +
@@ -38,12 +40,13 @@ Ui::Ui(Workspace workspace, Drafts drafts, std::optional<WidgetRoute> route)
         if (*route != actual) {
             say(routeMessage(*route, actual));
         }
+        drafts_.removeOld(subjectsOf(state()));
     }
 }
 
 bool Ui::countsSeconds() const
 {
-    if (!isUsable()) {
+    if (!isUsable() || files_.isBehind()) {
         return true;  // not everything that makes a file usable again can be watched
     }
     const auto timer = TimerSnapshot::derive(state(), situation().now);
@@ -54,16 +57,23 @@ bool Ui::countsSeconds() const
 void Ui::refresh()
 {
     keepDraft();
+    const bool wasUsable = isUsable();
     const std::vector<Event> recorded = files_.refresh();
     if (!isUsable()) {
         return;
     }
-    const std::optional<Glimpse> before = std::exchange(seen_, Glimpse::of(state()));
-    const std::vector<Event> events = recorded.empty() && before ? newsSince(*before, state()) : recorded;
-    if (before && *before != *seen_ && events.empty()) {
-        message_ = "The work was moved on elsewhere.";
+    if (!wasUsable) {
+        message_.clear();  // what was said of it is over
     }
-    tell(events);
+    const std::optional<Glimpse> before = std::exchange(seen_, Glimpse::of(state()));
+    // What was seen to come about before it could be recorded is not told again.
+    if (!before || *before != *seen_) {
+        const std::vector<Event> events = recorded.empty() && before ? newsSince(*before, state()) : recorded;
+        if (before && events.empty()) {
+            message_ = "The work was moved on elsewhere.";
+        }
+        tell(events);
+    }
     if (!recorded.empty()) {
         warn();
     }
@@ -92,7 +102,8 @@ void Ui::followState()
     const std::optional<FormSubject> subject = subjectFor(state());
     if (workForm_ && subject != workForm_->subject()) {
         if (workForm_->isTouched()) {
-            say("What you wrote is kept.");
+            say(drafts_.areKept() ? "What you wrote is kept." : "What you wrote could not be kept.");
+            holdKeysOf(*workForm_);
         }
         workForm_.reset();
     }
@@ -100,14 +111,18 @@ void Ui::followState()
         openForm(workForm_, *subject);
     }
     const std::vector<AgentQuestion> open = state().openQuestions();
-    chosenQuestion_ = std::min(chosenQuestion_, open.empty() ? 0 : open.size() - 1);
+    choose(std::min(chosenQuestion_, open.empty() ? 0 : open.size() - 1));
     const auto isAbout = [&](const AgentQuestion& question) {
         return sideForm_->subject() == answerTo(question);
     };
     if (sideForm_ && sideForm_->subject().kind == FormKind::answer &&
         std::none_of(open.begin(), open.end(), isAbout)) {
+        say("This question was answered elsewhere.");
+        if (sideForm_->isTouched()) {
+            say(drafts_.areKept() ? "What you wrote is kept." : "What you wrote could not be kept.");
+            holdKeysOf(*sideForm_);
+        }
         sideForm_.reset();
-        say("This question was answered elsewhere; what you wrote is kept.");
     }
     if (toConfirm_ && !isPossible(toConfirm_->step, state())) {
         toConfirm_ = nullptr;
@@ -117,8 +132,24 @@ void Ui::followState()
 void Ui::openForm(std::optional<Form>& place, const FormSubject& subject)
 {
     place.emplace(formFor(subject, state(), situation().now));
-    if (drafts_.fillIn(*place)) {
-        say("What you had written is back.");
+    switch (drafts_.fillIn(*place)) {
+        case BroughtBack::nothing: break;
+        case BroughtBack::all: say("What you had written is back."); break;
+        case BroughtBack::overChanges:
+            say("What you had written is back, also where something else was written elsewhere since.");
+            break;
+    }
+    if (!drafts_.areKept() && !std::exchange(isToldOfNoDrafts_, true)) {
+        say("Only what is saved is kept: neither XDG_STATE_HOME nor HOME names a place for drafts.");
+    }
+}
+
+void Ui::holdKeysOf(const Form& closing)
+{
+    // What is being typed into it would be commands now, or stand in another form.
+    if (&closing == form()) {
+        holdsKeys_ = true;
+        say("Esc goes on.");
     }
 }
 
@@ -132,6 +163,16 @@ Form* Ui::form()
 
 void Ui::press(const Key& key)
 {
+    if (key.kind == Key::Kind::paste && !form()) {
+        return;  // a text, no command
+    }
+    if (holdsKeys_ && isUsable() && isLargeEnough(window_)) {
+        if (key.kind == Key::Kind::escape) {
+            holdsKeys_ = false;
+            message_.clear();
+        }
+        return;
+    }
     message_.clear();
     const Action* const action = std::exchange(toConfirm_, nullptr);
     if (action && isUsable() && isLargeEnough(window_)) {
@@ -178,12 +219,25 @@ void Ui::pressOnQuestions(const Key& key)
     } else if (isLetter(key, "n")) {
         openForm(sideForm_, newQuestion());
     } else if (key.kind == Key::Kind::up && chosenQuestion_ > 0) {
-        --chosenQuestion_;
+        choose(chosenQuestion_ - 1);
     } else if (key.kind == Key::Kind::down && chosenQuestion_ + 1 < open.size()) {
-        ++chosenQuestion_;
+        choose(chosenQuestion_ + 1);
+    } else if (isPageKey(key)) {
+        const Area area = contentArea();
+        const std::size_t most = mostScrolled(window_, area, situation(), chosenQuestion_);
+        const std::size_t step = std::max<std::size_t>(area.rows, 2) - 1;
+        const std::size_t first = std::min(scrolledRows_, most);
+        scrolledRows_ =
+            key.kind == Key::Kind::pageDown ? std::min(first + step, most) : first - std::min(first, step);
     } else if (key.kind == Key::Kind::enter && !open.empty()) {
         openForm(sideForm_, answerTo(open[chosenQuestion_]));
     }
+}
+
+void Ui::choose(std::size_t question)
+{
+    scrolledRows_ = question == chosenQuestion_ ? scrolledRows_ : 0;
+    chosenQuestion_ = question;
 }
 
 void Ui::pressInForm(const Key& key)
@@ -197,6 +251,8 @@ void Ui::pressInForm(const Key& key)
     } else if (!sideForm_ && key == withControl(questionsLetter)) {
         keepDraft();
         page_ = Page::questions;
+    } else if (isPageKey(key)) {
+        form()->scroll(key.kind == Key::Kind::pageDown, window_, contentArea());
     } else {
         isDraftDue_ = form()->take(key, window_) || isDraftDue_;
     }
@@ -240,12 +296,16 @@ void Ui::save()
 bool Ui::change(const Operation& operation, std::string_view done)
 {
     std::vector<Event> events;
+    std::string outcome(done);
     try {
         events = files_.change(operation);
     } catch (const Unacceptable&) {
         throw;
     } catch (const std::bad_alloc&) {
         throw;
+    } catch (const ChangeSaved& error) {
+        events = files_.refresh();
+        outcome = error.what();
     } catch (const std::exception& error) {
         const std::string reason = failureText(error);
         // The state may have moved on, or be out of reach.
@@ -255,7 +315,7 @@ bool Ui::change(const Operation& operation, std::string_view done)
     }
     seen_ = Glimpse::of(state());
     tell(events);
-    say(done);
+    say(outcome);
     warn();
     sideForm_.reset();
     if (workForm_ && subjectFor(state()) != workForm_->subject()) {

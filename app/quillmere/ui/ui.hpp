@@ -53,6 +53,7 @@ private:
 
     void pressOnWork(const Key& key);
     void pressOnQuestions(const Key& key);
+    void choose(std::size_t question);
     void pressInForm(const Key& key);
     void perform(const Action& action);
     void save();
@@ -66,8 +67,13 @@ private:
     /// Opens, closes and keeps forms so that they are those of the state.
     void followState();
     void say(std::string_view sentence);
+    /// Where it is the form that keys go to, keeps them from what comes in its place, until the person has
+    /// seen it.
+    void holdKeysOf(const Form& closing);
 
     Frame frame() const;
+    /// The room that the frame leaves.
+    Area contentArea() const;
     std::vector<KeyHint> keys() const;
     std::string questionCount() const;
 
@@ -76,12 +82,15 @@ private:
     Size window_ = usualWindow;
     Page page_ = Page::work;
     std::size_t chosenQuestion_ = 0;
+    std::size_t scrolledRows_ = 0;  ///< of the chosen question
     std::optional<Form> workForm_;  ///< of the state
     std::optional<Form> sideForm_;  ///< of a question, over everything else
     const Action* toConfirm_ = nullptr;
     std::optional<Glimpse> seen_;
     std::string message_;
+    bool holdsKeys_ = false;
     bool isDraftDue_ = false;
+    bool isToldOfNoDrafts_ = false;
     bool bell_ = false;
     bool isOver_ = false;
 };

@@ -19,6 +19,9 @@ std::vector<KeyHint> Ui::keys() const
     if (!isUsable()) {
         return {{"q", "quit"}};
     }
+    if (holdsKeys_) {
+        return {{"Esc", "go on"}, {"^C", "quit"}};
+    }
     if (toConfirm_) {
         return {{"y", "yes"}, {"any other key", "no"}};
     }
@@ -28,12 +31,13 @@ std::vector<KeyHint> Ui::keys() const
         hints.push_back({"^S", std::string(savingFor(stepOf(*current, state())).label)});
         hints.push_back({"Tab", "next field"});
         hints.push_back(sideForm_ ? KeyHint{"Esc", "back"} : KeyHint{"^O", questions});
+        hints.push_back({"PgDn", "scroll"});
         hints.push_back({"^C", "quit"});
         return hints;
     }
     if (page_ == Page::questions) {
         if (!state().openQuestions().empty()) {
-            hints = {{"↑↓", "choose"}, {"Enter", "answer"}};
+            hints = {{"↑↓", "choose"}, {"Enter", "answer"}, {"PgDn", "scroll"}};
         }
         hints.push_back({"n", "ask one"});
         hints.push_back({"Esc", "back"});
@@ -68,6 +72,12 @@ Frame Ui::frame() const
     return frame;
 }
 
+Area Ui::contentArea() const
+{
+    Canvas canvas(window_);
+    return drawFrame(canvas, frame());
+}
+
 Canvas Ui::picture(Charset charset) const
 {
     Canvas canvas(window_, charset);
@@ -83,7 +93,7 @@ Canvas Ui::picture(Charset charset) const
     } else if (const Form* const current = form()) {
         current->draw(canvas, area, {.accent = surrounding.accent, .bold = true});
     } else if (page_ == Page::questions) {
-        drawQuestions(canvas, area, situation(), chosenQuestion_);
+        drawQuestions(canvas, area, situation(), chosenQuestion_, scrolledRows_);
     } else if (TimerSnapshot::derive(state(), situation().now)) {
         drawCountdown(canvas, area, situation());
     } else {

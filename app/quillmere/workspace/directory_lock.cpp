@@ -15,7 +15,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto longestWait = 5s;
 constexpr auto pauseBetweenTries = 10ms;
 
 /// A signal does not keep it from being opened.
@@ -44,9 +43,9 @@ bool tryLock(int descriptor)
 }
 
 /// flock(2) can wait, but not for a limited time.
-void waitForLock(int descriptor, const std::filesystem::path& directory)
+void waitForLock(int descriptor, const std::filesystem::path& directory, std::chrono::milliseconds patience)
 {
-    const auto deadline = std::chrono::steady_clock::now() + longestWait;
+    const auto deadline = std::chrono::steady_clock::now() + patience;
     while (!tryLock(descriptor)) {
         if (std::chrono::steady_clock::now() >= deadline) {
             throw ProgramError(ExitCode::lockBusy,
@@ -58,9 +57,10 @@ void waitForLock(int descriptor, const std::filesystem::path& directory)
 
 }  // namespace
 
-DirectoryLock::DirectoryLock(const std::filesystem::path& directory) : directory_(openDirectory(directory))
+DirectoryLock::DirectoryLock(const std::filesystem::path& directory, std::chrono::milliseconds patience)
+    : directory_(openDirectory(directory))
 {
-    waitForLock(directory_.get(), directory);
+    waitForLock(directory_.get(), directory, patience);
 }
 
 std::optional<DirectoryLock> DirectoryLock::tryTake(const std::filesystem::path& directory)

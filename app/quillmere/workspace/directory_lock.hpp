@@ -3,6 +3,7 @@
 
 #include "system/open_file.hpp"
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <utility>
@@ -13,9 +14,13 @@ namespace quillmere::app {
 /// the lock goes with its holder, however that ends. Readers need none.
 class DirectoryLock {
 public:
-    /// Waits for the lock, at most five seconds; throws ProgramError (`lockBusy`) then, and
+    /// How long a command waits for others to be done.
+    static constexpr std::chrono::milliseconds usualPatience{5'000};
+
+    /// Waits for the lock, but no longer than `patience`; throws ProgramError (`lockBusy`) then, and
     /// `std::system_error` when the directory cannot be locked at all.
-    explicit DirectoryLock(const std::filesystem::path& directory);
+    explicit DirectoryLock(const std::filesystem::path& directory,
+                           std::chrono::milliseconds patience = usualPatience);
 
     /// Takes the lock without waiting; absent when somebody else holds it. Throws `std::system_error` when
     /// the directory cannot be locked at all.

@@ -13,7 +13,7 @@ OpenWorkspace::OpenWorkspace(Workspace workspace)
 {
 }
 
-std::vector<Event> OpenWorkspace::refresh()
+std::vector<Event> OpenWorkspace::refresh(std::chrono::milliseconds patience)
 {
     isStale_ = watch_.takeChanges() || isStale_;
     if (isStale_) {
@@ -24,16 +24,16 @@ std::vector<Event> OpenWorkspace::refresh()
         isStale_ = !catchUp(situation_.state, situation_.now).empty();
     }
     // What is due has come about in memory only: the files may have been changed meanwhile.
-    return isStale_ ? change(nullptr) : std::exchange(recorded_, {});
+    return isStale_ ? change(nullptr, patience) : std::exchange(recorded_, {});
 }
 
-std::vector<Event> OpenWorkspace::change(const Operation& operation)
+std::vector<Event> OpenWorkspace::change(const Operation& operation, std::chrono::milliseconds patience)
 {
     const auto record = [this](const std::vector<Event>& events) {
         recorded_.insert(recorded_.end(), events.begin(), events.end());
     };
     isStale_ = true;
-    situation_ = workspace_.change(record, operation);
+    situation_ = workspace_.change(record, operation, patience);
     situation_.events.clear();
     isStale_ = false;
     return std::exchange(recorded_, {});

@@ -25,12 +25,14 @@ public:
     /// Brings the situation up to the present; to be called once a second and whenever the descriptor is
     /// readable. Costs next to nothing when nothing has changed. Returns what came about by itself and was
     /// recorded by this call. Throws what reading and saving throw; the situation is then the last one that
-    /// could be had, and the next call tries again.
-    std::vector<Event> refresh();
+    /// could be had, and the next call tries again. Waits for the lock no longer than `patience`; without it
+    /// the situation is that of the present all the same, but not recorded.
+    std::vector<Event> refresh(std::chrono::milliseconds patience = DirectoryLock::usualPatience);
 
     /// Applies an operation of the person to the files as they are now (Workspace::change). Returns as
     /// `refresh` does; when the operation is refused, the next call returns what came about before it.
-    std::vector<Event> change(const Operation& operation);
+    std::vector<Event> change(const Operation& operation,
+                              std::chrono::milliseconds patience = DirectoryLock::usualPatience);
 
 private:
     Workspace workspace_;

@@ -192,15 +192,15 @@ std::string Workspace::keepVersion(Instant savedAt) const
     }
 }
 
-DirectoryLock Workspace::lock() const
+DirectoryLock Workspace::lock(std::chrono::milliseconds patience) const
 {
     constexpr mode_t ownerOnly = 0700;
     FileManager::standard().createDirectory(directory(), ownerOnly);
-    return DirectoryLock(directory());
+    return DirectoryLock(directory(), patience);
 }
 
 Situation Workspace::change(const std::function<void(const std::vector<Event>&)>& report,
-                            const Operation& operation) const
+                            const Operation& operation, std::chrono::milliseconds patience) const
 {
     const FileManager& fileManager = FileManager::standard();
     const auto apply = [&](Situation& situation) {
@@ -215,7 +215,7 @@ Situation Workspace::change(const std::function<void(const std::vector<Event>&)>
         }
         apply(first);
     }
-    const DirectoryLock held = lock();
+    const DirectoryLock held = lock(patience);
     QuillmereState saved = states_.load();
     const Instant savedAt = saved.updatedAt;
     Situation situation = caughtUp(std::move(saved));
@@ -230,7 +230,11 @@ Situation Workspace::change(const std::function<void(const std::vector<Event>&)>
         if (!cameAbout) {
             situation.warning = keepVersion(savedAt);
         }
-        save(situation.state, situation.now, "The change itself is saved");
+        try {
+            save(situation.state, situation.now, "The change itself is saved");
+        } catch (const ProgramError& error) {
+            throw ChangeSaved(error.code(), error.what());
+        }
     } else if (!cameAbout && fileManager.fileExists(states_.stateURL()) &&
                !summariesAgreeWith(situation.state)) {
         // Not before the last change, also by a clock that was set back: that would be out of date.

@@ -1,6 +1,7 @@
 // The three files of one person, and the order in which a run touches them.
 #pragma once
 
+#include "exit_code.hpp"
 #include "workspace/catching_up.hpp"
 #include "workspace/directory_lock.hpp"
 #include "workspace/versions.hpp"
@@ -27,6 +28,12 @@ struct Situation {
 
 /// What is done to a state; a throw means that it is not done.
 using Operation = std::function<void(QuillmereState&, Instant now)>;
+
+/// What was to be done is done and saved, though not everything that follows from it.
+class ChangeSaved : public ProgramError {
+public:
+    using ProgramError::ProgramError;
+};
 
 class Workspace {
 public:
@@ -59,9 +66,10 @@ public:
     /// directory is made. Without one, saves again when a summary is not that of the state, as a run
     /// that was killed leaves it. A file that cannot be loaded, or that the engine could not live with,
     /// is never saved over. The state before is kept as a version; where that fails, the situation has a
-    /// warning. Throws ProgramError (`fileError`) when the state was saved and a summary was not.
-    Situation change(const std::function<void(const std::vector<Event>&)>& report,
-                     const Operation& operation) const;
+    /// warning. Throws ProgramError (`fileError`) when the state was saved and a summary was not, of the
+    /// type ChangeSaved when that was the operation's. Waits for the lock no longer than `patience`.
+    Situation change(const std::function<void(const std::vector<Event>&)>& report, const Operation& operation,
+                     std::chrono::milliseconds patience = DirectoryLock::usualPatience) const;
 
     /// Under the lock: puts a version in the place of the state, whatever that is now; even what cannot be
     /// read is kept as a version first. Throws, and changes nothing, when either version cannot be had
@@ -80,7 +88,7 @@ private:
     /// A state as it was read, screened and brought up to the present.
     Situation caughtUp(QuillmereState state) const;
     /// Makes the directory, where it is missing, and takes its lock.
-    DirectoryLock lock() const;
+    DirectoryLock lock(std::chrono::milliseconds patience = DirectoryLock::usualPatience) const;
     /// Keeps the state file; says what went wrong, if anything did.
     std::string keepVersion(Instant savedAt) const;
     /// Where the widget's summary is; absent while nobody has made the shared container.

@@ -18,5 +18,11 @@ TEST(NextSecond, isRoundedUpSoThatTheSecondHasCome)
     EXPECT_EQ(app::millisecondsToNextSecond(moment + 0.2505), 750);
 }
 
+TEST(NextMinute, isNeverNowAndAtMostAMinuteAway)
+{
+    EXPECT_EQ(app::millisecondsToNextMinute(moment), 60'000);
+    EXPECT_EQ(app::millisecondsToNextMinute(moment + 59.75), 250);
+}
+
 }  // namespace
 }  // namespace quillmere::test

@@ -55,6 +55,13 @@ TEST(Canvas, keepsMarksWithTheirCharacter)
     EXPECT_EQ(canvas.cell({0, 2}).text, "\u65E5\u0301");
 }
 
+TEST(Canvas, leavesOutWhatJoinsCharacters)
+{
+    Canvas canvas({1, 12});
+    EXPECT_EQ(canvas.write({0, 0}, "\U0001F468\u200D\U0001F469\u2764\uFE0F\u200Bz"), 6U);
+    EXPECT_EQ(canvas.rowText(0), "\U0001F468\U0001F469\u2764z");
+}
+
 TEST(Canvas, makesTextsInert)
 {
     Canvas canvas({1, 20});

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include "program_testing.hpp"
+#include "ui/fields/text_field.hpp"
 #include "ui/forms/forms.hpp"
 #include "ui/ui_testing.hpp"
 
@@ -31,15 +32,48 @@ TEST_F(DraftsOfAPerson, bringBackWhatWasWritten)
 {
     drafts.keep(halfWritten());
     Form form = fresh();
-    EXPECT_TRUE(drafts.fillIn(form));
-    EXPECT_EQ(form.values(), halfWritten().values());
+    EXPECT_EQ(drafts.fillIn(form), BroughtBack::all);
+    EXPECT_EQ(form.text("output"), "Two chapters\nand \"notes\"");
+    EXPECT_EQ(form.changes(), halfWritten().changes());
 }
 
 TEST_F(DraftsOfAPerson, bringNothingIntoAnotherForm)
 {
     drafts.keep(halfWritten());
     Form other({FormKind::reflection, identifier(99).text()});
-    EXPECT_FALSE(drafts.fillIn(other));
+    EXPECT_EQ(drafts.fillIn(other), BroughtBack::nothing);
+}
+
+TEST_F(DraftsOfAPerson, areForgottenWhenNothingOfThemIsLeft)
+{
+    Form form = halfWritten();
+    drafts.keep(form);
+    form.take(withControl('u'), usualWindow);
+    drafts.keep(form);
+    EXPECT_EQ(namesIn(directory), Words{});
+}
+
+TEST_F(DraftsOfAPerson, areRemovedAfterThirtyDaysWhenTheirSubjectIsGone)
+{
+    const FormSubject gone{FormKind::plan, "gone"};
+    const auto keepsOn = [&](const FormSubject& subject, int daysAgo) {
+        Form form(subject);
+        form.add(std::make_unique<TextField>("text", "Text?", "", TextField::Lines::one));
+        form.take(typed("x"), usualWindow);
+        drafts.keep(form);
+        const auto now = std::filesystem::file_time_type::clock::now();
+        std::filesystem::last_write_time(
+            directory / ("draft-" + std::string(rawValue(subject.kind)) + "-" + subject.name + ".json"),
+            now - std::chrono::hours(24 * daysAgo));
+    };
+    keepsOn(gone, 31);
+    keepsOn({FormKind::review, "young"}, 29);
+    keepsOn({FormKind::review, "current"}, 99);
+    writeText(directory / "other.json", "{}");
+    std::filesystem::last_write_time(directory / "other.json", std::filesystem::file_time_type::min());
+    drafts.removeOld({{FormKind::review, "current"}});
+    EXPECT_EQ(namesIn(directory),
+              (Words{"draft-review-current.json", "draft-review-young.json", "other.json"}));
 }
 
 TEST_F(DraftsOfAPerson, areForgotten)
@@ -63,11 +97,12 @@ TEST_F(DraftsOfAPerson, areOneFileAFormForItsOwnerOnly)
 TEST_F(DraftsOfAPerson, areNoneWhenTheyCannotBeRead)
 {
     drafts.keep(halfWritten());
-    for (const char* broken : {"", "{", "[]", "{\"output\": 7}", "\xFF"}) {
+    for (const char* broken :
+         {"", "{", "[]", "{\"output\": 7}", "{\"output\": {}}", "{\"output\": {\"value\": 7}}", "\xFF"}) {
         writeText(directory / namesIn(directory).front(), broken);
         Form form = fresh();
-        drafts.fillIn(form);
-        EXPECT_EQ(form.values(), fresh().values()) << broken;
+        EXPECT_EQ(drafts.fillIn(form), BroughtBack::nothing) << broken;
+        EXPECT_TRUE(form.changes().empty()) << broken;
     }
 }
 
@@ -87,7 +122,9 @@ TEST(Drafts, areNowhereWithoutADirectory)
     Form form({FormKind::question, "new"});
     drafts.keep(form);
     drafts.forget(form.subject());
-    EXPECT_FALSE(drafts.fillIn(form));
+    drafts.removeOld({});
+    EXPECT_FALSE(drafts.areKept());
+    EXPECT_EQ(drafts.fillIn(form), BroughtBack::nothing);
 }
 
 }  // namespace

@@ -1,5 +1,11 @@
 // The real program on a real terminal.
+#include <poll.h>
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -54,7 +60,7 @@ TEST_F(LiveScreen, takesAPersonThroughAWholeBlock)
     window.presses("p");
     ASSERT_TRUE(window.shows("^S begin now"));
     window.types("Chapter");
-    window.presses("PageDown Up C-u");
+    window.presses("BTab BTab C-u");
     window.types("1");
     window.presses("C-s");
     ASSERT_TRUE(window.shows("^S start focus"));
@@ -154,9 +160,47 @@ TEST_F(LiveScreen, keepsAHalfWrittenFormThroughResizingStoppingAndKilling)
     EXPECT_TRUE(window.shows("Half a plan"));
 }
 
+TEST_F(LiveScreen, takesWhatIsPastedAsTextAndNotAsCommands)
+{
+    isFocusing();
+    const TerminalWindow window(person);
+    window.runs("$Q ui");
+    ASSERT_TRUE(window.shows("p pause"));
+    window.pastes("pey q\npey");
+    window.presses("a n");
+    ASSERT_TRUE(window.shows("What is to be asked?"));
+    window.pastes("First line\nSecond: \u65E5\u672C");
+    EXPECT_TRUE(window.shows("Second: \u65E5\u672C"));
+    window.presses("C-s");
+    ASSERT_TRUE(TerminalWindow::waitUntil([&] { return person.state().agentQuestions.size() == 1; }));
+    EXPECT_EQ(person.state().agentQuestions[0].question, "First line\nSecond: \u65E5\u672C");
+    EXPECT_FALSE(person.state().interruptible());
+    EXPECT_EQ(person.state().workflowState, WorkflowState::focusing);
+}
+
+TEST_F(LiveScreen, leavesOutSequencesItDoesNotKnowAndKeepsCharactersThatComeInPieces)
+{
+    ASSERT_EQ(elsewhere({"plan", "--outcome", "Chapter", "--start"}), 0);
+    const TerminalWindow window(person, {{"TERM", "screen"}});
+    window.runs("$Q ui");
+    ASSERT_TRUE(window.shows("^S start focus"));
+    window.sends("61 c3");
+    ASSERT_TRUE(window.shows("bring about?   a"));
+    window.sends("a9 62");
+    window.sends("1b 5b 31 3b 35 44 63 ff 64");
+    EXPECT_TRUE(
+        window.shows("bring about?   a\u00E9bc\uFFFD"
+                     "d"));
+}
+
 /// How the shell's terminal is set.
 std::string settingsOf(const TerminalWindow& window)
 {
+    // Marks around what is pasted would be seen as "^[[200~".
+    window.pastes("echo past''ed");
+    window.presses("Enter");
+    EXPECT_TRUE(window.shows("\npasted"));
+    EXPECT_EQ(window.screen().find("200~"), std::string::npos);
     const TemporaryDirectory directory;
     const std::string file = (directory.path() / "settings").string();
     window.runs("stty -g >" + file + ".new; mv " + file + ".new " + file);
@@ -204,6 +248,88 @@ TEST_F(LiveScreen, needsNothingButAsciiOnAPlainTerminal)
     EXPECT_EQ(std::count_if(screen.begin(), screen.end(),
                             [](char character) { return static_cast<unsigned char>(character) >= 0x80; }),
               0);
+}
+
+TEST_F(LiveScreen, leavesARowToThePromptWhereThereIsNoSecondScreen)
+{
+    const TerminalWindow window(person, {{"LC_ALL", "C"}, {"TERM", "vt100"}});
+    window.runs("$Q ui");
+    ASSERT_TRUE(window.shows("q quit"));
+    window.presses("q");
+    EXPECT_TRUE(window.shows("\nready>\n"));
+    EXPECT_TRUE(window.showsNoMore("q quit"));
+}
+
+TEST_F(LiveScreen, isAsLargeAsTheWindowWhateverTheEnvironmentSays)
+{
+    ASSERT_EQ(elsewhere({"plan", "--start"}), 0);
+    const TerminalWindow window(person, {{"COLUMNS", "40"}, {"LINES", "12"}});
+    window.runs("$Q ui");
+    EXPECT_TRUE(window.shows("What should this session bring about?   \u00B7"));
+}
+
+/// The program on a terminal that nobody reads from.
+class StuckProgram {
+public:
+    explicit StuckProgram(const Person& person)
+    {
+        const std::string directory = person.directory().string();
+        const std::string stateHome = "XDG_STATE_HOME=" + person.stateHome().string();
+        const winsize window{.ws_row = 300, .ws_col = 900, .ws_xpixel = 0, .ws_ypixel = 0};
+        process_ = ::forkpty(&screen_, nullptr, nullptr, &window);
+        if (process_ == 0) {
+            ::execle(QUILLMERE_PROGRAM, "quillmere", "--directory", directory.c_str(), nullptr,
+                     std::to_array<const char*>({"TERM=xterm", "LC_ALL=C.UTF-8", stateHome.c_str(), nullptr})
+                         .data());
+            ::_exit(127);
+        }
+    }
+    StuckProgram(const StuckProgram&) = delete;
+    StuckProgram& operator=(const StuckProgram&) = delete;
+    ~StuckProgram()
+    {
+        if (process_ > 0) {
+            ::kill(process_, SIGKILL);
+            ::waitpid(process_, nullptr, 0);
+        }
+        ::close(screen_);
+    }
+
+    bool hasBegunToDraw() const
+    {
+        pollfd source{screen_, POLLIN, 0};
+        return ::poll(&source, 1, 0) == 1;
+    }
+    void get(int signal) const { ::kill(process_, signal); }
+    /// Whether it has ended by that signal.
+    bool endsBy(int signal)
+    {
+        int status = 0;
+        const bool hasEnded =
+            TerminalWindow::waitUntil([&] { return ::waitpid(process_, &status, WNOHANG) == process_; });
+        process_ = hasEnded ? -1 : process_;
+        return hasEnded && WIFSIGNALED(status) && WTERMSIG(status) == signal;
+    }
+
+private:
+    int screen_ = -1;
+    pid_t process_ = -1;
+};
+
+TEST_F(LiveScreen, canBeEndedWhileTheTerminalDoesNotRead)
+{
+    QuillmereState state = stateIn(WorkflowState::blockPlanning);
+    state.currentBlock = stateWithScheduledBlock().currentBlock;
+    for (int number = 0; number < 50'000; ++number) {
+        state.currentBlock->contextNotes += " " + std::to_string(number);
+    }
+    person.has(state);
+    for (const int signal : {SIGTERM, SIGHUP}) {
+        StuckProgram program(person);
+        ASSERT_TRUE(TerminalWindow::waitUntil([&] { return program.hasBegunToDraw(); }));
+        program.get(signal);
+        EXPECT_TRUE(program.endsBy(signal));
+    }
 }
 
 TEST_F(LiveScreen, hasNoColourAgainstThePersonsWill)

@@ -78,6 +78,14 @@ void TerminalWindow::types(const std::string& text) const { tmux("send-keys -l -
 
 void TerminalWindow::presses(const std::string& keys) const { tmux("send-keys " + keys); }
 
+void TerminalWindow::sends(const std::string& bytes) const { tmux("send-keys -H " + bytes); }
+
+void TerminalWindow::pastes(const std::string& text) const
+{
+    tmux("set-buffer -- " + shellWord(text));
+    tmux("paste-buffer -p");
+}
+
 void TerminalWindow::runs(const std::string& line) const
 {
     types(line);

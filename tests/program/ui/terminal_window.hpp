@@ -24,6 +24,10 @@ public:
     void types(const std::string& text) const;
     /// Presses keys by tmux's names: "Enter C-s".
     void presses(const std::string& keys) const;
+    /// Sends bytes, each two hexadecimal digits: "c3 a9".
+    void sends(const std::string& bytes) const;
+    /// Pastes a text, with marks around it where the program has asked for them.
+    void pastes(const std::string& text) const;
     /// Types a command line and sends it off.
     void runs(const std::string& line) const;
     void resize(int columns, int rows) const;

@@ -1,10 +1,12 @@
 // The live screen without its terminal: keys in, pictures out.
 #include "ui/ui.hpp"
 
+#include <quillmere/engine/workflow_error.hpp>
+
+#include <chrono>
+
 #include "program_testing.hpp"
 #include "ui/ui_testing.hpp"
-
-#include <quillmere/engine/workflow_error.hpp>
 
 namespace quillmere::test {
 namespace {
@@ -222,6 +224,63 @@ TEST_F(UiOfAPerson, answersAQuestionFromAnyScreen)
     }
 }
 
+/// A question of about two thousand characters, in numbered words.
+std::string longQuestion()
+{
+    std::string text = "word-1";
+    for (int number = 2; number <= 200; ++number) {
+        text += (number % 40 == 0 ? "\n" : " ") + std::string("word-") + std::to_string(number);
+    }
+    return text + " end";
+}
+
+TEST_F(UiOfAPerson, readsALongQuestionToItsEnd)
+{
+    for (const Size window : {usualWindow, smallWindow}) {
+        QuillmereState state = stateIn(WorkflowState::focusing);
+        state.agentQuestions = {{.id = identifier(50),
+                                 .question = longQuestion(),
+                                 .createdAt = moment,
+                                 .answer = std::nullopt,
+                                 .answeredAt = std::nullopt}};
+        opens(state);
+        ui->resize(window);
+        presses("a");
+        EXPECT_TRUE(shows("PgDn scroll"));
+        EXPECT_TRUE(shows("word-1 "));
+        EXPECT_TRUE(shows("↓\n"));
+        std::string seen = ui->picture(Charset::unicode).text();
+        const auto reads = [&](const Key& key) {
+            for (int times = 0; times < 30; ++times) {
+                presses(key);
+                seen += ui->picture(Charset::unicode).text();
+            }
+        };
+        const auto hasSeenAll = [&] {
+            for (int number = 1; number <= 200; ++number) {
+                EXPECT_NE(seen.find("word-" + std::to_string(number)), std::string::npos) << number;
+            }
+        };
+        reads(pageDown);
+        hasSeenAll();
+        EXPECT_TRUE(shows("asked"));
+        EXPECT_TRUE(shows("↑"));
+        EXPECT_FALSE(shows("↓\n"));
+        presses(pageUp);
+        EXPECT_FALSE(shows("asked "));
+        presses(enter);
+        EXPECT_TRUE(shows("PgDn scroll"));
+        seen.clear();
+        reads(pageUp);
+        EXPECT_TRUE(shows("word-1 "));
+        reads(pageDown);
+        hasSeenAll();
+        presses("x");
+        EXPECT_TRUE(shows("x"));
+        EXPECT_EQ(person.state(), state);
+    }
+}
+
 TEST_F(UiOfAPerson, asksAQuestion)
 {
     opens();
@@ -242,6 +301,20 @@ TEST_F(UiOfAPerson, losesTheAnswerFormWhenSomebodyElseAnswers)
     ui->refresh();
     EXPECT_TRUE(shows("answered elsewhere"));
     EXPECT_TRUE(shows("No question waits"));
+}
+
+TEST_F(UiOfAPerson, givesNoCommandsByPasting)
+{
+    opens(stateIn(WorkflowState::focusing));
+    presses(pasted("Hey, see you there"));
+    EXPECT_EQ(person.state(), stateIn(WorkflowState::focusing));
+    presses("e");
+    presses(pasted("yes"));
+    EXPECT_TRUE(shows("End the session before its time?"));
+    EXPECT_FALSE(ui->isOver());
+    opens(stateIn(WorkflowState::sessionPlanning));
+    presses(pasted("Hey, see\nyou there"));
+    EXPECT_TRUE(shows("Hey, see you there"));
 }
 
 TEST_F(UiOfAPerson, findsADraftAgain)
@@ -269,6 +342,216 @@ TEST_F(UiOfAPerson, keepsTheDraftWhenTheWorkMovesOnElsewhere)
     person.has(stateIn(WorkflowState::sessionPlanning));
     ui->refresh();
     EXPECT_TRUE(shows("Half a plan"));
+}
+
+TEST_F(UiOfAPerson, findsOnlyTheFieldsTheyChangedInADraft)
+{
+    opens(stateWithScheduledBlock());
+    presses("e");
+    presses(Key{Key::Kind::tab});
+    presses("Mine. ");
+    QuillmereState state = person.state();
+    state.currentBlock->hazards = "Theirs";
+    opens(state);
+    EXPECT_TRUE(shows("nearMine."));
+    EXPECT_TRUE(shows("Theirs"));
+    EXPECT_TRUE(shows("What you had written is back."));
+    presses(save);
+    EXPECT_EQ(person.state().currentBlock->hazards, "Theirs");
+}
+
+TEST_F(UiOfAPerson, findsADraftOfANewBlockAgainAsTheirsAlone)
+{
+    opens();
+    presses("pChapter\nNotes");
+    opens();
+    EXPECT_TRUE(shows("What you had written is back."));
+    EXPECT_TRUE(shows("Notes"));
+    presses(save);
+    ASSERT_EQ(person.state().currentBlock->outcomes.size(), 2U);
+}
+
+TEST_F(UiOfAPerson, isToldThatADraftStandsOverWhatOthersWrote)
+{
+    opens(stateWithScheduledBlock());
+    presses("e");
+    presses(Key{Key::Kind::tab});
+    presses("Mine. ");
+    QuillmereState state = person.state();
+    state.currentBlock->whyValue = "Theirs";
+    opens(state);
+    EXPECT_TRUE(shows("nearMine."));
+    EXPECT_FALSE(shows("Theirs"));
+    EXPECT_TRUE(shows("also where something else was written"));
+}
+
+TEST_F(UiOfAPerson, givesNoCommandsByTypingOnInAFormThatIsGone)
+{
+    opens(stateIn(WorkflowState::sessionReview));
+    presses(Key{Key::Kind::tab});
+    presses("The chapter ");
+    ASSERT_EQ(person.types({"review", "--completion", "Yes", "--next-outcome", "Next"}).code, ExitCode::done);
+    ui->refresh();
+    const QuillmereState state = person.state();
+    EXPECT_TRUE(shows("What you wrote is kept. Esc goes on."));
+    EXPECT_TRUE(shows("Esc go on"));
+    presses("is finished\nes");
+    EXPECT_EQ(person.state(), state);
+    EXPECT_TRUE(shows("What you wrote is kept. Esc goes on."));
+    presses(escape);
+    EXPECT_FALSE(shows("go on"));
+    presses("s");
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionPlanning);
+}
+
+TEST_F(UiOfAPerson, typesOnInNoOtherForm)
+{
+    opens(stateIn(WorkflowState::blockPlanning));
+    presses("The chapter ");
+    ASSERT_EQ(person.types({"plan", "--outcome", "Theirs", "--start"}).code, ExitCode::done);
+    ui->refresh();
+    presses("goes on");
+    EXPECT_FALSE(shows("goes on\n"));
+    presses(escape);
+    presses("Headings");
+    EXPECT_TRUE(shows("   Headings"));
+}
+
+TEST_F(UiOfAPerson, goesOnAtOnceWhereNothingWasWritten)
+{
+    opens(stateIn(WorkflowState::sessionReview));
+    ASSERT_EQ(person.types({"review", "--completion", "Yes", "--next-outcome", "Next"}).code, ExitCode::done);
+    ui->refresh();
+    presses("s");
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionPlanning);
+}
+
+TEST_F(UiOfAPerson, doesNothingTwiceWhenOnlyASummaryFails)
+{
+    opens(stateIn(WorkflowState::focusing));
+    std::filesystem::remove(person.directory() / "widget-snapshot.json");
+    std::filesystem::create_directories(person.directory() / "widget-snapshot.json" / "in the way");
+    presses("anAsk me once");
+    presses(save);
+    EXPECT_TRUE(shows("The change itself is saved"));
+    EXPECT_TRUE(shows("Ask me once"));
+    EXPECT_FALSE(shows("^S"));
+    EXPECT_EQ(namesIn(person.stateHome()), Words{});
+    presses(save);
+    EXPECT_EQ(person.state().agentQuestions.size(), 1U);
+}
+
+TEST_F(UiOfAPerson, seesTheTimeGoOnWhileAnotherProgramIsAtWork)
+{
+    opens(stateIn(WorkflowState::focusing));
+    {
+        const app::DirectoryLock others(person.directory());
+        waits(60);
+        EXPECT_TRUE(shows("Session 1 of 3"));
+        waits(1'440);
+        EXPECT_TRUE(shows("The focus session ended at 15:25."));
+        EXPECT_TRUE(shows("Was it completed?"));
+        EXPECT_TRUE(ui->takeBell());
+        EXPECT_TRUE(ui->countsSeconds());
+        EXPECT_EQ(person.state(), stateIn(WorkflowState::focusing));
+        presses("y");
+        presses(save);
+        EXPECT_TRUE(shows("Another program is at work"));
+        EXPECT_TRUE(shows("^S"));
+        EXPECT_FALSE(shows("cannot be used"));
+    }
+    waits(1);
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
+    EXPECT_EQ(person.state().currentSession()->endedAt, moment + 1'500);
+    EXPECT_FALSE(ui->takeBell());
+    EXPECT_FALSE(ui->countsSeconds());
+    presses(save);
+    EXPECT_EQ(person.state().workflowState, WorkflowState::breaking);
+}
+
+TEST_F(UiOfAPerson, doesNotWaitForAnotherProgramToLook)
+{
+    opens(stateIn(WorkflowState::focusing));
+    const app::DirectoryLock others(person.directory());
+    waits(1'500);
+    const auto begin = std::chrono::steady_clock::now();
+    for (int times = 0; times < 10; ++times) {
+        ui->refresh();
+    }
+    // One command alone would wait for a tenth of the time that waiting each time takes.
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, 5 * app::DirectoryLock::usualPatience);
+}
+
+TEST_F(UiOfAPerson, hearsNothingOfAnEndThatLiesBeforeTheExtension)
+{
+    opens(stateIn(WorkflowState::breaking));
+    waits(1'200);
+    EXPECT_TRUE(shows("The break was over at 15:05."));
+    ASSERT_TRUE(ui->takeBell());
+    presses("e");
+    EXPECT_TRUE(shows("The break is longer now, and still over."));
+    waits(1);
+    EXPECT_FALSE(ui->takeBell());
+    EXPECT_TRUE(shows("The break is longer now, and still over."));
+    presses("eeee");
+    EXPECT_TRUE(shows("The break is longer now."));
+    EXPECT_FALSE(shows("still over"));
+    waits(1'000);
+    EXPECT_TRUE(ui->takeBell());
+}
+
+TEST_F(UiOfAPerson, seesWhatWasTodayAsYesterdayAfterMidnight)
+{
+    QuillmereState state = stateIn(WorkflowState::idle);
+    state.agentQuestions = {{.id = identifier(50),
+                             .question = "Which build?",
+                             .createdAt = moment,
+                             .answer = std::nullopt,
+                             .answeredAt = std::nullopt}};
+    opens(state);
+    presses("a");
+    EXPECT_TRUE(shows("asked 15:00"));
+    waits(86'400);
+    EXPECT_FALSE(shows("asked 15:00"));
+}
+
+TEST_F(UiOfAPerson, isToldOnceWhereNoDraftsAreKept)
+{
+    person.has(stateIn(WorkflowState::sessionPlanning));
+    ui = std::make_unique<Ui>(app::Workspace::in(person.directory(), [this] { return person.now; }),
+                              Drafts({}), std::nullopt);
+    EXPECT_TRUE(shows("Only what is saved is kept"));
+    presses("x");
+    presses(withControl('o'));
+    presses("n");
+    EXPECT_FALSE(shows("Only what is saved is kept"));
+    presses(escape);
+    presses(escape);
+    ASSERT_EQ(person.types({"focus", "--outcome", "Another"}).code, ExitCode::done);
+    ui->refresh();
+    EXPECT_TRUE(shows("What you wrote could not be kept."));
+}
+
+TEST_F(UiOfAPerson, seesNoMoreOfATroubleThatIsOver)
+{
+    opens(stateIn(WorkflowState::focusing));
+    const std::string text = textOf(person.store().stateURL());
+    writeText(person.store().stateURL(), "spoilt");
+    presses("p");
+    EXPECT_TRUE(shows("The state cannot be used"));
+    writeText(person.store().stateURL(), text);
+    ui->refresh();
+    EXPECT_TRUE(shows("Session 1 of 3"));
+    EXPECT_FALSE(shows("cannot be used"));
+}
+
+TEST_F(UiOfAPerson, isOfferedNothingForABlockThatIsNotScheduled)
+{
+    QuillmereState state = stateWithScheduledBlock();
+    state.currentBlock->plannedStart.reset();
+    opens(state);
+    EXPECT_FALSE(shows("cancel it"));
+    EXPECT_FALSE(shows("edit it"));
 }
 
 TEST_F(UiOfAPerson, keepsAHalfWrittenFormThroughAnyOtherChange)

@@ -26,4 +26,7 @@ inline constexpr std::size_t roomy = 80;
 inline constexpr app::ui::Size usualWindow{.rows = 24, .columns = 80};
 inline constexpr app::ui::Size smallWindow{.rows = 12, .columns = 40};
 
+inline const Key pageUp{Key::Kind::pageUp};
+inline const Key pageDown{Key::Kind::pageDown};
+
 }  // namespace quillmere::test

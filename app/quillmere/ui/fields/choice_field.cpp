@@ -34,6 +34,16 @@ void ChoiceField::choose(const std::string& key)
     }
 }
 
+void ChoiceField::chooseByLetter(char letter)
+{
+    for (std::size_t index = 0; index < options_.size(); ++index) {
+        if (!options_[index].text.empty() && sameLetter(options_[index].text[0], letter)) {
+            chosen_ = index;
+            return;
+        }
+    }
+}
+
 bool ChoiceField::step(bool forward)
 {
     const bool isAtEnd = chosen_ && (forward ? *chosen_ + 1 == options_.size() : *chosen_ == 0);
@@ -43,23 +53,22 @@ bool ChoiceField::step(bool forward)
     return !isAtEnd;
 }
 
-bool ChoiceField::take(const Key& key, std::size_t)
+Effect ChoiceField::take(const Key& key, std::size_t)
 {
+    const std::optional<std::size_t> before = chosen_;
     switch (key.kind) {
-        case Key::Kind::left: step(false); return true;
-        case Key::Kind::right: step(true); return true;
-        case Key::Kind::up: return direction_ == Direction::down && step(false);
-        case Key::Kind::down: return direction_ == Direction::down && step(true);
-        case Key::Kind::character:
-            for (std::size_t index = 0; index < options_.size(); ++index) {
-                if (!options_[index].text.empty() && sameLetter(options_[index].text[0], key.text[0])) {
-                    chosen_ = index;
-                    break;
-                }
+        case Key::Kind::left: step(false); break;
+        case Key::Kind::right: step(true); break;
+        case Key::Kind::up:
+        case Key::Kind::down:
+            if (direction_ != Direction::down || !step(key.kind == Key::Kind::down)) {
+                return Effect::notForIt;
             }
-            return true;
-        default: return false;
+            break;
+        case Key::Kind::character: chooseByLetter(key.text[0]); break;
+        default: return Effect::notForIt;
     }
+    return chosen_ == before ? Effect::unchanged : Effect::changed;
 }
 
 std::size_t ChoiceField::rows(std::size_t) const

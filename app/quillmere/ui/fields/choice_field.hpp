@@ -23,7 +23,7 @@ public:
     ChoiceField(std::string id, std::string question, std::vector<Option> options,
                 const std::string& chosenKey, Direction direction = Direction::across);
 
-    bool take(const Key& key, std::size_t columns) override;
+    Effect take(const Key& key, std::size_t columns) override;
     std::size_t rows(std::size_t columns) const override;
     void draw(Canvas& canvas, const Area& area, bool isCurrent, Look look) const override;
     nlohmann::json value() const override { return chosen_ ? options_[*chosen_].key : std::string(); }
@@ -31,6 +31,7 @@ public:
 
 private:
     void choose(const std::string& key);
+    void chooseByLetter(char letter);
     bool step(bool forward);
 
     std::vector<Option> options_;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ui/canvas.hpp"
+#include "ui/fields/effect.hpp"
 #include "ui/key.hpp"
 
 #include <nlohmann/json.hpp>
@@ -23,8 +24,8 @@ public:
     /// What the person is asked.
     const std::string& question() const { return question_; }
 
-    /// Whether the key was for this field, which is `columns` wide.
-    virtual bool take(const Key& key, std::size_t columns) = 0;
+    /// Takes a key, if it is for this field, which is `columns` wide.
+    virtual Effect take(const Key& key, std::size_t columns) = 0;
 
     /// The rows that it takes.
     virtual std::size_t rows(std::size_t columns) const = 0;

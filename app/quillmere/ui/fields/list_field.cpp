@@ -2,6 +2,9 @@
 
 #include "ui/fields/text_field.hpp"
 
+#include <algorithm>
+#include <iterator>
+
 namespace quillmere::app::ui {
 namespace {
 
@@ -17,26 +20,54 @@ ListField::ListField(std::string id, std::string question, std::vector<Item> ite
     }
 }
 
-bool ListField::take(const Key& key, std::size_t columns)
+Effect ListField::take(const Key& key, std::size_t columns)
 {
     if (key.kind == Key::Kind::enter) {
-        return addBelow();
+        return addBelow() ? Effect::changed : Effect::notForIt;
+    }
+    if (key.kind == Key::Kind::paste) {
+        paste(key.text);
+        return Effect::changed;
     }
     if (key.kind == Key::Kind::backspace && removeEmpty()) {
-        return true;
+        return Effect::changed;
     }
-    if (items_[current_].editor.take(key, columns - bulletColumns)) {
-        return true;
+    const Effect effect = items_[current_].editor.take(key, columns - bulletColumns);
+    if (effect != Effect::notForIt) {
+        return effect;
     }
     if (key.kind == Key::Kind::up && current_ > 0) {
         --current_;
-        return true;
+        return Effect::unchanged;
     }
     if (key.kind == Key::Kind::down && current_ + 1 < items_.size()) {
         ++current_;
-        return true;
+        return Effect::unchanged;
     }
-    return false;
+    return Effect::notForIt;
+}
+
+void ListField::paste(std::string_view text)
+{
+    std::vector<std::string> lines;
+    while (!text.empty()) {
+        const std::string_view line = text.substr(0, text.find('\n'));
+        if (line.find_first_not_of(" \t") != std::string_view::npos) {
+            lines.push_back(inOneLine(std::string(line)));
+        }
+        text.remove_prefix(std::min(line.size() + 1, text.size()));
+    }
+    if (lines.empty()) {
+        return;
+    }
+    items_[current_].editor.insert(lines.front());
+    std::vector<Item> below;
+    for (std::size_t index = 1; index < lines.size(); ++index) {
+        below.push_back({{}, TextEditor(std::move(lines[index]))});
+    }
+    items_.insert(items_.begin() + static_cast<std::ptrdiff_t>(current_ + 1),
+                  std::make_move_iterator(below.begin()), std::make_move_iterator(below.end()));
+    current_ += below.size();
 }
 
 bool ListField::addBelow()

@@ -9,7 +9,8 @@
 namespace quillmere::app::ui {
 
 /// Its value is an array of objects with `key` and `text`. `enter` adds one below, and is not for the field
-/// on an empty last one; rubbing out an empty one takes it away, but for the only one.
+/// on an empty last one; rubbing out an empty one takes it away, but for the only
+/// one. Of what is pasted each line is one.
 class ListField final : public Field {
 public:
     struct Item {
@@ -19,7 +20,7 @@ public:
 
     ListField(std::string id, std::string question, std::vector<Item> items);
 
-    bool take(const Key& key, std::size_t columns) override;
+    Effect take(const Key& key, std::size_t columns) override;
     std::size_t rows(std::size_t columns) const override;
     void draw(Canvas& canvas, const Area& area, bool isCurrent, Look look) const override;
     nlohmann::json value() const override;
@@ -27,6 +28,7 @@ public:
 
 private:
     bool addBelow();
+    void paste(std::string_view text);
     bool removeEmpty();
 
     std::vector<Item> items_;  ///< one at least

@@ -12,34 +12,35 @@ void TextEditor::insert(std::string_view text)
     cursor_ += text.size();
 }
 
-void TextEditor::erase(std::size_t begin, std::size_t end)
+Effect TextEditor::erase(std::size_t begin, std::size_t end)
 {
     text_.erase(begin, end - begin);
     cursor_ = begin;
+    return begin == end ? Effect::unchanged : Effect::changed;
 }
 
-bool TextEditor::take(const Key& key, std::size_t columns)
+Effect TextEditor::take(const Key& key, std::size_t columns)
 {
+    const auto moveTo = [this](std::size_t offset) {
+        cursor_ = offset;
+        return Effect::unchanged;
+    };
     const auto row = [&] {
         const std::vector<Row> all = rows(columns);
         return all[cursorRow(all)];
     };
     switch (key.kind) {
-        case Key::Kind::character: insert(key.text); return true;
-        case Key::Kind::backspace: erase(beforeCharacter(text_, cursor_), cursor_); return true;
-        case Key::Kind::remove: erase(cursor_, afterCharacter(text_, cursor_)); return true;
-        case Key::Kind::left: cursor_ = beforeCharacter(text_, cursor_); return true;
-        case Key::Kind::right: cursor_ = afterCharacter(text_, cursor_); return true;
-        case Key::Kind::home: cursor_ = row().begin; return true;
-        case Key::Kind::end: cursor_ = row().end; return true;
-        case Key::Kind::up: return moveByRows(columns, false);
-        case Key::Kind::down: return moveByRows(columns, true);
-        case Key::Kind::control:
-            if (key.text == "u") {
-                erase(0, text_.size());
-                return true;
-            }
-            return false;
+        case Key::Kind::character: insert(key.text); return Effect::changed;
+        case Key::Kind::backspace: return erase(beforeCharacter(text_, cursor_), cursor_);
+        case Key::Kind::remove: return erase(cursor_, afterCharacter(text_, cursor_));
+        case Key::Kind::left: return moveTo(beforeCharacter(text_, cursor_));
+        case Key::Kind::right: return moveTo(afterCharacter(text_, cursor_));
+        case Key::Kind::home: return moveTo(row().begin);
+        case Key::Kind::end: return moveTo(row().end);
+        case Key::Kind::up: return moveByRows(columns, false) ? Effect::unchanged : Effect::notForIt;
+        case Key::Kind::down: return moveByRows(columns, true) ? Effect::unchanged : Effect::notForIt;
+        case Key::Kind::control: return key.text == "u" ? erase(0, text_.size()) : Effect::notForIt;
+        case Key::Kind::paste:
         case Key::Kind::enter:
         case Key::Kind::tab:
         case Key::Kind::backTab:
@@ -47,7 +48,7 @@ bool TextEditor::take(const Key& key, std::size_t columns)
         case Key::Kind::pageDown:
         case Key::Kind::escape: break;
     }
-    return false;
+    return Effect::notForIt;
 }
 
 std::vector<TextEditor::Row> TextEditor::rows(std::size_t columns) const

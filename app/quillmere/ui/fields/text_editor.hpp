@@ -1,6 +1,7 @@
 // A text being written, and the place in it where the next character goes.
 #pragma once
 
+#include "ui/fields/effect.hpp"
 #include "ui/key.hpp"
 
 #include <cstddef>
@@ -18,9 +19,9 @@ public:
     /// In bytes from the beginning.
     std::size_t cursor() const { return cursor_; }
 
-    /// Whether the key is one for texts, whatever it changes. Up and down go by the rows that the text takes
-    /// in `columns`, and are not for the text where it has no such row. `enter` is not for it.
-    bool take(const Key& key, std::size_t columns);
+    /// Takes a key that is one for texts. Up and down go by the rows that the text takes
+    /// in `columns`, and are not for the text where it has no such row. Neither is `enter`.
+    Effect take(const Key& key, std::size_t columns);
 
     void insert(std::string_view text);
 
@@ -38,7 +39,7 @@ public:
     std::size_t cursorRow(const std::vector<Row>& rows) const;
 
 private:
-    void erase(std::size_t begin, std::size_t end);
+    Effect erase(std::size_t begin, std::size_t end);
     bool moveByRows(std::size_t columns, bool down);
 
     std::string text_;

@@ -2,6 +2,8 @@
 
 #include "ui/characters.hpp"
 
+#include <algorithm>
+
 namespace quillmere::app::ui {
 
 void drawText(Canvas& canvas, const Area& area, const TextEditor& editor, bool isCurrent,
@@ -25,11 +27,23 @@ void drawText(Canvas& canvas, const Area& area, const TextEditor& editor, bool i
     }
 }
 
-bool TextField::take(const Key& key, std::size_t columns)
+std::string inOneLine(std::string text)
 {
+    text.erase(text.find_last_not_of('\n') + 1);
+    std::replace_if(
+        text.begin(), text.end(), [](char character) { return character == '\n' || character == '\t'; }, ' ');
+    return text;
+}
+
+Effect TextField::take(const Key& key, std::size_t columns)
+{
+    if (key.kind == Key::Kind::paste) {
+        editor_.insert(lines_ == Lines::several ? key.text : inOneLine(key.text));
+        return Effect::changed;
+    }
     if (key.kind == Key::Kind::enter && lines_ == Lines::several) {
         editor_.insert("\n");
-        return true;
+        return Effect::changed;
     }
     return editor_.take(key, columns);
 }

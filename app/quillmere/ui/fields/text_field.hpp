@@ -10,6 +10,9 @@ namespace quillmere::app::ui {
 void drawText(Canvas& canvas, const Area& area, const TextEditor& editor, bool isCurrent,
               std::string_view hint);
 
+/// What was pasted as one line: spaces for tabs and line breaks, but for those at the end.
+std::string inOneLine(std::string text);
+
 /// Its value is the text.
 class TextField final : public Field {
 public:
@@ -24,7 +27,7 @@ public:
     {
     }
 
-    bool take(const Key& key, std::size_t columns) override;
+    Effect take(const Key& key, std::size_t columns) override;
     std::size_t rows(std::size_t columns) const override { return editor_.rows(columns).size(); }
     void draw(Canvas& canvas, const Area& area, bool isCurrent, Look look) const override;
     nlohmann::json value() const override { return editor_.text(); }

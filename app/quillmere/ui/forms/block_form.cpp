@@ -119,7 +119,8 @@ void addBlockFields(Form& form, const QuillmereState& state, Instant now)
     const Block block = blockInHand(state, now);
     std::vector<ListField::Item> outcomes;
     for (const Outcome& outcome : block.outcomes) {
-        outcomes.push_back({outcome.id.text(), TextEditor(outcome.title)});
+        // A new block's have no identity that would be the same the next time.
+        outcomes.push_back({state.currentBlock ? outcome.id.text() : "", TextEditor(outcome.title)});
     }
     form.add(std::make_unique<ListField>(outcomesId, "What should come out of it?", std::move(outcomes)));
     addTexts(form, "", blockFields, block);

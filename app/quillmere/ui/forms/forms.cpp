@@ -83,6 +83,21 @@ FormSubject answerTo(const AgentQuestion& question) { return {FormKind::answer, 
 
 FormSubject newQuestion() { return {FormKind::question, "new"}; }
 
+std::vector<FormSubject> subjectsOf(const QuillmereState& state)
+{
+    std::vector<FormSubject> subjects = {newQuestion()};
+    if (const std::optional<FormSubject> subject = subjectFor(state)) {
+        subjects.push_back(*subject);
+    }
+    if (state.currentBlock) {
+        subjects.push_back({FormKind::block, state.currentBlock->id.text()});
+    }
+    for (const AgentQuestion& question : state.openQuestions()) {
+        subjects.push_back(answerTo(question));
+    }
+    return subjects;
+}
+
 Form formFor(const FormSubject& subject, const QuillmereState& state, Instant now)
 {
     Form form(subject);

@@ -6,6 +6,7 @@
 #include <quillmere/engine/transition.hpp>
 
 #include <optional>
+#include <vector>
 
 namespace quillmere::app::ui {
 
@@ -15,6 +16,9 @@ std::optional<FormSubject> subjectFor(const QuillmereState& state);
 /// What an answer to a question, or a new question, is kept as.
 FormSubject answerTo(const AgentQuestion& question);
 FormSubject newQuestion();
+
+/// All subjects that a form may still be opened on in a state.
+std::vector<FormSubject> subjectsOf(const QuillmereState& state);
 
 /// A form filled in as far as the state can tell.
 Form formFor(const FormSubject& subject, const QuillmereState& state, Instant now);

@@ -37,8 +37,13 @@ void drawIdle(Canvas& canvas, const Area& area, const Situation& situation);
 /// The running timer, with the plan of the session that runs or comes next.
 void drawCountdown(Canvas& canvas, const Area& area, const Situation& situation);
 
-/// The questions that wait for an answer, of which one is chosen.
-void drawQuestions(Canvas& canvas, const Area& area, const Situation& situation, std::size_t chosen);
+/// The questions that wait for an answer: one is chosen, and stands there in full, `scrolled` rows of it and
+/// of what is above it out of view.
+void drawQuestions(Canvas& canvas, const Area& area, const Situation& situation, std::size_t chosen,
+                   std::size_t scrolled);
+
+/// As many rows bring the end of the chosen question into view.
+std::size_t mostScrolled(Size window, const Area& area, const Situation& situation, std::size_t chosen);
 
 /// Why there is nothing to be seen.
 void drawTrouble(Canvas& canvas, const Area& area, std::string_view trouble);

@@ -48,10 +48,10 @@ TEST(ChoiceField, beginsWithTheFirstWhereNothingWasChosen)
 TEST(ChoiceField, leavesUpAndDownToTheFormAtItsEnds)
 {
     ChoiceField field = rating("2", ChoiceField::Direction::down);
-    EXPECT_TRUE(field.take({Key::Kind::up}, roomy));
-    EXPECT_FALSE(field.take({Key::Kind::up}, roomy));
+    EXPECT_EQ(field.take({Key::Kind::up}, roomy), Effect::changed);
+    EXPECT_EQ(field.take({Key::Kind::up}, roomy), Effect::notForIt);
     ChoiceField across = rating("2");
-    EXPECT_FALSE(across.take({Key::Kind::down}, roomy));
+    EXPECT_EQ(across.take({Key::Kind::down}, roomy), Effect::notForIt);
     EXPECT_EQ(across.value(), "2");
 }
 

@@ -12,7 +12,7 @@ class List : public testing::Test {
 protected:
     ListField field{"outcomes", "What?", {}};
 
-    bool press(Key::Kind kind) { return field.take({kind}, roomy); }
+    bool press(Key::Kind kind) { return field.take({kind}, roomy) != Effect::notForIt; }
     void types(const std::string& text)
     {
         type([this](const Key& key) { field.take(key, roomy); }, text);
@@ -31,6 +31,17 @@ TEST_F(List, growsWithEnter)
 {
     types("one\ntwo");
     EXPECT_EQ(texts(), "one|two|");
+}
+
+TEST_F(List, takesEachPastedLineAsOne)
+{
+    types("one\nand \nthree");
+    press(Key::Kind::up);
+    EXPECT_EQ(field.take(pasted("two\n\n\tindented\t2\n  \nlast\n"), roomy), Effect::changed);
+    EXPECT_EQ(texts(), "one|and two| indented 2|last|three|");
+    types("!");
+    field.take(pasted(" \n"), roomy);
+    EXPECT_EQ(texts(), "one|and two| indented 2|last!|three|");
 }
 
 TEST_F(List, isLeftWithEnterOnAnEmptyLastOne)

@@ -52,7 +52,7 @@ TEST(TextEditor, rubsOutWhatPeopleSeeAsOneCharacter)
 TEST(TextEditor, isEmptiedWithControlU)
 {
     TextEditor editor("all of it");
-    EXPECT_TRUE(editor.take(withControl('u'), roomy));
+    EXPECT_EQ(editor.take(withControl('u'), roomy), Effect::changed);
     EXPECT_EQ(editor.text(), "");
 }
 
@@ -84,11 +84,11 @@ TEST(TextEditor, goesUpAndDownByRowsAndSaysWhenThereAreNoMore)
 {
     constexpr std::size_t narrow = 9;
     TextEditor editor("one two three");
-    EXPECT_FALSE(editor.take({Key::Kind::down}, narrow));
-    EXPECT_TRUE(editor.take({Key::Kind::up}, narrow));
+    EXPECT_EQ(editor.take({Key::Kind::down}, narrow), Effect::notForIt);
+    EXPECT_EQ(editor.take({Key::Kind::up}, narrow), Effect::unchanged);
     editor.take(typed("_"), narrow);
     EXPECT_EQ(editor.text(), "one t_wo three");
-    EXPECT_FALSE(editor.take({Key::Kind::up}, narrow));
+    EXPECT_EQ(editor.take({Key::Kind::up}, narrow), Effect::notForIt);
 }
 
 }  // namespace
