@@ -46,21 +46,21 @@ private:
         std::optional<Caching> caching = {};
     };
 
-    void answer(const Request& request, Moment now);
+    void answer(Request& request, Moment now);
     void notice(const Request& notification);
     void send(const Json& id, Reply reply, const Version& version);
     /// Does something for a request; tells the client when it fails.
     void guarded(const std::optional<Json>& id, const std::function<void()>& action);
 
-    // The methods. Absent: the answer comes later.
-    std::optional<Reply> initialize(const Request& request, const Version& version, Moment now);
-    std::optional<Reply> ping(const Request& request, const Version& version, Moment now);
-    std::optional<Reply> discover(const Request& request, const Version& version, Moment now);
-    std::optional<Reply> listTools(const Request& request, const Version& version, Moment now);
-    std::optional<Reply> callTool(const Request& request, const Version& version, Moment now);
-    std::optional<Reply> listResources(const Request& request, const Version& version, Moment now);
-    std::optional<Reply> listTemplates(const Request& request, const Version& version, Moment now);
-    std::optional<Reply> readResource(const Request& request, const Version& version, Moment now);
+    // The methods, which may take the params apart. Absent: the answer comes later.
+    std::optional<Reply> initialize(Request& request, const Version& version, Moment now);
+    std::optional<Reply> ping(Request& request, const Version& version, Moment now);
+    std::optional<Reply> discover(Request& request, const Version& version, Moment now);
+    std::optional<Reply> listTools(Request& request, const Version& version, Moment now);
+    std::optional<Reply> callTool(Request& request, const Version& version, Moment now);
+    std::optional<Reply> listResources(Request& request, const Version& version, Moment now);
+    std::optional<Reply> listTemplates(Request& request, const Version& version, Moment now);
+    std::optional<Reply> readResource(Request& request, const Version& version, Moment now);
 
     Offer offer_;
     const Version* agreed_;  ///< by the handshake, or what is taken for it until there was one

@@ -40,11 +40,11 @@ const Version& versionAfterHandshake(std::string_view asked)
 
 const Version& versionOf(const Json& params, const Version& agreed)
 {
-    const Json meta = params.value("_meta", Json());
+    const Json& meta = memberIn(params, "_meta");
     if (!meta.is_object() || !(meta.contains(versionKey) || meta.contains(capabilitiesKey))) {
         return agreed;
     }
-    const Json name = meta.value(versionKey, Json());
+    const Json& name = memberIn(meta, versionKey);
     requireInMeta(name.is_string(), versionKey);
     const auto found = std::find_if(versions.begin(), versions.end(), [&](const Version& version) {
         return version.isStateless && name == version.name;
@@ -53,7 +53,7 @@ const Version& versionOf(const Json& params, const Version& agreed)
         throw ProtocolError(ErrorCode::unsupportedVersion, "Unsupported protocol version",
                             {{"supported", versionNames()}, {"requested", name}});
     }
-    requireInMeta(meta.value(capabilitiesKey, Json()).is_object(), capabilitiesKey);
+    requireInMeta(memberIn(meta, capabilitiesKey).is_object(), capabilitiesKey);
     return *found;
 }
 
