@@ -192,6 +192,30 @@ TEST_F(Serve, readsALineThatIsAsLongAsALineMayBe)
     EXPECT_EQ(server.receive().at("result"), Json::object());
 }
 
+TEST_F(Serve, countsNoLineEndIntoTheLengthOfALine)
+{
+    ServedProgram server(person.directory());
+    std::string line = ping.dump();
+    server.note(ping);
+    line.resize(10 * 1024 * 1024, ' ');
+    server.write(line + "\r\n");
+    EXPECT_EQ(server.receive().at("result"), Json::object());
+    server.write(line + " \n");
+    EXPECT_EQ(server.receive().at("error").at("code"), -32600);
+}
+
+TEST_F(Serve, readsAMegabyteOfEmptyObjects)
+{
+    ServedProgram server(person.directory());
+    std::string objects;
+    for (int number = 0; number < 350'000; ++number) {
+        objects += "{},";
+    }
+    server.note(ping);
+    server.write(R"({"jsonrpc":"2.0","id":1,"method":"ping","params":{"a":[)" + objects + "0]}}\n");
+    EXPECT_EQ(server.receive().at("result"), Json::object());
+}
+
 TEST_F(Serve, printsNothingElse)
 {
     ServedProgram server(person.directory(), {"--json"});
