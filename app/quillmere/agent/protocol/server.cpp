@@ -213,10 +213,10 @@ std::optional<Server::Reply> Server::callTool(Request& request, const Version& v
     return std::nullopt;
 }
 
-std::optional<Server::Reply> Server::listResources(Request& request, const Version&, Moment)
+std::optional<Server::Reply> Server::listResources(Request& request, const Version& version, Moment)
 {
     refuseCursor(request.params);
-    return Reply{resourceList(offer_), cachingOfLists};
+    return Reply{resourceList(offer_, version), cachingOfLists};
 }
 
 std::optional<Server::Reply> Server::listTemplates(Request& request, const Version&, Moment)

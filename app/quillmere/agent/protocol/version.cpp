@@ -19,11 +19,13 @@ void requireInMeta(bool isThere, const char* key)
 
 }  // namespace
 
-Json versionNames()
+Json statelessVersionNames()
 {
     Json names = Json::array();
     for (const Version& version : versions) {
-        names.push_back(version.name);
+        if (version.isStateless) {
+            names.push_back(version.name);
+        }
     }
     return names;
 }
@@ -51,7 +53,7 @@ const Version& versionOf(const Json& params, const Version& agreed)
     });
     if (found == versions.end()) {
         throw ProtocolError(ErrorCode::unsupportedVersion, "Unsupported protocol version",
-                            {{"supported", versionNames()}, {"requested", name}});
+                            {{"supported", statelessVersionNames()}, {"requested", name}});
     }
     requireInMeta(memberIn(meta, capabilitiesKey).is_object(), capabilitiesKey);
     return *found;

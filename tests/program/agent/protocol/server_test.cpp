@@ -160,8 +160,7 @@ TEST_F(ServerTest, answersBeforeTheHandshakeAsAfterIt)
 TEST_F(ServerTest, discoversWithoutAHandshake)
 {
     const Json result = resultOf("server/discover", stateless());
-    EXPECT_EQ(result.at("supportedVersions"),
-              Json::parse(R"(["2026-07-28", "2025-11-25", "2025-06-18", "2024-11-05"])"));
+    EXPECT_EQ(result.at("supportedVersions"), Json::array({"2026-07-28"}));
     EXPECT_EQ(result.at("resultType"), "complete");
     EXPECT_EQ(result.at("ttlMs"), 3'600'000);
     EXPECT_EQ(result.at("cacheScope"), "public");
@@ -198,7 +197,7 @@ TEST_F(ServerTest, namesItsVersionsToWhoSpeaksAnother)
         const Json error = saidTo(request(1, "server/discover", params)).at("error");
         EXPECT_EQ(error.at("code"), -32022);
         EXPECT_EQ(error.at("data").at("requested"), version);
-        EXPECT_EQ(error.at("data").at("supported").at(0), "2026-07-28");
+        EXPECT_EQ(error.at("data").at("supported"), Json::array({"2026-07-28"}));
     }
 }
 
@@ -300,6 +299,15 @@ TEST_F(ServerTest, tellsTheModelWhichArgumentsDoNotFit)
 {
     for (const Json& arguments : {Json({{"text", 5}}), Json::array(), Json("text")}) {
         const Json result = resultOf("tools/call", toolCall("echo", arguments));
+TEST_F(ServerTest, hasTitlesForVersionsThatKnowThem)
+{
+    for (const char* version : {"2025-11-25", "2025-06-18", "2024-11-05"}) {
+        const bool knowsTitles = std::string(version) != "2024-11-05";
+        EXPECT_EQ(shakeHands(version).at("serverInfo").contains("title"), knowsTitles);
+        EXPECT_EQ(resultOf("resources/list").at("resources").at(0).contains("title"), knowsTitles);
+    }
+}
+
         EXPECT_EQ(result.at("isError"), true);
         EXPECT_FALSE(result.contains("structuredContent"));
         EXPECT_NE(result.at("content").at(0).at("text"), "");
