@@ -13,11 +13,6 @@
 namespace quillmere::app {
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr auto longestWait = 5s;
-constexpr auto pauseBetweenTries = 10ms;
-
 /// A signal does not keep it from being opened.
 int openDirectory(const std::filesystem::path& directory)
 {
@@ -41,7 +36,8 @@ bool tryLock(int descriptor)
 }
 
 /// flock(2) can wait, but not for a limited time.
-void waitForLock(int descriptor, const std::filesystem::path& directory)
+void waitForLock(int descriptor, const std::filesystem::path& directory,
+                 std::chrono::milliseconds longestWait)
 {
     const auto deadline = std::chrono::steady_clock::now() + longestWait;
     while (!tryLock(descriptor)) {
@@ -49,18 +45,19 @@ void waitForLock(int descriptor, const std::filesystem::path& directory)
             throw ProgramError(ExitCode::lockBusy,
                                "Another program is at work in " + directory.string() + "; try again.");
         }
-        std::this_thread::sleep_for(pauseBetweenTries);
+        std::this_thread::sleep_for(DirectoryLock::pauseBetweenTries);
     }
 }
 
 }  // namespace
 
-DirectoryLock::DirectoryLock(const std::filesystem::path& directory) : directory_(openDirectory(directory))
+DirectoryLock::DirectoryLock(const std::filesystem::path& directory, std::chrono::milliseconds longestWait)
+    : directory_(openDirectory(directory))
 {
     if (directory_.get() == -1) {
         throw std::filesystem::filesystem_error("open", directory, {errno, std::generic_category()});
     }
-    waitForLock(directory_.get(), directory);
+    waitForLock(directory_.get(), directory, longestWait);
 }
 
 }  // namespace quillmere::app

@@ -3,6 +3,7 @@
 
 #include "system/open_file.hpp"
 
+#include <chrono>
 #include <filesystem>
 
 namespace quillmere::app {
@@ -11,9 +12,13 @@ namespace quillmere::app {
 /// the lock goes with its holder, however that ends. Readers need none.
 class DirectoryLock {
 public:
-    /// Waits for the lock, at most five seconds; throws ProgramError (`lockBusy`) then, and
+    static constexpr std::chrono::milliseconds usualWait{5'000};
+    static constexpr std::chrono::milliseconds pauseBetweenTries{10};
+
+    /// Waits for the lock; throws ProgramError (`lockBusy`) when it has waited long enough, and
     /// `std::system_error` when the directory cannot be locked at all.
-    explicit DirectoryLock(const std::filesystem::path& directory);
+    explicit DirectoryLock(const std::filesystem::path& directory,
+                           std::chrono::milliseconds longestWait = usualWait);
 
 private:
     OpenFile directory_;

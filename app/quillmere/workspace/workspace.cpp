@@ -192,15 +192,15 @@ std::string Workspace::keepVersion(Instant savedAt) const
     }
 }
 
-DirectoryLock Workspace::lock() const
+DirectoryLock Workspace::lock(std::chrono::milliseconds longestWait) const
 {
     constexpr mode_t ownerOnly = 0700;
     FileManager::standard().createDirectory(directory(), ownerOnly);
-    return DirectoryLock(directory());
+    return DirectoryLock(directory(), longestWait);
 }
 
 Situation Workspace::change(const std::function<void(const std::vector<Event>&)>& report,
-                            const Operation& operation) const
+                            const Operation& operation, const ChangeManner& manner) const
 {
     const FileManager& fileManager = FileManager::standard();
     const auto apply = [&](Situation& situation) {
@@ -215,7 +215,7 @@ Situation Workspace::change(const std::function<void(const std::vector<Event>&)>
         }
         apply(first);
     }
-    const DirectoryLock held = lock();
+    const DirectoryLock held = lock(manner.longestWait);
     QuillmereState saved = states_.load();
     const Instant savedAt = saved.updatedAt;
     Situation situation = caughtUp(std::move(saved));
@@ -227,7 +227,7 @@ Situation Workspace::change(const std::function<void(const std::vector<Event>&)>
     }
     if (operation) {
         apply(situation);
-        if (!cameAbout) {
+        if (!cameAbout && manner.keepsVersion) {
             situation.warning = keepVersion(savedAt);
         }
         save(situation.state, situation.now, "The change itself is saved");

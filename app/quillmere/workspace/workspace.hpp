@@ -8,6 +8,7 @@
 #include <quillmere/store/state_store.hpp>
 #include <quillmere/widget/widget_snapshot_store.hpp>
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -27,6 +28,12 @@ struct Situation {
 
 /// What is done to a state; a throw means that it is not done.
 using Operation = std::function<void(QuillmereState&, Instant now)>;
+
+/// How a change is made; as for the person, unless it says otherwise.
+struct ChangeManner {
+    std::chrono::milliseconds longestWait = DirectoryLock::usualWait;  ///< for the lock
+    bool keepsVersion = true;  ///< of the state before it; of what came about by itself one is kept anyway
+};
 
 class Workspace {
 public:
@@ -60,8 +67,8 @@ public:
     /// that was killed leaves it. A file that cannot be loaded, or that the engine could not live with,
     /// is never saved over. The state before is kept as a version; where that fails, the situation has a
     /// warning. Throws ProgramError (`fileError`) when the state was saved and a summary was not.
-    Situation change(const std::function<void(const std::vector<Event>&)>& report,
-                     const Operation& operation) const;
+    Situation change(const std::function<void(const std::vector<Event>&)>& report, const Operation& operation,
+                     const ChangeManner& manner = {}) const;
 
     /// Under the lock: puts a version in the place of the state, whatever that is now; even what cannot be
     /// read is kept as a version first. Throws, and changes nothing, when either version cannot be had.
@@ -79,7 +86,7 @@ private:
     /// A state as it was read, screened and brought up to the present.
     Situation caughtUp(QuillmereState state) const;
     /// Makes the directory, where it is missing, and takes its lock.
-    DirectoryLock lock() const;
+    DirectoryLock lock(std::chrono::milliseconds longestWait = DirectoryLock::usualWait) const;
     /// Keeps the state file; says what went wrong, if anything did.
     std::string keepVersion(Instant savedAt) const;
     /// Where the widget's summary is; absent while nobody has made the shared container.
