@@ -59,7 +59,7 @@ private:
 
 bool Connection::step()
 {
-    if (hasEnded_ && reader_.isAtEnd() && !isSending()) {
+    if (hasEnded_ && reader_.isAtEnd() && !isSending() && !server_.isActing()) {
         return false;
     }
     const bool isReading = isHearing() && reader_.isAtEnd() && !hasEnded_;
@@ -81,10 +81,9 @@ bool Connection::step()
     }
     if (watched[changes].revents != 0) {
         changes_.take();
+        server_.expectResults();
     }
-    if (watched[changes].revents != 0 || server_.nextDeadline().value_or(Moment::max()) <= now()) {
-        server_.askAgain(now());
-    }
+    server_.askAgain(now());
     if (watched[input].revents != 0) {
         receiveSome();
     } else if (isHearing()) {
@@ -99,12 +98,12 @@ int Connection::millisecondsToWait() const
     if (isHearing() && !reader_.isAtEnd()) {
         return 0;
     }
-    const std::optional<Moment> deadline = server_.nextDeadline();
-    if (!deadline) {
+    const std::optional<Moment> next = server_.nextTime();
+    if (!next) {
         return -1;
     }
     // Rounded up: a moment too early there would be nothing to do but to wait again.
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(*deadline - now()).count();
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(*next - now()).count();
     return static_cast<int>(std::clamp<std::int64_t>(left, 0, std::numeric_limits<int>::max()));
 }
 

@@ -141,30 +141,46 @@ void Server::send(const Json& id, Reply reply, const Version& version)
     output_ += resultLine(id, complete(std::move(reply.result), reply.caching, offer_, version));
 }
 
-void Server::askAgain(Moment now)
+void Server::expectResults()
 {
-    std::erase_if(waiting_, [&](const Waiting& waiting) {
-        bool isDone = true;  // also when it fails
-        guarded(waiting.id, [&] {
-            const std::optional<ToolResult> result = waiting.call.result(now);
-            isDone = result.has_value();
-            if (result) {
-                send(waiting.id, {callResult(*result, *waiting.version)}, *waiting.version);
-            }
-        });
-        return isDone;
-    });
+    for (Waiting& waiting : waiting_) {
+        waiting.next = Moment::min();
+    }
 }
 
-std::optional<Moment> Server::nextDeadline() const
+void Server::askAgain(Moment now)
 {
-    std::optional<Moment> next;
-    for (const Waiting& waiting : waiting_) {
-        if (waiting.call.deadline) {
-            next = std::min(next.value_or(*waiting.call.deadline), *waiting.call.deadline);
+    for (Waiting& waiting : waiting_) {
+        if (waiting.next > now) {
+            continue;
         }
+        waiting.next.reset();  // also when it fails
+        guarded(waiting.id, [&] {
+            const Outcome outcome = waiting.call(now);
+            if (const Later* const later = std::get_if<Later>(&outcome)) {
+                waiting.next = later->at;
+            } else {
+                const Json result = callResult(std::get<ToolResult>(outcome), *waiting.version);
+                send(waiting.id, {result}, *waiting.version);
+            }
+        });
     }
-    return next;
+    std::erase_if(waiting_, [](const Waiting& waiting) { return !waiting.next; });
+}
+
+std::optional<Moment> Server::nextTime() const
+{
+    std::optional<Moment> first;
+    for (const Waiting& waiting : waiting_) {
+        first = std::min(first.value_or(Moment::max()), *waiting.next);
+    }
+    return first;
+}
+
+bool Server::isActing() const
+{
+    return std::any_of(waiting_.begin(), waiting_.end(),
+                       [](const Waiting& waiting) { return waiting.isAction; });
 }
 
 std::string Server::takeOutput() { return std::exchange(output_, {}); }
@@ -202,14 +218,19 @@ std::optional<Server::Reply> Server::callTool(Request& request, const Version& v
         return Reply{callResult(refused(std::move(misfit)), version)};
     }
     Call call = tool->begin(arguments, now);
-    if (const std::optional<ToolResult> result = call.result(now)) {
+    const Outcome outcome = call(now);
+    if (const ToolResult* const result = std::get_if<ToolResult>(&outcome)) {
         return Reply{callResult(*result, version)};
     }
     if (waiting_.size() >= mostWaiting) {
         return Reply{
             callResult(refused("Too many calls wait already. Wait for their results first."), version)};
     }
-    waiting_.push_back({.id = *request.id, .version = &version, .call = std::move(call)});
+    waiting_.push_back({.id = *request.id,
+                        .version = &version,
+                        .call = std::move(call),
+                        .isAction = !tool->hints.readOnly,
+                        .next = std::get<Later>(outcome).at});
     return std::nullopt;
 }
 

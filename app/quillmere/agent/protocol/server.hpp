@@ -24,11 +24,17 @@ public:
     /// Says that a line was too long to be read.
     void refuseLongLine();
 
-    /// Asks the calls that wait whether they have a result now.
+    /// Something has changed: all calls that wait are to be asked again.
+    void expectResults();
+
+    /// Asks the calls whose time has come whether they have a result now.
     void askAgain(Moment now);
 
-    /// When to ask again even if nothing has changed; absent while no call waits.
-    std::optional<Moment> nextDeadline() const;
+    /// When that time comes for the first of them; absent while no call waits.
+    std::optional<Moment> nextTime() const;
+
+    /// Whether a call waits that is to be brought to its end.
+    bool isActing() const;
 
     /// The lines for the client since the last call.
     std::string takeOutput();
@@ -39,6 +45,8 @@ private:
         Json id;
         const Version* version;
         Call call;
+        bool isAction;               ///< not of a tool that only reads
+        std::optional<Moment> next;  ///< absent: it is done
     };
     /// A result, and how long it may be kept where that is said.
     struct Reply {

@@ -18,7 +18,6 @@
 namespace quillmere::test {
 namespace {
 
-using app::protocol::Call;
 using app::protocol::Moment;
 using app::protocol::Server;
 using app::protocol::Tool;
@@ -78,10 +77,10 @@ protected:
         in.write(lines);
         in.closeWriter();
         const auto count = [&](const Json&, Moment) {
-            return Call{.result = [&](Moment) {
+            return [&](Moment) {
                 ++calls;
                 return ToolResult{.value = resultOfCall()};
-            }};
+            };
         };
         const Tool tool{.name = "count",
                         .title = "",

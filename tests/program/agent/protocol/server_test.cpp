@@ -9,8 +9,10 @@ namespace quillmere::test {
 namespace {
 
 using app::protocol::Call;
+using app::protocol::Later;
 using app::protocol::Moment;
 using app::protocol::Offer;
+using app::protocol::Outcome;
 using app::protocol::Resource;
 using app::protocol::Server;
 using app::protocol::Tool;
@@ -22,6 +24,7 @@ class ServerTest : public testing::Test {
 protected:
     Moment now = Moment();
     std::optional<std::string> said;
+    int looks = 0;  ///< of the calls that wait
 
     /// All that the server says to one line.
     std::vector<Json> allSaidTo(const std::string& line)
@@ -56,6 +59,12 @@ protected:
 
     std::vector<Json> heardAfterChange()
     {
+        server_.expectResults();
+        return heardInTime();
+    }
+
+    std::vector<Json> heardInTime()
+    {
         server_.askAgain(now);
         return heard();
     }
@@ -71,7 +80,7 @@ protected:
         return messages;
     }
 
-    std::optional<Moment> nextDeadline() const { return server_.nextDeadline(); }
+    std::optional<Moment> nextTime() const { return server_.nextTime(); }
     Server& server() { return server_; }
 
 private:
@@ -90,18 +99,20 @@ private:
     Offer offer()
     {
         const auto echo = [](const Json& arguments, Moment) {
-            return Call{.result = [=](Moment) { return ToolResult{.value = arguments}; }};
+            return [=](Moment) { return ToolResult{.value = arguments}; };
         };
         const auto wait = [this](const Json& arguments, Moment begin) {
             const Moment deadline = begin + seconds(arguments.at("for").get<int>());
-            const auto result = [this, deadline](Moment at) -> std::optional<ToolResult> {
+            return [this, deadline](Moment at) -> Outcome {
+                ++looks;
                 if (said) {
                     return ToolResult{.value = {{"said", *said}}};
                 }
-                return at >= deadline ? std::optional(ToolResult{.value = nullptr, .refusal = "Too late."})
-                                      : std::nullopt;
+                if (at >= deadline) {
+                    return ToolResult{.value = nullptr, .refusal = "Too late."};
+                }
+                return Later{deadline};
             };
-            return Call{.result = result, .deadline = deadline};
         };
         const auto fail = [](const Json&, Moment) -> Call { throw std::runtime_error("It broke."); };
         const Resource resource{.uri = "test://it",
@@ -288,6 +299,15 @@ TEST_F(ServerTest, hasNoStructuresForAVersionThatDoesNotKnowThem)
     EXPECT_FALSE(tool.contains("title"));
 }
 
+TEST_F(ServerTest, hasTitlesForVersionsThatKnowThem)
+{
+    for (const char* version : {"2025-11-25", "2025-06-18", "2024-11-05"}) {
+        const bool knowsTitles = std::string(version) != "2024-11-05";
+        EXPECT_EQ(shakeHands(version).at("serverInfo").contains("title"), knowsTitles);
+        EXPECT_EQ(resultOf("resources/list").at("resources").at(0).contains("title"), knowsTitles);
+    }
+}
+
 TEST_F(ServerTest, hasNoUnknownTool)
 {
     EXPECT_EQ(errorOf(request(1, "tools/call", toolCall("none", Json::object()))), -32602);
@@ -299,15 +319,6 @@ TEST_F(ServerTest, tellsTheModelWhichArgumentsDoNotFit)
 {
     for (const Json& arguments : {Json({{"text", 5}}), Json::array(), Json("text")}) {
         const Json result = resultOf("tools/call", toolCall("echo", arguments));
-TEST_F(ServerTest, hasTitlesForVersionsThatKnowThem)
-{
-    for (const char* version : {"2025-11-25", "2025-06-18", "2024-11-05"}) {
-        const bool knowsTitles = std::string(version) != "2024-11-05";
-        EXPECT_EQ(shakeHands(version).at("serverInfo").contains("title"), knowsTitles);
-        EXPECT_EQ(resultOf("resources/list").at("resources").at(0).contains("title"), knowsTitles);
-    }
-}
-
         EXPECT_EQ(result.at("isError"), true);
         EXPECT_FALSE(result.contains("structuredContent"));
         EXPECT_NE(result.at("content").at(0).at("text"), "");
@@ -336,7 +347,7 @@ TEST_F(ServerTest, answersOthersWhileACallWaits)
     EXPECT_EQ(allSaidTo(request("first", "tools/call", toolCall("wait", {{"for", 10}})).dump()).size(), 0u);
     EXPECT_EQ(allSaidTo(request(2, "tools/call", stateless(toolCall("wait", {{"for", 5}}))).dump()).size(),
               0u);
-    EXPECT_EQ(nextDeadline(), now + seconds(5));
+    EXPECT_EQ(nextTime(), now + seconds(5));
     EXPECT_EQ(resultOf("ping"), Json::object());
     EXPECT_EQ(heardAfterChange().size(), 0u);
     said = "Yes";
@@ -346,7 +357,7 @@ TEST_F(ServerTest, answersOthersWhileACallWaits)
     EXPECT_FALSE(answers[0].at("result").contains("resultType"));
     EXPECT_EQ(answers[1].at("id"), 2);
     EXPECT_EQ(answers[1].at("result").at("resultType"), "complete");
-    EXPECT_EQ(nextDeadline(), std::nullopt);
+    EXPECT_EQ(nextTime(), std::nullopt);
 }
 
 TEST_F(ServerTest, answersAWaitWhoseTimeIsUp)
@@ -354,11 +365,23 @@ TEST_F(ServerTest, answersAWaitWhoseTimeIsUp)
     allSaidTo(request(1, "tools/call", toolCall("wait", {{"for", 5}})).dump());
     allSaidTo(request(2, "tools/call", toolCall("wait", {{"for", 10}})).dump());
     now += seconds(5);
-    const std::vector<Json> answers = heardAfterChange();
+    const std::vector<Json> answers = heardInTime();
     ASSERT_EQ(answers.size(), 1u);
     EXPECT_EQ(answers[0].at("id"), 1);
     EXPECT_EQ(answers[0].at("result").at("isError"), true);
-    EXPECT_EQ(nextDeadline(), now + seconds(5));
+    EXPECT_EQ(nextTime(), now + seconds(5));
+}
+
+TEST_F(ServerTest, asksOnlyTheCallsWhoseTimeHasCome)
+{
+    allSaidTo(request(1, "tools/call", toolCall("wait", {{"for", 5}})).dump());
+    allSaidTo(request(2, "tools/call", toolCall("wait", {{"for", 10}})).dump());
+    EXPECT_EQ(looks, 2);
+    now += seconds(5);
+    heardInTime();
+    EXPECT_EQ(looks, 3);
+    EXPECT_EQ(heardAfterChange().size(), 0u);
+    EXPECT_EQ(looks, 4);
 }
 
 TEST_F(ServerTest, neverAnswersACallThatWasCancelled)
