@@ -24,11 +24,15 @@ std::string failureInWords()
     }
 }
 
-std::optional<ToolResult> attempt(const std::function<std::optional<Json>()>& action)
+Outcome attempt(const std::function<std::variant<Json, Later>()>& action)
 {
+    using protocol::ToolResult;
     try {
-        std::optional<Json> value = action();
-        return value ? std::optional(ToolResult{.value = *std::move(value)}) : std::nullopt;
+        std::variant<Json, Later> found = action();
+        if (const Later* const later = std::get_if<Later>(&found)) {
+            return *later;
+        }
+        return ToolResult{.value = std::get<Json>(std::move(found))};
     } catch (...) {
         return ToolResult{.value = nullptr, .refusal = failureInWords()};
     }

@@ -4,14 +4,16 @@
 #include "agent/protocol/offer.hpp"
 
 #include <functional>
-#include <optional>
 #include <stdexcept>
+#include <variant>
 
 namespace quillmere::app::agent {
 
+using protocol::Call;
 using protocol::Json;
+using protocol::Later;
 using protocol::Moment;
-using protocol::ToolResult;
+using protocol::Outcome;
 
 /// Why an agent does not get what it asked for. The text says what it can do about it.
 class Refusal : public std::runtime_error {
@@ -21,7 +23,7 @@ class Refusal : public std::runtime_error {
 /// The text of the exception that is being handled; passes on what is no failure of the person's files.
 std::string failureInWords();
 
-/// The result of what returns a value, or none yet; a refusal when it throws.
-std::optional<ToolResult> attempt(const std::function<std::optional<Json>()>& action);
+/// What has come of something that returns a value, or when to try again; a refusal when it throws.
+Outcome attempt(const std::function<std::variant<Json, Later>()>& action);
 
 }  // namespace quillmere::app::agent

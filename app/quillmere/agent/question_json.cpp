@@ -5,13 +5,18 @@
 #include <quillmere/records/json/json_encoder.hpp>
 
 #include <algorithm>
+#include <optional>
 
 namespace quillmere::app::agent {
 
-const AgentQuestion& questionIn(const QuillmereState& state, const Identifier& id)
+const AgentQuestion& questionIn(const QuillmereState& state, const std::string& idText)
 {
+    const std::optional<Identifier> id = Identifier::fromText(idText);
+    if (!id) {
+        throw Refusal("That is no id of a question. Take the one that ask_question or list_questions gave.");
+    }
     const auto found = std::find_if(state.agentQuestions.begin(), state.agentQuestions.end(),
-                                    [&](const AgentQuestion& question) { return question.id == id; });
+                                    [&](const AgentQuestion& question) { return question.id == *id; });
     if (found == state.agentQuestions.end()) {
         throw Refusal("There is no question with this id. list_questions has all that were asked.");
     }
@@ -22,9 +27,9 @@ Json questionJson(const AgentQuestion& question)
 {
     Json json = Json::parse(JsonEncoder(JsonLayout::compact).encode(question).view());
     json["status"] = question.answeredAt ? "answered" : "open";
-    if (!question.answeredAt) {
+    json.emplace("answered_at", nullptr);
+    if (!question.answeredAt || !question.answer) {
         json["answer"] = nullptr;
-        json["answered_at"] = nullptr;
     }
     return json;
 }
@@ -53,7 +58,7 @@ const Json& questionSchema()
             "status": {"enum": ["open", "answered"]},
             "answer": {
                 "type": ["string", "null"],
-                "description": "In the person's own words; may be empty. null while the question is open."
+                "description": "In the person's own words; may be empty. null while the question is open, or when it was closed without one."
             },
             "answered_at": {"type": ["string", "null"], "description": "UTC (RFC 3339)."}
         }

@@ -5,14 +5,18 @@
 
 #include <quillmere/records/quillmere_state.hpp>
 
+#include <string>
+
 namespace quillmere::app::agent {
 
 using protocol::Json;
 
-/// The question with an identifier; throws Refusal when there is none. Valid as long as the state.
-const AgentQuestion& questionIn(const QuillmereState& state, const Identifier& id);
+/// The question with an id; throws Refusal when there is none, or when that is no id. Valid as long as the
+/// state.
+const AgentQuestion& questionIn(const QuillmereState& state, const std::string& id);
 
-/// The members of the file, always all of them, and the `status`: "open" or "answered".
+/// The members of the file, always all of them, and the `status`: "open" or "answered". What an open question
+/// has for an answer, as no program here writes it, is none yet.
 Json questionJson(const AgentQuestion& question);
 Json questionsJson(const QuillmereState& state, bool openOnly);
 

@@ -2,7 +2,9 @@
 
 #include "agent/asking.hpp"
 #include "agent/question_json.hpp"
+#include "agent/question_text.hpp"
 #include "agent/summary.hpp"
+#include "agent/waiting.hpp"
 
 #include <chrono>
 #include <string>
@@ -96,19 +98,8 @@ using Begin = std::function<Call(const Json& arguments, Moment now)>;
 Begin atOnce(std::function<Json(const Json& arguments)> action)
 {
     return [action = std::move(action)](const Json& arguments, Moment) {
-        return Call{.result = [action, arguments](Moment) {
-            return attempt([&]() -> std::optional<Json> { return action(arguments); });
-        }};
+        return [action, arguments](Moment) { return attempt([&] { return action(arguments); }); };
     };
-}
-
-Identifier idIn(const Json& arguments)
-{
-    const std::optional<Identifier> id = Identifier::fromText(arguments.at("id").get<std::string>());
-    if (!id) {
-        throw Refusal("That is no id of a question. Take the one that ask_question or list_questions gave.");
-    }
-    return *id;
 }
 
 Tool focusState(const Workspace& workspace)
@@ -131,16 +122,19 @@ Tool focusState(const Workspace& workspace)
 
 Tool askQuestion(const Workspace& workspace)
 {
+    const auto begin = [workspace](const Json& arguments, Moment now) {
+        return askThePerson(workspace, arguments.at("question"), now);
+    };
     return {
         .name = "ask_question",
         .title = "Ask the person",
         .description =
-            "Leaves a question for the person. Asking never interrupts: the question waits in the "
-            "person's list until they look, which may take until the end of the focus session or "
-            "longer. Returns the id by which get_answer and wait_for_answer find the answer, and "
-            "whether the person may be interrupted now. Ask so that the question can be understood "
-            "hours later without your context, and put what belongs together into one question. "
-            "At most " +
+            "Leaves a question for the person. Asking never interrupts a focus session: the person is "
+            "told of the question, if at all, when none is running, and it waits in their list until "
+            "they look, which may take longer. Returns the id by which get_answer and wait_for_answer "
+            "find the answer, and whether the person may be interrupted now. Ask so that the question "
+            "can be understood hours later without your context, and put what belongs together into "
+            "one question. At most " +
             std::to_string(mostCharacters) + " characters, " + std::to_string(mostAMinute) +
             " questions a minute and " + std::to_string(mostOpen) +
             " without an answer, of all agents together. A question cannot be taken back, and "
@@ -148,9 +142,7 @@ Tool askQuestion(const Workspace& workspace)
         .inputSchema = Json::parse(aText),
         .outputSchema = Json::parse(anIdAndWhetherToInterrupt),
         .hints = adds,
-        .begin = atOnce([workspace](const Json& arguments) {
-            return askThePerson(workspace, arguments.at("question").get<std::string>());
-        }),
+        .begin = begin,
     };
 }
 
@@ -167,7 +159,8 @@ Tool getAnswer(const Workspace& workspace)
         .outputSchema = questionSchema(),
         .hints = looks,
         .begin = atOnce([workspace](const Json& arguments) {
-            return questionJson(questionIn(workspace.look().state, idIn(arguments)));
+            const QuillmereState state = workspace.look().state;
+            return questionJson(questionIn(state, arguments.at("id")));
         }),
     };
 }
@@ -175,18 +168,8 @@ Tool getAnswer(const Workspace& workspace)
 Begin beginWaiting(const Workspace& workspace, AnswerWatch& watch, int usualSeconds)
 {
     return [workspace, &watch, usualSeconds](const Json& arguments, Moment now) {
-        const Moment deadline = now + std::chrono::seconds(arguments.value("timeout_seconds", usualSeconds));
-        const auto result = [workspace, &watch, arguments, deadline](Moment at) {
-            return attempt([&]() -> std::optional<Json> {
-                // Before the look, so that no answer falls between the two.
-                watch.require();
-                const QuillmereState state = workspace.look().state;
-                const AgentQuestion& question = questionIn(state, idIn(arguments));
-                const bool isOver = question.answeredAt || at >= deadline;
-                return isOver ? std::optional(questionJson(question)) : std::nullopt;
-            });
-        };
-        return Call{.result = result, .deadline = deadline};
+        const std::chrono::seconds longest(arguments.value("timeout_seconds", usualSeconds));
+        return waitForAnswer(workspace, watch, arguments.at("id"), now + longest);
     };
 }
 

@@ -13,10 +13,6 @@
 namespace quillmere::app {
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr auto pauseBetweenTries = 10ms;
-
 /// A signal does not keep it from being opened.
 OpenFile openDirectory(const std::filesystem::path& directory)
 {
@@ -51,7 +47,7 @@ void waitForLock(int descriptor, const std::filesystem::path& directory, std::ch
             throw ProgramError(ExitCode::lockBusy,
                                "Another program is at work in " + directory.string() + "; try again.");
         }
-        std::this_thread::sleep_for(pauseBetweenTries);
+        std::this_thread::sleep_for(DirectoryLock::pauseBetweenTries);
     }
 }
 

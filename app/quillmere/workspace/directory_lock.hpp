@@ -16,6 +16,8 @@ class DirectoryLock {
 public:
     /// How long a command waits for others to be done.
     static constexpr std::chrono::milliseconds usualPatience{5'000};
+    /// How often whoever waits looks again; flock(2) can wait, but not for a limited time.
+    static constexpr std::chrono::milliseconds pauseBetweenTries{10};
 
     /// Waits for the lock, but no longer than `patience`; throws ProgramError (`lockBusy`) then, and
     /// `std::system_error` when the directory cannot be locked at all.

@@ -33,7 +33,7 @@ std::vector<Event> OpenWorkspace::change(const Operation& operation, std::chrono
         recorded_.insert(recorded_.end(), events.begin(), events.end());
     };
     isStale_ = true;
-    situation_ = workspace_.change(record, operation, patience);
+    situation_ = workspace_.change(record, operation, {.patience = patience});
     situation_.events.clear();
     isStale_ = false;
     return std::exchange(recorded_, {});

@@ -12,8 +12,8 @@ std::filesystem::path stateHomeOfThisUser();
 
 /// Where everything is kept that belongs to the files in `directory`, an absolute path: a directory of its
 /// own under `quillmere` in the state home, which need not exist. However the path is spelled, links in it
-/// included, it is the same for the same directory. Empty when `stateHome` is, and when the place would lie in
-/// `directory` itself.
+/// included, it is the same for the same directory. Empty when `stateHome` is, and when the place would lie
+/// in `directory` itself.
 std::filesystem::path keptBeside(const std::filesystem::path& directory,
                                  const std::filesystem::path& stateHome);
 

@@ -200,7 +200,7 @@ DirectoryLock Workspace::lock(std::chrono::milliseconds patience) const
 }
 
 Situation Workspace::change(const std::function<void(const std::vector<Event>&)>& report,
-                            const Operation& operation, std::chrono::milliseconds patience) const
+                            const Operation& operation, const ChangeManner& manner) const
 {
     const FileManager& fileManager = FileManager::standard();
     const auto apply = [&](Situation& situation) {
@@ -215,7 +215,7 @@ Situation Workspace::change(const std::function<void(const std::vector<Event>&)>
         }
         apply(first);
     }
-    const DirectoryLock held = lock(patience);
+    const DirectoryLock held = lock(manner.patience);
     QuillmereState saved = states_.load();
     const Instant savedAt = saved.updatedAt;
     Situation situation = caughtUp(std::move(saved));
@@ -227,7 +227,7 @@ Situation Workspace::change(const std::function<void(const std::vector<Event>&)>
     }
     if (operation) {
         apply(situation);
-        if (!cameAbout) {
+        if (!cameAbout && manner.keepsVersion) {
             situation.warning = keepVersion(savedAt);
         }
         try {

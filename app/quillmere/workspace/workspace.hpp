@@ -9,6 +9,7 @@
 #include <quillmere/store/state_store.hpp>
 #include <quillmere/widget/widget_snapshot_store.hpp>
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -33,6 +34,12 @@ using Operation = std::function<void(QuillmereState&, Instant now)>;
 class ChangeSaved : public ProgramError {
 public:
     using ProgramError::ProgramError;
+};
+
+/// How a change is made; as for the person, unless it says otherwise.
+struct ChangeManner {
+    std::chrono::milliseconds patience = DirectoryLock::usualPatience;  ///< with others who hold the lock
+    bool keepsVersion = true;  ///< of the state before it; of what came about by itself one is kept anyway
 };
 
 class Workspace {
@@ -67,9 +74,9 @@ public:
     /// that was killed leaves it. A file that cannot be loaded, or that the engine could not live with,
     /// is never saved over. The state before is kept as a version; where that fails, the situation has a
     /// warning. Throws ProgramError (`fileError`) when the state was saved and a summary was not, of the
-    /// type ChangeSaved when that was the operation's. Waits for the lock no longer than `patience`.
+    /// type ChangeSaved when that was the operation's.
     Situation change(const std::function<void(const std::vector<Event>&)>& report, const Operation& operation,
-                     std::chrono::milliseconds patience = DirectoryLock::usualPatience) const;
+                     const ChangeManner& manner = {}) const;
 
     /// Under the lock: puts a version in the place of the state, whatever that is now; even what cannot be
     /// read is kept as a version first. Throws, and changes nothing, when either version cannot be had

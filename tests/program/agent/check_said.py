@@ -57,7 +57,7 @@ class Conversation:
 
     def check_result(self, request, result):
         method = request["method"]
-        params = request.get("params", {})
+        params = request.get("params") or {}
         is_stateless = VERSION_KEY in params.get("_meta", {})
         DEFINITIONS[method].validate(result)
         DEFINITIONS["stateless" if is_stateless else "withHandshake"].validate(result)
@@ -69,8 +69,11 @@ class Conversation:
         has_structures = is_stateless or self.version >= "2025-06-18"
         if method == "tools/call":
             self.check_call(params["name"], result, has_structures)
-        for tool in result["tools"] if method == "tools/list" else []:
+        for tool in result.get("tools", []):
             assert ("outputSchema" in tool) == ("title" in tool) == has_structures
+        titled = result.get("resources", []) + ([result["serverInfo"]] if method == "initialize" else [])
+        for item in titled:
+            assert ("title" in item) == has_structures
 
     def check_call(self, name, result, has_structures):
         if result.get("isError"):

@@ -1,6 +1,7 @@
 // The real program at the end of real channels.
 #include "process/real_program.hpp"
 #include "served_program.hpp"
+#include "workspace/directory_lock.hpp"
 
 #include <csignal>
 #include <set>
@@ -8,6 +9,8 @@
 
 namespace quillmere::test {
 namespace {
+
+using app::DirectoryLock;
 
 const Json ping = request(1, "ping");
 const std::string pong = R"({"id":1,"jsonrpc":"2.0","result":{}})";
@@ -27,6 +30,11 @@ protected:
     std::string asks(ServedProgram& server) const
     {
         return server.called("ask_question", {{"question", "Which one?"}}).at("id");
+    }
+
+    static Json askNumber(const Json& id)
+    {
+        return request(id, "tools/call", toolCall("ask_question", {{"question", "Which one?"}}));
     }
 
     static Json waitFor(const Json& id, const std::string& question, int timeout)
@@ -122,6 +130,43 @@ TEST_F(Serve, endsAtASignalWhileACallWaits)
     }
 }
 
+TEST_F(Serve, answersOthersWhileTheLockIsBusy)
+{
+    ServedProgram server(person.directory());
+    const DirectoryLock held(person.directory());
+    server.send(askNumber(9));
+    EXPECT_EQ(server.asked(ping).at("id"), 1);
+    server.sendSignal(SIGTERM);
+    EXPECT_EQ(server.end(), 0);
+    EXPECT_EQ(server.rest(), "");
+}
+
+TEST_F(Serve, asksOnceTheLockIsFree)
+{
+    ServedProgram server(person.directory());
+    {
+        const DirectoryLock held(person.directory());
+        server.send(askNumber(9));
+        EXPECT_EQ(server.asked(ping).at("id"), 1);
+    }
+    const Json asked = server.receive().at("result").at("structuredContent");
+    EXPECT_EQ(asked.at("id"), person.state().agentQuestions.at(0).id.text());
+}
+
+TEST_F(Serve, asksAlsoWhenTheInputEndsWhileTheLockIsBusy)
+{
+    ServedProgram server(person.directory());
+    {
+        const DirectoryLock held(person.directory());
+        server.send(askNumber(9));
+        EXPECT_EQ(server.asked(ping).at("id"), 1);
+        server.closeInput();
+    }
+    EXPECT_EQ(server.receive().at("id"), 9);
+    EXPECT_EQ(server.end(), 0);
+    EXPECT_EQ(person.state().agentQuestions.size(), 1u);
+}
+
 TEST_F(Serve, endsWhenNobodyReadsAnyMore)
 {
     ServedProgram server(person.directory());
@@ -189,6 +234,30 @@ TEST_F(Serve, readsALineThatIsAsLongAsALineMayBe)
     server.note(ping);
     line.resize(10 * 1024 * 1024, ' ');
     server.write(line + "\n");
+    EXPECT_EQ(server.receive().at("result"), Json::object());
+}
+
+TEST_F(Serve, countsNoLineEndIntoTheLengthOfALine)
+{
+    ServedProgram server(person.directory());
+    std::string line = ping.dump();
+    server.note(ping);
+    line.resize(10 * 1024 * 1024, ' ');
+    server.write(line + "\r\n");
+    EXPECT_EQ(server.receive().at("result"), Json::object());
+    server.write(line + " \n");
+    EXPECT_EQ(server.receive().at("error").at("code"), -32600);
+}
+
+TEST_F(Serve, readsAMegabyteOfEmptyObjects)
+{
+    ServedProgram server(person.directory());
+    std::string objects;
+    for (int number = 0; number < 350'000; ++number) {
+        objects += "{},";
+    }
+    server.note(ping);
+    server.write(R"({"jsonrpc":"2.0","id":1,"method":"ping","params":{"a":[)" + objects + "0]}}\n");
     EXPECT_EQ(server.receive().at("result"), Json::object());
 }
 

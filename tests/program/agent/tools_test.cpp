@@ -17,9 +17,12 @@ namespace {
 using app::DirectoryLock;
 using app::Workspace;
 using app::protocol::Call;
+using app::protocol::Later;
 using app::protocol::Moment;
+using app::protocol::Outcome;
 using app::protocol::Tool;
 using app::protocol::ToolResult;
+using std::chrono::milliseconds;
 using std::chrono::seconds;
 
 /// An agent with the tools in hand, beside a person.
@@ -27,6 +30,20 @@ class Tools : public testing::Test {
 protected:
     Person person;
     Moment steady = Moment();
+
+    /// The result, if there is one.
+    static std::optional<ToolResult> resultOf(const Outcome& outcome)
+    {
+        const ToolResult* const result = std::get_if<ToolResult>(&outcome);
+        return result != nullptr ? std::optional(*result) : std::nullopt;
+    }
+
+    static Moment timeOf(const Outcome& outcome)
+    {
+        const Later* const later = std::get_if<Later>(&outcome);
+        EXPECT_NE(later, nullptr);
+        return later != nullptr ? later->at : Moment();
+    }
 
     Call begin(const std::string& name, const Json& arguments) const
     {
@@ -37,7 +54,7 @@ protected:
 
     ToolResult call(const std::string& name, const Json& arguments = Json::object()) const
     {
-        std::optional<ToolResult> result = begin(name, arguments).result(steady);
+        const std::optional<ToolResult> result = resultOf(begin(name, arguments)(steady));
         EXPECT_TRUE(result);
         return result.value_or(ToolResult{});
     }
@@ -121,7 +138,6 @@ const struct {
     {"get_focus_state", R"({"of": "me"})"},
     {"ask_question", "{}"},
     {"ask_question", R"({"question": 5})"},
-    {"ask_question", R"({"question": null})"},
     {"ask_question", R"({"question": "Why?", "urgent": true})"},
     {"get_answer", "{}"},
     {"get_answer", R"({"id": 1})"},
@@ -130,7 +146,6 @@ const struct {
     {"wait_for_answer", R"({"id": "", "timeout_seconds": 601})"},
     {"wait_for_answer", R"({"id": "", "timeout_seconds": "5"})"},
     {"list_questions", R"({"open_only": 1})"},
-    {"list_questions", R"({"open_only": null})"},
 };
 
 TEST_F(Tools, takeNoArgumentsThatDoNotFit)
@@ -237,19 +252,19 @@ TEST_F(Tools, waitUntilTheAnswerIsThere)
 {
     const std::string id = asks("Which one?");
     const Call wait = begin("wait_for_answer", {{"id", id}, {"timeout_seconds", 600}});
-    EXPECT_EQ(wait.deadline, steady + seconds(600));
-    EXPECT_EQ(wait.result(steady + seconds(599)), std::nullopt);
+    EXPECT_EQ(timeOf(wait(steady)), steady + seconds(600));
+    EXPECT_EQ(timeOf(wait(steady + seconds(599))), steady + seconds(600));
     person.types({"answer", "1", "This"});
-    EXPECT_EQ(wait.result(steady + seconds(599)).value().value.at("answer"), "This");
+    EXPECT_EQ(resultOf(wait(steady + seconds(599))).value().value.at("answer"), "This");
 }
 
 TEST_F(Tools, waitUntilTheTimeIsUp)
 {
     const std::string id = asks("Which one?");
     const Call wait = begin("wait_for_answer", {{"id", id}});
-    EXPECT_EQ(wait.deadline, steady + seconds(45));
-    EXPECT_EQ(wait.result(steady + seconds(44)), std::nullopt);
-    EXPECT_EQ(wait.result(steady + seconds(45)).value().value.at("status"), "open");
+    EXPECT_EQ(timeOf(wait(steady)), steady + seconds(45));
+    EXPECT_EQ(resultOf(wait(steady + seconds(44))), std::nullopt);
+    EXPECT_EQ(resultOf(wait(steady + seconds(45))).value().value.at("status"), "open");
     EXPECT_EQ(valueOf("wait_for_answer", {{"id", id}, {"timeout_seconds", 0}}).at("status"), "open");
 }
 
@@ -268,7 +283,32 @@ TEST_F(Tools, stopWaitingForAQuestionThatIsGone)
     const std::string id = asks("Which one?");
     const Call wait = begin("wait_for_answer", {{"id", id}});
     person.has(stateIn(WorkflowState::idle));
-    EXPECT_NE(wait.result(steady).value().refusal.find("no question"), std::string::npos);
+    EXPECT_NE(resultOf(wait(steady)).value().refusal.find("no question"), std::string::npos);
+}
+
+TEST_F(Tools, waitForAStateThatSomebodyWritesInPlace)
+{
+    const std::string id = asks("Which one?");
+    const std::string state = textOf(person.store().stateURL());
+    const Call wait = begin("wait_for_answer", {{"id", id}});
+    writeText(person.store().stateURL(), "{");
+    EXPECT_EQ(timeOf(wait(steady)), steady + milliseconds(250));
+    EXPECT_EQ(timeOf(wait(steady + milliseconds(900))), steady + milliseconds(1150));
+    writeText(person.store().stateURL(), state);
+    EXPECT_EQ(timeOf(wait(steady + seconds(1))), steady + seconds(45));
+    // A second counts from here.
+    writeText(person.store().stateURL(), "{");
+    EXPECT_EQ(timeOf(wait(steady + seconds(2))), steady + milliseconds(2250));
+    EXPECT_NE(resultOf(wait(steady + seconds(3))).value().refusal, "");
+}
+
+TEST_F(Tools, waitForNoStateBeyondTheTime)
+{
+    const std::string id = asks("Which one?");
+    writeText(person.store().stateURL(), "{");
+    const Call wait = begin("wait_for_answer", {{"id", id}, {"timeout_seconds", 1}});
+    EXPECT_EQ(timeOf(wait(steady + milliseconds(900))), steady + seconds(1));
+    EXPECT_NE(resultOf(wait(steady + seconds(1))).value().refusal, "");
 }
 
 TEST_F(Tools, refuseTheEleventhQuestionInAMinuteAndWriteNothing)
@@ -305,23 +345,79 @@ TEST_F(Tools, refuseABadQuestionWithoutMakingADirectory)
 TEST_F(Tools, sayThatTheStateCannotBeRead)
 {
     writeText(person.store().stateURL(), "{");
-    for (const auto& [name, arguments] : {std::pair<std::string, Json>{"get_focus_state", Json::object()},
-                                          {"ask_question", {{"question", "Why?"}}},
-                                          {"get_answer", {{"id", identifier(1).text()}}},
-                                          {"wait_for_answer", {{"id", identifier(1).text()}}},
-                                          {"list_questions", Json::object()}}) {
+    for (const auto& [name, arguments] :
+         {std::pair<std::string, Json>{"get_focus_state", Json::object()},
+          {"ask_question", {{"question", "Why?"}}},
+          {"get_answer", {{"id", identifier(1).text()}}},
+          {"wait_for_answer", {{"id", identifier(1).text()}, {"timeout_seconds", 0}}},
+          {"list_questions", Json::object()}}) {
         EXPECT_NE(refusalOf(name, arguments).find("only the person can repair it"), std::string::npos)
             << name;
     }
     EXPECT_EQ(textOf(person.store().stateURL()), "{");
 }
 
-TEST_F(Tools, sayThatAnotherProgramHasTheLock)
+TEST_F(Tools, askAgainForAsLongAsAPersonWouldWaitForTheLock)
 {
     asks("First?");
+    const Call ask = begin("ask_question", {{"question", "Second?"}});
     const DirectoryLock held(person.directory());
-    EXPECT_NE(refusalOf("ask_question", {{"question", "Second?"}}).find("try again"), std::string::npos);
+    EXPECT_EQ(timeOf(ask(steady)), steady + milliseconds(10));
+    EXPECT_EQ(timeOf(ask(steady + milliseconds(4999))), steady + milliseconds(5009));
+    EXPECT_NE(resultOf(ask(steady + seconds(5))).value().refusal.find("try again"), std::string::npos);
     EXPECT_EQ(person.state().agentQuestions.size(), 1u);
+}
+
+TEST_F(Tools, askOnceTheLockIsFree)
+{
+    asks("First?");
+    const Call ask = begin("ask_question", {{"question", "Second?"}});
+    {
+        const DirectoryLock held(person.directory());
+        EXPECT_EQ(resultOf(ask(steady)), std::nullopt);
+    }
+    const Json asked = resultOf(ask(steady)).value().value;
+    EXPECT_EQ(asked.at("id"), person.state().agentQuestions.at(1).id.text());
+}
+
+TEST_F(Tools, askWithoutPushingThePersonsVersionsOut)
+{
+    person.types({"plan", "--start", "--outcome", "A chapter", "--focus", "25m"});
+    person.types({"focus", "--outcome", "One page"});
+    const std::size_t versions = workspace().versions().list().size();
+    ASSERT_GT(versions, 0u);
+    asks("First?");
+    asks("Second?");
+    EXPECT_EQ(workspace().versions().list().size(), versions);
+    // What came about by itself can be taken back.
+    person.now = person.now + 1500;
+    asks("Third?");
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
+    EXPECT_EQ(workspace().versions().list().size(), versions + 1);
+}
+
+TEST_F(Tools, haveBothMembersOfAnAnswerWhateverTheFileHas)
+{
+    QuillmereState state = stateIn(WorkflowState::idle);
+    const auto add = [&](unsigned number, std::optional<std::string> answer,
+                         std::optional<Instant> answeredAt) {
+        state.agentQuestions.push_back({.id = identifier(number),
+                                        .question = "?",
+                                        .createdAt = moment,
+                                        .answer = std::move(answer),
+                                        .answeredAt = answeredAt});
+    };
+    add(1, std::nullopt, moment);
+    add(2, "An answer without its time", std::nullopt);
+    person.has(state);
+    const Json closed = valueOf("get_answer", {{"id", identifier(1).text()}});
+    EXPECT_EQ(closed.at("status"), "answered");
+    EXPECT_EQ(closed.at("answer"), nullptr);
+    EXPECT_EQ(closed.at("answered_at"), "2026-11-15T15:00:00Z");
+    const Json open = valueOf("get_answer", {{"id", identifier(2).text()}});
+    EXPECT_EQ(open.at("status"), "open");
+    EXPECT_EQ(open.at("answer"), nullptr);
+    EXPECT_EQ(open.at("answered_at"), nullptr);
 }
 
 TEST_F(Tools, sayThatAQuestionIsSavedAlthoughASummaryIsNot)

@@ -67,6 +67,14 @@ TEST(DirectoryLock, isOfOneDirectoryOnly)
     EXPECT_TRUE(isFree(other.path()));
 }
 
+TEST(DirectoryLock, isNotWaitedForLongerThanItIsSaid)
+{
+    const TemporaryDirectory directory;
+    const DirectoryLock lock(directory.path());
+    EXPECT_THROW(DirectoryLock(directory.path(), std::chrono::milliseconds(0)), app::ProgramError);
+    EXPECT_FALSE(isFree(directory.path()));
+}
+
 TEST(DirectoryLock, needsADirectory)
 {
     const TemporaryDirectory directory;

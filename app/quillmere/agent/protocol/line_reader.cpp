@@ -1,49 +1,55 @@
 #include "agent/protocol/line_reader.hpp"
 
+#include <algorithm>
 #include <utility>
 
 namespace quillmere::app::protocol {
 
-LineReader::LineReader(std::size_t longest, Sink sink) : longest_(longest), sink_(std::move(sink)) {}
-
-void LineReader::take(std::string_view bytes)
+void LineReader::take(std::string piece)
 {
-    for (std::size_t end = 0; (end = bytes.find('\n')) != std::string_view::npos;) {
-        keep(bytes.substr(0, end));
-        endLine();
-        bytes.remove_prefix(end + 1);
-    }
-    keep(bytes);
+    piece_ = std::move(piece);
+    begin_ = 0;
 }
 
-void LineReader::finish() { endLine(); }
-
-void LineReader::keep(std::string_view bytes)
+std::optional<LineReader::Line> LineReader::next()
 {
-    if (isSkipping_) {
-        return;
+    std::optional<Line> line;
+    while (!line && !isAtEnd()) {
+        const bool endsHere = piece_[begin_] == '\n';
+        const std::size_t end = std::min(piece_.find('\n', begin_), piece_.size());
+        line = endsHere ? this->end() : add(std::string_view(piece_).substr(begin_, end - begin_));
+        begin_ = endsHere ? begin_ + 1 : end;
     }
-    if (bytes.size() > longest_ - kept_.size()) {
+    return line;
+}
+
+std::optional<LineReader::Line> LineReader::add(std::string_view bytes)
+{
+    // One more may be the carriage return at its end.
+    if (!isSkipping_ && bytes.size() > longest_ + 1 - kept_.size()) {
         std::string().swap(kept_);
         isSkipping_ = true;
-        sink_.tooLong();
-        return;
+        return Line{.text = {}, .isTooLong = true};
     }
-    kept_ += bytes;
+    if (!isSkipping_) {
+        kept_ += bytes;
+    }
+    return std::nullopt;
 }
 
-void LineReader::endLine()
+std::optional<LineReader::Line> LineReader::end()
 {
-    // What a long line has taken is given back with it.
-    const std::string line = std::exchange(kept_, {});
     isSkipping_ = false;
-    std::string_view text = line;
-    if (text.ends_with('\r')) {
-        text.remove_suffix(1);
+    // What a long line has taken goes with it.
+    Line line{.text = std::exchange(kept_, {})};
+    if (line.text.ends_with('\r')) {
+        line.text.pop_back();
     }
-    if (text.find_first_not_of(" \t\r") != std::string_view::npos) {
-        sink_.line(text);
+    if (line.text.size() > longest_) {
+        return Line{.text = {}, .isTooLong = true};
     }
+    const bool isBlank = line.text.find_first_not_of(" \t\r") == std::string::npos;
+    return isBlank ? std::nullopt : std::optional(std::move(line));
 }
 
 }  // namespace quillmere::app::protocol

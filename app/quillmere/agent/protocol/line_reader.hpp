@@ -2,35 +2,40 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace quillmere::app::protocol {
 
-/// Cuts what comes in pieces of any size into lines. Never keeps more than one line, nor more of it than
-/// `longest` bytes: the rest of a longer one is let go as it comes.
+/// Cuts what comes in pieces of any size into lines, and gives them one at a time. Keeps no more than one
+/// piece and one line of at most `longest` bytes: the rest of a longer one is let go as it comes.
 class LineReader {
 public:
-    struct Sink {
-        std::function<void(std::string_view)> line;  ///< without its end; never a blank one
-        std::function<void()> tooLong;               ///< once for each, as soon as it is
+    struct Line {
+        std::string text;        ///< without its end; never blank
+        bool isTooLong = false;  ///< said once for each, as soon as it is; then there is no text
     };
 
-    LineReader(std::size_t longest, Sink sink);
+    explicit LineReader(std::size_t longest) : longest_(longest) {}
 
-    void take(std::string_view bytes);
+    /// Whether the piece before has been read to its end, so that another can be taken.
+    bool isAtEnd() const { return begin_ >= piece_.size(); }
 
-    /// Nothing follows: what stands without a line end is a line too.
-    void finish();
+    /// Takes the next piece.
+    void take(std::string piece);
+
+    /// The next line; absent when the piece has no further end of one.
+    std::optional<Line> next();
 
 private:
-    void keep(std::string_view bytes);
-    void endLine();
+    std::optional<Line> add(std::string_view bytes);
+    std::optional<Line> end();
 
     std::size_t longest_;
-    Sink sink_;
-    std::string kept_;
+    std::string piece_;
+    std::size_t begin_ = 0;  ///< of what has not been read of the piece
+    std::string kept_;       ///< of the line that has not ended
     bool isSkipping_ = false;
 };
 

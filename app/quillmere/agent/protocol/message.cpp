@@ -10,14 +10,29 @@ std::string lineOf(const Json& message)
     return message.dump(-1, ' ', true, Json::error_handler_t::replace) + '\n';
 }
 
-/// Stops the parser before what it builds is too deep to be handled.
-bool requireShallow(int depth, Json::parse_event_t, Json&)
+/// What is built of the line is handled level by level. The parser's own callback could count too, but with
+/// one it looks again through all members of an array whenever one of them ends.
+void requireShallow(std::string_view line)
 {
-    if (depth >= deepestNesting) {
-        throw ProtocolError(ErrorCode::invalidRequest,
-                            "The message nests deeper than " + std::to_string(deepestNesting) + " levels.");
+    int depth = 0;
+    bool isInString = false;
+    for (std::size_t at = 0; at < line.size(); ++at) {
+        const char byte = line[at];
+        if (isInString) {
+            at += byte == '\\' ? 1 : 0;
+            isInString = byte != '"';
+        } else if (byte == '[' || byte == '{') {
+            ++depth;
+        } else if (byte == ']' || byte == '}') {
+            --depth;
+        } else {
+            isInString = byte == '"';
+        }
+        if (depth > deepestNesting) {
+            throw ProtocolError(ErrorCode::invalidRequest, "The message nests deeper than " +
+                                                               std::to_string(deepestNesting) + " levels.");
+        }
     }
-    return true;
 }
 
 }  // namespace
@@ -29,43 +44,59 @@ ProtocolError::ProtocolError(ErrorCode code, const std::string& message, Json da
 
 Json parsedMessage(std::string_view line)
 {
+    requireShallow(line);
     try {
-        return Json::parse(line, requireShallow);
-    } catch (const Json::exception&) {
-        throw ProtocolError(ErrorCode::parseError, "The line is not JSON in UTF-8.");
+        // The parser takes a NUL for the end of its input.
+        if (line.find('\0') == std::string_view::npos) {
+            return Json::parse(line);
+        }
+    } catch (const Json::out_of_range&) {
+        throw ProtocolError(ErrorCode::parseError, "A number in the line is too great to be read.");
+    } catch (const Json::parse_error&) {
+        // Said below.
     }
+    throw ProtocolError(ErrorCode::parseError,
+                        "The line is not JSON in UTF-8, or it escapes a lone surrogate.");
 }
 
-std::optional<Json> idIn(const Json& message)
+const Json& memberIn(const Json& object, const char* key)
 {
-    if (!message.is_object()) {
-        return std::nullopt;
-    }
-    const auto id = message.find("id");
-    const bool isOne = id != message.end() && (id->is_string() || id->is_number_integer());
-    return isOne ? std::optional(*id) : std::nullopt;
+    static const Json none;
+    const auto member = object.find(key);
+    return member != object.end() ? *member : none;
 }
 
-std::optional<Request> requestIn(const Json& message)
+std::optional<Json> idIn(const Json& object, const char* key)
+{
+    const Json& id = memberIn(object, key);
+    const bool isText = id.is_string() && id.get_ref<const std::string&>().size() <= longestId;
+    return isText || id.is_number_integer() ? std::optional(id) : std::nullopt;
+}
+
+std::optional<Request> requestIn(Json message)
 {
     if (message.is_array()) {
         throw ProtocolError(ErrorCode::invalidRequest, "Batches are not accepted: send one message a line.");
     }
-    if (!message.is_object() || message.value("jsonrpc", Json()) != "2.0") {
+    if (!message.is_object() || memberIn(message, "jsonrpc") != "2.0") {
         throw ProtocolError(ErrorCode::invalidRequest, "The line is no JSON-RPC 2.0 message.");
     }
-    const Json method = message.value("method", Json());
+    const Json& method = memberIn(message, "method");
     if (method.is_null() && (message.contains("result") || message.contains("error"))) {
         return std::nullopt;
     }
     if (!method.is_string()) {
         throw ProtocolError(ErrorCode::invalidRequest, "The message names no method.");
     }
-    Request request{.id = idIn(message), .method = method, .params = message.value("params", Json::object())};
+    Request request{.id = idIn(message, "id"), .method = method, .params = std::move(message["params"])};
     const bool isNotification = !message.contains("id");
     if (!isNotification && !request.id) {
-        throw ProtocolError(ErrorCode::invalidRequest,
-                            "The id of a request is a string or an integer of 64 bits.");
+        throw ProtocolError(ErrorCode::invalidRequest, "The id of a request is a string of at most " +
+                                                           std::to_string(longestId) +
+                                                           " bytes or an integer of 64 bits.");
+    }
+    if (request.params.is_null()) {
+        request.params = Json::object();
     }
     if (!request.params.is_object()) {
         if (!isNotification) {

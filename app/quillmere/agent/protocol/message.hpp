@@ -3,6 +3,7 @@
 
 #include "agent/protocol/offer.hpp"
 
+#include <cstddef>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -39,25 +40,32 @@ private:
 struct Request {
     std::optional<Json> id;
     std::string method;
-    Json params;  ///< an object
+    Json params;  ///< an object; empty where there are none
 };
 
-/// Deeper than any message has reason to be.
+/// How many objects and arrays, one in another, a message may have; more than any has reason to.
 inline constexpr int deepestNesting = 64;
+
+/// The longest string, in bytes, that is an id: it is kept for as long as its call waits.
+inline constexpr std::size_t longestId = 1'024;
 
 /// Reads one line. Throws ProtocolError when it is no JSON (RFC 8259, UTF-8), or nests too deep.
 Json parsedMessage(std::string_view line);
 
-/// The id by which an answer to the message is known: a string or an integer of 64 bits, to be sent back as
-/// it came. Absent when the message has none that is one.
-std::optional<Json> idIn(const Json& message);
+/// A member of an object; null where there is none, also of what is no object. Valid as long as the object.
+const Json& memberIn(const Json& object, const char* key);
+
+/// The id that stands under a key of a message or of its params: a string that is not too long, or an integer
+/// of 64 bits, to be sent back as it came. Absent when there is none that is one.
+std::optional<Json> idIn(const Json& object, const char* key);
 
 /// The request or notification that a message is; absent for a response, which this server never waits for.
 /// Throws ProtocolError when it is no message at all.
-std::optional<Request> requestIn(const Json& message);
+std::optional<Request> requestIn(Json message);
 
 /// The lines that answer a request. Nothing in them is beyond ASCII, so that nobody takes a character of a
-/// text for the end of the line. An error has no id where the message had none that could be read.
+/// text for the end of the line. An error has no id where the message had none that could be read: JSON-RPC
+/// has null there, which the protocol's own schema and its clients do not take.
 std::string resultLine(const Json& id, Json result);
 std::string errorLine(const std::optional<Json>& id, const ProtocolError& error);
 

@@ -6,8 +6,8 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
-#include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace quillmere::app::protocol {
@@ -24,12 +24,16 @@ struct ToolResult {
     std::string refusal = {};  ///< why there is no value, for a model to act on; empty when there is one
 };
 
-/// A tool call that has begun.
-struct Call {
-    /// The result as soon as there is one. Asked at once, again after every change, and at the deadline.
-    std::function<std::optional<ToolResult>(Moment now)> result;
-    std::optional<Moment> deadline = {};  ///< from here on there is a result in any case
+/// There is no result yet, and this is when to ask for it again even if nothing has changed.
+struct Later {
+    Moment at;
 };
+
+using Outcome = std::variant<ToolResult, Later>;
+
+/// A tool call that has begun: says what has come of it so far. Asked at once, and again until there is a
+/// result.
+using Call = std::function<Outcome(Moment now)>;
 
 /// What a call of a tool does to the world, as a client may want to know before it allows one.
 struct Hints {
@@ -45,7 +49,7 @@ struct Tool {
     std::string description;  ///< all that a model is told about it
     Json inputSchema;         ///< of an object; in the words that `misfitOf` knows
     Json outputSchema;
-    Hints hints;
+    Hints hints;  ///< a call that is not `readOnly` is brought to its end even if nobody asks any more
     /// Takes arguments that fit the input schema.
     std::function<Call(const Json& arguments, Moment now)> begin;
 };

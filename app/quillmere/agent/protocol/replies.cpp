@@ -3,9 +3,13 @@
 namespace quillmere::app::protocol {
 namespace {
 
-Json implementation(const Offer& offer)
+Json implementation(const Offer& offer, const Version& version)
 {
-    return {{"name", offer.name}, {"title", offer.title}, {"version", offer.version}};
+    Json json = {{"name", offer.name}, {"version", offer.version}};
+    if (version.hasStructures) {
+        json["title"] = offer.title;
+    }
+    return json;
 }
 
 /// Nothing that is listed ever changes, and nobody can subscribe.
@@ -36,13 +40,13 @@ Json initializeResult(const Offer& offer, const Version& version)
 {
     return {{"protocolVersion", version.name},
             {"capabilities", capabilities()},
-            {"serverInfo", implementation(offer)},
+            {"serverInfo", implementation(offer, version)},
             {"instructions", offer.instructions}};
 }
 
 Json discoverResult(const Offer& offer)
 {
-    return {{"supportedVersions", versionNames()},
+    return {{"supportedVersions", statelessVersionNames()},
             {"capabilities", capabilities()},
             {"instructions", offer.instructions}};
 }
@@ -56,15 +60,18 @@ Json toolList(const Offer& offer, const Version& version)
     return {{"tools", std::move(tools)}};
 }
 
-Json resourceList(const Offer& offer)
+Json resourceList(const Offer& offer, const Version& version)
 {
     Json resources = Json::array();
     for (const Resource& resource : offer.resources) {
-        resources.push_back({{"uri", resource.uri},
-                             {"name", resource.name},
-                             {"title", resource.title},
-                             {"description", resource.description},
-                             {"mimeType", resource.mimeType}});
+        Json json = {{"uri", resource.uri},
+                     {"name", resource.name},
+                     {"description", resource.description},
+                     {"mimeType", resource.mimeType}};
+        if (version.hasStructures) {
+            json["title"] = resource.title;
+        }
+        resources.push_back(std::move(json));
     }
     return {{"resources", std::move(resources)}};
 }
@@ -93,7 +100,7 @@ Json complete(Json result, const std::optional<Caching>& caching, const Offer& o
 {
     if (version.isStateless) {
         result["resultType"] = "complete";
-        result["_meta"]["io.modelcontextprotocol/serverInfo"] = implementation(offer);
+        result["_meta"]["io.modelcontextprotocol/serverInfo"] = implementation(offer, version);
         if (caching) {
             result["ttlMs"] = caching->milliseconds;
             result["cacheScope"] = caching->isPublic ? "public" : "private";

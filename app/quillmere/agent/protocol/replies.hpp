@@ -8,7 +8,7 @@ namespace quillmere::app::protocol {
 Json initializeResult(const Offer& offer, const Version& version);
 Json discoverResult(const Offer& offer);
 Json toolList(const Offer& offer, const Version& version);
-Json resourceList(const Offer& offer);
+Json resourceList(const Offer& offer, const Version& version);
 Json resourceTemplateList();
 Json resourceContents(const Resource& resource);
 Json callResult(const ToolResult& result, const Version& version);

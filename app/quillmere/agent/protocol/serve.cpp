@@ -3,6 +3,7 @@
 #include "agent/protocol/line_reader.hpp"
 
 #include <fcntl.h>
+#include <malloc.h>
 #include <poll.h>
 #include <unistd.h>
 
@@ -11,41 +12,46 @@
 #include <cerrno>
 #include <climits>
 #include <limits>
+#include <string>
 #include <system_error>
+#include <utility>
 
 namespace quillmere::app::protocol {
 namespace {
+
+/// While a client leaves this many bytes unread it is not heard, so that what waits for it does not grow.
+constexpr std::size_t mostUnsent = 1024 * 1024;
+constexpr std::size_t longestPiece = 65536;
 
 bool mayGoOn(int error) { return error == EINTR || error == EAGAIN; }
 
 class Connection {
 public:
     Connection(Server& server, Changes& changes, const Channels& channels)
-        : server_(server),
-          changes_(changes),
-          channels_(channels),
-          reader_(longestLine, {.line = [this](auto line) { server_.receive(line, now()); },
-                                .tooLong = [this] { server_.refuseLongLine(); }})
+        : server_(server), changes_(changes), channels_(channels)
     {
     }
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    /// Waits until there is something to do, and does it; false when that was the end.
+    /// Waits until there is something to do, and does it, one line at most, so that whoever asks for the end
+    /// need not wait for more; false when that was the end.
     bool step();
 
 private:
     static Moment now() { return std::chrono::steady_clock::now(); }
     bool isSending() const { return sent_ < output_.size(); }
+    bool isHearing() const { return output_.size() - sent_ < mostUnsent; }
     int millisecondsToWait() const;
     void receiveSome();
+    void handleLine();
     /// False when nobody reads any more.
     bool sendSome();
 
     Server& server_;
     Changes& changes_;
     Channels channels_;
-    LineReader reader_;
+    LineReader reader_{longestLine};
     std::string output_;
     std::size_t sent_ = 0;  ///< of the output
     bool hasEnded_ = false;
@@ -53,14 +59,14 @@ private:
 
 bool Connection::step()
 {
-    if (hasEnded_ && !isSending()) {
+    if (hasEnded_ && reader_.isAtEnd() && !isSending() && !server_.isActing()) {
         return false;
     }
+    const bool isReading = isHearing() && reader_.isAtEnd() && !hasEnded_;
     enum { ending, input, output, changes };
     std::array<pollfd, 4> watched = {{
         {channels_.ending, POLLIN, 0},
-        // A client that does not read is not heard, so that what waits for it does not grow.
-        {hasEnded_ || isSending() ? -1 : channels_.in, POLLIN, 0},
+        {isReading ? channels_.in : -1, POLLIN, 0},
         {channels_.out, static_cast<short>(isSending() ? POLLOUT : 0), 0},
         {changes_.descriptor(), POLLIN, 0},
     }};
@@ -75,12 +81,13 @@ bool Connection::step()
     }
     if (watched[changes].revents != 0) {
         changes_.take();
+        server_.expectResults();
     }
-    if (watched[changes].revents != 0 || server_.nextDeadline().value_or(Moment::max()) <= now()) {
-        server_.askAgain(now());
-    }
+    server_.askAgain(now());
     if (watched[input].revents != 0) {
         receiveSome();
+    } else if (isHearing()) {
+        handleLine();
     }
     output_ += server_.takeOutput();
     return true;
@@ -88,24 +95,43 @@ bool Connection::step()
 
 int Connection::millisecondsToWait() const
 {
-    const std::optional<Moment> deadline = server_.nextDeadline();
-    if (!deadline) {
+    if (isHearing() && !reader_.isAtEnd()) {
+        return 0;
+    }
+    const std::optional<Moment> next = server_.nextTime();
+    if (!next) {
         return -1;
     }
     // Rounded up: a moment too early there would be nothing to do but to wait again.
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(*deadline - now()).count();
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(*next - now()).count();
     return static_cast<int>(std::clamp<std::int64_t>(left, 0, std::numeric_limits<int>::max()));
 }
 
 void Connection::receiveSome()
 {
-    std::array<char, 65536> bytes;
+    std::string bytes(longestPiece, '\0');
     const ssize_t count = ::read(channels_.in, bytes.data(), bytes.size());
     if (count > 0) {
-        reader_.take({bytes.data(), static_cast<std::size_t>(count)});
+        bytes.resize(static_cast<std::size_t>(count));
+        reader_.take(std::move(bytes));
     } else if (count == 0 || !mayGoOn(errno)) {
-        reader_.finish();
+        // What stands without a line end is a line too.
+        reader_.take("\n");
         hasEnded_ = true;
+    }
+}
+
+void Connection::handleLine()
+{
+    const std::optional<LineReader::Line> line = reader_.next();
+    if (line && line->isTooLong) {
+        server_.refuseLongLine();
+    } else if (line) {
+        server_.receive(line->text, now());
+        if (line->text.size() > longestPiece) {
+            // A message of very many small values would otherwise leave their memory with this process.
+            ::malloc_trim(0);
+        }
     }
 }
 
@@ -118,8 +144,9 @@ bool Connection::sendSome()
         return mayGoOn(errno);
     }
     sent_ += static_cast<std::size_t>(count);
-    if (!isSending()) {
-        std::string().swap(output_);
+    // By halves, so that long output is not moved again and again; into a new place, so that the old is free.
+    if (sent_ >= output_.size() - sent_) {
+        std::string(output_, sent_).swap(output_);
         sent_ = 0;
     }
     return true;

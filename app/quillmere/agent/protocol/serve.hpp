@@ -23,8 +23,9 @@ struct Channels {
 bool isOpen(int descriptor);
 
 /// Reads lines from `in` and writes lines to `out`, until the input ends, nobody reads the output any more,
-/// or the process is asked to end. What has an answer by the end of the input is still answered; calls that
-/// wait are dropped. Reads no further while the client does not read. SIGPIPE must not end the process.
+/// or the process is asked to end. What has an answer by the end of the input is still answered, and what a
+/// call changes is changed; calls that only wait are dropped. Works on one line at a time, and on none while
+/// about a megabyte waits for a client that does not read. SIGPIPE must not end the process.
 void serve(Server& server, Changes& changes, const Channels& channels);
 
 }  // namespace quillmere::app::protocol

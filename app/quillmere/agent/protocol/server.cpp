@@ -15,7 +15,7 @@ constexpr std::size_t mostWaiting = 64;
 /// A text that the params must have.
 std::string textIn(const Json& params, const char* key)
 {
-    const Json value = params.value(key, Json());
+    const Json& value = memberIn(params, key);
     if (!value.is_string()) {
         throw ProtocolError(ErrorCode::invalidParams, std::string("params need \"") + key + "\", a string.");
     }
@@ -25,9 +25,23 @@ std::string textIn(const Json& params, const char* key)
 /// Lists have one page here, so that no cursor was ever given out.
 void refuseCursor(const Json& params)
 {
-    if (params.contains("cursor")) {
+    if (!memberIn(params, "cursor").is_null()) {
         throw ProtocolError(ErrorCode::invalidParams, "There is no such page.");
     }
+}
+
+/// What a call gives its tool. A model that leaves something out may say so with null.
+Json argumentsIn(Json params)
+{
+    Json arguments = std::move(params["arguments"]);
+    if (arguments.is_null()) {
+        return Json::object();
+    }
+    if (arguments.is_object()) {
+        std::erase_if(arguments.get_ref<Json::object_t&>(),
+                      [](const auto& argument) { return argument.second.is_null(); });
+    }
+    return arguments;
 }
 
 ToolResult refused(std::string why) { return {.value = nullptr, .refusal = std::move(why)}; }
@@ -38,7 +52,7 @@ struct Server::Method {
     std::string_view name;
     bool withHandshake;
     bool stateless;
-    std::optional<Reply> (Server::*answer)(const Request& request, const Version& version, Moment now);
+    std::optional<Reply> (Server::*answer)(Request& request, const Version& version, Moment now);
 
     static const Method& named(const std::string& name, const Version& version);
 };
@@ -75,9 +89,9 @@ void Server::receive(std::string_view line, Moment now)
 {
     std::optional<Json> id;
     guarded(id, [&] {
-        const Json message = parsedMessage(line);
-        id = idIn(message);
-        const std::optional<Request> request = requestIn(message);
+        Json message = parsedMessage(line);
+        id = idIn(message, "id");
+        std::optional<Request> request = requestIn(std::move(message));
         if (request && request->id) {
             answer(*request, now);
         } else if (request) {
@@ -102,7 +116,7 @@ void Server::guarded(const std::optional<Json>& id, const std::function<void()>&
     }
 }
 
-void Server::answer(const Request& request, Moment now)
+void Server::answer(Request& request, Moment now)
 {
     const Version& version = versionOf(request.params, *agreed_);
     const Method& method = Method::named(request.method, version);
@@ -115,8 +129,10 @@ void Server::notice(const Request& notification)
 {
     // Of notifications only this one has anything to be done; also when it comes too late.
     if (notification.method == "notifications/cancelled") {
-        const Json id = notification.params.value("requestId", Json());
-        std::erase_if(waiting_, [&](const Waiting& waiting) { return waiting.id == id; });
+        const std::optional<Json> id = idIn(notification.params, "requestId");
+        // Compared as they are written: as numbers, -1 and the greatest of 64 bits would be one.
+        std::erase_if(waiting_,
+                      [&](const Waiting& waiting) { return id && waiting.id.dump() == id->dump(); });
     }
 }
 
@@ -125,57 +141,70 @@ void Server::send(const Json& id, Reply reply, const Version& version)
     output_ += resultLine(id, complete(std::move(reply.result), reply.caching, offer_, version));
 }
 
-void Server::askAgain(Moment now)
+void Server::expectResults()
 {
-    std::erase_if(waiting_, [&](const Waiting& waiting) {
-        bool isDone = true;  // also when it fails
-        guarded(waiting.id, [&] {
-            const std::optional<ToolResult> result = waiting.call.result(now);
-            isDone = result.has_value();
-            if (result) {
-                send(waiting.id, {callResult(*result, *waiting.version)}, *waiting.version);
-            }
-        });
-        return isDone;
-    });
+    for (Waiting& waiting : waiting_) {
+        waiting.next = Moment::min();
+    }
 }
 
-std::optional<Moment> Server::nextDeadline() const
+void Server::askAgain(Moment now)
 {
-    std::optional<Moment> next;
-    for (const Waiting& waiting : waiting_) {
-        if (waiting.call.deadline) {
-            next = std::min(next.value_or(*waiting.call.deadline), *waiting.call.deadline);
+    for (Waiting& waiting : waiting_) {
+        if (waiting.next > now) {
+            continue;
         }
+        waiting.next.reset();  // also when it fails
+        guarded(waiting.id, [&] {
+            const Outcome outcome = waiting.call(now);
+            if (const Later* const later = std::get_if<Later>(&outcome)) {
+                waiting.next = later->at;
+            } else {
+                const Json result = callResult(std::get<ToolResult>(outcome), *waiting.version);
+                send(waiting.id, {result}, *waiting.version);
+            }
+        });
     }
-    return next;
+    std::erase_if(waiting_, [](const Waiting& waiting) { return !waiting.next; });
+}
+
+std::optional<Moment> Server::nextTime() const
+{
+    std::optional<Moment> first;
+    for (const Waiting& waiting : waiting_) {
+        first = std::min(first.value_or(Moment::max()), *waiting.next);
+    }
+    return first;
+}
+
+bool Server::isActing() const
+{
+    return std::any_of(waiting_.begin(), waiting_.end(),
+                       [](const Waiting& waiting) { return waiting.isAction; });
 }
 
 std::string Server::takeOutput() { return std::exchange(output_, {}); }
 
-std::optional<Server::Reply> Server::initialize(const Request& request, const Version&, Moment)
+std::optional<Server::Reply> Server::initialize(Request& request, const Version&, Moment)
 {
     agreed_ = &versionAfterHandshake(textIn(request.params, "protocolVersion"));
     return Reply{initializeResult(offer_, *agreed_)};
 }
 
-std::optional<Server::Reply> Server::ping(const Request&, const Version&, Moment)
-{
-    return Reply{Json::object()};
-}
+std::optional<Server::Reply> Server::ping(Request&, const Version&, Moment) { return Reply{Json::object()}; }
 
-std::optional<Server::Reply> Server::discover(const Request&, const Version&, Moment)
+std::optional<Server::Reply> Server::discover(Request&, const Version&, Moment)
 {
     return Reply{discoverResult(offer_), cachingOfLists};
 }
 
-std::optional<Server::Reply> Server::listTools(const Request& request, const Version& version, Moment)
+std::optional<Server::Reply> Server::listTools(Request& request, const Version& version, Moment)
 {
     refuseCursor(request.params);
     return Reply{toolList(offer_, version), cachingOfLists};
 }
 
-std::optional<Server::Reply> Server::callTool(const Request& request, const Version& version, Moment now)
+std::optional<Server::Reply> Server::callTool(Request& request, const Version& version, Moment now)
 {
     const std::string name = textIn(request.params, "name");
     const auto tool = std::find_if(offer_.tools.begin(), offer_.tools.end(),
@@ -183,36 +212,41 @@ std::optional<Server::Reply> Server::callTool(const Request& request, const Vers
     if (tool == offer_.tools.end()) {
         throw ProtocolError(ErrorCode::invalidParams, "There is no tool " + name + ".");
     }
-    const Json arguments = request.params.value("arguments", Json::object());
+    const Json arguments = argumentsIn(std::move(request.params));
     // A model can act on what does not fit, but it sees only what comes as a result.
     if (std::string misfit = misfitOf(arguments, tool->inputSchema); !misfit.empty()) {
         return Reply{callResult(refused(std::move(misfit)), version)};
     }
     Call call = tool->begin(arguments, now);
-    if (const std::optional<ToolResult> result = call.result(now)) {
+    const Outcome outcome = call(now);
+    if (const ToolResult* const result = std::get_if<ToolResult>(&outcome)) {
         return Reply{callResult(*result, version)};
     }
     if (waiting_.size() >= mostWaiting) {
         return Reply{
             callResult(refused("Too many calls wait already. Wait for their results first."), version)};
     }
-    waiting_.push_back({.id = *request.id, .version = &version, .call = std::move(call)});
+    waiting_.push_back({.id = *request.id,
+                        .version = &version,
+                        .call = std::move(call),
+                        .isAction = !tool->hints.readOnly,
+                        .next = std::get<Later>(outcome).at});
     return std::nullopt;
 }
 
-std::optional<Server::Reply> Server::listResources(const Request& request, const Version&, Moment)
+std::optional<Server::Reply> Server::listResources(Request& request, const Version& version, Moment)
 {
     refuseCursor(request.params);
-    return Reply{resourceList(offer_), cachingOfLists};
+    return Reply{resourceList(offer_, version), cachingOfLists};
 }
 
-std::optional<Server::Reply> Server::listTemplates(const Request& request, const Version&, Moment)
+std::optional<Server::Reply> Server::listTemplates(Request& request, const Version&, Moment)
 {
     refuseCursor(request.params);
     return Reply{resourceTemplateList(), cachingOfLists};
 }
 
-std::optional<Server::Reply> Server::readResource(const Request& request, const Version& version, Moment)
+std::optional<Server::Reply> Server::readResource(Request& request, const Version& version, Moment)
 {
     const std::string uri = textIn(request.params, "uri");
     const auto resource = std::find_if(offer_.resources.begin(), offer_.resources.end(),

@@ -24,11 +24,17 @@ public:
     /// Says that a line was too long to be read.
     void refuseLongLine();
 
-    /// Asks the calls that wait whether they have a result now.
+    /// Something has changed: all calls that wait are to be asked again.
+    void expectResults();
+
+    /// Asks the calls whose time has come whether they have a result now.
     void askAgain(Moment now);
 
-    /// When to ask again even if nothing has changed; absent while no call waits.
-    std::optional<Moment> nextDeadline() const;
+    /// When that time comes for the first of them; absent while no call waits.
+    std::optional<Moment> nextTime() const;
+
+    /// Whether a call waits that is to be brought to its end.
+    bool isActing() const;
 
     /// The lines for the client since the last call.
     std::string takeOutput();
@@ -39,6 +45,8 @@ private:
         Json id;
         const Version* version;
         Call call;
+        bool isAction;               ///< not of a tool that only reads
+        std::optional<Moment> next;  ///< absent: it is done
     };
     /// A result, and how long it may be kept where that is said.
     struct Reply {
@@ -46,21 +54,21 @@ private:
         std::optional<Caching> caching = {};
     };
 
-    void answer(const Request& request, Moment now);
+    void answer(Request& request, Moment now);
     void notice(const Request& notification);
     void send(const Json& id, Reply reply, const Version& version);
     /// Does something for a request; tells the client when it fails.
     void guarded(const std::optional<Json>& id, const std::function<void()>& action);
 
-    // The methods. Absent: the answer comes later.
-    std::optional<Reply> initialize(const Request& request, const Version& version, Moment now);
-    std::optional<Reply> ping(const Request& request, const Version& version, Moment now);
-    std::optional<Reply> discover(const Request& request, const Version& version, Moment now);
-    std::optional<Reply> listTools(const Request& request, const Version& version, Moment now);
-    std::optional<Reply> callTool(const Request& request, const Version& version, Moment now);
-    std::optional<Reply> listResources(const Request& request, const Version& version, Moment now);
-    std::optional<Reply> listTemplates(const Request& request, const Version& version, Moment now);
-    std::optional<Reply> readResource(const Request& request, const Version& version, Moment now);
+    // The methods, which may take the params apart. Absent: the answer comes later.
+    std::optional<Reply> initialize(Request& request, const Version& version, Moment now);
+    std::optional<Reply> ping(Request& request, const Version& version, Moment now);
+    std::optional<Reply> discover(Request& request, const Version& version, Moment now);
+    std::optional<Reply> listTools(Request& request, const Version& version, Moment now);
+    std::optional<Reply> callTool(Request& request, const Version& version, Moment now);
+    std::optional<Reply> listResources(Request& request, const Version& version, Moment now);
+    std::optional<Reply> listTemplates(Request& request, const Version& version, Moment now);
+    std::optional<Reply> readResource(Request& request, const Version& version, Moment now);
 
     Offer offer_;
     const Version* agreed_;  ///< by the handshake, or what is taken for it until there was one

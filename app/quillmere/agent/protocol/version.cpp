@@ -19,11 +19,13 @@ void requireInMeta(bool isThere, const char* key)
 
 }  // namespace
 
-Json versionNames()
+Json statelessVersionNames()
 {
     Json names = Json::array();
     for (const Version& version : versions) {
-        names.push_back(version.name);
+        if (version.isStateless) {
+            names.push_back(version.name);
+        }
     }
     return names;
 }
@@ -40,20 +42,20 @@ const Version& versionAfterHandshake(std::string_view asked)
 
 const Version& versionOf(const Json& params, const Version& agreed)
 {
-    const Json meta = params.value("_meta", Json());
+    const Json& meta = memberIn(params, "_meta");
     if (!meta.is_object() || !(meta.contains(versionKey) || meta.contains(capabilitiesKey))) {
         return agreed;
     }
-    const Json name = meta.value(versionKey, Json());
+    const Json& name = memberIn(meta, versionKey);
     requireInMeta(name.is_string(), versionKey);
     const auto found = std::find_if(versions.begin(), versions.end(), [&](const Version& version) {
         return version.isStateless && name == version.name;
     });
     if (found == versions.end()) {
         throw ProtocolError(ErrorCode::unsupportedVersion, "Unsupported protocol version",
-                            {{"supported", versionNames()}, {"requested", name}});
+                            {{"supported", statelessVersionNames()}, {"requested", name}});
     }
-    requireInMeta(meta.value(capabilitiesKey, Json()).is_object(), capabilitiesKey);
+    requireInMeta(memberIn(meta, capabilitiesKey).is_object(), capabilitiesKey);
     return *found;
 }
 

@@ -22,8 +22,9 @@ inline constexpr auto versions = std::to_array<Version>({
     {"2024-11-05", false, false},
 });
 
-/// Their names, in that order.
-Json versionNames();
+/// Those that a request may say. A client chooses from them; when it knows none it falls back to the
+/// handshake, which has an answer for whatever version is asked.
+Json statelessVersionNames();
 
 /// What a handshake that asks for `asked` comes to: that version, or else the newest that has a handshake.
 const Version& versionAfterHandshake(std::string_view asked);

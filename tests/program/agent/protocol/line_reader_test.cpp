@@ -15,9 +15,19 @@ using Heard = std::vector<std::string>;
 class EightBytes {
 public:
     Heard heard;
-    LineReader reader{8,
-                      {.line = [this](std::string_view line) { heard.emplace_back(line); },
-                       .tooLong = [this] { heard.emplace_back("(too long)"); }}};
+
+    void take(const std::string& piece)
+    {
+        reader_.take(piece);
+        while (!reader_.isAtEnd()) {
+            if (const std::optional<LineReader::Line> line = reader_.next()) {
+                heard.push_back(line->isTooLong ? "(too long)" : line->text);
+            }
+        }
+    }
+
+private:
+    LineReader reader_{8};
 };
 
 TEST(LineReader, cutsPiecesOfAnySizeIntoLines)
@@ -27,36 +37,54 @@ TEST(LineReader, cutsPiecesOfAnySizeIntoLines)
         SCOPED_TRACE(size);
         EightBytes eight;
         for (std::size_t at = 0; at < text.size(); at += size) {
-            eight.reader.take(text.substr(at, size));
+            eight.take(text.substr(at, size));
         }
         EXPECT_EQ(eight.heard, (Heard{"one", "two"}));
-        eight.reader.finish();
+        eight.take("\n");
         EXPECT_EQ(eight.heard, (Heard{"one", "two", "three"}));
     }
+}
+
+TEST(LineReader, givesOneLineAtATime)
+{
+    LineReader reader(8);
+    reader.take("one\ntwo\nth");
+    EXPECT_EQ(reader.next().value().text, "one");
+    EXPECT_FALSE(reader.isAtEnd());
+    EXPECT_EQ(reader.next().value().text, "two");
+    EXPECT_FALSE(reader.next());
+    EXPECT_TRUE(reader.isAtEnd());
 }
 
 TEST(LineReader, skipsALineThatIsTooLongAndReadsOn)
 {
     EightBytes eight;
-    eight.reader.take("12345678\n123456789");
+    eight.take("12345678\n1234567890");
     EXPECT_EQ(eight.heard, (Heard{"12345678", "(too long)"}));
-    eight.reader.take("and more\nnext\n");
+    eight.take("and more\nnext\n");
     EXPECT_EQ(eight.heard, (Heard{"12345678", "(too long)", "next"}));
+}
+
+TEST(LineReader, doesNotCountTheEndOfALine)
+{
+    EightBytes eight;
+    eight.take("12345678\r\n123456789\n123456789\r\nnext\n");
+    EXPECT_EQ(eight.heard, (Heard{"12345678", "(too long)", "(too long)", "next"}));
 }
 
 TEST(LineReader, keepsNothingOfALineThatIsTooLong)
 {
     EightBytes eight;
-    eight.reader.take("123456789");
-    eight.reader.finish();
+    eight.take("1234567890");
+    eight.take("\n");
     EXPECT_EQ(eight.heard, (Heard{"(too long)"}));
 }
 
 TEST(LineReader, countsALineThatComesInPiecesAsOne)
 {
     EightBytes eight;
-    eight.reader.take("1234");
-    eight.reader.take("56789");
+    eight.take("1234");
+    eight.take("567890");
     EXPECT_EQ(eight.heard, (Heard{"(too long)"}));
 }
 

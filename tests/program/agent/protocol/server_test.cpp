@@ -9,8 +9,10 @@ namespace quillmere::test {
 namespace {
 
 using app::protocol::Call;
+using app::protocol::Later;
 using app::protocol::Moment;
 using app::protocol::Offer;
+using app::protocol::Outcome;
 using app::protocol::Resource;
 using app::protocol::Server;
 using app::protocol::Tool;
@@ -22,6 +24,7 @@ class ServerTest : public testing::Test {
 protected:
     Moment now = Moment();
     std::optional<std::string> said;
+    int looks = 0;  ///< of the calls that wait
 
     /// All that the server says to one line.
     std::vector<Json> allSaidTo(const std::string& line)
@@ -56,6 +59,12 @@ protected:
 
     std::vector<Json> heardAfterChange()
     {
+        server_.expectResults();
+        return heardInTime();
+    }
+
+    std::vector<Json> heardInTime()
+    {
         server_.askAgain(now);
         return heard();
     }
@@ -71,7 +80,7 @@ protected:
         return messages;
     }
 
-    std::optional<Moment> nextDeadline() const { return server_.nextDeadline(); }
+    std::optional<Moment> nextTime() const { return server_.nextTime(); }
     Server& server() { return server_; }
 
 private:
@@ -90,18 +99,20 @@ private:
     Offer offer()
     {
         const auto echo = [](const Json& arguments, Moment) {
-            return Call{.result = [=](Moment) { return ToolResult{.value = arguments}; }};
+            return [=](Moment) { return ToolResult{.value = arguments}; };
         };
         const auto wait = [this](const Json& arguments, Moment begin) {
             const Moment deadline = begin + seconds(arguments.at("for").get<int>());
-            const auto result = [this, deadline](Moment at) -> std::optional<ToolResult> {
+            return [this, deadline](Moment at) -> Outcome {
+                ++looks;
                 if (said) {
                     return ToolResult{.value = {{"said", *said}}};
                 }
-                return at >= deadline ? std::optional(ToolResult{.value = nullptr, .refusal = "Too late."})
-                                      : std::nullopt;
+                if (at >= deadline) {
+                    return ToolResult{.value = nullptr, .refusal = "Too late."};
+                }
+                return Later{deadline};
             };
-            return Call{.result = result, .deadline = deadline};
         };
         const auto fail = [](const Json&, Moment) -> Call { throw std::runtime_error("It broke."); };
         const Resource resource{.uri = "test://it",
@@ -160,8 +171,7 @@ TEST_F(ServerTest, answersBeforeTheHandshakeAsAfterIt)
 TEST_F(ServerTest, discoversWithoutAHandshake)
 {
     const Json result = resultOf("server/discover", stateless());
-    EXPECT_EQ(result.at("supportedVersions"),
-              Json::parse(R"(["2026-07-28", "2025-11-25", "2025-06-18", "2024-11-05"])"));
+    EXPECT_EQ(result.at("supportedVersions"), Json::array({"2026-07-28"}));
     EXPECT_EQ(result.at("resultType"), "complete");
     EXPECT_EQ(result.at("ttlMs"), 3'600'000);
     EXPECT_EQ(result.at("cacheScope"), "public");
@@ -198,7 +208,7 @@ TEST_F(ServerTest, namesItsVersionsToWhoSpeaksAnother)
         const Json error = saidTo(request(1, "server/discover", params)).at("error");
         EXPECT_EQ(error.at("code"), -32022);
         EXPECT_EQ(error.at("data").at("requested"), version);
-        EXPECT_EQ(error.at("data").at("supported").at(0), "2026-07-28");
+        EXPECT_EQ(error.at("data").at("supported"), Json::array({"2026-07-28"}));
     }
 }
 
@@ -289,6 +299,15 @@ TEST_F(ServerTest, hasNoStructuresForAVersionThatDoesNotKnowThem)
     EXPECT_FALSE(tool.contains("title"));
 }
 
+TEST_F(ServerTest, hasTitlesForVersionsThatKnowThem)
+{
+    for (const char* version : {"2025-11-25", "2025-06-18", "2024-11-05"}) {
+        const bool knowsTitles = std::string(version) != "2024-11-05";
+        EXPECT_EQ(shakeHands(version).at("serverInfo").contains("title"), knowsTitles);
+        EXPECT_EQ(resultOf("resources/list").at("resources").at(0).contains("title"), knowsTitles);
+    }
+}
+
 TEST_F(ServerTest, hasNoUnknownTool)
 {
     EXPECT_EQ(errorOf(request(1, "tools/call", toolCall("none", Json::object()))), -32602);
@@ -298,13 +317,23 @@ TEST_F(ServerTest, hasNoUnknownTool)
 
 TEST_F(ServerTest, tellsTheModelWhichArgumentsDoNotFit)
 {
-    for (const Json& arguments : {Json({{"text", 5}}), Json::array(), Json("text"), Json()}) {
+    for (const Json& arguments : {Json({{"text", 5}}), Json::array(), Json("text")}) {
         const Json result = resultOf("tools/call", toolCall("echo", arguments));
         EXPECT_EQ(result.at("isError"), true);
         EXPECT_FALSE(result.contains("structuredContent"));
         EXPECT_NE(result.at("content").at(0).at("text"), "");
     }
     EXPECT_FALSE(resultOf("tools/call", {{"name", "echo"}}).contains("isError"));
+}
+
+TEST_F(ServerTest, takesNullForWhatIsLeftOut)
+{
+    EXPECT_EQ(resultOf("ping", nullptr), Json::object());
+    EXPECT_TRUE(resultOf("tools/list", {{"cursor", nullptr}}).contains("tools"));
+    for (const Json& arguments : {Json(), Json({{"text", nullptr}}), Json({{"none", nullptr}})}) {
+        const Json result = resultOf("tools/call", toolCall("echo", arguments));
+        EXPECT_EQ(result.at("structuredContent"), Json::object());
+    }
 }
 
 TEST_F(ServerTest, survivesWhatAToolDoesNotExpect)
@@ -318,7 +347,7 @@ TEST_F(ServerTest, answersOthersWhileACallWaits)
     EXPECT_EQ(allSaidTo(request("first", "tools/call", toolCall("wait", {{"for", 10}})).dump()).size(), 0u);
     EXPECT_EQ(allSaidTo(request(2, "tools/call", stateless(toolCall("wait", {{"for", 5}}))).dump()).size(),
               0u);
-    EXPECT_EQ(nextDeadline(), now + seconds(5));
+    EXPECT_EQ(nextTime(), now + seconds(5));
     EXPECT_EQ(resultOf("ping"), Json::object());
     EXPECT_EQ(heardAfterChange().size(), 0u);
     said = "Yes";
@@ -328,7 +357,7 @@ TEST_F(ServerTest, answersOthersWhileACallWaits)
     EXPECT_FALSE(answers[0].at("result").contains("resultType"));
     EXPECT_EQ(answers[1].at("id"), 2);
     EXPECT_EQ(answers[1].at("result").at("resultType"), "complete");
-    EXPECT_EQ(nextDeadline(), std::nullopt);
+    EXPECT_EQ(nextTime(), std::nullopt);
 }
 
 TEST_F(ServerTest, answersAWaitWhoseTimeIsUp)
@@ -336,11 +365,23 @@ TEST_F(ServerTest, answersAWaitWhoseTimeIsUp)
     allSaidTo(request(1, "tools/call", toolCall("wait", {{"for", 5}})).dump());
     allSaidTo(request(2, "tools/call", toolCall("wait", {{"for", 10}})).dump());
     now += seconds(5);
-    const std::vector<Json> answers = heardAfterChange();
+    const std::vector<Json> answers = heardInTime();
     ASSERT_EQ(answers.size(), 1u);
     EXPECT_EQ(answers[0].at("id"), 1);
     EXPECT_EQ(answers[0].at("result").at("isError"), true);
-    EXPECT_EQ(nextDeadline(), now + seconds(5));
+    EXPECT_EQ(nextTime(), now + seconds(5));
+}
+
+TEST_F(ServerTest, asksOnlyTheCallsWhoseTimeHasCome)
+{
+    allSaidTo(request(1, "tools/call", toolCall("wait", {{"for", 5}})).dump());
+    allSaidTo(request(2, "tools/call", toolCall("wait", {{"for", 10}})).dump());
+    EXPECT_EQ(looks, 2);
+    now += seconds(5);
+    heardInTime();
+    EXPECT_EQ(looks, 3);
+    EXPECT_EQ(heardAfterChange().size(), 0u);
+    EXPECT_EQ(looks, 4);
 }
 
 TEST_F(ServerTest, neverAnswersACallThatWasCancelled)
@@ -354,6 +395,30 @@ TEST_F(ServerTest, neverAnswersACallThatWasCancelled)
     const std::vector<Json> answers = heardAfterChange();
     ASSERT_EQ(answers.size(), 1u);
     EXPECT_EQ(answers[0].at("id"), "1");
+}
+
+constexpr struct {
+    const char* id;
+    const char* cancelled;
+} otherIds[] = {
+    {"18446744073709551615", "-1"},
+    {"9", "9.0"},
+    {"9", "\"9\""},
+    {"9007199254740993", "9007199254740992.0"},
+    {"-9223372036854775808", "9223372036854775808"},
+};
+
+TEST_F(ServerTest, takesNoOtherIdForTheOneThatIsCancelled)
+{
+    for (const auto& [id, cancelled] : otherIds) {
+        said.reset();
+        allSaidTo(request(Json::parse(id), "tools/call", toolCall("wait", {{"for", 5}})).dump());
+        allSaidTo(
+            std::string(R"({"jsonrpc":"2.0","method":"notifications/cancelled","params":{"requestId":)") +
+            cancelled + "}}");
+        said = "Yes";
+        EXPECT_EQ(heardAfterChange().size(), 1u) << id << " is not " << cancelled;
+    }
 }
 
 TEST_F(ServerTest, ignoresACancellationOfNothing)
@@ -377,7 +442,7 @@ TEST_F(ServerTest, letsNotMoreCallsWaitThanItCanKeep)
 TEST_F(ServerTest, givesAnIdBackAsItCame)
 {
     for (const Json& id : {Json(0), Json(-1), Json(9223372036854775807), Json(18446744073709551615u),
-                           Json(""), Json("a\"\n\u2028"), Json("1")}) {
+                           Json(""), Json("a\"\n\u2028"), Json("1"), Json(std::string(1024, 'x'))}) {
         const Json answer = saidTo(request(id, "ping"));
         EXPECT_EQ(answer.at("id"), id);
         EXPECT_EQ(answer.at("id").dump(), id.dump());
@@ -387,8 +452,11 @@ TEST_F(ServerTest, givesAnIdBackAsItCame)
 
 TEST_F(ServerTest, takesNoOtherIds)
 {
-    for (const char* id : {"null", "1.5", "1.0", "true", "[]", "{}", "18446744073709551616"}) {
-        const Json answer = saidTo(std::string(R"({"jsonrpc":"2.0","method":"ping","id":)") + id + "}");
+    const std::string tooLong = '"' + std::string(1025, 'x') + '"';
+    for (const std::string& id :
+         {std::string("null"), std::string("1.5"), std::string("1.0"), std::string("true"), std::string("[]"),
+          std::string("{}"), std::string("18446744073709551616"), tooLong}) {
+        const Json answer = saidTo(R"({"jsonrpc":"2.0","method":"ping","id":)" + id + "}");
         EXPECT_EQ(answer.at("error").at("code"), -32600) << id;
         EXPECT_FALSE(answer.contains("id"));
     }
@@ -414,17 +482,18 @@ TEST_F(ServerTest, waitsForNoResponses)
     EXPECT_EQ(allSaidTo(R"({"jsonrpc":"2.0","id":1,"error":{"code":1,"message":"No"}})").size(), 0u);
 }
 
-constexpr const char* noJson[] = {
+const std::string noJson[] = {
     "x",
+    std::string("{\"jsonrpc\":\"2.0\",\"id\":1,\"method\":\"ping\"}\0", 41),
+    std::string("{\"jsonrpc\":\"2.0\",\"id\":1,\"method\":\"ping\"\0}", 41),
+    std::string("\0", 1),
     "{",
     R"({"jsonrpc":"2.0","id":1,"method":"ping"} x)",
     "{\"a\":\"\xFF\"}",
     "{\"a\":\"\xED\xA0\x80\"}",
-    R"({"a":"\ud800"})",
     "{\"a\":\"\x01\"}",
     "[1,]",
     "nul",
-    "1e999",
     "{'a':1}",
     "\"",
     "// comment",
@@ -432,11 +501,23 @@ constexpr const char* noJson[] = {
 
 TEST_F(ServerTest, saysThatALineIsNoJson)
 {
-    for (const char* line : noJson) {
-        const Json answer = saidTo(std::string(line));
+    for (const std::string& line : noJson) {
+        const Json answer = saidTo(line);
         EXPECT_EQ(answer.at("error").at("code"), -32700) << line;
         EXPECT_FALSE(answer.contains("id"));
     }
+}
+
+TEST_F(ServerTest, doesNotSayOfJsonThatItIsNone)
+{
+    const auto messageTo = [this](const std::string& value) {
+        const Json error =
+            saidTo(R"({"jsonrpc":"2.0","id":1,"method":"ping","params":{"a":)" + value + "}}").at("error");
+        EXPECT_EQ(error.at("code"), -32700);
+        return error.at("message").get<std::string>();
+    };
+    EXPECT_EQ(messageTo("1e400"), "A number in the line is too great to be read.");
+    EXPECT_NE(messageTo(R"("\ud800")").find("lone surrogate"), std::string::npos);
 }
 
 constexpr const char* noMessage[] = {
@@ -466,25 +547,38 @@ TEST_F(ServerTest, saysThatALineIsNoMessage)
 
 TEST_F(ServerTest, takesOnlyAnObjectForParams)
 {
-    for (const Json& params : {Json::array(), Json(), Json(5), Json("x")}) {
+    for (const Json& params : {Json::array(), Json(5), Json("x")}) {
         EXPECT_EQ(errorOf(request(1, "ping", params)), -32602);
     }
 }
 
 TEST_F(ServerTest, refusesWhatNestsTooDeep)
 {
-    const auto nested = [](std::size_t levels) {
+    const auto nested = [](std::size_t levels, const std::string& innermost) {
         return R"({"jsonrpc":"2.0","id":1,"method":"ping","params":{"a":)" + std::string(levels, '[') +
-               std::string(levels, ']') + "}}";
+               innermost + std::string(levels, ']') + "}}";
     };
-    EXPECT_TRUE(saidTo(nested(62)).contains("result"));
-    EXPECT_EQ(saidTo(nested(63)).at("error").at("code"), -32600);
+    // Two levels are those of the message itself and its params.
+    for (const char* innermost : {"", "1", "\"[[[\"", "\"\\\"[[\""}) {
+        EXPECT_TRUE(saidTo(nested(62, innermost)).contains("result")) << innermost;
+        EXPECT_EQ(saidTo(nested(63, innermost)).at("error").at("code"), -32600) << innermost;
+    }
     EXPECT_EQ(saidTo(std::string(1'000'000, '[')).at("error").at("code"), -32600);
     std::string objects;
     for (int level = 0; level < 100'000; ++level) {
         objects += "{\"a\":";
     }
     EXPECT_EQ(saidTo(objects).at("error").at("code"), -32600);
+}
+
+TEST_F(ServerTest, countsNoLevelThatIsClosedAgain)
+{
+    std::string lists;
+    for (int number = 0; number < 100; ++number) {
+        lists += "[{}],";
+    }
+    EXPECT_TRUE(saidTo(R"({"jsonrpc":"2.0","id":1,"method":"ping","params":{"a":[)" + lists + "0]}}")
+                    .contains("result"));
 }
 
 TEST_F(ServerTest, readsAnObjectOfVeryManyMembers)
