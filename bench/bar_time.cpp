@@ -1,5 +1,5 @@
-// What a run of `quillmere bar` takes of the processor, with little and with much history, beside other
-// programs that say what is running: quillmere_bar_time PROGRAM [OTHER ARGUMENT…].
+// What a run of `quillmere bar` takes of the processor, with little and with much history and with long
+// texts, beside other programs that say what is running: quillmere_bar_time PROGRAM [OTHER ARGUMENT…].
 //
 // All take turns, each run is a process of its own, and the kernel tells what it took (getrusage(2)): the
 // start of a program, most of which is the dynamic linker's and the kernel's, is the greater part.
@@ -103,6 +103,21 @@ void saveHistory(const fs::path& directory)
                 static_cast<double>(fs::file_size(directory / "state.json")) / 1e6);
 }
 
+/// A summary with texts of so many bytes wherever it may have them.
+void saveLongTexts(const fs::path& directory, std::size_t bytes)
+{
+    std::string text;
+    while (text.size() < bytes) {
+        text += "A word and another, ";
+    }
+    WidgetSnapshot summary = WidgetSnapshot::placeholder(Instant(0));
+    summary.intendedOutcome = text;
+    summary.firstAction = text;
+    summary.openQuestions = {text, text, text};
+    summary.openQuestionCount = 3;
+    WidgetSnapshotStore(directory).save(summary);
+}
+
 void print(Command& command)
 {
     std::sort(command.times.begin(), command.times.end());
@@ -115,13 +130,19 @@ void run(const std::string& program, const std::vector<std::string>& other)
     const Place place;
     const fs::path empty = place.path() / "empty";
     const fs::path full = place.path() / "full";
+    const fs::path longTexts = place.path() / "long";
+    const fs::path longestTexts = place.path() / "longest";
     fs::create_directory(empty);
     saveHistory(full);
+    saveLongTexts(longTexts, 100'000);
+    saveLongTexts(longestTexts, 1'000'000);
     const auto bar = [&](const fs::path& directory) -> std::vector<std::string> {
         return {program, "--directory", directory.string(), "bar", "--format", "waybar"};
     };
     std::vector<Command> commands = {{"quillmere bar, no history", bar(empty), {}},
-                                     {"quillmere bar, much history", bar(full), {}}};
+                                     {"quillmere bar, much history", bar(full), {}},
+                                     {"quillmere bar, 5 x 100 kB", bar(longTexts), {}},
+                                     {"quillmere bar, 5 x 1 MB", bar(longestTexts), {}}};
     if (!other.empty()) {
         commands.push_back({other.front(), other, {}});
     }
