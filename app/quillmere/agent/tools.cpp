@@ -197,9 +197,9 @@ Tool listQuestions(const Workspace& workspace)
         .name = "list_questions",
         .title = "Questions",
         .description =
-            "The questions that were asked, by whatever agent or by the person, in order of "
-            "asking. Look here before you ask what may have been asked already, or when you have "
-            "lost an id.",
+            "The questions that wait for an answer, by whatever agent or by the person, in order of "
+            "asking; with open_only false those that have one too. Look here before you ask what may "
+            "have been asked already, or when you have lost an id.",
         .inputSchema = Json::parse(aSelection),
         .outputSchema = listOfQuestions(),
         .hints = looks,

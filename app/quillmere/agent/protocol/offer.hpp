@@ -49,7 +49,7 @@ struct Tool {
     std::string description;  ///< all that a model is told about it
     Json inputSchema;         ///< of an object; in the words that `misfitOf` knows
     Json outputSchema;
-    Hints hints;  ///< a call that is not `readOnly` is brought to its end even if nobody asks any more
+    Hints hints;  ///< a call that is not `readOnly` is brought to its end also when the client says no more
     /// Takes arguments that fit the input schema.
     std::function<Call(const Json& arguments, Moment now)> begin;
 };
