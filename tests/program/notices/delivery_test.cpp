@@ -198,7 +198,7 @@ TEST_F(NoticeOnTheBus, goesToTheServiceThatTookOverThoughTheLastIsStillThere)
 TEST_F(NoticeOnTheBus, comesFromAWatchThatCanGiveItWhoeverSawTheEventFirst)
 {
     person.has(focusOver(90));
-    const Process without = watchingWithoutBus("without");
+    const Process without = watchingElsewhere("without");
     EXPECT_TRUE(eventually([&] { return !said("without").empty(); }));
     EXPECT_EQ(countOf("Focus is over", printed("without")), 1U);
     const Process watch = watching();
@@ -219,6 +219,20 @@ TEST_F(NoticeOnTheBus, comesFromTheNextWatchWhenTheFirstIsKilled)
     // It is also the one that hears what is chosen.
     service().signals("action 1 default");
     EXPECT_TRUE(eventually([&] { return said("second").starts_with("Opening the screen failed"); }));
+}
+
+TEST_F(NoticeOnTheBus, comesFromAnotherWatchWhenTheFirstLosesItsBus)
+{
+    person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
+    const Process first = watching();
+    EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said();
+    const SessionBus bus(elsewhere());
+    const NotificationService there("unix:path=" + elsewhere().string(), file("log-elsewhere"), {});
+    const Process second = watchingElsewhere("second");
+    losesBus();
+    person.has(asking(person.state(), 2, "Which build?"));
+    EXPECT_TRUE(eventually([&] { return countOf("Which build?", textIn("log-elsewhere")) == 1; }))
+        << said("second");
 }
 
 TEST_F(NoticeOnTheBus, isOneForADirectoryHoweverItsPathIsSpelled)

@@ -237,13 +237,13 @@ Process Desktop::watching(const Words& options, const std::string& name) const
     return Process({.words = {"/bin/sh", "-c", command}, .variables = variables()});
 }
 
-Process Desktop::watchingWithoutBus(const std::string& name) const
+Process Desktop::watchingElsewhere(const std::string& name) const
 {
-    Words nowhere = variables();
-    nowhere.front() += "-nowhere";
+    Words there = variables();
+    there.front() = "DBUS_SESSION_BUS_ADDRESS=unix:path=" + elsewhere().string();
     const std::string command = watchCommand() + " >" + quoted(file(name + ".out").string()) + " 2>" +
                                 quoted(file(name + ".err").string());
-    return Process({.words = {"/bin/sh", "-c", command}, .variables = nowhere});
+    return Process({.words = {"/bin/sh", "-c", command}, .variables = there});
 }
 
 void Desktop::watchesOnce(const Words& options) const

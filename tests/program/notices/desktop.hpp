@@ -118,8 +118,9 @@ protected:
 
     /// `quillmere watch` with these options, running; what it prints is in files named `name`.
     Process watching(const Words& options = {}, const std::string& name = "watch") const;
-    /// The same with nothing where it looks for the bus.
-    Process watchingWithoutBus(const std::string& name) const;
+    /// The same on another desktop, where there is no bus unless the test makes one.
+    Process watchingElsewhere(const std::string& name) const;
+    std::filesystem::path elsewhere() const { return directory_.path() / "bus-elsewhere"; }
     /// `quillmere watch --once` with these options, until it has ended, which must go well.
     void watchesOnce(const Words& options = {}) const;
 

@@ -3,9 +3,9 @@
 // Appends every call of Notify to LOG, a JSON object a line, and says "ready" when it has its name. Takes
 // lines on standard input, until that ends: "action NUMBER KEY" and "closed NUMBER" are signalled to all,
 // and "release" has it give up its name and stay.
-// Behaviours: "answers"; "mute" never answers GetCapabilities; "numb" never answers Notify; "picky" refuses
-// notices about the work, each time in other words; "frail" ends when it is asked for a notice; "garbled"
-// answers Notify with a text.
+// Behaviours: "answers"; "mute" never answers GetCapabilities, "tired" does once; "numb" never answers
+// Notify; "picky" refuses notices about the work, each time in other words; "frail" ends when it is asked for
+// a notice; "garbled" answers Notify with a text.
 #include <sdbus-c++/sdbus-c++.h>
 #include <nlohmann/json.hpp>
 
@@ -19,6 +19,7 @@
 #include <iostream>
 #include <sstream>
 #include <thread>
+#include <utility>
 
 namespace {
 
@@ -42,15 +43,16 @@ public:
           bus_(sdbus::createSessionBusConnection()),
           object_(sdbus::createObject(*bus_, "/org/freedesktop/Notifications"))
     {
-        if (behaviour == "mute") {
-            object_->registerMethod("GetCapabilities")
-                .onInterface(interface)
-                .implementedAs([](sdbus::Result<Capabilities>&& result) { keepForEver(std::move(result)); });
-        } else {
-            object_->registerMethod("GetCapabilities").onInterface(interface).implementedAs([capabilities] {
-                return capabilities;
+        object_->registerMethod("GetCapabilities")
+            .onInterface(interface)
+            .implementedAs([this, behaviour, capabilities](sdbus::Result<Capabilities>&& result) {
+                const bool isFirst = !std::exchange(wasAsked_, true);
+                if (behaviour == "mute" || (behaviour == "tired" && !isFirst)) {
+                    keepForEver(std::move(result));
+                } else {
+                    result.returnResults(capabilities);
+                }
             });
-        }
         if (behaviour == "garbled") {
             object_->registerMethod("Notify").onInterface(interface).implementedAs(
                 [this](const std::string& name, std::uint32_t replaces, const std::string& icon,
@@ -175,6 +177,7 @@ private:
     std::unique_ptr<sdbus::IObject> object_;
     std::uint32_t last_ = 0;
     int refusals_ = 0;
+    bool wasAsked_ = false;
 };
 
 }  // namespace

@@ -337,6 +337,10 @@ TEST_F(WatchProcess, goesOnWithoutAnyStandardChannel)
                    watchCommand({"--hook", "cat > '" + file("summary").string() + "'"}) + " <&- >&- 2>&-"},
          .variables = variables()});
     EXPECT_TRUE(eventually([&] { return hasNotices(1) && !textIn("summary").empty(); }));
+    for (const char* channel : {"0", "1", "2"}) {
+        const std::string files = "/proc/" + std::to_string(watch.number()) + "/fd/";
+        EXPECT_EQ(std::filesystem::read_symlink(files + channel), "/dev/null") << channel;
+    }
     EXPECT_EQ(watch.endBy(SIGTERM), 0);
 }
 
