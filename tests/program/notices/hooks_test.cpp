@@ -3,13 +3,13 @@
 
 #include <fcntl.h>
 #include <signal.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include <sstream>
 
 #include "desktop.hpp"
 #include "support/file_system.hpp"
+#include "support/process_settings.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -122,15 +122,14 @@ TEST_F(HookProgram, thatCannotBeStartedIsTriedAgainLater)
     std::ostringstream text;
     app::LineWriter messages(text, -1);
     app::Errands errands(messages);
-    rlimit usual{};
-    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
-    const rlimit none{.rlim_cur = 0, .rlim_max = usual.rlim_max};
-    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
-    EXPECT_FALSE(errands.runHook("true", "focus_ended", "{}"));
-    EXPECT_FALSE(errands.runHook("true", "focus_ended", "{}"));
+    {
+        // The summary that a hook reads is a file in memory, which is limited too.
+        const FileSizeLimit nothing(0);
+        EXPECT_FALSE(errands.runHook("true", "focus_ended", "{}"));
+        EXPECT_FALSE(errands.runHook("true", "focus_ended", "{}"));
+    }
     EXPECT_FALSE(errands.mayRunHook());
-    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &usual), 0);
-    EXPECT_EQ(text.str(), "Hooks cannot be started now: Too many open files.\n");
+    EXPECT_EQ(text.str(), "Hooks cannot be started now: File too large.\n");
     EXPECT_TRUE(eventually([&] { return errands.mayRunHook(); }));
     EXPECT_TRUE(errands.runHook("true", "focus_ended", "{}"));
     EXPECT_EQ(countOf("\n", text.str()), 1U);
