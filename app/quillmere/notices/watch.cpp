@@ -92,8 +92,12 @@ void Watch::run()
     const auto limit = std::chrono::steady_clock::now() + longestOnce;
     const auto isLate = [&] { return std::chrono::steady_clock::now() >= limit; };
     round();
-    while (!asksForEnd(signals.take()) && !(settings_.once && (isAtRest() || isLate()))) {
+    while (!(settings_.once && (isAtRest() || isLate()))) {
         sleep(signals.descriptor());
+        // Before the rest: a signal for all of a terminal's programs has ended the notifier too.
+        if (asksForEnd(signals.take())) {
+            return;
+        }
         round();
     }
 }

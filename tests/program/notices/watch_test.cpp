@@ -269,6 +269,25 @@ TEST_F(WatchProcess, endsWellWhenItIsAskedTo)
     }
 }
 
+TEST_F(WatchProcess, saysNothingWhenItsNotifierIsAskedToEndWithIt)
+{
+    hasBus();
+    hasService();
+    person.has(focusOver(5));
+    Process watch = watching();
+    EXPECT_TRUE(eventually([&] { return hasNotices(1); }));
+    const std::string notifier = childrenOf(watch.number());
+    ASSERT_FALSE(notifier.empty());
+    const std::string before = said();
+    // Control-C reaches both; here the notifier is the first to be heard of.
+    ::kill(watch.number(), SIGSTOP);
+    ::kill(std::stoi(notifier), SIGKILL);
+    ::kill(watch.number(), SIGINT);
+    ::kill(watch.number(), SIGCONT);
+    EXPECT_EQ(watch.wait(), 0);
+    EXPECT_EQ(said(), before);
+}
+
 TEST_F(WatchProcess, tellsWhatItCannotRecordWhileSomebodyHoldsTheDirectory)
 {
     hasBus();
