@@ -42,18 +42,19 @@ struct Columns {
     double left(std::size_t index) const { return centre(index) - width() / 2; }
 };
 
-/// Texts below the columns, as many as there is room for; the last one always.
+/// Texts below the columns, as many as there is room for; the last one always, if need be beside its column.
 std::string columnLabels(const std::vector<Stretch>& row, Unit unit)
 {
-    constexpr double room = 92;
+    constexpr double widest = 64;  // with the space beside it
     const Columns columns{row.size()};
-    const auto every = static_cast<std::size_t>(std::ceil(room / columns.step()));
+    const bool haveRoom = columns.step() >= widest;
+    const auto every = haveRoom ? 1 : static_cast<std::size_t>(std::ceil(1.5 * widest / columns.step()));
     std::string markup;
     for (std::size_t index = 0; index < row.size(); ++index) {
         if ((row.size() - 1 - index) % every == 0) {
-            const bool isLast = index + 1 == row.size() && columns.step() < room;
-            const double x = isLast ? plotRight : columns.centre(index);
-            markup += caption(x, plotBottom + labelGap, isLast ? "end" : "middle",
+            const bool isMoved = index + 1 == row.size() && !haveRoom;
+            const double x = isMoved ? plotRight : columns.centre(index);
+            markup += caption(x, plotBottom + labelGap, isMoved ? "end" : "middle",
                               shortLabelOf(unit, row[index].first));
         }
     }

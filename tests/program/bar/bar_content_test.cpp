@@ -133,7 +133,8 @@ TEST(BarContent, isCutToItsWidthOnAScreen)
 
 TEST(BarContent, takesOnlyTheBeginningOfALongTextAndShowsTheSame)
 {
-    for (const char* part : {"word ", "\r\n", "\u65E5", "e\u0301\u0323", "\U0001F468", "\xE6\x97", "\x1b"}) {
+    for (const char* part : {"word ", "\r\n", "\u65E5", "e\u0301\u0323", "\U0001F468", "\xE6\x97", "\x1b",
+                             "b\u200B\u200B\u200B\u200B\u200B", "\r\n\u200B\u200B\u200B\u200B\u200B"}) {
         for (std::size_t shift = 0; shift < 4; ++shift) {
             std::string text(shift, 'x');
             while (text.size() < 20'000) {
@@ -146,6 +147,7 @@ TEST(BarContent, takesOnlyTheBeginningOfALongTextAndShowsTheSame)
                 const BarContent content = barContent(summary, moment, width);
                 const std::string line = "Idle \u00B7 No active block \u00B7 " + app::inert(text);
                 EXPECT_EQ(content.text, app::cutToColumns(line, width));
+                EXPECT_EQ(content.facts.at("intended_outcome"), app::cutToColumns(app::inert(text), 100));
                 EXPECT_EQ(content.details.at(1), app::cutToColumns("Outcome: " + app::inert(text), 100));
             }
         }
