@@ -3,7 +3,6 @@
 #include "text/failure.hpp"
 
 namespace quillmere::app::ui {
-
 namespace {
 
 using namespace std::chrono_literals;
