@@ -4,7 +4,7 @@
 // is an argument, and what follows a zero byte stands on standard input, before which somebody sits.
 // Two kinds of word are left out, since with them a run goes to files elsewhere: "tour", and what
 // contains "--directory".
-#include "run.hpp"
+#include "cli/run.hpp"
 
 #include <quillmere/store/state_store.hpp>
 #include <quillmere/widget/widget_snapshot_store.hpp>
@@ -158,12 +158,12 @@ void requireUsable(const Directory& directory, Instant now, const Files& files)
     }
 }
 
-app::ExitCode codeOf(const Words& arguments, const Input& input)
+cli::ExitCode codeOf(const Words& arguments, const Input& input)
 {
     std::istringstream in(input.answers);
     std::ostringstream out;
     std::ostringstream err;
-    app::Environment environment{
+    base::Environment environment{
         .in = in,
         .out = out,
         .err = err,
@@ -171,11 +171,11 @@ app::ExitCode codeOf(const Words& arguments, const Input& input)
         .inputIsTerminal = input.isAsked,
         .outputIsTerminal = false,
     };
-    const app::ExitCode code = app::run(arguments, environment);
-    const bool isExpected = code == app::ExitCode::done || code == app::ExitCode::refused ||
-                            code == app::ExitCode::usage || code == app::ExitCode::unusableData;
+    const cli::ExitCode code = cli::run(arguments, environment);
+    const bool isExpected = code == cli::ExitCode::done || code == cli::ExitCode::refused ||
+                            code == cli::ExitCode::usage || code == cli::ExitCode::unusableData;
     require(isExpected, "a run is done or says what is wrong with its arguments");
-    require(code == app::ExitCode::done || !err.str().empty(), "a run that fails says why");
+    require(code == cli::ExitCode::done || !err.str().empty(), "a run that fails says why");
     require(isPlain(out.str()) && isPlain(err.str()), "nothing that a terminal obeys is printed");
     return code;
 }
@@ -193,9 +193,9 @@ void run(const Directory& directory, const Input& input)
     directory.fill(before);
     Words arguments = {"--directory", directory.path().string()};
     arguments.insert(arguments.end(), input.words.begin(), input.words.end());
-    const app::ExitCode code = codeOf(arguments, input);
+    const cli::ExitCode code = codeOf(arguments, input);
     const Files after = directory.files();
-    if (code != app::ExitCode::done && after != before) {
+    if (code != cli::ExitCode::done && after != before) {
         // What the time brought about has been kept. It is done with now, so a repetition shows the rest.
         require(codeOf(arguments, input) == code, "a failure is the same the second time");
         require(directory.files() == after, "a run that fails changes nothing");

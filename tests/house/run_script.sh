@@ -4,11 +4,11 @@
 set -eu
 place=$(mktemp -d)
 trap 'rm -rf "$place"' EXIT
-mkdir -p "$place/root/script" "$place/root/build/release/app/quillmere" "$place/tools" "$place/home" "$place/data"
+mkdir -p "$place/root/script" "$place/root/build/release/bin" "$place/tools" "$place/home" "$place/data"
 cp "$1/script/run" "$place/root/script/run"
 printf '#!/bin/sh\n' | tee "$place/root/script/bootstrap" >"$place/tools/cmake"
-printf '#!/bin/sh\necho "words: $*"\n' >"$place/root/build/release/app/quillmere/quillmere"
-chmod +x "$place/root/script/bootstrap" "$place/tools/cmake" "$place/root/build/release/app/quillmere/quillmere"
+printf '#!/bin/sh\necho "words: $*"\n' >"$place/root/build/release/bin/quillmere"
+chmod +x "$place/root/script/bootstrap" "$place/tools/cmake" "$place/root/build/release/bin/quillmere"
 PATH=$place/tools:$PATH
 cd "$place"
 status=0

@@ -1,6 +1,6 @@
 #include "proofs/crowds/ticking_crowd.hpp"
 
-#include "run.hpp"
+#include "cli/run.hpp"
 
 #include <quillmere/records/instant.hpp>
 #include <quillmere/records/json/date_text.hpp>
@@ -29,14 +29,14 @@ int act(Stage& stage, const fs::path& directory, const Words& words, Clock clock
     std::istringstream in;
     std::ostringstream out;
     std::ostringstream err;
-    app::Environment environment{.in = in,
-                                 .out = out,
-                                 .err = err,
-                                 .clock = std::move(clock),
-                                 .inputIsTerminal = false,
-                                 .outputIsTerminal = false};
-    const app::ExitCode code = app::run(all, environment);
-    const auto result = nlohmann::json::parse(code == app::ExitCode::done ? out.str() : err.str());
+    base::Environment environment{.in = in,
+                                  .out = out,
+                                  .err = err,
+                                  .clock = std::move(clock),
+                                  .inputIsTerminal = false,
+                                  .outputIsTerminal = false};
+    const cli::ExitCode code = cli::run(all, environment);
+    const auto result = nlohmann::json::parse(code == cli::ExitCode::done ? out.str() : err.str());
     for (const auto& event : result.at("events")) {
         const auto at = json::instantFromDateText(event.at("at").get<std::string>());
         stage.reported.add(event.at("event").get<std::string>(), at.value().secondsSince1970());

@@ -4,7 +4,7 @@
 
 #include <cstdlib>
 
-#include "../../program/failing_run.hpp"
+#include "failing_run.hpp"
 #include "proofs/support/figures.hpp"
 #include "running_out.hpp"
 

@@ -11,7 +11,7 @@
 namespace quillmere::test {
 namespace {
 
-using app::ExitCode;
+using cli::ExitCode;
 
 /// Goes through every fault at every call; the judge gets the program's exit code and the files.
 template <class Judge>
@@ -72,7 +72,7 @@ TEST_F(TheProgramWithAFault, makesTheChangeWhenTheVersionBeforeItCannotBeKept)
     std::size_t count = 0;
     const auto tracedKeeping = [](const ThreeFiles& files, const std::string& injection) {
         // By this name a call is known to be about what is kept beside these files.
-        const std::string name = app::keptBeside(files.directory(), "/").filename();
+        const std::string name = workspace::stateDirectory(files.directory(), "/").filename();
         return traced(files.directory(), ThreeFiles::asking(), name, injection);
     };
     const std::vector<TracedCall> calls = tracedKeeping(ThreeFiles(Before::earlierFile), "").calls;

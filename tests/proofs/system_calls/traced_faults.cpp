@@ -12,7 +12,7 @@
 
 namespace quillmere::test {
 
-using app::ExitCode;
+using cli::ExitCode;
 
 namespace {
 

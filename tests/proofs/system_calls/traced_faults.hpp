@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "exit_code.hpp"
+#include "cli/exit_code.hpp"
 #include "proofs/system_calls/system_calls.hpp"
 #include "proofs/system_calls/tracing.hpp"
 
@@ -16,7 +16,7 @@ std::optional<SystemCall> callOf(const TracedCall& call);
 
 /// What a fault must lead to.
 struct Outcome {
-    app::ExitCode code;
+    cli::ExitCode code;
     std::size_t filesReplaced;  ///< how many of the three are new
 };
 

@@ -1,0 +1,35 @@
+#include "agent/answer_watch.hpp"
+
+#include "agent/attempt.hpp"
+
+#include <system_error>
+#include <utility>
+
+namespace quillmere::agent {
+
+AnswerWatch::AnswerWatch(std::filesystem::path directory) : directory_(std::move(directory)) {}
+
+void AnswerWatch::require()
+{
+    try {
+        if (!watch_) {
+            watch_.emplace(directory_);
+        }
+    } catch (const std::system_error&) {
+        throw Refusal("Nothing can be waited for on this system now. Look again later with get_answer.");
+    }
+}
+
+int AnswerWatch::descriptor() const { return watch_ ? watch_->descriptor() : -1; }
+
+void AnswerWatch::take()
+{
+    try {
+        watch_->takeChanges();
+    } catch (const std::system_error&) {
+        // Whoever waits is asked again at once, and is told when it cannot be put right.
+        watch_.reset();
+    }
+}
+
+}  // namespace quillmere::agent

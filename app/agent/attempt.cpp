@@ -1,0 +1,43 @@
+#include "agent/attempt.hpp"
+
+#include "base/refusal.hpp"
+#include "base/text/failure.hpp"
+
+#include <nlohmann/json.hpp>
+#include <quillmere/records/json/coding_error.hpp>
+
+#include <system_error>
+
+namespace quillmere::agent {
+
+std::string failureInWords()
+{
+    try {
+        throw;
+    } catch (const Refusal& refusal) {
+        return refusal.what();
+    } catch (const base::Refusal& error) {
+        return error.what();
+    } catch (const CodingError& error) {
+        return std::string("The state cannot be used, and only the person can repair it: ") + error.what();
+    } catch (const std::system_error& error) {
+        return "The files cannot be used now: " + base::fileErrorText(error);
+    }
+}
+
+agent::protocol::Outcome attempt(
+    const std::function<std::variant<agent::protocol::Json, agent::protocol::Later>()>& action)
+{
+    using protocol::ToolResult;
+    try {
+        std::variant<agent::protocol::Json, agent::protocol::Later> found = action();
+        if (const agent::protocol::Later* const later = std::get_if<agent::protocol::Later>(&found)) {
+            return *later;
+        }
+        return agent::protocol::ToolResult{.value = std::get<agent::protocol::Json>(std::move(found))};
+    } catch (...) {
+        return agent::protocol::ToolResult{.value = nullptr, .refusal = failureInWords()};
+    }
+}
+
+}  // namespace quillmere::agent

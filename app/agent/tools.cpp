@@ -1,0 +1,230 @@
+#include "agent/tools.hpp"
+
+#include "agent/asking.hpp"
+#include "agent/question_json.hpp"
+#include "agent/question_text.hpp"
+#include "agent/summary.hpp"
+#include "agent/waiting.hpp"
+
+#include <chrono>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <utility>
+
+namespace quillmere::agent {
+namespace {
+
+using protocol::Call;
+using protocol::Hints;
+using protocol::Tool;
+
+constexpr agent::protocol::Hints looks{
+    .readOnly = true, .destructive = false, .idempotent = true, .openWorld = false};
+constexpr agent::protocol::Hints adds{
+    .readOnly = false, .destructive = false, .idempotent = false, .openWorld = false};
+
+// What calls take ---------------------------------------------------------------------------------------
+
+constexpr const char* nothing = R"json({"type": "object", "additionalProperties": false})json";
+
+constexpr const char* aText = R"json({
+    "type": "object",
+    "additionalProperties": false,
+    "required": ["question"],
+    "properties": {
+        "question": {
+            "type": "string",
+            "description": "Plain text; line feeds and tabs are the only control characters allowed."
+        }
+    }
+})json";
+
+constexpr const char* anId = R"json({
+    "type": "object",
+    "additionalProperties": false,
+    "required": ["id"],
+    "properties": {"id": {"type": "string", "description": "What ask_question returned."}}
+})json";
+
+constexpr const char* anIdAndATime = R"json({
+    "type": "object",
+    "additionalProperties": false,
+    "required": ["id"],
+    "properties": {
+        "id": {"type": "string", "description": "What ask_question returned."},
+        "timeout_seconds": {
+            "type": "integer", "minimum": 0, "maximum": 600, "default": 45,
+            "description": "How long to wait at most."
+        }
+    }
+})json";
+
+constexpr const char* aSelection = R"json({
+    "type": "object",
+    "additionalProperties": false,
+    "properties": {
+        "open_only": {
+            "type": "boolean", "default": true,
+            "description": "Whether to leave out those that have an answer."
+        }
+    }
+})json";
+
+// What they return, where it is nothing that has a form of its own ----------------------------------------
+
+constexpr const char* anIdAndWhetherToInterrupt = R"json({
+    "type": "object",
+    "additionalProperties": false,
+    "required": ["id", "interruptible"],
+    "properties": {
+        "id": {"type": "string", "description": "Of the question."},
+        "interruptible": {
+            "type": "boolean",
+            "description": "Whether the person may be interrupted now. If not, wait quietly."
+        }
+    }
+})json";
+
+agent::protocol::Json listOfQuestions()
+{
+    return {{"type", "object"},
+            {"additionalProperties", false},
+            {"required", agent::protocol::Json::array({"questions"})},
+            {"properties", {{"questions", {{"type", "array"}, {"items", questionSchema()}}}}}};
+}
+
+// The tools -----------------------------------------------------------------------------------------------
+
+using Begin =
+    std::function<agent::protocol::Call(const agent::protocol::Json& arguments, agent::protocol::Moment now)>;
+
+/// For calls that have their result at once.
+Begin atOnce(std::function<agent::protocol::Json(const agent::protocol::Json& arguments)> action)
+{
+    return [action = std::move(action)](const agent::protocol::Json& arguments, agent::protocol::Moment) {
+        return [action, arguments](agent::protocol::Moment) {
+            return attempt([&] { return action(arguments); });
+        };
+    };
+}
+
+agent::protocol::Tool focusState(const workspace::Workspace& workspace)
+{
+    return {
+        .name = "get_focus_state",
+        .title = "Focus state",
+        .description =
+            "What the person works on, how long the running focus session or break still lasts "
+            "(remaining_seconds), and whether they may be interrupted now (interruptible). "
+            "interruptible is false only while a focus session runs: then leave the person alone, "
+            "and use ask_question for what can wait. Look again before each interruption; the "
+            "answer is true at the moment of the call only.",
+        .inputSchema = agent::protocol::Json::parse(nothing),
+        .outputSchema = summarySchema(),
+        .hints = looks,
+        .begin = atOnce([workspace](const agent::protocol::Json&) {
+            return agent::protocol::Json::parse(summaryText(workspace));
+        }),
+    };
+}
+
+agent::protocol::Tool askQuestion(const workspace::Workspace& workspace)
+{
+    const auto begin = [workspace](const agent::protocol::Json& arguments, agent::protocol::Moment now) {
+        return askThePerson(workspace, arguments.at("question"), now);
+    };
+    return {
+        .name = "ask_question",
+        .title = "Ask the person",
+        .description =
+            "Leaves a question for the person. Asking never interrupts a focus session: the person is "
+            "told of the question, if at all, when none is running, and it waits in their list until "
+            "they look, which may take longer. Returns the id by which get_answer and wait_for_answer "
+            "find the answer, and whether the person may be interrupted now. Ask so that the question "
+            "can be understood hours later without your context, and put what belongs together into "
+            "one question. At most " +
+            std::to_string(mostCharacters) + " characters, " + std::to_string(mostAMinute) +
+            " questions a minute and " + std::to_string(mostOpen) +
+            " without an answer, of all agents together. A question cannot be taken back, and "
+            "calling again asks again.",
+        .inputSchema = agent::protocol::Json::parse(aText),
+        .outputSchema = agent::protocol::Json::parse(anIdAndWhetherToInterrupt),
+        .hints = adds,
+        .begin = begin,
+    };
+}
+
+agent::protocol::Tool getAnswer(const workspace::Workspace& workspace)
+{
+    return {
+        .name = "get_answer",
+        .title = "Answer to a question",
+        .description =
+            "The answer to a question, if there is one yet: status is open or answered. "
+            "get_focus_state lists open questions only, so this is where answers are. Returns at "
+            "once; use wait_for_answer rather than calling this again and again.",
+        .inputSchema = agent::protocol::Json::parse(anId),
+        .outputSchema = questionSchema(),
+        .hints = looks,
+        .begin = atOnce([workspace](const agent::protocol::Json& arguments) {
+            const QuillmereState state = workspace.look().state;
+            return questionJson(questionIn(state, arguments.at("id")));
+        }),
+    };
+}
+
+Begin beginWaiting(const workspace::Workspace& workspace, AnswerWatch& watch, int usualSeconds)
+{
+    return [workspace, &watch, usualSeconds](const agent::protocol::Json& arguments,
+                                             agent::protocol::Moment now) {
+        const std::chrono::seconds longest(arguments.value("timeout_seconds", usualSeconds));
+        return waitForAnswer(workspace, watch, arguments.at("id"), now + longest);
+    };
+}
+
+agent::protocol::Tool waitForAnswer(const workspace::Workspace& workspace, AnswerWatch& watch)
+{
+    const agent::protocol::Json input = agent::protocol::Json::parse(anIdAndATime);
+    return {
+        .name = "wait_for_answer",
+        .title = "Wait for an answer",
+        .description =
+            "Waits until the person has answered a question, or until the time is up; the status "
+            "then still is open, which is no error. Returns what get_answer returns. Waiting costs "
+            "nothing and disturbs nobody, but many clients give up on a call after 60 seconds: "
+            "rather wait again than longer.",
+        .inputSchema = input,
+        .outputSchema = questionSchema(),
+        .hints = looks,
+        .begin = beginWaiting(workspace, watch, input.at("properties").at("timeout_seconds").at("default")),
+    };
+}
+
+agent::protocol::Tool listQuestions(const workspace::Workspace& workspace)
+{
+    return {
+        .name = "list_questions",
+        .title = "Questions",
+        .description =
+            "The questions that wait for an answer, by whatever agent or by the person, in order of "
+            "asking; with open_only false those that have one too. Look here before you ask what may "
+            "have been asked already, or when you have lost an id.",
+        .inputSchema = agent::protocol::Json::parse(aSelection),
+        .outputSchema = listOfQuestions(),
+        .hints = looks,
+        .begin = atOnce([workspace](const agent::protocol::Json& arguments) -> Json {
+            const QuillmereState state = workspace.look().state;
+            return {{"questions", questionsJson(state, arguments.value("open_only", true))}};
+        }),
+    };
+}
+
+}  // namespace
+
+std::vector<agent::protocol::Tool> tools(const workspace::Workspace& workspace, AnswerWatch& watch)
+{
+    return {focusState(workspace), askQuestion(workspace), getAnswer(workspace),
+            waitForAnswer(workspace, watch), listQuestions(workspace)};
+}
+
+}  // namespace quillmere::agent

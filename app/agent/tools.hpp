@@ -1,0 +1,15 @@
+// What an agent may do: look, ask, and wait for answers. Nothing here starts, pauses, ends or changes work.
+#pragma once
+
+#include "agent/answer_watch.hpp"
+#include "agent/protocol/offer.hpp"
+#include "workspace/workspace.hpp"
+
+#include <vector>
+
+namespace quillmere::agent {
+
+/// The tools, in the order in which they are listed. `watch` must outlive them.
+std::vector<protocol::Tool> tools(const workspace::Workspace& workspace, AnswerWatch& watch);
+
+}  // namespace quillmere::agent

@@ -1,0 +1,162 @@
+#include "bar/bar_content.hpp"
+
+#include "base/text/columns.hpp"
+#include "base/text/sanitize.hpp"
+#include "work/countdown.hpp"
+
+#include <cmath>
+#include <nlohmann/json.hpp>
+
+namespace quillmere::bar {
+namespace {
+
+/// A tooltip has more room than a bar, and no scroll bar.
+constexpr std::size_t tooltipWidth = 100;
+
+constexpr std::string_view separator = " \u00B7 ";
+
+/// Of a long text no more is looked at than can be shown; from twice as many bytes, as of a line break of two
+/// bytes one is left.
+std::string cut(std::string_view text, std::size_t width)
+{
+    return base::cutToColumns(base::sanitized(text.substr(0, 2 * (width + 1) * base::mostBytesPerColumn)),
+                              width);
+}
+
+void addDetail(std::vector<std::string>& details, std::string_view heading, std::string_view text)
+{
+    if (!text.empty()) {
+        const std::string shown = cut(text, tooltipWidth);
+        details.push_back(cut(std::string(heading).append(": ").append(shown), tooltipWidth));
+    }
+}
+
+bool isPaused(const WidgetSnapshot& summary) { return summary.countdown && summary.countdown->isPaused; }
+
+/// "15:00", "15:00 paused", "+01:15".
+std::string timeInWords(const WidgetSnapshot& summary, std::int64_t remaining)
+{
+    return QuillmereDesign::timeText(remaining) + (isPaused(summary) ? " paused" : "");
+}
+
+std::string questionsInWords(std::int64_t count)
+{
+    return std::to_string(count) + (count == 1 ? " question" : " questions");
+}
+
+/// The phase and the time: "Focus 15:00 paused".
+std::string shortLine(const WidgetSnapshot& summary, std::optional<std::int64_t> remaining)
+{
+    const std::string name(title(summary.phase));
+    return remaining ? name + " " + timeInWords(summary, *remaining) : name;
+}
+
+/// The text of a person comes last: whatever its direction, it cannot reorder what stands before it.
+std::string fullLine(const WidgetSnapshot& summary, std::optional<std::int64_t> remaining, std::size_t width)
+{
+    std::string line = shortLine(summary, remaining);
+    const std::string caption = QuillmereDesign::caption(summary);
+    if (caption != title(summary.phase)) {
+        line.append(separator).append(caption);
+    }
+    if (summary.openQuestionCount > 0) {
+        line.append(separator).append(questionsInWords(summary.openQuestionCount));
+    }
+    if (!summary.intendedOutcome.empty()) {
+        line.append(separator).append(cut(summary.intendedOutcome, width));
+    }
+    return line;
+}
+
+std::vector<std::string> detailsOf(const WidgetSnapshot& summary, std::optional<std::int64_t> remaining)
+{
+    std::vector<std::string> details = {QuillmereDesign::caption(summary)};
+    if (remaining) {
+        details.push_back(timeInWords(summary, *remaining));
+    }
+    addDetail(details, "Outcome", summary.intendedOutcome);
+    addDetail(details, "First action", summary.firstAction);
+    for (const std::string& question : summary.openQuestions) {
+        addDetail(details, "Asked", question);
+    }
+    if (const std::int64_t hidden = summary.hiddenOpenQuestionCount(); hidden > 0) {
+        details.push_back("and " + std::to_string(hidden) + " more");
+    }
+    return details;
+}
+
+std::vector<std::string> classesOf(const WidgetSnapshot& summary, bool isOvertime)
+{
+    std::vector<std::string> classes = {std::string(rawValue(summary.phase))};
+    if (isPaused(summary)) {
+        classes.emplace_back("paused");
+    }
+    if (isOvertime) {
+        classes.emplace_back("overtime");
+    }
+    if (summary.openQuestionCount > 0) {
+        classes.emplace_back("question");
+    }
+    return classes;
+}
+
+base::Json factsOf(const WidgetSnapshot& summary, std::optional<std::int64_t> remaining)
+{
+    base::Json questions = base::Json::array();
+    for (const std::string& question : summary.openQuestions) {
+        questions.push_back(cut(question, tooltipWidth));
+    }
+    return {
+        {"title", title(summary.phase)},
+        {"caption", QuillmereDesign::caption(summary)},
+        {"remaining_seconds", remaining ? base::Json(*remaining) : base::Json()},
+        {"time_text", remaining ? base::Json(QuillmereDesign::timeText(*remaining)) : base::Json()},
+        {"intended_outcome", cut(summary.intendedOutcome, tooltipWidth)},
+        {"first_action", cut(summary.firstAction, tooltipWidth)},
+        {"open_question_count", summary.openQuestionCount},
+        {"open_questions", questions},
+        {"link", url(summary.route)},
+        {"updated_at", base::instantJson(summary.updatedAt)},
+    };
+}
+
+}  // namespace
+
+BarContent barContent(const WidgetSnapshot& summary, Instant now, std::size_t width)
+{
+    const std::optional<std::int64_t> remaining = work::remainingSeconds(summary, now);
+    const bool isOvertime = remaining && *remaining < 0;
+    BarContent content{
+        .text = cut(fullLine(summary, remaining, width), width),
+        .shortText = cut(shortLine(summary, remaining), width),
+        .details = detailsOf(summary, remaining),
+        .alternative = std::string(rawValue(summary.phase)),
+        .classes = classesOf(summary, isOvertime),
+        .accent = QuillmereDesign::accent(summary.phase),
+        .isOvertime = isOvertime,
+        .percentage = std::nullopt,
+        .facts = factsOf(summary, remaining),
+    };
+    if (const std::optional<double> progress = summary.sessionProgress(now)) {
+        content.percentage = std::lround(*progress * 100);
+    }
+    return content;
+}
+
+BarContent barContentOfFailure(const std::string& message, std::size_t width)
+{
+    const std::string unreadable = "unreadable";
+    return {
+        .text = cut(message, width),
+        .shortText = cut("Unreadable", width),
+        .details = {cut(message, tooltipWidth)},
+        .alternative = unreadable,
+        .classes = {unreadable},
+        .accent = QuillmereDesign::Accent::neutral,
+        .isOvertime = false,
+        .percentage = std::nullopt,
+        .facts = {{"error", cut(message, tooltipWidth)}},
+    };
+}
+
+}  // namespace quillmere::bar

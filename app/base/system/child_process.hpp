@@ -1,0 +1,35 @@
+// Programs that are started and not waited for.
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+#include <vector>
+
+namespace quillmere::base {
+
+/// How a program is started.
+struct ChildProgram {
+    std::vector<std::string> words;           ///< the program, looked up in PATH, and its arguments
+    std::vector<std::string> variables = {};  ///< NAME=value, on top of the environment
+    int input = -1;                           ///< its standard input; -1: /dev/null
+    int output = -1;                          ///< its standard output; -1: where its messages go
+};
+
+/// Starts a program with no other file open than its standard channels and no signal held back. Throws
+/// `std::system_error` when it cannot be started.
+pid_t startChild(const ChildProgram& program);
+
+/// How a child has ended.
+struct ChildEnding {
+    bool hasEnded;
+    std::string failure;  ///< "it ended with 3", "it was ended by signal 9"; empty: it has done well
+};
+
+/// Takes leave of a child that has ended. Never waits.
+ChildEnding endingOf(pid_t child);
+
+/// Ends a child at once, whatever it is doing, and takes leave of it.
+void killChild(pid_t child);
+
+}  // namespace quillmere::base

@@ -1,0 +1,79 @@
+#include "base/system/directory_watch.hpp"
+
+#include <sys/inotify.h>
+
+#include <array>
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+namespace quillmere::base {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Files come by rename, which is a move; the rest is for directories that come and go, for files that others
+/// write in place, and for permissions that are given or taken.
+constexpr std::uint32_t everyChange =
+    IN_MOVE | IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_ATTRIB | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
+
+[[noreturn]] void fail(const fs::path& path)
+{
+    throw std::system_error(errno, std::generic_category(), "inotify: " + path.string());
+}
+
+}  // namespace
+
+DirectoryWatch::DirectoryWatch(fs::path directory)
+    : directory_(std::move(directory)), events_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
+{
+    if (events_.get() == -1) {
+        fail(directory_);
+    }
+    watchNearest();
+}
+
+bool DirectoryWatch::takeChanges()
+{
+    bool changed = false;
+    // Which file it was is not asked: one more look costs less than a change that is missed.
+    alignas(inotify_event) std::array<char, 4096> events;
+    while (::read(events_.get(), events.data(), events.size()) > 0) {
+        changed = true;
+    }
+    if (changed) {
+        watchNearest();
+    }
+    return changed;
+}
+
+void DirectoryWatch::watchNearest()
+{
+    // A directory that is made while this goes up the path is found by beginning again.
+    while (!tryToWatchNearest()) {
+    }
+}
+
+bool DirectoryWatch::tryToWatchNearest()
+{
+    fs::path nearest = directory_;
+    fs::path below;
+    bool isBelowMissing = false;
+    int watch = -1;
+    while ((watch = ::inotify_add_watch(events_.get(), nearest.c_str(), everyChange)) < 0) {
+        isBelowMissing = errno == ENOENT || errno == ENOTDIR;
+        if (!(isBelowMissing || errno == EACCES) || !nearest.has_relative_path()) {
+            fail(nearest);
+        }
+        below = nearest;
+        nearest = nearest.parent_path();
+    }
+    if (watch_ >= 0 && watch_ != watch) {
+        ::inotify_rm_watch(events_.get(), watch_);
+    }
+    watch_ = watch;
+    std::error_code ignored;
+    return !(isBelowMissing && fs::is_directory(below, ignored));
+}
+
+}  // namespace quillmere::base

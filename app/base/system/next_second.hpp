@@ -1,0 +1,25 @@
+// When a shown clock moves on.
+#pragma once
+
+#include <quillmere/records/instant.hpp>
+
+#include <cmath>
+
+namespace quillmere::base {
+
+/// How long to sleep, 1 to 1000, until the clock shows another second.
+inline int millisecondsToNextSecond(Instant now)
+{
+    const double seconds = now.secondsSince1970();
+    return static_cast<int>(std::ceil((std::floor(seconds) + 1 - seconds) * 1'000));
+}
+
+/// The same until it shows another minute, at most 60,000.
+inline int millisecondsToNextMinute(Instant now)
+{
+    constexpr double minute = 60;
+    const double minutes = now.secondsSince1970() / minute;
+    return static_cast<int>(std::ceil((std::floor(minutes) + 1 - minutes) * minute * 1'000));
+}
+
+}  // namespace quillmere::base

@@ -1,0 +1,36 @@
+#include "base/text/failure.hpp"
+
+#include <quillmere/engine/workflow_error.hpp>
+#include <quillmere/records/json/coding_error.hpp>
+
+#include <filesystem>
+
+namespace quillmere::base {
+
+std::string fileErrorText(const std::system_error& error)
+{
+    // The text of a filesystem_error has a layout of its own; that of its base has the call and the reason.
+    std::string text = error.std::runtime_error::what();
+    if (const auto* const withPaths = dynamic_cast<const std::filesystem::filesystem_error*>(&error)) {
+        for (const std::filesystem::path& path : {withPaths->path1(), withPaths->path2()}) {
+            text += path.empty() ? "" : ": " + path.string();
+        }
+    }
+    return text;
+}
+
+std::string failureText(const std::exception& error)
+{
+    if (const auto* const refused = dynamic_cast<const WorkflowError*>(&error)) {
+        return refused->errorDescription();
+    }
+    if (dynamic_cast<const CodingError*>(&error)) {
+        return std::string("The state cannot be used: ") + error.what();
+    }
+    if (const auto* const failed = dynamic_cast<const std::system_error*>(&error)) {
+        return fileErrorText(*failed);
+    }
+    return error.what();
+}
+
+}  // namespace quillmere::base

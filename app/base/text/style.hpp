@@ -1,0 +1,32 @@
+// Colour, where it is wanted.
+#pragma once
+
+#include <quillmere/widget/design.hpp>
+
+#include <string>
+#include <string_view>
+
+namespace quillmere::base {
+
+/// Whether standard output should be coloured: on a terminal that can, and not against the person's
+/// will (https://no-color.org).
+bool wantsColour(bool outputIsTerminal);
+
+/// Text in the colour of an accent, or plain.
+class Style {
+public:
+    explicit Style(bool coloured) : coloured_(coloured) {}
+
+    std::string accented(std::string_view text, QuillmereDesign::Accent accent) const;
+    std::string dimmed(std::string_view text) const;
+
+private:
+    std::string wrapped(std::string_view text, std::string_view sequence) const;
+
+    bool coloured_;
+};
+
+/// A bar that is filled to a share of 0 to 1.
+std::string progressBar(double share);
+
+}  // namespace quillmere::base

@@ -1,0 +1,31 @@
+// Prints the agent's summary, computed now, or serves an agent.
+#include "agent/door.hpp"
+#include "agent/summary.hpp"
+#include "base/text/sanitize.hpp"
+#include "cli/commands/commands.hpp"
+
+#include <ostream>
+
+namespace quillmere::cli {
+
+void addAgent(CLI::App& line, Program& program)
+{
+    CLI::App* const command =
+        line.add_subcommand("agent", "Print the summary that an agent reads, as of now (JSON)");
+    command->fallthrough()->require_subcommand(0, 1);
+    const CLI::App* const serve =
+        addCommand(*command, program, "serve",
+                   "Serve an agent (Model Context Protocol over standard input and output)", [&program] {
+                       const base::Environment& environment = program.environment();
+                       agent::serve(program.workspace(), environment.input, environment.output);
+                   });
+    command->callback([serve, &program] {
+        if (!*serve) {
+            program.action = [&program] {
+                program.environment().out << base::inertJson(agent::summaryText(program.workspace())) << '\n';
+            };
+        }
+    });
+}
+
+}  // namespace quillmere::cli

@@ -1,0 +1,45 @@
+// Lengthens or ends a break.
+#include "base/text/duration.hpp"
+#include "cli/commands/commands.hpp"
+#include "cli/exit_code.hpp"
+#include "cli/text_options.hpp"
+
+#include <memory>
+
+namespace quillmere::cli {
+namespace {
+
+void extendBreak(const std::string& text, Program& program)
+{
+    const std::optional<double> by = base::durationFromText(text);
+    program.change("The break is longer now.", [&](QuillmereState& state, Instant now) {
+        // What the engine refuses is said before what the command line lacks.
+        WorkflowEngine().extendBreak(state, by.value_or(base::shortestDuration), now);
+        if (!by) {
+            throw ProgramError(ExitCode::usage, "Say by how much, from 1 second to 366 days: 5m, 90s.");
+        }
+    });
+}
+
+}  // namespace
+
+void addBreak(CLI::App& line, Program& program)
+{
+    CLI::App* const group = line.add_subcommand("break", "Lengthen, end or skip the break");
+    group->fallthrough()->require_subcommand(1);
+    const auto by = std::make_shared<std::string>();
+    addCommand(*group, program, "extend", "Lengthen the break", [by, &program] { extendBreak(*by, program); })
+        ->add_option("duration", *by, "By how much: 5m, 90s")
+        ->required()
+        ->check(wellFormedText());
+    addCommand(*group, program, "end", "End the break", [&program] {
+        program.change("The break has ended.",
+                       [](QuillmereState& state, Instant now) { WorkflowEngine().endBreak(state, now); });
+    });
+    addCommand(*group, program, "skip", "Go on without a break", [&program] {
+        program.change("The break is skipped.",
+                       [](QuillmereState& state, Instant now) { WorkflowEngine().skipBreak(state, now); });
+    });
+}
+
+}  // namespace quillmere::cli

@@ -1,0 +1,15 @@
+// Discards a scheduled block.
+#include "cli/commands/commands.hpp"
+
+namespace quillmere::cli {
+
+void addCancel(CLI::App& line, Program& program)
+{
+    addCommand(line, program, "cancel", "Discard the scheduled block", [&program] {
+        program.change("The scheduled block is discarded.", [](QuillmereState& state, Instant now) {
+            WorkflowEngine().cancelScheduledBlock(state, now);
+        });
+    });
+}
+
+}  // namespace quillmere::cli

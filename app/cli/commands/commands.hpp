@@ -1,0 +1,73 @@
+// All commands, one file each. A command adds itself to the command line: its words, its options, and
+// what it does when it is named.
+#pragma once
+
+#include "cli/program.hpp"
+
+#include <quillmere/engine/workflow_engine.hpp>
+#include <quillmere/widget/widget_route.hpp>
+
+#include <CLI/CLI.hpp>
+
+namespace quillmere::cli {
+
+// clang-format off
+
+// To look. These neither lock nor write.
+void addStatus    (CLI::App& line, Program& program);  // where the work stands
+void addQuestions (CLI::App& line, Program& program);  // what the agent asks
+void addHistory   (CLI::App& line, Program& program);  // the finished blocks
+void addReport    (CLI::App& line, Program& program);  // the look back: figures, charts, exports
+void addWidget    (CLI::App& line, Program& program);  // the summary as a widget shows it
+void addBar       (CLI::App& line, Program& program);  // the same in one line, for a status bar
+void addAgent     (CLI::App& line, Program& program);  // the summary as an agent reads it; serves one
+void addOpen      (CLI::App& line, Program& program);  // the screen that a deep link leads to
+
+// The live screen.
+void addUi        (CLI::App& line, Program& program);  // every operation, with its key
+
+// A block.
+void addPlan      (CLI::App& line, Program& program);  // beginBlockPlanning, then startBlock or scheduleBlock
+void addStart     (CLI::App& line, Program& program);  // startScheduledBlockNow
+void addEdit      (CLI::App& line, Program& program);  // editScheduledBlock
+void addCancel    (CLI::App& line, Program& program);  // cancelScheduledBlock
+void addReflect   (CLI::App& line, Program& program);  // completeBlockReview
+
+// A focus session and its break.
+void addFocus     (CLI::App& line, Program& program);  // startFocus
+void addPause     (CLI::App& line, Program& program);  // pauseFocus
+void addResume    (CLI::App& line, Program& program);  // resumeFocus
+void addEnd       (CLI::App& line, Program& program);  // endFocus
+void addReview    (CLI::App& line, Program& program);  // saveReviewAndStartBreak
+void addBreak     (CLI::App& line, Program& program);  // extendBreak, endBreak, skipBreak
+
+// Questions.
+void addAsk       (CLI::App& line, Program& program);  // addQuestion
+void addAnswer    (CLI::App& line, Program& program);  // answerQuestion
+
+// Earlier versions.
+void addRestore   (CLI::App& line, Program& program);  // lists them, brings one back
+
+// Time.
+void addTick      (CLI::App& line, Program& program);  // evaluateSchedule, evaluateTimer
+void addWatch     (CLI::App& line, Program& program);  // lets time pass, gives notices on the desktop
+void addTour      (CLI::App& line, Program& program);  // a whole block on a clock of its own
+
+// clang-format on
+
+/// Whether a person sits at a terminal that can show the screen, and did not ask for JSON.
+bool isForScreen(Program& program);
+
+/// Shows the screen until the person leaves it, on the page of the route if there is one
+/// (screen::showScreen).
+void openScreen(Program& program, std::optional<WidgetRoute> route);
+
+/// Adds the global options and all commands. Shells complete an option's value by the name of its type
+/// (CLI::Option::type_name): FILE, DIRECTORY, or a choice in braces, {yes,half,no}.
+void addEverything(CLI::App& line, Program& program);
+
+/// Adds one command that does `action`.
+CLI::App* addCommand(CLI::App& line, Program& program, const std::string& name, const std::string& purpose,
+                     std::function<void()> action);
+
+}  // namespace quillmere::cli

@@ -1,0 +1,37 @@
+// Closes a block with a reflection.
+#include "cli/commands/commands.hpp"
+#include "cli/prompt.hpp"
+#include "cli/text_options.hpp"
+
+#include <memory>
+
+namespace quillmere::cli {
+namespace {
+
+using ReflectionOptions = TextOptions<BlockReview, work::reflectionFields.size()>;
+
+void reflect(ReflectionOptions& options, Program& program)
+{
+    base::Environment& environment = program.environment();
+    if (environment.inputIsTerminal &&
+        program.workspace().look().state.workflowState == WorkflowState::blockReview) {
+        options.askForMissing([&](const char* question) { return ask(environment, question); });
+    }
+    program.change("The block is finished.", [&](QuillmereState& state, Instant now) {
+        BlockReview reflection{};
+        options.applyTo(reflection);
+        WorkflowEngine().completeBlockReview(state, std::move(reflection), now);
+    });
+}
+
+}  // namespace
+
+void addReflect(CLI::App& line, Program& program)
+{
+    const auto options = std::make_shared<ReflectionOptions>(work::reflectionFields);
+    CLI::App* const command = addCommand(line, program, "reflect", "Reflect on the block and finish it",
+                                         [options, &program] { reflect(*options, program); });
+    options->addTo(*command);
+}
+
+}  // namespace quillmere::cli

@@ -1,0 +1,216 @@
+// Looks back on the finished sessions: charts in the terminal, a page, exports.
+#include "base/text/sanitize.hpp"
+#include "cli/commands/commands.hpp"
+#include "cli/exit_code.hpp"
+#include "figures/statistics.hpp"
+#include "lookback/calendar_file.hpp"
+#include "lookback/csv.hpp"
+#include "lookback/export_file.hpp"
+#include "lookback/html_page.hpp"
+#include "lookback/json_report.hpp"
+#include "lookback/terminal_report.hpp"
+
+#include <nlohmann/json.hpp>
+#include <quillmere/widget/app_group.hpp>
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <memory>
+#include <ostream>
+#include <vector>
+
+namespace quillmere::cli {
+namespace {
+
+using figures::Day;
+using figures::LookBack;
+
+/// A form of the look back that goes into a file.
+struct Export {
+    const char* option;
+    const char* help;
+    std::string_view name;
+    std::string (*text)(const figures::LookBack&);
+};
+
+constexpr auto exports = std::to_array<Export>({
+    {"--html", "Make a page for a browser", "page", lookback::htmlPage},
+    {"--csv", "Make a table of the sessions for spreadsheets", "table", lookback::csvOf},
+    {"--ics", "Make a calendar of the sessions", "calendar", lookback::calendarOf},
+});
+
+constexpr std::string_view standardOutput = "-";
+
+struct ReportOptions {
+    std::optional<std::string> since;
+    std::optional<std::string> until;
+    std::array<std::optional<std::string>, exports.size()> files;  ///< one an export
+};
+
+std::optional<figures::Day> dayOption(const char* option, const std::optional<std::string>& text,
+                                      figures::Day today)
+{
+    if (!text) {
+        return std::nullopt;
+    }
+    const std::optional<figures::Day> day = figures::dayFromText(*text, today);
+    if (!day) {
+        throw ProgramError(ExitCode::usage,
+                           option + (": is no day such as 2026-11-15, today or 30d: " + *text));
+    }
+    return day;
+}
+
+figures::Range rangeOf(const ReportOptions& options, figures::Day today)
+{
+    const figures::Range range{.since = dayOption("--since", options.since, today),
+                               .until = dayOption("--until", options.until, today)};
+    if (range.since && range.until && *range.since > *range.until) {
+        throw ProgramError(ExitCode::usage, "--since: is later than --until");
+    }
+    return range;
+}
+
+/// Where this program keeps its files: those that are in use, and this user's.
+std::vector<std::filesystem::path> ownDirectories(const workspace::Workspace& workspace)
+{
+    const FileManager& fileManager = FileManager::standard();
+    std::vector<std::filesystem::path> directories = {workspace.directory()};
+    if (!fileManager.applicationSupportDirectories().empty()) {
+        directories.push_back(StateStore::defaultDirectory(fileManager));
+    }
+    if (const auto shared = fileManager.containerDirectory(QuillmereAppGroup::identifier)) {
+        directories.push_back(*shared);
+    }
+    if (!workspace.stateDirectory().empty()) {
+        directories.push_back(workspace.stateDirectory().parent_path());
+    }
+    return directories;
+}
+
+/// What is kept must not be replaced by what is made from it.
+void requireOutside(const std::string& file, const std::vector<std::filesystem::path>& directories)
+{
+    const std::filesystem::path place = lookback::exportPlace(file);
+    if (std::any_of(directories.begin(), directories.end(),
+                    [&](const auto& directory) { return lookback::liesWithin(place, directory); })) {
+        throw ProgramError(ExitCode::usage,
+                           file + " lies where Quillmere keeps its own files; choose another place.");
+    }
+}
+
+/// The last of several exports would be all there is.
+void requireFilesOfTheirOwn(const ReportOptions& options)
+{
+    std::map<std::filesystem::path, std::string> optionsByPlace;
+    for (std::size_t index = 0; index < exports.size(); ++index) {
+        const std::optional<std::string>& file = options.files[index];
+        if (!file || file == standardOutput) {
+            continue;
+        }
+        const std::string option = exports[index].option;
+        const auto [other, isNew] = optionsByPlace.emplace(lookback::exportPlace(*file), option);
+        if (!isNew) {
+            throw ProgramError(ExitCode::usage, option + ": is the file of " + other->second);
+        }
+    }
+}
+
+void requireGoodPlaces(const ReportOptions& options, Program& program)
+{
+    int printed = program.settings().json ? 1 : 0;
+    const std::vector<std::filesystem::path> directories = ownDirectories(program.workspace());
+    for (const std::optional<std::string>& file : options.files) {
+        if (file == standardOutput) {
+            ++printed;
+        } else if (file) {
+            requireOutside(*file, directories);
+        }
+    }
+    if (printed > 1) {
+        throw ProgramError(ExitCode::usage, "Only one thing at a time goes to standard output.");
+    }
+    requireFilesOfTheirOwn(options);
+}
+
+/// Where it says what has been made: not in the midst of an export.
+std::ostream& messagesOf(const ReportOptions& options, Program& program)
+{
+    const bool printsExport =
+        std::find(options.files.begin(), options.files.end(), standardOutput) != options.files.end();
+    return printsExport ? program.environment().err : program.environment().out;
+}
+
+/// Prints a file. A terminal gets it line by line, so that it cannot be told anything.
+void printExport(const std::string& text, Program& program)
+{
+    std::ostream& out = program.environment().out;
+    if (!program.environment().outputIsTerminal) {
+        out << text;
+        return;
+    }
+    for (std::size_t begin = 0; begin < text.size();) {
+        const std::size_t end = std::min(text.find('\n', begin), text.size());
+        const std::string_view line = std::string_view(text).substr(begin, end - begin);
+        out << base::sanitized(line.ends_with('\r') ? line.substr(0, line.size() - 1) : line) << '\n';
+        begin = end + 1;
+    }
+}
+
+void makeExport(const Export& form, const std::string& file, const figures::LookBack& look,
+                std::ostream& messages, Program& program)
+{
+    const std::string text = form.text(look);
+    if (file == standardOutput) {
+        printExport(text, program);
+        return;
+    }
+    lookback::replaceFile(file, text);
+    if (!program.settings().json) {
+        messages << "The " << form.name << " is in " << base::sanitized(file) << ".\n";
+    }
+}
+
+void showReport(const ReportOptions& options, Program& program)
+{
+    requireGoodPlaces(options, program);
+    const workspace::Situation situation = program.workspace().look();
+    const figures::Day today = figures::LocalCalendar::dayOf(situation.now);
+    const figures::LookBack look = figures::statistics(situation.state, rangeOf(options, today), today);
+    bool isExported = false;
+    for (std::size_t index = 0; index < exports.size(); ++index) {
+        if (const std::optional<std::string>& file = options.files[index]) {
+            makeExport(exports[index], *file, look, messagesOf(options, program), program);
+            isExported = true;
+        }
+    }
+    if (program.settings().json) {
+        program.print(lookback::lookBackJson(look));
+    } else if (!isExported) {
+        program.environment().out << lookback::terminalReport(
+            look, lookback::terminalPage(program.style(), program.environment().outputIsTerminal));
+    }
+}
+
+}  // namespace
+
+void addReport(CLI::App& line, Program& program)
+{
+    const auto options = std::make_shared<ReportOptions>();
+    CLI::App* const command =
+        addCommand(line, program, "report", "Look back: focus time, completion, streaks",
+                   [options, &program] { showReport(*options, program); });
+    command->add_option("--since", options->since,
+                        "The first day: 2026-11-15, today, or 30d for 30 days ago");
+    command->add_option("--until", options->until, "The last day");
+    for (std::size_t index = 0; index < exports.size(); ++index) {
+        command
+            ->add_option(exports[index].option, options->files[index],
+                         std::string(exports[index].help) + "; - is standard output")
+            ->type_name("FILE")
+            ->check([](const std::string& file) { return std::string(file.empty() ? "is empty" : ""); });
+    }
+}
+
+}  // namespace quillmere::cli

@@ -1,0 +1,14 @@
+// Lets the clock of a focus session run again.
+#include "cli/commands/commands.hpp"
+
+namespace quillmere::cli {
+
+void addResume(CLI::App& line, Program& program)
+{
+    addCommand(line, program, "resume", "Go on with the paused focus session", [&program] {
+        program.change("Going on.",
+                       [](QuillmereState& state, Instant now) { WorkflowEngine().resumeFocus(state, now); });
+    });
+}
+
+}  // namespace quillmere::cli

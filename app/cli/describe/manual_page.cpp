@@ -1,0 +1,111 @@
+// mdoc(7): a line that begins with a full stop is a macro, \- is the minus that can be copied.
+#include "cli/describe/pieces.hpp"
+#include "cli/describe/words.hpp"
+
+#include <ostream>
+
+namespace quillmere::cli::describe {
+namespace {
+
+/// Text that means nothing to mdoc.
+std::string plain(const std::string& text)
+{
+    std::string result;
+    for (const char character : text) {
+        result += character == '\\' ? "\\e" : character == '-' ? "\\-" : std::string(1, character);
+    }
+    return !result.empty() && (result.front() == '.' || result.front() == '\'') ? "\\&" + result : result;
+}
+
+/// A sentence, on a line of its own.
+void printSentence(std::ostream& out, const std::string& text)
+{
+    const bool isClosed = !text.empty() && std::string(".?!").find(text.back()) != std::string::npos;
+    out << plain(text) << (isClosed ? "" : ".") << '\n';
+}
+
+/// The option as a macro's words: Fl puts one dash before the name.
+std::string flags(const Argument& option)
+{
+    std::vector<std::string> names;
+    for (const std::string& name : option.names) {
+        names.push_back("Fl " + plain(name.substr(1)));
+    }
+    std::string text = joined(names, " , ");
+    if (option.kind == ValueKind::choice) {
+        text += " Cm " + joined(option.choices, " | ");
+    } else if (option.kind != ValueKind::none) {
+        text += " Ar " + option.valueName;
+    }
+    return text;
+}
+
+void printManualOption(std::ostream& out, const Argument& option)
+{
+    out << ".It " << flags(option) << '\n';
+    printSentence(out, option.help);
+    if (!option.excluded.empty()) {
+        printSentence(out, "Not together with " + joined(option.excluded, ", "));
+    }
+}
+
+/// What may follow a command, or the program.
+void printList(std::ostream& out, const std::vector<Argument>& arguments,
+               const std::vector<Argument>& options)
+{
+    if (arguments.empty() && options.empty()) {
+        return;
+    }
+    out << ".Bl -tag -width Ds -compact\n";
+    for (const Argument& argument : arguments) {
+        out << ".It Ar " << plain(argument.names.front()) << '\n';
+        printSentence(out, argument.help);
+    }
+    for (const Argument& option : options) {
+        printManualOption(out, option);
+    }
+    out << ".El\n";
+}
+
+/// Help is the same for every command, and stands with the options of the program.
+std::vector<Argument> ownOptions(const Command& command)
+{
+    std::vector<Argument> own;
+    for (const Argument& option : command.options) {
+        if (option.names.back() != "--help") {
+            own.push_back(option);
+        }
+    }
+    return own;
+}
+
+void printCommand(std::ostream& out, const Command& command)
+{
+    const std::vector<Argument> options = ownOptions(command);
+    // Op would take in all that follows on the line; Oo ends at its Oc.
+    out << ".It Cm " << command.path << (options.empty() ? "" : " Oo Ar options Oc");
+    for (const Argument& argument : command.arguments) {
+        const std::string name = plain(argument.names.front());
+        out << (argument.isRequired ? " Ar " + name : " Oo Ar " + name + " Oc");
+    }
+    out << '\n';
+    printSentence(out, command.purpose);
+    printList(out, command.arguments, options);
+}
+
+}  // namespace
+
+void printManualOptions(std::ostream& out, const Command& program) { printList(out, {}, program.options); }
+
+void printManualCommands(std::ostream& out, const Command& program)
+{
+    out << ".Bl -tag -width Ds\n";
+    for (const Command* const command : withAllBelow(program)) {
+        if (command != &program) {
+            printCommand(out, *command);
+        }
+    }
+    out << ".El\n";
+}
+
+}  // namespace quillmere::cli::describe

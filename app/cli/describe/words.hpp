@@ -1,0 +1,45 @@
+// Words of a shell.
+#pragma once
+
+#include "cli/describe/command_tree.hpp"
+
+#include <string>
+#include <vector>
+
+namespace quillmere::cli::describe {
+
+inline std::string joined(const std::vector<std::string>& words, const char* between = " ")
+{
+    std::string text;
+    for (const std::string& word : words) {
+        text += (text.empty() ? "" : between) + word;
+    }
+    return text;
+}
+
+/// `text` with each of `characters` behind `escape`.
+inline std::string escaped(const std::string& text, const std::string& characters, const std::string& escape)
+{
+    std::string result;
+    for (const char character : text) {
+        result += (characters.find(character) == std::string::npos ? "" : escape) + character;
+    }
+    return result;
+}
+
+inline std::vector<std::string> namesOf(const std::vector<Command>& commands)
+{
+    std::vector<std::string> names;
+    for (const Command& command : commands) {
+        names.push_back(command.name);
+    }
+    return names;
+}
+
+/// A glob that the command's path matches, and the paths of all below it: what is understood there too.
+inline std::string globOf(const Command& command)
+{
+    return command.path + (command.commands.empty() ? "" : "*");
+}
+
+}  // namespace quillmere::cli::describe

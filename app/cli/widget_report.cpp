@@ -1,0 +1,73 @@
+#include "cli/widget_report.hpp"
+#include "base/record_json.hpp"
+#include "work/countdown.hpp"
+
+#include "base/text/local_time.hpp"
+#include "cli/status.hpp"
+
+#include <quillmere/widget/widget_timeline_plan.hpp>
+
+#include <cmath>
+#include <ostream>
+
+namespace quillmere::cli {
+namespace {
+
+/// What is shown of an entry at its date: the time left, or the caption alone.
+std::string entryText(const WidgetTimelinePlan::Entry& entry)
+{
+    const auto remaining = work::remainingSeconds(entry.snapshot, entry.date);
+    return remaining ? QuillmereDesign::timeText(*remaining) : QuillmereDesign::caption(entry.snapshot);
+}
+
+}  // namespace
+
+base::Json widgetJson(const WidgetSnapshot& snapshot, Instant now)
+{
+    base::Json timeline = base::Json::array();
+    for (const WidgetTimelinePlan::Entry& entry : WidgetTimelinePlan::entries(snapshot, now)) {
+        timeline.push_back({{"date", base::instantJson(entry.date)}, {"text", entryText(entry)}});
+    }
+    base::Json json = {
+        {"snapshot", base::recordJson(snapshot)},
+        {"title", title(snapshot.phase)},
+        {"caption", QuillmereDesign::caption(snapshot)},
+        {"block_progress", snapshot.blockProgress()},
+        {"hidden_open_questions", snapshot.hiddenOpenQuestionCount()},
+        {"link", url(snapshot.route)},
+        {"timeline", timeline},
+        {"refresh_date", base::instantJson(WidgetTimelinePlan::refreshDate(snapshot, now))},
+    };
+    if (const auto remaining = work::remainingSeconds(snapshot, now)) {
+        json["time_text"] = QuillmereDesign::timeText(*remaining);
+    }
+    if (const auto progress = snapshot.sessionProgress(now)) {
+        json["session_progress"] = *progress;
+    }
+    return json;
+}
+
+void printWidget(std::ostream& out, const WidgetSnapshot& snapshot, Instant now, const base::Style& style)
+{
+    printHeadline(out, snapshot, now, snapshot.sessionProgress(now), style);
+    printField(out, "Outcome", snapshot.intendedOutcome);
+    printField(out, "First action", snapshot.firstAction);
+    if (snapshot.sessionsPlanned > 0) {
+        out << "Block: " << snapshot.sessionsStarted << " of " << snapshot.sessionsPlanned << " sessions "
+            << base::progressBar(snapshot.blockProgress()) << '\n';
+    }
+    for (const std::string& question : snapshot.openQuestions) {
+        printField(out, "Asked", question);
+    }
+    if (const std::int64_t hidden = snapshot.hiddenOpenQuestionCount(); hidden > 0) {
+        out << "and " << hidden << " more\n";
+    }
+    out << "Timeline:";
+    for (const WidgetTimelinePlan::Entry& entry : WidgetTimelinePlan::entries(snapshot, now)) {
+        out << "  " << base::localTextSeenFrom(now, entry.date) << ' ' << entryText(entry);
+    }
+    out << "  (asks again at " << base::localTextSeenFrom(now, WidgetTimelinePlan::refreshDate(snapshot, now))
+        << ")\n";
+}
+
+}  // namespace quillmere::cli

@@ -1,0 +1,212 @@
+#include "figures/statistics.hpp"
+
+#include <algorithm>
+#include <map>
+
+namespace quillmere::figures {
+namespace {
+
+using Tallies = std::map<Day, Tally>;
+
+bool isRating(std::int64_t rating) { return rating >= lowestRating && rating <= highestRating; }
+
+void addRating(Ratings& ratings, std::int64_t rating)
+{
+    if (isRating(rating)) {
+        ++ratings.count;
+        ratings.sum += rating;
+    }
+}
+
+void addTo(Ratings& sum, const Ratings& part)
+{
+    sum.count += part.count;
+    sum.sum += part.sum;
+}
+
+void addTo(Tally& sum, const Tally& part)
+{
+    sum.focusSeconds += part.focusSeconds;
+    sum.sessions += part.sessions;
+    sum.plannedSeconds += part.plannedSeconds;
+    sum.workedSeconds += part.workedSeconds;
+    sum.pausedSeconds += part.pausedSeconds;
+    sum.pausedSessions += part.pausedSessions;
+    for (std::size_t index = 0; index < sum.completions.size(); ++index) {
+        sum.completions[index] += part.completions[index];
+    }
+    addTo(sum.energy, part.energy);
+    addTo(sum.morale, part.morale);
+}
+
+void addSession(Tally& tally, const EndedSession& ended)
+{
+    ++tally.sessions;
+    addRating(tally.energy, ended.session->plan.energy);
+    addRating(tally.morale, ended.session->plan.morale);
+    if (const auto& review = ended.session->review) {
+        ++tally.completions[static_cast<std::size_t>(review->completion)];
+    }
+    if (ended.time) {
+        tally.plannedSeconds += ended.session->plannedDurationSeconds;
+        tally.workedSeconds += ended.time->workedSeconds;
+        tally.pausedSeconds += ended.time->pausedSeconds;
+        tally.pausedSessions += ended.time->pausedSeconds > 0 ? 1 : 0;
+    }
+}
+
+template <class Visit>
+void forEachBlock(const QuillmereState& state, Visit visit)
+{
+    std::for_each(state.blockHistory.begin(), state.blockHistory.end(), visit);
+    if (state.currentBlock) {
+        visit(*state.currentBlock);
+    }
+}
+
+std::vector<EndedSession> endedSessions(const QuillmereState& state)
+{
+    std::vector<EndedSession> sessions;
+    forEachBlock(state, [&](const Block& block) {
+        for (const WorkSession& session : block.sessions) {
+            if (session.endedAt) {
+                sessions.push_back({.block = &block,
+                                    .session = &session,
+                                    .day = LocalCalendar::dayOf(session.startedAt),
+                                    .time = timeOf(session),
+                                    .settledAt = block.completedAt.value_or(state.updatedAt)});
+            }
+        }
+    });
+    std::stable_sort(sessions.begin(), sessions.end(),
+                     [](const EndedSession& left, const EndedSession& right) {
+                         return left.session->startedAt < right.session->startedAt;
+                     });
+    return sessions;
+}
+
+/// The figures of every day in the range that has any.
+Tallies dayTallies(const std::vector<EndedSession>& sessions, const Range& range)
+{
+    LocalCalendar calendar;
+    Tallies tallies;
+    for (const EndedSession& ended : sessions) {
+        if (range.contains(ended.day)) {
+            addSession(tallies[ended.day], ended);
+        }
+        if (ended.time) {
+            calendar.forEachDay(ended.session->startedAt, ended.time->workedSeconds,
+                                [&](Day day, double seconds) {
+                                    if (range.contains(day)) {
+                                        tallies[day].focusSeconds += seconds;
+                                    }
+                                });
+        }
+    }
+    return tallies;
+}
+
+/// Days summed up by a unit; they come in order.
+std::vector<Stretch> summedUp(const Tallies& days, Unit unit)
+{
+    std::vector<Stretch> stretches;
+    for (const auto& [day, tally] : days) {
+        const Day first = firstOf(unit, day);
+        if (stretches.empty() || stretches.back().first != first) {
+            stretches.push_back({.first = first, .tally = {}});
+        }
+        addTo(stretches.back().tally, tally);
+    }
+    return stretches;
+}
+
+void addByRating(ByRating& byRating, std::int64_t rating, CompletionResult completion)
+{
+    if (isRating(rating)) {
+        ++byRating[static_cast<std::size_t>(rating - lowestRating)][static_cast<std::size_t>(completion)];
+    }
+}
+
+/// Of two in the middle the greater one; zero for none.
+double medianOf(std::vector<double>& values)
+{
+    if (values.empty()) {
+        return 0;
+    }
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+BetweenSessions betweenSessions(const QuillmereState& state, const Range& range)
+{
+    BetweenSessions between;
+    std::vector<double> gaps;
+    std::vector<double> planned;
+    forEachBlock(state, [&](const Block& block) {
+        for (std::size_t index = 1; index < block.sessions.size(); ++index) {
+            const std::optional<Instant>& end = block.sessions[index - 1].endedAt;
+            const Instant start = block.sessions[index].startedAt;
+            if (end && start >= *end && range.contains(LocalCalendar::dayOf(start))) {
+                gaps.push_back(start - *end);
+                planned.push_back(block.breakDurationSeconds);
+                between.totalSeconds += gaps.back();
+            }
+        }
+    });
+    between.count = std::ssize(gaps);
+    between.medianSeconds = medianOf(gaps);
+    between.plannedMedianSeconds = medianOf(planned);
+    return between;
+}
+
+void findStreaks(LookBack& look)
+{
+    std::optional<Streak> streak;
+    for (const Stretch& day : look.days) {
+        if (!(day.tally.focusSeconds > 0)) {
+            continue;
+        }
+        ++look.focusDays;
+        if (streak && day.first == streak->last() + oneDay) {
+            ++streak->days;
+        } else {
+            streak = Streak{.first = day.first, .days = 1};
+        }
+        if (!look.longestStreak || streak->days >= look.longestStreak->days) {
+            look.longestStreak = streak;
+        }
+        if (day.first == look.today || day.first == look.today - oneDay) {
+            look.currentStreak = streak;
+        }
+    }
+}
+
+}  // namespace
+
+LookBack statistics(const QuillmereState& state, const Range& range, Day today)
+{
+    LookBack look{.range = range, .today = today};
+    look.sessions = endedSessions(state);
+    const Tallies days = dayTallies(look.sessions, range);
+    // Not before their time is shared out: one may begin before the range and last into it.
+    std::erase_if(look.sessions, [&](const EndedSession& ended) { return !range.contains(ended.day); });
+    look.days = summedUp(days, Unit::day);
+    look.weeks = summedUp(days, Unit::week);
+    look.months = summedUp(days, Unit::month);
+    for (const Stretch& month : look.months) {
+        addTo(look.total, month.tally);
+    }
+    for (const EndedSession& ended : look.sessions) {
+        look.sessionsWithoutTime += ended.time ? 0 : 1;
+        if (const auto& review = ended.session->review) {
+            addByRating(look.byEnergy, ended.session->plan.energy, review->completion);
+            addByRating(look.byMorale, ended.session->plan.morale, review->completion);
+        }
+    }
+    look.between = betweenSessions(state, range);
+    findStreaks(look);
+    return look;
+}
+
+}  // namespace quillmere::figures

@@ -1,0 +1,108 @@
+#include "lookback/json_report.hpp"
+
+#include "lookback/words.hpp"
+
+#include <nlohmann/json.hpp>
+#include <quillmere/records/checked_arithmetic.hpp>
+
+namespace quillmere::lookback {
+namespace {
+
+base::Json dayJson(const std::optional<figures::Day>& day)
+{
+    return day ? base::Json(figures::labelOf(figures::Unit::day, *day)) : base::Json(nullptr);
+}
+
+base::Json meanJson(const figures::Ratings& ratings)
+{
+    const std::optional<double> mean = ratings.mean();
+    return mean ? base::Json(*mean) : base::Json(nullptr);
+}
+
+base::Json completionsJson(const figures::Completions& completions)
+{
+    base::Json json;
+    for (const CompletionResult result : allCases<CompletionResult>()) {
+        json[completionText(result)] = completions[static_cast<std::size_t>(result)];
+    }
+    return json;
+}
+
+base::Json tallyJson(const figures::Tally& tally)
+{
+    return {
+        {"focus_seconds", wholeSeconds(tally.focusSeconds)},
+        {"sessions", tally.sessions},
+        {"planned_seconds", wholeSeconds(tally.plannedSeconds)},
+        {"worked_seconds", wholeSeconds(tally.workedSeconds)},
+        {"paused_seconds", wholeSeconds(tally.pausedSeconds)},
+        {"paused_sessions", tally.pausedSessions},
+        {"completion", completionsJson(tally.completions)},
+        {"energy", meanJson(tally.energy)},
+        {"morale", meanJson(tally.morale)},
+    };
+}
+
+base::Json stretchesJson(const figures::LookBack& look, figures::Unit unit, const char* name)
+{
+    base::Json list = base::Json::array();
+    for (const figures::Stretch& stretch : look.stretches(unit)) {
+        base::Json json = {{name, figures::labelOf(unit, stretch.first)}};
+        json.update(tallyJson(stretch.tally));
+        list.push_back(std::move(json));
+    }
+    return list;
+}
+
+base::Json byRatingJson(const figures::ByRating& byRating)
+{
+    base::Json list = base::Json::array();
+    for (std::int64_t rating = figures::lowestRating; rating <= figures::highestRating; ++rating) {
+        base::Json json = {{"rating", rating}};
+        json.update(completionsJson(byRating[static_cast<std::size_t>(rating - figures::lowestRating)]));
+        list.push_back(std::move(json));
+    }
+    return list;
+}
+
+base::Json streakJson(const std::optional<figures::Streak>& streak)
+{
+    if (!streak) {
+        return nullptr;
+    }
+    return {{"days", streak->days},
+            {"first", figures::labelOf(figures::Unit::day, streak->first)},
+            {"last", figures::labelOf(figures::Unit::day, streak->last())}};
+}
+
+}  // namespace
+
+base::Json lookBackJson(const figures::LookBack& look)
+{
+    const figures::BetweenSessions& between = look.between;
+    const bool anyBetween = between.count > 0;
+    return {
+        {"since", dayJson(look.range.since)},
+        {"until", dayJson(look.range.until)},
+        {"today", dayJson(look.today)},
+        {"total", tallyJson(look.total)},
+        {"focus_days", look.focusDays},
+        {"sessions_without_time", look.sessionsWithoutTime},
+        {"between_sessions",
+         {{"count", between.count},
+          {"total_seconds", wholeSeconds(between.totalSeconds)},
+          {"median_seconds",
+           anyBetween ? base::Json(wholeSeconds(between.medianSeconds)) : base::Json(nullptr)},
+          {"planned_median_seconds",
+           anyBetween ? base::Json(wholeSeconds(between.plannedMedianSeconds)) : base::Json(nullptr)}}},
+        {"current_streak", streakJson(look.currentStreak)},
+        {"longest_streak", streakJson(look.longestStreak)},
+        {"by_energy", byRatingJson(look.byEnergy)},
+        {"by_morale", byRatingJson(look.byMorale)},
+        {"days", stretchesJson(look, figures::Unit::day, "day")},
+        {"weeks", stretchesJson(look, figures::Unit::week, "week")},
+        {"months", stretchesJson(look, figures::Unit::month, "month")},
+    };
+}
+
+}  // namespace quillmere::lookback

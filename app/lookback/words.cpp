@@ -1,0 +1,149 @@
+#include "lookback/words.hpp"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace quillmere::lookback {
+namespace {
+
+constexpr double secondsPerMinute = 60;
+constexpr std::int64_t minutesPerHour = 60;
+
+std::string streakText(const figures::LookBack& look)
+{
+    if (!look.longestStreak) {
+        return "none";
+    }
+    const std::string now = look.currentStreak ? countText(look.currentStreak->days, "day") + " by now" : "";
+    const figures::Streak& longest = *look.longestStreak;
+    const std::string days = longest.days == 1
+                                 ? figures::labelOf(figures::Unit::day, longest.first)
+                                 : figures::labelOf(figures::Unit::day, longest.first) + " to " +
+                                       figures::labelOf(figures::Unit::day, longest.last());
+    return (now.empty() ? "" : now + ", ") + "longest " + countText(longest.days, "day") + " (" + days + ")";
+}
+
+std::string completionFact(const figures::Completions& completions)
+{
+    if (figures::total(completions) == 0) {
+        return "no session has been reviewed";
+    }
+    std::string text;
+    for (const CompletionResult result : allCases<CompletionResult>()) {
+        const std::int64_t count = completions[static_cast<std::size_t>(result)];
+        text += (text.empty() ? "" : ", ") + completionText(result) + " " + std::to_string(count) + " (" +
+                shareText(static_cast<double>(count), static_cast<double>(figures::total(completions))) + ")";
+    }
+    return text;
+}
+
+}  // namespace
+
+std::string focusText(double seconds)
+{
+    if (!(seconds > 0)) {
+        return "none";
+    }
+    const auto minutes = static_cast<std::int64_t>(seconds / secondsPerMinute);
+    const std::int64_t hours = minutes / minutesPerHour;
+    const std::int64_t rest = minutes % minutesPerHour;
+    if (minutes == 0) {
+        return "less than 1 min";
+    }
+    std::string text = hours > 0 ? std::to_string(hours) + " h" : "";
+    if (rest > 0) {
+        text += (text.empty() ? "" : " ") + std::to_string(rest) + " min";
+    }
+    return text;
+}
+
+std::string meanText(const figures::Ratings& ratings)
+{
+    const std::optional<double> mean = ratings.mean();
+    if (!mean) {
+        return "-";
+    }
+    std::array<char, 16> text{};
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), *mean, std::chars_format::fixed, 1).ptr;
+    return {text.data(), end};
+}
+
+std::string shareText(double part, double whole)
+{
+    return whole > 0 ? std::to_string(std::llround(part / whole * 100)) + " %" : "-";
+}
+
+std::string countText(std::int64_t count, const std::string& thing)
+{
+    return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
+}
+
+std::string rangeText(const figures::LookBack& look)
+{
+    const std::string last = figures::labelOf(figures::Unit::day, look.range.until.value_or(look.today));
+    return look.range.since ? figures::labelOf(figures::Unit::day, *look.range.since) + " to " + last
+                            : "up to " + last;
+}
+
+std::string completionText(CompletionResult completion)
+{
+    switch (completion) {
+        case CompletionResult::yes: return "yes";
+        case CompletionResult::half: return "half";
+        case CompletionResult::no: break;
+    }
+    return "no";
+}
+
+std::string completionsText(const figures::Completions& completions)
+{
+    std::string text;
+    for (const CompletionResult result : allCases<CompletionResult>()) {
+        text += (text.empty() ? "" : ", ") + std::to_string(completions[static_cast<std::size_t>(result)]) +
+                " " + completionText(result);
+    }
+    return text;
+}
+
+std::string nameOf(const WorkSession& session)
+{
+    return session.plan.intendedOutcome.empty() ? "Session " + std::to_string(session.number)
+                                                : session.plan.intendedOutcome;
+}
+
+std::vector<Fact> factsOf(const figures::LookBack& look)
+{
+    const figures::Tally& all = look.total;
+    std::vector<Fact> facts = {
+        {"Focus", focusText(all.focusSeconds) + " on " + countText(look.focusDays, "day") + ", in " +
+                      countText(all.sessions, "session")},
+        {"Streak", streakText(look)},
+        {"Completion", completionFact(all.completions)},
+        {"Planned", focusText(all.plannedSeconds) + ", worked " + focusText(all.workedSeconds) + " (" +
+                        shareText(all.workedSeconds, all.plannedSeconds) + ")"},
+        {"Pauses", all.pausedSessions == 0
+                       ? "none"
+                       : focusText(all.pausedSeconds) + " in " + countText(all.pausedSessions, "session")},
+    };
+    if (look.between.count > 0) {
+        facts.push_back({"Between", "median " + focusText(look.between.medianSeconds) +
+                                        " between sessions of a block, planned " +
+                                        focusText(look.between.plannedMedianSeconds)});
+    }
+    facts.push_back({"Energy", meanText(all.energy) + " of 5 on average, morale " + meanText(all.morale)});
+    if (look.sessionsWithoutTime > 0) {
+        facts.push_back({"Not counted", "the time of " + countText(look.sessionsWithoutTime, "session") +
+                                            ", whose start and end cannot be right"});
+    }
+    return facts;
+}
+
+std::string emptyText(const figures::LookBack& look)
+{
+    return look.range.since || look.range.until ? "No focus session has ended in that time."
+                                                : "No focus session has ended yet.";
+}
+
+}  // namespace quillmere::lookback

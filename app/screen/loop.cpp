@@ -1,0 +1,143 @@
+#include "screen/loop.hpp"
+
+#include "base/refusal.hpp"
+#include "base/system/held_signals.hpp"
+#include "base/system/next_second.hpp"
+#include "screen/crash_handler.hpp"
+#include "screen/screen.hpp"
+#include "screen/terminal.hpp"
+
+#include <poll.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <system_error>
+
+namespace quillmere::screen {
+namespace {
+
+/// One run of the screen: waits for keys, signals, changed files and, where seconds are shown, the next one.
+class Loop {
+public:
+    Loop(Screen& screen, Terminal& terminal, const base::HeldSignals& signals, const Clock& clock)
+        : screen_(screen), terminal_(terminal), signals_(signals), clock_(clock)
+    {
+    }
+
+    /// Returns the signal that ended it; 0 when the person did.
+    int run()
+    {
+        while (!screen_.isOver() && ending_ == 0) {
+            show();
+            wait();
+        }
+        if (ending_ != 0) {
+            // It waits once more, should the terminal not take what gives it back (EndableWriting).
+            ::raise(ending_);
+        }
+        return ending_ == SIGINT ? 0 : ending_;
+    }
+
+private:
+    void show()
+    {
+        screen_.resize(terminal_.size());
+        terminal_.show(screen_.picture(terminal_.charset()));
+        if (screen_.takeBell()) {
+            terminal_.ringBell();
+        }
+    }
+
+    void wait()
+    {
+        std::array<pollfd, 3> sources{{{STDIN_FILENO, POLLIN, 0},
+                                       {signals_.descriptor(), POLLIN, 0},
+                                       {screen_.descriptor(), POLLIN, 0}}};
+        const int timeout = terminal_.hasMoreKeys()   ? 0
+                            : screen_.countsSeconds() ? base::millisecondsToNextSecond(clock_())
+                                                      : base::millisecondsToNextMinute(clock_());
+        const int ready = ::poll(sources.data(), sources.size(), timeout);
+        if (ready < 0 && errno != EINTR) {
+            throw std::system_error(errno, std::generic_category(), "poll");
+        }
+        takeSignals();
+        const bool hasKeys = terminal_.hasMoreKeys() || sources[0].revents != 0;
+        if ((ready == 0 && !hasKeys) || sources[2].revents != 0) {
+            screen_.refresh();
+        }
+        if (hasKeys && ending_ == 0) {
+            takeKeys();
+        }
+        // A terminal that is gone can be read without end, and says nothing.
+        if ((sources[0].revents & (POLLHUP | POLLERR | POLLNVAL)) != 0) {
+            ending_ = SIGHUP;
+        }
+    }
+
+    void takeSignals()
+    {
+        for (const int signal : signals_.take()) {
+            switch (signal) {
+                case SIGWINCH: terminal_.adaptToSize(); break;
+                case SIGCONT: terminal_.takeBack(); break;
+                case SIGTSTP: rest(); break;
+                default: ending_ = signal; break;
+            }
+        }
+    }
+
+    void rest()
+    {
+        terminal_.giveBack();
+        base::haveUsualEffect(SIGTSTP);
+        terminal_.takeBack();
+        screen_.refresh();
+    }
+
+    void takeKeys()
+    {
+        for (const Key& key : terminal_.takeKeys()) {
+            screen_.press(key);
+            if (screen_.isOver()) {
+                break;
+            }
+        }
+        screen_.keepDraft();
+    }
+
+    Screen& screen_;
+    Terminal& terminal_;
+    const base::HeldSignals& signals_;
+    const Clock& clock_;
+    int ending_ = 0;
+};
+
+}  // namespace
+
+bool hasScreen(const base::Environment& environment)
+{
+    return environment.inputIsTerminal && environment.outputIsTerminal && canShowScreens();
+}
+
+void showScreen(const workspace::Workspace& workspace, const base::Environment& environment,
+                std::optional<WidgetRoute> route)
+{
+    if (!environment.inputIsTerminal || !environment.outputIsTerminal) {
+        throw base::Refusal(base::Refusal::Kind::invalidRequest,
+                            "The screen takes a terminal; see quillmere status.");
+    }
+    int ending = 0;
+    {
+        const base::HeldSignals signals{SIGTERM, SIGHUP, SIGINT, SIGQUIT, SIGTSTP, SIGCONT, SIGWINCH};
+        Screen screen(workspace, Drafts(workspace.stateDirectory()), route);
+        Terminal terminal;
+        const CrashHandler crashHandler;
+        ending = Loop(screen, terminal, signals, environment.clock).run();
+    }
+    if (ending != 0) {
+        base::haveUsualEffect(ending);
+    }
+}
+
+}  // namespace quillmere::screen

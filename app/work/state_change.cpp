@@ -1,0 +1,47 @@
+#include "work/state_change.hpp"
+
+namespace quillmere::work {
+namespace {
+
+/// Whether a session ended because its time was used up, and not because somebody ended it.
+bool ranOut(const WorkSession& session)
+{
+    return session.endedAt && *session.endedAt - session.startedAt - session.accumulatedPausedSeconds >=
+                                  session.plannedDurationSeconds;
+}
+
+}  // namespace
+
+LastShown LastShown::of(const QuillmereState& state)
+{
+    const WorkSession* const session = state.currentSession();
+    return {
+        .workflowState = state.workflowState,
+        .block = state.currentBlock ? std::optional(state.currentBlock->id) : std::nullopt,
+        .startTriggeredAt = state.currentBlock ? state.currentBlock->scheduledStartTriggeredAt : std::nullopt,
+        .session = session ? std::optional(session->id) : std::nullopt,
+        .pausedAt = session ? session->pausedAt : std::nullopt,
+        .breakEndNotifiedAt = state.breakEndNotifiedAt,
+    };
+}
+
+std::vector<workspace::Event> newsSince(const LastShown& before, const QuillmereState& after)
+{
+    const LastShown now = LastShown::of(after);
+    std::vector<workspace::Event> events;
+    // Who begins a block early takes its planned start away.
+    if (now.block && now.block == before.block && now.startTriggeredAt && !before.startTriggeredAt &&
+        after.currentBlock->plannedStart) {
+        events.push_back({workspace::Event::Kind::blockStarted, *now.startTriggeredAt});
+    }
+    if (before.workflowState == WorkflowState::focusing && now.workflowState != WorkflowState::focusing &&
+        now.session && now.session == before.session && ranOut(*after.currentSession())) {
+        events.push_back({workspace::Event::Kind::focusEnded, *after.currentSession()->endedAt});
+    }
+    if (now.breakEndNotifiedAt && now.breakEndNotifiedAt != before.breakEndNotifiedAt) {
+        events.push_back({workspace::Event::Kind::breakEnded, *now.breakEndNotifiedAt});
+    }
+    return events;
+}
+
+}  // namespace quillmere::work

@@ -1,0 +1,56 @@
+#include "workspace/catching_up.hpp"
+
+#include <quillmere/engine/workflow_engine.hpp>
+#include <quillmere/records/enumeration.hpp>
+
+#include <algorithm>
+
+namespace quillmere::workspace {
+namespace {
+
+struct EventRow {
+    Event::Kind value;
+    std::string_view name;
+};
+
+constexpr auto eventRows = std::to_array<EventRow>({
+    {Event::Kind::blockStarted, "block_started"},
+    {Event::Kind::focusEnded, "focus_ended"},
+    {Event::Kind::breakEnded, "break_ended"},
+});
+static_assert(inCaseOrder(eventRows));
+
+/// When the running timer reached zero; `now` while it has not. Never before the last change of the
+/// state: a timer can only be found run out afterwards.
+Instant runOutInstant(const QuillmereState& state, Instant now)
+{
+    const std::optional<TimerSnapshot> timer = TimerSnapshot::derive(state, now);
+    if (!timer || timer->remainingSeconds > 0) {
+        return now;
+    }
+    const WorkSession* session = state.currentSession();
+    const Instant reading = timer->isPaused ? *session->pausedAt : now;
+    return std::min(std::max(reading + static_cast<double>(timer->remainingSeconds), state.updatedAt), now);
+}
+
+}  // namespace
+
+std::string_view eventName(Event::Kind kind) { return rowOf(eventRows, kind).name; }
+
+std::vector<Event> catchUp(QuillmereState& state, Instant now)
+{
+    const WorkflowEngine engine;
+    std::vector<Event> events;
+    if (engine.evaluateSchedule(state, now)) {
+        events.push_back({Event::Kind::blockStarted, now});
+    }
+    const Instant ranOutAt = runOutInstant(state, now);
+    switch (engine.evaluateTimer(state, ranOutAt)) {
+        case TimerTransition::noChange: break;
+        case TimerTransition::focusEnded: events.push_back({Event::Kind::focusEnded, ranOutAt}); break;
+        case TimerTransition::breakEnded: events.push_back({Event::Kind::breakEnded, ranOutAt}); break;
+    }
+    return events;
+}
+
+}  // namespace quillmere::workspace

@@ -1,0 +1,68 @@
+#include "workspace/directory_lock.hpp"
+
+#include "base/refusal.hpp"
+
+#include <fcntl.h>
+#include <sys/file.h>
+
+#include <cerrno>
+#include <chrono>
+#include <system_error>
+#include <thread>
+
+namespace quillmere::workspace {
+namespace {
+
+/// A signal does not keep it from being opened.
+base::Descriptor openDirectory(const std::filesystem::path& directory)
+{
+    int descriptor = -1;
+    do {
+        descriptor = ::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    } while (descriptor == -1 && errno == EINTR);
+    if (descriptor == -1) {
+        throw std::filesystem::filesystem_error("open", directory, {errno, std::generic_category()});
+    }
+    return base::Descriptor(descriptor);
+}
+
+/// Whether the lock was taken; false when somebody else has it.
+bool tryLock(int descriptor)
+{
+    if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0) {
+        return true;
+    }
+    if (errno != EWOULDBLOCK && errno != EINTR) {
+        throw std::system_error(errno, std::generic_category(), "flock");
+    }
+    return false;
+}
+
+/// flock(2) can wait, but not for a limited time.
+void waitForLock(int descriptor, const std::filesystem::path& directory, std::chrono::milliseconds patience)
+{
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    while (!tryLock(descriptor)) {
+        if (std::chrono::steady_clock::now() >= deadline) {
+            throw base::Refusal(base::Refusal::Kind::busy,
+                                "Another program is at work in " + directory.string() + "; try again.");
+        }
+        std::this_thread::sleep_for(DirectoryLock::pauseBetweenTries);
+    }
+}
+
+}  // namespace
+
+DirectoryLock::DirectoryLock(const std::filesystem::path& directory, std::chrono::milliseconds patience)
+    : directory_(openDirectory(directory))
+{
+    waitForLock(directory_.get(), directory, patience);
+}
+
+std::optional<DirectoryLock> DirectoryLock::tryTake(const std::filesystem::path& directory)
+{
+    DirectoryLock lock(openDirectory(directory));
+    return tryLock(lock.directory_.get()) ? std::optional(std::move(lock)) : std::nullopt;
+}
+
+}  // namespace quillmere::workspace

@@ -1,0 +1,42 @@
+#include "workspace/open_workspace.hpp"
+
+#include <utility>
+
+namespace quillmere::workspace {
+
+OpenWorkspace::OpenWorkspace(Workspace workspace)
+    : workspace_(std::move(workspace)),
+      // Before the first look, so that no change falls between the two.
+      watch_(workspace_.directory()),
+      situation_(workspace_.look()),
+      isStale_(!situation_.events.empty())
+{
+}
+
+std::vector<Event> OpenWorkspace::refresh(std::chrono::milliseconds patience)
+{
+    isStale_ = watch_.takeChanges() || isStale_;
+    if (isStale_) {
+        situation_ = workspace_.look();
+        isStale_ = !situation_.events.empty();
+    } else {
+        situation_.now = workspace_.now();
+        isStale_ = !catchUp(situation_.state, situation_.now).empty();
+    }
+    // What is due has come about in memory only: the files may have been changed meanwhile.
+    return isStale_ ? change(nullptr, patience) : std::exchange(recorded_, {});
+}
+
+std::vector<Event> OpenWorkspace::change(const Operation& operation, std::chrono::milliseconds patience)
+{
+    const auto record = [this](const std::vector<Event>& events) {
+        recorded_.insert(recorded_.end(), events.begin(), events.end());
+    };
+    isStale_ = true;
+    situation_ = workspace_.change(record, operation, {.patience = patience});
+    situation_.events.clear();
+    isStale_ = false;
+    return std::exchange(recorded_, {});
+}
+
+}  // namespace quillmere::workspace

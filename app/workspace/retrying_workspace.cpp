@@ -1,0 +1,56 @@
+#include "workspace/retrying_workspace.hpp"
+
+#include "base/text/failure.hpp"
+
+namespace quillmere::workspace {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Keys and the countdown go on while others hold the files.
+constexpr auto patienceOfLooks = 0ms;
+constexpr auto patienceOfPersons = 1s;
+
+}  // namespace
+
+RetryingWorkspace::RetryingWorkspace(Workspace workspace) : workspace_(std::move(workspace)) { refresh(); }
+
+void RetryingWorkspace::open()
+{
+    watch_->takeChanges();
+    open_.emplace(workspace_);
+    watch_.reset();
+}
+
+std::vector<Event> RetryingWorkspace::refresh()
+{
+    if (!open_ && !watch_) {
+        // Before the first try, so that nothing is missed after it.
+        watch_.emplace(workspace_.directory());
+    }
+    isBehind_ = false;
+    try {
+        if (!open_) {
+            open();
+        }
+        std::vector<Event> events = open_->refresh(patienceOfLooks);
+        trouble_.reset();
+        return events;
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const base::Refusal& error) {
+        isBehind_ = error.kind() == base::Refusal::Kind::busy;
+        trouble_ = isBehind_ ? std::nullopt : std::optional<std::string>(error.what());
+        return {};
+    } catch (const std::exception& error) {
+        trouble_ = base::failureText(error);
+        return {};
+    }
+}
+
+std::vector<Event> RetryingWorkspace::change(const Operation& operation)
+{
+    return open_->change(operation, patienceOfPersons);
+}
+
+}  // namespace quillmere::workspace

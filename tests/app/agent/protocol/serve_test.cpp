@@ -1,0 +1,130 @@
+// How much is done at once for a client that sends much.
+#include "agent/protocol/serve.hpp"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cstddef>
+#include <functional>
+#include <thread>
+#include <utility>
+
+#include "said.hpp"
+
+namespace quillmere::test {
+namespace {
+
+using agent::protocol::Moment;
+using agent::protocol::Server;
+using agent::protocol::Tool;
+using agent::protocol::ToolResult;
+
+class Pipe {
+public:
+    Pipe() { EXPECT_EQ(::pipe2(ends_.data(), O_CLOEXEC), 0); }
+    Pipe(const Pipe&) = delete;
+    Pipe& operator=(const Pipe&) = delete;
+    ~Pipe()
+    {
+        closeWriter();
+        ::close(ends_[0]);
+    }
+
+    int reader() const { return ends_[0]; }
+    int writer() const { return ends_[1]; }
+    void write(const std::string& bytes) const
+    {
+        EXPECT_EQ(::write(writer(), bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+    }
+    void closeWriter()
+    {
+        if (ends_[1] != -1) {
+            ::close(std::exchange(ends_[1], -1));
+        }
+    }
+
+private:
+    std::array<int, 2> ends_{};
+};
+
+class NoChanges : public agent::protocol::Changes {
+public:
+    int descriptor() const override { return -1; }
+    void take() override {}
+};
+
+constexpr int manyCalls = 100;
+
+/// A server whose only tool counts its calls; many of them wait in the pipe to it, in one piece.
+class ServeLoop : public testing::Test {
+protected:
+    Pipe in;
+    Pipe out;
+    Pipe ending;
+    std::atomic<int> calls = 0;
+
+    /// Runs until the end of the input.
+    void serve(const std::function<Json()>& resultOfCall)
+    {
+        std::string lines;
+        for (int id = 1; id <= manyCalls; ++id) {
+            lines += request(id, "tools/call", toolCall("count", Json::object())).dump() + '\n';
+        }
+        in.write(lines);
+        in.closeWriter();
+        const auto count = [&](const Json&, Moment) {
+            return [&](Moment) {
+                ++calls;
+                return ToolResult{.value = resultOfCall()};
+            };
+        };
+        const Tool tool{.name = "count",
+                        .title = "",
+                        .description = "",
+                        .inputSchema = {{"type", "object"}},
+                        .outputSchema = {{"type", "object"}},
+                        .hints = {},
+                        .begin = count};
+        Server server({.name = "test",
+                       .title = "",
+                       .version = "1",
+                       .instructions = "",
+                       .tools = {tool},
+                       .resources = {}});
+        NoChanges changes;
+        agent::protocol::serve(server, changes,
+                               {.in = in.reader(), .out = out.writer(), .ending = ending.reader()});
+        out.closeWriter();
+    }
+};
+
+TEST_F(ServeLoop, endsBetweenTwoLinesThatCameTogether)
+{
+    serve([this] {
+        ending.write("!");
+        return Json::object();
+    });
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_F(ServeLoop, doesNotWorkFarAheadOfAClientThatReadsLate)
+{
+    const std::string text(400'000, 'x');
+    std::jthread serving([&] { serve([&] { return Json{{"text", text}}; }); });
+    std::array<char, 65536> bytes;
+    int read = 0;
+    for (ssize_t count = 0; (count = ::read(out.reader(), bytes.data(), bytes.size())) > 0;) {
+        const int made = calls;
+        // An answer has the text twice: one and a half are more than may wait.
+        EXPECT_LE(made - read, 4);
+        read += static_cast<int>(std::count(bytes.data(), bytes.data() + count, '\n'));
+    }
+    EXPECT_EQ(read, manyCalls);
+}
+
+}  // namespace
+}  // namespace quillmere::test

@@ -1,0 +1,146 @@
+// `quillmere bar` as one run.
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include "hostile_texts.hpp"
+#include "program_testing.hpp"
+#include "real_program.hpp"
+
+namespace quillmere::test {
+namespace {
+
+Person personWith(const WidgetSnapshot& summary)
+{
+    Person person;
+    WidgetSnapshotStore(person.directory()).save(summary);
+    person.now = moment + 600.75;
+    return person;
+}
+
+const Words formats = {"waybar", "i3blocks", "polybar", "tmux", "text", "json"};
+
+TEST(Bar, isATextLineUnlessAFormIsNamed)
+{
+    const Person person = personWith(summaryWith("Chapter <one>"));
+    const Ending ending = person.types({"bar"});
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_EQ(ending.out, "Focus 15:00 \u00B7 Session 1 of 3 \u00B7 4 questions \u00B7 Chapter <one>\n");
+    EXPECT_EQ(ending.err, "");
+    EXPECT_EQ(person.types({"bar", "--format", "text"}).out, ending.out);
+    const Ending json = person.types({"bar", "--json"});
+    EXPECT_EQ(jsonAt("/phase", json.out), R"("focusing")");
+    EXPECT_EQ(person.types({"bar", "--format", "json"}).out, json.out);
+    EXPECT_NE(person.types({"bar", "--format", "waybar"}).out.find("&lt;one&gt;"), std::string::npos);
+}
+
+TEST(Bar, isCutToTheWidthThatIsAskedFor)
+{
+    const Person person = personWith(summaryWith("Chapter"));
+    EXPECT_EQ(person.types({"bar", "--width", "11"}).out, "Focus 15:0\u2026\n");
+    EXPECT_EQ(person.types({"bar", "--width", "1000"}).out, person.types({"bar"}).out);
+    for (const char* width : {"0", "1001", "-1", "x", "", "99999999999999999999"}) {
+        SCOPED_TRACE(width);
+        EXPECT_EQ(person.types({"bar", "--width", width}).code, ExitCode::usage);
+    }
+}
+
+TEST(Bar, refusesAFormThatThereIsNot)
+{
+    const Ending ending = Person().types({"bar", "--format", "dzen"});
+    EXPECT_EQ(ending.code, ExitCode::usage);
+    EXPECT_NE(ending.err.find("is none of waybar, i3blocks, polybar, tmux, text, json"), std::string::npos);
+}
+
+TEST(Bar, endsWith33InOvertimeForI3blocksAlone)
+{
+    Person person = personWith(summaryWith("Chapter"));
+    for (const std::string& format : formats) {
+        SCOPED_TRACE(format);
+        person.now = moment + 1500.75;
+        EXPECT_EQ(person.types({"bar", "--format", format}).code, ExitCode::done);
+        person.now = moment + 1501;
+        const Ending late = person.types({"bar", "--format", format});
+        EXPECT_EQ(late.code, format == "i3blocks" ? ExitCode::urgent : ExitCode::done);
+        EXPECT_NE(late.out.find("+00:01"), std::string::npos);
+        EXPECT_EQ(late.err, "");
+    }
+}
+
+TEST(Bar, readsTheSummaryAlone)
+{
+    const Person person = personWith(summaryWith("Chapter"));
+    writeText(person.store().stateURL(), "spoilt");
+    writeText(person.store().agentStateURL(), "spoilt");
+    EXPECT_EQ(person.types({"bar"}).code, ExitCode::done);
+}
+
+TEST(Bar, isIdleBeforeAnythingWasSaved)
+{
+    const Person person;
+    EXPECT_EQ(person.types({"bar"}).out, "Idle \u00B7 No active block\n");
+    EXPECT_EQ(person.runs({"bar", "--directory", (person.directory() / "missing").string()}).code,
+              ExitCode::done);
+    EXPECT_EQ(person.names(), Words{});
+}
+
+TEST(Bar, ofASummaryThatCannotBeReadIsNotShown)
+{
+    const Person person = personWith(summaryWith("Chapter"));
+    writeText(person.directory() / WidgetSnapshotStore::fileName, "{}");
+    for (const std::string& format : formats) {
+        const Ending ending = person.types({"bar", "--format", format});
+        EXPECT_EQ(ending.code, ExitCode::unusableData);
+        EXPECT_EQ(ending.out, "");
+        EXPECT_EQ(ending.err, "The widget's summary cannot be read.\n");
+    }
+}
+
+TEST(Bar, neverWritesAndWaitsForNobody)
+{
+    // Were it to take the lock, it would end after five seconds with another code.
+    Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    person.now = moment + 100'000;
+    const int descriptor = ::open(person.directory().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    ASSERT_EQ(::flock(descriptor, LOCK_EX | LOCK_NB), 0);
+    const auto before = pictureOf(person.directory());
+    for (const std::string& format : formats) {
+        SCOPED_TRACE(format);
+        const ExitCode code = person.types({"bar", "--format", format}).code;
+        EXPECT_EQ(code, format == "i3blocks" ? ExitCode::urgent : ExitCode::done);
+    }
+    EXPECT_EQ(pictureOf(person.directory()), before);
+    ::close(descriptor);
+}
+
+TEST(Bar, worksWhereNothingMayBeWritten)
+{
+    const UnprivilegedUser user;
+    if (!user.isOne()) {
+        GTEST_SKIP() << "permissions hold nobody back here";
+    }
+    const Person person = personWith(summaryWith("Chapter"));
+    std::filesystem::permissions(person.directory(),
+                                 std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+    for (const std::string& format : formats) {
+        EXPECT_EQ(person.types({"bar", "--format", format}).code, ExitCode::done);
+    }
+    std::filesystem::permissions(person.directory(), std::filesystem::perms::owner_all);
+}
+
+TEST(Bar, endsWith74WhenNobodyCanReadIt)
+{
+    const Person person = personWith(summaryWith("Chapter"));
+    const std::string directory = person.directory().string();
+    for (const Words& words : {Words{"bar"}, Words{"bar", "--follow"}}) {
+        Words line = {"--directory", directory};
+        line.insert(line.end(), words.begin(), words.end());
+        EXPECT_EQ(RealProgram(line, {.out = fullDevice}).wait().code, 74);
+        EXPECT_EQ(RealProgram(line, {.out = closed}).wait().code, 74);
+        EXPECT_EQ(RealProgram(line, {.in = closed, .out = closed, .err = closed}).wait().code, 74);
+    }
+}
+
+}  // namespace
+}  // namespace quillmere::test

@@ -1,0 +1,69 @@
+// When a bar that stays wakes up.
+#include "bar/bar_schedule.hpp"
+
+#include "program_testing.hpp"
+
+namespace quillmere::test {
+namespace {
+
+using bar::nextBarLine;
+using bar::nextBarReading;
+
+struct Waking {
+    const char* what;
+    std::optional<WidgetCountdown> countdown;
+    double now;          ///< of a summary that is read now, seconds after `moment`
+    double nextLine;     ///< likewise
+    double nextReading;  ///< likewise
+};
+
+WidgetCountdown countdownOf(double seconds, bool isPaused)
+{
+    return {.endsAt = moment + seconds,
+            .startedAt = moment - 100,
+            .isPaused = isPaused,
+            .frozenRemainingSeconds = static_cast<std::int64_t>(seconds)};
+}
+
+const Waking wakings[] = {
+    {"nothing runs", std::nullopt, 0, 1800, 1800},
+    {"nothing runs, between two seconds", std::nullopt, 0.25, 1800.25, 1800.25},
+    {"a countdown", countdownOf(900, false), 0, 1, 901},
+    {"a countdown, between two seconds", countdownOf(900, false), 0.75, 1, 901},
+    {"a countdown, at the last moment", countdownOf(900, false), 899.999, 900, 901},
+    {"a countdown at zero", countdownOf(900, false), 900, 901, 2700},
+    {"overtime", countdownOf(900, false), 1000, 1001, 2800},
+    {"a pause", countdownOf(900, true), 10, 1810, 1810},
+    {"a pause in overtime", countdownOf(-5, true), 10, 1810, 1810},
+};
+
+TEST(BarSchedule, isWokenEachSecondWhileAFigureMovesAndElseByTheWidgetsTimeline)
+{
+    for (const Waking& waking : wakings) {
+        SCOPED_TRACE(waking.what);
+        WidgetSnapshot summary = WidgetSnapshot::empty(moment);
+        summary.countdown = waking.countdown;
+        const Instant now = moment + waking.now;
+        const Instant reading = nextBarReading(summary, now);
+        EXPECT_EQ(reading - moment, waking.nextReading);
+        EXPECT_EQ(nextBarLine(summary, now, reading) - moment, waking.nextLine);
+    }
+}
+
+TEST(BarSchedule, readsAgainInTheMiddleOfOvertime)
+{
+    // The reading that was due a second after the end is not put off by the lines in between.
+    WidgetSnapshot summary = WidgetSnapshot::empty(moment);
+    summary.countdown = countdownOf(10, false);
+    const Instant reading = nextBarReading(summary, moment);
+    EXPECT_EQ(reading - moment, 11);
+    EXPECT_EQ(nextBarLine(summary, moment + 10.5, reading) - moment, 11);
+}
+
+TEST(BarSchedule, triesAgainSoonAfterAFailure)
+{
+    EXPECT_EQ(bar::nextBarReadingAfterFailure(moment) - moment, 60);
+}
+
+}  // namespace
+}  // namespace quillmere::test

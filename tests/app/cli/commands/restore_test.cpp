@@ -1,0 +1,346 @@
+// Earlier versions are kept with every change, and brought back.
+#include <functional>
+#include <sstream>
+#include <utility>
+
+#include "program_testing.hpp"
+#include "workspace/state_home.hpp"
+
+namespace quillmere::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Somebody who has asked two questions, one after the other.
+Person personWithVersions()
+{
+    Person person;
+    person.has(stateIn(WorkflowState::idle));
+    person.typesLater(60, {"ask", "First?"});
+    person.typesLater(60, {"ask", "Second?"});
+    return person;
+}
+
+/// Where the versions of the person's files are.
+fs::path versionsOf(const Person& person)
+{
+    return workspace::stateDirectory(person.directory(), person.stateHome()) / "versions";
+}
+
+/// The file of a version, while there is one version of the number.
+fs::path fileOfVersion(const Person& person, const std::string& digits)
+{
+    for (const std::string& name : namesIn(versionsOf(person))) {
+        if (name.starts_with(digits)) {
+            return versionsOf(person) / name;
+        }
+    }
+    ADD_FAILURE() << "there is no version " << digits;
+    return {};
+}
+
+/// Output that does something at its first text, unless that has been done.
+class ActingOutput : public std::stringbuf {
+public:
+    explicit ActingOutput(std::function<void()>& act) : act_(act) {}
+
+protected:
+    std::streamsize xsputn(const char* text, std::streamsize size) override
+    {
+        if (act_) {
+            std::exchange(act_, nullptr)();
+        }
+        return std::stringbuf::xsputn(text, size);
+    }
+
+private:
+    std::function<void()>& act_;
+};
+
+/// Runs a command on a terminal, with a state home of its own; `act` is done as soon as it prints anything.
+Ending typesWith(const fs::path& stateHome, const Person& person, const Words& arguments,
+                 std::function<void()> act = nullptr)
+{
+    std::istringstream in(person.answers);
+    ActingOutput results(act);
+    ActingOutput messages(act);
+    std::ostream out(&results);
+    std::ostream err(&messages);
+    base::Environment environment{
+        .in = in,
+        .out = out,
+        .err = err,
+        .clock = [&] { return person.now; },
+        .inputIsTerminal = true,
+        .outputIsTerminal = false,
+        .stateHome = stateHome,
+    };
+    Words all = {"--directory", person.directory().string()};
+    all.insert(all.end(), arguments.begin(), arguments.end());
+    const ExitCode code = cli::run(all, environment);
+    return {.code = code, .out = results.str(), .err = messages.str()};
+}
+
+std::size_t questionCount(const Person& person) { return person.state().agentQuestions.size(); }
+
+TEST(Restore, listsTheVersionsThatChangesLeaveBehind)
+{
+    const TimeZone zone("UTC");
+    const Ending ending = personWithVersions().types({"restore"});
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_EQ(ending.out,
+              "2  2026-11-15 15:01:00  Idle, 0 finished blocks\n"
+              "1  2026-11-15 15:00:00  Idle, 0 finished blocks\n"
+              "quillmere restore NUMBER brings one back.\n");
+}
+
+TEST(Restore, saysWhatEachHolds)
+{
+    const TimeZone zone("UTC");
+    Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    person.types({"pause"});
+    person.typesLater(5, {"resume"});
+    const std::string outcome = person.widgetSummary().intendedOutcome;
+    EXPECT_EQ(person.types({"restore"}).out,
+              "2  2026-11-15 15:00:00  Focus (paused), 0 finished blocks: " + outcome +
+                  "\n"
+                  "1  2026-11-15 15:00:00  Focus, 0 finished blocks: " +
+                  outcome +
+                  "\n"
+                  "quillmere restore NUMBER brings one back.\n");
+    const std::string list = person.types({"restore", "--json"}).out;
+    EXPECT_EQ(jsonAt("/0/content/paused", list), "true");
+    EXPECT_EQ(jsonAt("/1/content/paused", list), "false");
+}
+
+TEST(Restore, cutsOnATerminalWhatIsWiderThanThat)
+{
+    const TimeZone zone("UTC");
+    const EnvironmentVariable width("COLUMNS", "40");
+    Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    person.types({"pause"});
+    EXPECT_GT(person.types({"restore"}).out.find('\n'), 50U);
+    person.seesColour = true;
+    EXPECT_EQ(person.types({"restore"}).out.substr(0, 43), "1  2026-11-15 15:00:00  Focus, 0 finish\u2026\n");
+}
+
+TEST(Restore, listsThemForPrograms)
+{
+    const Ending ending = personWithVersions().types({"restore", "--json"});
+    EXPECT_EQ(jsonAt("/0/number", ending.out), "2");
+    EXPECT_EQ(jsonAt("/1/saved_at", ending.out), R"("2026-11-15T15:00:00Z")");
+    EXPECT_EQ(jsonAt("/1/content/finished_blocks", ending.out), "0");
+}
+
+TEST(Restore, hasNothingToListAtFirst)
+{
+    const Person person;
+    EXPECT_EQ(person.types({"restore"}).out, "There is no earlier version yet.\n");
+    EXPECT_TRUE(person.names().empty());
+}
+
+TEST(Restore, bringsAVersionBack)
+{
+    const Person person = personWithVersions();
+    const Ending ending = person.types({"restore", "2", "--yes"});
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_EQ(ending.out.substr(0, 20), "Version 2 is back.\n\n");
+    EXPECT_EQ(questionCount(person), 1U);
+    EXPECT_TRUE(filesAgree(person));
+}
+
+TEST(Restore, keepsWhatItReplacesAsAVersion)
+{
+    const Person person = personWithVersions();
+    person.types({"restore", "1", "--yes"});
+    EXPECT_EQ(questionCount(person), 0U);
+    EXPECT_EQ(person.types({"restore", "3", "--yes"}).code, ExitCode::done);
+    EXPECT_EQ(questionCount(person), 2U);
+}
+
+TEST(Restore, asksFirstOnATerminal)
+{
+    Person person = personWithVersions();
+    person.isAsked = true;
+    person.answers = "perhaps\nno\n";
+    EXPECT_EQ(person.types({"restore", "1"}).code, ExitCode::refused);
+    EXPECT_EQ(questionCount(person), 2U);
+    person.answers = "yes\n";
+    EXPECT_EQ(person.types({"restore", "1"}).code, ExitCode::done);
+    EXPECT_EQ(questionCount(person), 0U);
+}
+
+TEST(Restore, wantsAYesWhereNobodyCanBeAsked)
+{
+    const Person person = personWithVersions();
+    const Ending ending = person.types({"restore", "1"});
+    EXPECT_EQ(ending.code, ExitCode::usage);
+    EXPECT_EQ(ending.err, "Say --yes to replace what is there now.\n");
+    EXPECT_EQ(questionCount(person), 2U);
+}
+
+TEST(Restore, doesNotKnowAVersionThatIsNotThere)
+{
+    const Person person = personWithVersions();
+    for (const char* number : {"0", "7", "-1"}) {
+        EXPECT_EQ(person.types({"restore", "--yes", "--", number}).code, ExitCode::usage) << number;
+    }
+    EXPECT_EQ(questionCount(person), 2U);
+}
+
+TEST(Restore, mendsAStateThatCannotBeRead)
+{
+    const Person person = personWithVersions();
+    writeText(person.store().stateURL(), "spoilt");
+    EXPECT_EQ(person.types({"status"}).code, ExitCode::unusableData);
+    EXPECT_EQ(person.types({"restore", "2", "--yes"}).code, ExitCode::done);
+    EXPECT_EQ(questionCount(person), 1U);
+    // Even that is kept.
+    EXPECT_NE(person.types({"restore"}).out.find("3  "), std::string::npos);
+    EXPECT_NE(person.types({"restore"}).out.find("cannot be read"), std::string::npos);
+}
+
+TEST(Restore, refusesAVersionThatCannotBeRead)
+{
+    const Person person = personWithVersions();
+    writeText(person.store().stateURL(), "spoilt");
+    person.types({"restore", "2", "--yes"});
+    const auto before = pictureOf(person.directory());
+    EXPECT_EQ(person.types({"restore", "3", "--yes"}).code, ExitCode::unusableData);
+    EXPECT_EQ(pictureOf(person.directory()), before);
+}
+
+TEST(Restore, bringsBackADirectoryThatIsGone)
+{
+    const Person person = personWithVersions();
+    fs::remove_all(person.directory());
+    EXPECT_EQ(person.types({"restore", "2", "--yes"}).code, ExitCode::done);
+    EXPECT_EQ(questionCount(person), 1U);
+}
+
+TEST(Restore, listsWhatCannotBeReadAsThat)
+{
+    const TimeZone zone("UTC");
+    const Person person = personWithVersions();
+    fs::permissions(fileOfVersion(person, "000002"), fs::perms::none);
+    for (fs::path place = versionsOf(person); place != person.stateHome().parent_path();
+         place = place.parent_path()) {
+        fs::permissions(place, fs::perms::all);
+    }
+    const UnprivilegedUser user;
+    if (!user.isOne()) {
+        GTEST_SKIP() << "there is no ordinary user here";
+    }
+    const Ending ending = person.types({"restore"});
+    EXPECT_EQ(ending.code, ExitCode::done) << ending.err;
+    EXPECT_EQ(ending.out,
+              "2  2026-11-15 15:01:00  cannot be read\n"
+              "1  2026-11-15 15:00:00  Idle, 0 finished blocks\n"
+              "quillmere restore NUMBER brings one back.\n");
+    EXPECT_EQ(jsonAt("/0/content", person.types({"restore", "--json"}).out), "null");
+}
+
+TEST(Restore, leavesOutWhatIsLetGoOfMeanwhile)
+{
+    const TimeZone zone("UTC");
+    const Person person = personWithVersions();
+    const Ending ending = typesWith(person.stateHome(), person, {"restore"},
+                                    [&] { fs::remove(fileOfVersion(person, "000001")); });
+    EXPECT_EQ(ending.code, ExitCode::done) << ending.err;
+    EXPECT_EQ(ending.out,
+              "2  2026-11-15 15:01:00  Idle, 0 finished blocks\n"
+              "quillmere restore NUMBER brings one back.\n");
+}
+
+TEST(Restore, saysThatAVersionWasLetGoOfMeanwhile)
+{
+    Person person = personWithVersions();
+    person.answers = "yes\n";
+    const Ending ending = typesWith(person.stateHome(), person, {"restore", "1"},
+                                    [&] { fs::remove(fileOfVersion(person, "000001")); });
+    EXPECT_EQ(ending.code, ExitCode::usage);
+    EXPECT_NE(ending.err.find("There is no version 1 any more; quillmere restore lists them.\n"),
+              std::string::npos)
+        << ending.err;
+    EXPECT_EQ(questionCount(person), 2U);
+}
+
+TEST(Restore, saysWhyNothingIsKeptWithoutAHome)
+{
+    const Person person = personWithVersions();
+    for (const Words& arguments : {Words{"restore"}, {"restore", "1", "--yes"}, {"restore", "--json"}}) {
+        const Ending ending = typesWith("", person, arguments);
+        EXPECT_EQ(ending.code, ExitCode::refused);
+        EXPECT_EQ(ending.out, "");
+        EXPECT_NE(ending.err.find("Nothing is kept: set XDG_STATE_HOME, or HOME, to an absolute path."),
+                  std::string::npos)
+            << ending.err;
+    }
+}
+
+TEST(Versions, areNotKeptAmongTheFilesThemselves)
+{
+    // The state home is that directory, or lies in it.
+    for (const char* stateHome : {"", "state", "some/where/below"}) {
+        SCOPED_TRACE(stateHome);
+        const Person person;
+        const fs::path place = person.directory() / stateHome;
+        EXPECT_EQ(typesWith(place, person, {"ask", "First?"}).code, ExitCode::done);
+        const Ending ending = typesWith(place, person, {"ask", "Second?"});
+        EXPECT_EQ(ending.code, ExitCode::done);
+        EXPECT_EQ(ending.err, "");
+        EXPECT_EQ(person.names(), (Words{"agent-state.json", "state.json", "widget-snapshot.json"}));
+        EXPECT_EQ(typesWith(place, person, {"restore"}).err, "Nothing is kept: the place for it, " +
+                                                                 (place / "quillmere").string() +
+                                                                 ", lies in the directory of the files.\n");
+    }
+}
+
+TEST(Versions, areNotKeptInTheDirectoryOfTheFilesByAnyName)
+{
+    const Person person;
+    const Person other;
+    const fs::path link = other.directory() / "link";
+    fs::create_directory_symlink(person.directory(), link);
+    typesWith(link / "state", person, {"ask", "First?"});
+    typesWith(link / "state", person, {"ask", "Second?"});
+    EXPECT_EQ(person.names(), (Words{"agent-state.json", "state.json", "widget-snapshot.json"}));
+}
+
+TEST(Versions, areNotMadeByLookingOrByARefusal)
+{
+    const Person person = personWithVersions();
+    const auto before = pictureOf(person.stateHome());
+    person.types({"status"});
+    person.types({"tick"});
+    EXPECT_EQ(person.types({"resume"}).code, ExitCode::refused);
+    EXPECT_EQ(pictureOf(person.stateHome()), before);
+}
+
+TEST(Versions, areKeptOnceWhenTimeHasPassedToo)
+{
+    Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    person.typesLater(1'600, {"ask", "First?"});
+    const std::string list = person.types({"restore", "--json"}).out;
+    EXPECT_EQ(jsonAt("/0/content/phase", list), R"("Focus")");
+    EXPECT_EQ(jsonAt("/0/number", list), "1");  // and no other
+}
+
+TEST(Versions, thatCannotBeKeptAreSpokenOfAndTheChangeIsMade)
+{
+    const Person person;
+    person.types({"ask", "First?"});
+    writeText(person.stateHome() / "quillmere", "in the way");
+    const Ending ending = person.types({"ask", "Second?"});
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_EQ(ending.err.substr(0, 53), "The version before this change could not be kept: mkd");
+    EXPECT_EQ(questionCount(person), 2U);
+    const Ending forPrograms = person.types({"ask", "Third?", "--json"});
+    EXPECT_NE(jsonAt("/warning", forPrograms.err), "");
+}
+
+}  // namespace
+}  // namespace quillmere::test

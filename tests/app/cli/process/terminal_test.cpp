@@ -1,0 +1,62 @@
+// The real program on a terminal.
+#include "real_program.hpp"
+
+namespace quillmere::test {
+namespace {
+
+class Terminal : public testing::Test {
+protected:
+    Person person;
+    // As on a usual terminal; tests say what differs.
+    const EnvironmentVariable noColour{"NO_COLOR", std::nullopt};
+    const EnvironmentVariable terminal{"TERM", "xterm"};
+
+    ProcessEnding types(const Words& words, const std::string& typed = "") const
+    {
+        Words all = {"--directory", person.directory().string()};
+        all.insert(all.end(), words.begin(), words.end());
+        return onTerminal(all, typed);
+    }
+};
+
+TEST_F(Terminal, hasThePersonAskedForABlock)
+{
+    const ProcessEnding ending = types(
+        {"plan"}, "Chapter one\nChapter two\n\nA deadline\nRead aloud\nMail\n2000 words\nBlue folder\n\n");
+    EXPECT_EQ(ending.code, 0);
+    EXPECT_NE(ending.out.find("What should come out of it? "), std::string::npos);
+    EXPECT_NE(ending.out.find("When does it begin? (14:30, +1h; empty: now) "), std::string::npos);
+    EXPECT_NE(ending.out.find("The block has begun.\n"), std::string::npos);
+    const QuillmereState state = person.state();
+    ASSERT_TRUE(state.currentBlock);
+    ASSERT_EQ(state.currentBlock->outcomes.size(), 2u);
+    EXPECT_EQ(state.currentBlock->outcomes[1].title, "Chapter two");
+    EXPECT_EQ(state.currentBlock->contextNotes, "Blue folder");
+}
+
+TEST_F(Terminal, takesControlDForGivingUp)
+{
+    EXPECT_EQ(types({"plan"}, "Chapter one\n\nA deadline\n\x04").code, 2);
+    EXPECT_EQ(person.names(), Words{});
+}
+
+TEST_F(Terminal, seesColour)
+{
+    EXPECT_NE(types({"status"}).out.find("\x1b[1mIdle\x1b[0m"), std::string::npos);
+    EXPECT_EQ(types({"status", "--json"}).out.find('\x1b'), std::string::npos);
+}
+
+TEST_F(Terminal, seesNoColourAgainstThePersonsWill)
+{
+    const EnvironmentVariable unwanted("NO_COLOR", "1");
+    EXPECT_EQ(types({"status"}).out, "Idle  No active block\nNext: plan\n");
+}
+
+TEST_F(Terminal, seesNoColourWhereThereIsNone)
+{
+    const EnvironmentVariable plain("TERM", "dumb");
+    EXPECT_EQ(types({}).out, "Idle  No active block\nNext: plan\n");
+}
+
+}  // namespace
+}  // namespace quillmere::test

@@ -1,0 +1,97 @@
+#include "figures_testing.hpp"
+
+#include "base/text/local_time.hpp"
+
+#include <sys/wait.h>
+
+#include <array>
+#include <cstdio>
+
+namespace quillmere::test {
+
+const std::string hostileText =
+    "=<b>\"It's\"</b>&amp;</style></svg><script>alert(1)</script>,;\\x\\\r\n\tz\x1b[2J\x01\u202Eabc\u2066"
+    "\uFFFE\u6F22\u5B57\U0001F600" +
+    std::string(90, 'w') + "\u00E9\u00E9";
+
+Day day(const std::string& text)
+{
+    const auto read = figures::dayFromText(text, Day());
+    EXPECT_TRUE(read) << text;
+    return read.value_or(Day());
+}
+
+Instant local(const std::string& text)
+{
+    const auto read = base::instantFromLocalText(text, moment);
+    EXPECT_TRUE(read) << text;
+    return read.value_or(moment);
+}
+
+WorkSession session(Instant start, double elapsedSeconds, double pausedSeconds)
+{
+    return {.id = identifier(700),
+            .number = 1,
+            .plan = samplePlan(1),
+            .startedAt = start,
+            .plannedDurationSeconds = 1500,
+            .pausedAt = std::nullopt,
+            .accumulatedPausedSeconds = pausedSeconds,
+            .endedAt = start + elapsedSeconds,
+            .review = sampleReview(1)};
+}
+
+QuillmereState stateWith(std::vector<WorkSession> sessions)
+{
+    QuillmereState state = QuillmereState::initial(moment);
+    Block block = sampleBlock(1);
+    for (std::size_t index = 0; index < sessions.size(); ++index) {
+        sessions[index].id = identifier(static_cast<unsigned>(700 + index));
+        sessions[index].number = static_cast<std::int64_t>(index + 1);
+    }
+    block.sessions = std::move(sessions);
+    block.completedAt = moment + 7200;
+    state.blockHistory = {block};
+    return state;
+}
+
+QuillmereState hostileState()
+{
+    WorkSession written = session(moment, 1500);
+    written.plan.intendedOutcome = hostileText;
+    written.plan.firstAction = hostileText;
+    written.review->noteworthyResult = hostileText;
+    written.review->distractions = hostileText;
+    written.review->improvement = hostileText;
+    QuillmereState state = stateWith({written});
+    state.blockHistory.front().outcomes.front().title = hostileText;
+    return state;
+}
+
+std::string focusOf(const LookBack& look, Unit unit)
+{
+    std::string text;
+    for (const auto& stretch : look.stretches(unit)) {
+        text += (text.empty() ? "" : ", ") + figures::labelOf(unit, stretch.first) + " " +
+                std::to_string(static_cast<long>(stretch.tally.focusSeconds));
+    }
+    return text;
+}
+
+std::string outputOf(const std::string& command)
+{
+    std::string text;
+    std::FILE* const stream = ::popen(command.c_str(), "r");
+    EXPECT_NE(stream, nullptr);
+    if (!stream) {
+        return text;
+    }
+    std::array<char, 4096> piece{};
+    while (const std::size_t count = std::fread(piece.data(), 1, piece.size(), stream)) {
+        text.append(piece.data(), count);
+    }
+    const int status = ::pclose(stream);
+    return text + "exit " + std::to_string(WIFEXITED(status) ? WEXITSTATUS(status) : -1) + "\n";
+}
+
+}  // namespace quillmere::test

@@ -1,0 +1,358 @@
+// The command itself: what is printed, and which files it makes.
+#include "base/system/descriptor.hpp"
+#include "figures_testing.hpp"
+#include "generated_year.hpp"
+#include "lookback/export_file.hpp"
+#include "real_program.hpp"
+#include "support/file_system.hpp"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <quillmere/widget/app_group.hpp>
+
+namespace quillmere::test {
+namespace {
+
+namespace fs = std::filesystem;
+using base::Descriptor;
+
+Person personWithAYear()
+{
+    Person person;
+    person.has(generatedYear(person.now));
+    return person;
+}
+
+TEST(Report, printsChartsForAPerson)
+{
+    const TimeZone here("UTC");
+    const Ending ending = personWithAYear().types({"report"});
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_EQ(ending.out.substr(0, 29), "Look back  up to 2026-11-15\n\n");
+    EXPECT_NE(ending.out.find("\nFocus week by week, worked of planned\n"), std::string::npos);
+}
+
+TEST(Report, printsFiguresForPrograms)
+{
+    const TimeZone here("UTC");
+    const Person person;
+    person.has(
+        stateWith({session(local("2026-11-14 10:00"), 3600), session(local("2026-11-15 10:00"), 1860, 60)}));
+    const std::string json = person.types({"report", "--json", "--since", "2026-11-01"}).out;
+    EXPECT_EQ(keysOf(json), (Words{"since", "until", "today", "total", "focus_days", "sessions_without_time",
+                                   "between_sessions", "current_streak", "longest_streak", "by_energy",
+                                   "by_morale", "days", "weeks", "months"}));
+    EXPECT_EQ(jsonAt("/since", json), "\"2026-11-01\"");
+    EXPECT_EQ(jsonAt("/until", json), "null");
+    EXPECT_EQ(jsonAt("/today", json), "\"2026-11-15\"");
+    EXPECT_EQ(jsonAt("/total", json),
+              "{\"completion\":{\"half\":2,\"no\":0,\"yes\":0},\"energy\":4.0,\"focus_seconds\":5400,"
+              "\"morale\":3.0,"
+              "\"paused_seconds\":60,\"paused_sessions\":1,\"planned_seconds\":3000,\"sessions\":2,"
+              "\"worked_seconds\":5400}");
+    EXPECT_EQ(jsonAt("/days/1/day", json), "\"2026-11-15\"");
+    EXPECT_EQ(jsonAt("/days/1/focus_seconds", json), "1800");
+    EXPECT_EQ(jsonAt("/weeks/0/week", json), "\"2026-W46\"");
+    EXPECT_EQ(jsonAt("/months/0/month", json), "\"2026-11\"");
+    EXPECT_EQ(jsonAt("/by_energy/3", json), "{\"half\":2,\"no\":0,\"rating\":4,\"yes\":0}");
+    EXPECT_EQ(jsonAt("/current_streak", json),
+              "{\"days\":2,\"first\":\"2026-11-14\",\"last\":\"2026-11-15\"}");
+    EXPECT_EQ(jsonAt("/between_sessions/median_seconds", json), "82800");
+    const std::string empty = person.types({"report", "--json", "--since", "2027-01-01"}).out;
+    EXPECT_EQ(jsonAt("/longest_streak", empty), "null");
+    EXPECT_EQ(jsonAt("/total/energy", empty), "null");
+    EXPECT_EQ(jsonAt("/between_sessions/median_seconds", empty), "null");
+    EXPECT_EQ(jsonAt("/days", empty), "[]");
+}
+
+struct ExportCase {
+    const char* option;
+    const char* name;
+    const char* begins;
+};
+
+constexpr ExportCase exportCases[] = {
+    {"--html", "page", "<!DOCTYPE html>\n"},
+    {"--csv", "table", "session_id,"},
+    {"--ics", "calendar", "BEGIN:VCALENDAR\r\n"},
+};
+
+TEST(Report, makesFilesAndSaysWhere)
+{
+    const TimeZone here("UTC");
+    for (const Person& person : {Person(), personWithAYear()}) {
+        for (const ExportCase& each : exportCases) {
+            SCOPED_TRACE(each.option);
+            const TemporaryDirectory place;
+            const fs::path file = place.path() / "made";
+            const Ending ending = person.types({"report", each.option, file.string()});
+            EXPECT_EQ(ending.code, ExitCode::done);
+            EXPECT_EQ(ending.out, std::string("The ") + each.name + " is in " + file.string() + ".\n");
+            EXPECT_TRUE(textOf(file).starts_with(each.begins));
+            EXPECT_EQ(place.names(), Words{"made"});
+            EXPECT_EQ(person.types({"report", each.option, "-"}).out, textOf(file));
+        }
+    }
+}
+
+TEST(Report, makesSeveralFilesAtOnce)
+{
+    const Person person = personWithAYear();
+    const TemporaryDirectory place;
+    const Words files = {(place.path() / "a").string(), (place.path() / "b").string(),
+                         (place.path() / "c").string()};
+    const Ending ending =
+        person.types({"report", "--html", files[0], "--csv", files[1], "--ics", files[2], "--json"});
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_EQ(ending.out, person.types({"report", "--json"}).out);
+    EXPECT_EQ(place.names(), (Words{"a", "b", "c"}));
+}
+
+TEST(Report, saysWhereOtherFilesAreBesideTheOneThatItPrints)
+{
+    const Person person = personWithAYear();
+    const TemporaryDirectory place;
+    const std::string page = (place.path() / "a").string();
+    const std::string calendar = (place.path() / "b").string();
+    const Ending ending = person.types({"report", "--html", page, "--csv", "-", "--ics", calendar});
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_EQ(ending.out, person.types({"report", "--csv", "-"}).out);
+    EXPECT_EQ(ending.err, "The page is in " + page + ".\nThe calendar is in " + calendar + ".\n");
+    EXPECT_EQ(place.names(), (Words{"a", "b"}));
+}
+
+TEST(Report, refusesOneFileForTwoExports)
+{
+    const Person person = personWithAYear();
+    const TemporaryDirectory place;
+    fs::create_directory(place.path() / "deep");
+    fs::create_directory_symlink("deep", place.path() / "folder");
+    fs::create_symlink("deep/a", place.path() / "link");
+    const std::string file = (place.path() / "deep" / "a").string();
+    for (const fs::path& same : {place.path() / "deep" / "a", place.path() / "deep" / "." / "a",
+                                 place.path() / "folder" / "a", place.path() / "link"}) {
+        SCOPED_TRACE(same);
+        const Ending ending = person.types({"report", "--html", file, "--ics", same.string()});
+        EXPECT_EQ(ending.code, ExitCode::usage);
+        EXPECT_EQ(ending.err, "--ics: is the file of --html\n");
+        EXPECT_FALSE(fs::exists(file));
+    }
+}
+
+TEST(Report, putsOneThingAtATimeOnStandardOutput)
+{
+    const Person person = personWithAYear();
+    for (const Words& words :
+         {Words{"report", "--html", "-", "--csv", "-"}, Words{"report", "--ics", "-", "--json"}}) {
+        const Ending ending = person.types(words);
+        EXPECT_EQ(ending.code, ExitCode::usage);
+        EXPECT_EQ(ending.out, "");
+    }
+}
+
+TEST(Report, tellsATerminalNothingThatItWouldObey)
+{
+    Person person;
+    person.has(hostileState());
+    person.seesColour = true;
+    for (const ExportCase& each : exportCases) {
+        const std::string out = person.types({"report", each.option, "-"}).out;
+        EXPECT_TRUE(std::none_of(out.begin(), out.end(), [](char character) {
+            return static_cast<unsigned char>(character) < 0x20 && character != '\n';
+        })) << each.option;
+        EXPECT_EQ(out.find("\u202E"), std::string::npos);
+        EXPECT_NE(out.find("It"), std::string::npos);
+    }
+}
+
+struct Refusal {
+    Words words;
+    const char* message;
+};
+
+TEST(Report, refusesDaysThatAreNone)
+{
+    const TimeZone here("UTC");
+    const Person person;
+    for (const Refusal& each : {
+             Refusal{{"report", "--since", "soon"},
+                     "--since: is no day such as 2026-11-15, today or 30d: soon\n"},
+             Refusal{{"report", "--until", "2026-02-30"},
+                     "--until: is no day such as 2026-11-15, today or 30d: 2026-02-30\n"},
+             Refusal{{"report", "--since", "today", "--until", "1d"}, "--since: is later than --until\n"},
+             Refusal{{"report", "--html="}, "--html: is empty (quillmere --help)\n"},
+         }) {
+        const Ending ending = person.types(each.words);
+        EXPECT_EQ(ending.code, ExitCode::usage);
+        EXPECT_EQ(ending.err, each.message);
+        EXPECT_EQ(ending.out, "");
+    }
+}
+
+TEST(Report, takesDaysOfThePersonsZone)
+{
+    // It is the 16th there already.
+    const TimeZone here("Pacific/Kiritimati");
+    const Person person;
+    person.has(stateWith({session(moment, 60)}));
+    EXPECT_EQ(jsonAt("/total/sessions", person.types({"report", "--json", "--since", "today"}).out), "1");
+    EXPECT_EQ(jsonAt("/total/sessions", person.types({"report", "--json", "--until", "1d"}).out), "0");
+    EXPECT_EQ(jsonAt("/days/0/day", person.types({"report", "--json"}).out), "\"2026-11-16\"");
+}
+
+TEST(Report, countsASessionThatRanOutMeanwhileAndSavesNothing)
+{
+    Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    person.now = moment + 100'000;
+    const auto before = pictureOf(person.directory());
+    EXPECT_EQ(jsonAt("/total/focus_seconds", person.types({"report", "--json"}).out), "1500");
+    EXPECT_EQ(pictureOf(person.directory()), before);
+}
+
+TEST(Report, neverReplacesWhatItIsMadeFrom)
+{
+    const Person person = personWithAYear();
+    const TemporaryDirectory place;
+    fs::create_symlink(person.store().stateURL(), place.path() / "link");
+    fs::create_symlink(person.directory() / "new.html", place.path() / "link to nothing");
+    fs::create_directory_symlink(person.directory(), place.path() / "folder");
+    fs::create_directories(person.directory() / "deep" / "down");
+    const auto before = pictureOf(person.directory());
+    for (const fs::path& file :
+         {person.store().stateURL(), person.directory() / "new.html", place.path() / "link",
+          place.path() / "link to nothing", place.path() / "folder" / "new.html",
+          place.path() / "folder" / "deep" / "down" / "new.html",
+          place.path() / "folder" / "deep" / ".." / "new.html"}) {
+        SCOPED_TRACE(file);
+        const Ending ending = person.types({"report", "--html", file.string()});
+        EXPECT_EQ(ending.code, ExitCode::usage);
+        EXPECT_EQ(ending.err,
+                  file.string() + " lies where Quillmere keeps its own files; choose another place.\n");
+    }
+    EXPECT_TRUE(pictureOf(person.directory()) == before);
+}
+
+TEST(Report, neverReplacesWhatIsKeptElsewhere)
+{
+    const Person person = personWithAYear();
+    EXPECT_EQ(person.types({"ask", "Why?"}).code, ExitCode::done);
+    const TemporaryDirectory data;
+    const EnvironmentVariable variable("XDG_DATA_HOME", data.path().string());
+    const EnvironmentVariable home("HOME", data.path().string());
+    EXPECT_EQ(person.runs({"ask", "Why?"}).code, ExitCode::done);
+    const auto shared = FileManager::standard().containerDirectory(QuillmereAppGroup::identifier);
+    ASSERT_TRUE(shared);
+    std::vector<fs::path> files = {StateStore::defaultDirectory(FileManager::standard()) / "state.json",
+                                   *shared / "new.html", person.stateHome() / "quillmere" / "new.html"};
+    for (const fs::path& each : fs::recursive_directory_iterator(person.stateHome() / "quillmere")) {
+        files.push_back(each / "new.html");
+    }
+    EXPECT_GE(files.size(), 5u);
+    const auto before = pictureOf(data.path());
+    const auto keptBefore = pictureOf(person.stateHome());
+    for (const fs::path& file : files) {
+        SCOPED_TRACE(file);
+        const Ending ending = person.types({"report", "--csv", file.string()});
+        EXPECT_EQ(ending.code, ExitCode::usage);
+        EXPECT_EQ(ending.err,
+                  file.string() + " lies where Quillmere keeps its own files; choose another place.\n");
+    }
+    EXPECT_TRUE(pictureOf(data.path()) == before);
+    EXPECT_TRUE(pictureOf(person.stateHome()) == keptBefore);
+}
+
+TEST(Report, refusesFilesThatAreOpen)
+{
+    const Person person = personWithAYear();
+    const TemporaryDirectory place;
+    const fs::path file = place.path() / "real";
+    writeText(file, "old");
+    const Descriptor open(::open(file.c_str(), O_WRONLY | O_CLOEXEC));
+    const std::string number = std::to_string(open.get());
+    fs::create_symlink("/dev/fd/" + number, place.path() / "link");
+    fs::create_directory_symlink("/proc/self/fd", place.path() / "folder");
+    for (const std::string& name :
+         {std::string("/dev/stdout"), std::string("/dev/stderr"), "/dev/fd/" + number,
+          "/proc/self/fd/" + number, "/proc/" + std::to_string(::getpid()) + "/fd/" + number,
+          (place.path() / "link").string(), (place.path() / "folder" / number).string()}) {
+        const Ending ending = person.types({"report", "--csv", name});
+        EXPECT_EQ(ending.code, ExitCode::usage);
+        EXPECT_EQ(ending.err, name + " is an open file of a program; - is standard output.\n");
+        EXPECT_EQ(ending.out, "");
+    }
+    EXPECT_EQ(textOf(file), "old");
+}
+
+TEST(Report, saysWhenAFileCannotBeMade)
+{
+    const Person person = personWithAYear();
+    const TemporaryDirectory place;
+    const std::string file = (place.path() / "missing" / "a").string();
+    const Ending ending = person.types({"report", "--html", file});
+    EXPECT_EQ(ending.code, ExitCode::fileError);
+    EXPECT_EQ(ending.err, "write: No such file or directory: " + file + "\n");
+    fs::create_symlink("b", place.path() / "a");
+    fs::create_symlink("a", place.path() / "b");
+    EXPECT_EQ(person.types({"report", "--html", (place.path() / "a").string()}).code, ExitCode::fileError);
+    fs::remove(place.path() / "a");
+    fs::remove(place.path() / "b");
+    EXPECT_EQ(person.types({"report", "--html", place.path().string()}).err,
+              place.path().string() + " is not a regular file (- is standard output).\n");
+    EXPECT_EQ(place.names(), Words{});
+}
+
+TEST(Report, fitsATerminal)
+{
+    const Person person = personWithAYear();
+    const EnvironmentVariable columns("COLUMNS", "60");
+    const ProcessEnding ending = onTerminal({"--directory", person.directory().string(), "report"}, "");
+    EXPECT_EQ(ending.code, 0);
+    EXPECT_NE(ending.out.find("Look back"), std::string::npos);
+}
+
+TEST(ExportFile, keepsThePermissionsOfTheFileItReplacesAndFollowsLinks)
+{
+    const TemporaryDirectory place;
+    const fs::path file = place.path() / "real";
+    writeText(file, "old");
+    fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write);
+    fs::create_symlink("real", place.path() / "link");
+    lookback::replaceFile(place.path() / "link", "new");
+    EXPECT_EQ(textOf(file), "new");
+    EXPECT_EQ(modeOf(file), 0600u);
+    EXPECT_TRUE(fs::is_symlink(place.path() / "link"));
+    EXPECT_EQ(place.names(), (Words{"link", "real"}));
+    fs::remove(file);
+    lookback::replaceFile(place.path() / "link", "newer");
+    EXPECT_EQ(textOf(file), "newer");
+    EXPECT_EQ(place.names(), (Words{"link", "real"}));
+}
+
+TEST(ExportFile, isTheOldOneWhenTheNewOneCannotBeWritten)
+{
+    const TemporaryDirectory place;
+    const fs::path file = place.path() / "real";
+    writeText(file, "old");
+    const std::string content(100'000, 'x');
+    {
+        const FileSizeLimit full(4096);
+        EXPECT_EQ(failureOf([&] { lookback::replaceFile(file, content); }),
+                  std::make_error_code(std::errc::file_too_large));
+    }
+    EXPECT_EQ(textOf(file), "old");
+    EXPECT_EQ(place.names(), Words{"real"});
+}
+
+TEST(ExportFile, isNoDevice)
+{
+    const TemporaryDirectory place;
+    makeFifo(place.path() / "fifo");
+    EXPECT_THROW(lookback::replaceFile(place.path() / "fifo", "new"), cli::ProgramError);
+    EXPECT_TRUE(fs::is_fifo(place.path() / "fifo"));
+}
+
+}  // namespace
+}  // namespace quillmere::test

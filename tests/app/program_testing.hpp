@@ -1,0 +1,106 @@
+// The program as its tests use it: a person with a directory and a clock of their own.
+#pragma once
+
+#include "cli/run.hpp"
+
+#include <gtest/gtest.h>
+#include <quillmere/store/state_store.hpp>
+#include <quillmere/widget/widget_snapshot_store.hpp>
+
+#include <iosfwd>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "support/process_settings.hpp"
+#include "support/sample_states.hpp"
+#include "support/temporary_directory.hpp"
+
+namespace quillmere::cli {
+
+/// Lets a failed test name the code.
+void PrintTo(ExitCode code, std::ostream* stream);
+
+}  // namespace quillmere::cli
+
+namespace quillmere::test {
+
+using cli::ExitCode;
+using Words = std::vector<std::string>;
+
+/// How a run ended, and what it printed.
+struct Ending {
+    ExitCode code;
+    std::string out;
+    std::string err;
+};
+
+/// Somebody who types commands. Nothing happens by itself: the clock stands still between them.
+class Person {
+public:
+    /// Of the clock; between whole seconds, as clocks are.
+    Instant now = moment + 0.75;
+    bool isAsked = false;     ///< sits before a terminal, and is asked there
+    bool seesColour = false;  ///< has the results on a terminal
+    std::string answers;      ///< what stands on standard input
+
+    const std::filesystem::path& directory() const { return directory_->path(); }
+    const std::filesystem::path& stateHome() const { return stateHome_->path(); }
+    std::vector<std::string> names() const { return directory_->names(); }
+
+    /// Runs a command on the person's own directory.
+    Ending types(const Words& arguments) const;
+
+    /// Runs the program with exactly these arguments.
+    Ending runs(const Words& arguments) const;
+
+    /// Lets some time pass first.
+    Ending typesLater(double seconds, const Words& arguments);
+
+    /// Saves a state as another program of theirs would, with both summaries.
+    void has(const QuillmereState& state) const;
+
+    StateStore store() const;
+
+    // The three files.
+    QuillmereState state() const;
+    AgentSnapshot agentSummary() const;
+    WidgetSnapshot widgetSummary() const;
+
+private:
+    std::unique_ptr<TemporaryDirectory> directory_ = std::make_unique<TemporaryDirectory>();
+    std::unique_ptr<TemporaryDirectory> stateHome_ = std::make_unique<TemporaryDirectory>();
+};
+
+/// Whether both summaries say what follows from the state at the person's present.
+testing::AssertionResult filesAgree(const Person& person);
+
+/// What can be told from outside of all that is in a directory, by relative path: which file it is, when it
+/// was changed, what is in it. The directory itself is ".".
+std::map<std::string, std::string> pictureOf(const std::filesystem::path& directory);
+
+/// The value at a JSON pointer (RFC 6901), as compact JSON; fails the test when there is none.
+std::string jsonAt(const std::string& pointer, const std::string& json);
+
+/// The keys of an object, in order; fails the test when it is none.
+std::vector<std::string> keysOf(const std::string& json);
+
+/// Puts `replacement` in the place of the one `part` of a text; fails the test unless there is one.
+std::string replaced(std::string text, const std::string& part, const std::string& replacement);
+
+/// Local time, for as long as it lives.
+class TimeZone {
+public:
+    explicit TimeZone(const char* name);
+    TimeZone(const TimeZone&) = delete;
+    TimeZone& operator=(const TimeZone&) = delete;
+
+private:
+    struct Notice {
+        ~Notice();
+    } notice_;  // after the variable has its value back
+    EnvironmentVariable variable_;
+};
+
+}  // namespace quillmere::test

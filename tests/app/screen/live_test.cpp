@@ -1,0 +1,375 @@
+// The real program on a real terminal.
+#include <poll.h>
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <regex>
+
+#include "real_program.hpp"
+#include "screen/terminal_window.hpp"
+
+namespace quillmere::test {
+namespace {
+
+class LiveScreen : public testing::Test {
+protected:
+    Person person;
+
+    /// Somebody else at work in the same directory, on the wall clock.
+    int elsewhere(const Words& words) const
+    {
+        Words all = {"--directory", person.directory().string()};
+        all.insert(all.end(), words.begin(), words.end());
+        return RealProgram(all).wait().code;
+    }
+    void isFocusing(const std::string& duration = "25m") const
+    {
+        ASSERT_EQ(elsewhere({"plan", "--outcome", "Chapter", "--focus", duration, "--break", "1s", "--cycles",
+                             "2", "--start"}),
+                  0);
+        ASSERT_EQ(elsewhere({"focus", "--outcome", "Headings"}), 0);
+    }
+    bool comesTo(WorkflowState workflowState) const
+    {
+        return TerminalWindow::waitUntil([&] { return person.state().workflowState == workflowState; });
+    }
+    /// The process that the shell waits for (proc(5)); 0 when there is none.
+    static pid_t processIn(const TerminalWindow& window)
+    {
+        const std::string shell = std::to_string(std::stol(window.variable("pane_pid")));
+        pid_t found = 0;
+        EXPECT_TRUE(TerminalWindow::waitUntil([&] {
+            std::ifstream children("/proc/" + shell + "/task/" + shell + "/children");
+            return static_cast<bool>(children >> found);
+        }));
+        return found;
+    }
+};
+
+TEST_F(LiveScreen, takesAPersonThroughAWholeBlock)
+{
+    const TerminalWindow window(person);
+    window.runs("$Q");
+    ASSERT_TRUE(window.shows("p plan a block"));
+    window.presses("p");
+    ASSERT_TRUE(window.shows("^S begin now"));
+    window.types("Chapter");
+    window.presses("BTab BTab C-u");
+    window.types("1");
+    window.presses("C-s");
+    ASSERT_TRUE(window.shows("^S start focus"));
+    window.types("Headings");
+    window.presses("C-s");
+    ASSERT_TRUE(window.shows("Session 1 of 1"));
+    window.presses("p");
+    ASSERT_TRUE(window.shows("paused"));
+    window.presses("r");
+    ASSERT_TRUE(window.showsNoMore("paused"));
+    window.presses("e");
+    ASSERT_TRUE(window.shows("End the session before its time?"));
+    window.presses("y");
+    ASSERT_TRUE(window.shows("Was it completed?"));
+    window.presses("y C-s");
+    ASSERT_TRUE(window.shows("What was produced?"));
+    window.types("One chapter");
+    window.presses("C-s");
+    ASSERT_TRUE(window.shows("Finished last"));
+    window.presses("q");
+    ASSERT_TRUE(window.shows("ready>"));
+    const QuillmereState state = person.state();
+    EXPECT_EQ(state.blockHistory.at(0).reflection->outputProduced, "One chapter");
+    EXPECT_EQ(namesIn(person.stateHome() / "quillmere").size(), 1U);
+}
+
+TEST_F(LiveScreen, opensOnADeepLinkAndCountsDown)
+{
+    isFocusing("3s");
+    const TerminalWindow window(person);
+    window.runs("$Q open quillmere://open/focus");
+    ASSERT_TRUE(window.shows("Session 1 of 2"));
+    EXPECT_TRUE(window.shows("The focus session ended at"));
+    EXPECT_TRUE(comesTo(WorkflowState::sessionReview));
+    window.presses("y C-s");
+    ASSERT_TRUE(window.shows("The break was over at"));
+    EXPECT_TRUE(window.shows("end the break"));
+    EXPECT_NE(person.state().breakEndNotifiedAt, std::nullopt);
+}
+
+TEST_F(LiveScreen, showsRefusalsAndAnswersQuestionsInFocus)
+{
+    isFocusing();
+    ASSERT_EQ(elsewhere({"ask", "Which build? #{pane_pid} \x1b[2J\u202E \u65E5\u672C"}), 0);
+    const TerminalWindow window(person);
+    window.runs("$Q ui");
+    ASSERT_TRUE(window.shows("1 question"));
+    window.presses("r");
+    EXPECT_TRUE(window.shows("This action is not available in the current workflow state."));
+    window.presses("a");
+    EXPECT_TRUE(window.shows("Which build? #{pane_pid} \uFFFD[2J\uFFFD \u65E5\u672C"));
+    window.presses("Enter");
+    ASSERT_TRUE(window.shows("^S answer"));
+    window.types("The \u65E5\u672C one");
+    window.presses("C-s");
+    EXPECT_TRUE(window.shows("No question waits"));
+    EXPECT_EQ(person.state().agentQuestions.at(0).answer, "The \u65E5\u672C one");
+    EXPECT_EQ(person.state().workflowState, WorkflowState::focusing);
+}
+
+TEST_F(LiveScreen, showsWhatAnotherProcessDoes)
+{
+    isFocusing();
+    const TerminalWindow window(person);
+    window.runs("$Q ui");
+    ASSERT_TRUE(window.shows("p pause"));
+    ASSERT_EQ(elsewhere({"pause"}), 0);
+    EXPECT_TRUE(window.shows("r resume"));
+}
+
+TEST_F(LiveScreen, keepsAHalfWrittenFormThroughResizingStoppingAndKilling)
+{
+    ASSERT_EQ(elsewhere({"plan", "--outcome", "Chapter", "--start"}), 0);
+    const TerminalWindow window(person);
+    window.runs("$Q ui");
+    ASSERT_TRUE(window.shows("^S start focus"));
+    window.types("Half a plan");
+    ASSERT_TRUE(window.shows("Half a plan"));
+    window.resize(40, 12);
+    EXPECT_TRUE(window.shows(" \u25B8 What should this session bring"));
+    EXPECT_TRUE(window.shows("Half a plan"));
+    window.resize(80, 24);
+    EXPECT_TRUE(window.shows("  \u25B8 What should this session bring about?   Half a plan"));
+    window.presses("C-z");
+    ASSERT_TRUE(window.shows("ready>"));
+    EXPECT_TRUE(window.showsNoMore("What should this session bring"));
+    window.runs("fg");
+    ASSERT_TRUE(window.shows("Half a plan"));
+    const pid_t process = processIn(window);
+    ASSERT_GT(process, 0);
+    ASSERT_EQ(::kill(process, SIGKILL), 0);
+    ASSERT_TRUE(window.shows("Killed"));
+    // Nobody has put the terminal back, so that Enter ends no line.
+    window.types("stty sane; tput reset; $Q ui");
+    window.presses("C-j");
+    EXPECT_TRUE(window.shows("What you had written is back."));
+    EXPECT_TRUE(window.shows("Half a plan"));
+}
+
+TEST_F(LiveScreen, takesWhatIsPastedAsTextAndNotAsCommands)
+{
+    isFocusing();
+    const TerminalWindow window(person);
+    window.runs("$Q ui");
+    ASSERT_TRUE(window.shows("p pause"));
+    window.pastes("pey q\npey");
+    window.presses("a n");
+    ASSERT_TRUE(window.shows("What is to be asked?"));
+    window.pastes("First line\nSecond: \u65E5\u672C");
+    EXPECT_TRUE(window.shows("Second: \u65E5\u672C"));
+    window.presses("C-s");
+    ASSERT_TRUE(TerminalWindow::waitUntil([&] { return person.state().agentQuestions.size() == 1; }));
+    EXPECT_EQ(person.state().agentQuestions[0].question, "First line\nSecond: \u65E5\u672C");
+    EXPECT_FALSE(person.state().interruptible());
+    EXPECT_EQ(person.state().workflowState, WorkflowState::focusing);
+}
+
+TEST_F(LiveScreen, leavesOutSequencesItDoesNotKnowAndKeepsCharactersThatComeInPieces)
+{
+    ASSERT_EQ(elsewhere({"plan", "--outcome", "Chapter", "--start"}), 0);
+    const TerminalWindow window(person, {{"TERM", "screen"}});
+    window.runs("$Q ui");
+    ASSERT_TRUE(window.shows("^S start focus"));
+    window.sends("61 c3");
+    ASSERT_TRUE(window.shows("bring about?   a"));
+    window.sends("a9 62");
+    window.sends("1b 5b 31 3b 35 44 63 ff 64");
+    EXPECT_TRUE(
+        window.shows("bring about?   a\u00E9bc\uFFFD"
+                     "d"));
+}
+
+/// How the shell's terminal is set.
+std::string settingsOf(const TerminalWindow& window)
+{
+    // Marks around what is pasted would be seen as "^[[200~".
+    window.pastes("echo past''ed");
+    window.presses("Enter");
+    EXPECT_TRUE(window.shows("\npasted"));
+    EXPECT_EQ(window.screen().find("200~"), std::string::npos);
+    const TemporaryDirectory directory;
+    const std::string file = (directory.path() / "settings").string();
+    window.runs("stty -g >" + file + ".new; mv " + file + ".new " + file);
+    EXPECT_TRUE(TerminalWindow::waitUntil([&] { return std::filesystem::exists(file); }));
+    return textOf(file) + window.variable("cursor_flag") + window.variable("alternate_on") +
+           window.variable("keypad_cursor_flag");
+}
+
+TEST_F(LiveScreen, givesTheTerminalBackHoweverItEnds)
+{
+    const TerminalWindow window(person);
+    const std::string before = settingsOf(window);
+    const auto opens = [&] {
+        window.runs("clear; $Q ui; echo ended $?");
+        EXPECT_TRUE(window.shows("q quit"));
+        EXPECT_EQ(window.variable("alternate_on"), "1\n");
+    };
+    opens();
+    window.presses("q");
+    EXPECT_TRUE(window.shows("ended 0"));
+    EXPECT_EQ(settingsOf(window), before);
+    opens();
+    window.presses("C-c");
+    EXPECT_TRUE(window.shows("ended 0"));
+    EXPECT_EQ(settingsOf(window), before);
+    for (const int signal : {SIGTERM, SIGHUP, SIGQUIT, SIGABRT, SIGSEGV}) {
+        opens();
+        const pid_t process = processIn(window);
+        ASSERT_GT(process, 0);
+        ASSERT_EQ(::kill(process, signal), 0);
+        EXPECT_TRUE(window.shows("ended " + std::to_string(128 + signal)));
+        EXPECT_EQ(settingsOf(window), before) << signal;
+    }
+}
+
+TEST_F(LiveScreen, needsNothingButAsciiOnAPlainTerminal)
+{
+    ASSERT_EQ(elsewhere({"plan", "--start"}), 0);
+    ASSERT_EQ(elsewhere({"focus", "--outcome", "Chapitre \u00E9 \u65E5"}), 0);
+    const TerminalWindow window(person, {{"LC_ALL", "C"}, {"TERM", "vt100"}});
+    window.runs("$Q ui");
+    ASSERT_TRUE(window.shows("######"));
+    EXPECT_TRUE(window.shows("Chapitre ? ??"));
+    const std::string screen = window.screen();
+    EXPECT_EQ(std::count_if(screen.begin(), screen.end(),
+                            [](char character) { return static_cast<unsigned char>(character) >= 0x80; }),
+              0);
+}
+
+TEST_F(LiveScreen, leavesARowToThePromptWhereThereIsNoSecondScreen)
+{
+    const TerminalWindow window(person, {{"LC_ALL", "C"}, {"TERM", "vt100"}});
+    window.runs("$Q ui");
+    ASSERT_TRUE(window.shows("q quit"));
+    window.presses("q");
+    EXPECT_TRUE(window.shows("\nready>\n"));
+    EXPECT_TRUE(window.showsNoMore("q quit"));
+}
+
+TEST_F(LiveScreen, isAsLargeAsTheWindowWhateverTheEnvironmentSays)
+{
+    ASSERT_EQ(elsewhere({"plan", "--start"}), 0);
+    const TerminalWindow window(person, {{"COLUMNS", "40"}, {"LINES", "12"}});
+    window.runs("$Q ui");
+    EXPECT_TRUE(window.shows("What should this session bring about?   \u00B7"));
+}
+
+/// The program on a terminal that nobody reads from.
+class StuckProgram {
+public:
+    explicit StuckProgram(const Person& person)
+    {
+        const std::string directory = person.directory().string();
+        const std::string stateHome = "XDG_STATE_HOME=" + person.stateHome().string();
+        const winsize window{.ws_row = 300, .ws_col = 900, .ws_xpixel = 0, .ws_ypixel = 0};
+        process_ = ::forkpty(&screen_, nullptr, nullptr, &window);
+        if (process_ == 0) {
+            ::execle(QUILLMERE_PROGRAM, "quillmere", "--directory", directory.c_str(), nullptr,
+                     std::to_array<const char*>({"TERM=xterm", "LC_ALL=C.UTF-8", stateHome.c_str(), nullptr})
+                         .data());
+            ::_exit(127);
+        }
+    }
+    StuckProgram(const StuckProgram&) = delete;
+    StuckProgram& operator=(const StuckProgram&) = delete;
+    ~StuckProgram()
+    {
+        if (process_ > 0) {
+            ::kill(process_, SIGKILL);
+            ::waitpid(process_, nullptr, 0);
+        }
+        ::close(screen_);
+    }
+
+    bool hasBegunToDraw() const
+    {
+        pollfd source{screen_, POLLIN, 0};
+        return ::poll(&source, 1, 0) == 1;
+    }
+    void get(int signal) const { ::kill(process_, signal); }
+    /// Whether it has ended by that signal.
+    bool endsBy(int signal)
+    {
+        int status = 0;
+        const bool hasEnded =
+            TerminalWindow::waitUntil([&] { return ::waitpid(process_, &status, WNOHANG) == process_; });
+        process_ = hasEnded ? -1 : process_;
+        return hasEnded && WIFSIGNALED(status) && WTERMSIG(status) == signal;
+    }
+
+private:
+    int screen_ = -1;
+    pid_t process_ = -1;
+};
+
+TEST_F(LiveScreen, canBeEndedWhileTheTerminalDoesNotRead)
+{
+    QuillmereState state = stateIn(WorkflowState::blockPlanning);
+    state.currentBlock = stateWithScheduledBlock().currentBlock;
+    for (int number = 0; number < 50'000; ++number) {
+        state.currentBlock->contextNotes += " " + std::to_string(number);
+    }
+    person.has(state);
+    for (const int signal : {SIGTERM, SIGHUP}) {
+        StuckProgram program(person);
+        ASSERT_TRUE(TerminalWindow::waitUntil([&] { return program.hasBegunToDraw(); }));
+        program.get(signal);
+        EXPECT_TRUE(program.endsBy(signal));
+    }
+}
+
+TEST_F(LiveScreen, hasNoColourAgainstThePersonsWill)
+{
+    isFocusing();
+    const auto coloursOn = [&](const TerminalWindow::Settings& settings) {
+        const TerminalWindow window(person, settings);
+        window.runs("$Q ui");
+        EXPECT_TRUE(window.shows("p pause"));
+        // Of colours only the usual ones, 39 and 49, may be named.
+        return std::regex_search(window.screen(true), std::regex("\x1b\\[[0-9;]*(3[0-8]|4[0-8]|9[0-7])[;m]"));
+    };
+    EXPECT_TRUE(coloursOn({}));
+    EXPECT_FALSE(coloursOn({{"NO_COLOR", "1"}}));
+}
+
+TEST_F(LiveScreen, saysSoWhereThereIsNoScreen)
+{
+    const TerminalWindow window(person, {{"TERM", "dumb"}});
+    window.runs("clear; $Q ui; echo ended $?");
+    EXPECT_TRUE(window.shows("This terminal cannot show a screen"));
+    EXPECT_TRUE(window.shows("ended 2"));
+    window.runs("$Q");
+    EXPECT_TRUE(window.shows("Next: plan"));
+    const ProcessEnding ending = RealProgram({"--directory", person.directory().string(), "ui"}).wait();
+    EXPECT_EQ(ending.code, 2);
+    EXPECT_EQ(ending.err, "The screen takes a terminal; see quillmere status.\n");
+}
+
+TEST_F(LiveScreen, neverOpensForPrograms)
+{
+    const TerminalWindow window(person);
+    window.runs("clear; $Q --json ui; echo ended $?");
+    EXPECT_TRUE(window.shows("ended 2"));
+    window.runs("clear; $Q --json open quillmere://open/focus; echo told $?");
+    EXPECT_TRUE(window.shows("\"screen\": \"focus\""));
+    EXPECT_TRUE(window.shows("\ntold 0"));
+    window.runs("clear; $Q --json | head -c 30; echo; echo said");
+    EXPECT_TRUE(window.shows("\nsaid"));
+}
+
+}  // namespace
+}  // namespace quillmere::test

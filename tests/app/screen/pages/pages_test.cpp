@@ -1,0 +1,116 @@
+// What every screen has, whatever the size of the window.
+#include "screen/pages/pages.hpp"
+
+#include "program_testing.hpp"
+#include "screen/layout.hpp"
+#include "screen/screen.hpp"
+#include "screen/screen_testing.hpp"
+
+namespace quillmere::test {
+namespace {
+
+using namespace screen;
+
+std::string pictureOf(const QuillmereState& state, Size window, Charset charset = Charset::unicode)
+{
+    const Person person;
+    person.has(state);
+    Screen ui(workspace::Workspace::in(person.directory(), [&] { return person.now; }),
+              Drafts(person.stateHome()), std::nullopt);
+    ui.resize(window);
+    return ui.picture(charset).text();
+}
+
+bool shows(const std::string& picture, const std::string& text)
+{
+    return picture.find(text) != std::string::npos;
+}
+
+QuillmereState withHostileTexts(QuillmereState state)
+{
+    const std::string hostile = "\x1b[2J\x1b]0;x\x07#{pane_pid}\u202Eevil\u202C \u65E5\u672C e\u0301";
+    for (WorkSession& session : state.currentBlock->sessions) {
+        session.plan.intendedOutcome = hostile;
+        session.plan.firstAction = hostile;
+    }
+    state.currentBlock->outcomes.front().title = hostile;
+    return state;
+}
+
+constexpr Size windows[] = {
+    smallWindow, {.rows = 18, .columns = 64}, usualWindow, {.rows = 40, .columns = 140}};
+
+TEST(Screens, haveTheirKeysInEveryWindow)
+{
+    for (const Size window : windows) {
+        SCOPED_TRACE(testing::Message() << window.columns << " by " << window.rows);
+        EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::idle), window), "p plan a block"));
+        EXPECT_TRUE(shows(pictureOf(stateWithScheduledBlock(), window), "c cancel it"));
+        EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::blockPlanning), window), "^S begin now"));
+        EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::sessionPlanning), window), "^S start focus"));
+        EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::focusing), window), "p pause"));
+        EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::sessionReview), window), "^S save, have a break"));
+        EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::breaking), window), "s skip the break"));
+        EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::blockReview), window), "^S finish the block"));
+        EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::complete), window), "q quit"));
+    }
+}
+
+TEST(Screens, showTheCountdownAndThePlanInEveryWindow)
+{
+    for (const Size window : windows) {
+        const std::string picture = pictureOf(stateIn(WorkflowState::focusing), window, Charset::ascii);
+        EXPECT_TRUE(shows(picture, "######  ######      ######  ######")) << picture;
+        EXPECT_TRUE(shows(picture, "......")) << picture;
+        EXPECT_TRUE(shows(picture, "Outcome of session 1")) << picture;
+        EXPECT_TRUE(shows(picture, "First action 1")) << picture;
+    }
+}
+
+TEST(Screens, showTheWholePlanWhereTheLayoutHasRoomForIt)
+{
+    for (const Size window : windows) {
+        const std::string picture = pictureOf(stateIn(WorkflowState::focusing), window);
+        EXPECT_EQ(shows(picture, "Phone in the drawer"), showsFullPlan(layout(familyFor(window))));
+    }
+}
+
+TEST(Screens, areInAsciiWhereThereIsNothingElse)
+{
+    for (const WorkflowState workflowState : allCases<WorkflowState>()) {
+        for (const char character : pictureOf(stateIn(workflowState), usualWindow, Charset::ascii)) {
+            EXPECT_TRUE(character == '\n' || (character >= ' ' && character <= '~'));
+        }
+    }
+}
+
+TEST(Screens, keepTheirShapeWhateverStandsInTheFiles)
+{
+    for (const WorkflowState workflowState :
+         {WorkflowState::sessionPlanning, WorkflowState::focusing, WorkflowState::sessionReview,
+          WorkflowState::breaking, WorkflowState::blockReview}) {
+        for (const Size window : windows) {
+            const std::string picture = pictureOf(withHostileTexts(stateIn(workflowState)), window);
+            EXPECT_FALSE(shows(picture, "\x1b"));
+            EXPECT_FALSE(shows(picture, "\u202E"));
+        }
+    }
+}
+
+TEST(Screens, saySoWhenTheWindowIsTooSmall)
+{
+    EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::focusing), {.rows = 11, .columns = 80}), "too small"));
+    EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::focusing), {.rows = 24, .columns = 39}), "too small"));
+    EXPECT_NO_FATAL_FAILURE(pictureOf(stateIn(WorkflowState::focusing), {.rows = 1, .columns = 1}));
+}
+
+TEST(Screens, countOvertimeWithAPlus)
+{
+    Canvas canvas(usualWindow, Charset::ascii);
+    drawCountdown(canvas, {3, 2, 18, 76}, {stateIn(WorkflowState::breaking), {}, moment + 375});
+    EXPECT_TRUE(shows(canvas.text(), "  ##    ##  ##")) << canvas.text();
+    EXPECT_FALSE(shows(canvas.text(), "......"));
+}
+
+}  // namespace
+}  // namespace quillmere::test

@@ -1,0 +1,678 @@
+// The live screen without its terminal: keys in, pictures out.
+#include "screen/screen.hpp"
+
+#include <quillmere/engine/workflow_error.hpp>
+
+#include <chrono>
+
+#include "program_testing.hpp"
+#include "screen/screen_testing.hpp"
+
+namespace quillmere::test {
+namespace {
+
+using namespace screen;
+
+/// Somebody before the live screen, on their own clock.
+class UiOfAPerson : public testing::Test {
+protected:
+    const TimeZone utc{"UTC"};
+    Person person;
+    std::unique_ptr<Screen> ui;
+
+    void opens(std::optional<WidgetRoute> route = std::nullopt)
+    {
+        ui = std::make_unique<Screen>(
+            workspace::Workspace::in(person.directory(), [this] { return person.now; }),
+            Drafts(person.stateHome()), route);
+    }
+    void opens(const QuillmereState& state)
+    {
+        person.has(state);
+        opens();
+    }
+    void presses(const std::string& keys)
+    {
+        type([this](const Key& key) { ui->press(key); }, keys);
+        ui->keepDraft();
+    }
+    void presses(const Key& key)
+    {
+        ui->press(key);
+        ui->keepDraft();
+    }
+    void waits(double seconds)
+    {
+        person.now = person.now + seconds;
+        ui->refresh();
+    }
+    testing::AssertionResult shows(const std::string& text) const
+    {
+        const std::string picture = ui->picture(Charset::unicode).text();
+        return picture.find(text) != std::string::npos
+                   ? testing::AssertionSuccess() << "shows " << text << " in\n"
+                                                 << picture
+                   : testing::AssertionFailure() << "does not show " << text << " in\n"
+                                                 << picture;
+    }
+};
+
+const Key save = withControl('s');
+const Key escape{Key::Kind::escape};
+const Key enter{Key::Kind::enter};
+
+TEST_F(UiOfAPerson, goesThroughABlockWithKeysAlone)
+{
+    opens();
+    presses("pChapter");
+    presses(save);
+    ASSERT_EQ(person.state().workflowState, WorkflowState::sessionPlanning);
+    presses("Headings");
+    presses(save);
+    ASSERT_EQ(person.state().workflowState, WorkflowState::focusing);
+    presses("p");
+    EXPECT_TRUE(shows("paused"));
+    presses("rey");
+    ASSERT_EQ(person.state().workflowState, WorkflowState::sessionReview);
+    presses("y");
+    presses(save);
+    ASSERT_EQ(person.state().workflowState, WorkflowState::breaking);
+    presses("es");
+    ASSERT_EQ(person.state().workflowState, WorkflowState::sessionPlanning);
+    EXPECT_EQ(person.state().currentBlock->sessions.size(), 1U);
+    EXPECT_TRUE(filesAgree(person));
+}
+
+TEST_F(UiOfAPerson, finishesABlock)
+{
+    opens(stateIn(WorkflowState::blockReview));
+    presses("Two chapters");
+    presses(save);
+    EXPECT_EQ(person.state().blockHistory.front().reflection->outputProduced, "Two chapters");
+    EXPECT_TRUE(shows("Finished last"));
+}
+
+TEST_F(UiOfAPerson, handlesAScheduledBlock)
+{
+    opens(stateWithScheduledBlock());
+    EXPECT_TRUE(shows("16:00 to 17:30, in 1 h"));
+    presses("cn");
+    EXPECT_TRUE(person.state().currentBlock);
+    presses("e");
+    EXPECT_TRUE(shows("Chapter one"));
+    presses(save);
+    EXPECT_EQ(person.state().workflowState, WorkflowState::idle);
+    presses("s");
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionPlanning);
+    EXPECT_FALSE(person.state().currentBlock->plannedStart);
+}
+
+TEST_F(UiOfAPerson, asksBeforeAScheduledBlockIsDiscarded)
+{
+    opens(stateWithScheduledBlock());
+    presses("c");
+    EXPECT_TRUE(shows("Discard the scheduled block?"));
+    EXPECT_TRUE(person.state().currentBlock);
+    presses("y");
+    EXPECT_FALSE(person.state().currentBlock);
+}
+
+TEST_F(UiOfAPerson, hearsTheEnginesOwnWordsOfRefusal)
+{
+    opens(stateIn(WorkflowState::focusing));
+    presses("r");
+    EXPECT_TRUE(shows(WorkflowError(WorkflowError::invalidTransition).errorDescription()));
+    presses("x");
+    EXPECT_FALSE(shows(WorkflowError(WorkflowError::invalidTransition).errorDescription()));
+}
+
+TEST_F(UiOfAPerson, isLedToTheFieldThatCannotBeMeant)
+{
+    opens(stateIn(WorkflowState::sessionReview));
+    presses(Key{Key::Kind::tab});
+    presses("Something");
+    presses(save);
+    EXPECT_TRUE(shows("Say whether it was completed"));
+    EXPECT_TRUE(shows("▸ Was it completed?"));
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
+}
+
+TEST_F(UiOfAPerson, seesWhatAnotherProgramDoes)
+{
+    opens(stateIn(WorkflowState::focusing));
+    ASSERT_EQ(person.typesLater(60, {"pause"}).code, ExitCode::done);
+    ui->refresh();
+    EXPECT_TRUE(shows("paused"));
+    EXPECT_TRUE(shows("The work was moved on elsewhere."));
+    EXPECT_FALSE(ui->takeBell());
+}
+
+TEST_F(UiOfAPerson, hearsWhenAFocusSessionEnds)
+{
+    opens(stateIn(WorkflowState::focusing));
+    EXPECT_TRUE(ui->countsSeconds());
+    waits(1'500);
+    EXPECT_TRUE(shows("The focus session ended at 15:25."));
+    EXPECT_TRUE(shows("Was it completed?"));
+    EXPECT_TRUE(ui->takeBell());
+    EXPECT_FALSE(ui->takeBell());
+    waits(60);
+    EXPECT_FALSE(ui->takeBell());
+}
+
+TEST_F(UiOfAPerson, hearsOfItAlsoWhenAnotherProgramWasFirst)
+{
+    opens(stateIn(WorkflowState::focusing));
+    ASSERT_EQ(person.typesLater(1'500, {"tick"}).code, ExitCode::done);
+    ui->refresh();
+    EXPECT_TRUE(ui->takeBell());
+    EXPECT_TRUE(shows("The focus session ended at 15:25."));
+}
+
+TEST_F(UiOfAPerson, seesABreakGoOnInOvertime)
+{
+    opens(stateIn(WorkflowState::breaking));
+    waits(301);
+    EXPECT_TRUE(ui->takeBell());
+    EXPECT_TRUE(shows("The break was over at 15:05."));
+    EXPECT_TRUE(shows("end the break"));
+    EXPECT_TRUE(ui->countsSeconds());
+    EXPECT_EQ(person.state().breakEndNotifiedAt, moment + 300);
+}
+
+TEST_F(UiOfAPerson, seesAScheduledBlockBegin)
+{
+    opens(stateWithScheduledBlock());
+    EXPECT_TRUE(ui->countsSeconds());
+    waits(3'600);
+    EXPECT_TRUE(ui->takeBell());
+    EXPECT_TRUE(shows("What should this session bring"));
+    EXPECT_FALSE(ui->countsSeconds());
+}
+
+TEST_F(UiOfAPerson, countsNoSecondsWhereNoneAreShown)
+{
+    opens(stateIn(WorkflowState::idle));
+    EXPECT_FALSE(ui->countsSeconds());
+    QuillmereState paused = stateIn(WorkflowState::focusing);
+    paused.currentBlock->sessions.back().pausedAt = moment;
+    opens(paused);
+    EXPECT_FALSE(ui->countsSeconds());
+}
+
+TEST_F(UiOfAPerson, answersAQuestionFromAnyScreen)
+{
+    for (const WorkflowState workflowState : allCases<WorkflowState>()) {
+        QuillmereState state = stateIn(workflowState);
+        state.agentQuestions = {{.id = identifier(50),
+                                 .question = "Which build?",
+                                 .createdAt = moment,
+                                 .answer = std::nullopt,
+                                 .answeredAt = std::nullopt}};
+        opens(state);
+        EXPECT_TRUE(shows("1 question"));
+        if (shows("^O")) {
+            presses(withControl('o'));
+        } else {
+            presses("a");
+        }
+        EXPECT_TRUE(shows("Which build?"));
+        presses("\nThe nightly\none");
+        presses(save);
+        presses(escape);
+        EXPECT_EQ(person.state().agentQuestions[0].answer, "The nightly\none");
+        EXPECT_EQ(person.state().workflowState, workflowState);
+    }
+}
+
+/// A question of about two thousand characters, in numbered words.
+std::string longQuestion()
+{
+    std::string text = "word-1";
+    for (int number = 2; number <= 200; ++number) {
+        text += (number % 40 == 0 ? "\n" : " ") + std::string("word-") + std::to_string(number);
+    }
+    return text + " end";
+}
+
+TEST_F(UiOfAPerson, readsALongQuestionToItsEnd)
+{
+    for (const Size window : {usualWindow, smallWindow}) {
+        QuillmereState state = stateIn(WorkflowState::focusing);
+        state.agentQuestions = {{.id = identifier(50),
+                                 .question = longQuestion(),
+                                 .createdAt = moment,
+                                 .answer = std::nullopt,
+                                 .answeredAt = std::nullopt}};
+        opens(state);
+        ui->resize(window);
+        presses("a");
+        EXPECT_TRUE(shows("PgDn scroll"));
+        EXPECT_TRUE(shows("word-1 "));
+        EXPECT_TRUE(shows("↓\n"));
+        std::string seen = ui->picture(Charset::unicode).text();
+        const auto reads = [&](const Key& key) {
+            for (int times = 0; times < 30; ++times) {
+                presses(key);
+                seen += ui->picture(Charset::unicode).text();
+            }
+        };
+        const auto hasSeenAll = [&] {
+            for (int number = 1; number <= 200; ++number) {
+                EXPECT_NE(seen.find("word-" + std::to_string(number)), std::string::npos) << number;
+            }
+        };
+        reads(pageDown);
+        hasSeenAll();
+        EXPECT_TRUE(shows("asked"));
+        EXPECT_TRUE(shows("↑"));
+        EXPECT_FALSE(shows("↓\n"));
+        presses(pageUp);
+        EXPECT_FALSE(shows("asked "));
+        presses(enter);
+        EXPECT_TRUE(shows("PgDn scroll"));
+        seen.clear();
+        reads(pageUp);
+        EXPECT_TRUE(shows("word-1 "));
+        reads(pageDown);
+        hasSeenAll();
+        presses("x");
+        EXPECT_TRUE(shows("x"));
+        EXPECT_EQ(person.state(), state);
+    }
+}
+
+TEST_F(UiOfAPerson, asksAQuestion)
+{
+    opens();
+    presses("anWhy?");
+    presses(save);
+    EXPECT_EQ(person.state().agentQuestions.at(0).question, "Why?");
+    EXPECT_TRUE(shows("Why?"));
+}
+
+TEST_F(UiOfAPerson, losesTheAnswerFormWhenSomebodyElseAnswers)
+{
+    QuillmereState state = stateIn(WorkflowState::focusing);
+    opens(state);
+    ASSERT_EQ(person.types({"ask", "Which build?"}).code, ExitCode::done);
+    ui->refresh();
+    presses("a\nHalf");
+    ASSERT_EQ(person.types({"answer", "1", "The other"}).code, ExitCode::done);
+    ui->refresh();
+    EXPECT_TRUE(shows("answered elsewhere"));
+    EXPECT_TRUE(shows("No question waits"));
+}
+
+TEST_F(UiOfAPerson, givesNoCommandsByPasting)
+{
+    opens(stateIn(WorkflowState::focusing));
+    presses(pasted("Hey, see you there"));
+    EXPECT_EQ(person.state(), stateIn(WorkflowState::focusing));
+    presses("e");
+    presses(pasted("yes"));
+    EXPECT_TRUE(shows("End the session before its time?"));
+    EXPECT_FALSE(ui->isOver());
+    opens(stateIn(WorkflowState::sessionPlanning));
+    presses(pasted("Hey, see\nyou there"));
+    EXPECT_TRUE(shows("Hey, see you there"));
+}
+
+TEST_F(UiOfAPerson, findsADraftAgain)
+{
+    opens(stateIn(WorkflowState::sessionPlanning));
+    presses("Half a pl");
+    opens();
+    EXPECT_TRUE(shows("Half a pl"));
+    EXPECT_TRUE(shows("What you had written is back."));
+    presses("an");
+    presses(save);
+    EXPECT_EQ(person.state().currentSession()->plan.intendedOutcome, "Half a plan");
+    EXPECT_EQ(namesIn(person.stateHome()), Words{});
+}
+
+TEST_F(UiOfAPerson, keepsTheDraftWhenTheWorkMovesOnElsewhere)
+{
+    opens(stateIn(WorkflowState::sessionPlanning));
+    presses("Half a plan");
+    ASSERT_EQ(person.types({"focus", "--outcome", "Another"}).code, ExitCode::done);
+    ui->refresh();
+    EXPECT_TRUE(shows("The work was moved on elsewhere. What you wrote is kept."));
+    EXPECT_TRUE(shows("Session 1 of 3"));
+    // Back where it was, as another program of theirs may put it.
+    person.has(stateIn(WorkflowState::sessionPlanning));
+    ui->refresh();
+    EXPECT_TRUE(shows("Half a plan"));
+}
+
+TEST_F(UiOfAPerson, findsOnlyTheFieldsTheyChangedInADraft)
+{
+    opens(stateWithScheduledBlock());
+    presses("e");
+    presses(Key{Key::Kind::tab});
+    presses("Mine. ");
+    QuillmereState state = person.state();
+    state.currentBlock->hazards = "Theirs";
+    opens(state);
+    EXPECT_TRUE(shows("nearMine."));
+    EXPECT_TRUE(shows("Theirs"));
+    EXPECT_TRUE(shows("What you had written is back."));
+    presses(save);
+    EXPECT_EQ(person.state().currentBlock->hazards, "Theirs");
+}
+
+TEST_F(UiOfAPerson, findsADraftOfANewBlockAgainAsTheirsAlone)
+{
+    opens();
+    presses("pChapter\nNotes");
+    opens();
+    EXPECT_TRUE(shows("What you had written is back."));
+    EXPECT_TRUE(shows("Notes"));
+    presses(save);
+    ASSERT_EQ(person.state().currentBlock->outcomes.size(), 2U);
+}
+
+TEST_F(UiOfAPerson, isToldThatADraftStandsOverWhatOthersWrote)
+{
+    opens(stateWithScheduledBlock());
+    presses("e");
+    presses(Key{Key::Kind::tab});
+    presses("Mine. ");
+    QuillmereState state = person.state();
+    state.currentBlock->whyValue = "Theirs";
+    opens(state);
+    EXPECT_TRUE(shows("nearMine."));
+    EXPECT_FALSE(shows("Theirs"));
+    EXPECT_TRUE(shows("also where something else was written"));
+}
+
+TEST_F(UiOfAPerson, givesNoCommandsByTypingOnInAFormThatIsGone)
+{
+    opens(stateIn(WorkflowState::sessionReview));
+    presses(Key{Key::Kind::tab});
+    presses("The chapter ");
+    ASSERT_EQ(person.types({"review", "--completion", "Yes", "--next-outcome", "Next"}).code, ExitCode::done);
+    ui->refresh();
+    const QuillmereState state = person.state();
+    EXPECT_TRUE(shows("What you wrote is kept. Esc goes on."));
+    EXPECT_TRUE(shows("Esc go on"));
+    presses("is finished\nes");
+    EXPECT_EQ(person.state(), state);
+    EXPECT_TRUE(shows("What you wrote is kept. Esc goes on."));
+    presses(escape);
+    EXPECT_FALSE(shows("go on"));
+    presses("s");
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionPlanning);
+}
+
+TEST_F(UiOfAPerson, typesOnInNoOtherForm)
+{
+    opens(stateIn(WorkflowState::blockPlanning));
+    presses("The chapter ");
+    ASSERT_EQ(person.types({"plan", "--outcome", "Theirs", "--start"}).code, ExitCode::done);
+    ui->refresh();
+    presses("goes on");
+    EXPECT_FALSE(shows("goes on\n"));
+    presses(escape);
+    presses("Headings");
+    EXPECT_TRUE(shows("   Headings"));
+}
+
+TEST_F(UiOfAPerson, goesOnAtOnceWhereNothingWasWritten)
+{
+    opens(stateIn(WorkflowState::sessionReview));
+    ASSERT_EQ(person.types({"review", "--completion", "Yes", "--next-outcome", "Next"}).code, ExitCode::done);
+    ui->refresh();
+    presses("s");
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionPlanning);
+}
+
+TEST_F(UiOfAPerson, doesNothingTwiceWhenOnlyASummaryFails)
+{
+    opens(stateIn(WorkflowState::focusing));
+    std::filesystem::remove(person.directory() / "widget-snapshot.json");
+    std::filesystem::create_directories(person.directory() / "widget-snapshot.json" / "in the way");
+    presses("anAsk me once");
+    presses(save);
+    EXPECT_TRUE(shows("The change itself is saved"));
+    EXPECT_TRUE(shows("Ask me once"));
+    EXPECT_FALSE(shows("^S"));
+    EXPECT_EQ(namesIn(person.stateHome()), Words{});
+    presses(save);
+    EXPECT_EQ(person.state().agentQuestions.size(), 1U);
+}
+
+TEST_F(UiOfAPerson, seesTheTimeGoOnWhileAnotherProgramIsAtWork)
+{
+    opens(stateIn(WorkflowState::focusing));
+    {
+        const workspace::DirectoryLock others(person.directory());
+        waits(60);
+        EXPECT_TRUE(shows("Session 1 of 3"));
+        waits(1'440);
+        EXPECT_TRUE(shows("The focus session ended at 15:25."));
+        EXPECT_TRUE(shows("Was it completed?"));
+        EXPECT_TRUE(ui->takeBell());
+        EXPECT_TRUE(ui->countsSeconds());
+        EXPECT_EQ(person.state(), stateIn(WorkflowState::focusing));
+        presses("y");
+        presses(save);
+        EXPECT_TRUE(shows("Another program is at work"));
+        EXPECT_TRUE(shows("^S"));
+        EXPECT_FALSE(shows("cannot be used"));
+    }
+    waits(1);
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
+    EXPECT_EQ(person.state().currentSession()->endedAt, moment + 1'500);
+    EXPECT_FALSE(ui->takeBell());
+    EXPECT_FALSE(ui->countsSeconds());
+    presses(save);
+    EXPECT_EQ(person.state().workflowState, WorkflowState::breaking);
+}
+
+TEST_F(UiOfAPerson, doesNotWaitForAnotherProgramToLook)
+{
+    opens(stateIn(WorkflowState::focusing));
+    const workspace::DirectoryLock others(person.directory());
+    waits(1'500);
+    const auto begin = std::chrono::steady_clock::now();
+    for (int times = 0; times < 10; ++times) {
+        ui->refresh();
+    }
+    // One command alone would wait for a tenth of the time that waiting each time takes.
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, 5 * workspace::DirectoryLock::usualPatience);
+}
+
+TEST_F(UiOfAPerson, hearsNothingOfAnEndThatLiesBeforeTheExtension)
+{
+    opens(stateIn(WorkflowState::breaking));
+    waits(1'200);
+    EXPECT_TRUE(shows("The break was over at 15:05."));
+    ASSERT_TRUE(ui->takeBell());
+    presses("e");
+    EXPECT_TRUE(shows("The break is longer now, and still over."));
+    waits(1);
+    EXPECT_FALSE(ui->takeBell());
+    EXPECT_TRUE(shows("The break is longer now, and still over."));
+    presses("eeee");
+    EXPECT_TRUE(shows("The break is longer now."));
+    EXPECT_FALSE(shows("still over"));
+    waits(1'000);
+    EXPECT_TRUE(ui->takeBell());
+}
+
+TEST_F(UiOfAPerson, seesWhatWasTodayAsYesterdayAfterMidnight)
+{
+    QuillmereState state = stateIn(WorkflowState::idle);
+    state.agentQuestions = {{.id = identifier(50),
+                             .question = "Which build?",
+                             .createdAt = moment,
+                             .answer = std::nullopt,
+                             .answeredAt = std::nullopt}};
+    opens(state);
+    presses("a");
+    EXPECT_TRUE(shows("asked 15:00"));
+    waits(86'400);
+    EXPECT_FALSE(shows("asked 15:00"));
+}
+
+TEST_F(UiOfAPerson, isToldOnceWhereNoDraftsAreKept)
+{
+    person.has(stateIn(WorkflowState::sessionPlanning));
+    ui = std::make_unique<Screen>(workspace::Workspace::in(person.directory(), [this] { return person.now; }),
+                                  Drafts({}), std::nullopt);
+    EXPECT_TRUE(shows("Only what is saved is kept"));
+    presses("x");
+    presses(withControl('o'));
+    presses("n");
+    EXPECT_FALSE(shows("Only what is saved is kept"));
+    presses(escape);
+    presses(escape);
+    ASSERT_EQ(person.types({"focus", "--outcome", "Another"}).code, ExitCode::done);
+    ui->refresh();
+    EXPECT_TRUE(shows("What you wrote could not be kept."));
+}
+
+TEST_F(UiOfAPerson, seesNoMoreOfATroubleThatIsOver)
+{
+    opens(stateIn(WorkflowState::focusing));
+    const std::string text = textOf(person.store().stateURL());
+    writeText(person.store().stateURL(), "spoilt");
+    presses("p");
+    EXPECT_TRUE(shows("The state cannot be used"));
+    writeText(person.store().stateURL(), text);
+    ui->refresh();
+    EXPECT_TRUE(shows("Session 1 of 3"));
+    EXPECT_FALSE(shows("cannot be used"));
+}
+
+TEST_F(UiOfAPerson, isOfferedNothingForABlockThatIsNotScheduled)
+{
+    QuillmereState state = stateWithScheduledBlock();
+    state.currentBlock->plannedStart.reset();
+    opens(state);
+    EXPECT_FALSE(shows("cancel it"));
+    EXPECT_FALSE(shows("edit it"));
+}
+
+TEST_F(UiOfAPerson, keepsAHalfWrittenFormThroughAnyOtherChange)
+{
+    opens(stateIn(WorkflowState::sessionPlanning));
+    presses("Half a plan");
+    ASSERT_EQ(person.types({"ask", "Which build?"}).code, ExitCode::done);
+    ui->refresh();
+    ui->resize(smallWindow);
+    EXPECT_TRUE(shows("Half a plan"));
+    ui->resize(usualWindow);
+    EXPECT_TRUE(shows("Half a plan"));
+    EXPECT_TRUE(shows("1 question"));
+}
+
+TEST_F(UiOfAPerson, findsTheDraftOfAnAnswerAgain)
+{
+    opens();
+    presses("anWhy?");
+    presses(escape);
+    presses("n");
+    EXPECT_TRUE(shows("Why?"));
+    EXPECT_TRUE(person.state().agentQuestions.empty());
+}
+
+TEST_F(UiOfAPerson, changesNothingThatIsNotToBeSeen)
+{
+    opens(stateIn(WorkflowState::focusing));
+    presses("e");
+    ui->resize({.rows = 5, .columns = 20});
+    presses("yp");
+    EXPECT_EQ(person.state(), stateIn(WorkflowState::focusing));
+    presses("q");
+    EXPECT_TRUE(ui->isOver());
+}
+
+TEST_F(UiOfAPerson, readsLongMessagesInASmallWindowToo)
+{
+    opens(stateIn(WorkflowState::focusing));
+    ui->resize(smallWindow);
+    presses("r");
+    EXPECT_TRUE(shows("This action is not available in the"));
+    EXPECT_TRUE(shows("current workflow state."));
+    EXPECT_TRUE(shows("p pause"));
+}
+
+TEST_F(UiOfAPerson, isToldWhenALinkLeadsElsewhere)
+{
+    person.has(stateIn(WorkflowState::breaking));
+    opens(WidgetRoute::focus);
+    EXPECT_TRUE(shows("The screen focus is not open now; the work is at break."));
+    opens(WidgetRoute::breakTime);
+    EXPECT_FALSE(shows("is not open now"));
+}
+
+TEST_F(UiOfAPerson, seesWhyTheFilesCannotBeUsedAndThatTheyCanAgain)
+{
+    opens(stateIn(WorkflowState::sessionPlanning));
+    presses("Half a plan");
+    const std::string text = textOf(person.store().stateURL());
+    writeText(person.store().stateURL(), "spoilt");
+    ui->refresh();
+    EXPECT_TRUE(shows("The state cannot be used"));
+    EXPECT_TRUE(ui->countsSeconds());
+    presses("x");
+    writeText(person.store().stateURL(), text);
+    ui->refresh();
+    EXPECT_TRUE(shows("Half a plan"));
+    EXPECT_FALSE(shows("Half a planx"));
+}
+
+TEST_F(UiOfAPerson, opensThoughTheFilesCannotBeUsedYet)
+{
+    person.has(stateIn(WorkflowState::focusing));
+    const std::string text = textOf(person.store().stateURL());
+    writeText(person.store().stateURL(), "{}");
+    opens();
+    EXPECT_TRUE(shows("The state cannot be used"));
+    writeText(person.store().stateURL(), text);
+    ui->refresh();
+    EXPECT_TRUE(shows("Session 1 of 3"));
+    presses("q");
+    EXPECT_TRUE(ui->isOver());
+}
+
+TEST_F(UiOfAPerson, leavesWithOneKeyAndWithNothingWritten)
+{
+    person.has(stateIn(WorkflowState::focusing));
+    const auto before = pictureOf(person.directory());
+    opens();
+    presses("q");
+    EXPECT_TRUE(ui->isOver());
+    EXPECT_EQ(pictureOf(person.directory()), before);
+    opens();
+    presses("aq");
+    EXPECT_TRUE(ui->isOver());
+}
+
+TEST_F(UiOfAPerson, saysThatTheVersionBeforeCouldNotBeKept)
+{
+    const TemporaryDirectory elsewhere;
+    const std::filesystem::path noDirectory = elsewhere.path() / "file";
+    writeText(noDirectory, "");
+    person.has(stateIn(WorkflowState::focusing));
+    ui = std::make_unique<Screen>(workspace::Workspace::in(
+                                      person.directory(), [this] { return person.now; }, noDirectory),
+                                  Drafts(person.stateHome()), std::nullopt);
+    presses("p");
+    EXPECT_TRUE(shows("The version before this change could not be kept"));
+    EXPECT_TRUE(person.state().currentSession()->pausedAt);
+}
+
+TEST_F(UiOfAPerson, ringsForWhatCameAboutBeforeARefusedStep)
+{
+    opens(stateIn(WorkflowState::focusing));
+    person.now = moment + 1'600;
+    presses("p");
+    EXPECT_TRUE(ui->takeBell());
+    EXPECT_TRUE(shows("This action is not available"));
+}
+
+}  // namespace
+}  // namespace quillmere::test

@@ -1,0 +1,60 @@
+#include "work/state_change.hpp"
+
+#include "program_testing.hpp"
+
+#include <quillmere/engine/workflow_engine.hpp>
+
+namespace quillmere::test {
+namespace {
+
+using namespace work;
+using workspace::Event;
+
+const WorkflowEngine engine;
+
+TEST(News, areThatAScheduledBlockBegan)
+{
+    QuillmereState state = stateWithScheduledBlock();
+    const LastShown before = LastShown::of(state);
+    engine.evaluateSchedule(state, moment + 3600);
+    const std::vector<Event> events = newsSince(before, state);
+    ASSERT_EQ(events.size(), 1U);
+    EXPECT_EQ(events[0].kind, Event::Kind::blockStarted);
+    EXPECT_EQ(events[0].at, moment + 3600);
+}
+
+TEST(News, areThatASessionRanOut)
+{
+    QuillmereState state = stateIn(WorkflowState::focusing);
+    const LastShown before = LastShown::of(state);
+    engine.endFocus(state, moment + 1500);
+    const std::vector<Event> events = newsSince(before, state);
+    ASSERT_EQ(events.size(), 1U);
+    EXPECT_EQ(events[0].kind, Event::Kind::focusEnded);
+}
+
+TEST(News, areThatABreakIsOver)
+{
+    QuillmereState state = stateIn(WorkflowState::breaking);
+    const LastShown before = LastShown::of(state);
+    engine.evaluateTimer(state, moment + 300);
+    ASSERT_EQ(newsSince(before, state).size(), 1U);
+    EXPECT_EQ(newsSince(before, state)[0].kind, Event::Kind::breakEnded);
+    EXPECT_TRUE(newsSince(LastShown::of(state), state).empty());
+}
+
+TEST(News, areNotWhatSomebodyDid)
+{
+    QuillmereState focusing = stateIn(WorkflowState::focusing);
+    const LastShown running = LastShown::of(focusing);
+    engine.endFocus(focusing, moment + 60);
+    EXPECT_TRUE(newsSince(running, focusing).empty());
+    QuillmereState scheduled = stateWithScheduledBlock();
+    const LastShown waiting = LastShown::of(scheduled);
+    engine.startScheduledBlockNow(scheduled, moment);
+    EXPECT_TRUE(newsSince(waiting, scheduled).empty());
+    EXPECT_NE(LastShown::of(scheduled), waiting);
+}
+
+}  // namespace
+}  // namespace quillmere::test

@@ -1,0 +1,103 @@
+// One writer at a time.
+#include "workspace/directory_lock.hpp"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include "program_testing.hpp"
+#include "support/file_system.hpp"
+
+namespace quillmere::test {
+namespace {
+
+using workspace::DirectoryLock;
+
+bool isFree(const std::filesystem::path& directory)
+{
+    const int descriptor = ::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    EXPECT_NE(descriptor, -1);
+    const bool taken = ::flock(descriptor, LOCK_EX | LOCK_NB) == 0;
+    ::close(descriptor);
+    return taken;
+}
+
+TEST(DirectoryLock, isHeldForAsLongAsItLives)
+{
+    const TemporaryDirectory directory;
+    EXPECT_TRUE(isFree(directory.path()));
+    {
+        const DirectoryLock lock(directory.path());
+        EXPECT_FALSE(isFree(directory.path()));
+    }
+    EXPECT_TRUE(isFree(directory.path()));
+}
+
+TEST(DirectoryLock, canBeTriedWithoutWaiting)
+{
+    const TemporaryDirectory directory;
+    {
+        const auto lock = DirectoryLock::tryTake(directory.path());
+        ASSERT_TRUE(lock.has_value());
+        EXPECT_FALSE(isFree(directory.path()));
+        EXPECT_FALSE(DirectoryLock::tryTake(directory.path()).has_value());
+    }
+    EXPECT_TRUE(isFree(directory.path()));
+    EXPECT_EQ(failureOf([&] { DirectoryLock::tryTake(directory.path() / "missing"); }),
+              std::errc::no_such_file_or_directory);
+}
+
+TEST(DirectoryLock, leavesNoFileAndNoDescriptorBehind)
+{
+    const TemporaryDirectory directory;
+    const std::size_t count = openFileCount();
+    {
+        const DirectoryLock lock(directory.path());
+        EXPECT_EQ(directory.names(), Words{});
+    }
+    EXPECT_EQ(openFileCount(), count);
+    EXPECT_EQ(directory.names(), Words{});
+}
+
+TEST(DirectoryLock, isOfOneDirectoryOnly)
+{
+    const TemporaryDirectory one;
+    const TemporaryDirectory other;
+    const DirectoryLock lock(one.path());
+    EXPECT_TRUE(isFree(other.path()));
+}
+
+TEST(DirectoryLock, isNotWaitedForLongerThanItIsSaid)
+{
+    const TemporaryDirectory directory;
+    const DirectoryLock lock(directory.path());
+    EXPECT_THROW(DirectoryLock(directory.path(), std::chrono::milliseconds(0)), cli::ProgramError);
+    EXPECT_FALSE(isFree(directory.path()));
+}
+
+TEST(DirectoryLock, needsADirectory)
+{
+    const TemporaryDirectory directory;
+    const std::size_t count = openFileCount();
+    EXPECT_EQ(failureOf([&] { DirectoryLock(directory.path() / "missing"); }),
+              std::errc::no_such_file_or_directory);
+    writeText(directory.path() / "file", "");
+    EXPECT_EQ(failureOf([&] { DirectoryLock(directory.path() / "file"); }), std::errc::not_a_directory);
+    EXPECT_EQ(openFileCount(), count);
+}
+
+TEST(Commands, giveTheLockBackHoweverTheyEnd)
+{
+    const Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    for (const Words& words : {Words{"ask", "Why?"}, Words{"resume"}, Words{"answer", "9", "Yes"}}) {
+        person.types(words);
+        EXPECT_TRUE(isFree(person.directory()));
+    }
+    writeText(person.store().stateURL(), "spoilt");
+    EXPECT_EQ(person.types({"ask", "Why?"}).code, ExitCode::unusableData);
+    EXPECT_TRUE(isFree(person.directory()));
+}
+
+}  // namespace
+}  // namespace quillmere::test

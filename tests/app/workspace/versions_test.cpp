@@ -1,0 +1,266 @@
+// Which versions are kept, and for how long.
+#include "workspace/versions.hpp"
+
+#include <unistd.h>
+
+#include "program_testing.hpp"
+#include "support/file_system.hpp"
+
+namespace quillmere::test {
+namespace {
+
+namespace fs = std::filesystem;
+using workspace::Version;
+using workspace::Versions;
+
+constexpr double day = 86'400;
+
+/// A file that changes, and its versions.
+class Kept {
+public:
+    void keep(const std::string& text, Instant savedAt)
+    {
+        writeText(file(), text);
+        versions().keep(file(), savedAt);
+    }
+
+    fs::path file() const { return files_.path() / "state.json"; }
+    fs::path directory() const { return files_.path() / "beside" / "versions"; }
+    Versions versions() const { return Versions(directory()); }
+
+    std::vector<std::string> texts() const
+    {
+        std::vector<std::string> texts;
+        for (const Version& version : versions().list()) {
+            texts.push_back(textOf(version.file));
+        }
+        return texts;
+    }
+
+private:
+    TemporaryDirectory files_;
+};
+
+TEST(Versions, areListedFromTheNewest)
+{
+    Kept kept;
+    kept.keep("one", moment);
+    kept.keep("two", moment + 60);
+    EXPECT_EQ(kept.texts(), (Words{"two", "one"}));
+    const std::vector<Version> list = kept.versions().list();
+    EXPECT_EQ(list[0].number, 2);
+    EXPECT_EQ(list[0].savedAt, moment + 60);
+    EXPECT_EQ(namesIn(kept.directory()),
+              (Words{"000001_2026-11-15T15:00:00Z.json", "000002_2026-11-15T15:01:00Z.json"}));
+}
+
+TEST(Versions, areTheLastTenOfADay)
+{
+    Kept kept;
+    for (int number = 1; number <= 12; ++number) {
+        kept.keep(std::to_string(number), moment + number);
+    }
+    EXPECT_EQ(kept.texts(), (Words{"12", "11", "10", "9", "8", "7", "6", "5", "4", "3"}));
+}
+
+TEST(Versions, areTheLastOneOfEachOfThirtyDays)
+{
+    const TimeZone zone("UTC");
+    Kept kept;
+    for (int number = 0; number < 40; ++number) {
+        kept.keep("morning " + std::to_string(number), moment + number * day);
+        kept.keep("evening " + std::to_string(number), moment + number * day + 3'600);
+    }
+    const Words texts = kept.texts();
+    // Ten from the last five days, then the evenings until thirty days are full.
+    ASSERT_EQ(texts.size(), 10U + 25U);
+    EXPECT_EQ(texts[9], "morning 35");
+    EXPECT_EQ(texts[10], "evening 34");
+    EXPECT_EQ(texts.back(), "evening 10");
+}
+
+TEST(Versions, areOfThirtyDaysHoweverFarApart)
+{
+    const TimeZone zone("UTC");
+    Kept kept;
+    for (int number = 0; number < 35; ++number) {
+        kept.keep(std::to_string(number), moment + number * 10 * day);
+    }
+    const Words texts = kept.texts();
+    ASSERT_EQ(texts.size(), 30U);
+    EXPECT_EQ(texts.back(), "5");
+}
+
+TEST(Versions, loseOneDayOnlyToAClockThatWasWrongOnce)
+{
+    const TimeZone zone("UTC");
+    Kept kept;
+    for (int number = 0; number < 40; ++number) {
+        kept.keep("day " + std::to_string(number), moment + number * day);
+    }
+    kept.keep("leap", moment + 1'000 * day);
+    kept.keep("day 40", moment + 40 * day);
+    const Words texts = kept.texts();
+    ASSERT_EQ(texts.size(), 30U);
+    EXPECT_EQ(texts[0], "day 40");
+    EXPECT_EQ(texts[1], "leap");
+    EXPECT_EQ(texts.back(), "day 12");
+}
+
+TEST(Versions, takeForTheLastOfADayWhatWasSavedLast)
+{
+    const TimeZone zone("UTC");
+    Kept kept;
+    kept.keep("noon", moment - 3 * 3'600);
+    kept.keep("evening", moment);
+    // The noon was brought back, and is what the next change replaces.
+    kept.keep("noon again", moment - 3 * 3'600);
+    for (int number = 0; number < 10; ++number) {
+        kept.keep("tomorrow", moment + day + number);
+    }
+    EXPECT_EQ(kept.texts().size(), 11U);
+    EXPECT_EQ(kept.texts().back(), "evening");
+}
+
+TEST(Versions, takeForTheLastOfADayTheHigherNumberOfTwo)
+{
+    const TimeZone zone("UTC");
+    Kept kept;
+    kept.keep("one", moment);
+    kept.keep("two", moment);
+    for (int number = 0; number < 10; ++number) {
+        kept.keep("tomorrow", moment + day + number);
+    }
+    EXPECT_EQ(kept.texts().back(), "two");
+}
+
+TEST(Versions, countDaysByTheLocalClock)
+{
+    // 15:00 and 15:30 UTC are before and after midnight there.
+    const TimeZone zone("Etc/GMT-9");
+    Kept kept;
+    kept.keep("before midnight", moment - 60);
+    kept.keep("after midnight", moment);
+    for (int number = 0; number < 10; ++number) {
+        kept.keep("tomorrow", moment + day);
+    }
+    EXPECT_EQ(kept.texts().size(), 12U);
+}
+
+TEST(Versions, keepTheirOrderWhenTheClockIsSetBack)
+{
+    Kept kept;
+    kept.keep("one", moment);
+    kept.keep("two", moment - 3'600);
+    EXPECT_EQ(kept.texts(), (Words{"two", "one"}));
+}
+
+TEST(Versions, leaveAloneWhatIsNone)
+{
+    Kept kept;
+    kept.keep("one", moment);
+    const Words others = {"000002_notes.json",
+                          "000003_2026-11-15T15:00:00Z.txt",
+                          "2026-11-15T15:00:00Z.json",
+                          "-00004_2026-11-15T15:00:00Z.json",
+                          "000005 2026-11-15T15:00:00Z.json",
+                          "6_2026-11-15T15:00:00Z.json",
+                          "0000007_2026-11-15T15:00:00Z.json",
+                          "000008_2026-11-15T16:00:00+01:00.json",
+                          "1000000000001_2026-11-15T15:00:00Z.json",
+                          "9223372036854775807_2026-11-15T15:00:00Z.json",
+                          "9223372036854775808_2026-11-15T15:00:00Z.json"};
+    for (const std::string& name : others) {
+        writeText(kept.directory() / name, "mine");
+    }
+    for (int number = 0; number < 12; ++number) {
+        kept.keep("more", moment + number);
+    }
+    EXPECT_EQ(kept.texts().size(), 10U);
+    EXPECT_EQ(kept.versions().list().front().number, 13);
+    EXPECT_EQ(namesIn(kept.directory()).size(), 10U + others.size());
+}
+
+TEST(Versions, areFilesOnly)
+{
+    Kept kept;
+    kept.keep("one", moment);
+    const auto named = [&](const char* number) {
+        return kept.directory() / (std::string(number) + "_2020-11-15T15:00:00Z.json");
+    };
+    fs::create_directories(named("000001"));
+    makeFifo(named("000002"));
+    fs::create_symlink(kept.file(), named("000003"));
+    fs::create_symlink("nowhere", named("000004"));
+    for (int number = 0; number < 12; ++number) {
+        kept.keep("more", moment + number);
+    }
+    EXPECT_EQ(kept.texts(), Words(10, "more"));
+    EXPECT_EQ(kept.versions().list().front().number, 13);
+    EXPECT_EQ(namesIn(kept.directory()).size(), 14U);
+}
+
+TEST(Versions, areKeptThoughOneThatHadItsTimeCannotBeRemoved)
+{
+    if (::geteuid() != 0) {
+        GTEST_SKIP() << "only the superuser can leave files of somebody else";
+    }
+    Kept kept;
+    for (int number = 0; number < 10; ++number) {
+        kept.keep("more", moment);
+    }
+    // In such a directory everybody may make files, and remove their own only.
+    fs::permissions(kept.directory(), fs::perms::all | fs::perms::sticky_bit);
+    for (const fs::path& above : {kept.file().parent_path(), kept.directory().parent_path()}) {
+        fs::permissions(above, fs::perms::all);
+    }
+    writeText(kept.file(), "the last");
+    const UnprivilegedUser user;
+    if (!user.isOne()) {
+        GTEST_SKIP() << "there is no ordinary user here";
+    }
+    kept.versions().keep(kept.file(), moment);
+    EXPECT_EQ(kept.texts().front(), "the last");
+    EXPECT_EQ(kept.texts().size(), 11U);
+}
+
+TEST(Versions, areFreedFromWhatADeadProcessLeftBeside)
+{
+    Kept kept;
+    kept.keep("one", moment);
+    writeText(kept.directory() / ".000002_2026-11-15T15:00:00Z.json.E25B4778-6981-4E1A-B0C8-AC8DE990BFF1.tmp",
+              "half of");
+    writeText(kept.directory() / ".mine", "mine");
+    kept.keep("two", moment);
+    EXPECT_EQ(namesIn(kept.directory()),
+              (Words{".mine", "000001_2026-11-15T15:00:00Z.json", "000002_2026-11-15T15:00:00Z.json"}));
+}
+
+TEST(Versions, areNoneOfAFileThatIsMissing)
+{
+    const Kept kept;
+    kept.versions().keep(kept.file(), moment);
+    EXPECT_TRUE(kept.versions().list().empty());
+    EXPECT_FALSE(fs::exists(kept.directory()));
+}
+
+TEST(Versions, areForTheirOwnerOnly)
+{
+    const FileCreationMask mask(0);
+    Kept kept;
+    kept.keep("one", moment);
+    EXPECT_EQ(modeOf(kept.directory()), 0700U);
+    // XDG Base Directory: what is made on the way there too.
+    EXPECT_EQ(modeOf(kept.directory().parent_path()), 0700U);
+}
+
+TEST(Versions, areNoneWithoutAPlace)
+{
+    const Kept kept;
+    writeText(kept.file(), "one");
+    Versions({}).keep(kept.file(), moment);
+    EXPECT_TRUE(Versions({}).list().empty());
+}
+
+}  // namespace
+}  // namespace quillmere::test
