@@ -8,9 +8,9 @@
 #include "base/text/failure.hpp"
 #include "base/text/local_time.hpp"
 
-#include <quillmere/engine/workflow_engine.hpp>
-
 #include <poll.h>
+#include "work/break_extension.hpp"
+
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -25,7 +25,6 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto longestOnce = 5s;
-constexpr double breakExtension = 300;
 
 // However fast others write into the directory, it is read a few times a second.
 constexpr auto restBetweenReads = 250ms;
@@ -241,7 +240,7 @@ void Watch::extendBreak()
     try {
         const auto nobodyAsks = [](const std::vector<workspace::Event>&) {};
         warn(workspace_.change(nobodyAsks, [](QuillmereState& state, Instant now) {
-            WorkflowEngine().extendBreak(state, breakExtension, now);
+            work::extendBreak(state, work::usualBreakExtension, now);
         }));
     } catch (const std::bad_alloc&) {
         throw;

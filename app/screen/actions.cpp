@@ -1,5 +1,6 @@
 #include "screen/actions.hpp"
 
+#include "work/break_extension.hpp"
 #include "work/possible_steps.hpp"
 
 #include <quillmere/engine/workflow_engine.hpp>
@@ -23,16 +24,14 @@ bool isBeforeTime(const workspace::Situation& situation) { return !isOvertime(si
 bool isLongOver(const workspace::Situation& situation)
 {
     const auto timer = TimerSnapshot::derive(situation.state, situation.now);
-    return timer && static_cast<double>(timer->remainingSeconds) + breakExtension <= 0;
+    return timer && static_cast<double>(timer->remainingSeconds) + work::usualBreakExtension <= 0;
 }
 
 bool isNotLongOver(const workspace::Situation& situation) { return !isLongOver(situation); }
 
 void extendBreakALittle(QuillmereState& state, Instant now)
 {
-    engine.extendBreak(state, breakExtension, now);
-    // An end that lies before this is no news.
-    workspace::catchUp(state, now);
+    work::extendBreak(state, work::usualBreakExtension, now);
 }
 
 template <void (WorkflowEngine::*operation)(QuillmereState&, Instant) const>

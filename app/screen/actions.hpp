@@ -36,7 +36,4 @@ struct Saving {
 
 const Saving& savingFor(Step step);
 
-/// By how much a break is lengthened with one key.
-inline constexpr double breakExtension = 5 * 60;
-
 }  // namespace quillmere::screen

@@ -3,6 +3,7 @@
 #include "cli/commands/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/text_options.hpp"
+#include "work/break_extension.hpp"
 
 #include <memory>
 
@@ -14,7 +15,7 @@ void extendBreak(const std::string& text, Program& program)
     const std::optional<double> by = base::durationFromText(text);
     program.change("The break is longer now.", [&](QuillmereState& state, Instant now) {
         // What the engine refuses is said before what the command line lacks.
-        WorkflowEngine().extendBreak(state, by.value_or(base::shortestDuration), now);
+        work::extendBreak(state, by.value_or(base::shortestDuration), now);
         if (!by) {
             throw ProgramError(ExitCode::usage, "Say by how much, from 1 second to 366 days: 5m, 90s.");
         }

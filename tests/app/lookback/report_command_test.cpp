@@ -1,4 +1,5 @@
 // The command itself: what is printed, and which files it makes.
+#include "base/refusal.hpp"
 #include "base/system/descriptor.hpp"
 #include "figures_testing.hpp"
 #include "generated_year.hpp"
@@ -350,7 +351,7 @@ TEST(ExportFile, isNoDevice)
 {
     const TemporaryDirectory place;
     makeFifo(place.path() / "fifo");
-    EXPECT_THROW(lookback::replaceFile(place.path() / "fifo", "new"), cli::ProgramError);
+    EXPECT_THROW(lookback::replaceFile(place.path() / "fifo", "new"), base::Refusal);
     EXPECT_TRUE(fs::is_fifo(place.path() / "fifo"));
 }
 

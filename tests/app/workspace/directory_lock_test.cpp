@@ -1,5 +1,6 @@
 // One writer at a time.
 #include "workspace/directory_lock.hpp"
+#include "base/refusal.hpp"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -71,7 +72,7 @@ TEST(DirectoryLock, isNotWaitedForLongerThanItIsSaid)
 {
     const TemporaryDirectory directory;
     const DirectoryLock lock(directory.path());
-    EXPECT_THROW(DirectoryLock(directory.path(), std::chrono::milliseconds(0)), cli::ProgramError);
+    EXPECT_THROW(DirectoryLock(directory.path(), std::chrono::milliseconds(0)), base::Refusal);
     EXPECT_FALSE(isFree(directory.path()));
 }
 

@@ -1,5 +1,6 @@
 // States that the engine could not live with.
 #include "workspace/screening.hpp"
+#include "base/refusal.hpp"
 
 #include <functional>
 #include <limits>
@@ -54,8 +55,8 @@ std::string complaintAbout(const QuillmereState& state)
 {
     try {
         workspace::requireUsable(state);
-    } catch (const cli::ProgramError& error) {
-        EXPECT_EQ(error.code(), ExitCode::unusableData);
+    } catch (const base::Refusal& error) {
+        EXPECT_EQ(error.kind(), base::Refusal::Kind::unusableData);
         const std::string message = error.what();
         const std::string begin = "The state cannot be used: ";
         const std::string end = " is out of bounds. Nothing was changed.";
