@@ -1,5 +1,5 @@
 #include <quillmere/engine/timer_snapshot.hpp>
-#include <quillmere/records/checked_arithmetic.hpp>
+#include <quillmere/records/base/checked_arithmetic.hpp>
 
 #include <algorithm>
 

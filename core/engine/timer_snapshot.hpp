@@ -1,7 +1,7 @@
 // The one timer that runs: of the focus session, or of the break.
 #pragma once
 
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 #include <quillmere/records/instant.hpp>
 #include <quillmere/records/quillmere_state.hpp>
 

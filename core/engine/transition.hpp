@@ -2,7 +2,7 @@
 // ends by finishing with it, and nothing else moves the workflow.
 #pragma once
 
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 #include <quillmere/records/workflow_state.hpp>
 
 #include <array>

@@ -1,8 +1,8 @@
 // What the library asks of the file system.
 #pragma once
 
-#include <quillmere/records/byte_sink.hpp>
-#include <quillmere/records/bytes.hpp>
+#include <quillmere/records/base/byte_sink.hpp>
+#include <quillmere/records/base/bytes.hpp>
 
 #include <sys/types.h>
 
