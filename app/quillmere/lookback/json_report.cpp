@@ -2,7 +2,7 @@
 
 #include "lookback/words.hpp"
 
-#include <quillmere/records/checked_arithmetic.hpp>
+#include <quillmere/records/base/checked_arithmetic.hpp>
 
 namespace quillmere::app::lookback {
 namespace {

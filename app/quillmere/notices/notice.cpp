@@ -3,7 +3,7 @@
 #include "text/columns.hpp"
 #include "text/inert.hpp"
 
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 #include <quillmere/records/json/utf8.hpp>
 
 #include <algorithm>

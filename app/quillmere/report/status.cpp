@@ -6,7 +6,7 @@
 #include "text/local_time.hpp"
 
 #include <quillmere/engine/timer_snapshot.hpp>
-#include <quillmere/records/checked_arithmetic.hpp>
+#include <quillmere/records/base/checked_arithmetic.hpp>
 
 #include <ostream>
 

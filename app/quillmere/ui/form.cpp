@@ -3,7 +3,7 @@
 #include "ui/flow.hpp"
 #include "ui/layout.hpp"
 
-#include <quillmere/records/fatal_error.hpp>
+#include <quillmere/records/base/fatal_error.hpp>
 
 #include <algorithm>
 
