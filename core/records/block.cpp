@@ -1,5 +1,7 @@
 #include <quillmere/records/block.hpp>
 
+#include <iterator>
+
 namespace quillmere {
 
 Block Block::default_(Instant now)
@@ -31,5 +33,7 @@ Instant Block::plannedEnd() const
     const double cycleSeconds = focusDurationSeconds + breakDurationSeconds;
     return plannedStart.value_or(createdAt) + cycleSeconds * static_cast<double>(cycleCount);
 }
+
+bool Block::hasCyclesLeft() const { return std::ssize(sessions) < cycleCount; }
 
 }  // namespace quillmere

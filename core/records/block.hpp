@@ -40,6 +40,9 @@ struct Block {
     /// break is counted after the last session too; what really ran is not looked at.
     Instant plannedEnd() const;
 
+    /// Whether fewer sessions have been started than are planned.
+    bool hasCyclesLeft() const;
+
     friend bool operator==(const Block&, const Block&) = default;
 };
 

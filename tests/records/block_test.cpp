@@ -111,5 +111,16 @@ TEST(PlannedEnd, isNotANumberWhenADurationIsNone)
     EXPECT_TRUE(std::isnan(block.plannedEnd().secondsSince1970()));
 }
 
+TEST(Block, hasCyclesLeftWhileFewerSessionsAreStartedThanPlanned)
+{
+    Block block = test::blockInWork(1, 2);
+    block.cycleCount = 3;
+    EXPECT_TRUE(block.hasCyclesLeft());
+    for (const std::int64_t cycleCount : {2, 1, 0, -1}) {
+        block.cycleCount = cycleCount;
+        EXPECT_FALSE(block.hasCyclesLeft());
+    }
+}
+
 }  // namespace
 }  // namespace quillmere
