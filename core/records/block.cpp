@@ -1,5 +1,6 @@
 #include <quillmere/records/block.hpp>
 
+#include <algorithm>
 #include <iterator>
 
 namespace quillmere {
@@ -32,6 +33,17 @@ Instant Block::plannedEnd() const
 {
     const double cycleSeconds = focusDurationSeconds + breakDurationSeconds;
     return plannedStart.value_or(createdAt) + cycleSeconds * static_cast<double>(cycleCount);
+}
+
+const Outcome* Block::outcomeServed(const SessionPlan& plan) const
+{
+    if (!plan.blockOutcomeID) {
+        return nullptr;
+    }
+    const auto found = std::find_if(outcomes.begin(), outcomes.end(), [&](const Outcome& outcome) {
+        return outcome.id == *plan.blockOutcomeID;
+    });
+    return found == outcomes.end() ? nullptr : &*found;
 }
 
 bool Block::hasCyclesLeft() const { return std::ssize(sessions) < cycleCount; }
