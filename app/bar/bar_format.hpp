@@ -3,7 +3,7 @@
 
 #include "bar/bar_content.hpp"
 
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 
 #include <string>
 #include <string_view>

@@ -1,7 +1,7 @@
 #include "notices/standing_events.hpp"
 
 #include <quillmere/engine/timer_snapshot.hpp>
-#include <quillmere/records/checked_arithmetic.hpp>
+#include <quillmere/records/base/checked_arithmetic.hpp>
 #include <quillmere/widget/widget_snapshot.hpp>
 
 namespace quillmere::notices {
@@ -10,26 +10,6 @@ namespace {
 std::string keyAt(std::string_view name, const Identifier& id, Instant at)
 {
     return std::string(name) + "-" + id.text() + "-" + std::to_string(wholeSeconds(at.secondsSince1970()));
-}
-
-/// Whether the time of an ended session was used up when it ended. Asks the timer as it was at that moment:
-/// the session still running, its pauses, the last one too, counted.
-bool wasEndedByTimer(const QuillmereState& state, Instant endedAt)
-{
-    const QuillmereState before{
-        .id = state.id,
-        .workflowState = WorkflowState::focusing,
-        .currentBlock = state.currentBlock,
-        .blockHistory = {},  // may be long, and no timer looks at it
-        .plannedNextSession = std::nullopt,
-        .breakStartedAt = std::nullopt,
-        .breakExtensionSeconds = 0,
-        .breakEndNotifiedAt = std::nullopt,
-        .agentQuestions = {},
-        .updatedAt = endedAt,
-    };
-    const std::optional<TimerSnapshot> timer = TimerSnapshot::derive(before, endedAt);
-    return timer && timer->remainingSeconds < 1;
 }
 
 /// The event of the work: at most one, since each belongs to a workflow state of its own.
@@ -49,7 +29,7 @@ std::optional<StandingEvent> standingWork(const QuillmereState& state)
     };
     switch (state.workflowState) {
         case WorkflowState::sessionReview:
-            if (session && session->endedAt && wasEndedByTimer(state, *session->endedAt)) {
+            if (session && timeRanOut(*session)) {
                 return event(Kind::focusEnded, "focus-" + session->id.text(), *session->endedAt);
             }
             break;

@@ -2,7 +2,7 @@
 
 #include "base/text/local_time.hpp"
 
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 
 #include <array>
 

@@ -1,7 +1,7 @@
-// The one timer that runs: of the focus session, or of the break.
+// The one timer that runs: the focus session's, or the break's.
 #pragma once
 
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 #include <quillmere/records/instant.hpp>
 #include <quillmere/records/quillmere_state.hpp>
 
@@ -39,7 +39,16 @@ struct TimerSnapshot {
     /// fatal error.
     static std::optional<TimerSnapshot> derive(const QuillmereState& from, Instant at);
 
+    /// Whether less than a second remains: then an evaluation of the timer ends the focus session, or
+    /// announces the end of the break.
+    bool hasRunOut() const { return remainingSeconds < 1; }
+
     friend bool operator==(const TimerSnapshot&, const TimerSnapshot&) = default;
 };
+
+/// Whether a focus session ended because its time had run out, and not because the person ended it early:
+/// the timer as it stood at `endedAt`. False for a session that has not ended. The fatal errors are those of
+/// TimerSnapshot::derive.
+bool timeRanOut(const WorkSession& session);
 
 }  // namespace quillmere

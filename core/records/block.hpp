@@ -36,9 +36,16 @@ struct Block {
     /// outcome. Draws the block's identifier first, then the outcome's.
     static Block default_(Instant now);
 
-    /// The planned start, or the creation when there is none, plus focus and break once a cycle. A
-    /// break is counted after the last session too; what really ran is not looked at.
+    /// The planned start, or the creation when there is none, plus one focus session and one break for each
+    /// cycle, the last one included. The sessions that were started do not matter.
     Instant plannedEnd() const;
+
+    /// Whether fewer sessions have been started than are planned.
+    bool hasCyclesLeft() const;
+
+    /// The outcome that a plan works towards: the first with the identifier that the plan names. Null when
+    /// the plan names none, or none of this block.
+    const Outcome* outcomeServed(const SessionPlan& plan) const;
 
     friend bool operator==(const Block&, const Block&) = default;
 };

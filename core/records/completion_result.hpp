@@ -1,7 +1,7 @@
 // Whether a focus session reached what it was meant to.
 #pragma once
 
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 
 namespace quillmere {
 

@@ -1,7 +1,7 @@
 // Where the person stands in the workflow.
 #pragma once
 
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 
 namespace quillmere {
 

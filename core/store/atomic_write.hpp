@@ -1,7 +1,7 @@
 // The one protocol by which files are written.
 #pragma once
 
-#include <quillmere/records/byte_sink.hpp>
+#include <quillmere/records/base/byte_sink.hpp>
 #include <quillmere/store/replace_item.hpp>
 
 #include <filesystem>

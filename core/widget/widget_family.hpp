@@ -1,7 +1,7 @@
 // The sizes of a widget and how each is laid out.
 #pragma once
 
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 
 #include <cstdint>
 

@@ -1,7 +1,7 @@
 // The coarse phase that a widget shows.
 #pragma once
 
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 #include <quillmere/records/workflow_state.hpp>
 
 #include <string_view>

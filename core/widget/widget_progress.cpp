@@ -1,5 +1,5 @@
 // What a widget computes from its summary.
-#include <quillmere/records/checked_arithmetic.hpp>
+#include <quillmere/records/base/checked_arithmetic.hpp>
 #include <quillmere/widget/widget_snapshot.hpp>
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // The screen that a tap on the widget opens, and its deep link.
 #pragma once
 
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 #include <quillmere/widget/widget_phase.hpp>
 
 #include <optional>

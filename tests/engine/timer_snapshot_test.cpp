@@ -160,6 +160,60 @@ TEST(FocusTimer, isAbsentWithoutABlockOrASession)
     EXPECT_EQ(TimerSnapshot::derive(state, moment), std::nullopt);
 }
 
+// The end of a session -------------------------------------------------------------------------------
+
+/// A session that began at `moment`, and whether its time ran out when it ended.
+struct Ending {
+    double planned;
+    double paused;
+    double offset;
+    bool ranOut;
+};
+
+constexpr auto endings = std::to_array<Ending>({
+    {1500, 0, 1500, true},
+    {1500, 0, 1499.9, false},
+    {1500, 0, 60, false},
+    {1500, 0, -60, false},
+    // Each term is rounded down by itself: 90 whole seconds are planned.
+    {90.7, 0, 90, true},
+    {90.7, 0, 89.9, false},
+    {90.7, 10.7, 100, true},
+    {90.7, 10.7, 99.9, false},
+    {0.5, 0, 0, true},
+});
+
+TEST(TimeRanOut, isTrueForASessionThatTheTimerEnded)
+{
+    for (const auto& [planned, paused, offset, ranOut] : endings) {
+        SCOPED_TRACE(std::to_string(planned) + ", " + std::to_string(paused) + ", " + std::to_string(offset));
+        QuillmereState state = stateIn(focusing);
+        session(state).plannedDurationSeconds = planned;
+        session(state).accumulatedPausedSeconds = paused;
+        const bool isEnded = engine.evaluateTimer(state, moment + offset) == TimerTransition::focusEnded;
+        EXPECT_EQ(isEnded, ranOut);
+        if (!isEnded) {
+            engine.endFocus(state, moment + offset);
+        }
+        EXPECT_EQ(timeRanOut(session(state)), ranOut);
+    }
+}
+
+TEST(TimeRanOut, isTrueForASessionThatWasPausedAfterItsTime)
+{
+    QuillmereState state = stateIn(focusing);
+    session(state).pausedAt = moment + 1500.5;
+    ASSERT_EQ(engine.evaluateTimer(state, moment + 1600.25), TimerTransition::focusEnded);
+    EXPECT_TRUE(timeRanOut(session(state)));
+}
+
+TEST(TimeRanOut, isFalseForASessionThatHasNotEnded)
+{
+    QuillmereState state = stateIn(focusing);
+    session(state).plannedDurationSeconds = 0;
+    EXPECT_FALSE(timeRanOut(session(state)));
+}
+
 // Break ----------------------------------------------------------------------------------------------
 
 /// One break: planned, extended, and looked at `offset` after its start.

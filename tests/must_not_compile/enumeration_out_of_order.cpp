@@ -1,5 +1,5 @@
 // A case is looked up by its place in the table.
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 
 enum class Colour { red, green };
 

@@ -111,5 +111,47 @@ TEST(PlannedEnd, isNotANumberWhenADurationIsNone)
     EXPECT_TRUE(std::isnan(block.plannedEnd().secondsSince1970()));
 }
 
+SessionPlan planFor(std::optional<Identifier> outcome)
+{
+    SessionPlan plan = test::samplePlan(1);
+    plan.blockOutcomeID = outcome;
+    return plan;
+}
+
+TEST(OutcomeServed, isTheOutcomeThatThePlanNames)
+{
+    const Block block = test::sampleBlock(1);
+    ASSERT_EQ(block.outcomes.size(), 2U);
+    EXPECT_EQ(block.outcomeServed(planFor(block.outcomes[1].id)), &block.outcomes[1]);
+}
+
+TEST(OutcomeServed, isTheFirstOfTwoWithOneIdentifier)
+{
+    Block block = test::sampleBlock(1);
+    block.outcomes[1].id = block.outcomes[0].id;
+    EXPECT_EQ(block.outcomeServed(planFor(block.outcomes[1].id)), &block.outcomes[0]);
+}
+
+TEST(OutcomeServed, isNoneWhenThePlanNamesNoOutcomeOfTheBlock)
+{
+    Block block = test::sampleBlock(1);
+    EXPECT_EQ(block.outcomeServed(planFor(std::nullopt)), nullptr);
+    EXPECT_EQ(block.outcomeServed(planFor(test::identifier(999))), nullptr);
+    const SessionPlan plan = planFor(block.outcomes[0].id);
+    block.outcomes.clear();
+    EXPECT_EQ(block.outcomeServed(plan), nullptr);
+}
+
+TEST(Block, hasCyclesLeftWhileFewerSessionsAreStartedThanPlanned)
+{
+    Block block = test::blockInWork(1, 2);
+    block.cycleCount = 3;
+    EXPECT_TRUE(block.hasCyclesLeft());
+    for (const std::int64_t cycleCount : {2, 1, 0, -1}) {
+        block.cycleCount = cycleCount;
+        EXPECT_FALSE(block.hasCyclesLeft());
+    }
+}
+
 }  // namespace
 }  // namespace quillmere

@@ -69,6 +69,14 @@ AgentQuestion question(unsigned number, bool hasAnswer, bool isAnswered)
     };
 }
 
+TEST(AgentQuestion, isOpenUntilItHasATimeOfAnswering)
+{
+    EXPECT_TRUE(question(1, false, false).isOpen());
+    EXPECT_TRUE(question(1, true, false).isOpen());
+    EXPECT_FALSE(question(1, true, true).isOpen());
+    EXPECT_FALSE(question(1, false, true).isOpen());
+}
+
 TEST(OpenQuestions, areNoneWhenAllHaveBeenAnswered)
 {
     QuillmereState state = QuillmereState::initial(moment);

@@ -16,13 +16,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-WidgetSnapshotLoadError error(WidgetSnapshotLoadError::Case reason)
-{
-    return WidgetSnapshotLoadError(reason);
-}
+using Error = WidgetSnapshotLoadError;
 
-const WidgetSnapshotLoadError notWritten = error(WidgetSnapshotLoadError::notWritten);
-const WidgetSnapshotLoadError unreadable = error(WidgetSnapshotLoadError::unreadable);
+const Error notWritten = Error::of<Error::notWritten>();
+const Error unreadable = Error::of<Error::unreadable>();
+const Error containerUnavailable = Error::of<Error::containerUnavailable>();
 
 class WidgetLoad : public testing::Test {
 protected:
@@ -217,9 +215,9 @@ TEST(WidgetSnapshotLoadError, isEqualByItsCaseAndItsVersions)
     EXPECT_EQ(newer(2, 1), newer(2, 1));
     EXPECT_NE(newer(2, 1), newer(3, 1));
     EXPECT_NE(newer(2, 1), newer(2, 2));
-    EXPECT_EQ(notWritten, error(WidgetSnapshotLoadError::notWritten));
+    EXPECT_EQ(notWritten, Error::of<Error::notWritten>());
     EXPECT_NE(notWritten, unreadable);
-    EXPECT_NE(notWritten, error(WidgetSnapshotLoadError::containerUnavailable));
+    EXPECT_NE(notWritten, containerUnavailable);
 }
 
 TEST(WidgetSnapshotLoadError, tellsItsCaseAndItsVersions)
@@ -236,7 +234,7 @@ TEST(WidgetSnapshotLoadError, tellsItsCaseAndItsVersions)
 TEST(WidgetSnapshotLoadError, saysItsCaseAsItIsSpelledInCode)
 {
     EXPECT_STREQ(WidgetSnapshotLoadError::unsupported(2, 1).what(), "unsupportedSchemaVersion");
-    EXPECT_STREQ(error(WidgetSnapshotLoadError::containerUnavailable).what(), "containerUnavailable");
+    EXPECT_STREQ(containerUnavailable.what(), "containerUnavailable");
     EXPECT_STREQ(notWritten.what(), "notWritten");
     EXPECT_STREQ(unreadable.what(), "unreadable");
 }

@@ -1,4 +1,5 @@
-#include <quillmere/records/checked_arithmetic.hpp>
+#include <quillmere/records/base/checked_arithmetic.hpp>
+#include <quillmere/records/json/coding_error.hpp>
 #include <quillmere/records/json/date_text.hpp>
 
 #include <array>
@@ -71,6 +72,21 @@ bool hasDateText(Instant instant) noexcept
 {
     const double exact = instant.secondsSince1970();
     return exact >= static_cast<double>(firstSecond) && exact < static_cast<double>(endSecond);
+}
+
+void requireDateText(Instant instant)
+{
+    if (!hasDateText(instant)) {
+        throw EncodingError("an instant that is not finite or lies outside the years 0000 to 9999");
+    }
+}
+
+std::string dateText(Instant instant)
+{
+    requireDateText(instant);
+    std::string text(dateTextLength, ' ');
+    putDateText(text.data(), instant);
+    return text;
 }
 
 void putDateText(char* destination, Instant instant) noexcept

@@ -1,4 +1,4 @@
-// Finds what has no JSON form, before anything is written.
+// Finds values without a JSON form before anything is written.
 #pragma once
 
 #include <quillmere/records/instant.hpp>
@@ -16,7 +16,7 @@
 
 namespace quillmere::json {
 
-/// Whether there are values of a type that have no JSON form; the others need not be looked at.
+/// Whether a type has values without a JSON form. Values of other types need no check.
 template <class Value>
 constexpr bool mayBeUnencodable = std::is_same_v<Value, double> || std::is_same_v<Value, Instant>;
 template <class Element>
@@ -75,9 +75,7 @@ void requireEncodable(const Value& value)
             requireEncodable(*value);
         }
     } else if constexpr (std::is_same_v<Value, Instant>) {
-        if (!hasDateText(value)) {
-            throw EncodingError("an instant that is not finite or lies outside the years 0000 to 9999");
-        }
+        requireDateText(value);
     } else if (!std::isfinite(value)) {
         throw EncodingError("a duration that is infinite or not a number");
     }

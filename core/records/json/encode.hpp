@@ -4,7 +4,7 @@
 // indentation, key and colon. The values go between the pieces; members are sorted at compile time.
 #pragma once
 
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 #include <quillmere/records/json/encodable.hpp>
 #include <quillmere/records/json/json_encoder.hpp>
 #include <quillmere/records/json/table.hpp>

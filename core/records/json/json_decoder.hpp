@@ -1,7 +1,7 @@
 // JSON text (RFC 8259, UTF-8) to records.
 #pragma once
 
-#include <quillmere/records/bytes.hpp>
+#include <quillmere/records/base/bytes.hpp>
 
 namespace quillmere {
 

@@ -1,8 +1,8 @@
 // Records to JSON text (RFC 8259, UTF-8).
 #pragma once
 
-#include <quillmere/records/byte_sink.hpp>
-#include <quillmere/records/bytes.hpp>
+#include <quillmere/records/base/byte_sink.hpp>
+#include <quillmere/records/base/bytes.hpp>
 
 namespace quillmere {
 

@@ -7,7 +7,7 @@
 // wherever it stands.
 #pragma once
 
-#include <quillmere/records/bytes.hpp>
+#include <quillmere/records/base/bytes.hpp>
 #include <quillmere/records/json/coding_error.hpp>
 
 #include <simdjson.h>

@@ -2,7 +2,7 @@
 // could.
 #pragma once
 
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 #include <quillmere/records/identifier.hpp>
 #include <quillmere/records/instant.hpp>
 #include <quillmere/records/json/date_text.hpp>

@@ -1,8 +1,8 @@
 // Writes JSON text straight into a buffer: how each kind of value is spelled, and nothing of records.
 #pragma once
 
-#include <quillmere/records/byte_sink.hpp>
-#include <quillmere/records/bytes.hpp>
+#include <quillmere/records/base/byte_sink.hpp>
+#include <quillmere/records/base/bytes.hpp>
 #include <quillmere/records/identifier.hpp>
 #include <quillmere/records/instant.hpp>
 #include <quillmere/records/json/fixed_text.hpp>

@@ -2,11 +2,12 @@
 #include "notices/standing_events.hpp"
 
 #include <quillmere/engine/workflow_engine.hpp>
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 
 #include <set>
 
 #include "program_testing.hpp"
+#include "workspace/catching_up.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -55,6 +56,15 @@ TEST(StandingEvents, includeASessionWhoseTimeRanOut)
                                         .key = "focus-" + identifier(401).text(),
                                         .at = moment + 1'500,
                                         .text = "Outcome of session 1"}));
+}
+
+TEST(StandingEvents, includeASessionWhosePlannedLengthHasAFraction)
+{
+    QuillmereState state = stateIn(WorkflowState::focusing);
+    state.currentBlock->sessions.back().plannedDurationSeconds = 90.7;
+    workspace::catchUp(state, moment + 200);
+    ASSERT_EQ(state.workflowState, WorkflowState::sessionReview);
+    EXPECT_EQ(standingEvents(state).size(), 1U);
 }
 
 TEST(StandingEvents, leaveOutASessionThatThePersonEnded)

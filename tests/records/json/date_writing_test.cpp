@@ -1,5 +1,6 @@
 // Instants in JSON: whole seconds in UTC.
 #include <quillmere/records/agent_question.hpp>
+#include <quillmere/records/json/date_text.hpp>
 #include <quillmere/records/json/json_encoder.hpp>
 
 #include <gtest/gtest.h>
@@ -153,6 +154,20 @@ TEST(WrittenInstant, isAnErrorOutsideOfTheYears0000To9999AndWhenNotFinite)
         EXPECT_EQ(error->reason(), "an instant that is not finite or lies outside the years 0000 to 9999");
     }
     EXPECT_FALSE(test::encodingError(askedAt(std::nextafter(endSecond, 0.0))));
+}
+
+TEST(DateText, isTheTextThatStandsInFiles)
+{
+    for (const double seconds : {0.0, 0.9, -0.1, 1794754800.0, firstSecond, endSecond - 1}) {
+        EXPECT_EQ(json::dateText(Instant(seconds)), written(seconds));
+    }
+}
+
+TEST(DateText, isAnErrorForAnInstantThatCannotBeWritten)
+{
+    for (const double seconds : {endSecond, firstSecond - 1, HUGE_VAL, std::nan("")}) {
+        EXPECT_THROW(json::dateText(Instant(seconds)), EncodingError);
+    }
 }
 
 }  // namespace

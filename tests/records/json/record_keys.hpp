@@ -1,5 +1,5 @@
-// Which keys the objects of each file have, written out independently of the library's own tables, and
-// where such objects stand in a document with all of them.
+// Documents that have every key of every record, and the kind and presence of each key. The spelling of the
+// keys is tested by the golden files.
 #pragma once
 
 #include <functional>

@@ -1,4 +1,4 @@
-#include <quillmere/records/fatal_error.hpp>
+#include <quillmere/records/base/fatal_error.hpp>
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,5 +1,5 @@
-#include <quillmere/records/checked_arithmetic.hpp>
-#include <quillmere/records/fatal_error.hpp>
+#include <quillmere/records/base/checked_arithmetic.hpp>
+#include <quillmere/records/base/fatal_error.hpp>
 
 #include <cmath>
 

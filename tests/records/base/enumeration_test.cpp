@@ -1,5 +1,5 @@
+#include <quillmere/records/base/enumeration.hpp>
 #include <quillmere/records/completion_result.hpp>
-#include <quillmere/records/enumeration.hpp>
 #include <quillmere/records/workflow_state.hpp>
 
 #include <gtest/gtest.h>

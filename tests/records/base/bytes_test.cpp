@@ -1,4 +1,4 @@
-#include <quillmere/records/bytes.hpp>
+#include <quillmere/records/base/bytes.hpp>
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 // a constant `c` of the whole enumeration is `c<Enumeration>`.
 #pragma once
 
-#include <quillmere/records/fatal_error.hpp>
+#include <quillmere/records/base/fatal_error.hpp>
 
 #include <array>
 #include <concepts>
