@@ -16,13 +16,8 @@ NoticeSubject subjectOf(work::EventKind kind);
 
 struct Notice {
     std::string heading;  ///< one line
-<<<<<<< HEAD
     std::string body;     ///< sanitized lines without markup; may be empty
     bool mayExtendBreak;  ///< whether the notice offers that
-=======
-    std::string body;     ///< lines of sanitized text, no markup; may be empty
-    bool mayExtendBreak;  ///< whether that is offered beside opening the screen
->>>>>>> main
 
     friend bool operator==(const Notice&, const Notice&) = default;
 };
