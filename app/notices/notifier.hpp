@@ -46,7 +46,7 @@ public:
     /// Handles the notifier's messages; returns the person's choices.
     std::vector<NoticeAction> takeActions(Moment now);
 
-    /// For poll(2); -1: nothing to wait for.
+    /// For `base::waitFor`; -1: nothing to wait for.
     int descriptor() const { return channel_.descriptor(); }
 
     /// Whether no notice is under way and none could be tried at once.

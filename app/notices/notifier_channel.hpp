@@ -16,7 +16,8 @@ public:
     virtual bool isRunning() const = 0;
     /// Whether it accepts a request.
     virtual bool isReady() const = 0;
-    /// For poll(2): readable when `takeMessages` has something to read; -1 while the notifier is not running.
+    /// For `base::waitFor`: readable when `takeMessages` has something to read; -1 while the notifier is not
+    /// running.
     virtual int descriptor() const = 0;
 
     /// Starts the notifier; throws `std::system_error` when that fails.

@@ -1,13 +1,14 @@
 // quillmere-notifier: gives the notices of `quillmere watch` on the session bus (Desktop Notifications 1.2 of
-// freedesktop.org). Its arguments are the process number of that `watch`, and
-// how many milliseconds to wait for the service's capabilities and for its answer to a notice. It may wait
-// for the bus as long as it has to: `watch` never waits for it, and kills it when it takes too long. Why it
-// is a separate program stands in notifier_process.hpp.
+// freedesktop.org). Its arguments are the process number of that `watch`, and how many milliseconds to wait
+// for the service's capabilities and for its answer to a notice. It may wait for the bus as long as it has
+// to: `watch` never waits for it, and kills it when it takes too long. Why it is a separate program stands in
+// notifier_process.hpp.
+#include "base/system/wait.hpp"
+#include "base/text/xml.hpp"
 #include "notices/notifier_protocol.hpp"
 
 #include <sdbus-c++/sdbus-c++.h>
 
-#include <poll.h>
 #include <sys/prctl.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -18,6 +19,7 @@
 #include <csignal>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -46,23 +48,6 @@ void send(const NotifierMessage& message)
 {
     const std::string line = protocolLine(message);
     ::send(STDOUT_FILENO, line.data(), line.size(), MSG_NOSIGNAL);
-}
-
-/// The text without markup characters.
-std::string escaped(const std::string& text)
-{
-    std::string markup;
-    for (const char character : text) {
-        switch (character) {
-            case '&': markup += "&amp;"; break;
-            case '<': markup += "&lt;"; break;
-            case '>': markup += "&gt;"; break;
-            case '"': markup += "&quot;"; break;
-            case '\'': markup += "&apos;"; break;
-            default: markup += character;
-        }
-    }
-    return markup;
 }
 
 /// Whether a call failed because no answer came in time. It may have been carried out all the same.
@@ -208,7 +193,7 @@ private:
         constexpr std::int32_t defaultTimeout = -1;
         sdbus::MethodCall call = notifications_->createMethodCall(interface, "Notify");
         call << std::string("Quillmere") << notice.replaces << std::string() << notice.heading
-             << (can("body-markup") ? escaped(notice.body) : notice.body)
+             << (can("body-markup") ? base::escapedForXml(notice.body) : notice.body)
              << (can("actions") ? notice.actions : std::vector<std::string>()) << hints << defaultTimeout;
         return call;
     }
@@ -239,10 +224,12 @@ void serve(const Arguments& arguments)
     std::string received;
     while (notifications.process()) {
         const sdbus::IConnection::PollData bus = notifications.pollData();
-        std::array<pollfd, 2> files = {pollfd{.fd = STDIN_FILENO, .events = POLLIN, .revents = 0},
-                                       pollfd{.fd = bus.fd, .events = bus.events, .revents = 0}};
-        ::poll(files.data(), files.size(), bus.getPollTimeout());
-        if (files[0].revents != 0 && !receive(received)) {
+        std::array<base::PollSource, 2> sources = {
+            base::PollSource{.descriptor = STDIN_FILENO},
+            base::PollSource{.descriptor = bus.fd, .events = bus.events}};
+        const std::chrono::milliseconds limit(bus.getPollTimeout());
+        base::waitFor(sources, limit < 0ms ? std::nullopt : std::optional(limit));
+        if (sources[0].isReady() && !receive(received)) {
             return;
         }
         while (const auto notice = takeRecord<NoticeRequest>(received)) {

@@ -10,7 +10,6 @@
 #include "work/break_extension.hpp"
 #include "work/event_text.hpp"
 
-#include <poll.h>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -52,14 +51,10 @@ bool asksForEnd(const std::vector<int>& signals)
     return std::any_of(signals.begin(), signals.end(), [](int signal) { return signal != SIGCHLD; });
 }
 
-/// Whether one of the descriptors becomes readable within `limit`.
-bool waitFor(const std::vector<int>& descriptors, std::chrono::milliseconds limit)
+bool isReadable(int descriptor)
 {
-    std::vector<pollfd> files;
-    for (const int descriptor : descriptors) {
-        files.push_back({.fd = descriptor, .events = POLLIN, .revents = 0});
-    }
-    return ::poll(files.data(), files.size(), static_cast<int>(limit.count())) > 0;
+    base::PollSource source{.descriptor = descriptor};
+    return base::waitFor({&source, 1}, 0ns);
 }
 
 Moment steadyNow() { return std::chrono::steady_clock::now(); }
@@ -97,8 +92,8 @@ void Watch::run()
             return;
         }
         Waiting next = waiting(now);
-        next.descriptors.push_back(signals.descriptor());
-        waitFor(next.descriptors, std::chrono::ceil<std::chrono::milliseconds>(next.until - now));
+        next.sources.push_back({.descriptor = signals.descriptor()});
+        base::waitFor(next.sources, next.until - now);
         // Before the next round: control-C on a terminal ends the notifier too, and that is no error.
         if (asksForEnd(signals.take())) {
             return;
@@ -124,7 +119,8 @@ Waiting Watch::waiting(Moment now) const
 {
     const bool rests = now < restEnds_;
     const Moment nextSecond = now + std::chrono::milliseconds(base::millisecondsToNextSecond(clock_()));
-    return {.descriptors = {notifier_.descriptor(), open_ && !rests ? open_->descriptor() : -1},
+    return {.sources = {{.descriptor = notifier_.descriptor()},
+                        {.descriptor = open_ && !rests ? open_->descriptor() : -1}},
             .until = rests ? std::min(restEnds_, nextSecond) : nextSecond};
 }
 
@@ -140,7 +136,7 @@ void Watch::refresh(Moment now)
         if (!open_) {
             open_.emplace(workspace_);
         }
-        directoryHasChanged = waitFor({open_->descriptor()}, 0ms);
+        directoryHasChanged = isReadable(open_->descriptor());
         open_->refresh(settings_.lockPatience);
     } catch (const std::bad_alloc&) {
         throw;

@@ -3,6 +3,7 @@
 
 #include "base/environment.hpp"
 #include "base/system/line_writer.hpp"
+#include "base/system/wait.hpp"
 #include "notices/delivery_log.hpp"
 #include "notices/error_throttle.hpp"
 #include "notices/moment.hpp"
@@ -31,8 +32,8 @@ struct WatchSettings {
 
 /// What a watch waits for between two rounds.
 struct Waiting {
-    std::vector<int> descriptors;  ///< any of them readable; -1 stands for none
-    Moment until;                  ///< at the latest
+    std::vector<base::PollSource> sources;
+    Moment until;  ///< at the latest
 };
 
 /// One loop without threads: it sleeps until the next whole second, a change of the files, a message of the

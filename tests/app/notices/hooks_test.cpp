@@ -20,7 +20,7 @@ using notices::Subprocesses;
 using std::chrono::seconds;
 
 /// A FIFO, open for both directions, so that neither opening nor writing waits for the other end.
-base::Descriptor openFifo(const std::filesystem::path& path)
+base::Descriptor makeOpenFifo(const std::filesystem::path& path)
 {
     makeFifo(path);
     base::Descriptor fifo(::open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC));
@@ -124,7 +124,7 @@ TEST_F(Hook, runsWithSevenOthersAtMost)
         state = asking(state, number, "May I?");
     }
     person.has(state);
-    const base::Descriptor gate = openFifo(file("gate"));
+    const base::Descriptor gate = makeOpenFifo(file("gate"));
     // Opened for both directions here as well, before the hook is counted: one line releases one hook.
     const std::string hook =
         "exec 3<> '" + file("gate").string() + "'; echo begun" + into("runs") + "; read line <&3";
@@ -181,7 +181,7 @@ class HookOfAProcess : public Desktop {};
 
 TEST_F(HookOfAProcess, thatHangsStopsNothing)
 {
-    const base::Descriptor fifo = openFifo(file("fifo"));
+    const base::Descriptor fifo = makeOpenFifo(file("fifo"));
     const std::string hang = "exec 3<> '" + file("fifo").string() + "'; echo hangs >> '" +
                              file("hanging").string() + "'; read line <&3";
     const std::string note = "echo \"$1\" >> '" + file("events").string() + "'";

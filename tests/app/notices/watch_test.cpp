@@ -4,7 +4,6 @@
 #include "workspace/directory_lock.hpp"
 
 #include <fcntl.h>
-#include <poll.h>
 #include <signal.h>
 #include <unistd.h>
 
@@ -39,15 +38,8 @@ protected:
     }
 };
 
-/// Whether one of the descriptors is readable now.
-bool isReadable(const notices::Waiting& waiting)
-{
-    std::vector<pollfd> files;
-    for (const int descriptor : waiting.descriptors) {
-        files.push_back({.fd = descriptor, .events = POLLIN, .revents = 0});
-    }
-    return ::poll(files.data(), files.size(), 0) > 0;
-}
+/// Whether there is nothing to wait for.
+bool isReady(notices::Waiting waiting) { return base::waitFor(waiting.sources, milliseconds(0)); }
 
 TEST_F(WatchOnAClock, catchesUpAtOnceAfterTheMachineHasSlept)
 {
@@ -105,7 +97,7 @@ TEST_F(WatchOnAClock, sleepsUntilTheNextWholeSecond)
     ClockedWatch watch(person, notifier);
     watch.round();
     EXPECT_EQ(watch.waiting().until - watch.moment(), milliseconds(750));
-    EXPECT_FALSE(isReadable(watch.waiting()));
+    EXPECT_FALSE(isReady(watch.waiting()));
 }
 
 TEST_F(WatchOnAClock, isWokenByAChangeOfTheFiles)
@@ -114,9 +106,9 @@ TEST_F(WatchOnAClock, isWokenByAChangeOfTheFiles)
     ClockedWatch watch(person, notifier);
     watch.round();
     person.has(stateIn(WorkflowState::idle));
-    EXPECT_TRUE(isReadable(watch.waiting()));
+    EXPECT_TRUE(isReady(watch.waiting()));
     watch.round();
-    EXPECT_FALSE(isReadable(watch.waiting()));
+    EXPECT_FALSE(isReady(watch.waiting()));
 }
 
 TEST_F(WatchOnAClock, ignoresChangesForAQuarterOfASecondAfterEachRead)
@@ -128,10 +120,10 @@ TEST_F(WatchOnAClock, ignoresChangesForAQuarterOfASecondAfterEachRead)
     person.has(stateIn(WorkflowState::idle));
     watch.round();
     person.has(stateIn(WorkflowState::complete));
-    EXPECT_FALSE(isReadable(watch.waiting()));
+    EXPECT_FALSE(isReady(watch.waiting()));
     EXPECT_EQ(watch.waiting().until - watch.moment(), milliseconds(250));
     person.now = person.now + 0.25;
-    EXPECT_TRUE(isReadable(watch.waiting()));
+    EXPECT_TRUE(isReady(watch.waiting()));
 }
 
 TEST_F(WatchOnAClock, printsAnObjectForEachEventToPrograms)
