@@ -3,7 +3,7 @@
 
 #include "generated_state.hpp"
 
-#include <quillmere/records/bytes.hpp>
+#include <quillmere/records/base/bytes.hpp>
 #include <quillmere/records/json/json_decoder.hpp>
 #include <quillmere/store/state_store.hpp>
 

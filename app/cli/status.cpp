@@ -5,7 +5,8 @@
 #include "base/text/local_time.hpp"
 #include "base/text/sanitize.hpp"
 #include "work/countdown.hpp"
-#include "work/possible_steps.hpp"
+
+#include <quillmere/engine/transition.hpp>
 
 #include <ostream>
 
@@ -39,7 +40,7 @@ std::vector<std::string_view> nextCommands(const QuillmereState& state)
 {
     std::vector<std::string_view> commands;
     for (const Suggestion& suggestion : suggestions) {
-        if (work::isPossible(suggestion.step, state)) {
+        if (isPossible(suggestion.step, state)) {
             commands.push_back(suggestion.command);
         }
     }

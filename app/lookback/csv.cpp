@@ -3,7 +3,7 @@
 #include "lookback/export_text.hpp"
 #include "lookback/words.hpp"
 
-#include <quillmere/records/checked_arithmetic.hpp>
+#include <quillmere/records/base/checked_arithmetic.hpp>
 
 #include <algorithm>
 #include <array>

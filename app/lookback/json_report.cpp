@@ -3,7 +3,7 @@
 #include "lookback/words.hpp"
 
 #include <nlohmann/json.hpp>
-#include <quillmere/records/checked_arithmetic.hpp>
+#include <quillmere/records/base/checked_arithmetic.hpp>
 
 namespace quillmere::lookback {
 namespace {

@@ -3,7 +3,7 @@
 #include "base/text/columns.hpp"
 #include "base/text/sanitize.hpp"
 
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 #include <quillmere/records/json/utf8.hpp>
 
 #include <algorithm>

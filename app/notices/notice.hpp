@@ -16,7 +16,7 @@ NoticeSubject subjectOf(StandingEvent::Kind kind);
 
 struct Notice {
     std::string heading;  ///< one line
-    std::string body;     ///< lines of inert text, no markup; may be empty
+    std::string body;     ///< lines of sanitized text, no markup; may be empty
     bool mayExtendBreak;  ///< whether that is offered beside opening the screen
 
     friend bool operator==(const Notice&, const Notice&) = default;

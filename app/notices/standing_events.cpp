@@ -3,7 +3,7 @@
 #include "workspace/catching_up.hpp"
 
 #include <quillmere/engine/timer_snapshot.hpp>
-#include <quillmere/records/checked_arithmetic.hpp>
+#include <quillmere/records/base/checked_arithmetic.hpp>
 #include <quillmere/widget/widget_snapshot.hpp>
 
 namespace quillmere::notices {

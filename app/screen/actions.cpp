@@ -1,8 +1,8 @@
 #include "screen/actions.hpp"
 
 #include "work/break_extension.hpp"
-#include "work/possible_steps.hpp"
 
+#include <quillmere/engine/transition.hpp>
 #include <quillmere/engine/workflow_engine.hpp>
 
 namespace quillmere::screen {
@@ -80,7 +80,7 @@ std::vector<const Action*> actionsFor(const workspace::Situation& situation)
 {
     std::vector<const Action*> possible;
     for (const Action& action : actions) {
-        if (work::isPossible(action.step, situation.state) && action.fits(situation)) {
+        if (isPossible(action.step, situation.state) && action.fits(situation)) {
             possible.push_back(&action);
         }
     }

@@ -53,7 +53,7 @@ struct Cell {
 /// What the terminal can show.
 enum class Charset { unicode, ascii };
 
-/// A grid of cells. Texts of persons and agents may be written as they are: they become inert here, and what
+/// A grid of cells. Texts of persons and agents may be written as they are: they are sanitized here, and what
 /// the terminal cannot show is replaced.
 class Canvas {
 public:

@@ -12,7 +12,7 @@ std::size_t afterCharacter(std::string_view text, std::size_t offset);
 /// Where the character that ends at `offset` begins; 0 at the beginning.
 std::size_t beforeCharacter(std::string_view text, std::size_t offset);
 
-/// The columns that a piece of a text takes once it is inert.
+/// The columns that a piece of a text takes once it is sanitized.
 std::size_t shownColumns(std::string_view text);
 
 }  // namespace quillmere::screen

@@ -4,7 +4,7 @@
 #include "screen/layout.hpp"
 
 #include <nlohmann/json.hpp>
-#include <quillmere/records/fatal_error.hpp>
+#include <quillmere/records/base/fatal_error.hpp>
 
 #include <algorithm>
 

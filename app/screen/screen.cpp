@@ -4,9 +4,9 @@
 #include "screen/forms/forms.hpp"
 #include "screen/layout.hpp"
 #include "work/event_text.hpp"
-#include "work/possible_steps.hpp"
 
 #include <quillmere/engine/timer_snapshot.hpp>
+#include <quillmere/engine/transition.hpp>
 
 #include <algorithm>
 
@@ -128,7 +128,7 @@ void Screen::followState()
         }
         sideForm_.reset();
     }
-    if (toConfirm_ && !work::isPossible(toConfirm_->step, state())) {
+    if (toConfirm_ && !isPossible(toConfirm_->step, state())) {
         toConfirm_ = nullptr;
     }
 }
@@ -204,7 +204,7 @@ void Screen::pressOnWork(const Key& key)
     } else if (key.kind == Key::Kind::character) {
         if (const Action* const action = actionOn(key.text.front(), situation())) {
             // What the engine refuses anyway is not asked about.
-            const bool isAsked = !action->question.empty() && work::isPossible(action->step, state());
+            const bool isAsked = !action->question.empty() && isPossible(action->step, state());
             toConfirm_ = isAsked ? action : nullptr;
             if (!isAsked) {
                 perform(*action);

@@ -1,7 +1,7 @@
 #include "work/countdown.hpp"
 
 #include <quillmere/engine/timer_snapshot.hpp>
-#include <quillmere/records/checked_arithmetic.hpp>
+#include <quillmere/records/base/checked_arithmetic.hpp>
 
 namespace quillmere::work {
 

@@ -1,7 +1,7 @@
 #include "workspace/catching_up.hpp"
 
 #include <quillmere/engine/workflow_engine.hpp>
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-// The opening and closing of a block.
+// Planning, starting and finishing a block.
 #include <quillmere/engine/steps.hpp>
 #include <quillmere/engine/workflow_engine.hpp>
 
@@ -7,7 +7,7 @@
 
 namespace quillmere {
 
-// What operations store, they move in after the last step that can fail.
+// Operations move their arguments into the state after the last step that can fail.
 static_assert(std::is_nothrow_move_assignable_v<std::optional<Block>>);
 static_assert(std::is_nothrow_move_assignable_v<std::optional<BlockReview>>);
 static_assert(std::is_nothrow_move_constructible_v<Block>);
@@ -15,7 +15,6 @@ static_assert(std::is_nothrow_move_constructible_v<Block>);
 void WorkflowEngine::beginBlockPlanning(QuillmereState& state, Instant now) const
 {
     require(state, Step::beginBlockPlanning);
-    require(!state.currentBlock);
     finish(state, Step::beginBlockPlanning, now);
 }
 
@@ -31,8 +30,7 @@ void WorkflowEngine::startBlock(QuillmereState& state, Block block, Instant now)
 void WorkflowEngine::completeBlockReview(QuillmereState& state, BlockReview review, Instant now) const
 {
     require(state, Step::completeBlockReview);
-    require(state.currentBlock.has_value());
-    // Room is made before the block leaves its place, so a failure here loses nothing.
+    // insert allocates before it moves the block, so a failure here loses nothing.
     state.blockHistory.insert(state.blockHistory.begin(), std::move(*state.currentBlock));
     Block& finished = state.blockHistory.front();
     finished.reflection = std::move(review);

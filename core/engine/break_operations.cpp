@@ -1,4 +1,4 @@
-// Breaks, and the timer that ends what runs.
+// Breaks, and the evaluation of the timer.
 #include <quillmere/engine/steps.hpp>
 #include <quillmere/engine/workflow_engine.hpp>
 
@@ -27,14 +27,14 @@ void WorkflowEngine::skipBreak(QuillmereState& state, Instant now) const { endBr
 TimerTransition WorkflowEngine::evaluateTimer(QuillmereState& state, Instant now) const
 {
     const std::optional<TimerSnapshot> timer = TimerSnapshot::derive(state, now);
-    if (!timer || timer->remainingSeconds >= 1) {
+    if (!timer || !timer->hasRunOut()) {
         return TimerTransition::noChange;
     }
     switch (timer->kind) {
         case TimerKind::focus: endFocus(state, now); return TimerTransition::focusEnded;
         case TimerKind::breakTime: break;
     }
-    if (state.breakEndNotifiedAt) {
+    if (!isPossible(Step::announceBreakEnd, state)) {
         return TimerTransition::noChange;
     }
     state.breakEndNotifiedAt = now;

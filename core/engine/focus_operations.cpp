@@ -1,4 +1,4 @@
-// Focus sessions: planned, timed, reviewed.
+// Focus sessions: started, paused, resumed, ended, reviewed.
 #include <quillmere/engine/steps.hpp>
 #include <quillmere/engine/workflow_engine.hpp>
 
@@ -12,8 +12,6 @@ static_assert(std::is_nothrow_move_assignable_v<std::optional<SessionPlan>>);
 static_assert(std::is_nothrow_move_assignable_v<std::optional<SessionReview>>);
 static_assert(std::is_nothrow_move_constructible_v<WorkSession>);
 
-bool cyclesRemain(const Block& block) { return std::ssize(block.sessions) < block.cycleCount; }
-
 void requireRatings(const SessionPlan& plan)
 {
     const auto inRange = [](std::int64_t rating) { return rating >= 1 && rating <= 5; };
@@ -22,15 +20,11 @@ void requireRatings(const SessionPlan& plan)
     }
 }
 
-/// The session that the operation is about; throws `invalidTransition` when there is none.
-WorkSession& requireCurrentSession(QuillmereState& state)
-{
-    require(state.currentSession() != nullptr);
-    return state.currentBlock->sessions.back();
-}
+/// The session that the operation is about, which the guard of its step has found.
+WorkSession& currentSession(QuillmereState& state) { return state.currentBlock->sessions.back(); }
 
-/// Adds a running pause to the completed ones. One that would be negative, because the clock was set
-/// back, or is not a number counts as none.
+/// Adds the running pause to the completed ones. A pause of negative length, which a clock that was set back
+/// makes, counts as none, and so does a length that is not a number.
 void closePause(WorkSession& session, Instant now) noexcept
 {
     const double pausedSeconds = now - *session.pausedAt;
@@ -43,9 +37,6 @@ void closePause(WorkSession& session, Instant now) noexcept
 void WorkflowEngine::startFocus(QuillmereState& state, std::optional<SessionPlan> plan, Instant now) const
 {
     require(state, Step::startFocus);
-    require(state.currentBlock.has_value());
-    Block& block = *state.currentBlock;
-    require(cyclesRemain(block));
     if (!plan) {
         plan = state.plannedNextSession;
     }
@@ -54,6 +45,7 @@ void WorkflowEngine::startFocus(QuillmereState& state, std::optional<SessionPlan
     }
     requireRatings(*plan);
 
+    Block& block = *state.currentBlock;
     block.sessions.push_back({
         .id = Identifier::random(),
         .number = std::ssize(block.sessions) + 1,
@@ -72,25 +64,21 @@ void WorkflowEngine::startFocus(QuillmereState& state, std::optional<SessionPlan
 void WorkflowEngine::pauseFocus(QuillmereState& state, Instant now) const
 {
     require(state, Step::pauseFocus);
-    WorkSession& session = requireCurrentSession(state);
-    require(!session.pausedAt);
-    session.pausedAt = now;
+    currentSession(state).pausedAt = now;
     finish(state, Step::pauseFocus, now);
 }
 
 void WorkflowEngine::resumeFocus(QuillmereState& state, Instant now) const
 {
     require(state, Step::resumeFocus);
-    WorkSession& session = requireCurrentSession(state);
-    require(session.pausedAt.has_value());
-    closePause(session, now);
+    closePause(currentSession(state), now);
     finish(state, Step::resumeFocus, now);
 }
 
 void WorkflowEngine::endFocus(QuillmereState& state, Instant now) const
 {
     require(state, Step::endFocus);
-    WorkSession& session = requireCurrentSession(state);
+    WorkSession& session = currentSession(state);
     if (session.pausedAt) {
         closePause(session, now);
     }
@@ -101,28 +89,27 @@ void WorkflowEngine::endFocus(QuillmereState& state, Instant now) const
 void WorkflowEngine::saveReviewAndStartBreak(QuillmereState& state, SessionReview review,
                                              std::optional<SessionPlan> nextPlan, Instant now) const
 {
-    require(state, Step::saveReviewAndStartBreak);
-    WorkSession& session = requireCurrentSession(state);
-    const bool moreCycles = cyclesRemain(*state.currentBlock);
-    if (moreCycles && !nextPlan) {
+    const bool isLast = isPossible(Step::saveLastReview, state);
+    const Step step = isLast ? Step::saveLastReview : Step::saveReviewAndStartBreak;
+    require(state, step);
+    if (!isLast && !nextPlan) {
         throw WorkflowError(WorkflowError::nextSessionPlanRequired);
     }
     if (nextPlan) {
         requireRatings(*nextPlan);
     }
 
-    session.review = std::move(review);
+    currentSession(state).review = std::move(review);
     state.breakExtensionSeconds = 0;
     state.breakEndNotifiedAt.reset();
-    if (moreCycles) {
-        state.plannedNextSession = std::move(nextPlan);
-        state.breakStartedAt = now;
-        finish(state, Step::saveReviewAndStartBreak, now);
-    } else {
+    if (isLast) {
         state.plannedNextSession.reset();
         state.breakStartedAt.reset();
-        finish(state, Step::saveLastReview, now);
+    } else {
+        state.plannedNextSession = std::move(nextPlan);
+        state.breakStartedAt = now;
     }
+    finish(state, step, now);
 }
 
 }  // namespace quillmere

@@ -1,15 +1,10 @@
-// Blocks that wait for their time.
+// Blocks that wait for a planned start.
 #include <quillmere/engine/steps.hpp>
 #include <quillmere/engine/workflow_engine.hpp>
 
 #include <utility>
 
 namespace quillmere {
-namespace {
-
-bool hasPlannedStart(const std::optional<Block>& block) { return block && block->plannedStart; }
-
-}  // namespace
 
 void WorkflowEngine::scheduleBlock(QuillmereState& state, Block block, Instant now) const
 {
@@ -23,14 +18,12 @@ void WorkflowEngine::scheduleBlock(QuillmereState& state, Block block, Instant n
 void WorkflowEngine::editScheduledBlock(QuillmereState& state, Instant now) const
 {
     require(state, Step::editScheduledBlock);
-    require(hasPlannedStart(state.currentBlock));
     finish(state, Step::editScheduledBlock, now);
 }
 
 void WorkflowEngine::cancelScheduledBlock(QuillmereState& state, Instant now) const
 {
     require(state, Step::cancelScheduledBlock);
-    require(hasPlannedStart(state.currentBlock));
     state.currentBlock.reset();
     state.plannedNextSession.reset();
     finish(state, Step::cancelScheduledBlock, now);
@@ -39,7 +32,6 @@ void WorkflowEngine::cancelScheduledBlock(QuillmereState& state, Instant now) co
 void WorkflowEngine::startScheduledBlockNow(QuillmereState& state, Instant now) const
 {
     require(state, Step::startScheduledBlockNow);
-    require(hasPlannedStart(state.currentBlock));
     state.currentBlock->plannedStart.reset();
     state.currentBlock->scheduledStartTriggeredAt = now;
     state.plannedNextSession.reset();
@@ -48,16 +40,10 @@ void WorkflowEngine::startScheduledBlockNow(QuillmereState& state, Instant now) 
 
 bool WorkflowEngine::evaluateSchedule(QuillmereState& state, Instant now) const
 {
-    const bool waits = state.workflowState == transition(Step::evaluateSchedule).accepts &&
-                       hasPlannedStart(state.currentBlock);
-    if (!waits) {
+    if (!isPossible(Step::evaluateSchedule, state) || !(*state.currentBlock->plannedStart <= now)) {
         return false;
     }
-    Block& block = *state.currentBlock;
-    if (!(*block.plannedStart <= now) || block.scheduledStartTriggeredAt) {
-        return false;
-    }
-    block.scheduledStartTriggeredAt = now;
+    state.currentBlock->scheduledStartTriggeredAt = now;
     finish(state, Step::evaluateSchedule, now);
     return true;
 }

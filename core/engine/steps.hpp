@@ -1,4 +1,4 @@
-// The frame of every operation.
+// How every operation of the engine begins and ends.
 #pragma once
 
 #include <quillmere/engine/transition.hpp>
@@ -6,15 +6,6 @@
 #include <quillmere/records/quillmere_state.hpp>
 
 namespace quillmere {
-
-/// Opens an operation: throws `invalidTransition` unless the step may be taken from here.
-inline void require(const QuillmereState& state, Step step)
-{
-    const auto accepted = transition(step).accepts;
-    if (accepted && state.workflowState != *accepted) {
-        throw WorkflowError(WorkflowError::invalidTransition);
-    }
-}
 
 /// Throws `invalidTransition` unless `condition` holds.
 inline void require(bool condition)
@@ -24,15 +15,18 @@ inline void require(bool condition)
     }
 }
 
-/// Ends an operation: the only place that moves the workflow, and the last write of every success.
+/// Begins an operation: throws `invalidTransition` unless the step is possible.
+inline void require(const QuillmereState& state, Step step) { require(isPossible(step, state)); }
+
+/// Ends an operation that succeeds: its last write, and the only place that sets the workflow state.
 inline void finish(QuillmereState& state, Step step, Instant now) noexcept
 {
     state.workflowState = transition(step).result.value_or(state.workflowState);
     state.updatedAt = now;
 }
 
-/// Throws `invalidDuration` unless the block can be worked through. A duration that is not a number
-/// fails.
+/// Throws `invalidDuration` unless both durations and the cycle count are above zero. A duration that is
+/// not a number fails.
 inline void requireWorkable(const Block& block)
 {
     const bool workable =

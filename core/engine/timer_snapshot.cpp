@@ -1,5 +1,5 @@
 #include <quillmere/engine/timer_snapshot.hpp>
-#include <quillmere/records/checked_arithmetic.hpp>
+#include <quillmere/records/base/checked_arithmetic.hpp>
 
 #include <algorithm>
 
@@ -31,27 +31,31 @@ std::optional<TimerSnapshot> breakTimer(const QuillmereState& state, Instant at)
     return snapshot(TimerKind::breakTime, total, elapsed, false);
 }
 
-std::optional<TimerSnapshot> focusTimer(const QuillmereState& state, Instant at)
+TimerSnapshot focusTimer(const WorkSession& session, Instant at)
 {
-    const WorkSession* session = state.currentSession();
-    if (!session) {
-        return std::nullopt;
-    }
-    // A paused timer stands still where it was paused.
-    const Instant reference = session->pausedAt.value_or(at);
-    const std::int64_t active = checkedDifference(wholeSeconds(reference - session->startedAt),
-                                                  wholeSeconds(session->accumulatedPausedSeconds));
-    return snapshot(TimerKind::focus, wholeSeconds(session->plannedDurationSeconds), active,
-                    session->pausedAt.has_value());
+    // The timer of a paused session stands still at the instant of the pause.
+    const Instant reference = session.pausedAt.value_or(at);
+    const std::int64_t active = checkedDifference(wholeSeconds(reference - session.startedAt),
+                                                  wholeSeconds(session.accumulatedPausedSeconds));
+    return snapshot(TimerKind::focus, wholeSeconds(session.plannedDurationSeconds), active,
+                    session.pausedAt.has_value());
 }
 
 }  // namespace
+
+bool timeRanOut(const WorkSession& session)
+{
+    return session.endedAt && focusTimer(session, *session.endedAt).hasRunOut();
+}
 
 std::optional<TimerSnapshot> TimerSnapshot::derive(const QuillmereState& from, Instant at)
 {
     switch (from.workflowState) {
         case WorkflowState::breaking: return breakTimer(from, at);
-        case WorkflowState::focusing: return focusTimer(from, at);
+        case WorkflowState::focusing: {
+            const WorkSession* session = from.currentSession();
+            return session ? std::optional(focusTimer(*session, at)) : std::nullopt;
+        }
         case WorkflowState::idle:
         case WorkflowState::blockPlanning:
         case WorkflowState::sessionPlanning:

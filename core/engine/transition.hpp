@@ -1,9 +1,10 @@
-// The map of the workflow. The engine runs on this table: an operation opens by requiring its row and
-// ends by finishing with it, and nothing else moves the workflow.
+// The map of the workflow as one table. Every operation of the engine starts by requiring that its row is
+// possible and ends by setting its row's result; nothing else changes the workflow state.
 #pragma once
 
-#include <quillmere/records/enumeration.hpp>
-#include <quillmere/records/workflow_state.hpp>
+#include <quillmere/engine/guard.hpp>
+#include <quillmere/records/base/enumeration.hpp>
+#include <quillmere/records/quillmere_state.hpp>
 
 #include <array>
 #include <optional>
@@ -11,7 +12,7 @@
 
 namespace quillmere {
 
-/// One arrow of the map. An operation with two results has two.
+/// One step of the workflow: a row of the table. An operation with two results has two steps.
 enum class Step {
     beginBlockPlanning,
     startBlock,
@@ -36,10 +37,11 @@ enum class Step {
 
 struct Transition {
     Step value;
-    std::string_view operation;            ///< the operation of WorkflowEngine
+    std::string_view operation;            ///< the operation of WorkflowEngine that takes the step
     std::optional<WorkflowState> accepts;  ///< absent: any state
-    std::optional<WorkflowState> result;   ///< absent: the state it was in
-    std::string_view condition;            ///< what else must hold; empty for nothing
+    Guard guard;                           ///< what else must hold in the state
+    std::optional<WorkflowState> result;   ///< absent: the state stays the same
+    std::string_view arguments;            ///< what the operation asks of its arguments; empty for nothing
 };
 
 namespace transition_table {
@@ -50,26 +52,26 @@ inline constexpr std::nullopt_t same = std::nullopt;
 
 // clang-format off
 inline constexpr auto rows = std::to_array<Transition>({
-    // step                         operation                  accepts          result           condition
-    {Step::beginBlockPlanning,      "beginBlockPlanning",      idle,            blockPlanning,   "no block waits"},
-    {Step::startBlock,              "startBlock",              blockPlanning,   sessionPlanning, "durations and cycle count above zero"},
-    {Step::scheduleBlock,           "scheduleBlock",           blockPlanning,   idle,            "a planned start; durations and cycle count above zero"},
-    {Step::editScheduledBlock,      "editScheduledBlock",      idle,            blockPlanning,   "a scheduled block waits"},
-    {Step::cancelScheduledBlock,    "cancelScheduledBlock",    idle,            idle,            "a scheduled block waits"},
-    {Step::startScheduledBlockNow,  "startScheduledBlockNow",  idle,            sessionPlanning, "a scheduled block waits"},
-    {Step::evaluateSchedule,        "evaluateSchedule",        idle,            sessionPlanning, "the planned start has come"},
-    {Step::startFocus,              "startFocus",              sessionPlanning, focusing,        "cycles remain; a plan with ratings 1 to 5"},
-    {Step::pauseFocus,              "pauseFocus",              focusing,        focusing,        "not paused"},
-    {Step::resumeFocus,             "resumeFocus",             focusing,        focusing,        "paused"},
-    {Step::endFocus,                "endFocus",                focusing,        sessionReview,   ""},
-    {Step::saveReviewAndStartBreak, "saveReviewAndStartBreak", sessionReview,   breaking,        "cycles remain; a next plan with ratings 1 to 5"},
-    {Step::saveLastReview,          "saveReviewAndStartBreak", sessionReview,   blockReview,     "after the last cycle"},
-    {Step::announceBreakEnd,        "evaluateTimer",           breaking,        breaking,        "the break time is used up, not announced yet"},
-    {Step::extendBreak,             "extendBreak",             breaking,        breaking,        "by more than zero"},
-    {Step::endBreak,                "endBreak",                breaking,        sessionPlanning, ""},
-    {Step::completeBlockReview,     "completeBlockReview",     blockReview,     idle,            ""},
-    {Step::addQuestion,             "addQuestion",             any,             same,            ""},
-    {Step::answerQuestion,          "answerQuestion",          any,             same,            "the question exists"},
+    // step                         operation                  accepts          guard                         result           arguments
+    {Step::beginBlockPlanning,      "beginBlockPlanning",      idle,            guards::noBlock,              blockPlanning,   ""},
+    {Step::startBlock,              "startBlock",              blockPlanning,   guards::none,                 sessionPlanning, "durations and a cycle count above zero"},
+    {Step::scheduleBlock,           "scheduleBlock",           blockPlanning,   guards::none,                 idle,            "a planned start; durations and a cycle count above zero"},
+    {Step::editScheduledBlock,      "editScheduledBlock",      idle,            guards::scheduledBlock,       blockPlanning,   ""},
+    {Step::cancelScheduledBlock,    "cancelScheduledBlock",    idle,            guards::scheduledBlock,       idle,            ""},
+    {Step::startScheduledBlockNow,  "startScheduledBlockNow",  idle,            guards::scheduledBlock,       sessionPlanning, ""},
+    {Step::evaluateSchedule,        "evaluateSchedule",        idle,            guards::untriggeredBlock,     sessionPlanning, "`now` at the planned start or later"},
+    {Step::startFocus,              "startFocus",              sessionPlanning, guards::cyclesLeft,           focusing,        "a plan, given or saved, with ratings 1 to 5"},
+    {Step::pauseFocus,              "pauseFocus",              focusing,        guards::runningSession,       focusing,        ""},
+    {Step::resumeFocus,             "resumeFocus",             focusing,        guards::pausedSession,        focusing,        ""},
+    {Step::endFocus,                "endFocus",                focusing,        guards::session,              sessionReview,   ""},
+    {Step::saveReviewAndStartBreak, "saveReviewAndStartBreak", sessionReview,   guards::sessionAndCyclesLeft, breaking,        "a next plan with ratings 1 to 5"},
+    {Step::saveLastReview,          "saveReviewAndStartBreak", sessionReview,   guards::sessionOfLastCycle,   blockReview,     "ratings 1 to 5 if a next plan is given"},
+    {Step::announceBreakEnd,        "evaluateTimer",           breaking,        guards::unannouncedBreak,     breaking,        "`now` at the end of the break or later"},
+    {Step::extendBreak,             "extendBreak",             breaking,        guards::none,                 breaking,        "seconds above zero"},
+    {Step::endBreak,                "endBreak",                breaking,        guards::none,                 sessionPlanning, ""},
+    {Step::completeBlockReview,     "completeBlockReview",     blockReview,     guards::block,                idle,            ""},
+    {Step::addQuestion,             "addQuestion",             any,             guards::none,                 same,            ""},
+    {Step::answerQuestion,          "answerQuestion",          any,             guards::question,             same,            "the identifier of a question"},
 });
 // clang-format on
 
@@ -78,5 +80,14 @@ inline constexpr auto rows = std::to_array<Transition>({
 static_assert(inCaseOrder(transition_table::rows));
 
 constexpr const Transition& transition(Step step) { return rowOf(transition_table::rows, step); }
+
+/// Whether the step can be taken in this state: its workflow state is accepted and its guard holds. Its
+/// operation then succeeds, given arguments and a `now` that it accepts; otherwise it refuses or, for an
+/// evaluation, does nothing.
+constexpr bool isPossible(Step step, const QuillmereState& state)
+{
+    const Transition& row = transition(step);
+    return row.accepts.value_or(state.workflowState) == state.workflowState && row.guard.holds(state);
+}
 
 }  // namespace quillmere

@@ -1,5 +1,5 @@
 #include <quillmere/engine/workflow_error.hpp>
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 
 namespace quillmere {
 namespace {

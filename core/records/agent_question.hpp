@@ -1,4 +1,4 @@
-// A question raised for the person by an outside agent.
+// A question that an outside agent asks the person.
 #pragma once
 
 #include <quillmere/records/identifier.hpp>
@@ -14,7 +14,10 @@ struct AgentQuestion {
     std::string question;
     Instant createdAt;
     std::optional<std::string> answer;
-    std::optional<Instant> answeredAt;  ///< the question is open exactly while this is absent
+    std::optional<Instant> answeredAt;
+
+    /// Whether the question waits for its answer: it has no `answeredAt`.
+    bool isOpen() const { return !answeredAt; }
 
     friend bool operator==(const AgentQuestion&, const AgentQuestion&) = default;
 };

@@ -1,5 +1,8 @@
 #include <quillmere/records/block.hpp>
 
+#include <algorithm>
+#include <iterator>
+
 namespace quillmere {
 
 Block Block::default_(Instant now)
@@ -31,5 +34,18 @@ Instant Block::plannedEnd() const
     const double cycleSeconds = focusDurationSeconds + breakDurationSeconds;
     return plannedStart.value_or(createdAt) + cycleSeconds * static_cast<double>(cycleCount);
 }
+
+const Outcome* Block::outcomeServed(const SessionPlan& plan) const
+{
+    if (!plan.blockOutcomeID) {
+        return nullptr;
+    }
+    const auto found = std::find_if(outcomes.begin(), outcomes.end(), [&](const Outcome& outcome) {
+        return outcome.id == *plan.blockOutcomeID;
+    });
+    return found == outcomes.end() ? nullptr : &*found;
+}
+
+bool Block::hasCyclesLeft() const { return std::ssize(sessions) < cycleCount; }
 
 }  // namespace quillmere

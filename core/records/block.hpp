@@ -1,4 +1,4 @@
-// A planned unit of work, made of focus sessions with breaks between them.
+// A planned unit of work: focus sessions with breaks between them.
 #pragma once
 
 #include <quillmere/records/block_review.hpp>
@@ -27,18 +27,25 @@ struct Block {
     std::string hazards;
     std::string measurableCheck;
     std::string contextNotes;
-    std::vector<WorkSession> sessions;  ///< in order of starting; the last is the current one
+    std::vector<WorkSession> sessions;  ///< in order of start; the last is the current one
     std::optional<BlockReview> reflection;
     std::optional<Instant> completedAt;
-    std::optional<Instant> scheduledStartTriggeredAt;  ///< when the schedule, or an early start, began it
+    std::optional<Instant> scheduledStartTriggeredAt;  ///< when it began, by its schedule or earlier
 
-    /// A block to start planning from: 8 sessions of 25 minutes with breaks of 5, one untitled
-    /// outcome. Draws the block's identifier first, then the outcome's.
+    /// A block to start planning with: 8 sessions of 25 minutes, breaks of 5 minutes and one outcome without
+    /// a title. The identifiers are random.
     static Block default_(Instant now);
 
-    /// The planned start, or the creation when there is none, plus focus and break once a cycle. A
-    /// break is counted after the last session too; what really ran is not looked at.
+    /// The planned start, or the creation when there is none, plus one focus session and one break for each
+    /// cycle, the last one included. The sessions that were started do not matter.
     Instant plannedEnd() const;
+
+    /// Whether fewer sessions have been started than are planned.
+    bool hasCyclesLeft() const;
+
+    /// The outcome that a plan works towards: the first with the identifier that the plan names. Null when
+    /// the plan names none, or none of this block.
+    const Outcome* outcomeServed(const SessionPlan& plan) const;
 
     friend bool operator==(const Block&, const Block&) = default;
 };

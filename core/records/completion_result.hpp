@@ -1,13 +1,13 @@
-// Whether a focus session reached what it was meant to.
+// Whether a focus session achieved its intended outcome.
 #pragma once
 
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 
 namespace quillmere {
 
 enum class CompletionResult { yes, half, no };
 
-/// The stored texts are capitalised, unlike those of the other enumerations.
+/// These texts are capitalised, unlike those of the other enumerations.
 template <>
 struct EnumerationTable<CompletionResult> {
     static constexpr auto rows = std::to_array<RawText<CompletionResult>>({

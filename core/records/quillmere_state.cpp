@@ -30,7 +30,7 @@ std::vector<AgentQuestion> QuillmereState::openQuestions() const
 {
     std::vector<AgentQuestion> open;
     std::copy_if(agentQuestions.begin(), agentQuestions.end(), std::back_inserter(open),
-                 [](const AgentQuestion& question) { return !question.answeredAt; });
+                 [](const AgentQuestion& question) { return question.isOpen(); });
     return open;
 }
 

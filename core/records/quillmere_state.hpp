@@ -1,4 +1,4 @@
-// The root of all that is kept: one value holds the person's whole situation.
+// The whole state of a person's work in one value.
 #pragma once
 
 #include <quillmere/records/agent_question.hpp>
@@ -11,8 +11,8 @@
 
 namespace quillmere {
 
-/// Changed by the operations of WorkflowEngine only; the records refer to each other by identifier
-/// and share nothing, so a copy is a snapshot.
+/// Only the operations of WorkflowEngine change it. The records refer to each other by identifier and share
+/// no memory, so a copy is independent.
 struct QuillmereState {
     Identifier id;
     WorkflowState workflowState;
@@ -22,20 +22,20 @@ struct QuillmereState {
     std::optional<Instant> breakStartedAt;          ///< of the running break
     double breakExtensionSeconds;                   ///< on top of the block's break duration
     std::optional<Instant> breakEndNotifiedAt;      ///< when the end of the break was announced
-    std::vector<AgentQuestion> agentQuestions;      ///< in order of asking, answered ones included
+    std::vector<AgentQuestion> agentQuestions;      ///< all of them, in the order in which they were asked
     Instant updatedAt;                              ///< of the last change
 
-    /// Idle, with nothing planned and nothing done, and a new random identifier.
+    /// An idle state without a block, with a new random identifier.
     static QuillmereState initial(Instant updatedAt);
 
-    /// The last session of the current block, ended or not; null when there is none. Valid until the
-    /// state changes.
+    /// The last session of the current block, ended or not; null when there is none. The pointer is valid
+    /// until the state changes.
     const WorkSession* currentSession() const;
 
-    /// The questions without an `answeredAt`, in their stored order.
+    /// The open questions, in their stored order.
     std::vector<AgentQuestion> openQuestions() const;
 
-    /// Whether the person may be interrupted: always, but for a focus session that is not paused.
+    /// Whether the person may be interrupted: always, except during a focus session that is not paused.
     bool interruptible() const;
 
     friend bool operator==(const QuillmereState&, const QuillmereState&) = default;

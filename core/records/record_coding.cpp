@@ -1,8 +1,11 @@
-// The JSON forms of the workflow records and their enumerations.
-#include <quillmere/records/json/instantiate.hpp>
-#include <quillmere/records/json/record_tables.hpp>
+// Compiles the JSON coding of the records of the state and of their enumerations.
+#include <quillmere/records/json/record_parts.hpp>
 
 namespace quillmere {
+
+namespace json {
+QUILLMERE_ALL_RECORD_PARTS();
+}  // namespace json
 
 QUILLMERE_INSTANTIATE_CODING(WorkflowState);
 QUILLMERE_INSTANTIATE_CODING(CompletionResult);

@@ -1,42 +1,8 @@
-// The JSON form of the agent's summary.
-#include <quillmere/records/json/instantiate.hpp>
-#include <quillmere/records/json/record_tables.hpp>
-#include <quillmere/store/agent_snapshot.hpp>
+// Compiles the JSON coding of the agent's summary.
+#include <quillmere/records/json/record_parts.hpp>
+#include <quillmere/store/agent_tables.hpp>
 
 namespace quillmere {
-namespace json {
-
-// clang-format off
-
-template <>
-struct Table<AgentTaskSnapshot> {
-    using Fields = std::tuple<
-        Field<"id",          &AgentTaskSnapshot::id>,
-        Field<"title",       &AgentTaskSnapshot::title>,
-        Field<"firstAction", &AgentTaskSnapshot::firstAction>,
-        Field<"status",      &AgentTaskSnapshot::status>>;
-};
-
-template <>
-struct Table<AgentSnapshot> {
-    using Fields = std::tuple<
-        Field<"schemaVersion",    &AgentSnapshot::schemaVersion>,
-        Field<"workflowState",    &AgentSnapshot::workflowState>,
-        Field<"interruptible",    &AgentSnapshot::interruptible>,
-        Field<"block",            &AgentSnapshot::block, NullWhenAbsent>,
-        Field<"outcomes",         &AgentSnapshot::outcomes>,
-        Field<"tasks",            &AgentSnapshot::tasks>,
-        Field<"sessions",         &AgentSnapshot::sessions>,
-        Field<"currentSession",   &AgentSnapshot::currentSession, NullWhenAbsent>,
-        Field<"nextSession",      &AgentSnapshot::nextSession, NullWhenAbsent>,
-        Field<"remainingSeconds", &AgentSnapshot::remainingSeconds, NullWhenAbsent>,
-        Field<"openQuestions",    &AgentSnapshot::openQuestions>,
-        Field<"updatedAt",        &AgentSnapshot::updatedAt>>;
-};
-
-// clang-format on
-
-}  // namespace json
 
 QUILLMERE_INSTANTIATE_CODING(AgentTaskSnapshot);
 QUILLMERE_INSTANTIATE_CODING(AgentSnapshot);

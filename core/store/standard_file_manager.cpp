@@ -19,13 +19,13 @@ std::optional<fs::path> absolutePathFrom(const char* variable)
     return value && fs::path(value).is_absolute() ? std::optional<fs::path>(value) : std::nullopt;
 }
 
-/// Where a platform keeps what applications keep for a user.
+/// The directories of a user in which applications keep their files.
 struct Places {
     fs::path applicationSupport;
-    fs::path containers;  ///< one directory a group
+    fs::path containers;  ///< contains one directory for each group
 };
 
-/// The one place that knows the platforms' own; absent when the environment names no home.
+/// The directories on this platform; absent when the environment names no home.
 std::optional<Places> places()
 {
     const std::optional<fs::path> home = absolutePathFrom("HOME");
@@ -44,14 +44,11 @@ std::optional<Places> places()
     return std::nullopt;
 }
 
-/// The shared directory of a group, made or not. An identifier that is no plain name has none: it would
-/// lead elsewhere.
-std::optional<fs::path> containerPath(const fs::path& groupIdentifier)
+/// Whether an identifier names a file in a directory and leads nowhere else.
+bool isPlainName(const fs::path& identifier)
 {
-    const std::optional<Places> known = places();
-    const bool isPlainName = !groupIdentifier.empty() && groupIdentifier == groupIdentifier.filename() &&
-                             groupIdentifier != "." && groupIdentifier != "..";
-    return known && isPlainName ? std::optional(known->containers / groupIdentifier) : std::nullopt;
+    return !identifier.empty() && identifier == identifier.filename() && identifier != "." &&
+           identifier != "..";
 }
 
 struct stat statusOf(const FileDescriptor& file, const fs::path& path)
@@ -87,7 +84,7 @@ fs::path withoutTrailingDots(fs::path path)
     return path;
 }
 
-/// Creates one directory with the default mode unless there is one; says whether it did.
+/// Creates one directory unless it exists; returns whether it did.
 bool makeDirectory(const fs::path& path, mode_t mode)
 {
     if (::mkdir(path.c_str(), mode) == 0) {
@@ -108,8 +105,8 @@ bool makeDirectory(const fs::path& path, mode_t mode)
     return false;
 }
 
-/// Makes the name of a new directory outlast a power cut. Who may add a name to a directory need not be
-/// allowed to open it, and then nothing can be done.
+/// Syncs the parent of a new directory, so that its name survives a power cut. A process may be allowed to
+/// write to the parent but not to open it (mode -wx); then it cannot sync it.
 void syncName(const fs::path& path)
 {
     try {
@@ -130,6 +127,13 @@ public:
             directories.push_back(std::move(known->applicationSupport));
         }
         return directories;
+    }
+
+    std::optional<fs::path> containerPath(std::string_view groupIdentifier) const override
+    {
+        const std::optional<Places> known = places();
+        const bool hasPath = known && isPlainName(groupIdentifier);
+        return hasPath ? std::optional(known->containers / groupIdentifier) : std::nullopt;
     }
 
     std::optional<fs::path> containerDirectory(std::string_view groupIdentifier) const override
@@ -154,7 +158,7 @@ public:
     bool fileExists(const fs::path& path) const override
     {
         struct stat status;
-        // The name itself is what is asked for: a link that leads nowhere is there, and unreadable.
+        // Not stat(2): a dangling link exists, and reading it is an error.
         if (::lstat(path.c_str(), &status) == 0) {
             return true;
         }
@@ -173,7 +177,8 @@ public:
             errno = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
             throwErrno("read", path);
         }
-        // The size is a hint; the end is where reading ends. One byte more finds it without growing.
+        // The file may grow while it is read, so its size is only a hint. One byte more than the size lets
+        // the last read(2) return 0 without another allocation.
         constexpr std::size_t growth = 4096;
         Bytes bytes;
         bytes.reserve(static_cast<std::size_t>(status.st_size) + 1);
@@ -211,7 +216,7 @@ public:
         if (!makeDirectory(directory, mode.value_or(defaultMode))) {
             return;
         }
-        // mkdir(2) leaves out what the umask leaves out.
+        // mkdir(2) applies the umask to the mode.
         if (mode && uninterrupted([&] { return ::chmod(directory.c_str(), *mode); }) == -1) {
             throwErrno("chmod", directory);
         }

@@ -1,4 +1,4 @@
-#include <quillmere/records/fatal_error.hpp>
+#include <quillmere/records/base/fatal_error.hpp>
 #include <quillmere/store/atomic_write.hpp>
 #include <quillmere/store/state_store.hpp>
 

@@ -1,4 +1,4 @@
-#include <quillmere/records/checked_arithmetic.hpp>
+#include <quillmere/records/base/checked_arithmetic.hpp>
 #include <quillmere/widget/design.hpp>
 
 namespace quillmere::QuillmereDesign {

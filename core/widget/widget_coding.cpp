@@ -1,52 +1,8 @@
-// The JSON form of the widget's summary.
+// Compiles the JSON coding of the widget's summary.
 #include <quillmere/records/json/instantiate.hpp>
-#include <quillmere/widget/widget_snapshot.hpp>
+#include <quillmere/widget/widget_tables.hpp>
 
 namespace quillmere {
-namespace json {
-namespace {
-
-// The two keys that older writers did not have.
-constexpr auto routeOfPhase = [](const WidgetSnapshot& snapshot) {
-    return fromPhase<WidgetRoute>(snapshot.phase);
-};
-constexpr auto noQuestions = [](const WidgetSnapshot&) { return std::vector<std::string>(); };
-
-}  // namespace
-
-// clang-format off
-
-template <>
-struct Table<WidgetCountdown> {
-    using Fields = std::tuple<
-        Field<"endsAt",                 &WidgetCountdown::endsAt>,
-        Field<"startedAt",              &WidgetCountdown::startedAt>,
-        Field<"isPaused",               &WidgetCountdown::isPaused>,
-        Field<"frozenRemainingSeconds", &WidgetCountdown::frozenRemainingSeconds>>;
-};
-
-template <>
-struct Table<WidgetSnapshot> {
-    using Fields = std::tuple<
-        Field<"schemaVersion",        &WidgetSnapshot::schemaVersion>,
-        Field<"phase",                &WidgetSnapshot::phase>,
-        Field<"route",                &WidgetSnapshot::route, MadeWhenMissing<routeOfPhase>>,
-        Field<"intendedOutcome",      &WidgetSnapshot::intendedOutcome>,
-        Field<"firstAction",          &WidgetSnapshot::firstAction>,
-        Field<"sessionsStarted",      &WidgetSnapshot::sessionsStarted>,
-        Field<"sessionsPlanned",      &WidgetSnapshot::sessionsPlanned>,
-        Field<"currentSessionNumber", &WidgetSnapshot::currentSessionNumber>,
-        Field<"countdown",            &WidgetSnapshot::countdown>,
-        Field<"energy",               &WidgetSnapshot::energy>,
-        Field<"morale",               &WidgetSnapshot::morale>,
-        Field<"openQuestionCount",    &WidgetSnapshot::openQuestionCount>,
-        Field<"openQuestions",        &WidgetSnapshot::openQuestions, MadeWhenMissing<noQuestions>>,
-        Field<"updatedAt",            &WidgetSnapshot::updatedAt>>;
-};
-
-// clang-format on
-
-}  // namespace json
 
 QUILLMERE_INSTANTIATE_CODING(WidgetPhase);
 QUILLMERE_INSTANTIATE_CODING(WidgetRoute);

@@ -7,7 +7,7 @@
 namespace quillmere {
 namespace {
 
-/// The plan whose texts are shown: of the session being worked or reviewed, or of the next one.
+/// The plan whose texts are shown: of the session that runs or is reviewed, or of the next one.
 const SessionPlan* displayedPlan(const QuillmereState& state)
 {
     switch (state.workflowState) {
@@ -26,14 +26,7 @@ const SessionPlan* displayedPlan(const QuillmereState& state)
     return nullptr;
 }
 
-/// The title of the first outcome that has one and satisfies `condition`; empty when there is none.
-template <class Condition>
-std::string firstTitle(const std::vector<Outcome>& outcomes, Condition condition)
-{
-    const auto found = std::find_if(outcomes.begin(), outcomes.end(), condition);
-    return found == outcomes.end() ? std::string() : found->title;
-}
-
+/// The line to show: of the plan, of the outcome that the plan serves, or of the first outcome with a title.
 std::string outcomeTitle(const QuillmereState& state, const SessionPlan* plan)
 {
     if (plan && !plan->intendedOutcome.empty()) {
@@ -42,18 +35,17 @@ std::string outcomeTitle(const QuillmereState& state, const SessionPlan* plan)
     if (!state.currentBlock) {
         return {};
     }
-    const std::vector<Outcome>& outcomes = state.currentBlock->outcomes;
-    if (plan && plan->blockOutcomeID) {
-        std::string chosen =
-            firstTitle(outcomes, [&](const Outcome& outcome) { return outcome.id == *plan->blockOutcomeID; });
-        if (!chosen.empty()) {
-            return chosen;
-        }
+    const Outcome* const served = plan ? state.currentBlock->outcomeServed(*plan) : nullptr;
+    if (served && !served->title.empty()) {
+        return served->title;
     }
-    return firstTitle(outcomes, [](const Outcome& outcome) { return !outcome.title.empty(); });
+    const std::vector<Outcome>& outcomes = state.currentBlock->outcomes;
+    const auto titled = std::find_if(outcomes.begin(), outcomes.end(),
+                                     [](const Outcome& outcome) { return !outcome.title.empty(); });
+    return titled == outcomes.end() ? std::string() : titled->title;
 }
 
-/// When the timer began, pauses taken out. There is a timer only where there is what it is counted from.
+/// When the timer began, moved on by the pauses. The state has the timer, so it has its start as well.
 Instant timerStart(const QuillmereState& state, TimerKind kind)
 {
     switch (kind) {
@@ -78,11 +70,11 @@ std::optional<WidgetCountdown> countdown(const QuillmereState& state, Instant no
     };
 }
 
-/// Fills in the questions: all are counted, the first are quoted.
+/// Counts the open questions and copies the texts of the first ones.
 void setOpenQuestions(WidgetSnapshot& snapshot, const std::vector<AgentQuestion>& questions)
 {
     for (const AgentQuestion& question : questions) {
-        if (question.answeredAt) {
+        if (!question.isOpen()) {
             continue;
         }
         if (snapshot.openQuestionCount < WidgetSnapshot::maxOpenQuestions) {

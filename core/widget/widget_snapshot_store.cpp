@@ -19,15 +19,6 @@ std::optional<WidgetSnapshot> read(const std::filesystem::path& path)
 
 }  // namespace
 
-WidgetSnapshotLoadError WidgetSnapshotLoadError::unsupported(std::int64_t found,
-                                                             std::int64_t supported) noexcept
-{
-    WidgetSnapshotLoadError error(unsupportedSchemaVersion);
-    error.found_ = found;
-    error.supported_ = supported;
-    return error;
-}
-
 const char* WidgetSnapshotLoadError::what() const noexcept
 {
     switch (reason_) {
@@ -68,12 +59,12 @@ WidgetSnapshot WidgetSnapshotStore::load() const
     try {
         snapshot = read(snapshotURL_);
     } catch (const std::system_error&) {
-        throw WidgetSnapshotLoadError(WidgetSnapshotLoadError::unreadable);
+        throw WidgetSnapshotLoadError::of<WidgetSnapshotLoadError::unreadable>();
     } catch (const DecodingError&) {
-        throw WidgetSnapshotLoadError(WidgetSnapshotLoadError::unreadable);
+        throw WidgetSnapshotLoadError::of<WidgetSnapshotLoadError::unreadable>();
     }
     if (!snapshot) {
-        throw WidgetSnapshotLoadError(WidgetSnapshotLoadError::notWritten);
+        throw WidgetSnapshotLoadError::of<WidgetSnapshotLoadError::notWritten>();
     }
     if (snapshot->schemaVersion > WidgetSnapshot::currentSchemaVersion) {
         throw WidgetSnapshotLoadError::unsupported(snapshot->schemaVersion,

@@ -1,4 +1,4 @@
-// Where the widget's summary lives: a directory shared by an application and its widget.
+// The file with the widget's summary, in a directory that an application and its widget share.
 #pragma once
 
 #include <quillmere/store/state_store.hpp>
@@ -13,26 +13,36 @@
 
 namespace quillmere {
 
-/// Why a summary could not be loaded. Carries no text for the person: a user interface chooses its own.
+/// Why a summary could not be loaded. It has no text for the person: a user interface words it.
 class WidgetSnapshotLoadError : public std::exception {
 public:
     enum class Case {
-        unsupportedSchemaVersion,  ///< written by a newer program; `found` and `supported` tell
-        containerUnavailable,      ///< for users that got no store from `shared`; no operation throws it
+        unsupportedSchemaVersion,  ///< written by a newer program, see `found` and `supported`
+        containerUnavailable,      ///< for programs that got no store from `shared`; no operation throws it
         notWritten,                ///< there is no file
-        unreadable,                ///< there is one that cannot be read or decoded
+        unreadable,                ///< the file cannot be read or decoded
     };
     using enum Case;
 
-    explicit WidgetSnapshotLoadError(Case reason) noexcept : reason_(reason) {}
+    /// The error of the case `unsupportedSchemaVersion`.
+    static WidgetSnapshotLoadError unsupported(std::int64_t found, std::int64_t supported) noexcept
+    {
+        return {unsupportedSchemaVersion, found, supported};
+    }
 
-    static WidgetSnapshotLoadError unsupported(std::int64_t found, std::int64_t supported) noexcept;
+    /// The error of any other case.
+    template <Case reason>
+    requires(reason != unsupportedSchemaVersion) static WidgetSnapshotLoadError of() noexcept
+    {
+        return {reason, 0, 0};
+    }
 
     Case reason() const noexcept { return reason_; }
-    std::int64_t found() const noexcept { return found_; }          ///< the file's version; else 0
-    std::int64_t supported() const noexcept { return supported_; }  ///< the newest accepted; else 0
+    /// The version of the file, and the newest version that is accepted; 0 in the other cases.
+    std::int64_t found() const noexcept { return found_; }
+    std::int64_t supported() const noexcept { return supported_; }
 
-    /// The case as it is spelled in code.
+    /// The name of the case as in the code.
     const char* what() const noexcept override;
 
     friend bool operator==(const WidgetSnapshotLoadError& left, const WidgetSnapshotLoadError& right) noexcept
@@ -42,18 +52,23 @@ public:
     }
 
 private:
+    WidgetSnapshotLoadError(Case reason, std::int64_t found, std::int64_t supported) noexcept
+        : reason_(reason), found_(found), supported_(supported)
+    {
+    }
+
     Case reason_;
-    std::int64_t found_ = 0;
-    std::int64_t supported_ = 0;
+    std::int64_t found_;
+    std::int64_t supported_;
 };
 
-/// A small value; every call goes to the file system afresh, nothing is locked, and the file is
-/// replaced whole: a widget reads an old or a new summary.
+/// A small value with a path and one injected operation. Nothing is cached or locked. The file is replaced in
+/// one step: a widget reads the old or the new summary, never a part.
 class WidgetSnapshotStore {
 public:
     static constexpr std::string_view fileName = "widget-snapshot.json";
 
-    /// Takes the directory as given and touches no file.
+    /// Stores the path of the directory; does not access the file system.
     explicit WidgetSnapshotStore(std::filesystem::path directory, ReplaceItem replaceItem = renameReplacing);
 
     /// The store in the shared container of a group; absent when there is no container.
@@ -67,12 +82,11 @@ public:
     /// sorted. Throws `std::system_error`, EncodingError, or what `replaceItem` throws.
     void save(const WidgetSnapshot& snapshot) const;
 
-    /// The saved summary. Throws WidgetSnapshotLoadError and, but for `std::bad_alloc`, nothing else. A
-    /// file of a newer version that does not decode either is `unreadable`; versions below 1 are
-    /// accepted.
+    /// The saved summary. Throws WidgetSnapshotLoadError or `std::bad_alloc`, nothing else. A file of a newer
+    /// version that cannot be decoded is `unreadable`; versions below 1 are accepted.
     WidgetSnapshot load() const;
 
-    /// The default `replaceItem`: that of the StateStore.
+    /// The default `replaceItem`: StateStore::renameReplacing.
     static void renameReplacing(const std::filesystem::path& temporaryURL,
                                 const std::filesystem::path& destination);
 

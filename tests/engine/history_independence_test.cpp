@@ -1,5 +1,5 @@
-// No operation and no summary looks at the finished blocks, of which there may be many. Work that grows
-// with them would show as allocations, or as blocks that have moved.
+// No operation and no summary does work that grows with the number of finished blocks: a long history causes
+// no more allocations, and its blocks stay in place.
 #include <quillmere/store/state_store.hpp>
 #include <quillmere/widget/widget_snapshot.hpp>
 
@@ -27,7 +27,7 @@ struct Cost {
     bool historyStayedInPlace;
 };
 
-/// Lends `history` to a state, for it is too long to be copied for every measurement.
+/// Moves `history` into the state and back: it is too long to be copied for every measurement.
 template <class Operation>
 Cost costOf(Operation operation, QuillmereState state, std::vector<Block>& history)
 {
@@ -52,7 +52,7 @@ TEST(History, makesNoOperationAllocateMore)
         none = {};
         const Cost withNone = costOf(walk, startOf(arrow), none);
         EXPECT_EQ(withMany.allocations, withNone.allocations);
-        // The one insertion into the history is the exception.
+        // Only this operation inserts into the history.
         EXPECT_EQ(withMany.historyStayedInPlace, arrow.operation != "completeBlockReview");
     }
     EXPECT_EQ(many.size(), finishedBlocks + 1);

@@ -1,4 +1,4 @@
-// Whatever is thrown, memory that runs out included, leaves the state as it was.
+// Every exception, std::bad_alloc included, leaves the state unchanged.
 #include <quillmere/engine/workflow_engine.hpp>
 
 #include <set>
@@ -14,15 +14,15 @@ namespace {
 
 using enum WorkflowState;
 
-/// Lets every allocation of an operation on `state` fail in turn, until it ends as expected; returns how
-/// many there were.
+/// Lets the first allocation of an operation on `state` fail, then the second, and so on until it finishes;
+/// returns how many failed.
 template <class Operation>
 std::size_t failEveryAllocationOf(QuillmereState& state, Operation operation,
                                   std::optional<WorkflowError::Case> expectedRefusal = std::nullopt)
 {
     const QuillmereState before = state;
     const std::size_t blocks = blocksInUse();
-    // A refusal must not leave with the next allocation still set to fail, so it is reported below.
+    // The refusal is checked below, when no allocation is set to fail any more.
     std::optional<WorkflowError::Case> refusal;
     const std::size_t failures = failEveryAllocation([&] { refusal = refusalOf([&] { operation(state); }); },
                                                      [&](bool threwBadAlloc) {
@@ -34,13 +34,13 @@ std::size_t failEveryAllocationOf(QuillmereState& state, Operation operation,
     return failures;
 }
 
-/// The operations that keep something; the others have nothing to allocate.
-const std::set<std::string_view> keepers = {
+/// The operations that allocate.
+const std::set<std::string_view> allocating = {
     "startBlock",          "scheduleBlock", "startFocus",     "saveReviewAndStartBreak",
     "completeBlockReview", "addQuestion",   "answerQuestion",
 };
 
-TEST(StrongGuarantee, holdsWhicheverAllocationFails)
+TEST(StrongGuarantee, holdsForEveryAllocationThatFails)
 {
     for (const Arrow& arrow : arrows()) {
         SCOPED_TRACE(nameOf(arrow));
@@ -50,7 +50,7 @@ TEST(StrongGuarantee, holdsWhicheverAllocationFails)
             state, [&](QuillmereState& changed) { succeeded = arrow.walk(changed, now); });
         EXPECT_TRUE(succeeded);
         EXPECT_EQ(state.updatedAt, now);
-        EXPECT_EQ(failures > 0, keepers.contains(arrow.operation)) << failures << " allocations";
+        EXPECT_EQ(failures > 0, allocating.contains(arrow.operation)) << failures << " allocations";
     }
 }
 
@@ -83,7 +83,7 @@ TEST(StrongGuarantee, keepsTheBlockInHandWhenTheHistoryCannotGrow)
 {
     QuillmereState state = crowdedStateIn(blockReview);
     const Block block = *state.currentBlock;
-    // A reflection of short texts: the only allocation is that of the history.
+    // The texts of this reflection are empty: only the history allocates.
     const std::size_t failures = failEveryAllocationOf(
         state, [](QuillmereState& changed) { engine.completeBlockReview(changed, BlockReview{}, now); });
     EXPECT_EQ(failures, 1U);
@@ -91,10 +91,10 @@ TEST(StrongGuarantee, keepsTheBlockInHandWhenTheHistoryCannotGrow)
     EXPECT_EQ(state.blockHistory.size(), 2U);
 }
 
-TEST(StrongGuarantee, holdsWhenTheOperationIsRefusedAnyway)
+TEST(StrongGuarantee, holdsWhenTheOperationIsRefused)
 {
     for (const Arrow& arrow : arrows()) {
-        if (arrow.from) {
+        if (arrow.from()) {
             SCOPED_TRACE(nameOf(arrow));
             QuillmereState state = startOf(arrow, complete);
             const QuillmereState before = state;

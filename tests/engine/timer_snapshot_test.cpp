@@ -59,7 +59,7 @@ TEST(FocusTimer, showsOvertimeCountingUpAgain)
                                                                        }));
 }
 
-/// One session: planned, paused in all, and looked at `offset` after its start.
+/// A session with its planned and its paused seconds, and the timer `offset` seconds after its start.
 struct Focus {
     double planned;
     double pausedInAll;
@@ -72,22 +72,22 @@ constexpr auto focuses = std::to_array<Focus>({
     {1500, 0, 0, 0, 1500},
     {1500, 0, 0.999, 0, 1500},
     {1500, 0, 1, 1, 1499},
-    // Overtime begins a second after nothing remains.
+    // Overtime begins one second after the remaining time is 0.
     {1500, 0, 1499.9, 1499, 1},
     {1500, 0, 1500, 1500, 0},
     {1500, 0, 1500.9, 1500, 0},
     {1500, 0, 1501, 1501, -1},
-    // Before the start nothing has elapsed, by however little or much.
+    // Before the start the elapsed time is 0.
     {1500, 0, -0.5, 0, 1500},
     {1500, 0, -86'400, 0, 1500},
-    // Each term is rounded down on its own: 479.8 seconds of work count as 480.
+    // Each term is rounded down by itself: 479.8 seconds of work count as 480.
     {1500, 120.7, 600.5, 480, 1020},
     {1500, 0.9, 600, 600, 900},
     {1500.7, 0, 600.9, 600, 900},
     {0.5, 0, 0, 0, 0},
     // More pause than time.
     {1500, 700, 600, 0, 1500},
-    // What only a file can hold: a negative pause adds, a negative plan is overtime at once.
+    // Only files can have these: a negative pause adds time, a negative plan is overtime at once.
     {1500, -0.5, 600, 601, 899},
     {-10.5, 0, 0, 0, -11},
 });
@@ -158,6 +158,60 @@ TEST(FocusTimer, isAbsentWithoutABlockOrASession)
     EXPECT_EQ(TimerSnapshot::derive(state, moment), std::nullopt);
     state.currentBlock.reset();
     EXPECT_EQ(TimerSnapshot::derive(state, moment), std::nullopt);
+}
+
+// The end of a session -------------------------------------------------------------------------------
+
+/// A session that began at `moment`, and whether its time ran out when it ended.
+struct Ending {
+    double planned;
+    double paused;
+    double offset;
+    bool ranOut;
+};
+
+constexpr auto endings = std::to_array<Ending>({
+    {1500, 0, 1500, true},
+    {1500, 0, 1499.9, false},
+    {1500, 0, 60, false},
+    {1500, 0, -60, false},
+    // Each term is rounded down by itself: 90 whole seconds are planned.
+    {90.7, 0, 90, true},
+    {90.7, 0, 89.9, false},
+    {90.7, 10.7, 100, true},
+    {90.7, 10.7, 99.9, false},
+    {0.5, 0, 0, true},
+});
+
+TEST(TimeRanOut, isTrueForASessionThatTheTimerEnded)
+{
+    for (const auto& [planned, paused, offset, ranOut] : endings) {
+        SCOPED_TRACE(std::to_string(planned) + ", " + std::to_string(paused) + ", " + std::to_string(offset));
+        QuillmereState state = stateIn(focusing);
+        session(state).plannedDurationSeconds = planned;
+        session(state).accumulatedPausedSeconds = paused;
+        const bool isEnded = engine.evaluateTimer(state, moment + offset) == TimerTransition::focusEnded;
+        EXPECT_EQ(isEnded, ranOut);
+        if (!isEnded) {
+            engine.endFocus(state, moment + offset);
+        }
+        EXPECT_EQ(timeRanOut(session(state)), ranOut);
+    }
+}
+
+TEST(TimeRanOut, isTrueForASessionThatWasPausedAfterItsTime)
+{
+    QuillmereState state = stateIn(focusing);
+    session(state).pausedAt = moment + 1500.5;
+    ASSERT_EQ(engine.evaluateTimer(state, moment + 1600.25), TimerTransition::focusEnded);
+    EXPECT_TRUE(timeRanOut(session(state)));
+}
+
+TEST(TimeRanOut, isFalseForASessionThatHasNotEnded)
+{
+    QuillmereState state = stateIn(focusing);
+    session(state).plannedDurationSeconds = 0;
+    EXPECT_FALSE(timeRanOut(session(state)));
 }
 
 // Break ----------------------------------------------------------------------------------------------

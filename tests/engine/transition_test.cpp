@@ -3,41 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <set>
-#include <string>
-
-#include "workflow_map.hpp"
 
 namespace quillmere::test {
 namespace {
-
-/// "operation: from -> to", for messages and for comparison.
-std::string arrowText(std::string_view operation, std::optional<WorkflowState> from,
-                      std::optional<WorkflowState> to)
-{
-    const auto name = [](std::optional<WorkflowState> state, std::string_view otherwise) {
-        return std::string(state ? rawValue(*state) : otherwise);
-    };
-    return std::string(operation) + ": " + name(from, "any") + " -> " + name(to, "same");
-}
-
-TEST(TransitionTable, saysTheSameAsTheMapWrittenDownByHand)
-{
-    std::multiset<std::string> expected;
-    for (const Arrow& arrow : arrows()) {
-        // Second names: skipBreak is endBreak, and a focus that runs out is ended by endFocus.
-        const bool isSecondName = arrow.operation == "skipBreak" ||
-                                  (arrow.operation == "evaluateTimer" && arrow.when == "focus is over");
-        if (!isSecondName) {
-            expected.insert(arrowText(arrow.operation, arrow.from, arrow.to));
-        }
-    }
-    std::multiset<std::string> actual;
-    for (const Transition& row : transition_table::rows) {
-        actual.insert(arrowText(row.operation, row.accepts, row.result));
-    }
-    EXPECT_EQ(actual, expected);
-}
 
 TEST(TransitionTable, neverLeadsToComplete)
 {
@@ -60,17 +28,6 @@ TEST(TransitionTable, leavesNoOtherStateWithoutAWayOut)
             transition_table::rows.begin(), transition_table::rows.end(),
             [&](const Transition& row) { return row.accepts == state && row.result && row.result != state; });
         EXPECT_EQ(hasWayOut, state != WorkflowState::complete) << rawValue(state);
-    }
-}
-
-TEST(TransitionTable, tellsTwoRowsOfOneStateApartByTheirCondition)
-{
-    for (const Transition& left : transition_table::rows) {
-        for (const Transition& right : transition_table::rows) {
-            if (&left != &right && left.operation == right.operation) {
-                EXPECT_NE(left.condition, right.condition) << left.operation;
-            }
-        }
     }
 }
 

@@ -8,7 +8,6 @@
 namespace quillmere::test {
 namespace {
 
-using enum WorkflowState;
 using enum Elsewhere;
 
 WorkSession& session(QuillmereState& state) { return state.currentBlock->sessions.back(); }
@@ -19,7 +18,7 @@ void notYetTriggered(QuillmereState& state) { state.currentBlock->scheduledStart
 void notPaused(QuillmereState& state) { session(state).pausedAt.reset(); }
 void lastCycle(QuillmereState& state) { state.currentBlock->cycleCount = 2; }
 
-// Each lets one timer run out and keeps the other from running.
+// Each lets one timer run out and removes what the other one needs.
 void focusTimeIsUp(QuillmereState& state)
 {
     session(state).pausedAt.reset();
@@ -31,8 +30,8 @@ void breakTimeIsUp(QuillmereState& state)
     state.breakEndNotifiedAt.reset();
 }
 
-// The operations, each with arguments that it accepts. One without a report has done something unless
-// it threw.
+// The operations, each with arguments that it accepts. An operation that returns nothing did something
+// unless it threw.
 template <void (WorkflowEngine::*operation)(QuillmereState&, Instant) const>
 bool call(QuillmereState& state, Instant at)
 {
@@ -97,34 +96,32 @@ bool evaluateTimer(QuillmereState& state, Instant at)
     return engine.evaluateTimer(state, at) != TimerTransition::noChange;
 }
 
-constexpr std::nullopt_t any = std::nullopt;
-constexpr std::nullopt_t same = std::nullopt;
 using Engine = WorkflowEngine;
 
 // clang-format off
 constexpr auto rows = std::to_array<Arrow>({
-    // operation                 when              from             to               elsewhere
-    {"beginBlockPlanning",       "",               idle,            blockPlanning,   isRefused,      noBlock,         call<&Engine::beginBlockPlanning>},
-    {"startBlock",               "",               blockPlanning,   sessionPlanning, isRefused,      asItIs,          startBlock},
-    {"scheduleBlock",            "",               blockPlanning,   idle,            isRefused,      asItIs,          scheduleBlock},
-    {"editScheduledBlock",       "",               idle,            blockPlanning,   isRefused,      asItIs,          call<&Engine::editScheduledBlock>},
-    {"cancelScheduledBlock",     "",               idle,            idle,            isRefused,      asItIs,          call<&Engine::cancelScheduledBlock>},
-    {"startScheduledBlockNow",   "",               idle,            sessionPlanning, isRefused,      asItIs,          call<&Engine::startScheduledBlockNow>},
-    {"evaluateSchedule",         "it is due",      idle,            sessionPlanning, hasNothingToDo, notYetTriggered, evaluateSchedule},
-    {"startFocus",               "",               sessionPlanning, focusing,        isRefused,      asItIs,          startFocus},
-    {"pauseFocus",               "",               focusing,        focusing,        isRefused,      notPaused,       call<&Engine::pauseFocus>},
-    {"resumeFocus",              "",               focusing,        focusing,        isRefused,      asItIs,          call<&Engine::resumeFocus>},
-    {"endFocus",                 "",               focusing,        sessionReview,   isRefused,      asItIs,          call<&Engine::endFocus>},
-    {"saveReviewAndStartBreak",  "cycles remain",  sessionReview,   breaking,        isRefused,      asItIs,          saveReview},
-    {"saveReviewAndStartBreak",  "the last cycle", sessionReview,   blockReview,     isRefused,      lastCycle,       saveReview},
-    {"extendBreak",              "",               breaking,        breaking,        isRefused,      asItIs,          extendBreak},
-    {"endBreak",                 "",               breaking,        sessionPlanning, isRefused,      asItIs,          call<&Engine::endBreak>},
-    {"skipBreak",                "",               breaking,        sessionPlanning, isRefused,      asItIs,          call<&Engine::skipBreak>},
-    {"evaluateTimer",            "focus is over",  focusing,        sessionReview,   hasNothingToDo, focusTimeIsUp,   evaluateTimer},
-    {"evaluateTimer",            "break is over",  breaking,        breaking,        hasNothingToDo, breakTimeIsUp,   evaluateTimer},
-    {"completeBlockReview",      "",               blockReview,     idle,            isRefused,      asItIs,          completeBlockReview},
-    {"addQuestion",              "",               any,             same,            isRefused,      asItIs,          addQuestion},
-    {"answerQuestion",           "",               any,             same,            isRefused,      asItIs,          answerQuestion},
+    // operation                 when              step                           elsewhere       prepare          walk
+    {"beginBlockPlanning",       "",               Step::beginBlockPlanning,      isRefused,      noBlock,         call<&Engine::beginBlockPlanning>},
+    {"startBlock",               "",               Step::startBlock,              isRefused,      asItIs,          startBlock},
+    {"scheduleBlock",            "",               Step::scheduleBlock,           isRefused,      asItIs,          scheduleBlock},
+    {"editScheduledBlock",       "",               Step::editScheduledBlock,      isRefused,      asItIs,          call<&Engine::editScheduledBlock>},
+    {"cancelScheduledBlock",     "",               Step::cancelScheduledBlock,    isRefused,      asItIs,          call<&Engine::cancelScheduledBlock>},
+    {"startScheduledBlockNow",   "",               Step::startScheduledBlockNow,  isRefused,      asItIs,          call<&Engine::startScheduledBlockNow>},
+    {"evaluateSchedule",         "it is due",      Step::evaluateSchedule,        hasNothingToDo, notYetTriggered, evaluateSchedule},
+    {"startFocus",               "",               Step::startFocus,              isRefused,      asItIs,          startFocus},
+    {"pauseFocus",               "",               Step::pauseFocus,              isRefused,      notPaused,       call<&Engine::pauseFocus>},
+    {"resumeFocus",              "",               Step::resumeFocus,             isRefused,      asItIs,          call<&Engine::resumeFocus>},
+    {"endFocus",                 "",               Step::endFocus,                isRefused,      asItIs,          call<&Engine::endFocus>},
+    {"saveReviewAndStartBreak",  "cycles remain",  Step::saveReviewAndStartBreak, isRefused,      asItIs,          saveReview},
+    {"saveReviewAndStartBreak",  "the last cycle", Step::saveLastReview,          isRefused,      lastCycle,       saveReview},
+    {"extendBreak",              "",               Step::extendBreak,             isRefused,      asItIs,          extendBreak},
+    {"endBreak",                 "",               Step::endBreak,                isRefused,      asItIs,          call<&Engine::endBreak>},
+    {"skipBreak",                "",               Step::endBreak,                isRefused,      asItIs,          call<&Engine::skipBreak>},
+    {"evaluateTimer",            "focus is over",  Step::endFocus,                hasNothingToDo, focusTimeIsUp,   evaluateTimer},
+    {"evaluateTimer",            "break is over",  Step::announceBreakEnd,        hasNothingToDo, breakTimeIsUp,   evaluateTimer},
+    {"completeBlockReview",      "",               Step::completeBlockReview,     isRefused,      asItIs,          completeBlockReview},
+    {"addQuestion",              "",               Step::addQuestion,             isRefused,      asItIs,          addQuestion},
+    {"answerQuestion",           "",               Step::answerQuestion,          isRefused,      asItIs,          answerQuestion},
 });
 // clang-format on
 
@@ -137,7 +134,10 @@ std::string nameOf(const Arrow& arrow)
     return std::string(arrow.operation) + (arrow.when.empty() ? "" : ", ") + std::string(arrow.when);
 }
 
-QuillmereState startOf(const Arrow& arrow) { return startOf(arrow, arrow.from.value_or(focusing)); }
+QuillmereState startOf(const Arrow& arrow)
+{
+    return startOf(arrow, arrow.from().value_or(WorkflowState::focusing));
+}
 
 QuillmereState startOf(const Arrow& arrow, WorkflowState workflowState)
 {

@@ -1,7 +1,7 @@
-// The map of the workflow as the tests know it: written down by hand, and taken from nothing in core.
+// Every operation of the engine, with a state in which it succeeds and arguments that it accepts.
 #pragma once
 
-#include <quillmere/records/quillmere_state.hpp>
+#include <quillmere/engine/transition.hpp>
 
 #include <optional>
 #include <span>
@@ -10,22 +10,25 @@
 
 namespace quillmere::test {
 
-/// What an operation does in a state that it does not accept.
+/// What an operation does when its step is not possible.
 enum class Elsewhere { isRefused, hasNothingToDo };
 
-/// One arrow of the map, with the means of walking along it.
+/// One way to call an operation.
 struct Arrow {
     std::string_view operation;
-    std::string_view when;              ///< tells two arrows of one operation apart
-    std::optional<WorkflowState> from;  ///< absent: any state
-    std::optional<WorkflowState> to;    ///< absent: the state it was in
+    std::string_view when;  ///< distinguishes two arrows of one operation
+    Step step;              ///< the step that the operation takes
     Elsewhere elsewhere;
 
-    /// Makes all else hold in a crowded state (`crowdedStateIn`), so that `from` alone decides.
+    /// Changes a crowded state (`crowdedStateIn`) so that its workflow state alone decides whether the step
+    /// is possible.
     void (*prepare)(QuillmereState& state);
 
-    /// Calls the operation; says whether it reports that it did something.
+    /// Calls the operation; returns whether it did something.
     bool (*walk)(QuillmereState& state, Instant now);
+
+    /// The workflow state that the step starts from; absent for any state.
+    std::optional<WorkflowState> from() const { return transition(step).accepts; }
 };
 
 std::span<const Arrow> arrows();
@@ -33,7 +36,7 @@ std::span<const Arrow> arrows();
 /// "operation, when".
 std::string nameOf(const Arrow& arrow);
 
-/// A crowded state, prepared for this arrow. An arrow from any state is walked from `focusing`.
+/// A crowded state, prepared for this arrow. An arrow that starts from any state gets `focusing`.
 QuillmereState startOf(const Arrow& arrow);
 QuillmereState startOf(const Arrow& arrow, WorkflowState workflowState);
 

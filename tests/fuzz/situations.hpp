@@ -1,7 +1,7 @@
 // Where a target may start from.
 #pragma once
 
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 
 #include <cstddef>
 

@@ -1,4 +1,4 @@
-// Prints the map of the workflow from the table that the engine runs on: docs/state-machine.md.
+// Prints docs/state-machine.md from the table that the engine runs on.
 #include <quillmere/engine/transition.hpp>
 
 #include <iostream>
@@ -27,10 +27,11 @@ void printDiagram()
 
 void printTable()
 {
-    std::cout << "| Operation | In | Then | When also |\n|---|---|---|---|\n";
+    std::cout << "| Operation | In | If | Then | With |\n|---|---|---|---|---|\n";
     for (const Transition& row : transition_table::rows) {
         std::cout << "| `" << row.operation << "` | " << nameOf(row.accepts, "any") << " | "
-                  << nameOf(row.result, "the same") << " | " << row.condition << " |\n";
+                  << row.guard.words << " | " << nameOf(row.result, "the same") << " | " << row.arguments
+                  << " |\n";
     }
 }
 
@@ -38,13 +39,17 @@ void printTable()
 
 int main()
 {
-    std::cout << "# The state machine\n\n"
-                 "Printed from the table that the engine runs on (`core/engine/transition.hpp`); a test "
-                 "holds this\n"
-                 "page to it. `skipBreak` is `endBreak` under another name. `evaluateTimer` also takes "
-                 "`endFocus`,\n"
-                 "when the time of a focus session is used up. No operation leads to `complete`.\n\n";
+    std::cout
+        << "# The state machine\n\n"
+           "Printed from the table that the engine runs on (`core/engine/transition.hpp`); a test fails "
+           "when this\n"
+           "page differs from it. `skipBreak` is `endBreak` under another name. `evaluateTimer` also "
+           "takes the\n"
+           "step `endFocus`, when the time of a focus session has run out. No operation leads to "
+           "`complete`.\n\n";
     printDiagram();
-    std::cout << '\n';
+    std::cout << "\nA step is possible in the workflow state *In* when the condition *If* holds; "
+                 "`isPossible` tells. Its\n"
+                 "operation then leads to *Then*, given arguments as in *With*.\n\n";
     printTable();
 }

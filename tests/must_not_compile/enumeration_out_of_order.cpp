@@ -1,5 +1,5 @@
-// A case is looked up by its place in the table.
-#include <quillmere/records/enumeration.hpp>
+// The rows of an enumeration must be in case order, because a case is the index of its row.
+#include <quillmere/records/base/enumeration.hpp>
 
 enum class Colour { red, green };
 

@@ -86,8 +86,8 @@ TEST(PlannedEnd, ignoresSessionsPausesAndTheEndOfTheBlock)
 
 TEST(PlannedEnd, addsTheDurationsBeforeItMultiplies)
 {
-    // 0.1 + 0.2 is not 0.3 in doubles; three times the sum shows which was done first, and that no
-    // step was fused with another.
+    // 0.1 + 0.2 is not 0.3 in doubles. Three times the sum shows the order of the operations, and that none
+    // were fused.
     Block block = test::sampleBlock(1);
     block.createdAt = Instant(0.7);
     block.focusDurationSeconds = 0.1;
@@ -109,6 +109,48 @@ TEST(PlannedEnd, isNotANumberWhenADurationIsNone)
     Block block = test::sampleBlock(1);
     block.focusDurationSeconds = std::nan("");
     EXPECT_TRUE(std::isnan(block.plannedEnd().secondsSince1970()));
+}
+
+SessionPlan planFor(std::optional<Identifier> outcome)
+{
+    SessionPlan plan = test::samplePlan(1);
+    plan.blockOutcomeID = outcome;
+    return plan;
+}
+
+TEST(OutcomeServed, isTheOutcomeThatThePlanNames)
+{
+    const Block block = test::sampleBlock(1);
+    ASSERT_EQ(block.outcomes.size(), 2U);
+    EXPECT_EQ(block.outcomeServed(planFor(block.outcomes[1].id)), &block.outcomes[1]);
+}
+
+TEST(OutcomeServed, isTheFirstOfTwoWithOneIdentifier)
+{
+    Block block = test::sampleBlock(1);
+    block.outcomes[1].id = block.outcomes[0].id;
+    EXPECT_EQ(block.outcomeServed(planFor(block.outcomes[1].id)), &block.outcomes[0]);
+}
+
+TEST(OutcomeServed, isNoneWhenThePlanNamesNoOutcomeOfTheBlock)
+{
+    Block block = test::sampleBlock(1);
+    EXPECT_EQ(block.outcomeServed(planFor(std::nullopt)), nullptr);
+    EXPECT_EQ(block.outcomeServed(planFor(test::identifier(999))), nullptr);
+    const SessionPlan plan = planFor(block.outcomes[0].id);
+    block.outcomes.clear();
+    EXPECT_EQ(block.outcomeServed(plan), nullptr);
+}
+
+TEST(Block, hasCyclesLeftWhileFewerSessionsAreStartedThanPlanned)
+{
+    Block block = test::blockInWork(1, 2);
+    block.cycleCount = 3;
+    EXPECT_TRUE(block.hasCyclesLeft());
+    for (const std::int64_t cycleCount : {2, 1, 0, -1}) {
+        block.cycleCount = cycleCount;
+        EXPECT_FALSE(block.hasCyclesLeft());
+    }
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Where the data of applications and of groups of them lives.
+// The directories of applications and of groups of applications.
 #include <quillmere/store/file_manager.hpp>
 #include <quillmere/store/state_store.hpp>
 
@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 const FileManager& files() { return FileManager::standard(); }
 
-/// A place in the environment that nothing was made in.
+/// Sets the environment to an empty directory.
 struct Environment {
     TemporaryDirectory directory;
     EnvironmentVariable data{"XDG_DATA_HOME", (directory.path() / "data").string()};
@@ -65,6 +65,15 @@ TEST(ApplicationSupportDirectories, areNotMade)
     EXPECT_TRUE(environment.directory.names().empty());
 }
 
+TEST(ContainerPath, isTheSameBeforeAndAfterTheDirectoryIsCreated)
+{
+    const Environment environment;
+    EXPECT_EQ(files().containerPath("group"), environment.containers / "group");
+    EXPECT_TRUE(environment.directory.names().empty());
+    files().createContainerDirectory("group");
+    EXPECT_EQ(files().containerPath("group"), environment.containers / "group");
+}
+
 TEST(ContainerDirectory, isAbsentUntilItIsMade)
 {
     const Environment environment;
@@ -90,6 +99,7 @@ TEST(ContainerDirectory, isAbsentForAnIdentifierThatLeadsElsewhere)
          {absolute, std::string("group/inner"), std::string("group/"), std::string("../group-containers"),
           std::string(".."), std::string("."), std::string()}) {
         SCOPED_TRACE(identifier);
+        EXPECT_EQ(files().containerPath(identifier), std::nullopt);
         EXPECT_EQ(files().containerDirectory(identifier), std::nullopt);
         EXPECT_EQ(failureOf([&] { files().createContainerDirectory(identifier); }),
                   std::errc::no_such_file_or_directory);
@@ -108,10 +118,11 @@ TEST(ContainerDirectory, isAbsentWithoutAnEnvironment)
 {
     const EnvironmentVariable data("XDG_DATA_HOME", std::nullopt);
     const EnvironmentVariable home("HOME", std::nullopt);
+    EXPECT_EQ(files().containerPath("group"), std::nullopt);
     EXPECT_EQ(files().containerDirectory("group"), std::nullopt);
 }
 
-TEST(CreateContainerDirectory, makesWhatIsFoundFromThenOn)
+TEST(CreateContainerDirectory, createsTheDirectoryThatIsFoundFromThenOn)
 {
     const Environment environment;
     fs::path made;

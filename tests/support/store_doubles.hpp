@@ -26,6 +26,7 @@ public:
     {
         return supportDirectories;
     }
+    std::optional<std::filesystem::path> containerPath(std::string_view) const override { refuse(); }
     std::optional<std::filesystem::path> containerDirectory(std::string_view group) const override
     {
         groupsAskedFor.emplace_back(group);

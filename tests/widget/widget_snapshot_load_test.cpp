@@ -16,13 +16,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-WidgetSnapshotLoadError error(WidgetSnapshotLoadError::Case reason)
-{
-    return WidgetSnapshotLoadError(reason);
-}
+using Error = WidgetSnapshotLoadError;
 
-const WidgetSnapshotLoadError notWritten = error(WidgetSnapshotLoadError::notWritten);
-const WidgetSnapshotLoadError unreadable = error(WidgetSnapshotLoadError::unreadable);
+const Error notWritten = Error::of<Error::notWritten>();
+const Error unreadable = Error::of<Error::unreadable>();
+const Error containerUnavailable = Error::of<Error::containerUnavailable>();
 
 class WidgetLoad : public testing::Test {
 protected:
@@ -31,7 +29,7 @@ protected:
     const WidgetSnapshot sample = WidgetSnapshot::placeholder(moment);
     const std::string sampleText{JsonEncoder(JsonLayout::compact).encode(sample).view()};
 
-    /// What a load fails with; none when it does not. Anything but a load error goes through.
+    /// The error of a load; absent when it succeeds. Other exceptions are passed on.
     std::optional<WidgetSnapshotLoadError> failure() const
     {
         try {
@@ -95,7 +93,7 @@ TEST_F(WidgetLoad, failsAsNotWrittenWithoutADirectory)
 
 TEST_F(WidgetLoad, failsAsUnreadableForAnEmptyObject) { EXPECT_EQ(failureWith("{}"), unreadable); }
 
-TEST_F(WidgetLoad, failsAsUnreadableForWhateverDoesNotDecode)
+TEST_F(WidgetLoad, failsAsUnreadableForAFileThatCannotBeDecoded)
 {
     const std::string texts[] = {
         "",
@@ -119,7 +117,7 @@ TEST_F(WidgetLoad, failsAsUnreadableForWhateverDoesNotDecode)
     }
 }
 
-TEST_F(WidgetLoad, failsAsUnreadableForWhatIsNoFile)
+TEST_F(WidgetLoad, failsAsUnreadableForAnythingButARegularFile)
 {
     fs::create_directory(store.snapshotURL());
     EXPECT_EQ(failure(), unreadable);
@@ -178,7 +176,7 @@ TEST_F(WidgetLoad, refusesASummaryOfANewerVersion)
               WidgetSnapshotLoadError::unsupported(std::numeric_limits<std::int64_t>::max(), 1));
 }
 
-TEST_F(WidgetLoad, takesASummaryOfAnOlderVersionAsItStands)
+TEST_F(WidgetLoad, acceptsASummaryOfAnOlderVersion)
 {
     for (const std::int64_t version :
          {std::int64_t{1}, std::int64_t{0}, std::int64_t{-1}, std::numeric_limits<std::int64_t>::min()}) {
@@ -217,9 +215,9 @@ TEST(WidgetSnapshotLoadError, isEqualByItsCaseAndItsVersions)
     EXPECT_EQ(newer(2, 1), newer(2, 1));
     EXPECT_NE(newer(2, 1), newer(3, 1));
     EXPECT_NE(newer(2, 1), newer(2, 2));
-    EXPECT_EQ(notWritten, error(WidgetSnapshotLoadError::notWritten));
+    EXPECT_EQ(notWritten, Error::of<Error::notWritten>());
     EXPECT_NE(notWritten, unreadable);
-    EXPECT_NE(notWritten, error(WidgetSnapshotLoadError::containerUnavailable));
+    EXPECT_NE(notWritten, containerUnavailable);
 }
 
 TEST(WidgetSnapshotLoadError, tellsItsCaseAndItsVersions)
@@ -236,7 +234,7 @@ TEST(WidgetSnapshotLoadError, tellsItsCaseAndItsVersions)
 TEST(WidgetSnapshotLoadError, saysItsCaseAsItIsSpelledInCode)
 {
     EXPECT_STREQ(WidgetSnapshotLoadError::unsupported(2, 1).what(), "unsupportedSchemaVersion");
-    EXPECT_STREQ(error(WidgetSnapshotLoadError::containerUnavailable).what(), "containerUnavailable");
+    EXPECT_STREQ(containerUnavailable.what(), "containerUnavailable");
     EXPECT_STREQ(notWritten.what(), "notWritten");
     EXPECT_STREQ(unreadable.what(), "unreadable");
 }

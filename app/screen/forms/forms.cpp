@@ -1,8 +1,8 @@
 #include "screen/forms/forms.hpp"
 
 #include "screen/forms/record_forms.hpp"
-#include "work/possible_steps.hpp"
 
+#include <quillmere/engine/transition.hpp>
 #include <quillmere/engine/workflow_error.hpp>
 
 #include <algorithm>
@@ -111,8 +111,8 @@ Step stepOf(const Form& form, const QuillmereState& state)
         case FormKind::block: return hasPlannedStart(form) ? Step::scheduleBlock : Step::startBlock;
         case FormKind::plan: return Step::startFocus;
         case FormKind::review:
-            return work::isPossible(Step::saveLastReview, state) ? Step::saveLastReview
-                                                                 : Step::saveReviewAndStartBreak;
+            return isPossible(Step::saveLastReview, state) ? Step::saveLastReview
+                                                           : Step::saveReviewAndStartBreak;
         case FormKind::reflection: return Step::completeBlockReview;
         case FormKind::answer: return Step::answerQuestion;
         case FormKind::question: break;

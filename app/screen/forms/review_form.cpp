@@ -2,8 +2,7 @@
 #include "screen/fields/choice_field.hpp"
 #include "screen/forms/record_forms.hpp"
 
-#include "work/possible_steps.hpp"
-
+#include <quillmere/engine/transition.hpp>
 #include <quillmere/engine/workflow_engine.hpp>
 
 namespace quillmere::screen {
@@ -49,7 +48,7 @@ void addReviewFields(Form& form, const QuillmereState& state, Instant)
     }
     form.add(std::make_unique<ChoiceField>(completionId, "Was it completed?", completions(), ""));
     addTexts(form, "", work::reviewFields, emptyReview());
-    if (work::isPossible(Step::saveReviewAndStartBreak, state)) {
+    if (isPossible(Step::saveReviewAndStartBreak, state)) {
         form.addHeading("The next session");
         addPlan(form, nextPrefix, SessionPlan::blank(Identifier::random()), state.currentBlock);
     }

@@ -1,4 +1,5 @@
-#include <quillmere/records/checked_arithmetic.hpp>
+#include <quillmere/records/base/checked_arithmetic.hpp>
+#include <quillmere/records/json/coding_error.hpp>
 #include <quillmere/records/json/date_text.hpp>
 
 #include <array>
@@ -46,7 +47,7 @@ unsigned twoDigits(const char* digits)
     return tens <= 9 && ones <= 9 ? tens * 10 + ones : 100;
 }
 
-/// What follows the seconds, "Z" or ±hh:mm, in seconds east of UTC.
+/// The offset after the seconds, "Z" or ±hh:mm, in seconds east of UTC.
 std::optional<std::int64_t> offsetFromText(std::string_view text)
 {
     if (text == "Z") {
@@ -71,6 +72,21 @@ bool hasDateText(Instant instant) noexcept
 {
     const double exact = instant.secondsSince1970();
     return exact >= static_cast<double>(firstSecond) && exact < static_cast<double>(endSecond);
+}
+
+void requireDateText(Instant instant)
+{
+    if (!hasDateText(instant)) {
+        throw EncodingError("an instant that is not finite or lies outside the years 0000 to 9999");
+    }
+}
+
+std::string dateText(Instant instant)
+{
+    requireDateText(instant);
+    std::string text(dateTextLength, ' ');
+    putDateText(text.data(), instant);
+    return text;
 }
 
 void putDateText(char* destination, Instant instant) noexcept
@@ -116,7 +132,8 @@ std::optional<Instant> instantFromDateText(std::string_view text) noexcept
     const std::int64_t daysSince1970 = sys_days(date).time_since_epoch().count();
     const std::int64_t secondOfDay = hour * 3600 + minute * 60 + second;
     const std::int64_t seconds = daysSince1970 * secondsPerDay + secondOfDay - *offset;
-    // An offset can lead out of the years that can be written: what is read can be saved again.
+    // The offset may move the instant out of the years that can be written. An instant that is read must be
+    // writable again.
     const bool canBeWritten = seconds >= firstSecond && seconds < endSecond;
     return canBeWritten ? std::optional(Instant(static_cast<double>(seconds))) : std::nullopt;
 }

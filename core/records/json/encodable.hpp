@@ -1,4 +1,4 @@
-// Finds what has no JSON form, before anything is written.
+// Finds values without a JSON form before anything is written.
 #pragma once
 
 #include <quillmere/records/instant.hpp>
@@ -16,7 +16,7 @@
 
 namespace quillmere::json {
 
-/// Whether there are values of a type that have no JSON form; the others need not be looked at.
+/// Whether a type has values without a JSON form. Values of other types need no check.
 template <class Value>
 constexpr bool mayBeUnencodable = std::is_same_v<Value, double> || std::is_same_v<Value, Instant>;
 template <class Element>
@@ -28,7 +28,7 @@ constexpr bool mayBeUnencodable<std::tuple<Row...>> = (mayBeUnencodable<typename
 template <HasTable Record>
 constexpr bool mayBeUnencodable<Record> = mayBeUnencodable<Fields<Record>>;
 
-/// Throws EncodingError with the place of the first value, in the order of the file, without a JSON form.
+/// Throws EncodingError for the first value, in the order of the file, that has no JSON form.
 template <class Value>
 void requireEncodable(const Value& value);
 
@@ -75,9 +75,7 @@ void requireEncodable(const Value& value)
             requireEncodable(*value);
         }
     } else if constexpr (std::is_same_v<Value, Instant>) {
-        if (!hasDateText(value)) {
-            throw EncodingError("an instant that is not finite or lies outside the years 0000 to 9999");
-        }
+        requireDateText(value);
     } else if (!std::isfinite(value)) {
         throw EncodingError("a duration that is infinite or not a number");
     }

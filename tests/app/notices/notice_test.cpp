@@ -120,7 +120,7 @@ TEST(NoticeText, hasNoNoncharacters)
 TEST(NoticeText, isShort)
 {
     const std::string wide = noticeOf({eventSaying(Kind::questionRaised, std::string(100'000, 'x'))}).body;
-    EXPECT_EQ(base::columns(wide), 200U);
+    EXPECT_EQ(base::columnsOf(wide), 200U);
     // A hundred thousand marks on one letter take one column.
     std::string tall = "e";
     for (int count = 0; count < 100'000; ++count) {

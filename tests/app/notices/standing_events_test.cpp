@@ -2,7 +2,7 @@
 #include "notices/standing_events.hpp"
 
 #include <quillmere/engine/workflow_engine.hpp>
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 
 #include <set>
 

@@ -2,8 +2,8 @@
 
 #include "program_testing.hpp"
 #include "screen/forms/forms.hpp"
-#include "work/possible_steps.hpp"
 
+#include <quillmere/engine/transition.hpp>
 #include <quillmere/engine/workflow_engine.hpp>
 
 #include <algorithm>

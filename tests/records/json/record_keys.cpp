@@ -1,10 +1,13 @@
 #include "records/json/record_keys.hpp"
 
-#include <quillmere/engine/timer_snapshot.hpp>
+#include <quillmere/engine/timer_table.hpp>
+#include <quillmere/records/json/for_each_field.hpp>
+#include <quillmere/store/agent_tables.hpp>
 #include <quillmere/store/state_store.hpp>
-#include <quillmere/widget/widget_snapshot.hpp>
+#include <quillmere/widget/widget_tables.hpp>
 
 #include <algorithm>
+#include <set>
 
 #include "records/coding_helpers.hpp"
 #include "records/complete_records.hpp"
@@ -15,140 +18,49 @@ namespace {
 
 using Keys = std::vector<Key>;
 using nlohmann::json;
-constexpr Presence optional = Presence::optional;
-constexpr Presence supplied = Presence::supplied;
 
-// clang-format off
-const Keys outcomeKeys = {
-    {"id",    Kind::identifier},
-    {"title", Kind::text},
-};
-const Keys planKeys = {
-    {"id",                 Kind::identifier},
-    {"block_outcome_id",   Kind::identifier, optional},
-    {"intended_outcome",   Kind::text},
-    {"first_action",       Kind::text},
-    {"hazards_mitigation", Kind::text},
-    {"nicu_framing",       Kind::text},
-    {"energy",             Kind::integer},
-    {"morale",             Kind::integer},
-};
-const Keys reviewKeys = {
-    {"id",                Kind::identifier, supplied},
-    {"completion",        Kind::completion},
-    {"noteworthy_result", Kind::text},
-    {"distractions",      Kind::text},
-    {"improvement",       Kind::text},
-};
-const Keys sessionKeys = {
-    {"id",                         Kind::identifier},
-    {"number",                     Kind::integer},
-    {"plan",                       Kind::record},
-    {"started_at",                 Kind::instant},
-    {"planned_duration_seconds",   Kind::duration},
-    {"paused_at",                  Kind::instant, optional},
-    {"accumulated_paused_seconds", Kind::duration},
-    {"ended_at",                   Kind::instant, optional},
-    {"review",                     Kind::record,  optional},
-};
-const Keys reflectionKeys = {
-    {"output_produced",   Kind::text},
-    {"normal_comparison", Kind::text},
-    {"bogged_down",       Kind::text},
-    {"went_well",         Kind::text},
-    {"lessons",           Kind::text},
-};
-const Keys blockKeys = {
-    {"id",                           Kind::identifier},
-    {"created_at",                   Kind::instant},
-    {"planned_start",                Kind::instant, optional},
-    {"focus_duration_seconds",       Kind::duration},
-    {"break_duration_seconds",       Kind::duration},
-    {"cycle_count",                  Kind::integer},
-    {"outcomes",                     Kind::list},
-    {"why_value",                    Kind::text},
-    {"done_test",                    Kind::text},
-    {"hazards",                      Kind::text},
-    {"measurable_check",             Kind::text},
-    {"context_notes",                Kind::text},
-    {"sessions",                     Kind::list},
-    {"reflection",                   Kind::record,  optional},
-    {"completed_at",                 Kind::instant, optional},
-    {"scheduled_start_triggered_at", Kind::instant, optional},
-};
-const Keys questionKeys = {
-    {"id",          Kind::identifier},
-    {"question",    Kind::text},
-    {"created_at",  Kind::instant},
-    {"answer",      Kind::text,    optional},
-    {"answered_at", Kind::instant, optional},
-};
-const Keys stateKeys = {
-    {"id",                      Kind::identifier, supplied},
-    {"workflow_state",          Kind::workflowState},
-    {"current_block",           Kind::record,   optional},
-    {"block_history",           Kind::list},
-    {"planned_next_session",    Kind::record,   optional},
-    {"break_started_at",        Kind::instant,  optional},
-    {"break_extension_seconds", Kind::duration},
-    {"break_end_notified_at",   Kind::instant,  optional},
-    {"agent_questions",         Kind::list},
-    {"updated_at",              Kind::instant},
-};
+template <class Value>
+inline constexpr Kind kindOf = HasFields<Value> ? Kind::record : Kind::list;
+template <>
+inline constexpr Kind kindOf<Identifier> = Kind::identifier;
+template <>
+inline constexpr Kind kindOf<std::string> = Kind::text;
+template <>
+inline constexpr Kind kindOf<std::int64_t> = Kind::integer;
+template <>
+inline constexpr Kind kindOf<double> = Kind::duration;
+template <>
+inline constexpr Kind kindOf<Instant> = Kind::instant;
+template <>
+inline constexpr Kind kindOf<bool> = Kind::boolean;
+template <>
+inline constexpr Kind kindOf<WorkflowState> = Kind::workflowState;
+template <>
+inline constexpr Kind kindOf<CompletionResult> = Kind::completion;
+template <>
+inline constexpr Kind kindOf<TimerKind> = Kind::timerKind;
+template <>
+inline constexpr Kind kindOf<WidgetPhase> = Kind::phase;
+template <>
+inline constexpr Kind kindOf<WidgetRoute> = Kind::route;
+template <class Value>
+inline constexpr Kind kindOf<std::optional<Value>> = kindOf<Value>;
 
-const Keys taskKeys = {
-    {"id",           Kind::identifier},
-    {"title",        Kind::text},
-    {"first_action", Kind::text},
-    {"status",       Kind::text},
-};
-const Keys agentKeys = {
-    {"schema_version",    Kind::integer},
-    {"workflow_state",    Kind::text},
-    {"interruptible",     Kind::boolean},
-    {"block",             Kind::record,  optional},
-    {"outcomes",          Kind::list},
-    {"tasks",             Kind::list},
-    {"sessions",          Kind::list},
-    {"current_session",   Kind::record,  optional},
-    {"next_session",      Kind::record,  optional},
-    {"remaining_seconds", Kind::integer, optional},
-    {"open_questions",    Kind::list},
-    {"updated_at",        Kind::instant},
-};
-
-const Keys countdownKeys = {
-    {"ends_at",                  Kind::instant},
-    {"started_at",               Kind::instant},
-    {"is_paused",                Kind::boolean},
-    {"frozen_remaining_seconds", Kind::integer},
-};
-const Keys widgetKeys = {
-    {"schema_version",         Kind::integer},
-    {"phase",                  Kind::phase},
-    {"route",                  Kind::route,   supplied},
-    {"intended_outcome",       Kind::text},
-    {"first_action",           Kind::text},
-    {"sessions_started",       Kind::integer},
-    {"sessions_planned",       Kind::integer},
-    {"current_session_number", Kind::integer, optional},
-    {"countdown",              Kind::record,  optional},
-    {"energy",                 Kind::integer, optional},
-    {"morale",                 Kind::integer, optional},
-    {"open_question_count",    Kind::integer},
-    {"open_questions",         Kind::list,    supplied},
-    {"updated_at",             Kind::instant},
-};
-
-const Keys timerKeys = {
-    {"kind",              Kind::timerKind},
-    {"elapsed_seconds",   Kind::integer},
-    {"remaining_seconds", Kind::integer},
-    {"display_seconds",   Kind::integer},
-    {"is_overtime",       Kind::boolean},
-    {"is_paused",         Kind::boolean},
-};
-// clang-format on
+/// The keys of a record, in the order of its fields; `supplied` are those that the reader supplies.
+template <class Record>
+Keys keysOf(const std::set<std::string_view>& supplied = {})
+{
+    Keys keys;
+    forEachField<Record>([&]<class Value>(const RecordField<Record, Value>& field) {
+        const bool isRequired = field.presence == KeyPresence::always;
+        keys.push_back({.name = field.key,
+                        .kind = kindOf<Value>,
+                        .presence = supplied.contains(field.key) ? Presence::supplied
+                                    : isRequired                 ? Presence::required
+                                                                 : Presence::optional});
+    });
+    return keys;
+}
 
 template <class Root>
 Document document(const std::string& name, const Root& root, const std::vector<Place>& places)
@@ -162,6 +74,14 @@ std::vector<Document> makeDocuments()
     const QuillmereState state = completeState();
     const AgentSnapshot agent = StateStore("unused", {}).agentSnapshot(state, std::nullopt);
     const WidgetSnapshot widget = WidgetSnapshot::make(state, state.updatedAt);
+    const Keys stateKeys = keysOf<QuillmereState>({"id"});
+    const Keys blockKeys = keysOf<Block>();
+    const Keys outcomeKeys = keysOf<Outcome>();
+    const Keys sessionKeys = keysOf<WorkSession>();
+    const Keys planKeys = keysOf<SessionPlan>();
+    const Keys reviewKeys = keysOf<SessionReview>({"id"});
+    const Keys questionKeys = keysOf<AgentQuestion>();
+    const Keys widgetKeys = keysOf<WidgetSnapshot>({"route", "open_questions"});
     return {
         document("state", state,
                  {{"", stateKeys},
@@ -170,23 +90,23 @@ std::vector<Document> makeDocuments()
                   {"current_block.sessions[1]", sessionKeys},
                   {"current_block.sessions[1].plan", planKeys},
                   {"current_block.sessions[1].review", reviewKeys},
-                  {"current_block.reflection", reflectionKeys},
+                  {"current_block.reflection", keysOf<BlockReview>()},
                   {"block_history[0].sessions[1].plan", planKeys},
                   {"block_history[0].sessions[2].review", reviewKeys},
                   {"block_history[0].outcomes[0]", outcomeKeys},
                   {"planned_next_session", planKeys},
                   {"agent_questions[0]", questionKeys}}),
         document("agent", agent,
-                 {{"", agentKeys},
-                  {"tasks[1]", taskKeys},
+                 {{"", keysOf<AgentSnapshot>()},
+                  {"tasks[1]", keysOf<AgentTaskSnapshot>()},
                   {"block", blockKeys},
                   {"outcomes[0]", outcomeKeys},
                   {"sessions[1]", sessionKeys},
                   {"current_session", sessionKeys},
                   {"current_session.review", reviewKeys},
                   {"next_session", planKeys}}),
-        document("widget", widget, {{"", widgetKeys}, {"countdown", countdownKeys}}),
-        document("timer", *TimerSnapshot::derive(state, moment), {{"", timerKeys}}),
+        document("widget", widget, {{"", widgetKeys}, {"countdown", keysOf<WidgetCountdown>()}}),
+        document("timer", *TimerSnapshot::derive(state, moment), {{"", keysOf<TimerSnapshot>()}}),
     };
 }
 
@@ -241,7 +161,7 @@ std::vector<json> wrongValues(Kind kind)
 {
     std::vector<json> wrong = {json::array({json::array({1, "a", nullptr})})};
     const auto add = [&](Kind right, const std::vector<json>& values) {
-        // A number without a fraction is a duration as well.
+        // A whole number is also a duration.
         const bool fits = kind == right || (kind == Kind::duration && right == Kind::integer);
         if (!fits) {
             wrong.insert(wrong.end(), values.begin(), values.end());
@@ -253,7 +173,7 @@ std::vector<json> wrongValues(Kind kind)
     add(Kind::text, {"", "abc", "null", "true", "3", "{}"});
     add(Kind::record, {json::object(), json::object({{"id", 3}, {"title", {{"a", json::array()}}}})});
     add(Kind::list, {json::array(), json::array({nullptr}), json::array({"abc"})});
-    // Close, but of the wrong spelling.
+    // Similar texts with a wrong spelling.
     add(Kind::text, {"9F1C2A4E0B7D4C558E213A6B5D0C7F10", "2026-11-15T15:00:00", "2026-11-15T15:00:00.5Z",
                      "yes", "Focusing", "block_planning", "break_time", "planned"});
     if (kind == Kind::list) {
