@@ -29,7 +29,8 @@ bool Crowd::allSucceed()
                 const int code = ended->wait().code;
                 succeed = code == 0;
                 atWork_.erase(ended);
-                std::cerr << (succeed ? "" : "one of a crowd ended with " + std::to_string(code) + '\n');
+                std::cerr << (succeed ? ""
+                                      : "a process of the crowd exited with " + std::to_string(code) + '\n');
             }
         }
         return !succeed || atWork_.empty();

@@ -140,7 +140,7 @@ TEST(AKilledLockHolder, losesNobodyElsesQuestion)
         }
     }
     reportFigure("some of 8 × `quillmere ask` killed", "asked", aftermath().outcomes.size());
-    reportFigure("some of 8 × `quillmere ask` killed", "ended with 0, all found once", done);
+    reportFigure("some of 8 × `quillmere ask` killed", "exited with 0, all found once", done);
 }
 
 TEST(AKilledLockHolder, hasItsOwnQuestionOnceOrNotAtAll)

@@ -138,7 +138,7 @@ private:
                 return stage_.ticks[one] >= before[one] + oneBegunBeforeAndOneSince;
             };
             if (!eventually(hasTicked)) {
-                throw std::runtime_error("one of the crowd ticks no more");
+                throw std::runtime_error("a process of the crowd has stopped ticking");
             }
         }
     }

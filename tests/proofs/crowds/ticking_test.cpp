@@ -41,7 +41,7 @@ TEST(ACrowdThatTicks, reportsEachStartAndEachEndOnce)
         ticks += one;
     }
     reportFigure("8 processes × `quillmere tick`", "ticks", ticks);
-    reportFigure("8 processes × `quillmere tick`", "ticks turned away after five seconds",
+    reportFigure("8 processes × `quillmere tick`", "ticks refused after five seconds",
                  stage->lockOuts.load());
     reportFigure("8 processes × `quillmere tick`", "starts and ends, each reported once",
                  stage->expected.sorted().size());

@@ -63,7 +63,7 @@ Cost costOf(std::uint64_t blocks)
     cost.loadingAllocations = allocationsMade() - beforeLoad;
     cost.blocksHeld = blocksInUse() - heldBefore;
     cost.residentKilobytes = residentKilobytes() - residentBefore;
-    EXPECT_TRUE(*loaded == state) << "what was loaded is not what was saved";
+    EXPECT_TRUE(*loaded == state) << "the loaded state differs from the saved one";
 
     cost.fileBytes = std::filesystem::file_size(store.stateURL());
     cost.agentFileBytes = std::filesystem::file_size(store.agentStateURL());
@@ -106,9 +106,9 @@ void report(const Cost& cost)
     reportFigure(promise, "time of a load", inMilliseconds(cost.loadingMilliseconds));
     reportFigure(promise, "memory added by a load",
                  inMegabytes(static_cast<double>(cost.residentKilobytes) * 1'024));
-    reportFigure(promise, "blocks of memory asked for by a save", cost.savingAllocations);
-    reportFigure(promise, "blocks of memory asked for by a load", cost.loadingAllocations);
-    reportFigure(promise, "blocks of memory held by the state", cost.blocksHeld);
+    reportFigure(promise, "allocations of a save", cost.savingAllocations);
+    reportFigure(promise, "allocations of a load", cost.loadingAllocations);
+    reportFigure(promise, "allocated blocks of the state", cost.blocksHeld);
 }
 
 TEST(YearsOfUse, takeRoomAndMemoryInProportion)

@@ -90,8 +90,9 @@ TEST(ManySaves, leaveNoMemoryNoDescriptorAndNoFileBehind)
     const std::string promise = "Saves of all three files in one process";
     reportFigure(promise, "saves", wanted);
     reportFigure(promise, "loads in between", loads);
-    reportFigure(promise, "blocks of memory gained", static_cast<std::int64_t>(after.blocks - before.blocks));
-    reportFigure(promise, "descriptors gained", static_cast<std::int64_t>(after.files - before.files));
+    reportFigure(promise, "additional allocated blocks",
+                 static_cast<std::int64_t>(after.blocks - before.blocks));
+    reportFigure(promise, "additional descriptors", static_cast<std::int64_t>(after.files - before.files));
     reportFigure(promise, "resident memory before", std::to_string(residentBefore) + " kB");
     reportFigure(promise, "resident memory after", std::to_string(residentAfter) + " kB");
 }

@@ -134,7 +134,7 @@ TEST(AYearOfTicks, doesEverythingOnceAtItsSecondAndWritesNothingElse)
     EXPECT_EQ(host.saves(), person.actions() + happened.total());
     expectHistory(host.state(), person);
 
-    const std::string promise = "A tick a second, with a person at work";
+    const std::string promise = "A tick a second, while a person works";
     reportFigure(promise, "ticks", ticks);
     reportFigure(promise, "ticks that had nothing to do and wrote nothing", happened.idleTicks);
     reportFigure(promise, "scheduled starts, each once at its second", happened.begins);

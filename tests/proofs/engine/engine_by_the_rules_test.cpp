@@ -62,10 +62,10 @@ TEST(TheEngine, doesWhatTheRulesSayInEverySituation)
     }
     EXPECT_EQ(oracle.refused(missingBlock), 0) << "no operation throws it";
     EXPECT_GT(oracle.compared(), amount(10'000, 100'000));
-    const std::string promise = "The engine against a second statement of its rules";
+    const std::string promise = "The engine compared with the reference model";
     reportFigure(promise, "situations to choose from", situationCount());
     reportFigure(promise, "calls compared", oracle.compared());
-    reportFigure(promise, "calls that must stop the program, left out", oracle.fatal());
+    reportFigure(promise, "calls omitted because they must stop the program", oracle.fatal());
 }
 
 TEST(TheEngineDeathTest, stopsTheProgramWhereTheRulesSaySo)
@@ -81,7 +81,7 @@ TEST(TheEngineDeathTest, stopsTheProgramWhereTheRulesSaySo)
         }
     }
     EXPECT_EQ(stopped, wanted);
-    reportFigure("The engine against a second statement of its rules", "stops of the program seen", stopped);
+    reportFigure("The engine compared with the reference model", "stops of the program seen", stopped);
 }
 
 }  // namespace

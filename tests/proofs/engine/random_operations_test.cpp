@@ -100,7 +100,7 @@ TEST(RandomOperations, obeyTheRulesAndKeepWhatAlwaysHolds)
     reportFigure(promise, "operations", made);
     reportFigure(promise, "ticks, each made twice", ticks);
     reportFigure(promise, "ticks that had something to do", ticksThatActed);
-    reportFigure(promise, "operations that must stop the program, left out", oracle.fatal());
+    reportFigure(promise, "operations omitted because they must stop the program", oracle.fatal());
 }
 
 }  // namespace

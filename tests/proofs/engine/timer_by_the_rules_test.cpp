@@ -54,9 +54,9 @@ TEST(TheTimer, showsWhatTheRulesSayInEverySituation)
     }
     EXPECT_GT(shown, 1'000);
     EXPECT_GT(fatal, 1'000);
-    const std::string promise = "The engine against a second statement of its rules";
+    const std::string promise = "The engine compared with the reference model";
     reportFigure(promise, "timers compared", wanted - fatal);
-    reportFigure(promise, "timers that run, among them", shown);
+    reportFigure(promise, "of these, running timers", shown);
 }
 
 TEST(TheTimerDeathTest, stopsTheProgramWhereTheRulesSaySo)

@@ -144,7 +144,7 @@ TEST_F(HostileDirectories, withHostileFilesAreMetAsTheTableSays)
     if (inLongForm()) {
         constexpr std::size_t megabyte = 1'000'000;
         constexpr std::size_t most = 1'200 * megabyte;
-        reportFigure(promise, "most memory of a call in MB, with files of 1,000", memory_ / megabyte);
+        reportFigure(promise, "peak memory of a call in MB, with files of 1,000 MB", memory_ / megabyte);
         EXPECT_LT(memory_, most);
     }
 }

@@ -94,7 +94,7 @@ TEST(AKillAtRandom, leavesEachFileOldOrNew)
                       [](const Aftermath& aftermath) { return aftermath.completed != aftermath.begun; });
     EXPECT_GT(inASave, 0);
     reportFigure("SIGKILL at random moments", "kills of a process that saves", aftermaths().size());
-    reportFigure("SIGKILL at random moments", "of these, in the midst of a save", inASave);
+    reportFigure("SIGKILL at random moments", "of these, during a save", inASave);
 }
 
 TEST(AKillAtRandom, leavesNoSummaryNewerThanTheState)
@@ -123,7 +123,7 @@ TEST(AKillAtRandom, leavesOneHiddenFileAtTheMost)
         EXPECT_TRUE(aftermath.leftoversAreHidden);
         EXPECT_LE(aftermath.leftoverCount, 1u);
     }
-    reportFigure("SIGKILL at random moments", "temporary files left, none ever read", count);
+    reportFigure("SIGKILL at random moments", "remaining temporary files, none ever read", count);
 }
 
 }  // namespace

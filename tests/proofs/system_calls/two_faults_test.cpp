@@ -45,7 +45,7 @@ TEST(ASaveThatCannotCleanUp, reportsTheFirstErrorNotThatOfTheCleaning)
     const std::size_t count = forEverySaveThatCannotCleanUp([](const FaultedSave& save) {
         EXPECT_EQ(save.error, save.expected.error) << testing::PrintToString(save);
     });
-    reportFigure("A fault at every system call of a save", "saves with a failing removal besides", count);
+    reportFigure("A fault at every system call of a save", "saves with an additional failing removal", count);
 }
 
 TEST(ASaveThatCannotCleanUp, leavesEachFileOldOrNewAsTheRenamesSay)

@@ -140,7 +140,7 @@ TEST(EveryInstant, readsBackEqualOnEveryDay)
     }
     reportFigure("Round trip", "days of the years 0000 to 9999",
                  count / static_cast<std::uint64_t>(secondsPerVisit));
-    reportFigure("Round trip", "instants on them", count);
+    reportFigure("Round trip", "instants on these days", count);
 }
 
 TEST(EveryInstant, readsBackEqualInEverySecondOfADay)

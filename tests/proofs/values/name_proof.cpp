@@ -141,7 +141,7 @@ TEST(EveryEnumeration, readsItsOwnTextsAndNothingBeside)
                                 refusedBesideCasesOf<CompletionResult>() + refusedBesideCasesOf<TimerKind>() +
                                 refusedBesideCasesOf<WidgetPhase>() + refusedBesideCasesOf<WidgetRoute>();
     EXPECT_GT(count, 500U);
-    reportFigure("Round trip", "texts beside those of enumerations, refused", count);
+    reportFigure("Round trip", "refused texts, similar to those of enumerations", count);
 }
 
 }  // namespace

@@ -160,7 +160,7 @@ TEST(EveryCharacter, isWrittenAndReadAsItselfAlone)
             ++count;
         }
     }
-    reportFigure("Round trip", "of them each in a text of its own", count);
+    reportFigure("Round trip", "of these, each in a separate text", count);
 }
 
 TEST(EveryCharacter, isTakenApartAndPutTogetherAsUtf8)
