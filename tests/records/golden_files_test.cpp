@@ -23,7 +23,7 @@ AgentSnapshot agentSnapshot(const QuillmereState& state)
     return StateStore("unused", {}).agentSnapshot(state, state.updatedAt);
 }
 
-TEST(GoldenState, isWhatIsWritten)
+TEST(GoldenState, equalsTheWrittenFile)
 {
     EXPECT_EQ(StateStore::encoder().encode(test::fullState()).view(), golden("state.json"));
 }
@@ -33,7 +33,7 @@ TEST(GoldenState, isReadBackToTheSameRecord)
     EXPECT_EQ(test::decoded<QuillmereState>(golden("state.json")), test::fullState());
 }
 
-TEST(GoldenAgentState, isWhatIsWritten)
+TEST(GoldenAgentState, equalsTheWrittenFile)
 {
     EXPECT_EQ(StateStore::encoder().encode(agentSnapshot(test::fullState())).view(),
               golden("agent-state.json"));
@@ -44,7 +44,7 @@ TEST(GoldenAgentState, isReadBackToTheSameRecord)
     EXPECT_EQ(test::decoded<AgentSnapshot>(golden("agent-state.json")), agentSnapshot(test::fullState()));
 }
 
-TEST(GoldenWidgetSnapshot, isWhatIsWritten)
+TEST(GoldenWidgetSnapshot, equalsTheWrittenFile)
 {
     const QuillmereState state = test::fullState();
     EXPECT_EQ(test::compactText(WidgetSnapshot::make(state, state.updatedAt)),

@@ -14,14 +14,14 @@ TEST(Waiting, endsWhenTheConditionHolds)
     EXPECT_EQ(calls, 3);
 }
 
-TEST(Waiting, givesUpAndSaysWhatItSawLast)
+TEST(Waiting, givesUpAndReportsTheLastStateSeen)
 {
     const auto result = eventually([] { return false; }, [] { return "an empty file"; }, 5ms);
     EXPECT_FALSE(result);
     EXPECT_STREQ(result.message(), "waited in vain for 5 ms; last seen: an empty file");
 }
 
-TEST(Waiting, forAValueSaysWhichItHadInstead)
+TEST(Waiting, forAValueReportsTheLastOne)
 {
     int calls = 0;
     EXPECT_TRUE(eventuallyEquals([&] { return ++calls; }, 3));

@@ -21,7 +21,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-TEST(AChildProcess, endsWithItsCodeAndWhatItPrinted)
+TEST(AChildProcess, endsWithItsCodeAndItsOutput)
 {
     const Ending ending = runShell("echo printed; echo reported >&2; exit 3");
     EXPECT_EQ(ending.code, 3);
@@ -31,7 +31,7 @@ TEST(AChildProcess, endsWithItsCodeAndWhatItPrinted)
     EXPECT_GT(ending.mostMemory, 0u);
 }
 
-TEST(AChildProcess, thatASignalEndsHas128AndTheSignal)
+TEST(AChildProcess, endedByASignalHas128PlusTheSignal)
 {
     const Ending ending = runShell("kill -TERM $$");
     EXPECT_EQ(ending.code, 128 + SIGTERM);
@@ -84,7 +84,7 @@ TEST(AChildProcess, canWriteToAFile)
     EXPECT_EQ(textOf(file), "one\ntwo\n");
 }
 
-TEST(AChildProcess, canBeTalkedToOverPipesAndSockets)
+TEST(AChildProcess, communicatesOverPipesAndSockets)
 {
     for (const Channel& channel : {Channel::pipe(), Channel::socket()}) {
         Process echo({.words = {"cat"}, .input = channel, .output = channel});
@@ -143,7 +143,7 @@ TEST(AChildProcess, canRunAFunction)
     EXPECT_EQ(thrown.err, "why\n");
 }
 
-TEST(AChildProcess, showsWhatItPrintedWhileItRuns)
+TEST(AChildProcess, showsItsOutputWhileItRuns)
 {
     Process shell({.words = {"sh", "-c", "echo begun; sleep 100"}});
     EXPECT_TRUE(eventuallyEquals([&] { return shell.out(); }, "begun\n"));
@@ -189,7 +189,7 @@ TEST(AChildProcess, thatDoesNotEndFailsTheTestAndIsKilled)
         "sh still runs and has printed: waiting");
 }
 
-TEST(AWordOfTheShell, staysWhatItIs)
+TEST(AWordOfTheShell, isUnchangedByTheShell)
 {
     const std::string text = "it's \"$HOME\" \\ *";
     EXPECT_EQ(runShell("printf %s " + shellWord(text)).out, text);

@@ -38,7 +38,7 @@ std::string inSeconds(double seconds)
     return text.str();
 }
 
-TEST(AHeldLock, turnsEverybodyAwayAfterFiveSecondsAndLeavesTheFilesAlone)
+TEST(AHeldLock, refusesEveryProcessAfterFiveSecondsAndKeepsTheFiles)
 {
     const ThreeFiles files(Before::earlierFile);
     const int held = ::open(files.directory().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);

@@ -67,7 +67,7 @@ bool tickTwice(Oracle& oracle, QuillmereState& state, Instant now)
     return first.acted > 0;
 }
 
-TEST(RandomOperations, obeyTheRulesAndKeepWhatAlwaysHolds)
+TEST(RandomOperations, obeyTheRulesAndKeepTheInvariants)
 {
     Oracle oracle;
     RandomCalls calls(20'261'121);

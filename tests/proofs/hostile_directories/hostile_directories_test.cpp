@@ -135,9 +135,9 @@ protected:
     std::size_t memory_ = 0;  ///< the largest peak memory of an operation
 };
 
-TEST_F(HostileDirectories, areMetAsTheTableSays) { expect("the directory", directorySituations()); }
+TEST_F(HostileDirectories, giveTheOutcomesOfTheTable) { expect("the directory", directorySituations()); }
 
-TEST_F(HostileDirectories, withHostileFilesAreMetAsTheTableSays)
+TEST_F(HostileDirectories, withHostileFilesGiveTheOutcomesOfTheTable)
 {
     expect("a file", fileSituations());
     // A file of a gigabyte is read into memory once and not decoded.
@@ -149,7 +149,10 @@ TEST_F(HostileDirectories, withHostileFilesAreMetAsTheTableSays)
     }
 }
 
-TEST_F(HostileDirectories, areFoundAsTheTableSays) { expect("mask, environment", processSituations()); }
+TEST_F(HostileDirectories, foundByTheEnvironmentGiveTheOutcomesOfTheTable)
+{
+    expect("mask, environment", processSituations());
+}
 
 }  // namespace
 }  // namespace quillmere::test

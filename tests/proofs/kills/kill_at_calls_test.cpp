@@ -133,7 +133,7 @@ TEST_F(AKillAtACall, isRepairedByTheNextSave)
     }
 }
 
-TEST_F(AKillAtACall, leavesHiddenFilesThatNobodyTouchesAgain)
+TEST_F(AKillAtACall, leavesHiddenFilesThatStayUntouched)
 {
     std::size_t count = 0;
     for (const Aftermath& aftermath : aftermaths()) {

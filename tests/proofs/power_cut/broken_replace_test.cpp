@@ -33,7 +33,7 @@ TEST(TheModelOfAPowerCut, acceptsAReplacementThatSyncsFileAndDirectory)
               0u);
 }
 
-TEST(TheModelOfAPowerCut, findsOutThatTheFileIsNotSynced)
+TEST(TheModelOfAPowerCut, detectsThatTheFileIsNotSynced)
 {
     EXPECT_GT(violationsOf([](const fs::path& temporaryURL, const fs::path& destination) {
                   StateStore::renameReplacing(temporaryURL, destination);
@@ -42,7 +42,7 @@ TEST(TheModelOfAPowerCut, findsOutThatTheFileIsNotSynced)
               0u);
 }
 
-TEST(TheModelOfAPowerCut, findsOutThatTheDirectoryIsNotSynced)
+TEST(TheModelOfAPowerCut, detectsThatTheDirectoryIsNotSynced)
 {
     EXPECT_GT(violationsOf([](const fs::path& temporaryURL, const fs::path& destination) {
                   sync(temporaryURL);
@@ -51,7 +51,7 @@ TEST(TheModelOfAPowerCut, findsOutThatTheDirectoryIsNotSynced)
               0u);
 }
 
-TEST(TheModelOfAPowerCut, findsOutThatTheFileIsSyncedTooLate)
+TEST(TheModelOfAPowerCut, detectsThatTheFileIsSyncedTooLate)
 {
     EXPECT_GT(violationsOf([](const fs::path& temporaryURL, const fs::path& destination) {
                   StateStore::renameReplacing(temporaryURL, destination);
@@ -61,12 +61,12 @@ TEST(TheModelOfAPowerCut, findsOutThatTheFileIsSyncedTooLate)
               0u);
 }
 
-TEST(TheModelOfAPowerCut, findsOutThatThePlainReplacementIsNotDurable)
+TEST(TheModelOfAPowerCut, detectsThatThePlainReplacementIsNotDurable)
 {
     EXPECT_GT(violationsOf(StateStore::renameReplacing), 0u);
 }
 
-TEST(TheModelOfAPowerCut, findsOutThatTheOldFileIsRemovedFirst)
+TEST(TheModelOfAPowerCut, detectsThatTheOldFileIsRemovedFirst)
 {
     EXPECT_GT(violationsOf([](const fs::path& temporaryURL, const fs::path& destination) {
                   sync(temporaryURL);

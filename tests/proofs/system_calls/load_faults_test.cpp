@@ -119,7 +119,7 @@ bool changesNothing(const Fault& fault)
     return fault.call == SystemCall::close || (fault.error == EINTR && isContinued(fault.call));
 }
 
-TEST(ALoadWithAFault, takesOnlyANameThatLeadsNowhereForMissing)
+TEST(ALoadWithAFault, treatsOnlyANameThatLeadsNowhereAsMissing)
 {
     forEveryFaultedLoad([](const FaultedLoad& load) {
         const bool isMissing =
@@ -140,7 +140,7 @@ TEST(ALoadWithAFault, reportsTheErrorOfTheCall)
     reportFigure("A fault at every system call of a load", "faulted loads", count);
 }
 
-TEST(ALoadWithAFault, goesOnWhenItWasInterruptedOnly)
+TEST(ALoadWithAFault, continuesAfterAnInterruption)
 {
     forEveryFaultedLoad([](const FaultedLoad& load) {
         if (changesNothing(load.fault)) {
@@ -164,7 +164,7 @@ TEST(ALoadWithAFault, leavesNoFileOpenAndClosesNoneTwice)
     });
 }
 
-TEST(ALoad, asksForNoFileButItsOwn)
+TEST(ALoad, opensOnlyItsOwnFiles)
 {
     for (const Situation& situation : situations()) {
         const Scene scene(situation);

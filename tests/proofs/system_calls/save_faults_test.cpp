@@ -109,7 +109,7 @@ TEST(ASaveWithAFault, neverLeavesASummaryNewerThanItsState)
     });
 }
 
-TEST(ASaveWithAFault, doesNotStandInTheWayOfTheNext)
+TEST(ASaveWithAFault, doesNotPreventTheNextSave)
 {
     expectOfEverySave([](const FaultedSave& save) {
         const std::vector<Version> allNewer(save.nextContent.files.size(), Version::newer);
@@ -117,7 +117,7 @@ TEST(ASaveWithAFault, doesNotStandInTheWayOfTheNext)
     });
 }
 
-TEST(ASaveWithAFault, goesOnWhenItWasInterruptedOnly)
+TEST(ASaveWithAFault, continuesAfterAnInterruption)
 {
     const auto interruption = [](const CallRecord& record, std::size_t ordinal) {
         std::vector<Fault> faults;

@@ -68,7 +68,7 @@ TEST(ASaveThatCannotCleanUp, leavesOneHiddenFileAtTheMost)
     EXPECT_GT(leftovers, 0u);
 }
 
-TEST(ASaveThatCannotCleanUp, doesNotStandInTheWayOfTheNext)
+TEST(ASaveThatCannotCleanUp, doesNotPreventTheNextSave)
 {
     forEverySaveThatCannotCleanUp([](const FaultedSave& save) {
         EXPECT_EQ(save.nextError, 0) << testing::PrintToString(save);

@@ -163,7 +163,7 @@ TEST(EveryCharacter, isWrittenAndReadAsItselfAlone)
     reportFigure("Round trip", "of these, each in a separate text", count);
 }
 
-TEST(EveryCharacter, isTakenApartAndPutTogetherAsUtf8)
+TEST(EveryCharacter, isDecodedAndEncodedAsUtf8)
 {
     const std::uint32_t stride = inLongForm() ? 1 : 7;
     for (std::uint32_t codePoint = 0; codePoint < endOfUnicode; codePoint += codePoint < 0x800 ? 1 : stride) {

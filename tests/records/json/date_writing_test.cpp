@@ -105,7 +105,7 @@ TEST(WrittenInstant, withAFractionReadsBackAsAWholeSecond)
     }
 }
 
-TEST(WrittenInstant, isWhatTheSystemsCalendarSays)
+TEST(WrittenInstant, agreesWithTheSystemsCalendar)
 {
     std::mt19937_64 random(7);
     for (int count = 0; count < 10'000; ++count) {

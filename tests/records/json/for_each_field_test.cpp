@@ -71,13 +71,13 @@ void expectSameAsWritten(const Record& record)
     EXPECT_EQ(jsonOf(record), json::parse(test::compactText(record)));
 }
 
-TEST(ForEachField, givesAllThatIsWrittenOfTheState)
+TEST(ForEachField, visitsEveryWrittenMemberOfTheState)
 {
     expectSameAsWritten(test::completeState());
     expectSameAsWritten(QuillmereState::initial(test::moment));
 }
 
-TEST(ForEachField, givesAllThatIsWrittenOfTheSummariesAndTheTimer)
+TEST(ForEachField, visitsEveryWrittenMemberOfTheSummariesAndTheTimer)
 {
     const QuillmereState full = test::completeState();
     const QuillmereState initial = QuillmereState::initial(test::moment);
