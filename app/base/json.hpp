@@ -1,4 +1,4 @@
-// JSON for programs, with its members in the order in which they were added.
+// JSON for programs. Members keep the order in which they were added.
 #pragma once
 
 #include <quillmere/records/instant.hpp>
@@ -12,13 +12,14 @@ namespace quillmere::base {
 
 using Json = nlohmann::ordered_json;
 
-/// On one line and in ASCII, so that a terminal obeys nothing in it. Ill-formed text is replaced.
+/// One line without its end, in ASCII, so that it contains no control character for a terminal. Ill-formed
+/// text is replaced.
 std::string jsonLine(const Json& json);
 
-/// Parses a text that this program made; throws nlohmann's parse error for any other.
+/// For texts that this program has written; throws nlohmann's parse error for anything else.
 Json parsedJson(std::string_view text);
 
-/// An instant as the files write it.
+/// "2026-01-31T09:15:00Z", as in the files.
 Json instantJson(Instant instant);
 
 }  // namespace quillmere::base

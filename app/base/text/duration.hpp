@@ -1,4 +1,4 @@
-// Durations as persons write them.
+// Durations as people write them.
 #pragma once
 
 #include <optional>
@@ -7,8 +7,8 @@
 
 namespace quillmere::base {
 
-// What this program accepts. The engine takes any duration above zero, also ones by which no timer can
-// count; such a one never gets into a state by this program, and never out of a file.
+// Bounds in seconds. The engine accepts every positive duration, also ones that no timer can count; this
+// program neither stores such a duration nor accepts one from a file.
 inline constexpr double shortestDuration = 1;
 inline constexpr double longestDuration = 366.0 * 86'400;
 
