@@ -1,7 +1,7 @@
-// The page that the terminal of this process offers.
+#include "lookback/terminal/terminal_page.hpp"
+
 #include "base/system/terminal_charset.hpp"
 #include "base/system/terminal_width.hpp"
-#include "lookback/terminal_report.hpp"
 
 #include <algorithm>
 #include <cstddef>
@@ -10,7 +10,7 @@ namespace quillmere::lookback {
 namespace {
 
 constexpr std::size_t usualWidth = 80;
-constexpr std::size_t leastWidth = 48;
+constexpr std::size_t leastWidth = 48;  // of the charts
 constexpr std::size_t mostWidth = 120;  // longer bars are hard to compare
 
 }  // namespace

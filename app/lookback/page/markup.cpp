@@ -1,4 +1,4 @@
-#include "lookback/markup.hpp"
+#include "lookback/page/markup.hpp"
 
 #include "base/text/sanitize.hpp"
 #include "base/text/xml.hpp"

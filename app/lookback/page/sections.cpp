@@ -1,15 +1,16 @@
-#include "lookback/html_page.hpp"
+#include "lookback/page/sections.hpp"
 
 #include "base/text/local_time.hpp"
-#include "lookback/charts.hpp"
-#include "lookback/markup.hpp"
-#include "lookback/page_style.hpp"
+#include "lookback/day_text.hpp"
+#include "lookback/page/charts.hpp"
+#include "lookback/page/colour_key.hpp"
+#include "lookback/page/markup.hpp"
+#include "lookback/page/tables.hpp"
 #include "lookback/words.hpp"
 
 #include <algorithm>
 #include <array>
 #include <iterator>
-#include <span>
 
 namespace quillmere::lookback {
 namespace {
@@ -19,54 +20,6 @@ constexpr std::size_t chartWeeks = 26;
 constexpr std::size_t chartMonths = 12;
 constexpr std::size_t halfYearWeeks = 27;
 constexpr std::size_t mostSessionsShown = 20;
-
-using Cells = std::vector<std::string>;
-
-std::string headOf(const Cells& texts)
-{
-    std::string cells;
-    for (const std::string& text : texts) {
-        cells += element("th", {{"scope", "col"}}, escaped(text));
-    }
-    return element("thead", {}, element("tr", {}, cells));
-}
-
-/// A table whose first column names its rows.
-std::string tableOf(const std::string& caption, const Cells& head, const std::vector<Cells>& rows)
-{
-    std::string body;
-    for (const Cells& row : rows) {
-        std::string cells = element("th", {{"scope", "row"}}, escaped(row.front()));
-        for (std::size_t index = 1; index < row.size(); ++index) {
-            cells += element("td", {}, escaped(row[index]));
-        }
-        body += element("tr", {}, cells);
-    }
-    return element("table", {},
-                   element("caption", {}, escaped(caption)) + headOf(head) + element("tbody", {}, body));
-}
-
-/// A table that shows when it is asked for; it scrolls by the keyboard too.
-std::string folded(const std::string& caption, const Cells& head, const std::vector<Cells>& rows)
-{
-    return element(
-        "details", {},
-        element("summary", {}, "The figures as a table") +
-            element("div",
-                    {{"class", "scroll"}, {"tabindex", "0"}, {"role", "region"}, {"aria-label", caption}},
-                    tableOf(caption, head, rows)));
-}
-
-std::string sectionOf(const std::string& title, const char* sectionClass, const std::string& content)
-{
-    return element("section", {{"class", sectionClass}}, element("h2", {}, escaped(title)) + content) + "\n";
-}
-
-/// What stands in a table for a stretch besides its name.
-struct TallyColumn {
-    const char* name;
-    std::string (*text)(const figures::Tally&);
-};
 
 constexpr auto focusColumns = std::to_array<TallyColumn>({
     {"Focus", [](const figures::Tally& tally) { return focusText(tally.focusSeconds); }},
@@ -88,22 +41,9 @@ constexpr auto ratingColumns = std::to_array<TallyColumn>({
     {"Morale", [](const figures::Tally& tally) { return meanText(tally.morale); }},
 });
 
-std::string stretchTable(const std::string& title, const std::vector<figures::Stretch>& row,
-                         figures::Unit unit, std::span<const TallyColumn> columns)
+std::string sectionOf(const std::string& title, const char* sectionClass, const std::string& content)
 {
-    Cells head = {unit == figures::Unit::day ? "Day" : unit == figures::Unit::week ? "Week" : "Month"};
-    for (const TallyColumn& column : columns) {
-        head.emplace_back(column.name);
-    }
-    std::vector<Cells> rows;
-    for (const figures::Stretch& stretch : row) {
-        Cells cells = {figures::labelOf(unit, stretch.first)};
-        for (const TallyColumn& column : columns) {
-            cells.push_back(column.text(stretch.tally));
-        }
-        rows.push_back(std::move(cells));
-    }
-    return folded(title, head, rows);
+    return element("section", {{"class", sectionClass}}, element("h2", {}, escaped(title)) + content) + "\n";
 }
 
 std::string figureOf(const std::string& name, const std::string& value, const std::string& more)
@@ -113,41 +53,24 @@ std::string figureOf(const std::string& name, const std::string& value, const st
                        element("dd", {{"class", "more"}}, escaped(more)));
 }
 
-std::string figures(const figures::LookBack& look)
-{
-    const figures::Tally& all = look.total;
-    const auto yes = static_cast<double>(all.completions[static_cast<std::size_t>(CompletionResult::yes)]);
-    const auto reviewed = static_cast<double>(figures::total(all.completions));
-    const auto days = [](const std::optional<figures::Streak>& streak) { return streak ? streak->days : 0; };
-    return element("dl", {{"class", "figures"}},
-                   figureOf("Focus", focusText(all.focusSeconds),
-                            countText(all.sessions, "session") + " on " + countText(look.focusDays, "day")) +
-                       figureOf("Days in a row", std::to_string(days(look.currentStreak)),
-                                "longest: " + std::to_string(days(look.longestStreak))) +
-                       figureOf("Completed", shareText(yes, reviewed), completionsText(all.completions)) +
-                       figureOf("Worked of planned", shareText(all.workedSeconds, all.plannedSeconds),
-                                focusText(all.workedSeconds) + " of " + focusText(all.plannedSeconds))) +
-           "\n";
-}
-
 std::string yearSection(const figures::LookBack& look)
 {
     const figures::HeatMap map = figures::heatMapOf(look, 2 * halfYearWeeks);
-    const std::string title = "The year to " + figures::labelOf(figures::Unit::day, map.lastDay);
+    const std::string title = "The year to " + labelOf(figures::Unit::day, map.lastDay);
     std::vector<KeyEntry> key;
     for (int level = 0; level <= (map.mostSeconds > 0 ? figures::HeatMap::levels : 0); ++level) {
         const double most = map.mostSeconds * level / figures::HeatMap::levels;
         key.push_back({"heat" + std::to_string(level), (level == 0 ? "" : "up to ") + focusText(most)});
     }
-    std::vector<figures::Stretch> days;
+    std::vector<figures::Period> days;
     std::copy_if(look.days.begin(), look.days.end(), std::back_inserter(days),
-                 [&](const figures::Stretch& day) { return map.levelOf(day.first, 0).has_value(); });
+                 [&](const figures::Period& day) { return map.levelOf(day.first, 0).has_value(); });
     const auto half = [&](std::size_t first, const std::string& which) {
         return heatChart(look, map, first, halfYearWeeks, which + " half of the year: focus on each day");
     };
     return sectionOf(title, "wide",
                      element("div", {{"class", "halves"}}, half(0, "First") + half(halfYearWeeks, "Second")) +
-                         keyOf(key) + stretchTable(title, days, figures::Unit::day, focusColumns));
+                         keyOf(key) + periodTable(title, days, figures::Unit::day, focusColumns));
 }
 
 std::string plannedKey() { return keyOf({{"focus", "worked"}, {"planned", "planned"}}); }
@@ -155,11 +78,11 @@ std::string plannedKey() { return keyOf({{"focus", "worked"}, {"planned", "plann
 std::string focusSection(const figures::LookBack& look, const std::string& title, figures::Unit unit,
                          std::size_t most, bool withPlanned)
 {
-    const std::vector<figures::Stretch> row = figures::lastStretches(look, unit, most);
+    const std::vector<figures::Period> row = figures::lastPeriods(look, unit, most);
     const std::string key = withPlanned ? plannedKey() : "";
     return sectionOf(
         title, "chart",
-        focusChart(row, unit, withPlanned, title) + key + stretchTable(title, row, unit, timeColumns));
+        focusChart(row, unit, withPlanned, title) + key + periodTable(title, row, unit, timeColumns));
 }
 
 std::string completionKey() { return keyOf({{"yes", "yes"}, {"half", "half"}, {"no", "no"}}); }
@@ -167,20 +90,20 @@ std::string completionKey() { return keyOf({{"yes", "yes"}, {"half", "half"}, {"
 std::string completionSection(const figures::LookBack& look)
 {
     const std::string title = "Did sessions reach what they were meant to?";
-    const std::vector<figures::Stretch> row = figures::lastStretches(look, figures::Unit::month, chartMonths);
+    const std::vector<figures::Period> row = figures::lastPeriods(look, figures::Unit::month, chartMonths);
     return sectionOf(title, "chart",
                      completionChart(row, figures::Unit::month, title) + completionKey() +
-                         stretchTable(title, row, figures::Unit::month, completionColumns));
+                         periodTable(title, row, figures::Unit::month, completionColumns));
 }
 
 std::string ratingSection(const figures::LookBack& look)
 {
     const std::string title = "Energy and morale, 1 to 5";
-    const std::vector<figures::Stretch> row = figures::lastStretches(look, figures::Unit::week, chartWeeks);
+    const std::vector<figures::Period> row = figures::lastPeriods(look, figures::Unit::week, chartWeeks);
     return sectionOf(title, "chart",
                      ratingChart(row, figures::Unit::week, title) +
                          keyOf({{"energy", "energy"}, {"morale", "morale (dashed)"}}) +
-                         stretchTable(title, row, figures::Unit::week, ratingColumns));
+                         periodTable(title, row, figures::Unit::week, ratingColumns));
 }
 
 std::string byRatingSection(const std::string& title, const std::string& name,
@@ -193,7 +116,7 @@ std::string byRatingSection(const std::string& title, const std::string& name,
     }
     return sectionOf(
         title, "chart",
-        byRatingChart(byRating, title) + completionKey() + folded(title, {name, "Completed"}, rows));
+        byRatingChart(byRating, title) + completionKey() + foldedTable(title, {name, "Completed"}, rows));
 }
 
 std::string factSection(const figures::LookBack& look)
@@ -231,13 +154,32 @@ std::string sessionSection(const figures::LookBack& look)
     for (std::size_t index = 0; index < count; ++index) {
         body += sessionRow(*(look.sessions.rbegin() + static_cast<std::ptrdiff_t>(index)));
     }
-    const std::string table =
-        element("table", {{"class", "sessions"}},
-                headOf({"Started", "Worked", "Reached", "Meant to", "Result"}) + element("tbody", {}, body));
+    const std::string table = element(
+        "table", {{"class", "sessions"}},
+        tableHead({"Started", "Worked", "Reached", "Meant to", "Result"}) + element("tbody", {}, body));
     return sectionOf("The last sessions", "wide", table);
 }
 
-std::string charts(const figures::LookBack& look)
+}  // namespace
+
+std::string keyFigures(const figures::LookBack& look)
+{
+    const figures::Tally& all = look.total;
+    const auto yes = static_cast<double>(all.completions[static_cast<std::size_t>(CompletionResult::yes)]);
+    const auto reviewed = static_cast<double>(figures::total(all.completions));
+    const auto days = [](const std::optional<figures::Streak>& streak) { return streak ? streak->days : 0; };
+    return element("dl", {{"class", "figures"}},
+                   figureOf("Focus", focusText(all.focusSeconds),
+                            countText(all.sessions, "session") + " on " + countText(look.focusDays, "day")) +
+                       figureOf("Days in a row", std::to_string(days(look.currentStreak)),
+                                "longest: " + std::to_string(days(look.longestStreak))) +
+                       figureOf("Completed", shareText(yes, reviewed), completionsText(all.completions)) +
+                       figureOf("Worked of planned", shareText(all.workedSeconds, all.plannedSeconds),
+                                focusText(all.workedSeconds) + " of " + focusText(all.plannedSeconds))) +
+           "\n";
+}
+
+std::string pageSections(const figures::LookBack& look)
 {
     return element("div", {{"class", "charts"}},
                    yearSection(look) +
@@ -248,40 +190,6 @@ std::string charts(const figures::LookBack& look)
                        byRatingSection("Completion by energy", "Energy", look.byEnergy) +
                        byRatingSection("Completion by morale", "Morale", look.byMorale) +
                        sessionSection(look)) +
-           "\n";
-}
-
-/// Elements that hold nothing have their end in their start, as XML wants it. The policy lets the browser
-/// hold the page to its word: nothing is loaded, nothing runs.
-constexpr std::string_view pageHead =
-    "<meta charset=\"utf-8\"/>\n"
-    "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n"
-    "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src "
-    "'unsafe-inline'\"/>\n"
-    "<title>Look back</title>\n";
-
-constexpr std::string_view pageFooter =
-    "Sessions that have ended count, those of the block in hand too, on the day they started, with the time "
-    "worked in them and planned for them. Focus is the same time on the days on which it was spent. When "
-    "in a session its pauses were is not recorded: in one that goes over midnight they are taken to come "
-    "last.";
-
-}  // namespace
-
-std::string htmlPage(const figures::LookBack& look)
-{
-    const bool isEmpty = look.sessions.empty() && look.days.empty();
-    const std::string content =
-        isEmpty ? element("p", {}, escaped(emptyText(look))) + "\n" : figures(look) + charts(look);
-    const std::string body =
-        element("header", {}, element("h1", {}, "Look back") + element("p", {}, escaped(rangeText(look)))) +
-        "\n" + content + element("footer", {}, element("p", {}, pageFooter));
-    return "<!DOCTYPE html>\n" +
-           element("html", {{"xmlns", "http://www.w3.org/1999/xhtml"}, {"lang", "en"}},
-                   "\n" +
-                       element("head", {},
-                               "\n" + std::string(pageHead) + element("style", {}, pageStyle()) + "\n") +
-                       "\n" + element("body", {}, "\n" + element("main", {}, body) + "\n") + "\n") +
            "\n";
 }
 

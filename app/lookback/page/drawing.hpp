@@ -1,11 +1,11 @@
-// What charts are drawn with: the elements of SVG that they need.
+// The elements of SVG that charts consist of.
 #pragma once
 
 #include <string>
 
 namespace quillmere::lookback {
 
-/// A whole picture, scaled by the page, with a label for those who do not see it.
+/// A whole picture, scaled by the page, with a label for screen readers.
 std::string drawing(double width, double height, const std::string& label, const std::string& content);
 
 struct Box {
@@ -15,7 +15,7 @@ struct Box {
     double height;
 };
 
-/// A rectangle that says what it stands for when it is pointed at; without a title it says nothing.
+/// A rectangle with a tooltip, unless the title is empty.
 std::string rectangle(const Box& box, const std::string& colourClass, const std::string& title);
 
 /// Text on a baseline; `anchor` is "start", "middle" or "end" (text-anchor).

@@ -1,9 +1,10 @@
 // The look back in a terminal.
-#include "lookback/terminal_report.hpp"
+#include "lookback/terminal/terminal_report.hpp"
 
 #include "base/text/columns.hpp"
 #include "figures_testing.hpp"
-#include "generated_year.hpp"
+#include "lookback/generated_year.hpp"
+#include "lookback/terminal/terminal_page.hpp"
 
 #include <algorithm>
 #include <sstream>
@@ -103,7 +104,7 @@ TEST(TerminalReport, comparesWorkedAndPlannedTimeOfTheSameSessions)
     EXPECT_NE(text.find("########## 25 min of 25 min\n2026-W46       none\n"), std::string::npos) << text;
 }
 
-TEST(TerminalReport, drawsEighthsOfColumnsAndWeightsWhereTheyCanBeShown)
+TEST(TerminalReport, drawsBlocksOfUnicodeWhereTheTerminalShowsThem)
 {
     const TimeZone here("UTC");
     const QuillmereState state = twoDays();
@@ -158,7 +159,7 @@ TEST(TerminalReport, saysThatThereIsNothing)
               "No focus session has ended in that time.\n");
 }
 
-TEST(TerminalReport, namesSessionsWhoseTimeIsNotCounted)
+TEST(TerminalReport, countsSessionsWithoutAKnownTime)
 {
     const QuillmereState state = stateWith({session(moment, -5)});
     EXPECT_NE(terminalReport(reportOn(state), plainPage(80))
@@ -174,7 +175,7 @@ TEST(TerminalPage, drawsBlocksWhereTheTerminalUsesUtf8)
     }
 }
 
-TEST(TerminalPage, isAsWideAsTheTerminalWithinReason)
+TEST(TerminalPage, isAsWideAsTheTerminalWithinBounds)
 {
     for (const auto& [columns, width] :
          {std::pair{"100", 100u}, std::pair{"20", 48u}, std::pair{"500", 120u}}) {

@@ -1,6 +1,6 @@
-#include "lookback/drawing.hpp"
+#include "lookback/page/drawing.hpp"
 
-#include "lookback/markup.hpp"
+#include "lookback/page/markup.hpp"
 
 namespace quillmere::lookback {
 

@@ -1,4 +1,4 @@
-#include "lookback/page_style.hpp"
+#include "lookback/page/style.hpp"
 
 #include "base/text/accents.hpp"
 

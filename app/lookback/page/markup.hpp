@@ -1,4 +1,4 @@
-// Well-formed HTML that is XML too, one element at a time.
+// Elements of HTML that are also well-formed XML.
 #pragma once
 
 #include <initializer_list>
@@ -12,14 +12,14 @@ std::string escaped(std::string_view text);
 
 struct Attribute {
     std::string_view name;
-    std::string value;  ///< as a text; it is escaped when it is written
+    std::string value;  ///< not yet escaped
 };
 
-/// "<name attribute="value">content</name>"; the content is markup already.
+/// "<name attribute="value">content</name>"; the content is markup.
 std::string element(std::string_view name, std::initializer_list<Attribute> attributes,
                     std::string_view content = {});
 
-/// A coordinate with one digit behind the point.
+/// With one decimal: "12.3".
 std::string coordinate(double value);
 
 }  // namespace quillmere::lookback
