@@ -1,7 +1,7 @@
 // The colours of the accents, for every surface.
 #pragma once
 
-#include <quillmere/records/enumeration.hpp>
+#include <quillmere/records/base/enumeration.hpp>
 #include <quillmere/widget/design.hpp>
 
 #include <array>
