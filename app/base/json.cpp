@@ -4,8 +4,19 @@
 #include <quillmere/records/json/date_text.hpp>
 
 namespace quillmere::base {
+namespace {
 
-std::string jsonLine(const Json& json) { return json.dump(-1, ' ', true, Json::error_handler_t::replace); }
+template <class AnyJson>
+std::string lineOf(const AnyJson& json)
+{
+    return json.dump(-1, ' ', true, AnyJson::error_handler_t::replace);
+}
+
+}  // namespace
+
+std::string jsonLine(const Json& json) { return lineOf(json); }
+
+std::string sortedJsonLine(const SortedJson& json) { return lineOf(json); }
 
 Json parsedJson(std::string_view text) { return Json::parse(text); }
 

@@ -1,4 +1,4 @@
-// JSON for programs. Members keep the order in which they were added.
+// JSON values.
 #pragma once
 
 #include <quillmere/records/instant.hpp>
@@ -10,11 +10,16 @@
 
 namespace quillmere::base {
 
+/// An object keeps its members in the order in which they were added, for output that a person may read too.
+/// A member is looked up by going through all before it, so this is not for objects from outside.
 using Json = nlohmann::ordered_json;
 
-/// One line without its end, in ASCII, so that it contains no control character for a terminal. Ill-formed
-/// text is replaced.
+/// An object has its members sorted by key. A look-up is fast also in an object with a million keys.
+using SortedJson = nlohmann::json;
+
+/// On one line, without its end, and in ASCII, so that no terminal obeys a text. Ill-formed text is replaced.
 std::string jsonLine(const Json& json);
+std::string sortedJsonLine(const SortedJson& json);
 
 /// For texts that this program has written; throws nlohmann's parse error for anything else.
 Json parsedJson(std::string_view text);
