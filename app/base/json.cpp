@@ -1,8 +1,8 @@
 #include "base/json.hpp"
 
-#include "base/record_json.hpp"
+#include <quillmere/records/json/date_text.hpp>
 
-#include <quillmere/widget/widget_snapshot.hpp>
+#include <nlohmann/json.hpp>
 
 namespace quillmere::base {
 
@@ -10,10 +10,6 @@ std::string jsonLine(const Json& json) { return json.dump(-1, ' ', true, Json::e
 
 Json parsedJson(std::string_view text) { return Json::parse(text); }
 
-Json instantJson(Instant instant)
-{
-    // Instants have one text form, which stands in every record that has one.
-    return recordJson(WidgetSnapshot::empty(instant)).at("updated_at");
-}
+Json instantJson(Instant instant) { return json::dateText(instant); }
 
 }  // namespace quillmere::base

@@ -1,4 +1,4 @@
-// Looks back on the finished sessions: charts in the terminal, a page, exports.
+// Prints or exports statistics of the finished sessions: charts in the terminal, a page, a table, a calendar.
 #include "base/text/sanitize.hpp"
 #include "cli/commands/commands.hpp"
 #include "cli/exit_code.hpp"
@@ -10,8 +10,10 @@
 #include "lookback/json_report.hpp"
 #include "lookback/terminal_report.hpp"
 
-#include <nlohmann/json.hpp>
 #include <quillmere/widget/app_group.hpp>
+
+#include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <array>
@@ -23,10 +25,7 @@
 namespace quillmere::cli {
 namespace {
 
-using figures::Day;
-using figures::LookBack;
-
-/// A form of the look back that goes into a file.
+/// A format of the report that is written to a file.
 struct Export {
     const char* option;
     const char* help;
@@ -45,7 +44,7 @@ constexpr std::string_view standardOutput = "-";
 struct ReportOptions {
     std::optional<std::string> since;
     std::optional<std::string> until;
-    std::array<std::optional<std::string>, exports.size()> files;  ///< one an export
+    std::array<std::optional<std::string>, exports.size()> files;  ///< in the order of `exports`
 };
 
 std::optional<figures::Day> dayOption(const char* option, const std::optional<std::string>& text,
@@ -57,7 +56,7 @@ std::optional<figures::Day> dayOption(const char* option, const std::optional<st
     const std::optional<figures::Day> day = figures::dayFromText(*text, today);
     if (!day) {
         throw ProgramError(ExitCode::usage,
-                           option + (": is no day such as 2026-11-15, today or 30d: " + *text));
+                           option + (": is not a day such as 2026-11-15, today or 30d: " + *text));
     }
     return day;
 }
@@ -72,7 +71,7 @@ figures::Range rangeOf(const ReportOptions& options, figures::Day today)
     return range;
 }
 
-/// Where this program keeps its files: those that are in use, and this user's.
+/// The directories in which this program keeps its own files: those of this run, and the user's usual ones.
 std::vector<std::filesystem::path> ownDirectories(const workspace::Workspace& workspace)
 {
     const FileManager& fileManager = FileManager::standard();
@@ -89,7 +88,7 @@ std::vector<std::filesystem::path> ownDirectories(const workspace::Workspace& wo
     return directories;
 }
 
-/// What is kept must not be replaced by what is made from it.
+/// An export must not overwrite the files from which it is made.
 void requireOutside(const std::string& file, const std::vector<std::filesystem::path>& directories)
 {
     const std::filesystem::path place = lookback::exportPlace(file);
@@ -100,8 +99,8 @@ void requireOutside(const std::string& file, const std::vector<std::filesystem::
     }
 }
 
-/// The last of several exports would be all there is.
-void requireFilesOfTheirOwn(const ReportOptions& options)
+/// Two exports to one file would leave only the last.
+void requireDifferentFiles(const ReportOptions& options)
 {
     std::map<std::filesystem::path, std::string> optionsByPlace;
     for (std::size_t index = 0; index < exports.size(); ++index) {
@@ -112,7 +111,8 @@ void requireFilesOfTheirOwn(const ReportOptions& options)
         const std::string option = exports[index].option;
         const auto [other, isNew] = optionsByPlace.emplace(lookback::exportPlace(*file), option);
         if (!isNew) {
-            throw ProgramError(ExitCode::usage, option + ": is the file of " + other->second);
+            throw ProgramError(ExitCode::usage,
+                               option + ": is the same file as that of " + other->second + "; name another");
         }
     }
 }
@@ -129,12 +129,13 @@ void requireGoodPlaces(const ReportOptions& options, Program& program)
         }
     }
     if (printed > 1) {
-        throw ProgramError(ExitCode::usage, "Only one thing at a time goes to standard output.");
+        throw ProgramError(ExitCode::usage,
+                           "Only one of --json and the exports to - can go to standard output.");
     }
-    requireFilesOfTheirOwn(options);
+    requireDifferentFiles(options);
 }
 
-/// Where it says what has been made: not in the midst of an export.
+/// The stream for messages: not standard output when an export goes there.
 std::ostream& messagesOf(const ReportOptions& options, Program& program)
 {
     const bool printsExport =
@@ -142,7 +143,7 @@ std::ostream& messagesOf(const ReportOptions& options, Program& program)
     return printsExport ? program.environment().err : program.environment().out;
 }
 
-/// Prints a file. A terminal gets it line by line, so that it cannot be told anything.
+/// Prints an export; to a terminal line by line and sanitized, so that the terminal obeys nothing in it.
 void printExport(const std::string& text, Program& program)
 {
     std::ostream& out = program.environment().out;
