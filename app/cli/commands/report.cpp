@@ -12,8 +12,10 @@
 #include "lookback/terminal/terminal_page.hpp"
 #include "lookback/terminal/terminal_report.hpp"
 
-#include <nlohmann/json.hpp>
 #include <quillmere/widget/app_group.hpp>
+
+#include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <array>
@@ -59,7 +61,7 @@ std::optional<figures::Day> dayOption(const char* option, const std::optional<st
     const std::optional<figures::Day> day = lookback::dayFromText(*text, today);
     if (!day) {
         throw ProgramError(ExitCode::usage,
-                           option + (": is no day such as 2026-11-15, today or 30d: " + *text));
+                           option + (": is not a day such as 2026-11-15, today or 30d: " + *text));
     }
     return day;
 }
@@ -114,7 +116,8 @@ void requireDifferentFiles(const ReportOptions& options)
         const std::string option = exports[index].option;
         const auto [other, isNew] = optionsByFile.emplace(base::destinationOf(*file), option);
         if (!isNew) {
-            throw ProgramError(ExitCode::usage, option + ": is the file of " + other->second);
+            throw ProgramError(ExitCode::usage,
+                               option + ": is the same file as that of " + other->second + "; name another");
         }
     }
 }
@@ -131,7 +134,8 @@ void requireAllowedFiles(const ReportOptions& options, Program& program)
         }
     }
     if (printed > 1) {
-        throw ProgramError(ExitCode::usage, "Only one thing at a time goes to standard output.");
+        throw ProgramError(ExitCode::usage,
+                           "Only one of --json and the exports to - can go to standard output.");
     }
     requireDifferentFiles(options);
 }

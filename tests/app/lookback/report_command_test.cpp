@@ -127,7 +127,7 @@ TEST(Report, refusesOneFileForTwoExports)
         SCOPED_TRACE(same);
         const Ending ending = person.types({"report", "--html", file.string(), "--ics", same.string()});
         EXPECT_EQ(ending.code, ExitCode::usage);
-        EXPECT_EQ(ending.err, "--ics: is the file of --html\n");
+        EXPECT_EQ(ending.err, "--ics: is the same file as that of --html; name another\n");
         EXPECT_FALSE(fs::exists(file));
     }
 }
@@ -169,9 +169,9 @@ TEST(Report, refusesInvalidDays)
     const Person person;
     for (const Refusal& each : {
              Refusal{{"report", "--since", "soon"},
-                     "--since: is no day such as 2026-11-15, today or 30d: soon\n"},
+                     "--since: is not a day such as 2026-11-15, today or 30d: soon\n"},
              Refusal{{"report", "--until", "2026-02-30"},
-                     "--until: is no day such as 2026-11-15, today or 30d: 2026-02-30\n"},
+                     "--until: is not a day such as 2026-11-15, today or 30d: 2026-02-30\n"},
              Refusal{{"report", "--since", "today", "--until", "1d"}, "--since: is later than --until\n"},
              Refusal{{"report", "--html="}, "--html: is empty (quillmere --help)\n"},
          }) {

@@ -1,4 +1,4 @@
-// Commands that only look: they never write, and never wait for anybody.
+// Commands that only read: they never write, and never wait for the lock.
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -8,7 +8,7 @@
 namespace quillmere::test {
 namespace {
 
-const Words lookingCommands[] = {
+const Words readingCommands[] = {
     {"status"},
     {"questions"},
     {"questions", "--all"},
@@ -28,7 +28,7 @@ Words forPrograms(Words words)
     return words;
 }
 
-TEST(Looking, writesNothingInAnyStateHoweverLateItIs)
+TEST(ReadingCommands, writeNothingInAnyStateHoweverLateItIs)
 {
     for (const WorkflowState workflowState : allCases<WorkflowState>()) {
         SCOPED_TRACE(rawValue(workflowState));
@@ -36,7 +36,7 @@ TEST(Looking, writesNothingInAnyStateHoweverLateItIs)
         person.has(stateIn(workflowState));
         person.now = moment + 100'000;
         const auto before = pictureOf(person.directory());
-        for (const Words& words : lookingCommands) {
+        for (const Words& words : readingCommands) {
             SCOPED_TRACE(testing::PrintToString(words));
             EXPECT_EQ(person.types(words).code, ExitCode::done);
             EXPECT_EQ(person.types(forPrograms(words)).code, ExitCode::done);
@@ -45,11 +45,11 @@ TEST(Looking, writesNothingInAnyStateHoweverLateItIs)
     }
 }
 
-TEST(Looking, makesNoDirectory)
+TEST(ReadingCommands, createNoDirectory)
 {
     const Person person;
     const std::string missing = (person.directory() / "missing").string();
-    for (const Words& words : lookingCommands) {
+    for (const Words& words : readingCommands) {
         SCOPED_TRACE(testing::PrintToString(words));
         Words line = {"--directory", missing};
         line.insert(line.end(), words.begin(), words.end());
@@ -58,31 +58,31 @@ TEST(Looking, makesNoDirectory)
     EXPECT_EQ(person.names(), Words{});
 }
 
-TEST(Looking, waitsForNobody)
+TEST(ReadingCommands, doNotWaitForTheLock)
 {
-    // Were one of these to take the lock, it would end after five seconds with another code.
+    // A command that took the lock would end after five seconds with another code.
     Person person;
     person.has(fullState());
     const int descriptor = ::open(person.directory().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     ASSERT_EQ(::flock(descriptor, LOCK_EX | LOCK_NB), 0);
-    for (const Words& words : lookingCommands) {
+    for (const Words& words : readingCommands) {
         SCOPED_TRACE(testing::PrintToString(words));
         EXPECT_EQ(person.types(words).code, ExitCode::done);
     }
     ::close(descriptor);
 }
 
-TEST(Looking, worksWhereNothingMayBeWritten)
+TEST(ReadingCommands, workInADirectoryWithoutWritePermission)
 {
     const UnprivilegedUser user;
     if (!user.isOne()) {
-        GTEST_SKIP() << "permissions hold nobody back here";
+        GTEST_SKIP() << "permissions have no effect here";
     }
     Person person;
     person.has(fullState());
     std::filesystem::permissions(person.directory(),
                                  std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
-    for (const Words& words : lookingCommands) {
+    for (const Words& words : readingCommands) {
         SCOPED_TRACE(testing::PrintToString(words));
         EXPECT_EQ(person.types(words).code, ExitCode::done);
     }
