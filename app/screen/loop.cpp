@@ -3,9 +3,9 @@
 #include "base/refusal.hpp"
 #include "base/system/held_signals.hpp"
 #include "base/system/next_second.hpp"
-#include "screen/crash_handler.hpp"
 #include "screen/screen.hpp"
-#include "screen/terminal.hpp"
+#include "screen/terminal/crash_handler.hpp"
+#include "screen/terminal/terminal.hpp"
 
 #include <poll.h>
 #include <unistd.h>
@@ -17,7 +17,7 @@
 namespace quillmere::screen {
 namespace {
 
-/// One run of the screen: waits for keys, signals, changed files and, where seconds are shown, the next one.
+/// Runs the screen: waits for keys, signals, changed files and the next second or minute.
 class Loop {
 public:
     Loop(Screen& screen, Terminal& terminal, const base::HeldSignals& signals, const Clock& clock)
@@ -25,7 +25,7 @@ public:
     {
     }
 
-    /// Returns the signal that ended it; 0 when the person did.
+    /// Returns the signal that ended the loop; 0 when the person ended it.
     int run()
     {
         while (!screen_.isOver() && ending_ == 0) {
@@ -33,7 +33,8 @@ public:
             wait();
         }
         if (ending_ != 0) {
-            // It waits once more, should the terminal not take what gives it back (EndableWriting).
+            // Makes the signal pending again, so that it can interrupt restoring the terminal
+            // (interruptible_write.hpp).
             ::raise(ending_);
         }
         return ending_ == SIGINT ? 0 : ending_;
@@ -69,7 +70,7 @@ private:
         if (hasKeys && ending_ == 0) {
             takeKeys();
         }
-        // A terminal that is gone can be read without end, and says nothing.
+        // Reading from a terminal that is gone returns nothing, again and again.
         if ((sources[0].revents & (POLLHUP | POLLERR | POLLNVAL)) != 0) {
             ending_ = SIGHUP;
         }
@@ -130,7 +131,7 @@ void showScreen(const workspace::Workspace& workspace, const base::Environment& 
     int ending = 0;
     {
         const base::HeldSignals signals{SIGTERM, SIGHUP, SIGINT, SIGQUIT, SIGTSTP, SIGCONT, SIGWINCH};
-        Screen screen(workspace, Drafts(workspace.stateDirectory()), route);
+        Screen screen(workspace, work::Drafts(workspace.stateDirectory()), route);
         Terminal terminal;
         const CrashHandler crashHandler;
         ending = Loop(screen, terminal, signals, environment.clock).run();

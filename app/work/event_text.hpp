@@ -7,7 +7,7 @@
 
 namespace quillmere::work {
 
-/// A sentence for the person, with the local time as short as it is clear at `now`.
+/// A sentence for the person; the local time has no date when it is on the day of `now`.
 std::string eventText(const workspace::Event& event, Instant now);
 
 }  // namespace quillmere::work
