@@ -18,7 +18,7 @@ namespace quillmere::bar {
 /// The columns that the line takes at most, unless the person says otherwise.
 inline constexpr std::size_t usualBarWidth = 60;
 
-/// Every text is inert and cut to its width, and what a bar would obey in it is still to be escaped.
+/// Every text is sanitized and cut to its width, and what a bar would obey in it is still to be escaped.
 struct BarContent {
     std::string text;                  ///< the line
     std::string shortText;             ///< for bars with little room: the phase and the time

@@ -4,17 +4,15 @@
 #include "base/refusal.hpp"
 #include "base/system/directory_watch.hpp"
 #include "base/system/held_signals.hpp"
+#include "base/system/wait.hpp"
+#include "base/system/write.hpp"
 
 #include <fcntl.h>
-#include <poll.h>
-#include <time.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <climits>
-#include <cmath>
+#include <chrono>
 #include <system_error>
 #include <utility>
 
@@ -26,13 +24,12 @@ namespace {
     throw std::system_error(code, std::generic_category(), "write: standard output");
 }
 
-timespec durationFrom(double seconds)
+/// At most a day, which any type of duration can hold; the loop then looks at its clock and waits again.
+std::chrono::nanoseconds timeToWait(double seconds)
 {
-    const double least = seconds > 0 ? seconds : 0;
-    const double whole = std::floor(least);
-    constexpr double nanoseconds = 1e9;
-    return {.tv_sec = static_cast<time_t>(whole),
-            .tv_nsec = static_cast<long>((least - whole) * nanoseconds)};
+    constexpr double day = 86'400;
+    const std::chrono::duration<double> time(seconds > 0 ? std::min(seconds, day) : 0);
+    return std::chrono::ceil<std::chrono::nanoseconds>(time);
 }
 
 class BarFollower {
@@ -102,57 +99,48 @@ private:
         nextLine_ = reading_.summary ? nextBarLine(*reading_.summary, now, nextReading_) : nextReading_;
     }
 
-    /// Whether there is room before all is over.
+    /// Waits until the output has room; false when following is over first.
     bool awaitRoom()
     {
-        bool isThere = false;
-        while (!isOver_ && !isThere) {
-            isThere = sleep({.output = POLLOUT, .watch = 0, .limit = nullptr});
+        bool hasRoom = false;
+        while (!isOver_ && !hasRoom) {
+            hasRoom = wait({.output = POLLOUT, .watch = 0, .limit = std::nullopt});
         }
         return !isOver_;
     }
 
-    /// Until there may be another line.
-    void awaitNews()
-    {
-        const timespec limit = durationFrom(nextLine_ - clock_());
-        sleep({.output = 0, .watch = POLLIN, .limit = &limit});
-    }
+    /// Waits until there may be another line.
+    void awaitNews() { wait({.output = 0, .watch = POLLIN, .limit = timeToWait(nextLine_ - clock_())}); }
 
-    /// What a sleep ends at, besides the end of it all.
+    /// The events that end a wait, besides the end of following.
     struct Wakers {
         short output;
         short watch;
-        const timespec* limit;  ///< null: none
+        std::optional<std::chrono::nanoseconds> limit;  ///< absent: none
     };
 
-    /// Whether it is the output that has what was waited for.
-    bool sleep(const Wakers& wakers)
+    /// Whether the output has room.
+    bool wait(const Wakers& wakers)
     {
-        std::array<pollfd, 3> channels = {{
-            {.fd = signals_.descriptor(), .events = POLLIN, .revents = 0},
-            {.fd = output_, .events = wakers.output, .revents = 0},
-            {.fd = watch_.descriptor(), .events = wakers.watch, .revents = 0},
+        enum { signals, output, watch };
+        std::array<base::PollSource, 3> sources = {{
+            {signals_.descriptor()},
+            {output_, wakers.output},
+            {wakers.watch != 0 ? watch_.descriptor() : -1, wakers.watch},
         }};
-        if (::ppoll(channels.data(), channels.size(), wakers.limit, nullptr) < 0) {
-            return false;  // a signal that means nothing here
-        }
-        const bool isReaderGone = (channels[1].revents & (POLLERR | POLLHUP)) != 0;
-        isOver_ = channels[0].revents != 0 || isReaderGone;
-        return (channels[1].revents & wakers.output) != 0;
+        base::waitFor(sources, wakers.limit);
+        isOver_ = sources[signals].isReady() || sources[output].hasFailed();
+        return sources[output].isReady();
     }
 
-    /// No more than there is room for when there is any (pipe(7)), so that this never waits.
     void write()
     {
-        const std::size_t most = std::min<std::size_t>(unwritten_.size(), PIPE_BUF);
-        const ssize_t count = ::write(output_, unwritten_.data(), most);
-        if (count >= 0) {
-            unwritten_.erase(0, static_cast<std::size_t>(count));
-        } else if (errno == EPIPE) {
+        const base::WriteResult result = base::writeWithoutWaiting(output_, unwritten_);
+        unwritten_.erase(0, result.count);
+        if (result.error == EPIPE) {
             isOver_ = true;
-        } else if (errno != EINTR && errno != EAGAIN) {
-            failToWrite(errno);
+        } else if (result.error != 0) {
+            failToWrite(result.error);
         }
     }
 

@@ -1,6 +1,9 @@
 #include "bar/bar_format.hpp"
 
+#include "base/json.hpp"
+#include "base/text/accents.hpp"
 #include "base/text/columns.hpp"
+#include "base/text/xml.hpp"
 
 #include <array>
 #include <nlohmann/json.hpp>
@@ -13,15 +16,6 @@ struct BarEscape {
     std::string_view part;
     std::string_view shown;
 };
-
-// https://docs.gtk.org/glib/struct.MarkupParseContext.html: a subset of XML.
-constexpr auto pangoEscapes = std::to_array<BarEscape>({
-    {"&", "&amp;"},
-    {"<", "&lt;"},
-    {">", "&gt;"},
-    {"'", "&#39;"},
-    {"\"", "&quot;"},
-});
 
 // tmux(1), FORMATS.
 constexpr auto tmuxEscapes = std::to_array<BarEscape>({{"#", "##"}});
@@ -46,22 +40,10 @@ std::string escaped(std::string_view text, const std::array<BarEscape, count>& e
     return result;
 }
 
+/// Bars are dark, most of them. A phase with the neutral accent keeps the colour of the bar.
 std::string_view colourForI3(QuillmereDesign::Accent accent)
 {
-    switch (accent) {
-        case QuillmereDesign::Accent::focus: return "#e06050";
-        case QuillmereDesign::Accent::rest: return "#60b060";
-        case QuillmereDesign::Accent::plan: return "#60a0e0";
-        case QuillmereDesign::Accent::review: return "#b080e0";
-        case QuillmereDesign::Accent::neutral: break;
-    }
-    return "";
-}
-
-/// Nothing beyond ASCII, so no control character either.
-std::string oneLine(const base::Json& json)
-{
-    return json.dump(-1, ' ', true, base::Json::error_handler_t::replace) + '\n';
+    return accent == QuillmereDesign::Accent::neutral ? "" : base::coloursOf(accent).dark;
 }
 
 std::string waybarLine(const BarContent& content)
@@ -70,13 +52,14 @@ std::string waybarLine(const BarContent& content)
     for (const std::string& detail : content.details) {
         tooltip.append(tooltip.empty() ? "" : "\n").append(escapedForPango(detail));
     }
-    return oneLine({
-        {"text", escapedForPango(content.text)},
-        {"alt", content.alternative},
-        {"tooltip", tooltip},
-        {"class", content.classes},
-        {"percentage", content.percentage.value_or(0)},
-    });
+    return base::jsonLine({
+               {"text", escapedForPango(content.text)},
+               {"alt", content.alternative},
+               {"tooltip", tooltip},
+               {"class", content.classes},
+               {"percentage", content.percentage.value_or(0)},
+           }) +
+           '\n';
 }
 
 std::string barAsJson(const BarContent& content)
@@ -89,7 +72,7 @@ std::string barAsJson(const BarContent& content)
         {"percentage", content.percentage ? base::Json(*content.percentage) : base::Json()},
     };
     line.update(content.facts);
-    return oneLine(line);
+    return base::jsonLine(line) + '\n';
 }
 
 /// i3blocks 1.5 reads a line into 1,024 bytes, and takes the rest for the next one.
@@ -110,7 +93,7 @@ std::string i3blocksLines(const BarContent& content, BarPace pace)
 
 }  // namespace
 
-std::string escapedForPango(std::string_view text) { return escaped(text, pangoEscapes); }
+std::string escapedForPango(std::string_view text) { return base::escapedForXml(text); }
 std::string escapedForTmux(std::string_view text) { return escaped(text, tmuxEscapes); }
 std::string escapedForPolybar(std::string_view text) { return escaped(text, polybarEscapes); }
 

@@ -19,9 +19,9 @@ enum class BarPace { once, following };
 /// from a run that ends: the text, the short text and, where the phase has one, a colour.
 std::string barText(BarFormat format, const BarContent& content, BarPace pace);
 
-// What follows takes inert text and gives text that the bar shows as it was.
+// These take sanitized text and return text that the bar shows as it was.
 
-/// For Pango markup, in text and in attributes.
+/// For Pango markup, a subset of XML, in text and in attributes.
 std::string escapedForPango(std::string_view text);
 
 /// For a status line of tmux, where a doubled "#" is one to be shown.

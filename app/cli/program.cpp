@@ -97,7 +97,8 @@ base::Json eventsJson(const std::vector<workspace::Event>& events)
 {
     base::Json list = base::Json::array();
     for (const workspace::Event& event : events) {
-        list.push_back({{"event", workspace::eventName(event.kind)}, {"at", base::instantJson(event.at)}});
+        list.push_back(
+            {{"event", work::eventName(work::kindOf(event))}, {"at", base::instantJson(event.at)}});
     }
     return list;
 }

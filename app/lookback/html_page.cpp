@@ -280,7 +280,7 @@ std::string htmlPage(const figures::LookBack& look)
            element("html", {{"xmlns", "http://www.w3.org/1999/xhtml"}, {"lang", "en"}},
                    "\n" +
                        element("head", {},
-                               "\n" + std::string(pageHead) + element("style", {}, pageStyle) + "\n") +
+                               "\n" + std::string(pageHead) + element("style", {}, pageStyle()) + "\n") +
                        "\n" + element("body", {}, "\n" + element("main", {}, body) + "\n") + "\n") +
            "\n";
 }

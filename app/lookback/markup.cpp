@@ -1,49 +1,14 @@
 #include "lookback/markup.hpp"
 
 #include "base/text/sanitize.hpp"
+#include "base/text/xml.hpp"
 
 #include <array>
 #include <charconv>
 
 namespace quillmere::lookback {
-namespace {
 
-struct Entity {
-    std::string_view text;
-    std::string_view markup;
-};
-
-constexpr auto entities = std::to_array<Entity>({
-    {"&", "&amp;"},
-    {"<", "&lt;"},
-    {">", "&gt;"},
-    {"\"", "&quot;"},
-    {"'", "&#39;"},
-    {"\uFFFE", "\uFFFD"},  // no characters of XML
-    {"\uFFFF", "\uFFFD"},
-});
-
-}  // namespace
-
-std::string escaped(std::string_view text)
-{
-    const std::string harmless = base::sanitized(text);
-    std::string markup;
-    for (std::size_t place = 0; place < harmless.size();) {
-        const std::string_view rest = std::string_view(harmless).substr(place);
-        std::string_view written = rest.substr(0, 1);
-        std::size_t length = 1;
-        for (const Entity& entity : entities) {
-            if (rest.starts_with(entity.text)) {
-                written = entity.markup;
-                length = entity.text.size();
-            }
-        }
-        markup += written;
-        place += length;
-    }
-    return markup;
-}
+std::string escaped(std::string_view text) { return base::escapedForXml(base::sanitized(text)); }
 
 std::string element(std::string_view name, std::initializer_list<Attribute> attributes,
                     std::string_view content)

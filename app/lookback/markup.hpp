@@ -7,8 +7,7 @@
 
 namespace quillmere::lookback {
 
-/// Any text, also of a person, as content or as the value of an attribute: in one line, with nothing in it
-/// that a browser obeys (inert.hpp) or that XML cannot hold.
+/// Any text, sanitized, as content or as the value of an attribute.
 std::string escaped(std::string_view text);
 
 struct Attribute {

@@ -44,7 +44,7 @@ std::string repeated(std::string_view text, std::size_t count)
 
 std::string filledUp(std::string text, std::size_t width)
 {
-    const std::size_t taken = base::columns(text);
+    const std::size_t taken = base::columnsOf(text);
     return text.append(width > taken ? width - taken : 0, ' ');
 }
 
@@ -153,7 +153,7 @@ std::string barLines(const figures::LookBack& look, const Bars& bars, const Term
     for (const figures::Stretch& stretch : row) {
         greatest = std::max(greatest, stretch.tally.*bars.seconds);
         texts.push_back(focusText(stretch.tally.*bars.seconds) + bars.note(stretch.tally));
-        textWidth = std::max(textWidth, base::columns(texts.back()));
+        textWidth = std::max(textWidth, base::columnsOf(texts.back()));
     }
     const std::size_t room = page.width - labelWidth - 1;
     const std::size_t barWidth = room > textWidth ? room - textWidth : 0;
@@ -227,7 +227,7 @@ std::string completionLines(const figures::LookBack& look, const TerminalPage& p
     constexpr std::size_t mostBar = 20;
     const Glyphs& glyphs = glyphsOf(page);
     // No part of them has a longer text than all sessions together.
-    const std::size_t taken = labelWidth + 1 + base::columns(completionsText(look.total.completions));
+    const std::size_t taken = labelWidth + 1 + base::columnsOf(completionsText(look.total.completions));
     const std::size_t barWidth = std::min(page.width > taken ? page.width - taken : 0, mostBar);
     std::string text = heading("Completion by energy and by morale", page);
     text += page.style.dimmed(std::string(labelWidth, ' ') + completionLegend(glyphs)) + "\n";

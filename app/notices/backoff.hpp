@@ -1,23 +1,22 @@
-// When to try again.
+// When to try again after a failure.
 #pragma once
+
+#include "notices/moment.hpp"
 
 #include <algorithm>
 #include <chrono>
 
 namespace quillmere::notices {
 
-/// The pause after something has failed: two seconds, and twice as long with each further failure, up to a
-/// minute.
+/// The pause after a failure: two seconds, doubled by each further failure, at most a minute.
 class Backoff {
 public:
-    using Moment = std::chrono::steady_clock::time_point;
-
     void failed(Moment now)
     {
         ends_ = now + next_;
         next_ = std::min(next_ * 2, longest);
     }
-    void worked() { *this = Backoff(); }
+    void succeeded() { *this = Backoff(); }
     bool isPausing(Moment now) const { return now < ends_; }
 
 private:

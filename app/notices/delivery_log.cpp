@@ -15,10 +15,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr auto longestRecord = std::chrono::hours(24 * 40);
+constexpr auto retention = std::chrono::hours(24 * 40);
 
-/// Whether the file was made; false when there is one.
-bool makeRecord(const fs::path& directory, const std::string& key)
+/// Creates the file; false when it exists.
+bool createRecord(const fs::path& directory, const std::string& key)
 {
     const FileManager& fileManager = FileManager::standard();
     const fs::path record = directory / key;
@@ -30,7 +30,7 @@ bool makeRecord(const fs::path& directory, const std::string& key)
         fileManager.writeWithoutOverwriting(record, [](const ByteSink&) {});
         return true;
     } catch (const std::system_error& error) {
-        // Somebody was faster.
+        // Another process was faster.
         if (error.code() == std::errc::file_exists) {
             return false;
         }
@@ -41,11 +41,11 @@ bool makeRecord(const fs::path& directory, const std::string& key)
 }  // namespace
 
 DeliveryLog::DeliveryLog(fs::path directory, base::LineWriter& messages)
-    : directory_(std::move(directory)), trouble_(messages)
+    : directory_(std::move(directory)), errors_(messages)
 {
     std::error_code ignored;
     for (const fs::directory_entry& entry : fs::directory_iterator(directory_, ignored)) {
-        first_.insert(entry.path().filename());
+        atStart_.insert(entry.path().filename());
     }
 }
 
@@ -55,19 +55,19 @@ bool DeliveryLog::has(const std::string& key) const
     return own_.contains(key) || (!directory_.empty() && fs::exists(directory_ / key, ignored));
 }
 
-bool DeliveryLog::make(const std::string& key)
+bool DeliveryLog::record(const std::string& key)
 {
     if (own_.contains(key)) {
         return false;
     }
     if (!directory_.empty()) {
         try {
-            if (!makeRecord(directory_, key)) {
+            if (!createRecord(directory_, key)) {
                 return false;
             }
         } catch (const std::system_error& error) {
-            // Told twice is better than not told.
-            trouble_.met("records", "Notices may be given more than once: " + base::fileErrorText(error));
+            // A duplicate is better than silence.
+            errors_.report("records", "Notices may be given more than once: " + base::fileErrorText(error));
         }
     }
     own_.insert(key);
@@ -83,9 +83,9 @@ void DeliveryLog::remove(const std::string& key)
     }
 }
 
-void DeliveryLog::removeOld(const std::vector<std::string>& standing) const
+void DeliveryLog::prune(const std::vector<std::string>& standing) const
 {
-    const fs::file_time_type oldest = fs::file_time_type::clock::now() - longestRecord;
+    const fs::file_time_type oldest = fs::file_time_type::clock::now() - retention;
     std::error_code ignored;
     for (const fs::directory_entry& entry : fs::directory_iterator(directory_, ignored)) {
         const std::string name = entry.path().filename();

@@ -1,4 +1,4 @@
-// What has been done about which event.
+// Which notices were given, and which hooks were run.
 #pragma once
 
 #include "base/system/line_writer.hpp"
@@ -11,36 +11,36 @@
 
 namespace quillmere::notices {
 
-/// One empty file a record, made exclusively (open(2), O_EXCL): of all programs that make one, one has made
-/// it. A notice has its record once it was given; a hook, just before it starts. Where files cannot be made,
-/// which is said once, records hold in this process alone.
+/// One empty file per record, created exclusively (open(2), O_EXCL): of all processes that try, exactly one
+/// creates it. A notice is recorded after it was given, a hook just before it starts. Where no files can be
+/// created, records are kept in this process alone; that is reported once.
 class DeliveryLog {
 public:
-    /// In `directory`, which is made when it is needed. Empty: there is no place for files.
+    /// `directory` is created when the first record is. Empty: records are kept in memory only.
     DeliveryLog(std::filesystem::path directory, base::LineWriter& messages);
 
     const std::filesystem::path& directory() const { return directory_; }
 
-    /// Whether there is a record, whoever made it.
+    /// Whether any process has made this record.
     bool has(const std::string& key) const;
 
-    /// Whether there was one when this was made.
-    bool hadAtFirst(const std::string& key) const { return first_.contains(key); }
+    /// Whether the record existed when this object was constructed.
+    bool hadAtStart(const std::string& key) const { return atStart_.contains(key); }
 
-    /// Makes a record: true once, for one of all who ask.
-    bool make(const std::string& key);
+    /// Makes the record; false when it exists.
+    bool record(const std::string& key);
 
-    /// Takes a record back that was made here.
+    /// Removes a record that this object made.
     void remove(const std::string& key);
 
-    /// Removes what nobody will ask for again: records of forty days ago, by the clock of the file system.
-    /// Those of `standing` events stay, however old.
-    void removeOld(const std::vector<std::string>& standing) const;
+    /// Removes records older than forty days, by the clock of the file system, but those of the `standing`
+    /// events: they would be delivered again.
+    void prune(const std::vector<std::string>& standing) const;
 
 private:
     std::filesystem::path directory_;
-    ErrorThrottle trouble_;
-    std::set<std::string> first_;
+    ErrorThrottle errors_;
+    std::set<std::string> atStart_;
     std::set<std::string> own_;
 };
 

@@ -2,7 +2,7 @@
 
 namespace quillmere::notices {
 
-void ErrorThrottle::met(const std::string& kind, const std::string& message)
+void ErrorThrottle::report(const std::string& kind, const std::string& message)
 {
     if (kind != present_) {
         messages_.say(message);
@@ -10,7 +10,7 @@ void ErrorThrottle::met(const std::string& kind, const std::string& message)
     }
 }
 
-void ErrorThrottle::isOver(const std::string& message)
+void ErrorThrottle::resolve(const std::string& message)
 {
     if (!present_.empty()) {
         messages_.say(message);

@@ -1,4 +1,4 @@
-// What goes wrong for a while.
+// Errors that last, reported once.
 #pragma once
 
 #include "base/system/line_writer.hpp"
@@ -7,21 +7,21 @@
 
 namespace quillmere::notices {
 
-/// Says a trouble once, however often it is met, and once that it is over.
+/// Reports an error when it begins and when it is over, however often it occurs in between.
 class ErrorThrottle {
 public:
     explicit ErrorThrottle(base::LineWriter& messages) : messages_(messages) {}
 
-    /// Says `message` unless the last trouble was of the same `kind`: texts may differ each time, by the name
-    /// of a temporary file for one.
-    void met(const std::string& kind, const std::string& message);
+    /// Prints `message` unless the present error is of the same `kind`. The kind decides because texts may
+    /// differ each time, for example by the name of a temporary file.
+    void report(const std::string& kind, const std::string& message);
 
-    /// Says `message` if there was trouble.
-    void isOver(const std::string& message);
+    /// Ends the present error, if there is one, and prints `message` then.
+    void resolve(const std::string& message);
 
 private:
     base::LineWriter& messages_;
-    std::string present_;  ///< the kind; empty: none
+    std::string present_;  ///< the kind; empty: no error
 };
 
 }  // namespace quillmere::notices

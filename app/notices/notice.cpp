@@ -3,7 +3,6 @@
 #include "base/text/columns.hpp"
 #include "base/text/sanitize.hpp"
 
-#include <quillmere/records/base/enumeration.hpp>
 #include <quillmere/records/json/utf8.hpp>
 
 #include <algorithm>
@@ -11,25 +10,12 @@
 namespace quillmere::notices {
 namespace {
 
-struct NoticeRow {
-    StandingEvent::Kind value;
-    NoticeSubject subject;
-    std::string_view heading;
-};
-
-constexpr auto noticeRows = std::to_array<NoticeRow>({
-    {StandingEvent::Kind::focusEnded, NoticeSubject::work, "Focus is over"},
-    {StandingEvent::Kind::breakEnded, NoticeSubject::work, "The break is over"},
-    {StandingEvent::Kind::blockStarted, NoticeSubject::work, "The scheduled block has begun"},
-    {StandingEvent::Kind::questionRaised, NoticeSubject::questions, "A question waits"},
-});
-static_assert(inCaseOrder(noticeRows));
-
 constexpr std::size_t mostTexts = 10;
 constexpr std::size_t mostColumns = 200;
-constexpr std::size_t mostBytes = 1'000;  // marks that combine take no columns, so columns alone are no bound
+// Combining characters take no columns, so a limit in columns alone is no limit in bytes.
+constexpr std::size_t mostBytes = 1'000;
 
-/// U+FDD0 to U+FDEF, and the last two of each of the planes of Unicode.
+/// U+FDD0 to U+FDEF, and the last two code points of each plane.
 bool isNoncharacter(std::string_view character)
 {
     constexpr std::string_view first = "\xEF\xB7\x90";
@@ -41,8 +27,8 @@ bool isNoncharacter(std::string_view character)
     return endsPlane && (character[character.size() - 3] & 0x0F) == 0x0F;
 }
 
-/// Without what is good UTF-8 and refused by the bus all the same.
-std::string withoutNoncharacters(std::string_view text)
+/// Replaces noncharacters: they are well-formed UTF-8, but the bus refuses them.
+std::string noncharactersReplaced(std::string_view text)
 {
     std::string result;
     while (!text.empty()) {
@@ -55,21 +41,22 @@ std::string withoutNoncharacters(std::string_view text)
 
 std::string line(const std::string& text)
 {
-    return base::cutToColumns(withoutNoncharacters(base::sanitized(text.substr(0, mostBytes))), mostColumns);
+    return base::cutToColumns(noncharactersReplaced(base::sanitized(text.substr(0, mostBytes))), mostColumns);
 }
 
 }  // namespace
 
-NoticeSubject subjectOf(StandingEvent::Kind kind) { return rowOf(noticeRows, kind).subject; }
-
-std::string_view heading(StandingEvent::Kind kind) { return rowOf(noticeRows, kind).heading; }
+NoticeSubject subjectOf(work::EventKind kind)
+{
+    return kind == work::EventKind::questionRaised ? NoticeSubject::questions : NoticeSubject::work;
+}
 
 Notice noticeOf(const std::vector<StandingEvent>& events)
 {
-    const StandingEvent::Kind kind = events.front().kind;
-    Notice notice{.heading = std::string(heading(kind)),
+    const work::EventKind kind = events.front().kind;
+    Notice notice{.heading = std::string(work::eventHeading(kind)),
                   .body = line(events.front().text),
-                  .mayExtendBreak = kind == StandingEvent::Kind::breakEnded};
+                  .mayExtendBreak = kind == work::EventKind::breakEnded};
     if (events.size() > 1) {
         notice.heading = std::to_string(events.size()) + " questions wait";
     }

@@ -1,4 +1,4 @@
-// The words of a notice.
+// The text of a notice.
 #pragma once
 
 #include "notices/standing_events.hpp"
@@ -8,24 +8,21 @@
 
 namespace quillmere::notices {
 
-/// Each subject has one notice at a time, and a later one replaces it. That of a question does not push away
-/// that of the work: both come at once when a focus session ends for which the question had to wait.
+/// Each subject has one notice at a time; a later one replaces it. Questions have a notice of their own,
+/// because the end of a focus session and the questions that waited for it are delivered at once.
 enum class NoticeSubject { work, questions };
 
-NoticeSubject subjectOf(StandingEvent::Kind kind);
+NoticeSubject subjectOf(work::EventKind kind);
 
 struct Notice {
     std::string heading;  ///< one line
-    std::string body;     ///< lines of inert text, no markup; may be empty
-    bool mayExtendBreak;  ///< whether that is offered beside opening the screen
+    std::string body;     ///< sanitized lines without markup; may be empty
+    bool mayExtendBreak;  ///< whether the notice offers that
 
     friend bool operator==(const Notice&, const Notice&) = default;
 };
 
-/// The heading alone: "Focus is over".
-std::string_view heading(StandingEvent::Kind kind);
-
-/// One notice for what is told together: one event of the work, or questions; at least one.
+/// The notice for events of one subject, at least one: one event of the work, or questions.
 Notice noticeOf(const std::vector<StandingEvent>& events);
 
 }  // namespace quillmere::notices

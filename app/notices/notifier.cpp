@@ -1,5 +1,8 @@
 #include "notices/notifier.hpp"
 
+#include "base/text/duration.hpp"
+#include "work/break_extension.hpp"
+
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -12,59 +15,66 @@ namespace {
 struct ActionRow {
     NoticeAction action;
     const char* key;
-    const char* label;
 };
 
-// "default" is what a click on the notice itself means.
+// A click on the notice itself chooses "default".
 constexpr auto actionRows = std::to_array<ActionRow>({
-    {NoticeAction::open, "default", "Open"},
-    {NoticeAction::extendBreak, "extend", "Extend by 5 minutes"},
+    {NoticeAction::open, "default"},
+    {NoticeAction::extendBreak, "extend"},
 });
 
-/// Key and label in turn.
+std::string label(NoticeAction action)
+{
+    switch (action) {
+        case NoticeAction::open: return "Open";
+        case NoticeAction::extendBreak: break;
+    }
+    return "Extend by " + base::durationText(work::usualBreakExtension);
+}
+
+/// Alternating keys and labels.
 std::vector<std::string> actionsOn(const Notice& notice)
 {
     std::vector<std::string> actions;
     for (const ActionRow& row : actionRows) {
         if (row.action != NoticeAction::extendBreak || notice.mayExtendBreak) {
-            actions.insert(actions.end(), {row.key, row.label});
+            actions.insert(actions.end(), {row.key, label(row.action)});
         }
     }
     return actions;
 }
 
-NotifierProcess::Moment presentMoment() { return std::chrono::steady_clock::now(); }
-
 }  // namespace
 
-Notifier::Notifier(const TellerSettings& settings, DeliveryLog& records, base::LineWriter& messages)
+Notifier::Notifier(const NotifierSettings& settings, DeliveryLog& deliveryLog, NotifierChannel& channel,
+                   base::LineWriter& messages)
     : urgency_(settings.urgency),
       offersActions_(settings.offersActions),
-      records_(records),
-      notifier_(settings.notifier),
-      turn_(records.directory()),
+      deliveryLog_(deliveryLog),
+      channel_(channel),
+      leaderLock_(deliveryLog.directory()),
       shown_(settings.shownFile),
-      trouble_(messages)
+      errors_(messages)
 {
 }
 
-void Notifier::tell(const Events& events)
+void Notifier::notify(const Events& events, Moment now)
 {
     due_ = dueNotices(events);
-    // A predecessor's notices may be on the screen, with actions that somebody must hear.
-    const bool hasToListen = offersActions_ && !shown_.isEmpty();
-    if (!underWay_.empty() || (due_.empty() && !hasToListen)) {
+    // Notices of an earlier process may be on the screen; only a running channel hears of choices on them.
+    const bool mustListen = offersActions_ && !shown_.isEmpty();
+    if (!underWay_.empty() || (due_.empty() && !mustListen)) {
         return;
     }
-    if (!notifier_.isRunning()) {
-        start();
-    } else if (notifier_.isReady() && takeTurn()) {
-        // Whoever had the turn before may have told some of it.
+    if (!channel_.isRunning()) {
+        startChannel(now);
+    } else if (channel_.isReady() && tryToLead()) {
+        // The leader before may have given some of them.
         due_ = dueNotices(events);
         const auto next =
-            std::find_if(due_.begin(), due_.end(), [this](const Events& notice) { return mayTry(notice); });
+            std::find_if(due_.begin(), due_.end(), [&](const Events& notice) { return mayTry(notice, now); });
         if (next != due_.end()) {
-            give(*next);
+            send(*next, now);
         }
     }
 }
@@ -76,149 +86,150 @@ std::vector<Notifier::Events> Notifier::dueNotices(const Events& events) const
         Events notice;
         std::copy_if(events.begin(), events.end(), std::back_inserter(notice),
                      [&](const StandingEvent& event) { return subjectOf(event.kind) == subject; });
-        // The new ones first, as a long notice is cut; those told before are repeated, as it replaces theirs.
-        const auto toldBefore =
-            std::stable_partition(notice.begin(), notice.end(),
-                                  [this](const StandingEvent& event) { return !records_.has(event.key); });
-        if (toldBefore != notice.begin()) {
+        // New events first, because a long notice is cut. Delivered ones are repeated, because this notice
+        // replaces theirs.
+        const auto delivered = std::stable_partition(
+            notice.begin(), notice.end(),
+            [this](const StandingEvent& event) { return !deliveryLog_.has(event.key); });
+        if (delivered != notice.begin()) {
             notices.push_back(std::move(notice));
         }
     }
     return notices;
 }
 
-bool Notifier::mayTry(const Events& notice) const
+bool Notifier::mayTry(const Events& notice, Moment now) const
 {
     const auto failure = failures_.find(subjectOf(notice.front().kind));
     return failure == failures_.end() || failure->second.keys != keysOf(notice) ||
-           !failure->second.backoff.isPausing(presentMoment());
+           !failure->second.backoff.isPausing(now);
 }
 
-void Notifier::start()
+void Notifier::startChannel(Moment now)
 {
-    if (connecting_.isPausing(presentMoment())) {
+    if (connecting_.isPausing(now)) {
         return;
     }
     try {
-        notifier_.start(presentMoment());
+        channel_.start(now);
     } catch (const std::system_error& error) {
-        connecting_.failed(presentMoment());
-        meet({.kind = NotifierWordKind::ended, .text = error.what()});
+        connecting_.failed(now);
+        reportError({.kind = NotifierMessageKind::ended, .text = error.what()});
     }
 }
 
-bool Notifier::takeTurn()
+bool Notifier::tryToLead()
 {
-    if (!turn_.isHad() && turn_.take()) {
+    if (!leaderLock_.isHeld() && leaderLock_.tryAcquire()) {
         shown_.read(service_);
     }
-    return turn_.isHad();
+    return leaderLock_.isHeld();
 }
 
-void Notifier::give(const Events& notice)
+void Notifier::send(const Events& notice, Moment now)
 {
     underWay_ = notice;
     const Notice text = noticeOf(notice);
-    notifier_.give({.replaces = shown_.numberOf(subjectOf(notice.front().kind)),
-                    .heading = text.heading,
-                    .body = text.body,
-                    .urgency = static_cast<std::uint8_t>(urgency_),
-                    .actions = offersActions_ ? actionsOn(text) : std::vector<std::string>()},
-                   presentMoment());
+    channel_.send({.replaces = shown_.numberOf(subjectOf(notice.front().kind)),
+                   .heading = text.heading,
+                   .body = text.body,
+                   .urgency = static_cast<std::uint8_t>(urgency_),
+                   .actions = offersActions_ ? actionsOn(text) : std::vector<std::string>()},
+                  now);
 }
 
-std::vector<NoticeAction> Notifier::listen()
+std::vector<NoticeAction> Notifier::takeActions(Moment now)
 {
     std::vector<NoticeAction> actions;
-    for (const NotifierWord& word : notifier_.words(presentMoment())) {
-        hear(word, actions);
+    for (const NotifierMessage& message : channel_.takeMessages(now)) {
+        handle(message, now, actions);
     }
     return actions;
 }
 
-void Notifier::hear(const NotifierWord& word, std::vector<NoticeAction>& actions)
+void Notifier::handle(const NotifierMessage& message, Moment now, std::vector<NoticeAction>& actions)
 {
-    switch (word.kind) {
-        case NotifierWordKind::ready:
-            service_ = word.text;
-            connecting_.worked();
+    switch (message.kind) {
+        case NotifierMessageKind::ready:
+            service_ = message.text;
+            connecting_.succeeded();
             break;
-        case NotifierWordKind::given:
-            shown_.show(subjectOf(underWay_.front().kind), word.number);
-            isTold();
-            trouble_.isOver("Notices can be given again.");
+        case NotifierMessageKind::given:
+            shown_.show(subjectOf(underWay_.front().kind), message.number);
+            recordDelivery();
+            errors_.resolve("Notices can be given again.");
             break;
-        case NotifierWordKind::unanswered:
-            // It may be on the screen.
-            isTold();
-            meet(word);
+        case NotifierMessageKind::unanswered:
+            // The notice may be on the screen; it is not given a second time.
+            recordDelivery();
+            reportError(message);
             break;
-        case NotifierWordKind::failed:
-            isNotTold();
-            meet(word);
+        case NotifierMessageKind::failed:
+            postponeDelivery(now);
+            reportError(message);
             break;
-        case NotifierWordKind::ended:
-            isNotTold();
-            meet(word);
-            connecting_.failed(presentMoment());
-            turn_.giveBack();
+        case NotifierMessageKind::ended:
+            postponeDelivery(now);
+            reportError(message);
+            connecting_.failed(now);
+            leaderLock_.release();
             shown_.forget();
             break;
-        case NotifierWordKind::action: hearAction(word, actions); break;
-        case NotifierWordKind::closed:
-            if (turn_.isHad()) {
-                shown_.close(word.number);
+        case NotifierMessageKind::action: handleAction(message, actions); break;
+        case NotifierMessageKind::closed:
+            if (leaderLock_.isHeld()) {
+                shown_.close(message.number);
             }
             break;
     }
 }
 
-void Notifier::hearAction(const NotifierWord& word, std::vector<NoticeAction>& actions) const
+void Notifier::handleAction(const NotifierMessage& message, std::vector<NoticeAction>& actions) const
 {
-    // The service tells everybody about everybody's notices.
-    if (turn_.isHad() && shown_.has(word.number)) {
+    // A service sends its signals about the notices of all programs to all programs.
+    if (leaderLock_.isHeld() && shown_.has(message.number)) {
         for (const ActionRow& row : actionRows) {
-            if (word.text == row.key) {
+            if (message.text == row.key) {
                 actions.push_back(row.action);
             }
         }
     }
 }
 
-void Notifier::isTold()
+void Notifier::recordDelivery()
 {
     for (const StandingEvent& event : underWay_) {
-        records_.make(event.key);
+        deliveryLog_.record(event.key);
     }
     failures_.erase(subjectOf(underWay_.front().kind));
     underWay_.clear();
 }
 
-void Notifier::isNotTold()
+void Notifier::postponeDelivery(Moment now)
 {
     if (!underWay_.empty()) {
         Failure& failure = failures_[subjectOf(underWay_.front().kind)];
         if (failure.keys != keysOf(underWay_)) {
             failure = {.keys = keysOf(underWay_)};
         }
-        failure.backoff.failed(presentMoment());
+        failure.backoff.failed(now);
         underWay_.clear();
     }
 }
 
-void Notifier::meet(const NotifierWord& word)
+void Notifier::reportError(const NotifierMessage& message)
 {
-    if (!word.text.empty()) {
-        trouble_.met(word.error.empty() ? word.text : word.error,
-                     "Notices cannot be given now: " + word.text + ".");
+    if (!message.text.empty()) {
+        errors_.report(message.error.empty() ? message.text : message.error,
+                       "Notices cannot be given now: " + message.text + ".");
     }
 }
 
-bool Notifier::isAtRest() const
+bool Notifier::isIdle(Moment now) const
 {
-    return underWay_.empty() &&
-           (connecting_.isPausing(presentMoment()) ||
-            std::none_of(due_.begin(), due_.end(), [this](const Events& notice) { return mayTry(notice); }));
+    return underWay_.empty() && (connecting_.isPausing(now) ||
+                                 std::none_of(due_.begin(), due_.end(),
+                                              [&](const Events& notice) { return mayTry(notice, now); }));
 }
 
 }  // namespace quillmere::notices

@@ -1,14 +1,15 @@
-// Tells the person what stands.
+// Notifies the person of the events that stand.
 #pragma once
 
 #include "notices/backoff.hpp"
 #include "notices/delivery_log.hpp"
 #include "notices/error_throttle.hpp"
 #include "notices/notice.hpp"
-#include "notices/notifier_process.hpp"
+#include "notices/notifier_channel.hpp"
 #include "notices/shown_notices.hpp"
 #include "workspace/leader_lock.hpp"
 
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <string>
@@ -16,41 +17,43 @@
 
 namespace quillmere::notices {
 
-/// As Desktop Notifications 1.2 (freedesktop.org) numbers them.
+/// The numbers are those of Desktop Notifications 1.2 (freedesktop.org).
 enum class Urgency : std::uint8_t { low = 0, normal = 1, critical = 2 };
 
-/// What a person may choose on a notice.
+/// A person's choice on a notice.
 enum class NoticeAction { open, extendBreak };
 
-struct TellerSettings {
-    std::filesystem::path notifier;
+struct NotifierSettings {
     Urgency urgency;
-    bool offersActions;               ///< somebody stays to hear what is chosen
-    std::filesystem::path shownFile;  ///< ShownNotices
+    bool offersActions;               ///< false when this process ends before a choice could reach it
+    std::filesystem::path shownFile;  ///< for ShownNotices
 };
 
-/// Tells what has no record, in one notice a subject, and makes the record once it is told. Of all tellers of
-/// a directory one tells: the first whose notifier is ready, for as long as that is. Bus and service may be
-/// absent, slow or broken: what could not be told is tried again, after longer and longer pauses, while it
-/// stands. What is wrong is said once, and once that it works again. Nothing here waits.
+/// Gives one notice per subject for the events that have no record, and records them once it was given. Of
+/// all notifiers of a directory one is the leader and gives notices: the first whose channel is ready, for as
+/// long as that lasts. Bus and service may be absent, slow or broken: a notice that could not be given is
+/// tried again with growing pauses while its events stand. An error is reported once, and so is its end. No
+/// operation waits.
 class Notifier {
 public:
-    Notifier(const TellerSettings& settings, DeliveryLog& records, base::LineWriter& messages);
+    Notifier(const NotifierSettings& settings, DeliveryLog& deliveryLog, NotifierChannel& channel,
+             base::LineWriter& messages);
 
-    /// Tells what can be told now, of all that may be told.
-    void tell(const std::vector<StandingEvent>& events);
+    /// Gives the notices for `events` that can be given now. One notice at a time is under way; the next
+    /// follows in a later call.
+    void notify(const std::vector<StandingEvent>& events, Moment now);
 
-    /// Hears what has become of the notices; what the person chose on them.
-    std::vector<NoticeAction> listen();
+    /// Handles the notifier's messages; returns the person's choices.
+    std::vector<NoticeAction> takeActions(Moment now);
 
-    /// For poll(2); -1: there is nothing to wait for.
-    int descriptor() const { return notifier_.descriptor(); }
+    /// For `base::waitFor`; -1: nothing to wait for.
+    int descriptor() const { return channel_.descriptor(); }
 
-    /// Whether nothing is under way, and nothing more to be tried at once.
-    bool isAtRest() const;
+    /// Whether no notice is under way and none could be tried at once.
+    bool isIdle(Moment now) const;
 
 private:
-    using Events = std::vector<StandingEvent>;  ///< what is told in one notice
+    using Events = std::vector<StandingEvent>;  ///< the events of one notice
 
     /// A notice that could not be given.
     struct Failure {
@@ -59,27 +62,27 @@ private:
     };
 
     std::vector<Events> dueNotices(const Events& events) const;
-    bool mayTry(const Events& notice) const;
-    void start();
-    bool takeTurn();
-    void give(const Events& notice);
-    void hear(const NotifierWord& word, std::vector<NoticeAction>& actions);
-    void hearAction(const NotifierWord& word, std::vector<NoticeAction>& actions) const;
-    /// Makes the records of what is under way.
-    void isTold();
-    /// Leaves what is under way for later.
-    void isNotTold();
-    void meet(const NotifierWord& word);
+    bool mayTry(const Events& notice, Moment now) const;
+    void startChannel(Moment now);
+    bool tryToLead();
+    void send(const Events& notice, Moment now);
+    void handle(const NotifierMessage& message, Moment now, std::vector<NoticeAction>& actions);
+    void handleAction(const NotifierMessage& message, std::vector<NoticeAction>& actions) const;
+    /// Records the events of the notice under way.
+    void recordDelivery();
+    /// Leaves the notice under way, if there is one, for a later try.
+    void postponeDelivery(Moment now);
+    void reportError(const NotifierMessage& message);
 
     Urgency urgency_;
     bool offersActions_;
-    DeliveryLog& records_;
-    NotifierProcess notifier_;
-    std::string service_;  ///< that of the notifier, once it is ready
-    workspace::LeaderLock turn_;
+    DeliveryLog& deliveryLog_;
+    NotifierChannel& channel_;
+    std::string service_;  ///< identifies the service of the channel, once that is ready
+    workspace::LeaderLock leaderLock_;
     ShownNotices shown_;
-    ErrorThrottle trouble_;
-    std::vector<Events> due_;  ///< as of the last `tell`
+    ErrorThrottle errors_;
+    std::vector<Events> due_;  ///< as of the last `notify`
     Events underWay_;
     std::map<NoticeSubject, Failure> failures_;
     Backoff connecting_;

@@ -1,12 +1,14 @@
-// quillmere-notifier: gives the notices of `quillmere watch` on the session bus (Desktop Notifications
-// 1.2 of freedesktop.org). It may wait for the bus as long as it likes: `watch` never waits for it, and
-// kills it when it takes too long. It is started with the process number of that `watch`. Why it is a
-// program of its own stands in notifier.hpp.
+// quillmere-notifier: gives the notices of `quillmere watch` on the session bus (Desktop Notifications 1.2 of
+// freedesktop.org). Its arguments are the process number of that `watch`, and how many milliseconds to wait
+// for the service's capabilities and for its answer to a notice. It may wait for the bus as long as it has
+// to: `watch` never waits for it, and kills it when it takes too long. Why it is a separate program stands in
+// notifier_process.hpp.
+#include "base/system/wait.hpp"
+#include "base/text/xml.hpp"
 #include "notices/notifier_protocol.hpp"
 
 #include <sdbus-c++/sdbus-c++.h>
 
-#include <poll.h>
 #include <sys/prctl.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -17,6 +19,7 @@
 #include <csignal>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -32,35 +35,22 @@ constexpr const char* interface = "org.freedesktop.Notifications";
 constexpr const char* busInterface = "org.freedesktop.DBus";  // also the name of the bus itself
 
 constexpr auto patienceForBus = 1s;
-constexpr auto patienceForCapabilities = 3s;
-// A service may be busy, and a notice that it has taken must not be asked for again.
-constexpr auto patienceForNotify = 10s;
 
-/// Goes to `watch`; if that is gone, reading tells.
-void say(const NotifierWord& word)
+/// The command line.
+struct Arguments {
+    std::string watch;  ///< a process number
+    std::chrono::milliseconds patienceForCapabilities;
+    std::chrono::milliseconds patienceForNotify;
+};
+
+/// Sends a message to `watch`. Errors are ignored: when `watch` is gone, `receive` notices it.
+void send(const NotifierMessage& message)
 {
-    const std::string line = protocolLine(word);
+    const std::string line = protocolLine(message);
     ::send(STDOUT_FILENO, line.data(), line.size(), MSG_NOSIGNAL);
 }
 
-/// The text as the markup of notices spells it.
-std::string escaped(const std::string& text)
-{
-    std::string markup;
-    for (const char character : text) {
-        switch (character) {
-            case '&': markup += "&amp;"; break;
-            case '<': markup += "&lt;"; break;
-            case '>': markup += "&gt;"; break;
-            case '"': markup += "&quot;"; break;
-            case '\'': markup += "&apos;"; break;
-            default: markup += character;
-        }
-    }
-    return markup;
-}
-
-/// Whether a call failed because nobody answered in time: then what it asked for may have been done.
+/// Whether a call failed because no answer came in time. It may have been carried out all the same.
 bool isTimeout(const sdbus::Error& error)
 {
     constexpr std::array<std::string_view, 3> names = {
@@ -73,13 +63,14 @@ std::string reason(const sdbus::Error& error)
     return isTimeout(error) ? "the notification service does not answer" : error.getMessage();
 }
 
-/// The notification service on the session bus: the one that answers first. One that takes its place is
-/// another, which knows nothing of the notices of this one.
+/// The notification service on the session bus: the one that owns the name at the start. A service that takes
+/// the name over later is another one, which does not know this one's notices.
 class Service {
 public:
-    /// Connects to the bus and has the service answer, started by the bus if need be; throws sdbus::Error.
-    Service()
-        : bus_(sdbus::createSessionBusConnection()),
+    /// Connects to the bus and calls the service, which the bus may start; throws sdbus::Error.
+    explicit Service(const Arguments& arguments)
+        : arguments_(arguments),
+          bus_(sdbus::createSessionBusConnection()),
           ownerChanges_(bus_->addMatch(ownerChanged,
                                        [this](sdbus::Message& change) {
                                            std::string name;
@@ -88,49 +79,50 @@ public:
                                        })),
           name_(nameOfService()),
           owner_(name_),
-          // By its own name, so that nothing comes from another.
+          // Addressed by its unique name, so that no message comes from another service.
           notifications_(sdbus::createProxy(*bus_, name_, object))
     {
         notifications_->uponSignal("ActionInvoked")
             .onInterface(interface)
             .call([](std::uint32_t number, const std::string& key) {
-                say({.kind = NotifierWordKind::action, .number = number, .text = key});
+                send({.kind = NotifierMessageKind::action, .number = number, .text = key});
             });
         notifications_->uponSignal("NotificationClosed")
             .onInterface(interface)
             .call([](std::uint32_t number, std::uint32_t) {
-                say({.kind = NotifierWordKind::closed, .number = number});
+                send({.kind = NotifierMessageKind::closed, .number = number});
             });
         notifications_->finishRegistration();
-        say({.kind = NotifierWordKind::ready, .text = identity()});
+        send({.kind = NotifierMessageKind::ready, .text = identity()});
     }
 
-    /// Throws sdbus::Error when the service does not even say what it can do: it has not been given the
-    /// notice then, which can be tried again.
+    /// Throws sdbus::Error when the service does not answer for its capabilities. It has not been given the
+    /// notice then.
     void give(const NoticeRequest& notice)
     {
         const Capabilities capabilities = capabilitiesOf(*notifications_).first;
         sdbus::MethodReply reply;
         try {
-            reply = notifications_->callMethod(callFor(notice, capabilities), patienceForNotify);
+            reply = notifications_->callMethod(callFor(notice, capabilities), arguments_.patienceForNotify);
         } catch (const sdbus::Error& error) {
-            const bool mayHaveIt = isTimeout(error) && isPresent();
-            say({.kind = mayHaveIt ? NotifierWordKind::unanswered : NotifierWordKind::failed,
-                 .text = isTimeout(error) && !mayHaveIt ? "the notification service has gone" : reason(error),
-                 .error = error.getName()});
+            const bool mayBeShown = isTimeout(error) && isPresent();
+            send({.kind = mayBeShown ? NotifierMessageKind::unanswered : NotifierMessageKind::failed,
+                  .text =
+                      isTimeout(error) && !mayBeShown ? "the notification service has gone" : reason(error),
+                  .error = error.getName()});
             return;
         }
         try {
             std::uint32_t number = 0;
             reply >> number;
-            say({.kind = NotifierWordKind::given, .number = number});
+            send({.kind = NotifierMessageKind::given, .number = number});
         } catch (const sdbus::Error&) {
-            say({.kind = NotifierWordKind::unanswered,
-                 .text = "the answer of the notification service cannot be read"});
+            send({.kind = NotifierMessageKind::unanswered,
+                  .text = "the answer of the notification service cannot be read"});
         }
     }
 
-    /// Hands on what the bus has brought; whether the service is still the one it was.
+    /// Handles the messages of the bus; false once the service has lost its name.
     bool process()
     {
         while (bus_->processPendingRequest()) {
@@ -147,12 +139,12 @@ private:
         "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
         "member='NameOwnerChanged',arg0='org.freedesktop.Notifications'";
 
-    /// What it can do, and who says so.
-    static std::pair<Capabilities, std::string> capabilitiesOf(sdbus::IProxy& notifications)
+    /// The capabilities of the service, and its unique name.
+    std::pair<Capabilities, std::string> capabilitiesOf(sdbus::IProxy& notifications) const
     {
         Capabilities capabilities;
         auto reply = notifications.callMethod(notifications.createMethodCall(interface, "GetCapabilities"),
-                                              patienceForCapabilities);
+                                              arguments_.patienceForCapabilities);
         reply >> capabilities;
         return {capabilities, reply.getSender()};
     }
@@ -162,7 +154,7 @@ private:
         return capabilitiesOf(*sdbus::createProxy(*bus_, service, object)).second;
     }
 
-    /// Names on a bus are given once, but the next bus gives them again.
+    /// Unique across buses: a unique name occurs once on a bus, but again on the next bus.
     std::string identity() const
     {
         std::string bus;
@@ -193,59 +185,62 @@ private:
 
     sdbus::MethodCall callFor(const NoticeRequest& notice, const Capabilities& capabilities) const
     {
-        const auto can = [&](const char* what) {
-            return std::find(capabilities.begin(), capabilities.end(), what) != capabilities.end();
+        const auto can = [&](const char* capability) {
+            return std::find(capabilities.begin(), capabilities.end(), capability) != capabilities.end();
         };
         const std::map<std::string, sdbus::Variant> hints = {{"urgency", sdbus::Variant(notice.urgency)},
                                                              {"desktop-entry", sdbus::Variant("quillmere")}};
-        constexpr std::int32_t asLongAsTheServiceLikes = -1;
+        constexpr std::int32_t defaultTimeout = -1;
         sdbus::MethodCall call = notifications_->createMethodCall(interface, "Notify");
         call << std::string("Quillmere") << notice.replaces << std::string() << notice.heading
-             << (can("body-markup") ? escaped(notice.body) : notice.body)
-             << (can("actions") ? notice.actions : std::vector<std::string>()) << hints
-             << asLongAsTheServiceLikes;
+             << (can("body-markup") ? base::escapedForXml(notice.body) : notice.body)
+             << (can("actions") ? notice.actions : std::vector<std::string>()) << hints << defaultTimeout;
         return call;
     }
 
+    Arguments arguments_;
     std::unique_ptr<sdbus::IConnection> bus_;
     sdbus::Slot ownerChanges_;
     std::string name_;
-    std::string owner_;  ///< of the service's name, as far as has been heard
+    std::string owner_;  ///< the present owner of the service's name
     std::unique_ptr<sdbus::IProxy> notifications_;
 };
 
-/// Adds what `watch` says; false when it says no more.
-bool receive(std::string& arrived)
+/// Appends what `watch` sent; false once `watch` has closed the socket.
+bool receive(std::string& received)
 {
     std::array<char, 4096> bytes;
     const ssize_t count = ::read(STDIN_FILENO, bytes.data(), bytes.size());
     if (count > 0) {
-        arrived.append(bytes.data(), static_cast<std::size_t>(count));
+        received.append(bytes.data(), static_cast<std::size_t>(count));
     }
     return count > 0 || (count == -1 && errno == EINTR);
 }
 
-/// Until `watch` or the service is gone.
-void serve()
+/// Returns when `watch` or the service is gone.
+void serve(const Arguments& arguments)
 {
-    Service notifications;
-    std::string arrived;
+    Service notifications(arguments);
+    std::string received;
     while (notifications.process()) {
         const sdbus::IConnection::PollData bus = notifications.pollData();
-        std::array<pollfd, 2> files = {pollfd{.fd = STDIN_FILENO, .events = POLLIN, .revents = 0},
-                                       pollfd{.fd = bus.fd, .events = bus.events, .revents = 0}};
-        ::poll(files.data(), files.size(), bus.getPollTimeout());
-        if (files[0].revents != 0 && !receive(arrived)) {
+        std::array<base::PollSource, 2> sources = {
+            base::PollSource{.descriptor = STDIN_FILENO},
+            base::PollSource{.descriptor = bus.fd, .events = bus.events}};
+        const std::chrono::milliseconds limit(bus.getPollTimeout());
+        base::waitFor(sources, limit < 0ms ? std::nullopt : std::optional(limit));
+        if (sources[0].isReady() && !receive(received)) {
             return;
         }
-        while (const auto notice = takeRecord<NoticeRequest>(arrived)) {
+        while (const auto notice = takeRecord<NoticeRequest>(received)) {
             notifications.give(*notice);
         }
     }
-    say({.kind = NotifierWordKind::ended});
+    send({.kind = NotifierMessageKind::ended});
 }
 
-/// Has the system end this process with `watch`, whatever it waits for then; whether `watch` is there.
+/// Has the system kill this process when `watch` ends, even inside a call to the bus. False when `watch` has
+/// ended already.
 bool endWith(const std::string& watch)
 {
     return ::prctl(PR_SET_PDEATHSIG, SIGKILL) == 0 && std::to_string(::getppid()) == watch;
@@ -254,19 +249,25 @@ bool endWith(const std::string& watch)
 }  // namespace
 }  // namespace quillmere::notices
 
-int main(int count, char** arguments)
+int main(int count, char** words)
 {
     using namespace quillmere::notices;
-    if (count != 2 || !endWith(arguments[1])) {
+    if (count != 4) {
         return 1;
     }
     try {
-        serve();
+        const Arguments arguments{.watch = words[1],
+                                  .patienceForCapabilities = std::chrono::milliseconds(std::stol(words[2])),
+                                  .patienceForNotify = std::chrono::milliseconds(std::stol(words[3]))};
+        if (!endWith(arguments.watch)) {
+            return 1;
+        }
+        serve(arguments);
         return 0;
     } catch (const sdbus::Error& error) {
-        say({.kind = NotifierWordKind::ended, .text = reason(error), .error = error.getName()});
+        send({.kind = NotifierMessageKind::ended, .text = reason(error), .error = error.getName()});
     } catch (const std::exception& error) {
-        say({.kind = NotifierWordKind::ended, .text = error.what()});
+        send({.kind = NotifierMessageKind::ended, .text = error.what()});
     }
     return 1;
 }

@@ -1,10 +1,10 @@
 #include "notices/notifier_process.hpp"
 
 #include "base/system/child_process.hpp"
+#include "notices/notifier_protocol.hpp"
 
 #include <sys/socket.h>
 #include <unistd.h>
-#include <nlohmann/json.hpp>
 
 #include <array>
 #include <cerrno>
@@ -17,8 +17,8 @@ namespace {
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
-constexpr auto patienceForStart = 5s;    // longer than the notifier's own with the service
-constexpr auto patienceForNotice = 20s;  // the same
+// Time for what the notifier does besides waiting for the service; more than its limit for calls to the bus.
+constexpr auto margin = 2s;
 
 }  // namespace
 
@@ -29,7 +29,10 @@ fs::path notifierProgram()
     return fs::exists(beside) ? beside : (here / QUILLMERE_NOTIFIER_FROM_BIN).lexically_normal();
 }
 
-NotifierProcess::NotifierProcess(fs::path program) : program_(std::move(program)) {}
+NotifierProcess::NotifierProcess(fs::path program, const NotifierPatience& patience)
+    : program_(std::move(program)), patience_(patience)
+{
+}
 
 NotifierProcess::~NotifierProcess() { stop(); }
 
@@ -42,50 +45,54 @@ void NotifierProcess::start(Moment now)
     base::Descriptor ours(ends[0]);
     const base::Descriptor its(ends[1]);
     child_ = base::startChild(
-        {.words = {program_.string(), std::to_string(::getpid())}, .input = its.get(), .output = its.get()});
+        {.words = {program_.string(), std::to_string(::getpid()),
+                   std::to_string(patience_.capabilities.count()), std::to_string(patience_.notice.count())},
+         .input = its.get(),
+         .output = its.get()});
     socket_ = std::move(ours);
-    deadline_ = now + patienceForStart;
+    deadline_ = now + patience_.capabilities + margin;
 }
 
-void NotifierProcess::give(const NoticeRequest& notice, Moment now)
+void NotifierProcess::send(const NoticeRequest& request, Moment now)
 {
-    const std::string line = protocolLine(notice);
-    // A line is far shorter than what a socket holds. A notifier that is gone, or so far behind that it does
-    // not fit, does not answer either, and that is noticed.
+    const std::string line = protocolLine(request);
+    // The result is ignored: a line is far shorter than a socket's buffer, and a notifier that is gone or far
+    // behind does not answer either, which the deadline notices.
     ::send(socket_.get(), line.data(), line.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
-    deadline_ = now + patienceForNotice;
+    deadline_ = now + patience_.capabilities + patience_.notice + margin;
 }
 
-std::vector<NotifierWord> NotifierProcess::words(Moment now)
+std::vector<NotifierMessage> NotifierProcess::takeMessages(Moment now)
 {
-    std::vector<NotifierWord> words;
-    const bool maySayMore = !isRunning() || receive();
+    std::vector<NotifierMessage> messages;
+    const bool isOpen = !isRunning() || receive();
     try {
-        while (const auto word = takeRecord<NotifierWord>(arrived_)) {
-            words.push_back(*word);
-            heed(*word);
+        while (const auto message = takeRecord<NotifierMessage>(received_)) {
+            messages.push_back(*message);
+            handle(*message);
         }
     } catch (const nlohmann::json::exception&) {
-        end(words, "the notifier is of another version");
+        end(messages, "the notifier is of another version");
     }
-    if (isRunning() && !maySayMore) {
-        end(words, "the notifier has stopped working");
+    if (isRunning() && !isOpen) {
+        end(messages, "the notifier has stopped working");
     } else if (deadline_ && now >= *deadline_) {
-        end(words, isReady_ ? "the notification service does not answer" : "the session bus does not answer");
+        end(messages,
+            isReady_ ? "the notification service does not answer" : "the session bus does not answer");
     }
-    return words;
+    return messages;
 }
 
-void NotifierProcess::heed(const NotifierWord& word)
+void NotifierProcess::handle(const NotifierMessage& message)
 {
-    switch (word.kind) {
-        case NotifierWordKind::ready: isReady_ = true; [[fallthrough]];
-        case NotifierWordKind::given:
-        case NotifierWordKind::failed:
-        case NotifierWordKind::unanswered: deadline_.reset(); break;
-        case NotifierWordKind::action:
-        case NotifierWordKind::closed: break;
-        case NotifierWordKind::ended: stop(); break;
+    switch (message.kind) {
+        case NotifierMessageKind::ready: isReady_ = true; [[fallthrough]];
+        case NotifierMessageKind::given:
+        case NotifierMessageKind::failed:
+        case NotifierMessageKind::unanswered: deadline_.reset(); break;
+        case NotifierMessageKind::action:
+        case NotifierMessageKind::closed: break;
+        case NotifierMessageKind::ended: stop(); break;
     }
 }
 
@@ -94,15 +101,15 @@ bool NotifierProcess::receive()
     std::array<char, 4096> bytes;
     ssize_t count = 0;
     while ((count = ::recv(socket_.get(), bytes.data(), bytes.size(), MSG_DONTWAIT)) > 0) {
-        arrived_.append(bytes.data(), static_cast<std::size_t>(count));
+        received_.append(bytes.data(), static_cast<std::size_t>(count));
     }
     return count == -1 && (errno == EAGAIN || errno == EINTR);
 }
 
-void NotifierProcess::end(std::vector<NotifierWord>& words, const std::string& reason)
+void NotifierProcess::end(std::vector<NotifierMessage>& messages, const std::string& reason)
 {
     stop();
-    words.push_back({.kind = NotifierWordKind::ended, .text = reason});
+    messages.push_back({.kind = NotifierMessageKind::ended, .text = reason});
 }
 
 void NotifierProcess::stop()
@@ -111,7 +118,7 @@ void NotifierProcess::stop()
         base::killChild(std::exchange(child_, -1));
     }
     socket_ = base::Descriptor();
-    arrived_.clear();
+    received_.clear();
     isReady_ = false;
     deadline_.reset();
 }

@@ -1,14 +1,14 @@
-// The notifier as `watch` sees it: a program of its own that gives notices on the session bus.
+// Runs `quillmere-notifier`, the program that gives notices on the session bus.
 //
-// It is one for two reasons. A bus may accept a connection and never answer; the process that asked then
-// waits inside the call, and one that can be killed may. And the libraries that speak to the bus cost every
+// It is a separate program for two reasons. A bus may accept a connection and never answer; the process that
+// asked then waits inside the call, and only a child can be killed. And the libraries for the bus cost every
 // start of a program that is linked to them about half a millisecond of processor time (0.3 to 0.7 ms, means
-// of 300 runs each): half as much again as a small program costs at all, and `quillmere` is started often, by
-// status bars and prompts.
+// of 300 runs each), half as much again as a small program costs at all; status bars and prompts start
+// `quillmere` often.
 #pragma once
 
 #include "base/system/descriptor.hpp"
-#include "notices/notifier_protocol.hpp"
+#include "notices/notifier_channel.hpp"
 
 #include <sys/types.h>
 
@@ -20,47 +20,44 @@
 
 namespace quillmere::notices {
 
-/// Where the notifier is: beside this program, as it is built, or where it is installed.
+/// The path of the notifier: beside this program in a build directory, else where it is installed.
 std::filesystem::path notifierProgram();
 
-class NotifierProcess {
-public:
-    using Moment = std::chrono::steady_clock::time_point;
+/// How long the notifier waits for answers of the notification service. It is killed a little later.
+struct NotifierPatience {
+    std::chrono::milliseconds capabilities{3'000};
+    /// Longer: the service may be busy, and a notice that it has accepted must not be requested again.
+    std::chrono::milliseconds notice{10'000};
+};
 
-    explicit NotifierProcess(std::filesystem::path program);
+class NotifierProcess : public NotifierChannel {
+public:
+    explicit NotifierProcess(std::filesystem::path program, const NotifierPatience& patience = {});
     NotifierProcess(const NotifierProcess&) = delete;
     NotifierProcess& operator=(const NotifierProcess&) = delete;
-    ~NotifierProcess();
+    ~NotifierProcess() override;
 
-    bool isRunning() const { return child_ != -1; }
-    /// Whether it takes notices.
-    bool isReady() const { return isReady_; }
-    /// For poll(2): readable when `words` has something to read; -1 while it does not run.
-    int descriptor() const { return socket_.get(); }
-
-    /// Starts it; throws `std::system_error` when that cannot be done.
-    void start(Moment now);
-
-    /// Asks for a notice; to be called while it is ready and no other one is under way. Never waits.
-    void give(const NoticeRequest& notice, Moment now);
-
-    /// What it has said since the last call. It is killed when it lets a start or a notice go without an
-    /// answer for too long; that it is gone, for whatever reason, is its last word, here too. Never waits.
-    std::vector<NotifierWord> words(Moment now);
+    bool isRunning() const override { return child_ != -1; }
+    bool isReady() const override { return isReady_; }
+    int descriptor() const override { return socket_.get(); }
+    void start(Moment now) override;
+    void send(const NoticeRequest& request, Moment now) override;
+    std::vector<NotifierMessage> takeMessages(Moment now) override;
 
 private:
-    void heed(const NotifierWord& word);
+    void handle(const NotifierMessage& message);
     void stop();
-    void end(std::vector<NotifierWord>& words, const std::string& reason);
-    /// Whether it may say more.
+    void end(std::vector<NotifierMessage>& messages, const std::string& reason);
+    /// Reads what has arrived; false once the other end is closed.
     bool receive();
 
     std::filesystem::path program_;
+    NotifierPatience patience_;
     pid_t child_ = -1;
     base::Descriptor socket_;
-    std::string arrived_;
+    std::string received_;
     bool isReady_ = false;
-    std::optional<Moment> deadline_;  ///< of the answer that is waited for
+    std::optional<Moment> deadline_;  ///< for the answer to the start or to the request under way
 };
 
 }  // namespace quillmere::notices

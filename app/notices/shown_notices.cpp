@@ -39,14 +39,14 @@ void ShownNotices::show(NoticeSubject subject, std::uint32_t number)
 {
     if (numberOf(subject) != number) {
         numbers_[subject] = number;
-        keep();
+        save();
     }
 }
 
 void ShownNotices::close(std::uint32_t number)
 {
     if (std::erase_if(numbers_, [&](const auto& shown) { return shown.second == number; }) > 0) {
-        keep();
+        save();
     }
 }
 
@@ -63,13 +63,13 @@ void ShownNotices::load()
         service_ = content.at("service").get<std::string>();
         numbers_ = content.at("numbers").get<std::map<NoticeSubject, std::uint32_t>>();
     } catch (const std::system_error&) {
-        // Usually there is none.
+        // Usually the file does not exist.
     } catch (const nlohmann::json::exception&) {
         service_.clear();
     }
 }
 
-void ShownNotices::keep() const
+void ShownNotices::save() const
 {
     if (file_.empty()) {
         return;
@@ -78,7 +78,7 @@ void ShownNotices::keep() const
     try {
         writeAtomically([&](const ByteSink& sink) { sink(text); }, file_, StateStore::renameReplacing);
     } catch (const std::system_error&) {
-        // Not worth a word: the next notice is beside this one instead of in its place.
+        // Not reported: the only effect is that a later notice does not replace this one.
     }
 }
 

@@ -1,4 +1,4 @@
-// The notices on the screen.
+// The notices that are on the screen.
 #pragma once
 
 #include "notices/notice.hpp"
@@ -10,19 +10,19 @@
 
 namespace quillmere::notices {
 
-/// The number of each subject's last notice, with the service that counts them: a number means nothing to
-/// another service, nor to the same one after it was started again. Kept in a file, so that whoever tells
-/// next replaces the notices of whoever told before, and hears what is chosen on them.
+/// The number of each subject's last notice, and the service that gave the numbers: they mean nothing to
+/// another service, nor to the same one after a restart. Stored in a file, so that the next leader replaces
+/// the notices of the one before it and handles the choices on them.
 class ShownNotices {
 public:
-    /// With what stands in `file`. Where it cannot be written, or the path is empty, nothing is kept: a
-    /// notice then stays beside its successor.
+    /// Reads `file`. Where it cannot be written, or the path is empty, the numbers are in memory only: the
+    /// next leader's notice then appears beside the earlier one.
     explicit ShownNotices(std::filesystem::path file);
 
-    /// Reads the file again, and forgets all notices of another service than this.
+    /// Reads the file again; forgets the notices of any service other than this one.
     void read(const std::string& service);
 
-    /// 0: there is none.
+    /// 0: the subject has no notice.
     std::uint32_t numberOf(NoticeSubject subject) const;
     bool has(std::uint32_t number) const;
     bool isEmpty() const { return numbers_.empty(); }
@@ -30,12 +30,12 @@ public:
     void show(NoticeSubject subject, std::uint32_t number);
     void close(std::uint32_t number);
 
-    /// Forgets all notices in memory.
+    /// Forgets the notices in memory; the file stays.
     void forget() { numbers_.clear(); }
 
 private:
     void load();
-    void keep() const;
+    void save() const;
 
     std::filesystem::path file_;
     std::string service_;

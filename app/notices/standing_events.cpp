@@ -1,7 +1,5 @@
 #include "notices/standing_events.hpp"
 
-#include "workspace/catching_up.hpp"
-
 #include <quillmere/engine/timer_snapshot.hpp>
 #include <quillmere/records/base/checked_arithmetic.hpp>
 #include <quillmere/widget/widget_snapshot.hpp>
@@ -9,35 +7,15 @@
 namespace quillmere::notices {
 namespace {
 
-std::string keyAt(std::string_view what, const Identifier& id, Instant at)
+std::string keyAt(std::string_view name, const Identifier& id, Instant at)
 {
-    return std::string(what) + "-" + id.text() + "-" + std::to_string(wholeSeconds(at.secondsSince1970()));
+    return std::string(name) + "-" + id.text() + "-" + std::to_string(wholeSeconds(at.secondsSince1970()));
 }
 
-/// Whether the time of an ended session was used up when it ended. Asks the timer as it was at that moment:
-/// the session still running, its pauses, the last one too, counted.
-bool wasEndedByTimer(const QuillmereState& state, Instant endedAt)
-{
-    const QuillmereState before{
-        .id = state.id,
-        .workflowState = WorkflowState::focusing,
-        .currentBlock = state.currentBlock,
-        .blockHistory = {},  // may be long, and no timer looks at it
-        .plannedNextSession = std::nullopt,
-        .breakStartedAt = std::nullopt,
-        .breakExtensionSeconds = 0,
-        .breakEndNotifiedAt = std::nullopt,
-        .agentQuestions = {},
-        .updatedAt = endedAt,
-    };
-    const std::optional<TimerSnapshot> timer = TimerSnapshot::derive(before, endedAt);
-    return timer && timer->remainingSeconds < 1;
-}
-
-/// What the work has come to: one thing at most, as a state has one workflow state.
+/// The event of the work: at most one, since each belongs to a workflow state of its own.
 std::optional<StandingEvent> standingWork(const QuillmereState& state)
 {
-    using Kind = StandingEvent::Kind;
+    using Kind = work::EventKind;
     if (!state.currentBlock) {
         return std::nullopt;
     }
@@ -51,18 +29,18 @@ std::optional<StandingEvent> standingWork(const QuillmereState& state)
     };
     switch (state.workflowState) {
         case WorkflowState::sessionReview:
-            if (session && session->endedAt && wasEndedByTimer(state, *session->endedAt)) {
+            if (session && timeRanOut(*session)) {
                 return event(Kind::focusEnded, "focus-" + session->id.text(), *session->endedAt);
             }
             break;
         case WorkflowState::breaking:
-            // Once more after each extension, hence the instant.
+            // The instant is part of the key because each extension has an end of its own.
             if (const auto& at = state.breakEndNotifiedAt) {
                 return event(Kind::breakEnded, keyAt("break", block.id, *at), *at);
             }
             break;
         case WorkflowState::sessionPlanning:
-            // One that a person began has no planned start any more.
+            // A block that the person began has no planned start any more.
             if (const auto& at = block.scheduledStartTriggeredAt; at && block.plannedStart && !session) {
                 return event(Kind::blockStarted, keyAt("block", block.id, *at), *at);
             }
@@ -78,17 +56,6 @@ std::optional<StandingEvent> standingWork(const QuillmereState& state)
 
 }  // namespace
 
-std::string_view eventName(StandingEvent::Kind kind)
-{
-    switch (kind) {
-        case StandingEvent::Kind::focusEnded: return eventName(workspace::Event::Kind::focusEnded);
-        case StandingEvent::Kind::breakEnded: return eventName(workspace::Event::Kind::breakEnded);
-        case StandingEvent::Kind::blockStarted: return eventName(workspace::Event::Kind::blockStarted);
-        case StandingEvent::Kind::questionRaised: break;
-    }
-    return "question_raised";
-}
-
 std::vector<StandingEvent> standingEvents(const QuillmereState& state)
 {
     std::vector<StandingEvent> events;
@@ -96,7 +63,7 @@ std::vector<StandingEvent> standingEvents(const QuillmereState& state)
         events.push_back(*std::move(work));
     }
     for (const AgentQuestion& question : state.openQuestions()) {
-        events.push_back({.kind = StandingEvent::Kind::questionRaised,
+        events.push_back({.kind = work::EventKind::questionRaised,
                           .key = "question-" + question.id.text(),
                           .at = question.createdAt,
                           .text = question.question});
@@ -113,9 +80,9 @@ std::vector<std::string> keysOf(const std::vector<StandingEvent>& events)
     return keys;
 }
 
-bool mayBeTold(const StandingEvent& event, const QuillmereState& state)
+bool mayBeDelivered(const StandingEvent& event, const QuillmereState& state)
 {
-    return event.kind != StandingEvent::Kind::questionRaised || state.interruptible();
+    return event.kind != work::EventKind::questionRaised || state.interruptible();
 }
 
 }  // namespace quillmere::notices

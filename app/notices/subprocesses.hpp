@@ -1,9 +1,10 @@
-// Programs that run for the person: hooks, and what opens a screen.
+// The person's programs: hooks, and the program that opens links.
 #pragma once
 
 #include "base/system/line_writer.hpp"
 #include "notices/backoff.hpp"
 #include "notices/error_throttle.hpp"
+#include "notices/moment.hpp"
 
 #include <sys/types.h>
 
@@ -13,44 +14,45 @@
 
 namespace quillmere::notices {
 
-/// What has been started and may still run. Nothing here waits; what cannot be started, or fails, is said.
-/// What they print goes where messages go, and whatever still runs when this goes is left to itself.
+/// Starts programs and reaps them. No operation waits; a program that cannot be started or fails is reported.
+/// What the programs print goes where this process's messages go. Programs still running at the end of this
+/// object keep running.
 class Subprocesses {
 public:
-    explicit Subprocesses(base::LineWriter& messages) : messages_(messages), hooksTrouble_(messages) {}
+    explicit Subprocesses(base::LineWriter& messages) : messages_(messages), hookErrors_(messages) {}
 
-    /// Whether another hook may run: at most eight do at a time, and after one that could not be started
-    /// there is a pause.
-    bool mayRunHook();
+    /// Whether another hook may be started: at most eight run at a time, and a failed start is followed by a
+    /// pause.
+    bool mayRunHook(Moment now);
 
-    /// Has the shell run `command`, told the event's name as its first argument and in QUILLMERE_EVENT, with
-    /// `summary` to read on its standard input. Whether it was started.
-    bool runHook(const std::string& command, std::string_view event, std::string_view summary);
+    /// Starts `command` in a shell, with the event's name as its first argument and in QUILLMERE_EVENT, and
+    /// with `summary` on its standard input. False when it cannot be started.
+    bool runHook(const std::string& command, std::string_view event, std::string_view summary, Moment now);
 
-    /// Says that all is well with hooks again, if it was said that it is not.
-    void noHookWaits();
+    /// To be called when no hook waits: ends the error that was reported for waiting hooks.
+    void reportNoHookWaits();
 
-    /// Has the program `opener` open a link.
-    void open(const std::string& opener, const std::string& link);
+    /// Starts `opener` with a link as its argument.
+    void openLink(const std::string& opener, const std::string& link);
 
-    /// Takes leave of those that have ended.
-    void takeLeave();
+    /// Reaps the programs that have ended.
+    void reap();
 
     bool isIdle() const { return running_.empty(); }
 
 private:
-    struct Errand {
+    struct Running {
         pid_t child;
         std::string name;
         bool isHook;
     };
 
-    void sayFailure(const std::string& name, const std::string& failure);
+    void reportFailure(const std::string& name, const std::string& failure);
 
     base::LineWriter& messages_;
-    ErrorThrottle hooksTrouble_;
+    ErrorThrottle hookErrors_;
     Backoff starting_;
-    std::vector<Errand> running_;
+    std::vector<Running> running_;
 };
 
 }  // namespace quillmere::notices

@@ -7,15 +7,13 @@
 #include "base/text/digest.hpp"
 #include "base/text/failure.hpp"
 #include "base/text/local_time.hpp"
-
-#include <poll.h>
 #include "work/break_extension.hpp"
+#include "work/event_text.hpp"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <chrono>
-#include <string>
 #include <system_error>
 #include <utility>
 
@@ -26,19 +24,18 @@ using namespace std::chrono_literals;
 
 constexpr auto longestOnce = 5s;
 
-// However fast others write into the directory, it is read a few times a second.
-constexpr auto restBetweenReads = 250ms;
-constexpr auto restAfterFailure = 1s;
+// However often others write into the directory, it is read a few times a second.
+constexpr auto restAfterRead = 250ms;
+constexpr auto restAfterError = 1s;
 
-/// In what is kept beside the files; empty when nothing is.
-std::filesystem::path placeOf(const char* name, const std::filesystem::path& kept)
+/// A file in the state directory; empty when there is no such directory.
+std::filesystem::path placeOf(const char* name, const std::filesystem::path& stateDirectory)
 {
-    return kept.empty() ? kept : kept / name;
+    return stateDirectory.empty() ? stateDirectory : stateDirectory / name;
 }
 
-/// What tells one trouble with the files from another. The text does not: it may name a temporary file, which
-/// is another one each time.
-std::string kindOf(const std::exception& error)
+/// The kind of a file error. Its text is no kind: it may name a temporary file, a new one each time.
+std::string errorKind(const std::exception& error)
 {
     if (const auto* const failed = dynamic_cast<const std::system_error*>(&error)) {
         return failed->code().category().name() + std::to_string(failed->code().value());
@@ -54,158 +51,179 @@ bool asksForEnd(const std::vector<int>& signals)
     return std::any_of(signals.begin(), signals.end(), [](int signal) { return signal != SIGCHLD; });
 }
 
-/// Waits for one of the files, of which those that are -1 are left out; whether there was anything.
-bool waitFor(std::initializer_list<int> files, int milliseconds)
+bool isReadable(int descriptor)
 {
-    std::vector<pollfd> waiting;
-    for (const int file : files) {
-        waiting.push_back({.fd = file, .events = POLLIN, .revents = 0});
-    }
-    return ::poll(waiting.data(), waiting.size(), milliseconds) != 0;
+    base::PollSource source{.descriptor = descriptor};
+    return base::waitFor({&source, 1}, 0ns);
 }
+
+Moment steadyNow() { return std::chrono::steady_clock::now(); }
 
 }  // namespace
 
-Watch::Watch(workspace::Workspace workspace, base::Environment& environment, WatchSettings settings)
+Watch::Watch(workspace::Workspace workspace, base::Environment& environment, WatchSettings settings,
+             NotifierChannel& channel)
     : clock_(environment.clock),
       output_(environment.out, environment.output),
       messages_(environment.err, environment.error),
       settings_(std::move(settings)),
       workspace_(std::move(workspace)),
-      records_(placeOf("notices", workspace_.stateDirectory()), messages_),
-      errands_(messages_),
-      teller_({.notifier = settings_.notifier,
-               .urgency = settings_.urgency,
-               .offersActions = !settings_.once,
-               .shownFile = placeOf("shown-notices.json", workspace_.stateDirectory())},
-              records_, messages_),
-      filesTrouble_(messages_),
-      versionsTrouble_(messages_)
+      deliveryLog_(placeOf("notices", workspace_.stateDirectory()), messages_),
+      subprocesses_(messages_),
+      notifier_({.urgency = settings_.urgency,
+                 .offersActions = !settings_.once,
+                 .shownFile = placeOf("shown-notices.json", workspace_.stateDirectory())},
+                deliveryLog_, channel, messages_),
+      fileErrors_(messages_),
+      versionErrors_(messages_)
 {
 }
 
 void Watch::run()
 {
-    // A child that has ended wakes the loop, which looks after it in each round.
+    // SIGCHLD wakes the loop, and each round reaps.
     const base::HeldSignals signals{SIGTERM, SIGINT, SIGHUP, SIGCHLD};
     const base::BrokenPipesAreErrors whenNobodyReads;
-    const auto limit = std::chrono::steady_clock::now() + longestOnce;
-    const auto isLate = [&] { return std::chrono::steady_clock::now() >= limit; };
-    round();
-    while (!(settings_.once && (isAtRest() || isLate()))) {
-        sleep(signals.descriptor());
-        // Before the rest: a signal for all of a terminal's programs has ended the notifier too.
+    const Moment limit = steadyNow() + longestOnce;
+    while (true) {
+        round(steadyNow());
+        const Moment now = steadyNow();
+        if (settings_.once && (isIdle(now) || now >= limit)) {
+            return;
+        }
+        Waiting next = waiting(now);
+        next.sources.push_back({.descriptor = signals.descriptor()});
+        base::waitFor(next.sources, next.until - now);
+        // Before the next round: control-C on a terminal ends the notifier too, and that is no error.
         if (asksForEnd(signals.take())) {
             return;
         }
-        round();
     }
 }
 
-void Watch::round()
+void Watch::round(Moment now)
 {
-    errands_.takeLeave();
-    if (canRecord_ || std::chrono::steady_clock::now() >= restEnds_) {
-        refresh();
+    subprocesses_.reap();
+    if (canRecord_ || now >= restEnds_) {
+        refresh(now);
     }
-    for (const NoticeAction action : teller_.listen()) {
-        act(action);
+    for (const NoticeAction action : notifier_.takeActions(now)) {
+        perform(action);
     }
-    if (canTell_) {
-        tellWhatStands();
+    if (canDeliver_) {
+        deliver(now);
     }
 }
 
-void Watch::refresh()
+Waiting Watch::waiting(Moment now) const
 {
+    const bool rests = now < restEnds_;
+    const Moment nextSecond = now + std::chrono::milliseconds(base::millisecondsToNextSecond(clock_()));
+    return {.sources = {{.descriptor = notifier_.descriptor()},
+                        {.descriptor = open_ && !rests ? open_->descriptor() : -1}},
+            .until = rests ? std::min(restEnds_, nextSecond) : nextSecond};
+}
+
+bool Watch::isIdle(Moment now) const
+{
+    return subprocesses_.isIdle() && !hooksWait_ && notifier_.isIdle(now);
+}
+
+void Watch::refresh(Moment now)
+{
+    bool directoryHasChanged = false;
     try {
         if (!open_) {
             open_.emplace(workspace_);
         }
-        open_->refresh();
+        directoryHasChanged = isReadable(open_->descriptor());
+        open_->refresh(settings_.lockPatience);
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) {
         if (settings_.once) {
             throw;
         }
-        refreshFailed(error);
+        handleRefreshError(error, now);
         return;
     }
     unrecorded_.reset();
     canRecord_ = true;
-    canTell_ = true;
-    restEnds_ = std::chrono::steady_clock::now() + restBetweenReads;
-    filesTrouble_.isOver("The files can be used again.");
-    warn(open_->situation());
+    canDeliver_ = true;
+    if (directoryHasChanged) {
+        restEnds_ = now + restAfterRead;
+    }
+    fileErrors_.resolve("The files can be used again.");
+    reportWarning(open_->situation());
 }
 
-void Watch::warn(const workspace::Situation& situation)
+void Watch::reportWarning(const workspace::Situation& situation)
 {
     if (!situation.warning.empty()) {
-        versionsTrouble_.met("versions", situation.warning);
+        versionErrors_.report("versions", situation.warning);
     }
 }
 
-void Watch::refreshFailed(const std::exception& error)
+void Watch::handleRefreshError(const std::exception& error, Moment now)
 {
-    filesTrouble_.met(kindOf(error), base::failureText(error));
+    fileErrors_.report(errorKind(error), base::failureText(error));
     canRecord_ = false;
     try {
         unrecorded_ = workspace_.look();
-        canTell_ = true;
+        canDeliver_ = true;
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception&) {
-        // What cannot be read cannot be told, and that has been said.
-        canTell_ = false;
+        // Not readable either. The error is already reported.
+        canDeliver_ = false;
     }
-    restEnds_ = std::chrono::steady_clock::now() + restAfterFailure;
+    restEnds_ = now + restAfterError;
 }
 
-void Watch::tellWhatStands()
+void Watch::deliver(Moment now)
 {
     const QuillmereState& state = situation().state;
     std::vector<StandingEvent> events = standingEvents(state);
-    if (!std::exchange(oldRecordsAreGone_, true)) {
-        records_.removeOld(keysOf(events));
+    if (!std::exchange(isLogPruned_, true)) {
+        deliveryLog_.prune(keysOf(events));
     }
-    std::erase_if(events, [&](const StandingEvent& event) { return !mayBeTold(event, state); });
-    teller_.tell(events);
-    runHooks(events);
+    std::erase_if(events, [&](const StandingEvent& event) { return !mayBeDelivered(event, state); });
+    notifier_.notify(events, now);
+    runHooks(events, now);
     print(events);
 }
 
-void Watch::runHooks(const std::vector<StandingEvent>& events)
+void Watch::runHooks(const std::vector<StandingEvent>& events, Moment now)
 {
     hooksWait_ = false;
     for (const StandingEvent& event : events) {
         for (const std::string& command : settings_.hooks) {
             const std::string key = "hook-" + base::digest(command) + "-" + event.key;
-            if (records_.has(key)) {
+            if (deliveryLog_.has(key)) {
                 continue;
             }
-            // Those that have no record yet may also be run by another watch, or by the next.
-            if (!errands_.mayRunHook()) {
+            if (!subprocesses_.mayRunHook(now)) {
                 hooksWait_ = true;
                 return;
             }
             const Bytes summary = JsonEncoder(JsonLayout::compact)
                                       .encode(WidgetSnapshot::make(situation().state, situation().now));
-            if (records_.make(key) && !errands_.runHook(command, eventName(event.kind), summary.view())) {
-                records_.remove(key);
+            // Recorded before the start, so that no other watch runs it too.
+            if (deliveryLog_.record(key) &&
+                !subprocesses_.runHook(command, work::eventName(event.kind), summary.view(), now)) {
+                deliveryLog_.remove(key);
                 hooksWait_ = true;
                 return;
             }
         }
     }
-    errands_.noHookWaits();
+    subprocesses_.reportNoHookWaits();
 }
 
 void Watch::print(const std::vector<StandingEvent>& events)
 {
     for (const StandingEvent& event : events) {
-        if (!records_.hadAtFirst(event.key) && printed_.insert(event.key).second) {
+        if (!deliveryLog_.hadAtStart(event.key) && printed_.insert(event.key).second) {
             print(event);
         }
     }
@@ -214,14 +232,16 @@ void Watch::print(const std::vector<StandingEvent>& events)
 void Watch::print(const StandingEvent& event)
 {
     if (settings_.json) {
-        output_.say(base::jsonLine({{"event", eventName(event.kind)}, {"at", base::instantJson(event.at)}}));
+        output_.say(
+            base::jsonLine({{"event", work::eventName(event.kind)}, {"at", base::instantJson(event.at)}}));
     } else {
         output_.say(base::localTextSeenFrom(situation().now, event.at) + "  " +
-                    std::string(heading(event.kind)) + (event.text.empty() ? "" : ": ") + event.text);
+                    std::string(work::eventHeading(event.kind)) + (event.text.empty() ? "" : ": ") +
+                    event.text);
     }
 }
 
-void Watch::act(NoticeAction action)
+void Watch::perform(NoticeAction action)
 {
     switch (action) {
         case NoticeAction::open: openScreen(); break;
@@ -232,14 +252,14 @@ void Watch::act(NoticeAction action)
 void Watch::openScreen()
 {
     const auto route = fromWorkflowState<WidgetRoute>(situation().state.workflowState);
-    errands_.open(settings_.opener, url(route));
+    subprocesses_.openLink(settings_.opener, url(route));
 }
 
 void Watch::extendBreak()
 {
     try {
-        const auto nobodyAsks = [](const std::vector<workspace::Event>&) {};
-        warn(workspace_.change(nobodyAsks, [](QuillmereState& state, Instant now) {
+        const auto ignoreEvents = [](const std::vector<workspace::Event>&) {};
+        reportWarning(workspace_.change(ignoreEvents, [](QuillmereState& state, Instant now) {
             work::extendBreak(state, work::usualBreakExtension, now);
         }));
     } catch (const std::bad_alloc&) {
@@ -247,22 +267,6 @@ void Watch::extendBreak()
     } catch (const std::exception& error) {
         messages_.say("The break is not longer: " + base::failureText(error));
     }
-}
-
-bool Watch::isAtRest() const { return errands_.isIdle() && !hooksWait_ && teller_.isAtRest(); }
-
-void Watch::sleep(int signals) const
-{
-    using std::chrono::milliseconds;
-    const auto untilSecond = [this] { return base::millisecondsToNextSecond(clock_()); };
-    const auto rest = std::chrono::ceil<milliseconds>(restEnds_ - std::chrono::steady_clock::now()).count();
-    if (rest > 0) {
-        const int pause = static_cast<int>(std::min<milliseconds::rep>(rest, untilSecond()));
-        if (waitFor({signals, teller_.descriptor()}, pause) || pause < rest) {
-            return;
-        }
-    }
-    waitFor({signals, teller_.descriptor(), open_ ? open_->descriptor() : -1}, untilSecond());
 }
 
 }  // namespace quillmere::notices

@@ -1,17 +1,18 @@
-// Lets time pass without a screen, and tells the person what comes of it.
+// Lets time pass without a screen, and notifies the person.
 #pragma once
 
 #include "base/environment.hpp"
 #include "base/system/line_writer.hpp"
+#include "base/system/wait.hpp"
 #include "notices/delivery_log.hpp"
 #include "notices/error_throttle.hpp"
+#include "notices/moment.hpp"
 #include "notices/notifier.hpp"
+#include "notices/notifier_channel.hpp"
 #include "notices/subprocesses.hpp"
 #include "workspace/open_workspace.hpp"
 
 #include <chrono>
-#include <filesystem>
-#include <initializer_list>
 #include <optional>
 #include <set>
 #include <string>
@@ -20,48 +21,60 @@
 namespace quillmere::notices {
 
 struct WatchSettings {
-    bool once = false;  ///< only what is due now
+    bool once = false;  ///< deliver the events that stand now, then end
     bool json = false;  ///< print events for programs
     Urgency urgency = Urgency::normal;
-    std::vector<std::string> hooks = {};  ///< commands for the shell
-    std::string opener = "xdg-open";      ///< a program that opens the link that it is given
-    std::filesystem::path notifier = {};  ///< the program that gives notices
+    std::vector<std::string> hooks = {};  ///< shell commands
+    std::string opener = "xdg-open";      ///< the program that opens links
+    /// With other processes that hold the lock of the files.
+    std::chrono::milliseconds lockPatience = workspace::DirectoryLock::usualPatience;
 };
 
-/// One loop and no threads: it sleeps until the next whole second, a change of the files, a word of the
-/// notifier or a signal. After a machine has slept, the first round catches up. What it prints is a log of
-/// what this one process has seen, and stands in the way of nothing.
+/// What a watch waits for between two rounds.
+struct Waiting {
+    std::vector<base::PollSource> sources;
+    Moment until;  ///< at the latest
+};
+
+/// One loop without threads: it sleeps until the next whole second, a change of the files, a message of the
+/// notifier or a signal. After the machine has slept, the first round catches up. Its output is a log of the
+/// events that this process has seen; it never blocks the loop.
 class Watch {
 public:
-    Watch(workspace::Workspace workspace, base::Environment& environment, WatchSettings settings);
+    /// Gives notices through `channel`.
+    Watch(workspace::Workspace workspace, base::Environment& environment, WatchSettings settings,
+          NotifierChannel& channel);
 
-    /// Goes on until the process is asked to end (SIGTERM, SIGINT); with `once`, until what is due has been
-    /// given, a few seconds at most. Files that cannot be used are waited for, and what comes about is told
-    /// while it cannot be recorded; with `once` that throws.
+    /// Runs until the process receives SIGTERM, SIGINT or SIGHUP; with `once`, until the events that stand
+    /// are delivered, a few seconds at most. Files that cannot be used are waited for, and events that cannot
+    /// be recorded are delivered all the same; with `once` both are thrown as errors.
     void run();
 
-    /// One pass: brings the record up to the present, gives what is due. Never waits for anybody but the
-    /// holder of the directory's lock.
-    void round();
+    // The steps of `run`, which alone reads the steady clock.
+
+    /// Records the events up to the present, delivers them, and handles what has arrived. Waits for nothing
+    /// but the directory's lock.
+    void round(Moment now);
+
+    /// What to wait for before the next round.
+    Waiting waiting(Moment now) const;
+
+    /// Whether nothing is under way and nothing could be tried at once.
+    bool isIdle(Moment now) const;
 
 private:
-    using Moment = std::chrono::steady_clock::time_point;
-
-    void refresh();
-    void refreshFailed(const std::exception& error);
-    void warn(const workspace::Situation& situation);
-    /// As it is recorded or, while that cannot be done, as it would be.
+    void refresh(Moment now);
+    void handleRefreshError(const std::exception& error, Moment now);
+    void reportWarning(const workspace::Situation& situation);
+    /// As recorded or, while recording fails, as it would be recorded.
     const workspace::Situation& situation() const { return unrecorded_ ? *unrecorded_ : open_->situation(); }
-    void tellWhatStands();
-    void runHooks(const std::vector<StandingEvent>& events);
+    void deliver(Moment now);
+    void runHooks(const std::vector<StandingEvent>& events, Moment now);
     void print(const std::vector<StandingEvent>& events);
     void print(const StandingEvent& event);
-    void act(NoticeAction action);
+    void perform(NoticeAction action);
     void openScreen();
     void extendBreak();
-    /// Whether there is nothing left to wait for.
-    bool isAtRest() const;
-    void sleep(int signals) const;
 
     Clock clock_;
     base::LineWriter output_;
@@ -69,18 +82,18 @@ private:
     WatchSettings settings_;
     workspace::Workspace workspace_;
     std::optional<workspace::OpenWorkspace> open_;    ///< absent until the files could be read
-    std::optional<workspace::Situation> unrecorded_;  ///< while only recording fails
-    bool canTell_ = false;                            ///< whether the situation is that of the present
+    std::optional<workspace::Situation> unrecorded_;  ///< while recording fails and reading works
+    bool canDeliver_ = false;                         ///< whether `situation` is that of the present
     bool canRecord_ = true;
-    Moment restEnds_{};  ///< of the directory, which others may fill with changes
-    DeliveryLog records_;
-    bool oldRecordsAreGone_ = false;
+    Moment restEnds_{};  ///< until then changes of the directory are ignored, and errors not tried again
+    DeliveryLog deliveryLog_;
+    bool isLogPruned_ = false;
     std::set<std::string> printed_;
-    Subprocesses errands_;
+    Subprocesses subprocesses_;
     bool hooksWait_ = false;
-    Notifier teller_;
-    ErrorThrottle filesTrouble_;
-    ErrorThrottle versionsTrouble_;
+    Notifier notifier_;
+    ErrorThrottle fileErrors_;
+    ErrorThrottle versionErrors_;
 };
 
 }  // namespace quillmere::notices

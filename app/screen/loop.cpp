@@ -3,16 +3,15 @@
 #include "base/refusal.hpp"
 #include "base/system/held_signals.hpp"
 #include "base/system/next_second.hpp"
+#include "base/system/wait.hpp"
 #include "screen/screen.hpp"
 #include "screen/terminal/crash_handler.hpp"
 #include "screen/terminal/terminal.hpp"
 
-#include <poll.h>
 #include <unistd.h>
 
 #include <array>
-#include <cerrno>
-#include <system_error>
+#include <chrono>
 
 namespace quillmere::screen {
 namespace {
@@ -52,26 +51,22 @@ private:
 
     void wait()
     {
-        std::array<pollfd, 3> sources{{{STDIN_FILENO, POLLIN, 0},
-                                       {signals_.descriptor(), POLLIN, 0},
-                                       {screen_.descriptor(), POLLIN, 0}}};
+        std::array<base::PollSource, 3> sources{
+            {{STDIN_FILENO}, {signals_.descriptor()}, {screen_.descriptor()}}};
         const int timeout = terminal_.hasMoreKeys()   ? 0
                             : screen_.countsSeconds() ? base::millisecondsToNextSecond(clock_())
                                                       : base::millisecondsToNextMinute(clock_());
-        const int ready = ::poll(sources.data(), sources.size(), timeout);
-        if (ready < 0 && errno != EINTR) {
-            throw std::system_error(errno, std::generic_category(), "poll");
-        }
+        const bool isReady = base::waitFor(sources, std::chrono::milliseconds(timeout));
         takeSignals();
-        const bool hasKeys = terminal_.hasMoreKeys() || sources[0].revents != 0;
-        if ((ready == 0 && !hasKeys) || sources[2].revents != 0) {
+        const bool hasKeys = terminal_.hasMoreKeys() || sources[0].isReady();
+        if ((!isReady && !hasKeys) || sources[2].isReady()) {
             screen_.refresh();
         }
         if (hasKeys && ending_ == 0) {
             takeKeys();
         }
-        // Reading from a terminal that is gone returns nothing, again and again.
-        if ((sources[0].revents & (POLLHUP | POLLERR | POLLNVAL)) != 0) {
+        // A terminal that is gone stays readable for ever and has no keys.
+        if (sources[0].hasFailed()) {
             ending_ = SIGHUP;
         }
     }

@@ -1,13 +1,26 @@
-// Events in words.
+// The names and texts of events, for every surface.
 #pragma once
 
 #include "workspace/catching_up.hpp"
 
 #include <string>
+#include <string_view>
 
 namespace quillmere::work {
 
-/// A sentence for the person; the local time has no date when it is on the day of `now`.
+/// The events that a person is told of: what the passing of time recorded, and questions of agents.
+enum class EventKind { blockStarted, focusEnded, breakEnded, questionRaised };
+
+EventKind kindOf(const workspace::Event& event);
+
+/// For programs: "focus_ended".
+std::string_view eventName(EventKind kind);
+
+/// A few words without a time: "Focus is over".
+std::string_view eventHeading(EventKind kind);
+
+/// A sentence with the local time, as short as it is clear at `now`: "The focus session ended at 15:25."
+std::string eventText(EventKind kind, Instant at, Instant now);
 std::string eventText(const workspace::Event& event, Instant now);
 
 }  // namespace quillmere::work

@@ -1,24 +1,11 @@
 #include "workspace/catching_up.hpp"
 
 #include <quillmere/engine/workflow_engine.hpp>
-#include <quillmere/records/base/enumeration.hpp>
 
 #include <algorithm>
 
 namespace quillmere::workspace {
 namespace {
-
-struct EventRow {
-    Event::Kind value;
-    std::string_view name;
-};
-
-constexpr auto eventRows = std::to_array<EventRow>({
-    {Event::Kind::blockStarted, "block_started"},
-    {Event::Kind::focusEnded, "focus_ended"},
-    {Event::Kind::breakEnded, "break_ended"},
-});
-static_assert(inCaseOrder(eventRows));
 
 /// When the running timer reached zero; `now` while it has not. Never before the last change of the
 /// state: a timer can only be found run out afterwards.
@@ -34,8 +21,6 @@ Instant runOutInstant(const QuillmereState& state, Instant now)
 }
 
 }  // namespace
-
-std::string_view eventName(Event::Kind kind) { return rowOf(eventRows, kind).name; }
 
 std::vector<Event> catchUp(QuillmereState& state, Instant now)
 {

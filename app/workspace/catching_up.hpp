@@ -3,7 +3,6 @@
 
 #include <quillmere/records/quillmere_state.hpp>
 
-#include <string_view>
 #include <vector>
 
 namespace quillmere::workspace {
@@ -15,9 +14,6 @@ struct Event {
     Kind kind;
     Instant at;
 };
-
-/// The kind as programs read it: "block_started".
-std::string_view eventName(Event::Kind kind);
 
 /// Brings a state up to `now`: begins a scheduled block that is due, ends a focus session or announces
 /// the end of a break whose time has run out. A timer that ran out earlier is evaluated at the instant

@@ -6,26 +6,26 @@
 
 namespace quillmere::workspace {
 
-bool LeaderLock::take()
+bool LeaderLock::tryAcquire()
 {
-    if (!isHad_ && !directory_.empty()) {
+    if (!isHeld_ && !directory_.empty()) {
         try {
             base::createOwnersDirectory(directory_);
             lock_ = DirectoryLock::tryTake(directory_);
-            isHad_ = lock_.has_value();
-            return isHad_;
+            isHeld_ = lock_.has_value();
+            return isHeld_;
         } catch (const std::system_error&) {
-            // The records, which are in the same place, say it.
+            // The delivery log uses the same directory and reports the error.
         }
     }
-    isHad_ = true;
+    isHeld_ = true;
     return true;
 }
 
-void LeaderLock::giveBack()
+void LeaderLock::release()
 {
     lock_.reset();
-    isHad_ = false;
+    isHeld_ = false;
 }
 
 }  // namespace quillmere::workspace

@@ -1,4 +1,4 @@
-// Who tells.
+// One leader among the processes that use a directory.
 #pragma once
 
 #include "workspace/directory_lock.hpp"
@@ -8,25 +8,25 @@
 
 namespace quillmere::workspace {
 
-/// Of all programs that could give notices, one does: the holder of the lock of the directory where their
-/// records are, and the lock goes with its holder, however that ends.
+/// Of all processes that could give notices, the holder of this lock does. The system releases it when its
+/// holder ends, however that happens. Where locking is impossible every process is a leader: a duplicate
+/// notice is better than none.
 class LeaderLock {
 public:
-    /// `directory` is made when it is needed. Empty: everybody has the turn.
+    /// `directory` is created by the first `tryAcquire`. Empty: locking is impossible.
     explicit LeaderLock(std::filesystem::path directory) : directory_(std::move(directory)) {}
 
-    /// Takes the turn unless somebody else has it; whether it is had now. So it is where nothing can be
-    /// locked: told twice is better than not told. Never waits.
-    bool take();
+    /// Acquires the lock unless another process holds it; returns whether it is held now. Never waits.
+    bool tryAcquire();
 
-    void giveBack();
+    void release();
 
-    bool isHad() const { return isHad_; }
+    bool isHeld() const { return isHeld_; }
 
 private:
     std::filesystem::path directory_;
     std::optional<DirectoryLock> lock_;
-    bool isHad_ = false;
+    bool isHeld_ = false;
 };
 
 }  // namespace quillmere::workspace

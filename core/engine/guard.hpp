@@ -56,9 +56,9 @@ inline bool hasQuestion(const QuillmereState& state) { return !state.agentQuesti
 inline constexpr Guard none{always, ""};
 inline constexpr Guard noBlock{hasNoBlock, "there is no block"};
 inline constexpr Guard block{hasBlock, "there is a block"};
-inline constexpr Guard scheduledBlock{hasScheduledBlock, "the block has a planned start"};
+inline constexpr Guard scheduledBlock{hasScheduledBlock, "there is a block with a planned start"};
 inline constexpr Guard untriggeredBlock{hasUntriggeredBlock,
-                                        "the block has a planned start that has not been taken up"};
+                                        "there is a block with a planned start that was not begun before"};
 inline constexpr Guard cyclesLeft{hasCyclesLeft, "there is a block with cycles left"};
 inline constexpr Guard session{hasSession, "there is a session"};
 inline constexpr Guard runningSession{hasRunningSession, "there is a session that is not paused"};
@@ -67,7 +67,7 @@ inline constexpr Guard sessionAndCyclesLeft{hasSessionAndCyclesLeft,
                                             "there is a session, and cycles are left"};
 inline constexpr Guard sessionOfLastCycle{hasSessionOfLastCycle, "there is a session, and no cycle is left"};
 inline constexpr Guard unannouncedBreak{hasUnannouncedBreak,
-                                        "a break of the block runs whose end is not announced"};
+                                        "a break of the block runs, and its end is not announced"};
 inline constexpr Guard question{hasQuestion, "there is a question"};
 
 }  // namespace guards

@@ -1,4 +1,4 @@
-// Questions of an outside agent, independent of the workflow.
+// Questions of an outside agent; they do not depend on the workflow.
 #include <quillmere/engine/steps.hpp>
 #include <quillmere/engine/workflow_engine.hpp>
 

@@ -20,23 +20,23 @@ struct EnumerationTable<TimerKind> {
     });
 };
 
-/// What an evaluation of the timer reports.
+/// The result of an evaluation of the timer.
 enum class TimerTransition { noChange, focusEnded, breakEnded };
 
-/// The timer in whole seconds at one instant: computed from a state, never kept in it. The engine,
-/// the agent's summary and the widget all count by this.
+/// The timer at one instant, in whole seconds. It is computed from a state and not stored in it. The engine
+/// and both summaries use it.
 struct TimerSnapshot {
     TimerKind kind;
-    std::int64_t elapsedSeconds;    ///< counted time so far, pauses left out; never negative
+    std::int64_t elapsedSeconds;    ///< time so far without pauses; never negative
     std::int64_t remainingSeconds;  ///< planned minus elapsed; negative in overtime
-    std::int64_t displaySeconds;    ///< what a countdown shows: counts up again in overtime
+    std::int64_t displaySeconds;    ///< for a countdown: the magnitude of `remainingSeconds`
     bool isOvertime;                ///< past the planned end
-    bool isPaused;                  ///< of a focus session; a break never is
+    bool isPaused;                  ///< false for a break
 
-    /// The timer of `from` as seen `at` an instant; absent outside focus and break, and when the
-    /// state lacks what the timer needs. Every term is rounded down on its own, except that a break
-    /// and its extension are added first. A duration that does not fit 64 bits of whole seconds is a
-    /// fatal error.
+    /// The timer of the state `from` at an instant. Absent in other workflow states than `focusing` and
+    /// `breaking`, and when the state has no session or no start of a break. Each term is rounded down by
+    /// itself, but a break and its extension are added first. A duration that does not fit 64 bits of whole
+    /// seconds is a fatal error.
     static std::optional<TimerSnapshot> derive(const QuillmereState& from, Instant at);
 
     /// Whether less than a second remains: then an evaluation of the timer ends the focus session, or

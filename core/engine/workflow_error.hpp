@@ -1,4 +1,4 @@
-// Why the engine refuses an operation.
+// The error with which the engine refuses an operation.
 #pragma once
 
 #include <exception>
@@ -8,13 +8,13 @@
 
 namespace quillmere {
 
-/// Thrown by the operations of WorkflowEngine, always before anything has been written. Two errors
-/// are equal when their cases are.
+/// Thrown by the operations of WorkflowEngine, always before the state is changed. Two errors are equal when
+/// their cases are.
 class WorkflowError : public std::exception {
 public:
     enum class Case {
         invalidTransition,
-        missingBlock,  ///< part of the vocabulary; no operation throws it
+        missingBlock,  ///< for programs; no operation throws it
         missingSessionPlan,
         nextSessionPlanRequired,
         ratingOutOfRange,
@@ -22,12 +22,12 @@ public:
     };
     using enum Case;
 
-    // NOLINTNEXTLINE(google-explicit-constructor): a case is the whole error, and compares as one.
+    // NOLINTNEXTLINE(google-explicit-constructor): a case converts to its error, also in comparisons.
     WorkflowError(Case reason) noexcept : reason_(reason) {}
 
     Case reason() const noexcept { return reason_; }
 
-    /// The case as it is spelled in code, for programs that read it.
+    /// The name of the case as in the code, for output that programs read.
     std::string_view caseName() const noexcept;
 
     /// One sentence for the person.

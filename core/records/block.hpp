@@ -1,4 +1,4 @@
-// A planned unit of work, made of focus sessions with breaks between them.
+// A planned unit of work: focus sessions with breaks between them.
 #pragma once
 
 #include <quillmere/records/block_review.hpp>
@@ -27,13 +27,13 @@ struct Block {
     std::string hazards;
     std::string measurableCheck;
     std::string contextNotes;
-    std::vector<WorkSession> sessions;  ///< in order of starting; the last is the current one
+    std::vector<WorkSession> sessions;  ///< in order of start; the last is the current one
     std::optional<BlockReview> reflection;
     std::optional<Instant> completedAt;
-    std::optional<Instant> scheduledStartTriggeredAt;  ///< when the schedule, or an early start, began it
+    std::optional<Instant> scheduledStartTriggeredAt;  ///< when it began, by its schedule or earlier
 
-    /// A block to start planning from: 8 sessions of 25 minutes with breaks of 5, one untitled
-    /// outcome. Draws the block's identifier first, then the outcome's.
+    /// A block to start planning with: 8 sessions of 25 minutes, breaks of 5 minutes and one outcome without
+    /// a title. The identifiers are random.
     static Block default_(Instant now);
 
     /// The planned start, or the creation when there is none, plus one focus session and one break for each

@@ -1,4 +1,4 @@
-// The reflection at the end of a block.
+// The person's reflection at the end of a block.
 #pragma once
 
 #include <string>

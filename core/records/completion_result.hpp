@@ -1,4 +1,4 @@
-// Whether a focus session reached what it was meant to.
+// Whether a focus session achieved its intended outcome.
 #pragma once
 
 #include <quillmere/records/base/enumeration.hpp>
@@ -7,7 +7,7 @@ namespace quillmere {
 
 enum class CompletionResult { yes, half, no };
 
-/// The stored texts are capitalised, unlike those of the other enumerations.
+/// These texts are capitalised, unlike those of the other enumerations.
 template <>
 struct EnumerationTable<CompletionResult> {
     static constexpr auto rows = std::to_array<RawText<CompletionResult>>({

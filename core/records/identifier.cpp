@@ -9,18 +9,21 @@
 namespace quillmere {
 namespace {
 
-/// All digits of the text form, without the hyphens.
+/// The digits of the text form, without the hyphens.
 using Digits = std::array<char, 32>;
 
-/// The bytes of an identifier, or half of its digits, in one register.
+/// A vector register with the 16 bytes of an identifier, or with half of its 32 digits. A file can hold
+/// thousands of identifiers: the vector operations below convert all digits at once, without a branch for
+/// each digit.
 using Lanes = std::uint8_t __attribute__((vector_size(16)));
 
 constexpr std::uint8_t lettersAfterDigits = 'A' - '9' - 1;
 
-/// The upper-case digits of values below 16.
+/// Converts values below 16 to upper-case hexadecimal digits.
 Lanes digitsOf(Lanes values) { return values + '0' + ((Lanes)(values > 9) & lettersAfterDigits); }
 
-/// The values of digits in either case; sets bits in `bad` where there are none.
+/// Converts hexadecimal digits, in either case, to their values. Sets the bytes of `bad` for characters that
+/// are not digits.
 Lanes valuesOf(Lanes digits, Lanes& bad)
 {
     const Lanes decimal = digits - '0';
@@ -31,7 +34,7 @@ Lanes valuesOf(Lanes digits, Lanes& bad)
     return (decimal & isDecimal) | ((letter + 10) & isLetter);
 }
 
-/// Puts the digits into their groups of 8-4-4-4-12.
+/// Writes the digits in groups of 8-4-4-4-12, with hyphens between them.
 void spread(const Digits& digits, char* text)
 {
     std::memcpy(text, &digits[0], 8);
@@ -42,7 +45,7 @@ void spread(const Digits& digits, char* text)
     text[8] = text[13] = text[18] = text[23] = '-';
 }
 
-/// The reverse; does not look at what stands between the groups.
+/// Reads the digits of the groups; ignores the characters between the groups.
 Digits gather(const char* text)
 {
     Digits digits;
@@ -59,8 +62,7 @@ Digits gather(const char* text)
 Identifier Identifier::random()
 {
     Bytes bytes{};
-    // A std::random_device asks the processor what it can do whenever one is made, which takes longer on
-    // virtual machines than the rest of an operation.
+    // Not std::random_device: its constructor executes cpuid, which is slow on virtual machines.
     if (::getentropy(bytes.data(), bytes.size()) == -1) {
         throw std::system_error(errno, std::generic_category(), "getentropy");
     }

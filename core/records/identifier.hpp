@@ -12,8 +12,8 @@
 
 namespace quillmere {
 
-/// 128 bits, compared and copied as a plain value. There is no nil default: an identifier is drawn,
-/// read from text, or built from its bytes.
+/// 128 bits, compared and copied as a plain value. There is no default value: an identifier is random, read
+/// from a text, or made from its bytes.
 class Identifier {
 public:
     using Bytes = std::array<std::uint8_t, 16>;
@@ -23,18 +23,17 @@ public:
 
     explicit constexpr Identifier(const Bytes& bytes) noexcept : bytes_(bytes) {}
 
-    /// A new random identifier (version 4). Throws `std::system_error` when the system has no source of
-    /// randomness (getentropy(3)).
+    /// A new random identifier (version 4). Throws `std::system_error` when getentropy(3) fails.
     static Identifier random();
 
-    /// Reads the canonical text, groups of 8-4-4-4-12 hexadecimal digits in either case, of any
-    /// version; absent for any other text.
+    /// Reads the canonical text of an identifier of any version: groups of 8-4-4-4-12 hexadecimal digits in
+    /// either case. Absent for any other text.
     static std::optional<Identifier> fromText(std::string_view text) noexcept;
 
     /// The canonical text in upper case: "9F1C2A4E-0B7D-4C55-8E21-3A6B5D0C7F10".
     std::string text() const;
 
-    /// The same text into `textLength` characters that the caller owns; no terminator.
+    /// Writes the same text to `textLength` characters at `text`, without a terminator.
     void writeText(char* text) const noexcept;
 
     constexpr const Bytes& bytes() const noexcept { return bytes_; }
@@ -52,7 +51,7 @@ template <>
 struct std::hash<quillmere::Identifier> {
     std::size_t operator()(const quillmere::Identifier& identifier) const noexcept
     {
-        // The bits are random already; folding the two halves keeps them so.
+        // The bits are random already, so no mixing is needed.
         std::uint64_t halves[2];
         std::memcpy(halves, identifier.bytes().data(), sizeof halves);
         return static_cast<std::size_t>(halves[0] ^ halves[1]);

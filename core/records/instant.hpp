@@ -6,9 +6,9 @@
 
 namespace quillmere {
 
-/// An absolute instant: double-precision seconds since 1970-01-01T00:00:00Z, leap seconds not
-/// counted. Sub-second precision is kept in memory and lost in files, which hold whole seconds.
-/// A bare number is never an instant; a difference of two instants is a bare number of seconds.
+/// Double-precision seconds since 1970-01-01T00:00:00Z, without leap seconds. Files have whole seconds only;
+/// the fraction is lost there. A number does not convert to an instant; the difference of two instants is a
+/// number of seconds.
 class Instant {
 public:
     explicit constexpr Instant(double secondsSince1970) noexcept : seconds_(secondsSince1970) {}
@@ -31,7 +31,7 @@ public:
         return later.seconds_ - earlier.seconds_;
     }
 
-    /// Exact comparison; an instant that is not a number equals nothing and is ordered with nothing.
+    /// Exact comparison. An instant that is not a number equals none, and is neither before nor after any.
     friend constexpr bool operator==(Instant, Instant) = default;
     friend constexpr std::partial_ordering operator<=>(Instant, Instant) = default;
 
@@ -39,7 +39,7 @@ private:
     double seconds_;
 };
 
-/// Where an operation gets the current instant from.
+/// Returns the current instant.
 using Clock = std::function<Instant()>;
 
 }  // namespace quillmere

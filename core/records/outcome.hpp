@@ -9,7 +9,7 @@ namespace quillmere {
 
 struct Outcome {
     Identifier id;
-    std::string title;  ///< empty: not filled in yet
+    std::string title;  ///< empty while it is not filled in
 
     friend bool operator==(const Outcome&, const Outcome&) = default;
 };

@@ -22,14 +22,14 @@ struct QuillmereState {
     std::optional<Instant> breakStartedAt;          ///< of the running break
     double breakExtensionSeconds;                   ///< on top of the block's break duration
     std::optional<Instant> breakEndNotifiedAt;      ///< when the end of the break was announced
-    std::vector<AgentQuestion> agentQuestions;      ///< in order of asking, answered ones included
+    std::vector<AgentQuestion> agentQuestions;      ///< all of them, in the order in which they were asked
     Instant updatedAt;                              ///< of the last change
 
-    /// Idle, with nothing planned and nothing done, and a new random identifier.
+    /// An idle state without a block, with a new random identifier.
     static QuillmereState initial(Instant updatedAt);
 
-    /// The last session of the current block, ended or not; null when there is none. Valid until the
-    /// state changes.
+    /// The last session of the current block, ended or not; null when there is none. The pointer is valid
+    /// until the state changes.
     const WorkSession* currentSession() const;
 
     /// The open questions, in their stored order.

@@ -1,4 +1,4 @@
-// What the person intends before a focus session.
+// The person's plan for a focus session.
 #pragma once
 
 #include <quillmere/records/identifier.hpp>
@@ -9,10 +9,10 @@
 
 namespace quillmere {
 
-/// The record sets no bounds on the ratings; the engine accepts 1 through 5 where a plan is used.
+/// The record does not limit the ratings; the engine refuses a plan whose ratings are not 1 through 5.
 struct SessionPlan {
     Identifier id;
-    std::optional<Identifier> blockOutcomeID;  ///< the block's outcome it works towards, if one is chosen
+    std::optional<Identifier> blockOutcomeID;  ///< the outcome of the block that the session serves
     std::string intendedOutcome;
     std::string firstAction;
     std::string hazardsMitigation;
@@ -20,7 +20,7 @@ struct SessionPlan {
     std::int64_t energy;  ///< the person's rating of their energy
     std::int64_t morale;  ///< the person's rating of their morale
 
-    /// An empty plan with middling ratings (3 and 3).
+    /// An empty plan with both ratings at 3.
     static SessionPlan blank(Identifier id);
 
     friend bool operator==(const SessionPlan&, const SessionPlan&) = default;

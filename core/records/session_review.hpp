@@ -1,4 +1,4 @@
-// What the person notes after a focus session.
+// The person's review of a focus session.
 #pragma once
 
 #include <quillmere/records/completion_result.hpp>

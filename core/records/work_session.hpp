@@ -1,4 +1,4 @@
-// One focus session of a block, with the clock that it runs by.
+// One focus session of a block.
 #pragma once
 
 #include <quillmere/records/identifier.hpp>
@@ -13,7 +13,7 @@ namespace quillmere {
 
 struct WorkSession {
     Identifier id;
-    std::int64_t number;  ///< within its block, from 1 in order of starting
+    std::int64_t number;  ///< within its block, from 1 in order of start
     SessionPlan plan;
     Instant startedAt;
     double plannedDurationSeconds;        ///< fixed when the session starts

@@ -1,4 +1,4 @@
-// Where the person stands in the workflow.
+// The states of the workflow.
 #pragma once
 
 #include <quillmere/records/base/enumeration.hpp>
@@ -6,14 +6,14 @@
 namespace quillmere {
 
 enum class WorkflowState {
-    idle,             ///< no block in hand, or a scheduled one that waits
+    idle,             ///< there is no block, or a scheduled block waits
     blockPlanning,    ///< a block is being planned
     sessionPlanning,  ///< the plan of the next focus session is being written
     focusing,         ///< a focus session runs, or is paused
-    sessionReview,    ///< the review of the session just ended is being written
+    sessionReview,    ///< the review of the session that has ended is being written
     breaking,         ///< a break runs between two sessions
-    blockReview,      ///< the block's closing reflection is being written
-    complete,         ///< kept for the data's sake: no operation produces it
+    blockReview,      ///< the reflection on the block is being written
+    complete,         ///< files may have it; no operation leads to it
 };
 
 template <>

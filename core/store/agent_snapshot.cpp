@@ -20,7 +20,7 @@ AgentTaskSnapshot task(const SessionPlan& plan, std::string_view status)
     };
 }
 
-/// Goes by the review alone, but for the session whose review is still being written.
+/// Depends only on the review, except for the session whose review is still being written.
 std::string_view status(const WorkSession& session, bool isCurrent, WorkflowState workflowState)
 {
     if (!session.review) {

@@ -1,4 +1,4 @@
-// What an outside agent may know of the work in hand.
+// The summary of the current work for an outside agent.
 #pragma once
 
 #include <quillmere/records/quillmere_state.hpp>
@@ -20,20 +20,19 @@ struct AgentTaskSnapshot {
     friend bool operator==(const AgentTaskSnapshot&, const AgentTaskSnapshot&) = default;
 };
 
-/// The agent's summary of a state at one instant. All its keys stand in the file always, absent
-/// values as null, so that an agent finds every one.
+/// The agent's summary of a state at one instant. All its keys are always written, absent values as null, so
+/// that an agent finds every key.
 struct AgentSnapshot {
-    std::int64_t schemaVersion;            ///< of the summary's form: 1
-    std::string workflowState;             ///< the workflow state's stored text
+    std::int64_t schemaVersion;            ///< of the format of the summary: 1
+    std::string workflowState;             ///< the raw value of the workflow state
     bool interruptible;                    ///< whether the person may be interrupted
     std::optional<Block> block;            ///< the current one
     std::vector<Outcome> outcomes;         ///< of the current block
-    std::vector<AgentTaskSnapshot> tasks;  ///< one a session of the current block, then the planned next one
+    std::vector<AgentTaskSnapshot> tasks;  ///< one for each session of the block, then the planned next one
     std::vector<WorkSession> sessions;     ///< of the current block
     std::optional<WorkSession> currentSession;
     std::optional<SessionPlan> nextSession;
-    std::optional<std::int64_t>
-        remainingSeconds;  ///< on the running timer at `updatedAt`; negative in overtime
+    std::optional<std::int64_t> remainingSeconds;  ///< at `updatedAt`; negative in overtime
     std::vector<AgentQuestion> openQuestions;
     Instant updatedAt;  ///< the moment that the summary describes
 

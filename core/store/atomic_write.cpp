@@ -15,7 +15,7 @@ std::filesystem::path temporaryURL(const std::filesystem::path& destination)
     return destination.parent_path() / name;
 }
 
-/// Removes a file when it goes out of scope. After a move there is none, and nobody is told.
+/// Removes a file at the end of the scope. Errors are ignored: after a move there is no file to remove.
 class RemovalGuard {
 public:
     explicit RemovalGuard(const std::filesystem::path& path) : path_(path) {}

@@ -1,4 +1,4 @@
-// The one protocol by which files are written.
+// Replaces a file in one step.
 #pragma once
 
 #include <quillmere/records/base/byte_sink.hpp>
@@ -8,9 +8,9 @@
 
 namespace quillmere {
 
-/// Writes `content` to a new hidden file beside `destination`, ".NAME.UUID.tmp", and has `replaceItem`
-/// move it over. Whatever happens, the temporary file is removed if it is still there. A failure
-/// leaves the destination as it was, unless `replaceItem` fails after its move.
+/// Writes `content` to a new hidden file beside `destination`, ".NAME.UUID.tmp", and lets `replaceItem` move
+/// it over the destination. The temporary file is removed in any case if it still exists. After a failure the
+/// destination is unchanged, unless `replaceItem` fails after its move.
 void writeAtomically(const ByteSource& content, const std::filesystem::path& destination,
                      const ReplaceItem& replaceItem);
 

@@ -1,4 +1,4 @@
-// An open file.
+// Owns a file descriptor.
 #pragma once
 
 #include <quillmere/store/posix_call.hpp>
@@ -10,10 +10,10 @@
 
 namespace quillmere {
 
-/// Owns a descriptor and closes it.
+/// Closes the descriptor at the end of the scope.
 class FileDescriptor {
 public:
-    /// open(2), not inherited by programs that are started; throws when it fails.
+    /// Calls open(2) with O_CLOEXEC; throws when it fails.
     FileDescriptor(const std::filesystem::path& path, int flags, mode_t mode = 0)
         : descriptor_(uninterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); }))
     {
@@ -32,8 +32,8 @@ public:
 
     int get() const noexcept { return descriptor_; }
 
-    /// Closes now and reports what closing reports: a file system may say only then that it could not
-    /// keep the data. Interrupted, it is closed all the same.
+    /// Closes now and throws when close(2) fails, since some file systems report a failed write only then.
+    /// EINTR is not an error: the descriptor is closed.
     void close(const std::filesystem::path& path)
     {
         if (::close(std::exchange(descriptor_, -1)) == -1 && errno != EINTR) {

@@ -1,4 +1,4 @@
-// POSIX calls as C++ sees them.
+// Error handling for POSIX calls.
 #pragma once
 
 #include <cerrno>
@@ -7,13 +7,13 @@
 
 namespace quillmere {
 
-/// Throws the error that errno holds, with the call and the path it was about.
+/// Throws the error in errno, with the name of the call and its path.
 [[noreturn]] inline void throwErrno(const char* call, const std::filesystem::path& path)
 {
     throw std::filesystem::filesystem_error(call, path, std::error_code(errno, std::generic_category()));
 }
 
-/// Repeats a call as long as a signal interrupts it. Not for close(2), which must not be repeated.
+/// Repeats a call while it fails with EINTR. Not for close(2), which must not be repeated.
 template <class Call>
 auto uninterrupted(Call call)
 {

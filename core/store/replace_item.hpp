@@ -1,4 +1,4 @@
-// How a finished temporary file takes the place of a file.
+// The operation that moves a finished temporary file over another file.
 #pragma once
 
 #include <filesystem>
@@ -6,8 +6,8 @@
 
 namespace quillmere {
 
-/// Moves a completely written temporary file over the destination, in one step as seen by readers;
-/// throws `std::system_error` when it cannot. `StateStore` offers two.
+/// Moves a complete temporary file over the destination. Readers see the old or the new file. Throws
+/// `std::system_error` when it fails. `StateStore` has two such operations.
 using ReplaceItem =
     std::function<void(const std::filesystem::path& temporaryURL, const std::filesystem::path& destination)>;
 

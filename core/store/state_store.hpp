@@ -1,4 +1,4 @@
-// Where the state lives: one directory with the state and the agent's summary.
+// The directory with the state and the agent's summary.
 #pragma once
 
 #include <quillmere/records/instant.hpp>
@@ -15,59 +15,57 @@
 
 namespace quillmere {
 
-/// A small value: paths and two injected operations; every call goes to the file system afresh. Errors
-/// reach the caller unchanged: `std::system_error` of the file system, EncodingError, DecodingError,
-/// and whatever `replaceItem` throws. Nothing is retried, repaired or logged.
+/// A small value with paths and two injected operations; nothing is cached. Errors reach the caller
+/// unchanged: `std::system_error` of the file system, EncodingError, DecodingError, and exceptions of
+/// `replaceItem`. Nothing is retried, repaired or logged.
 ///
-/// Nothing is locked either. Every file is replaced whole, so a reader sees an old or a new one, and
-/// of two writers the last wins.
+/// Nothing is locked. A file is replaced in one step: a reader sees the old or the new file, and of two
+/// writers the last one wins.
 class StateStore {
 public:
-    /// Takes the directory as given and touches no file.
+    /// Stores the path of the directory; does not access the file system.
     StateStore(std::filesystem::path directory, Clock now, ReplaceItem replaceItem);
     /// With the wall clock.
     StateStore(std::filesystem::path directory, ReplaceItem replaceItem);
 
-    /// "Quillmere" in the first application-support directory. That there is one is a precondition:
-    /// none is a fatal error. Nothing is created.
+    /// "Quillmere" in the first application-support directory; creates nothing. It is a fatal error when
+    /// there is no such directory.
     static std::filesystem::path defaultDirectory(const FileManager& fileManager);
 
     const std::filesystem::path& directory() const noexcept { return directory_; }
-    const std::filesystem::path& stateURL() const noexcept { return stateURL_; }  ///< "state.json"
-    const std::filesystem::path& agentStateURL() const noexcept
-    {
-        return agentStateURL_;
-    }  ///< "agent-state.json"
+    /// "state.json" and "agent-state.json" in the directory.
+    const std::filesystem::path& stateURL() const noexcept { return stateURL_; }
+    const std::filesystem::path& agentStateURL() const noexcept { return agentStateURL_; }
 
-    /// The saved state; an initial one, stamped with the clock, when there is no file. A file that
-    /// cannot be read or decoded is an error and stays as it is.
+    /// The saved state; without a file, an initial state with the clock's instant. A file that cannot be read
+    /// or decoded is an error, and is left unchanged.
     QuillmereState load() const;
 
-    /// Creates the directory if needed (mode 0700), replaces the state file, then the agent's summary
-    /// as of the state's `updatedAt`. When the second fails, the first has been replaced.
+    /// Creates the directory if needed (mode 0700), replaces the state file, and then replaces the agent's
+    /// summary as of the state's `updatedAt`. If the summary fails, the state is saved all the same.
     void save(const QuillmereState& state) const;
 
-    /// The summary of a state at an instant, or at the state's own `updatedAt`. No file, no clock; the
-    /// fatal errors are those of TimerSnapshot::derive.
+    /// The summary of a state at an instant, by default at the state's `updatedAt`. Uses no file and no
+    /// clock. The fatal errors are those of TimerSnapshot::derive.
     AgentSnapshot agentSnapshot(const QuillmereState& state, std::optional<Instant> at) const;
 
-    /// Replaces the agent's summary alone, creating the directory if needed.
+    /// Creates the directory if needed and replaces only the agent's summary.
     void saveAgentSnapshot(const QuillmereState& state, Instant at) const;
 
-    /// The form of both files: pretty, keys sorted.
+    /// The coding of both files: the pretty layout.
     static JsonEncoder encoder();
     static JsonDecoder decoder();
 
-    /// A `replaceItem`: rename(2), which replaces an existing destination atomically. Throws the POSIX
-    /// code of the failure, EIO when the system gives a number that is none. After a power cut the
-    /// file may be the old one, the new one, or one cut short.
+    /// A `replaceItem`: rename(2), which replaces an existing destination atomically. Throws the POSIX code
+    /// of the failure, or EIO when errno is not a POSIX code. After a power cut the file may be the old one,
+    /// the new one, or an incomplete one.
     static void renameReplacing(const std::filesystem::path& temporaryURL,
                                 const std::filesystem::path& destination);
 
-    /// A `replaceItem` that is durable: the temporary file is synced, renamed, and the directory synced
-    /// (fsync(2)), so that after a power cut the file is the old or the new one, whole. A failure before
-    /// the rename leaves the old file in place. A failure to sync the directory after it is an error
-    /// with the new file in place: readers see it, but a power cut may still bring back the old one.
+    /// A durable `replaceItem`: syncs the temporary file (fsync(2)), renames it and syncs the directory, so
+    /// that after a power cut the file is the complete old or the complete new one. A failure before the
+    /// rename leaves the old file in place. When the sync of the directory fails, an error is thrown although
+    /// the new file is in place: readers see it, but after a power cut the old one may be back.
     static void renameReplacingDurably(const std::filesystem::path& temporaryURL,
                                        const std::filesystem::path& destination);
 

@@ -1,15 +1,15 @@
-// What makes a change outlast a power cut.
+// Makes changes survive a power cut.
 #pragma once
 
 #include <filesystem>
 
 namespace quillmere {
 
-/// Writes what a file holds to the disk (fsync(2)); throws when that fails.
+/// Writes the content of a file to the disk (fsync(2)); throws when that fails.
 void syncFile(const std::filesystem::path& file);
 
-/// Writes the names in a directory to the disk: what was made, moved or removed there; an empty path is the
-/// current directory.
+/// Writes the names in a directory to the disk, after files were created, moved or removed there. An empty
+/// path is the current directory.
 void syncDirectory(const std::filesystem::path& directory);
 
 }  // namespace quillmere

@@ -1,17 +1,17 @@
-// What an application and its widget must agree on to find each other.
+// The names that an application and its widget share.
 #pragma once
 
 #include <string_view>
 
 namespace quillmere::QuillmereAppGroup {
 
-/// Under which the platform finds the shared container.
+/// The identifier of the group, by which `FileManager` finds the shared directory.
 inline constexpr std::string_view identifier = "T5Q2N84LW7.quillmere";
 
-/// Under which the widget is registered, and asked to reload.
+/// The name under which a platform registers and reloads the widget.
 inline constexpr std::string_view widgetKind = "QuillmereStatusWidget";
 
-/// Of the deep links.
+/// The scheme of the deep links.
 inline constexpr std::string_view urlScheme = "quillmere";
 
 }  // namespace quillmere::QuillmereAppGroup

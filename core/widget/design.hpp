@@ -1,4 +1,4 @@
-// The vocabulary of looks that an application and its widget share.
+// Design values that an application and its widget share.
 #pragma once
 
 #include <quillmere/widget/widget_snapshot.hpp>
@@ -10,7 +10,7 @@ namespace quillmere {
 
 namespace QuillmereDesign {
 
-/// The named accent colours; the colours themselves belong to a user interface.
+/// The names of the accent colours; each user interface has its own colours for them.
 enum class Accent { focus, rest, plan, review, neutral };
 
 /// In layout points.
@@ -31,8 +31,8 @@ inline constexpr double card = 12;
 
 Accent accent(WidgetPhase phase);
 
-/// Minutes and seconds, the minutes not reduced to hours: 3661 is "61:01". Overtime, which is negative,
-/// counts up behind a plus sign: -75 is "+01:15". The most negative number is a fatal error.
+/// Minutes and seconds without hours: 3661 is "61:01". Overtime is negative and gets a plus sign: -75 is
+/// "+01:15". The most negative number is a fatal error.
 std::string timeText(std::int64_t remainingSeconds);
 
 /// The status in one line: "Session 3 of 8", "Break".

@@ -1,4 +1,4 @@
-// Which phase and which screen go with a workflow state.
+// The phase and the screen of each workflow state.
 #include <quillmere/widget/widget_phase.hpp>
 #include <quillmere/widget/widget_route.hpp>
 

@@ -1,4 +1,4 @@
-// The sizes of a widget and how each is laid out.
+// The sizes of a widget and their layouts.
 #pragma once
 
 #include <quillmere/records/base/enumeration.hpp>
@@ -43,7 +43,7 @@ struct EnumerationTable<QuillmereWidgetFamily> {
     });
 };
 
-/// The area in units of the smallest family's.
+/// The area as a multiple of the smallest family's area.
 constexpr std::int64_t relativeArea(QuillmereWidgetFamily family)
 {
     return rowOf(EnumerationTable<QuillmereWidgetFamily>::rows, family).relativeArea;
@@ -59,11 +59,11 @@ constexpr bool prefersTwoColumns(QuillmereWidgetFamily family)
     return rowOf(EnumerationTable<QuillmereWidgetFamily>::rows, family).prefersTwoColumns;
 }
 
-/// The families that the widget is offered in, the smallest first.
+/// The families that the widget supports, the smallest first.
 template <std::same_as<QuillmereWidgetFamily> Enumeration>
 inline constexpr auto supported = allCases<Enumeration>();
 
-/// The one with the most room.
+/// The largest family.
 template <std::same_as<QuillmereWidgetFamily> Enumeration>
 inline constexpr Enumeration largest = supported<Enumeration>.back();
 

@@ -28,13 +28,13 @@ struct EnumerationTable<WidgetPhase> {
     });
 };
 
-/// What the phase is called on screen.
+/// The name of the phase on screen.
 constexpr std::string_view title(WidgetPhase phase)
 {
     return rowOf(EnumerationTable<WidgetPhase>::rows, phase).title;
 }
 
-/// The name of the symbol that the widget draws; a user interface brings its own picture for it.
+/// The name of the symbol that the widget draws; each user interface has its own picture for it.
 constexpr std::string_view symbolName(WidgetPhase phase)
 {
     return rowOf(EnumerationTable<WidgetPhase>::rows, phase).symbolName;
@@ -43,7 +43,7 @@ constexpr std::string_view symbolName(WidgetPhase phase)
 template <class Enumeration>
 Enumeration fromWorkflowState(WorkflowState state) = delete;
 
-/// The phase that shows a workflow state: one for both plannings, one for both reviews.
+/// The phase of a workflow state. Both planning states have the same phase, and so do both review states.
 template <>
 WidgetPhase fromWorkflowState<WidgetPhase>(WorkflowState state);
 

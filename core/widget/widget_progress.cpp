@@ -1,4 +1,4 @@
-// What a widget computes from its summary.
+// Progress values of the widget's summary.
 #include <quillmere/records/base/checked_arithmetic.hpp>
 #include <quillmere/widget/widget_snapshot.hpp>
 
@@ -8,7 +8,7 @@
 namespace quillmere {
 namespace {
 
-/// A share, no less than 0 and no more than 1; what is not a number is none.
+/// The share limited to 0 through 1; 0 for a value that is not a number.
 double withinOne(double share) { return share > 0 ? std::min(share, 1.0) : 0.0; }
 
 }  // namespace

@@ -21,7 +21,7 @@ std::string lowerCased(std::string text)
     return text;
 }
 
-// RFC 3986, section 2: the characters that may stand for themselves.
+// RFC 3986, section 2: the characters that need no percent-encoding.
 bool isUnreserved(char c) { return isAlpha(c) || isDigit(c) || contains("-._~", c); }
 bool isSubDelimiter(char c) { return contains("!$&'()*+,;=", c); }
 bool isPathCharacter(char c) { return isUnreserved(c) || isSubDelimiter(c) || contains(":@/", c); }
@@ -39,7 +39,7 @@ std::optional<int> digitValue(char c)
     return lower >= 'a' && lower <= 'f' ? std::optional(lower - 'a' + 10) : std::nullopt;
 }
 
-/// Decodes percent-encoding; absent when a character may not stand here or an escape is broken.
+/// Decodes percent-encoding. Absent when a character is not allowed here or an escape is malformed.
 std::optional<std::string> decoded(std::string_view text, bool (*mayStand)(char))
 {
     std::string result;
@@ -65,7 +65,8 @@ std::optional<std::string> decoded(std::string_view text, bool (*mayStand)(char)
     return result;
 }
 
-/// Takes what stands in front of the first of `delimiters`, or everything, away from `rest`.
+/// Removes the text before the first of the `delimiters` from `rest` and returns it; the whole text when
+/// there is no delimiter.
 std::string_view takeUntil(std::string_view& rest, std::string_view delimiters)
 {
     const std::string_view taken = rest.substr(0, rest.find_first_of(delimiters));
@@ -73,7 +74,7 @@ std::string_view takeUntil(std::string_view& rest, std::string_view delimiters)
     return taken;
 }
 
-/// The scheme in front of `rest`, which is left behind the colon; absent when malformed.
+/// Removes the scheme and its colon from `rest` and returns the scheme; absent when it is malformed.
 std::optional<std::string> takeScheme(std::string_view& rest)
 {
     const std::string_view scheme = takeUntil(rest, ":/?#");
@@ -87,8 +88,8 @@ std::optional<std::string> takeScheme(std::string_view& rest)
     return std::string(scheme);
 }
 
-/// The host of an authority, without user and port; absent when malformed. An address in brackets is
-/// never one of ours.
+/// The host of an authority, without user and port; absent when it is malformed. An address in brackets
+/// counts as malformed, because our links never have one.
 std::optional<std::string> hostOf(std::string_view authority)
 {
     if (const std::size_t at = authority.rfind('@'); at != std::string_view::npos) {

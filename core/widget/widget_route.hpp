@@ -25,15 +25,15 @@ struct EnumerationTable<WidgetRoute> {
     });
 };
 
-/// The screen of a workflow state. A finished block has none of its own and goes to `idle`.
+/// The screen of a workflow state; `idle` for `complete`.
 template <>
 WidgetRoute fromWorkflowState<WidgetRoute>(WorkflowState state);
 
 template <class Enumeration>
 Enumeration fromPhase(WidgetPhase phase) = delete;
 
-/// The screen of a phase, for summaries that were stored without a route. The planning and the
-/// reviewing phase go to the session's screen, never to the block's.
+/// The screen of a phase, for summaries without a route. For planning and reviewing it is the screen of the
+/// session, not of the block.
 template <>
 WidgetRoute fromPhase<WidgetRoute>(WidgetPhase phase);
 
@@ -43,10 +43,10 @@ std::string url(WidgetRoute route);
 template <class Enumeration>
 std::optional<Enumeration> fromURL(std::string_view url) = delete;
 
-/// The screen that a deep link opens (RFC 3986): scheme "quillmere", host "open", the route as the
-/// path, in any case of ASCII letters and with any slashes around it; an empty path is `idle`.
-/// Percent-encoding is decoded; user, port, query and fragment are ignored. Absent for anything else,
-/// malformed text included.
+/// The screen that a deep link opens (RFC 3986): scheme "quillmere", host "open", and the route as the path.
+/// Case is ignored for ASCII letters, and so are slashes at both ends of the path. An empty path is `idle`.
+/// Percent-encoding is decoded; user, port, query and fragment are ignored. Absent for any other or malformed
+/// text.
 template <>
 std::optional<WidgetRoute> fromURL<WidgetRoute>(std::string_view url);
 

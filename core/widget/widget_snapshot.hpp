@@ -1,4 +1,4 @@
-// The small, flat summary that a widget shows.
+// The summary that a widget shows.
 #pragma once
 
 #include <quillmere/records/instant.hpp>
@@ -13,27 +13,28 @@
 
 namespace quillmere {
 
-/// The running timer, so told that a widget can count down by itself.
+/// The running timer as instants, so that a widget can count down by itself.
 struct WidgetCountdown {
-    Instant endsAt;     ///< when the remaining time reaches zero, as seen when the summary was made
-    Instant startedAt;  ///< the start, moved on by the pauses
+    Instant endsAt;     ///< when no time remains, by the timer when the summary was made
+    Instant startedAt;  ///< the start plus the completed pauses
     bool isPaused;
-    std::int64_t frozenRemainingSeconds;  ///< what remained when the summary was made
+    std::int64_t frozenRemainingSeconds;  ///< remaining time when the summary was made
 
     friend bool operator==(const WidgetCountdown&, const WidgetCountdown&) = default;
 };
 
-/// A picture of one instant. Nothing in it is updated later; a countdown goes on by its instants.
+/// The summary of a state at one instant. It is not updated; a widget computes the countdown from its
+/// instants.
 struct WidgetSnapshot {
-    /// Written into every summary; a file with a higher one is refused.
+    /// Written into every summary. A file with a higher version is refused.
     static constexpr std::int64_t currentSchemaVersion = 1;
-    /// The most question texts that a summary carries.
+    /// The largest number of question texts in a summary.
     static constexpr std::int64_t maxOpenQuestions = 3;
 
     std::int64_t schemaVersion;
     WidgetPhase phase;
     WidgetRoute route;
-    std::string intendedOutcome;  ///< the line to show: of the plan, or an outcome of the block; may be empty
+    std::string intendedOutcome;  ///< the plan's intended outcome, or an outcome of the block; may be empty
     std::string firstAction;
     std::int64_t sessionsStarted;
     std::int64_t sessionsPlanned;
@@ -42,27 +43,27 @@ struct WidgetSnapshot {
     std::optional<std::int64_t> energy;
     std::optional<std::int64_t> morale;
     std::int64_t openQuestionCount;
-    std::vector<std::string> openQuestions;  ///< the first of them
+    std::vector<std::string> openQuestions;  ///< the texts of the first ones
     Instant updatedAt;                       ///< when the summary was made
 
-    /// The summary of a state at an instant; what the state lacks is empty, 0 or absent. The fatal
-    /// errors are those of TimerSnapshot::derive.
+    /// The summary of a state at an instant. Values that the state does not have are empty, 0 or absent. The
+    /// fatal errors are those of TimerSnapshot::derive.
     static WidgetSnapshot make(const QuillmereState& from, Instant at);
 
     /// A fixed sample in mid-focus, for galleries and previews.
     static WidgetSnapshot placeholder(Instant now);
 
-    /// What a widget shows when nothing has been written.
+    /// The summary that a widget shows when there is no file.
     static WidgetSnapshot empty(Instant now);
 
-    /// How far the running timer is, 0 to 1; absent without a countdown that has a length. A paused
-    /// one stands still.
+    /// The progress of the running timer, 0 to 1. Absent without a countdown, and for a countdown without a
+    /// length. The progress of a paused countdown does not change.
     std::optional<double> sessionProgress(Instant at) const;
 
-    /// The share of the planned sessions that have been started, 0 to 1.
+    /// The share of the planned sessions that are started, 0 to 1.
     double blockProgress() const;
 
-    /// How many open questions are not among the texts. A count that overflows is a fatal error.
+    /// The number of open questions whose texts are not in the summary. An overflow is a fatal error.
     std::int64_t hiddenOpenQuestionCount() const;
 
     friend bool operator==(const WidgetSnapshot&, const WidgetSnapshot&) = default;

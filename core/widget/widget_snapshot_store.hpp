@@ -38,11 +38,9 @@ public:
     }
 
     Case reason() const noexcept { return reason_; }
-    std::int64_t found() const noexcept { return found_; }  ///< the file's version, otherwise 0
-    std::int64_t supported() const noexcept
-    {
-        return supported_;
-    }  ///< the newest version accepted, otherwise 0
+    /// The version of the file, and the newest version that is accepted; 0 in the other cases.
+    std::int64_t found() const noexcept { return found_; }
+    std::int64_t supported() const noexcept { return supported_; }
 
     /// The name of the case as in the code.
     const char* what() const noexcept override;

@@ -1,29 +1,29 @@
-// What a widget shows when, and when it asks again.
+// The entries of a widget's timeline, and the time of the next one.
 #pragma once
 
 #include <quillmere/widget/widget_snapshot.hpp>
 
 #include <vector>
 
-/// Does not simulate the workflow: the phase never moves on inside a timeline. A countdown runs at an
-/// instant when it is not paused and ends strictly later.
+/// A timeline does not simulate the workflow: the phase is the same in all entries. A countdown runs at an
+/// instant if it is not paused and ends later than that instant.
 namespace quillmere::WidgetTimelinePlan {
 
 struct Entry {
-    Instant date;             ///< shown from here on
-    WidgetSnapshot snapshot;  ///< what is shown
+    Instant date;  ///< when the widget begins to show the summary
+    WidgetSnapshot snapshot;
 
     friend bool operator==(const Entry&, const Entry&) = default;
 };
 
-/// Seconds until a widget without a running countdown asks again.
+/// Seconds until a widget without a running countdown needs a new timeline.
 inline constexpr double idleRefreshInterval = 1800.0;
 
-/// The summary as it is, from `now`; and, when a countdown runs, the same with the countdown at zero
-/// from its end on. Ascending.
+/// The entries in order of date: the summary from `now` on and, when a countdown runs, the same summary with
+/// the countdown at zero from its end on.
 std::vector<Entry> entries(const WidgetSnapshot& snapshot, Instant now);
 
-/// When to ask for a new timeline: a second after a running countdown's end, otherwise after
+/// When the widget needs a new timeline: one second after the end of a running countdown, otherwise after
 /// `idleRefreshInterval`.
 Instant refreshDate(const WidgetSnapshot& snapshot, Instant now);
 

@@ -1,4 +1,4 @@
-// A block from its planning to its place in the history, as a person works through it.
+// A whole block, from its planning to the history.
 #include <quillmere/engine/workflow_engine.hpp>
 
 #include "engine_testing.hpp"
@@ -16,7 +16,7 @@ Block shortBlock()
     return block;
 }
 
-/// What is kept of one session of the block.
+/// The expected session after the review.
 WorkSession finishedSession(const WorkSession& actual, std::int64_t number, double from, double to,
                             double paused)
 {
@@ -91,7 +91,7 @@ TEST(ABlock, canBeScheduledEditedAndStartedByTheScheduleBeforeItIsWorked)
     engine.beginBlockPlanning(state, moment + 1);
     engine.scheduleBlock(state, block, moment + 2);
     engine.editScheduledBlock(state, moment + 3);
-    // While it is edited its time may pass.
+    // The planned start passes while the block is edited.
     EXPECT_FALSE(engine.evaluateSchedule(state, moment + 700));
     block.plannedStart = moment + 900;
     engine.scheduleBlock(state, block, moment + 710);

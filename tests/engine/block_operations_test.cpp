@@ -1,4 +1,4 @@
-// The opening and closing of a block.
+// Planning, starting and finishing a block.
 #include <quillmere/engine/workflow_engine.hpp>
 
 #include <array>
@@ -87,11 +87,11 @@ constexpr auto workable = std::to_array<BlockNumbers>({
     {0.5, 0.25, 1},
     {std::numeric_limits<double>::denorm_min(), std::numeric_limits<double>::denorm_min(), 1},
     {1500, 300, std::numeric_limits<std::int64_t>::max()},
-    // Beyond what a timer can count, which is for the host to prevent.
+    // No timer can count these; the program must prevent them.
     {1e300, infinity, 1},
 });
 
-TEST(StartBlock, makesTheGivenBlockTheCurrentOneExactlyAsItIs)
+TEST(StartBlock, makesTheGivenBlockTheCurrentOneUnchanged)
 {
     QuillmereState state = crowdedStateIn(blockPlanning);
     Block block = blockInWork(9, 2);
@@ -122,7 +122,7 @@ TEST(StartBlock, takesTheBlockThatIsBeingEdited)
     QuillmereState state = stateWithScheduledBlock();
     const Block block = *state.currentBlock;
     engine.editScheduledBlock(state, now);
-    // The argument is a copy of what it replaces.
+    // The argument is a copy of the block that it replaces.
     engine.startBlock(state, *state.currentBlock, now);
     EXPECT_EQ(state.currentBlock, block);
 }
@@ -147,7 +147,7 @@ TEST(StartBlock, acceptsAllThatIsAboveZero)
     }
 }
 
-TEST(StartBlock, looksAtNothingElseInTheBlock)
+TEST(StartBlock, checksNothingElseInTheBlock)
 {
     QuillmereState state = stateIn(blockPlanning);
     Block bare = Block::default_(moment);
@@ -221,7 +221,7 @@ TEST(CompleteBlockReview, leavesNoBreakExtensionBehind)
     engine.startFocus(state, std::nullopt, now);
     engine.endFocus(state, now);
     engine.saveReviewAndStartBreak(state, sampleReview(2), std::nullopt, now);
-    // As a state from a file might hold it.
+    // A state from a file may have it.
     state.breakExtensionSeconds = 300;
     completeReview(state);
     EXPECT_EQ(state.breakExtensionSeconds, 0);

@@ -34,7 +34,7 @@ TEST(ExtendBreak, addsUpTwoExtensions)
     EXPECT_EQ(state.breakExtensionSeconds, 600);
 }
 
-TEST(ExtendBreak, refusesWithInvalidTransitionWhatIsNotAboveZero)
+TEST(ExtendBreak, refusesSecondsThatAreNotAboveZeroWithInvalidTransition)
 {
     for (const double seconds : {0.0, -0.0, -1.0, -1e300, -infinity, notANumber}) {
         SCOPED_TRACE(seconds);
@@ -45,7 +45,7 @@ TEST(ExtendBreak, refusesWithInvalidTransitionWhatIsNotAboveZero)
 
 TEST(ExtendBreak, acceptsAnythingAboveZero)
 {
-    // The largest are beyond what a timer can count, which is for the host to prevent.
+    // No timer can count the largest ones; the program must prevent them.
     for (const double seconds : {std::numeric_limits<double>::denorm_min(), 0.5, 1e300, infinity}) {
         SCOPED_TRACE(seconds);
         QuillmereState state = stateIn(breaking);
@@ -54,7 +54,7 @@ TEST(ExtendBreak, acceptsAnythingAboveZero)
     }
 }
 
-TEST(ExtendBreak, asksForNothingButTheWorkflowState)
+TEST(ExtendBreak, dependsOnTheWorkflowStateOnly)
 {
     QuillmereState state = stateIn(breaking);
     state.currentBlock.reset();
@@ -87,7 +87,7 @@ TEST(EndBreak, mayComeEarlyAndLate)
     }
 }
 
-TEST(EndBreak, asksForNothingButTheWorkflowState)
+TEST(EndBreak, dependsOnTheWorkflowStateOnly)
 {
     QuillmereState state = stateIn(breaking);
     state.currentBlock.reset();

@@ -1,4 +1,4 @@
-// Focus sessions that run: paused, resumed, ended. Their start is in start_focus_test.cpp, their review in
+// Running focus sessions: pause, resume and end. Their start is in start_focus_test.cpp, their review in
 // session_review_test.cpp.
 #include <quillmere/engine/workflow_engine.hpp>
 
@@ -84,7 +84,7 @@ constexpr auto pauses = std::to_array<Pause>({
     {Instant(infinity), Instant(infinity), 0},
 });
 
-TEST(ResumeFocus, addsTheLengthOfThePauseButNeverLessThanNothing)
+TEST(ResumeFocus, addsTheLengthOfThePauseIfItIsPositive)
 {
     for (const auto& [from, to, added] : pauses) {
         SCOPED_TRACE(to - from);

@@ -13,7 +13,7 @@ namespace {
 using namespace std::string_view_literals;
 using enum WorkflowState;
 
-/// Texts that something might be tempted to trim, refuse or repair.
+/// Texts that must not be trimmed, refused or repaired.
 constexpr auto texts = std::to_array<std::string_view>({
     "Which build fails?",
     "",

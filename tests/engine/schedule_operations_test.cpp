@@ -1,4 +1,4 @@
-// Blocks that wait for their time.
+// Blocks that wait for a planned start.
 #include <quillmere/engine/workflow_engine.hpp>
 
 #include <array>
@@ -30,7 +30,7 @@ Block blockFor(std::optional<Instant> plannedStart)
 
 // scheduleBlock --------------------------------------------------------------------------------------
 
-TEST(ScheduleBlock, letsTheBlockWaitExactlyAsItIs)
+TEST(ScheduleBlock, letsTheBlockWaitUnchanged)
 {
     QuillmereState state = crowdedStateIn(blockPlanning);
     Block block = blockInWork(9, 2);
@@ -52,7 +52,7 @@ TEST(ScheduleBlock, withoutAPlannedStartIsRefusedThoughTheDurationsAreValid)
                   [](QuillmereState& state) { engine.scheduleBlock(state, blockFor(std::nullopt), now); }));
 }
 
-/// What makes a block unworkable, one thing each.
+/// Each makes one value of a block invalid.
 const std::array<std::function<void(Block&)>, 8> spoilers = {
     [](Block& block) { block.focusDurationSeconds = 0; },
     [](Block& block) { block.focusDurationSeconds = -1; },
@@ -97,7 +97,7 @@ TEST(ScheduleBlock, checksTheWorkflowStateBeforeTheDurations)
     }
 }
 
-TEST(ScheduleBlock, acceptsAStartInThePastWhichTheNextEvaluationTakesUp)
+TEST(ScheduleBlock, acceptsAStartInThePastAndTheNextEvaluationBeginsTheBlock)
 {
     QuillmereState state = stateIn(blockPlanning);
     engine.scheduleBlock(state, blockFor(now - 86'400), now);
@@ -169,7 +169,7 @@ TEST(StartScheduledBlockNow, startsABlockThatWasTriggeredBefore)
     EXPECT_EQ(state.currentBlock->scheduledStartTriggeredAt, now);
 }
 
-TEST(ScheduledBlock, isWhatEditCancelAndStartNowAskFor)
+TEST(ScheduledBlock, isNeededByEditCancelAndStartNow)
 {
     QuillmereState withoutStart = crowdedStateIn(idle);
     withoutStart.currentBlock->plannedStart.reset();
@@ -264,7 +264,7 @@ TEST(EvaluateSchedule, startsABlockOnceOnly)
     EXPECT_TRUE(isExactly(state, before));
 }
 
-TEST(EvaluateSchedule, differsFromAnEarlyStartInWhatItKeeps)
+TEST(EvaluateSchedule, keepsThePlannedStartAndThePlanUnlikeAnEarlyStart)
 {
     QuillmereState evaluated = crowdedWaitingState();
     QuillmereState startedNow = crowdedWaitingState();

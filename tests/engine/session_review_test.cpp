@@ -50,7 +50,7 @@ TEST(SaveReviewAndStartBreak, whileCyclesRemainKeepsReviewAndPlanAndStartsTheBre
     EXPECT_TRUE(isExactly(state, expected));
 }
 
-/// After the last session nothing of a break is left, and no plan.
+/// The expected state after the last session: without a break and without a plan.
 QuillmereState movedToBlockReview(QuillmereState state)
 {
     state.currentBlock->sessions.back().review = sampleReview(9);

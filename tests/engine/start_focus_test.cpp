@@ -1,4 +1,4 @@
-// The start of a focus session. What follows is in focus_operations_test.cpp.
+// The start of a focus session. Pause, resume and end are in focus_operations_test.cpp.
 #include <quillmere/engine/workflow_engine.hpp>
 
 #include <array>
@@ -138,7 +138,7 @@ TEST(StartFocus, isRefusedWhenAllCyclesAreUsed)
 
 TEST(StartFocus, checksInTheOrderStateBlockCyclesPlanRatings)
 {
-    // Each of these has one thing more in order than the one before.
+    // Each of these has one more condition fulfilled than the one before.
     QuillmereState state = crowdedStateIn(idle);
     state.plannedNextSession.reset();
     state.currentBlock.reset();

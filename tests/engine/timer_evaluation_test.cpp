@@ -1,4 +1,4 @@
-// The timer that ends what has run out.
+// The evaluation of the timer.
 #include <quillmere/engine/workflow_engine.hpp>
 
 #include <array>
@@ -22,7 +22,7 @@ testing::AssertionResult hasNothingToDo(const QuillmereState& before, Instant at
     return isExactly(state, before);
 }
 
-/// When an evaluation comes, after the start of what is planned for 1500 (focus) or 300 (break) seconds.
+/// An evaluation `offset` seconds after the start of a session of 1500 seconds, or of a break of 300 seconds.
 struct Evaluation {
     double offset;
     bool isOver;
@@ -132,7 +132,7 @@ TEST(EvaluateTimer, reportsTheEndOfABreakOnce)
     ASSERT_EQ(engine.evaluateTimer(state, moment + 300), TimerTransition::breakEnded);
     EXPECT_TRUE(hasNothingToDo(state, moment + 301));
     EXPECT_TRUE(hasNothingToDo(state, moment + 9000));
-    // Nor when the clock goes back to before the end.
+    // Also when the clock is set back before the end.
     EXPECT_TRUE(hasNothingToDo(state, moment + 10));
 }
 
@@ -144,7 +144,7 @@ TEST(EvaluateTimer, reportsTheEndOfABreakOnceMoreAfterEachExtension)
     EXPECT_TRUE(hasNothingToDo(state, moment + 359));
     EXPECT_EQ(engine.evaluateTimer(state, moment + 360), TimerTransition::breakEnded);
     EXPECT_TRUE(hasNothingToDo(state, moment + 361));
-    // An extension that is too short to bring the break back is reported as well.
+    // The end is reported again even if the break is over in spite of the extension.
     engine.extendBreak(state, 0.5, moment + 400);
     EXPECT_EQ(engine.evaluateTimer(state, moment + 400), TimerTransition::breakEnded);
     EXPECT_EQ(state.breakEndNotifiedAt, moment + 400);
@@ -163,7 +163,7 @@ TEST(EvaluateTimer, reportsTheEndOfEveryBreak)
     EXPECT_EQ(engine.evaluateTimer(state, moment + 640), TimerTransition::breakEnded);
 }
 
-TEST(EvaluateTimer, hasNothingToDoWhenTheTimerLacksWhatItNeeds)
+TEST(EvaluateTimer, hasNothingToDoWithoutATimer)
 {
     QuillmereState state = crowdedStateIn(focusing);
     state.currentBlock->sessions.clear();

@@ -1,4 +1,4 @@
-// Numbers that no timer can count stop the program: the engine accepts them, and files can hold them.
+// Durations that no timer can count stop the program. The engine accepts them, and a file may have them.
 #include <quillmere/engine/timer_snapshot.hpp>
 
 #include <array>
@@ -79,7 +79,7 @@ TEST(FocusTimerDeathTest, stopsTheProgramOverARemainderWithoutAnAbsoluteValue)
     EXPECT_DEATH(TimerSnapshot::derive(state, moment), overflows);
 }
 
-TEST(TimerEvaluationDeathTest, stopsTheProgramOverWhatTheTimerCannotCount)
+TEST(TimerEvaluationDeathTest, stopsTheProgramForADurationThatTheTimerCannotCount)
 {
     QuillmereState focus = stateIn(focusing);
     EXPECT_DEATH(engine.evaluateTimer(focus, noInstant), doesNotFit);

@@ -59,7 +59,7 @@ TEST(FocusTimer, showsOvertimeCountingUpAgain)
                                                                        }));
 }
 
-/// One session: planned, paused in all, and looked at `offset` after its start.
+/// A session with its planned and its paused seconds, and the timer `offset` seconds after its start.
 struct Focus {
     double planned;
     double pausedInAll;
@@ -72,22 +72,22 @@ constexpr auto focuses = std::to_array<Focus>({
     {1500, 0, 0, 0, 1500},
     {1500, 0, 0.999, 0, 1500},
     {1500, 0, 1, 1, 1499},
-    // Overtime begins a second after nothing remains.
+    // Overtime begins one second after the remaining time is 0.
     {1500, 0, 1499.9, 1499, 1},
     {1500, 0, 1500, 1500, 0},
     {1500, 0, 1500.9, 1500, 0},
     {1500, 0, 1501, 1501, -1},
-    // Before the start nothing has elapsed, by however little or much.
+    // Before the start the elapsed time is 0.
     {1500, 0, -0.5, 0, 1500},
     {1500, 0, -86'400, 0, 1500},
-    // Each term is rounded down on its own: 479.8 seconds of work count as 480.
+    // Each term is rounded down by itself: 479.8 seconds of work count as 480.
     {1500, 120.7, 600.5, 480, 1020},
     {1500, 0.9, 600, 600, 900},
     {1500.7, 0, 600.9, 600, 900},
     {0.5, 0, 0, 0, 0},
     // More pause than time.
     {1500, 700, 600, 0, 1500},
-    // What only a file can hold: a negative pause adds, a negative plan is overtime at once.
+    // Only files can have these: a negative pause adds time, a negative plan is overtime at once.
     {1500, -0.5, 600, 601, 899},
     {-10.5, 0, 0, 0, -11},
 });

@@ -16,7 +16,7 @@ enum class Elsewhere { isRefused, hasNothingToDo };
 /// One way to call an operation.
 struct Arrow {
     std::string_view operation;
-    std::string_view when;  ///< tells two arrows of one operation apart
+    std::string_view when;  ///< distinguishes two arrows of one operation
     Step step;              ///< the step that the operation takes
     Elsewhere elsewhere;
 

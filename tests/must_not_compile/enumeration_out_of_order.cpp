@@ -1,4 +1,4 @@
-// A case is looked up by its place in the table.
+// The rows of an enumeration must be in case order, because a case is the index of its row.
 #include <quillmere/records/base/enumeration.hpp>
 
 enum class Colour { red, green };

@@ -1,4 +1,4 @@
-// There is no identifier that stands for none.
+// An identifier has no default value.
 #include <quillmere/records/identifier.hpp>
 
 quillmere::Identifier identifier()

@@ -1,4 +1,4 @@
-// An instant is never a bare number: a duration is a difference of two.
+// An instant does not convert to a number: a number of seconds is the difference of two instants.
 #include <quillmere/records/instant.hpp>
 
 double seconds(quillmere::Instant start, quillmere::Instant end)

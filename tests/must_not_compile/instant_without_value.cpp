@@ -1,4 +1,4 @@
-// There is no instant that stands for none.
+// An instant has no default value.
 #include <quillmere/records/instant.hpp>
 
 quillmere::Instant instant()

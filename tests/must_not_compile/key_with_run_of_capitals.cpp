@@ -1,4 +1,4 @@
-// A key that does not come back from the file would be lost at the first load.
+// A key must convert to snake_case and back, otherwise its value could not be read again.
 #include <quillmere/records/json/encode.hpp>
 
 #include <string>

@@ -1,4 +1,4 @@
-// A bare number is never an instant: seconds since when, one would have to guess.
+// A number does not convert to an instant: it does not say from which moment its seconds count.
 #include <quillmere/records/block.hpp>
 
 quillmere::Block block()

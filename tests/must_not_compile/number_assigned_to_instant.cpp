@@ -1,4 +1,4 @@
-// A bare number is never an instant, also where one is there already.
+// A number cannot be assigned to an instant.
 #include <quillmere/records/block.hpp>
 
 void schedule(quillmere::Block& block)

@@ -1,4 +1,4 @@
-// A source looks at its value later, so the value must still be there.
+// A source reads its value later, so the value must not be a temporary.
 #include <quillmere/records/json/json_encoder.hpp>
 #include <quillmere/records/quillmere_state.hpp>
 

@@ -1,4 +1,4 @@
-// The rows are the fields in their order.
+// The rows must be in the order of the fields.
 #include <quillmere/records/json/encode.hpp>
 
 #include <string>

@@ -1,4 +1,4 @@
-// Two rows for one field leave another without any.
+// With two rows for one field, another field has no row.
 #include <quillmere/records/json/encode.hpp>
 
 #include <string>

@@ -1,4 +1,4 @@
-// A field that has no row would be lost in the file.
+// A field without a row would not be saved.
 #include <quillmere/records/json/encode.hpp>
 
 #include <string>

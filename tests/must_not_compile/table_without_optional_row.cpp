@@ -1,4 +1,4 @@
-// Also a field that may be absent needs its row.
+// An optional field needs its row too.
 #include <quillmere/records/json/encode.hpp>
 
 #include <optional>

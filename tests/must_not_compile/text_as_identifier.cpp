@@ -1,4 +1,4 @@
-// A text may be no identifier, so it is asked first.
+// A text does not convert to an identifier: it may not be one, so fromText returns an optional.
 #include <quillmere/records/outcome.hpp>
 
 quillmere::Outcome outcome()

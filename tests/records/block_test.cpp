@@ -86,8 +86,8 @@ TEST(PlannedEnd, ignoresSessionsPausesAndTheEndOfTheBlock)
 
 TEST(PlannedEnd, addsTheDurationsBeforeItMultiplies)
 {
-    // 0.1 + 0.2 is not 0.3 in doubles; three times the sum shows which was done first, and that no
-    // step was fused with another.
+    // 0.1 + 0.2 is not 0.3 in doubles. Three times the sum shows the order of the operations, and that none
+    // were fused.
     Block block = test::sampleBlock(1);
     block.createdAt = Instant(0.7);
     block.focusDurationSeconds = 0.1;

@@ -1,4 +1,4 @@
-// Records to JSON texts and back, and single values inside of such texts.
+// Converts records to JSON texts and back, and replaces single values in such texts.
 #pragma once
 
 #include <quillmere/records/json/coding_error.hpp>
@@ -29,7 +29,7 @@ Value decoded(std::string_view text)
     return JsonDecoder().decode<Value>(Bytes(text));
 }
 
-/// What reading a text throws; absent when it is accepted.
+/// The error that reading a text throws; absent when it is accepted.
 template <class Value>
 std::optional<DecodingError> decodingError(std::string_view text)
 {
@@ -41,7 +41,7 @@ std::optional<DecodingError> decodingError(std::string_view text)
     return std::nullopt;
 }
 
-/// What writing a value throws; absent when it is written.
+/// The error that writing a value throws; absent when it is written.
 template <class Value>
 std::optional<EncodingError> encodingError(const Value& value)
 {
@@ -53,13 +53,13 @@ std::optional<EncodingError> encodingError(const Value& value)
     return std::nullopt;
 }
 
-/// Whether an error says that the text is no JSON at all, as opposed to JSON of another kind.
+/// Whether the error is that the text is not JSON at all.
 inline bool isMalformed(const std::optional<DecodingError>& error)
 {
     return error && error->expected() == "well-formed JSON";
 }
 
-/// Where the number, or the text without a comma or brace, of a member of compact JSON stands.
+/// The place of a scalar value in compact JSON. A text must have no comma and no brace.
 struct Span {
     std::size_t start;
     std::size_t length;
@@ -71,14 +71,14 @@ inline Span scalarSpan(std::string_view text, std::string_view key)
     return {start, text.find_first_of(",}", start) - start};
 }
 
-/// The number or simple text that a member of compact JSON holds, as it is spelled.
+/// The scalar value of a member of compact JSON, as it is spelled.
 inline std::string scalarOf(std::string_view text, std::string_view key)
 {
     const Span span = scalarSpan(text, key);
     return std::string(text.substr(span.start, span.length));
 }
 
-/// The same text with another value, spelled as given, for that member.
+/// The same text with another value for this member.
 inline std::string withScalar(std::string text, std::string_view key, std::string_view scalar)
 {
     const Span span = scalarSpan(text, key);

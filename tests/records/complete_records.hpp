@@ -5,11 +5,11 @@
 
 namespace quillmere::test {
 
-/// Two outcomes, two sessions, of which the last has everything that a session can have.
+/// Two outcomes and two sessions; the last session has every field.
 Block completeBlock();
 
-/// A state whose current block is complete, with one block in the history. No engine leaves such a
-/// state; it is there to have every key at hand.
+/// A state with a complete current block and one block in the history. The engine never produces such a
+/// state; it has every key.
 QuillmereState completeState();
 
 }  // namespace quillmere::test

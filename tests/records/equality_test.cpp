@@ -1,4 +1,4 @@
-// Records are equal exactly when every field is.
+// Two records are equal exactly when all fields are.
 #include <quillmere/records/quillmere_state.hpp>
 
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ namespace {
 using test::identifier;
 using test::moment;
 
-/// One way in which a single field can differ; an optional can differ in two.
+/// A change of a single field. There are two for an optional: another value, and no value.
 template <class Record>
 struct Change {
     const char* field;
@@ -37,7 +37,7 @@ void expectEqualOnlyWithEveryField(const Record& record, const Change<Record> (&
         EXPECT_FALSE(record == changed);
         fields.insert(change.field);
     }
-    // The record has every field present, so it is written with one key each: none has been left out.
+    // Every field of the record is present, so the number of keys shows that no field is left out here.
     EXPECT_EQ(fields.size(), nlohmann::json::parse(test::compactText(record)).size());
 }
 

@@ -1,5 +1,5 @@
-// The three files, byte by byte. What stands in them is a promise to people's existing files and to the
-// agents and widgets that read them.
+// The three files, byte by byte: existing files must stay readable, and so must the files for agents and
+// widgets.
 #include <quillmere/store/state_store.hpp>
 #include <quillmere/widget/widget_snapshot.hpp>
 #include <quillmere/widget/widget_snapshot_store.hpp>
@@ -61,7 +61,7 @@ TEST(GoldenWidgetSnapshot, isReadBackToTheSameRecordOfWholeSeconds)
     EXPECT_EQ(test::decoded<WidgetSnapshot>(golden("widget-snapshot.json")), expected);
 }
 
-TEST(GoldenFiles, areWhatTheStoresLeaveBehind)
+TEST(GoldenFiles, areTheFilesThatTheStoresWrite)
 {
     const test::TemporaryDirectory directory;
     const QuillmereState state = test::fullState();

@@ -83,7 +83,7 @@ TEST(Identifier, readsNoOtherText)
     }
 }
 
-/// The digits are taken many at a time, so each place and each character counts.
+/// The digits are converted many at a time, so every position is tested with every character.
 TEST(Identifier, acceptsExactlyTheHexadecimalDigitsAtEveryPlace)
 {
     for (std::size_t place = 0; place < sampleText.size(); ++place) {
@@ -116,7 +116,7 @@ TEST(Identifier, isRandomOfVersionFourWhenDrawn)
             alwaysSet[index] &= drawn.bytes()[index];
         }
     }
-    // Every bit is seen both set and clear, but for those of version 4 (0100) and variant (10).
+    // Every bit is seen both set and clear, except the bits of version (0100) and variant (10).
     Identifier::Bytes expectedEverSet;
     expectedEverSet.fill(0xFF);
     expectedEverSet[6] = 0x4F;

@@ -62,7 +62,7 @@ AgentQuestion question(unsigned number, bool hasAnswer, bool isAnswered)
     return {
         .id = test::identifier(number),
         .question = "Question",
-        // Asked in reverse, so that sorting by time would show.
+        // In reverse order of time, so that sorting by time would be noticed.
         .createdAt = moment - number,
         .answer = hasAnswer ? std::optional<std::string>("Answer") : std::nullopt,
         .answeredAt = isAnswered ? std::optional(moment) : std::nullopt,
@@ -106,7 +106,7 @@ TEST(Interruptible, isTrueInEveryStateButFocusing)
 {
     for (const WorkflowState workflowState : allCases<WorkflowState>()) {
         SCOPED_TRACE(rawValue(workflowState));
-        // With and without a session, paused or not: outside of focusing nothing else is looked at.
+        // Outside of focusing, sessions and pauses do not matter.
         QuillmereState state = test::fullState();
         state.workflowState = workflowState;
         state.currentBlock->sessions.back().pausedAt.reset();

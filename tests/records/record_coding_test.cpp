@@ -22,7 +22,7 @@ void expectRoundTrip(const Record& record)
     EXPECT_EQ(decoded<Record>(test::prettyText(record)), record);
 }
 
-/// Texts of all kinds of characters, in UTF-8.
+/// Texts with characters of all kinds, in UTF-8.
 constexpr const char* difficultText =
     "Line 1\nLine 2\t\"quoted\" \\ / \xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80 \x01\x7F";
 
@@ -154,7 +154,7 @@ TEST(DecodingErrorPath, leadsThroughRecordsAndLists)
         place = text.find("\"energy\":4", place + 1);
     }
     text.replace(place, 10, "\"energy\":4.5");
-    // The history's come before it, in byte order of the keys.
+    // "block_history" comes first, in byte order of the keys.
     ASSERT_LT(text.find("\"block_history\""), text.find("\"current_block\""));
     const auto error = test::decodingError<QuillmereState>(text);
     ASSERT_TRUE(error);

@@ -55,7 +55,7 @@ TEST(SaveAgentSnapshot, replacesTheOldSummary)
     EXPECT_EQ(replaceItem.calls()[1].content, textOf(store.agentStateURL()));
 }
 
-TEST(SaveAgentSnapshot, isWhatASaveOfTheStateEndsWith)
+TEST(SaveAgentSnapshot, isTheLastStepOfASaveOfTheState)
 {
     const TemporaryDirectory directory;
     const StateStore store(directory.path(), StateStore::renameReplacing);

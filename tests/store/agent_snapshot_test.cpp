@@ -1,4 +1,4 @@
-// What the agent's summary takes from a state, field by field.
+// The fields of the agent's summary.
 #include <quillmere/engine/timer_snapshot.hpp>
 #include <quillmere/store/state_store.hpp>
 
@@ -11,7 +11,7 @@ namespace {
 
 AgentSnapshot summaryOf(const QuillmereState& state, std::optional<Instant> at = std::nullopt)
 {
-    // A directory that is not there: building a summary needs none.
+    // The directory does not exist: building a summary needs none.
     return StateStore("/nowhere", StateStore::renameReplacing).agentSnapshot(state, at);
 }
 

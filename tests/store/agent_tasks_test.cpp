@@ -25,7 +25,7 @@ Statuses statusesOf(const QuillmereState& state)
     return statuses;
 }
 
-/// A state with two sessions of which each is reviewed or not.
+/// A state with two sessions, each with or without a review.
 QuillmereState twoSessions(WorkflowState workflowState, bool firstIsReviewed, bool lastIsReviewed)
 {
     QuillmereState state = stateIn(workflowState);

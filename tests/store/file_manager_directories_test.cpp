@@ -1,4 +1,4 @@
-// Making directories.
+// Creating directories.
 #include <quillmere/store/file_manager.hpp>
 
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ void create(const fs::path& path, std::optional<mode_t> mode = std::nullopt)
     FileManager::standard().createDirectory(path, mode);
 }
 
-TEST(CreateDirectory, givesTheModeWhateverTheUmaskSays)
+TEST(CreateDirectory, setsTheModeForAnyUmask)
 {
     const TemporaryDirectory directory;
     for (const mode_t umask : {0u, 0022u, 0077u, 0277u, 0777u}) {
@@ -127,7 +127,7 @@ TEST(CreateDirectory, failsWhenSomethingElseIsInTheWay)
     EXPECT_EQ(textOf(directory.path() / "file"), "kept");
 }
 
-TEST(CreateDirectory, saysWhyWhatIsThereCannotBeLookedAt)
+TEST(CreateDirectory, reportsTheErrorOfAFailedLookUp)
 {
     const TemporaryDirectory directory;
     makeLinkLoop(directory.path() / "loop");
@@ -140,7 +140,7 @@ TEST(CreateDirectory, failsForAnEmptyPath)
     EXPECT_EQ(failureOf([] { create(""); }), std::errc::no_such_file_or_directory);
 }
 
-TEST(CreateDirectory, failsWhereNothingMayBeMade)
+TEST(CreateDirectory, failsInADirectoryWithoutWritePermission)
 {
     const TemporaryDirectory directory;
     fs::permissions(directory.path(), fs::perms(0555));

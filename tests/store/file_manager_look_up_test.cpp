@@ -1,4 +1,4 @@
-// Whether something is there, and removing it.
+// Whether a file exists, and removing it.
 #include <quillmere/store/file_manager.hpp>
 
 #include <gtest/gtest.h>
@@ -88,7 +88,7 @@ TEST(RemoveFile, removesTheFileAlone)
     EXPECT_EQ(directory.names(), std::vector<std::string>{"second"});
 }
 
-TEST(RemoveFile, removesALinkAndNotWhatItLeadsTo)
+TEST(RemoveFile, removesALinkAndNotItsTarget)
 {
     const TemporaryDirectory directory;
     writeText(directory.path() / "file", "kept");

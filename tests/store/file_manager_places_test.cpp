@@ -1,4 +1,4 @@
-// Where the data of applications and of groups of them lives.
+// The directories of applications and of groups of applications.
 #include <quillmere/store/file_manager.hpp>
 #include <quillmere/store/state_store.hpp>
 
@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 const FileManager& files() { return FileManager::standard(); }
 
-/// A place in the environment that nothing was made in.
+/// Sets the environment to an empty directory.
 struct Environment {
     TemporaryDirectory directory;
     EnvironmentVariable data{"XDG_DATA_HOME", (directory.path() / "data").string()};
@@ -122,7 +122,7 @@ TEST(ContainerDirectory, isAbsentWithoutAnEnvironment)
     EXPECT_EQ(files().containerDirectory("group"), std::nullopt);
 }
 
-TEST(CreateContainerDirectory, makesWhatIsFoundFromThenOn)
+TEST(CreateContainerDirectory, createsTheDirectoryThatIsFoundFromThenOn)
 {
     const Environment environment;
     fs::path made;

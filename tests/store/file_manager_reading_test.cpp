@@ -1,4 +1,4 @@
-// Reading a whole file, and what is none.
+// Reading a file, and refusing what is not a regular file.
 #include <quillmere/store/file_manager.hpp>
 
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@ const FileManager& files() { return FileManager::standard(); }
 
 std::string contentsOf(const fs::path& path) { return std::string(files().contents(path).view()); }
 
-/// Bytes of all values, so that nothing that ends a text or a line goes unnoticed.
+/// Bytes of all values, so that every byte that could end a text or a line is among them.
 std::string everyByte(std::size_t count)
 {
     std::string bytes;
@@ -41,14 +41,14 @@ TEST(Contents, areAllBytesOfTheFile)
 
 TEST(Contents, takeRoomForTheFileAndHardlyMore)
 {
-    // A state of many years is a large file; growing on the way would copy it and hold it twice.
+    // The file of many years is large; a growing buffer would copy it and need its memory twice.
     const TemporaryDirectory directory;
     constexpr std::size_t size = 1'000'000;
     writeText(directory.path() / "file", everyByte(size));
     EXPECT_LT(files().contents(directory.path() / "file").capacity(), size + size / 10);
 }
 
-TEST(Contents, areReadToTheEndWhateverTheSizeSays)
+TEST(Contents, areReadToTheEndEvenIfTheSizeIsWrong)
 {
     const fs::path file = "/proc/self/status";
     if (!fs::exists(file)) {
@@ -100,7 +100,7 @@ TEST(Contents, failForASocket)
 
 TEST(Contents, failForADevice)
 {
-    // The first has an end at once, the second has none.
+    // Reading the first ends at once, reading the second never ends.
     EXPECT_EQ(failureOf([] { contentsOf("/dev/null"); }), std::errc::invalid_argument);
     EXPECT_EQ(failureOf([] { contentsOf("/dev/zero"); }), std::errc::invalid_argument);
 }

@@ -1,4 +1,4 @@
-// Writing a file that was not there before.
+// Writing a new file.
 #include <quillmere/store/file_manager.hpp>
 
 #include <gtest/gtest.h>
@@ -40,7 +40,7 @@ TEST(WriteWithoutOverwriting, writesThePiecesInOrder)
     EXPECT_EQ(textOf(directory.path() / "file"), "one two three");
 }
 
-TEST(WriteWithoutOverwriting, passesOnWhatItsContentThrows)
+TEST(WriteWithoutOverwriting, passesOnTheExceptionOfTheContent)
 {
     const TemporaryDirectory directory;
     const auto throwNumber = [](const ByteSink& sink) {

@@ -1,4 +1,4 @@
-// The two ready-made ways to move a temporary file over another.
+// The two replaceItem operations of the StateStore.
 #include <quillmere/store/state_store.hpp>
 
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ struct NamedReplaceItem {
     void (*replaceItem)(const fs::path&, const fs::path&);
 };
 
-/// What holds for both.
+/// The tests for both.
 class ReplaceItemTest : public testing::TestWithParam<NamedReplaceItem> {
 protected:
     const TemporaryDirectory directory;
@@ -152,7 +152,7 @@ TEST(RenameReplacingDurably, failsAfterTheMoveWhenTheDirectoryCannotBeSynced)
     const TemporaryDirectory directory;
     writeText(directory.path() / "temporary", "new");
     writeText(directory.path() / "destination", "old");
-    // May be searched and written to, but not opened for reading, which a sync needs.
+    // Search and write permission only: a sync must open the directory for reading.
     fs::permissions(directory.path(), fs::perms(0333));
     std::error_code error;
     {

@@ -1,4 +1,4 @@
-// The form of the two files, whatever they hold.
+// The layout of the two files.
 #include <quillmere/store/state_store.hpp>
 
 #include <gtest/gtest.h>
@@ -40,7 +40,7 @@ std::size_t indentationOf(const std::string& line) { return line.find_first_not_
 
 constexpr std::string_view behindKey = "\" : ";
 
-/// The key of a line that holds a member; empty for any other line.
+/// The key of a line with a member; empty for any other line.
 std::string keyIn(const std::string& line)
 {
     const std::size_t begin = indentationOf(line) + 1;
@@ -51,7 +51,7 @@ std::string keyIn(const std::string& line)
 TEST_F(StateFileForm, hasTheKeysOfEveryObjectInByteOrder)
 {
     for (const std::string& text : texts()) {
-        // The last key seen at each indentation, forgotten where a new object begins.
+        // The last key at each indentation; removed when a new object begins.
         std::map<std::size_t, std::string> lastKeys;
         std::size_t keyCount = 0;
         for (const std::string& line : linesOf(text)) {

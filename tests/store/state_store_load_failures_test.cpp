@@ -1,4 +1,4 @@
-// A state file that is there and cannot be used: always an error, never a fresh state, and the file stays.
+// A state file that exists but cannot be used is an error, never an initial state; the file is unchanged.
 #include <quillmere/store/state_store.hpp>
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// What a load gives, and what it refuses to invent.
+// Loading a state.
 #include <quillmere/store/state_store.hpp>
 
 #include <gtest/gtest.h>

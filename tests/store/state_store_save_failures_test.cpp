@@ -1,4 +1,4 @@
-// A save that fails: each file is the old or the new one, whole, and nothing else is left.
+// A save that fails leaves each file complete, old or new, and no other files.
 #include <quillmere/store/state_store.hpp>
 
 #include <gtest/gtest.h>
@@ -81,7 +81,7 @@ TEST_F(SaveFailure, thatGoesUnreportedLeavesNoTemporaryFileEither)
     expectFilesOf(oldState);
 }
 
-TEST_F(SaveFailure, passesOnWhateverWasThrown)
+TEST_F(SaveFailure, passesOnTheException)
 {
     const auto throwNumber = [](const fs::path&, const fs::path&) { throw 42; };
     EXPECT_THROW(StateStore(directory.path(), throwNumber).save(newState), int);

@@ -1,4 +1,4 @@
-// What a save leaves behind, and the way there.
+// The files after a save, and the steps of a save.
 #include <quillmere/store/state_store.hpp>
 
 #include <gtest/gtest.h>
@@ -186,7 +186,7 @@ TEST(Save, leavesTheLeftoversOfACrashAlone)
     EXPECT_EQ(textOf(directory.path() / leftover), "cut sho");
 }
 
-TEST(Save, replacesALinkAndNotWhatItLeadsTo)
+TEST(Save, replacesALinkAndNotItsTarget)
 {
     const TemporaryDirectory directory;
     const StateStore store = storeIn(directory.path());

@@ -1,5 +1,5 @@
-// Memory that runs out in the middle of a save or a load: every file is the old or the new one, whole,
-// nothing is left lying about, on disk or in memory.
+// Allocations that fail during a save or a load: every file is complete, old or new, and nothing is left
+// over, on disk or in memory.
 #include <quillmere/store/state_store.hpp>
 
 #include <gtest/gtest.h>
@@ -34,14 +34,14 @@ protected:
         oldAgentText = textOf(store.agentStateURL());
     }
 
-    /// Checks both files after a failure, and puts the old ones back for the next.
+    /// Checks both files after a failure, and restores the old ones for the next.
     void expectWholeFiles(bool threw)
     {
         const std::string text = textOf(store.stateURL());
         const std::string agentText = textOf(store.agentStateURL());
         EXPECT_TRUE(text == oldText || text == newText) << text;
         EXPECT_TRUE(agentText == oldAgentText || agentText == newAgentText) << agentText;
-        // Only a failure of the clean-up goes unreported: the work was done then.
+        // Only a failure of the clean-up is not reported, after the work is done.
         EXPECT_TRUE(threw || agentText == newAgentText);
         EXPECT_EQ(directory.names(), (std::vector<std::string>{"agent-state.json", "state.json"}));
         writeText(store.stateURL(), oldText);
@@ -103,9 +103,9 @@ TEST_F(StoreAllocations, failingInALoadAreReportedAndLeaveNothingBehind)
     EXPECT_EQ(textOf(store.stateURL()), newText);
 }
 
-TEST_F(StoreAllocations, failingInALoadThatFailsAnywayLeaveNothingBehind)
+TEST_F(StoreAllocations, failingInALoadOfABrokenFileLeaveNothingBehind)
 {
-    // A refusal builds a message, which takes memory as well.
+    // A refusal allocates for its message.
     std::string spoilt = newText;
     spoilt.replace(spoilt.find("\"energy\" : 4"), 12, "\"energy\" : \"\"");
     writeText(store.stateURL(), spoilt);

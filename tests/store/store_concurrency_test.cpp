@@ -1,4 +1,4 @@
-// Several that write and read one directory at once: every reader sees whole files.
+// Several threads write and read one directory at once: every reader sees complete files.
 #include <quillmere/store/state_store.hpp>
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@ namespace {
 
 constexpr int rounds = 60;
 
-/// A state whose file is many pages long, so that a partial one would be seen.
+/// A state with a file of many pages, so that an incomplete file would be noticed.
 QuillmereState longState(unsigned number)
 {
     QuillmereState state = fullState();

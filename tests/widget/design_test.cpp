@@ -1,4 +1,4 @@
-// The vocabulary of looks.
+// Design values.
 #include <quillmere/widget/design.hpp>
 
 #include <gtest/gtest.h>

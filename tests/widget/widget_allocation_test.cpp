@@ -1,4 +1,4 @@
-// Memory that runs out on the widget's side.
+// Allocations that fail on the widget's side.
 #include <quillmere/widget/widget_snapshot_store.hpp>
 #include <quillmere/widget/widget_timeline_plan.hpp>
 
@@ -58,7 +58,7 @@ TEST_F(WidgetStoreAllocations, failingInASaveLeaveAWholeFile)
                             [&](bool threw) {
                                 leaking += blocksInUse() == blocks ? 0 : 1;
                                 const std::string text = textOf(store.snapshotURL());
-                                // Only a failure of the clean-up goes unreported.
+                                // Only a failure of the clean-up is not reported.
                                 EXPECT_TRUE(text == newText || (threw && text == oldText));
                                 EXPECT_EQ(directory.names().size(), 1u);
                                 writeText(store.snapshotURL(), oldText);
@@ -68,15 +68,15 @@ TEST_F(WidgetStoreAllocations, failingInASaveLeaveAWholeFile)
     EXPECT_EQ(textOf(store.snapshotURL()), newText);
 }
 
-TEST_F(WidgetStoreAllocations, failingInALoadAreReportedAsSuch)
+TEST_F(WidgetStoreAllocations, failingInALoadAreReportedAsBadAlloc)
 {
     store.save(newSnapshot);
-    // Not as a summary that is unreadable: it may be read again when there is memory.
+    // Not as `unreadable`: the summary can be read when there is memory again.
     expectReportedFailings(
         5, [&] { EXPECT_EQ(store.load(), newSnapshot); }, parserAsksTwice);
 }
 
-TEST_F(WidgetStoreAllocations, failingInALoadThatFailsAnywayAreReportedAsSuch)
+TEST_F(WidgetStoreAllocations, failingInALoadOfABrokenFileAreReportedAsBadAlloc)
 {
     std::string text(JsonEncoder(JsonLayout::compact).encode(newSnapshot).view());
     text.replace(text.find("\"phase\":\"focusing\""), 18, "\"phase\":\"focusinG\"");

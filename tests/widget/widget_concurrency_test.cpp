@@ -1,4 +1,4 @@
-// An application and another program that write the widget's summary at once, and a widget that reads.
+// Two writers of the widget's summary at once, and a reader.
 #include <quillmere/widget/widget_snapshot_store.hpp>
 
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ TEST(WidgetSnapshotStore, showsReadersWholeFilesWhileTwoWrite)
     const TemporaryDirectory directory;
     const WidgetSnapshotStore store(directory.path());
     WidgetSnapshot snapshots[] = {WidgetSnapshot::empty(moment), WidgetSnapshot::placeholder(moment)};
-    // Many pages, so that a partial file would be seen.
+    // Many pages, so that an incomplete file would be noticed.
     snapshots[1].firstAction = std::string(100'000, 'a');
     store.save(snapshots[0]);
 

@@ -99,7 +99,7 @@ TEST(WidgetCountdown, ofABreakIgnoresThePausesOfTheSessionBefore)
     EXPECT_EQ(countdownOf(state, moment + 100), expected);
 }
 
-TEST(WidgetCountdown, isAbsentWhereTheStateLacksWhatItNeeds)
+TEST(WidgetCountdown, isAbsentWithoutATimer)
 {
     QuillmereState state = stateIn(WorkflowState::breaking);
     state.breakStartedAt.reset();

@@ -50,14 +50,6 @@ TEST(WidgetFamily, isSupportedInEverySizeTheSmallestFirst)
 
 TEST(WidgetFamily, isLargestAsExtraLarge) { EXPECT_EQ(largest<Family>, Family::extraLarge); }
 
-TEST(WidgetFamily, isDetailedInTwoSizesAndPrefersTwoColumnsInTheLargestOnly)
-{
-    EXPECT_EQ(layout(Family::large), Layout::detailed);
-    EXPECT_EQ(layout(Family::extraLarge), Layout::detailed);
-    EXPECT_FALSE(prefersTwoColumns(Family::large));
-    EXPECT_TRUE(prefersTwoColumns(Family::extraLarge));
-}
-
 TEST(WidgetLayout, hasTheseCasesInThisOrderWithTheseTexts)
 {
     constexpr std::array layouts{Layout::compact, Layout::split, Layout::detailed};

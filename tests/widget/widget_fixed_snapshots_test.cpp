@@ -1,4 +1,4 @@
-// The two summaries that come from no state.
+// The two fixed summaries.
 #include <quillmere/widget/widget_snapshot.hpp>
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// What a widget computes from its summary.
+// Progress values of the widget's summary.
 #include <quillmere/widget/widget_snapshot.hpp>
 
 #include <gtest/gtest.h>
@@ -126,7 +126,7 @@ TEST(BlockProgress, staysBetweenNoneAndAll)
     EXPECT_EQ(withSessions(least, 8).blockProgress(), 0.0);
 }
 
-TEST(HiddenOpenQuestionCount, isWhatIsCountedAndNotQuoted)
+TEST(HiddenOpenQuestionCount, isTheNumberOfQuestionsWithoutAText)
 {
     EXPECT_EQ(withQuestions(5, {"a", "b", "c"}).hiddenOpenQuestionCount(), 2);
     EXPECT_EQ(withQuestions(3, {"a", "b", "c"}).hiddenOpenQuestionCount(), 0);

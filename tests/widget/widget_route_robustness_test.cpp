@@ -1,4 +1,4 @@
-// Deep links that nobody would write: no text of any length or content may do harm.
+// Unusual deep links: no text of any length or content does harm.
 #include <quillmere/widget/widget_route.hpp>
 
 #include <gtest/gtest.h>
@@ -23,7 +23,7 @@ std::string repeated(std::string_view text, std::size_t count)
     return result;
 }
 
-TEST(WidgetRouteFromURL, refusesZeroBytesWhereverTheyStand)
+TEST(WidgetRouteFromURL, refusesZeroBytesAtEveryPlace)
 {
     const std::string link = "quillmere://u@open:1/focus?q#f";
     ASSERT_EQ(parsed(link), WidgetRoute::focus);
@@ -53,7 +53,7 @@ TEST(WidgetRouteFromURL, takesOrRefusesAnyLength)
 
 TEST(WidgetRouteFromURL, looksAtNoByteBehindTheText)
 {
-    // On the heap and without a terminator, so that a sanitizer would tell.
+    // On the heap and without a terminator, so that a sanitizer reports a read beyond the end.
     const std::string whole = "quillmere://u@open:1/%66ocus?%71#%66";
     for (std::size_t length = 0; length <= whole.size(); ++length) {
         const std::vector<char> bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));

@@ -1,4 +1,4 @@
-// Deep links: those that are made, and all that may come back.
+// Writing and reading of deep links.
 #include <quillmere/widget/widget_route.hpp>
 
 #include <gtest/gtest.h>
@@ -176,13 +176,13 @@ TEST(WidgetRouteFromURL, decodesPercentEncodingOnce)
         {"quillmere://open%00/focus", none},
         {"quillmere://open%2Ffocus", none},
         {"quillmere://open/f%C3%B6cus", none},
-        // A Kelvin sign is a K to those who fold all of Unicode.
+        // The Kelvin sign is a K by the case rules of Unicode.
         {"quillmere://open/brea%E2%84%AA", none},
     };
     expectRoutes(links);
 }
 
-TEST(WidgetRouteFromURL, refusesWhatIsMalformed)
+TEST(WidgetRouteFromURL, refusesMalformedText)
 {
     constexpr Link links[] = {
         {"quillmere://open/focus%", none},

@@ -29,7 +29,7 @@ protected:
     const WidgetSnapshot sample = WidgetSnapshot::placeholder(moment);
     const std::string sampleText{JsonEncoder(JsonLayout::compact).encode(sample).view()};
 
-    /// What a load fails with; none when it does not. Anything but a load error goes through.
+    /// The error of a load; absent when it succeeds. Other exceptions are passed on.
     std::optional<WidgetSnapshotLoadError> failure() const
     {
         try {
@@ -93,7 +93,7 @@ TEST_F(WidgetLoad, failsAsNotWrittenWithoutADirectory)
 
 TEST_F(WidgetLoad, failsAsUnreadableForAnEmptyObject) { EXPECT_EQ(failureWith("{}"), unreadable); }
 
-TEST_F(WidgetLoad, failsAsUnreadableForWhateverDoesNotDecode)
+TEST_F(WidgetLoad, failsAsUnreadableForAFileThatCannotBeDecoded)
 {
     const std::string texts[] = {
         "",
@@ -117,7 +117,7 @@ TEST_F(WidgetLoad, failsAsUnreadableForWhateverDoesNotDecode)
     }
 }
 
-TEST_F(WidgetLoad, failsAsUnreadableForWhatIsNoFile)
+TEST_F(WidgetLoad, failsAsUnreadableForAnythingButARegularFile)
 {
     fs::create_directory(store.snapshotURL());
     EXPECT_EQ(failure(), unreadable);
@@ -176,7 +176,7 @@ TEST_F(WidgetLoad, refusesASummaryOfANewerVersion)
               WidgetSnapshotLoadError::unsupported(std::numeric_limits<std::int64_t>::max(), 1));
 }
 
-TEST_F(WidgetLoad, takesASummaryOfAnOlderVersionAsItStands)
+TEST_F(WidgetLoad, acceptsASummaryOfAnOlderVersion)
 {
     for (const std::int64_t version :
          {std::int64_t{1}, std::int64_t{0}, std::int64_t{-1}, std::numeric_limits<std::int64_t>::min()}) {

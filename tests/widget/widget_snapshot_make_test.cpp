@@ -1,4 +1,4 @@
-// What the widget's summary takes from a state, but for the texts and the countdown.
+// The fields of the widget's summary, except the texts and the countdown.
 #include <quillmere/widget/widget_snapshot.hpp>
 
 #include <gtest/gtest.h>

@@ -20,7 +20,7 @@ const std::vector<std::string> oneFile = {"widget-snapshot.json"};
 
 WidgetSnapshot sample() { return WidgetSnapshot::placeholder(moment); }
 
-TEST(QuillmereAppGroup, holdsWhatBothSidesAgreeOn)
+TEST(QuillmereAppGroup, hasTheNamesThatBothSidesShare)
 {
     EXPECT_EQ(QuillmereAppGroup::identifier, "T5Q2N84LW7.quillmere");
     EXPECT_EQ(QuillmereAppGroup::widgetKind, "QuillmereStatusWidget");
@@ -155,7 +155,7 @@ TEST(WidgetSave, worksWithTheDurableMove)
 
 // When a save fails ----------------------------------------------------------------------------------
 
-/// A directory with one summary, and another to replace it with.
+/// A directory with one summary, and another summary that replaces it.
 class WidgetSaveFailure : public testing::Test {
 protected:
     const TemporaryDirectory directory;

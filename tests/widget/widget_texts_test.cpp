@@ -1,5 +1,5 @@
-// The texts and ratings of the widget's summary: which plan they come from, and what stands in for an
-// outcome that the plan does not name.
+// The texts and ratings of the widget's summary: which plan they come from, and which outcome is shown when
+// the plan names none.
 #include <quillmere/widget/widget_snapshot.hpp>
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@ namespace {
 
 WidgetSnapshot summaryOf(const QuillmereState& state) { return WidgetSnapshot::make(state, moment); }
 
-/// A state with two sessions by plans 1 and 2, plan 3 for the next, and all ratings apart.
+/// A state with sessions by plans 1 and 2, and plan 3 for the next session; all ratings are different.
 QuillmereState stateWithAllPlans(WorkflowState workflowState)
 {
     QuillmereState state = stateIn(workflowState);
@@ -27,7 +27,7 @@ QuillmereState stateWithAllPlans(WorkflowState workflowState)
     return state;
 }
 
-/// A state in focus whose plan names no outcome of its own, in a block with these titles.
+/// A focusing state whose plan has no intended outcome, in a block with these titles.
 QuillmereState focusWithoutOutcome(const std::vector<std::string>& titles, std::optional<std::size_t> chosen)
 {
     QuillmereState state = stateIn(WorkflowState::focusing);

@@ -1,4 +1,4 @@
-// What a widget shows when, and when it asks again.
+// The entries of a timeline, and the time of the next one.
 #include <quillmere/widget/widget_timeline_plan.hpp>
 
 #include <gtest/gtest.h>

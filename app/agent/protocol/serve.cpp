@@ -1,19 +1,18 @@
 #include "agent/protocol/serve.hpp"
 
 #include "agent/protocol/line_reader.hpp"
+#include "base/system/wait.hpp"
+#include "base/system/write.hpp"
 
 #include <fcntl.h>
 #include <malloc.h>
-#include <poll.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <climits>
-#include <limits>
+#include <chrono>
 #include <string>
-#include <system_error>
 #include <utility>
 
 namespace quillmere::agent::protocol {
@@ -22,8 +21,6 @@ namespace {
 /// While a client leaves this many bytes unread it is not heard, so that what waits for it does not grow.
 constexpr std::size_t mostUnsent = 1024 * 1024;
 constexpr std::size_t longestPiece = 65536;
-
-bool mayGoOn(int error) { return error == EINTR || error == EAGAIN; }
 
 class Connection {
 public:
@@ -42,7 +39,8 @@ private:
     static Moment now() { return std::chrono::steady_clock::now(); }
     bool isSending() const { return sent_ < output_.size(); }
     bool isHearing() const { return output_.size() - sent_ < mostUnsent; }
-    int millisecondsToWait() const;
+    /// Absent: until something happens.
+    std::optional<Moment::duration> timeToWait() const;
     void receiveSome();
     void handleLine();
     /// False when nobody reads any more.
@@ -64,27 +62,25 @@ bool Connection::step()
     }
     const bool isReading = isHearing() && reader_.isAtEnd() && !hasEnded_;
     enum { ending, input, output, changes };
-    std::array<pollfd, 4> watched = {{
-        {channels_.ending, POLLIN, 0},
-        {isReading ? channels_.in : -1, POLLIN, 0},
-        {channels_.out, static_cast<short>(isSending() ? POLLOUT : 0), 0},
-        {changes_.descriptor(), POLLIN, 0},
+    std::array<base::PollSource, 4> sources = {{
+        {channels_.ending},
+        {isReading ? channels_.in : -1},
+        {channels_.out, static_cast<short>(isSending() ? POLLOUT : 0)},
+        {changes_.descriptor()},
     }};
-    if (::poll(watched.data(), watched.size(), millisecondsToWait()) == -1 && !mayGoOn(errno)) {
-        throw std::system_error(errno, std::generic_category(), "poll");
-    }
-    if (watched[ending].revents != 0 || (watched[output].revents & ~POLLOUT) != 0) {
+    base::waitFor(sources, timeToWait());
+    if (sources[ending].isReady() || sources[output].hasFailed()) {
         return false;
     }
-    if (watched[output].revents != 0 && !sendSome()) {
+    if (sources[output].isReady() && !sendSome()) {
         return false;
     }
-    if (watched[changes].revents != 0) {
+    if (sources[changes].isReady()) {
         changes_.take();
         server_.expectResults();
     }
     server_.askAgain(now());
-    if (watched[input].revents != 0) {
+    if (sources[input].isReady()) {
         receiveSome();
     } else if (isHearing()) {
         handleLine();
@@ -93,18 +89,15 @@ bool Connection::step()
     return true;
 }
 
-int Connection::millisecondsToWait() const
+std::optional<Moment::duration> Connection::timeToWait() const
 {
     if (isHearing() && !reader_.isAtEnd()) {
-        return 0;
+        return Moment::duration::zero();
     }
     const std::optional<Moment> next = server_.nextTime();
-    if (!next) {
-        return -1;
-    }
-    // Rounded up: a moment too early there would be nothing to do but to wait again.
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(*next - now()).count();
-    return static_cast<int>(std::clamp<std::int64_t>(left, 0, std::numeric_limits<int>::max()));
+    const Moment present = now();
+    // A moment in the past may be as far back as Moment::min().
+    return next ? std::optional(std::max(*next, present) - present) : std::nullopt;
 }
 
 void Connection::receiveSome()
@@ -114,7 +107,7 @@ void Connection::receiveSome()
     if (count > 0) {
         bytes.resize(static_cast<std::size_t>(count));
         reader_.take(std::move(bytes));
-    } else if (count == 0 || !mayGoOn(errno)) {
+    } else if (count == 0 || (errno != EINTR && errno != EAGAIN)) {
         // What stands without a line end is a line too.
         reader_.take("\n");
         hasEnded_ = true;
@@ -137,13 +130,12 @@ void Connection::handleLine()
 
 bool Connection::sendSome()
 {
-    // What is writable takes this much without making anybody wait (pipe(7)).
-    const std::size_t most = std::min<std::size_t>(output_.size() - sent_, PIPE_BUF);
-    const ssize_t count = ::write(channels_.out, output_.data() + sent_, most);
-    if (count == -1) {
-        return mayGoOn(errno);
+    const base::WriteResult written =
+        base::writeWithoutWaiting(channels_.out, std::string_view(output_).substr(sent_));
+    if (written.error != 0) {
+        return false;
     }
-    sent_ += static_cast<std::size_t>(count);
+    sent_ += written.count;
     // By halves, so that long output is not moved again and again; into a new place, so that the old is free.
     if (sent_ >= output_.size() - sent_) {
         std::string(output_, sent_).swap(output_);

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <system_error>
 
-extern char** environ;  // NOLINT(readability-redundant-declaration): not everywhere declared
+extern char** environ;  // NOLINT(readability-redundant-declaration): not every system declares it
 
 namespace quillmere::base {
 namespace {
@@ -22,7 +22,7 @@ void requireStarted(int error, const std::string& program)
     }
 }
 
-/// What becomes of the channels of the new process.
+/// The standard channels of the new process.
 class Channels {
 public:
     explicit Channels(const ChildProgram& program)
@@ -35,7 +35,7 @@ public:
         }
         ::posix_spawn_file_actions_adddup2(&actions_, program.output == -1 ? STDERR_FILENO : program.output,
                                            STDOUT_FILENO);
-        // Also what this program was started with.
+        // Also descriptors that this program inherited, which may lack O_CLOEXEC.
         ::posix_spawn_file_actions_addclosefrom_np(&actions_, STDERR_FILENO + 1);
     }
     Channels(const Channels&) = delete;
@@ -48,7 +48,7 @@ private:
     posix_spawn_file_actions_t actions_;
 };
 
-/// Signals as a program expects them, whatever this one does with its own.
+/// No signal blocked and SIGPIPE at its default, whatever this program has set for itself.
 class UsualSignals {
 public:
     UsualSignals()
@@ -73,7 +73,7 @@ private:
     posix_spawnattr_t attributes_;
 };
 
-/// The pointers that exec(3) wants, ended by a null one.
+/// The null-terminated array of pointers that exec(3) takes.
 std::vector<char*> pointersTo(std::vector<std::string>& words)
 {
     std::vector<char*> pointers;
@@ -84,7 +84,7 @@ std::vector<char*> pointersTo(std::vector<std::string>& words)
     return pointers;
 }
 
-/// The environment with some variables in place of those of the same name.
+/// The environment of this process, with these variables added or replaced.
 std::vector<std::string> environmentWith(const std::vector<std::string>& variables)
 {
     std::vector<std::string> all = variables;
@@ -124,7 +124,7 @@ ChildEnding endingOf(pid_t child)
     if (ended == 0 || (ended == -1 && errno == EINTR)) {
         return {.hasEnded = false, .failure = {}};
     }
-    // Where the system takes leave of children by itself, nobody knows how they ended.
+    // waitpid(2) fails where SIGCHLD is ignored: the system has reaped the child, and its exit code is lost.
     if (ended == -1 || (WIFEXITED(status) && WEXITSTATUS(status) == 0)) {
         return {.hasEnded = true, .failure = {}};
     }

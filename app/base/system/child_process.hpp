@@ -1,4 +1,4 @@
-// Programs that are started and not waited for.
+// Child processes that run beside this one.
 #pragma once
 
 #include <sys/types.h>
@@ -16,20 +16,20 @@ struct ChildProgram {
     int output = -1;                          ///< its standard output; -1: where its messages go
 };
 
-/// Starts a program with no other file open than its standard channels and no signal held back. Throws
-/// `std::system_error` when it cannot be started.
+/// Starts a program with its three standard channels open and nothing else, and with no signal blocked.
+/// Throws `std::system_error` when it cannot be started.
 pid_t startChild(const ChildProgram& program);
 
 /// How a child has ended.
 struct ChildEnding {
     bool hasEnded;
-    std::string failure;  ///< "it ended with 3", "it was ended by signal 9"; empty: it has done well
+    std::string failure;  ///< "it ended with 3", "it was ended by signal 9"; empty: exit code 0
 };
 
-/// Takes leave of a child that has ended. Never waits.
+/// Whether and how a child has ended; reaps it if so. Never waits.
 ChildEnding endingOf(pid_t child);
 
-/// Ends a child at once, whatever it is doing, and takes leave of it.
+/// Ends a child by SIGKILL and reaps it.
 void killChild(pid_t child);
 
 }  // namespace quillmere::base

@@ -1,4 +1,4 @@
-// An open file without a path.
+// The owner of a descriptor.
 #pragma once
 
 #include <unistd.h>
@@ -7,9 +7,10 @@
 
 namespace quillmere::base {
 
-/// Owns the descriptor of a socket, a pipe or the like, and closes it.
+/// Owns the descriptor of a socket, a pipe, a watch or an open file, and closes it.
 class Descriptor {
 public:
+    /// -1: owns none.
     explicit Descriptor(int descriptor = -1) noexcept : descriptor_(descriptor) {}
     Descriptor(Descriptor&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
     Descriptor& operator=(Descriptor&& other) noexcept
@@ -24,7 +25,6 @@ public:
         }
     }
 
-    /// -1: none.
     int get() const noexcept { return descriptor_; }
 
 private:

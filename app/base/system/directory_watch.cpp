@@ -12,8 +12,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Files come by rename, which is a move; the rest is for directories that come and go, for files that others
-/// write in place, and for permissions that are given or taken.
+/// This program saves by rename, which is a move. The other events are for directories that are made and
+/// deleted, for other programs that write in place, and for changed permissions.
 constexpr std::uint32_t everyChange =
     IN_MOVE | IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_ATTRIB | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
 
@@ -36,10 +36,13 @@ DirectoryWatch::DirectoryWatch(fs::path directory)
 bool DirectoryWatch::takeChanges()
 {
     bool changed = false;
-    // Which file it was is not asked: one more look costs less than a change that is missed.
+    // Events of every file count: one needless reading costs less than a missed change.
     alignas(inotify_event) std::array<char, 4096> events;
     while (::read(events_.get(), events.data(), events.size()) > 0) {
         changed = true;
+    }
+    if (errno != EAGAIN && errno != EINTR) {
+        fail(directory_);  // a descriptor that stays readable would wake the caller again at once
     }
     if (changed) {
         watchNearest();
@@ -49,7 +52,7 @@ bool DirectoryWatch::takeChanges()
 
 void DirectoryWatch::watchNearest()
 {
-    // A directory that is made while this goes up the path is found by beginning again.
+    // A directory that is made during the search up the path is found by starting again.
     while (!tryToWatchNearest()) {
     }
 }

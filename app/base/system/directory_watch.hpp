@@ -1,4 +1,4 @@
-// Tells when files change, without looking again and again.
+// Watching a directory for changed files.
 #pragma once
 
 #include "base/system/descriptor.hpp"
@@ -7,23 +7,23 @@
 
 namespace quillmere::base {
 
-/// Watches one directory (inotify(7)), which need not exist yet and may go and come back: until it is
-/// there and may be read, what is watched is the nearest directory above it of which that is true.
+/// Watches one directory (inotify(7)), which need not exist and may be deleted and made again. Until the
+/// directory exists and is readable, watches its nearest ancestor that does.
 class DirectoryWatch {
 public:
-    /// Throws `std::system_error` when the system can watch no more.
+    /// Throws `std::system_error` when the system allows no more watches.
     explicit DirectoryWatch(std::filesystem::path directory);
 
-    /// For poll(2): readable when something has happened.
+    /// For `waitFor`: readable when something has changed.
     int descriptor() const noexcept { return events_.get(); }
 
-    /// Takes what has happened since the last call; whether a file in the directory may have changed. Never
-    /// waits.
+    /// Whether a file in the directory may have changed since the last call. Never waits. Throws
+    /// `std::system_error` when the changes cannot be read.
     bool takeChanges();
 
 private:
     void watchNearest();
-    /// False when what was missing has been made meanwhile.
+    /// False when a missing directory was made meanwhile, so that a nearer one can be watched.
     bool tryToWatchNearest();
 
     std::filesystem::path directory_;

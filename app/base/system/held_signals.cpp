@@ -42,7 +42,7 @@ HeldSignals::HeldSignals(std::initializer_list<int> signals)
 
 HeldSignals::~HeldSignals()
 {
-    // One that still waited would have its effect when it is let through.
+    // A pending signal would have its effect when it is unblocked.
     take();
     ::pthread_sigmask(SIG_SETMASK, &before_, nullptr);
 }

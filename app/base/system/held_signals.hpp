@@ -1,4 +1,4 @@
-// Signals that a program waits for like anything else.
+// Signals as a descriptor that a loop waits for.
 #pragma once
 
 #include "base/system/descriptor.hpp"
@@ -9,21 +9,21 @@
 
 namespace quillmere::base {
 
-/// Holds back signals for as long as it lives: they do nothing but can be waited for (signalfd(2)). One that
-/// the program was started to ignore, as nohup(1) has it, is still ignored. What has come and was not taken
-/// is forgotten.
+/// Blocks signals for as long as it lives, so that they can be waited for (signalfd(2)) and have no other
+/// effect. A signal that was ignored when the program started, as under nohup(1), stays ignored. At the end,
+/// signals that were not taken are dropped.
 class HeldSignals {
 public:
-    /// Throws `std::system_error` when the system has no descriptor for it.
+    /// Throws `std::system_error` when there is no descriptor left.
     explicit HeldSignals(std::initializer_list<int> signals);
     HeldSignals(const HeldSignals&) = delete;
     HeldSignals& operator=(const HeldSignals&) = delete;
     ~HeldSignals();
 
-    /// For poll(2): readable when one has come.
+    /// For `waitFor`: readable when a signal has arrived.
     int descriptor() const noexcept { return file_.get(); }
 
-    /// Those that have come since the last call. Never waits.
+    /// The signals since the last call. Never waits.
     std::vector<int> take() const;
 
 private:
@@ -31,7 +31,7 @@ private:
     Descriptor file_;
 };
 
-/// While it lives, writing where nobody reads is an error (EPIPE), not an end by SIGPIPE.
+/// While it lives, a write that nobody can read fails with EPIPE instead of ending the process by SIGPIPE.
 class BrokenPipesAreErrors {
 public:
     BrokenPipesAreErrors();
@@ -43,8 +43,8 @@ private:
     struct sigaction before_ {};
 };
 
-/// Does to this process what a signal does by default, also when it is held: ends it, so that whoever waits
-/// for it learns why, or stops it until it is told to go on, and returns.
+/// Gives a signal its default effect on this process, also while it is blocked. Ends the process, so that its
+/// parent sees the signal as the cause; or stops it (SIGTSTP) and returns when it continues.
 void haveUsualEffect(int signal);
 
 }  // namespace quillmere::base

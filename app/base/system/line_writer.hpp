@@ -1,4 +1,4 @@
-// Lines for somebody who may not be reading.
+// Messages for a reader who may not be reading.
 #pragma once
 
 #include <iosfwd>
@@ -6,14 +6,14 @@
 
 namespace quillmere::base {
 
-/// Writes lines, and never waits for their reader: a line for which there is no room, as behind Ctrl-S on a
-/// terminal or in a full pipe, is dropped, and so is one that cannot be written at all.
+/// Writes lines and never waits. A line is dropped when there is no room for it (a terminal stopped by
+/// Ctrl-S, a full pipe) and when it cannot be written at all.
 class LineWriter {
 public:
-    /// `descriptor`: that of the stream, which is then passed by; -1: there is none.
+    /// Writes to the descriptor, or to the stream when the descriptor is -1.
     LineWriter(std::ostream& stream, int descriptor) : stream_(stream), descriptor_(descriptor) {}
 
-    /// Writes the text as one inert line; of a long text the beginning.
+    /// Writes the text as one sanitized line. A long text is cut off at about PIPE_BUF / 3 bytes.
     void say(std::string_view text);
 
 private:

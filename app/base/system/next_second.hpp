@@ -1,4 +1,4 @@
-// When a shown clock moves on.
+// When a clock on the screen changes.
 #pragma once
 
 #include <quillmere/records/instant.hpp>
@@ -7,14 +7,14 @@
 
 namespace quillmere::base {
 
-/// How long to sleep, 1 to 1000, until the clock shows another second.
+/// Milliseconds until the clock shows the next second, 1 to 1000.
 inline int millisecondsToNextSecond(Instant now)
 {
     const double seconds = now.secondsSince1970();
     return static_cast<int>(std::ceil((std::floor(seconds) + 1 - seconds) * 1'000));
 }
 
-/// The same until it shows another minute, at most 60,000.
+/// Milliseconds until the clock shows the next minute, 1 to 60,000.
 inline int millisecondsToNextMinute(Instant now)
 {
     constexpr double minute = 60;

@@ -1,4 +1,4 @@
-// How much a terminal shows on a line.
+// The width of the terminal.
 #pragma once
 
 #include <cstddef>
@@ -6,8 +6,8 @@
 
 namespace quillmere::base {
 
-/// The columns of the terminal on standard output: what the variable COLUMNS says, or the terminal itself;
-/// absent where neither does.
+/// The columns of the terminal on standard output: from the variable COLUMNS, or else from the terminal.
+/// Absent when neither says.
 std::optional<std::size_t> terminalWidth();
 
 }  // namespace quillmere::base

@@ -41,7 +41,7 @@ std::string_view frontThatFits(std::string_view text, Room room)
     std::size_t length = 0;
     while (length < text.size()) {
         const std::string_view character = frontCharacter(text.substr(length));
-        taken += columns(character);
+        taken += columnsOf(character);
         if (taken > room.columns || length + character.size() > room.bytes ||
             character.size() > mostBytesOfACharacter) {
             break;
@@ -72,7 +72,7 @@ std::string_view withoutTrailingSpaces(std::string_view text)
 void addLine(std::vector<std::string>& lines, std::string_view line, std::size_t most)
 {
     std::string_view rest = withoutTrailingSpaces(line);
-    while (columns(rest) > most) {
+    while (columnsOf(rest) > most) {
         // One character at least, though it be wider than the line.
         const std::size_t length = std::max(frontThatFits(rest, {.columns = most, .bytes = noBound}).size(),
                                             frontCharacter(rest).size());
@@ -87,7 +87,7 @@ void addLine(std::vector<std::string>& lines, std::string_view line, std::size_t
 
 }  // namespace
 
-std::size_t columns(std::string_view text)
+std::size_t columnsOf(std::string_view text)
 {
     return static_cast<std::size_t>(std::max(u8_width(bytes(text), text.size(), encoding), 0));
 }
@@ -114,7 +114,7 @@ std::vector<std::string> wrapped(std::string_view text, std::size_t most)
         if (!isEnd && breaks[index] != UC_BREAK_POSSIBLE) {
             continue;
         }
-        const bool fits = columns(withoutTrailingSpaces(text.substr(begin, index - begin))) <= most;
+        const bool fits = columnsOf(withoutTrailingSpaces(text.substr(begin, index - begin))) <= most;
         if (!fits && lastBreak > begin) {
             addLine(lines, text.substr(begin, lastBreak - begin), most);
             begin = lastBreak;

@@ -9,8 +9,8 @@
 namespace quillmere::base {
 
 /// The columns that a text takes: none for marks that combine, two for wide characters (Unicode Standard
-/// Annex #11). For inert text; control characters take none.
-std::size_t columns(std::string_view text);
+/// Annex #11). For sanitized text; control characters take none.
+std::size_t columnsOf(std::string_view text);
 
 /// What a column may come to in a text that is cut. Marks that combine and characters without a width take
 /// no columns, so that columns alone are no bound; nothing that is meant to be read takes as much.

@@ -76,7 +76,7 @@ std::string sanitized(std::string_view text)
     return result;
 }
 
-std::string inertJson(std::string_view json)
+std::string sanitizedJson(std::string_view json)
 {
     constexpr std::string_view digits = "0123456789abcdef";
     std::string result;

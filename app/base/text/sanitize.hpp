@@ -13,7 +13,7 @@ namespace quillmere::base {
 std::string sanitized(std::string_view text);
 
 /// JSON text with all of these that JSON allows inside strings escaped.
-std::string inertJson(std::string_view json);
+std::string sanitizedJson(std::string_view json);
 
 /// Whether the text is well-formed UTF-8.
 bool isText(std::string_view text);

@@ -1,5 +1,7 @@
 #include "base/text/style.hpp"
 
+#include "base/text/accents.hpp"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
@@ -7,17 +9,11 @@
 namespace quillmere::base {
 namespace {
 
-// Select Graphic Rendition (ECMA-48).
-std::string_view colourOf(QuillmereDesign::Accent accent)
+/// Select Graphic Rendition (ECMA-48): bold, in a basic colour.
+std::string sequenceFor(QuillmereDesign::Accent accent)
 {
-    switch (accent) {
-        case QuillmereDesign::Accent::focus: return "\x1b[1;31m";
-        case QuillmereDesign::Accent::rest: return "\x1b[1;32m";
-        case QuillmereDesign::Accent::plan: return "\x1b[1;34m";
-        case QuillmereDesign::Accent::review: return "\x1b[1;35m";
-        case QuillmereDesign::Accent::neutral: break;
-    }
-    return "\x1b[1m";
+    const short colour = coloursOf(accent).of16;
+    return colour == usualColour ? "\x1b[1m" : "\x1b[1;3" + std::to_string(colour) + "m";
 }
 
 bool isSet(const char* variable)
@@ -41,7 +37,7 @@ std::string Style::wrapped(std::string_view text, std::string_view sequence) con
 
 std::string Style::accented(std::string_view text, QuillmereDesign::Accent accent) const
 {
-    return wrapped(text, colourOf(accent));
+    return wrapped(text, sequenceFor(accent));
 }
 
 std::string Style::dimmed(std::string_view text) const { return wrapped(text, "\x1b[2m"); }

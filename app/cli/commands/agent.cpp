@@ -22,7 +22,8 @@ void addAgent(CLI::App& line, Program& program)
     command->callback([serve, &program] {
         if (!*serve) {
             program.action = [&program] {
-                program.environment().out << base::inertJson(agent::summaryText(program.workspace())) << '\n';
+                program.environment().out << base::sanitizedJson(agent::summaryText(program.workspace()))
+                                          << '\n';
             };
         }
     });

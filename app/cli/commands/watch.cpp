@@ -1,6 +1,7 @@
 // Lets time pass without a screen, and gives notices on the desktop.
 #include "notices/watch.hpp"
 #include "cli/commands/commands.hpp"
+#include "notices/notifier_process.hpp"
 
 #include <map>
 #include <memory>
@@ -16,10 +17,10 @@ void addWatch(CLI::App& line, Program& program)
     CLI::App* const app = addCommand(
         line, program, "watch", "Let time pass, and give notices on the desktop", [settings, &program] {
             settings->json = program.settings().json;
-            settings->notifier = notices::notifierProgram();
-            notices::Watch(program.workspace(), program.environment(), *settings).run();
+            notices::NotifierProcess notifier(notices::notifierProgram());
+            notices::Watch(program.workspace(), program.environment(), *settings, notifier).run();
         });
-    app->add_flag("--once", settings->once, "Only give what is due, then end");
+    app->add_flag("--once", settings->once, "Give the notices that are due, then end");
     app->add_option("--urgency", settings->urgency, "How urgent the notices are: normal (usual)")
         ->type_name("{low,normal,critical}")
         ->transform(CLI::CheckedTransformer(urgencies).description(""));

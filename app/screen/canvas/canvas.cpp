@@ -84,7 +84,7 @@ std::size_t Canvas::write(Place place, std::string_view text, Look look, std::si
     std::size_t taken = 0;
     for (std::string_view rest = shown; !rest.empty();) {
         const std::string_view character = rest.substr(0, json::frontSequence(rest).length);
-        const std::size_t width = base::columns(character);
+        const std::size_t width = base::columnsOf(character);
         if (width > 0) {
             put(character, width, look, {place.row, place.column + taken});
             taken += width;

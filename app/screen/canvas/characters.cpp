@@ -26,6 +26,6 @@ std::size_t beforeCharacter(std::string_view text, std::size_t offset)
     return before ? static_cast<std::size_t>(before - begin) : 0;
 }
 
-std::size_t shownColumns(std::string_view text) { return base::columns(base::sanitized(text)); }
+std::size_t shownColumns(std::string_view text) { return base::columnsOf(base::sanitized(text)); }
 
 }  // namespace quillmere::screen

@@ -56,7 +56,7 @@ void Flow::line(std::string_view text, Look look, std::size_t indent)
 
 void Flow::centred(std::string_view text, Look look)
 {
-    const std::size_t taken = std::min(base::columns(base::sanitized(text)), area_.columns);
+    const std::size_t taken = std::min(base::columnsOf(base::sanitized(text)), area_.columns);
     line(text, look, (area_.columns - taken) / 2);
 }
 

@@ -18,7 +18,7 @@ std::vector<std::vector<KeyHint>> rowsOfHints(const std::vector<KeyHint>& hints,
     std::vector<std::vector<KeyHint>> rows(1);
     std::size_t taken = 0;
     for (const KeyHint& hint : hints) {
-        const std::size_t width = base::columns(hint.key) + 1 + base::columns(hint.label);
+        const std::size_t width = base::columnsOf(hint.key) + 1 + base::columnsOf(hint.label);
         if (taken > 0 && taken + gap + width > most && rows.size() < mostKeyRows) {
             rows.emplace_back();
             taken = 0;

@@ -1,6 +1,8 @@
 #include "screen/terminal/terminal.hpp"
 
 #include "base/refusal.hpp"
+#include "base/system/terminal_charset.hpp"
+#include "base/text/accents.hpp"
 #include "base/text/style.hpp"
 #include "screen/terminal/interruptible_write.hpp"
 #include "screen/terminal/restore_terminal.hpp"
@@ -8,7 +10,6 @@
 // Makes curses declare functions instead of macros where it can.
 #define NCURSES_NOMACROS
 #include <curses.h>
-#include <langinfo.h>
 #include <sys/ioctl.h>
 #include <term.h>
 #include <termios.h>
@@ -28,24 +29,6 @@
 namespace quillmere::screen {
 namespace {
 
-/// A colour for terminals of 16 colours, and a softer colour for terminals of 256.
-struct Colour {
-    QuillmereDesign::Accent value;
-    short basic;
-    short of256;
-};
-
-constexpr short usualColour = -1;
-constexpr auto colours = std::to_array<Colour>({
-    {QuillmereDesign::Accent::focus, COLOR_RED, 209},
-    {QuillmereDesign::Accent::rest, COLOR_GREEN, 114},
-    {QuillmereDesign::Accent::plan, COLOR_BLUE, 75},
-    {QuillmereDesign::Accent::review, COLOR_MAGENTA, 177},
-    {QuillmereDesign::Accent::neutral, usualColour, usualColour},
-});
-static_assert(inCaseOrder(colours) &&
-              colours.size() == EnumerationTable<QuillmereDesign::Accent>::rows.size());
-
 constexpr short pairOf(QuillmereDesign::Accent accent)
 {
     return static_cast<short>(static_cast<int>(accent) + 1);
@@ -58,8 +41,8 @@ bool setUpColours()
         ::use_default_colors() == ERR) {
         return false;
     }
-    for (const Colour& colour : colours) {
-        ::init_pair(pairOf(colour.value), COLORS >= 256 ? colour.of256 : colour.basic, usualColour);
+    for (const base::AccentColours& colours : base::accentColours) {
+        ::init_pair(pairOf(colours.value), COLORS >= 256 ? colours.of256 : colours.of16, base::usualColour);
     }
     return true;
 }
@@ -94,10 +77,15 @@ std::optional<Key> functionKey(int code)
     return std::nullopt;
 }
 
-Charset charsetOfTheLocale()
+/// Sets the locale that curses draws by. C.UTF-8 stands in for one of UTF-8 that is not installed here.
+Charset takeOverLocale()
 {
-    std::setlocale(LC_CTYPE, "");
-    return std::string_view(::nl_langinfo(CODESET)) == "UTF-8" ? Charset::unicode : Charset::ascii;
+    if (!base::terminalUsesUtf8()) {
+        std::setlocale(LC_CTYPE, "");
+        return Charset::ascii;
+    }
+    const bool isSet = std::setlocale(LC_CTYPE, "") || std::setlocale(LC_CTYPE, "C.UTF-8");
+    return isSet ? Charset::unicode : Charset::ascii;
 }
 
 constexpr std::size_t mostCharactersOfCell = CCHARW_MAX;
@@ -152,7 +140,7 @@ void Terminal::Delete::operator()(::screen* terminal) const
     ::delscreen(terminal);
 }
 
-Terminal::Terminal() : charset_(charsetOfTheLocale()), keyReader_(charset_)
+Terminal::Terminal() : charset_(takeOverLocale()), keyReader_(charset_)
 {
     if (canShowScreens()) {
         screen_.reset(::newterm(nullptr, stdout, stdin));

@@ -1,4 +1,4 @@
-// The content of a file on its way, where it need not be in memory as a whole.
+// Streaming of file content, so that it need not be in memory as a whole.
 #pragma once
 
 #include <functional>
@@ -6,11 +6,11 @@
 
 namespace quillmere {
 
-/// Takes a content piece by piece, in order. A piece is of use during the call only. What it throws ends
-/// the way of the content.
+/// Receives content piece by piece, in order. A piece is valid only during the call. An exception stops the
+/// source and reaches its caller.
 using ByteSink = std::function<void(std::string_view piece)>;
 
-/// Hands a whole content to a sink.
+/// Produces content: calls the sink for each piece until all of it is delivered.
 using ByteSource = std::function<void(const ByteSink& sink)>;
 
 }  // namespace quillmere

@@ -1,4 +1,4 @@
-// The bytes of a whole file in memory.
+// A growing buffer for the bytes of a file.
 #pragma once
 
 #include <cstddef>
@@ -8,17 +8,17 @@
 
 namespace quillmere {
 
-/// An owned run of bytes that grows without being filled first. What it holds is followed by `slack` zero
-/// bytes that are not part of it, so that a parser may read a little past the end; only one that has never
-/// been given anything, or was moved from, has none. Every
-/// allocation can throw `std::bad_alloc` and then changes nothing.
+/// A buffer whose new memory is not initialised before it is written. `slack` zero bytes follow the content,
+/// so that a parser may read past its end; they do not count in `size`. An empty buffer that has never
+/// allocated, or was moved from, has no slack. Every allocation may throw `std::bad_alloc`; the buffer is
+/// then unchanged.
 class Bytes {
 public:
     static constexpr std::size_t slack = 64;
 
     Bytes() noexcept = default;
 
-    // What was moved from is empty.
+    // A buffer that was moved from is empty.
     Bytes(Bytes&& other) noexcept
         : storage_(std::move(other.storage_)),
           size_(std::exchange(other.size_, 0)),
@@ -40,15 +40,15 @@ public:
     std::size_t capacity() const noexcept { return capacity_; }
     std::string_view view() const noexcept { return {storage_.get(), size_}; }
 
-    /// Room for at least `count` bytes behind those already held; returns where they go. The bytes
-    /// count once `commit` has been called. Invalidates earlier pointers.
+    /// Makes room for at least `count` more bytes and returns the place to write them. Invalidates earlier
+    /// pointers. The bytes belong to the content once `commit` is called.
     char* reserve(std::size_t count);
 
-    /// Takes over `count` bytes written to the place that `reserve` returned.
+    /// Adds the `count` bytes that were written to the place from `reserve` to the content.
     void commit(std::size_t count) noexcept;
 
 private:
-    std::unique_ptr<char[]> storage_;  ///< capacity_ + slack bytes, or none
+    std::unique_ptr<char[]> storage_;  ///< capacity_ + slack bytes, or null
     std::size_t size_ = 0;
     std::size_t capacity_ = 0;
 };

@@ -19,7 +19,7 @@ std::int64_t checkedMagnitude(std::int64_t value) { return value < 0 ? checkedDi
 std::int64_t wholeSeconds(double seconds)
 {
     const double floored = std::floor(seconds);
-    // Written so that a value that is not a number fails the test.
+    // A comparison with NaN is false, so NaN fails this test.
     if (!(floored >= -0x1p63 && floored < 0x1p63)) {
         fatalError("quillmere: a duration is not a number of seconds that fits 64 bits");
     }

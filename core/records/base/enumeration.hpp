@@ -1,8 +1,8 @@
-// Enumerations that are stored as texts: one table each, everything else derived from it.
+// Enumerations with a text for each case. Each has one table, and the functions below work on it.
 //
-// What belongs to an enumeration stands beside it as free functions, named by one rule: a property
-// `p` of a case is `p(value)`; a case made from something labelled `x` is `fromX<Enumeration>(value)`;
-// a constant `c` of the whole enumeration is `c<Enumeration>`.
+// The properties of an enumeration are free functions beside it, with names by one rule: a property `p` of a
+// case is `p(value)`; the case that belongs to an `x` is `fromX<Enumeration>(x)`; a constant `c` of the whole
+// enumeration is `c<Enumeration>`.
 #pragma once
 
 #include <quillmere/records/base/fatal_error.hpp>
@@ -23,7 +23,8 @@ struct RawText {
     std::string_view text;
 };
 
-/// The table of an enumeration, specialised beside it: `rows`, an array of RawText in case order.
+/// The table of an enumeration, specialised beside it: `rows`, an array in case order, whose elements have
+/// at least the members of RawText.
 template <class Enumeration>
 struct EnumerationTable;
 
@@ -33,7 +34,7 @@ concept RawEnumeration = std::is_enum_v<Enumeration> && requires
     EnumerationTable<Enumeration>::rows;
 };
 
-/// Whether row i of a table describes case i, so that a case is its own index. Every table asserts it.
+/// Whether row i of a table is about case i, so that a case is the index of its row. Asserted for each table.
 template <class Rows>
 constexpr bool inCaseOrder(const Rows& rows)
 {
@@ -45,8 +46,8 @@ constexpr bool inCaseOrder(const Rows& rows)
     return true;
 }
 
-/// The row of a case in a table that holds the cases in order. A value that is no case of the
-/// enumeration is a fatal error.
+/// The row of a case in a table in case order. A value that is not a case of the enumeration is a fatal
+/// error.
 template <class Rows, class Enumeration>
 constexpr const auto& rowOf(const Rows& rows, Enumeration value)
 {
@@ -57,7 +58,7 @@ constexpr const auto& rowOf(const Rows& rows, Enumeration value)
     return rows[index];
 }
 
-/// The text under which a case is stored.
+/// The text of a case.
 template <RawEnumeration Enumeration>
 constexpr std::string_view rawValue(Enumeration value)
 {
@@ -65,7 +66,7 @@ constexpr std::string_view rawValue(Enumeration value)
     return rowOf(EnumerationTable<Enumeration>::rows, value).text;
 }
 
-/// The case that is stored as `text`; absent for any other text.
+/// The case with this text; absent for any other text.
 template <RawEnumeration Enumeration>
 constexpr std::optional<Enumeration> fromRawValue(std::string_view text)
 {

@@ -1,4 +1,4 @@
-// What goes wrong between records and JSON text.
+// Errors of reading and writing JSON.
 #pragma once
 
 #include <cstddef>
@@ -8,15 +8,14 @@
 
 namespace quillmere {
 
-/// Common to both directions: an error at one place of a document. The place is a path of keys as
-/// they stand in the file, for example `current_block.sessions[2].plan.energy`; empty for the
-/// document as a whole.
+/// An error at one place in a document. The path of the place has the keys of the file, for example
+/// `current_block.sessions[2].plan.energy`; it is empty for the document as a whole.
 class CodingError : public std::exception {
 public:
     const std::string& path() const noexcept { return path_; }
     const char* what() const noexcept override { return message_.c_str(); }
 
-    /// Puts a key, or an index, in front of the path: called on the way out of nested values.
+    /// Adds a key, or an index, in front of the path. Called while the error leaves nested values.
     void prependKey(std::string_view key);
     void prependIndex(std::size_t index);
 
@@ -31,7 +30,7 @@ private:
     std::string message_;
 };
 
-/// A text is not well-formed JSON, or does not hold the record that was asked for.
+/// A text is not well-formed JSON, or does not contain the expected record.
 class DecodingError : public CodingError {
 public:
     DecodingError(std::string expected, std::string found);
@@ -44,7 +43,7 @@ private:
     std::string found_;
 };
 
-/// A value has no JSON form: a duration or an instant that is not finite, or an instant outside the
+/// A value cannot be written as JSON: a duration or an instant that is not finite, or an instant outside the
 /// years 0000 to 9999.
 class EncodingError : public CodingError {
 public:

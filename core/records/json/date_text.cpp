@@ -47,7 +47,7 @@ unsigned twoDigits(const char* digits)
     return tens <= 9 && ones <= 9 ? tens * 10 + ones : 100;
 }
 
-/// What follows the seconds, "Z" or ±hh:mm, in seconds east of UTC.
+/// The offset after the seconds, "Z" or ±hh:mm, in seconds east of UTC.
 std::optional<std::int64_t> offsetFromText(std::string_view text)
 {
     if (text == "Z") {
@@ -132,7 +132,8 @@ std::optional<Instant> instantFromDateText(std::string_view text) noexcept
     const std::int64_t daysSince1970 = sys_days(date).time_since_epoch().count();
     const std::int64_t secondOfDay = hour * 3600 + minute * 60 + second;
     const std::int64_t seconds = daysSince1970 * secondsPerDay + secondOfDay - *offset;
-    // An offset can lead out of the years that can be written: what is read can be saved again.
+    // The offset may move the instant out of the years that can be written. An instant that is read must be
+    // writable again.
     const bool canBeWritten = seconds >= firstSecond && seconds < endSecond;
     return canBeWritten ? std::optional(Instant(static_cast<double>(seconds))) : std::nullopt;
 }

@@ -1,4 +1,4 @@
-// Instants as text: the internet date-time form of ISO 8601 (RFC 3339), whole seconds.
+// Instants as text: RFC 3339 (a profile of ISO 8601) with whole seconds.
 #pragma once
 
 #include <quillmere/records/instant.hpp>
@@ -25,9 +25,9 @@ std::string dateText(Instant instant);
 /// Writes the same text into `dateTextLength` characters. `instant` must satisfy hasDateText.
 void putDateText(char* destination, Instant instant) noexcept;
 
-/// Reads `YYYY-MM-DDThh:mm:ss` followed by "Z" or an offset `±hh:mm`. Absent for any other text, for
-/// a day that the calendar does not have, for a second 60, and for an instant that its offset moves out
-/// of the years 0000 to 9999.
+/// Reads `YYYY-MM-DDThh:mm:ss` followed by "Z" or an offset `±hh:mm`. Absent for any other text, for a day
+/// that does not exist, for the second 60, and for an instant that the offset moves out of the years 0000 to
+/// 9999.
 std::optional<Instant> instantFromDateText(std::string_view text) noexcept;
 
 }  // namespace quillmere::json

@@ -1,8 +1,8 @@
 // Reads records by their tables.
 //
-// Each object is taken in one pass, its fields straight into their places. An error of one field does
-// not end the pass: the rest must be well-formed as well, and a later key of the same name may still
-// replace the value. At the end the first bad field in table order decides.
+// An object is read in one pass, each value directly into its field. An error in one field does not end the
+// pass: the rest must be well-formed too, and a later key with the same name may still replace the value.
+// After the pass the first bad field in table order is reported.
 #pragma once
 
 #include <quillmere/records/identifier.hpp>
@@ -26,7 +26,7 @@ namespace quillmere::json {
 
 // Values of every kind. ------------------------------------------------------------------------------
 
-/// The value that a place holds before it is read.
+/// The value of a field before it is read.
 template <class Value>
 Value blank()
 {
@@ -45,7 +45,7 @@ Value blank()
     }
 }
 
-/// Turns into a blank value in the place where one is made, rather than being moved there.
+/// Converts to a blank value, so that emplace constructs it in place instead of moving it.
 template <class Value>
 struct Blank {
     operator Value() const { return blank<Value>(); }
@@ -91,7 +91,7 @@ void readInto(Node<Json>& node, std::vector<Element>& list, std::size_t depth)
     for (auto result : node.list()) {
         Node element(checked(std::move(result)));
         if (list.empty()) {
-            // A block is planned with eight sessions by default, so most lists never grow.
+            // Most lists have at most eight elements, as a block has eight sessions by default.
             list.reserve(8);
         }
         list.emplace_back(Blank<Element>());
@@ -109,7 +109,7 @@ void readInto(Node<Json>& node, std::vector<Element>& list, std::size_t depth)
 
 // Records. -------------------------------------------------------------------------------------------
 
-/// Reads one field; whether it is there is the result: false for a null that counts as missing.
+/// Reads one field. Returns whether it has a value: false for a null that counts as missing.
 template <class Field>
 bool readField(Node<ondemand::value>& value, typename Field::Record& record, std::size_t depth)
 {
@@ -130,14 +130,14 @@ bool readField(Node<ondemand::value>& value, typename Field::Record& record, std
     return true;
 }
 
-/// Gives a field whose key is not there what its rule says, or throws.
+/// Sets a field whose key is missing by its rule; throws when the field is required.
 template <class Field>
 void supplyMissing(typename Field::Record& record)
 {
     if constexpr (isMadeWhenMissing<typename Field::Rule>) {
         record.*Field::member = Field::Rule::value(record);
     } else if constexpr (Field::isOptional) {
-        // An earlier object under the same key may have left a value.
+        // The key of the object may occur twice, and the first object may have set this field.
         (record.*Field::member).reset();
     } else {
         DecodingError error(expected(noValue<typename Field::Value>), "nothing");
@@ -167,8 +167,8 @@ struct RecordRows {
     }(static_cast<Fields<Record>*>(nullptr));
 };
 
-/// Finds the rows of the keys of one object as they come. Files hold their keys sorted, so the next
-/// key is nearly always the next row's in that order.
+/// Finds the row of each key of one object. The keys of a file are sorted, so the search begins with the row
+/// after the last one found, in sorted order.
 template <HasTable Record>
 class RowFinder {
 public:
@@ -205,7 +205,7 @@ private:
         return longest;
     }
 
-    /// Whether a key of the file, up to its closing quote, is this one letter by letter.
+    /// Whether a key of the file, up to its closing quote, is exactly this key.
     static bool isKey(const char* raw, std::string_view key)
     {
         static_assert(longestKey() < Bytes::slack, "a comparison must not leave the text");

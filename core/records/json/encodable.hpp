@@ -28,7 +28,7 @@ constexpr bool mayBeUnencodable<std::tuple<Row...>> = (mayBeUnencodable<typename
 template <HasTable Record>
 constexpr bool mayBeUnencodable<Record> = mayBeUnencodable<Fields<Record>>;
 
-/// Throws EncodingError with the place of the first value, in the order of the file, without a JSON form.
+/// Throws EncodingError for the first value, in the order of the file, that has no JSON form.
 template <class Value>
 void requireEncodable(const Value& value);
 

@@ -1,7 +1,7 @@
 // Writes records by their tables.
 //
-// All that is known before the program runs is one piece of text a field: separator, line break,
-// indentation, key and colon. The values go between the pieces; members are sorted at compile time.
+// For each field the compiler puts separator, line break, indentation, key and colon into one piece of text,
+// and sorts the pieces. At run time only the values are written between them.
 #pragma once
 
 #include <quillmere/records/base/enumeration.hpp>
@@ -16,7 +16,7 @@
 
 namespace quillmere::json {
 
-/// A line break and the indentation at a nesting depth, where the layout has any.
+/// A line break and the indentation at a nesting depth; empty in the compact layout.
 template <JsonLayout layout, std::size_t depth>
 constexpr auto lineBreak = [] {
     if constexpr (layout == JsonLayout::pretty) {
@@ -26,7 +26,7 @@ constexpr auto lineBreak = [] {
     }
 }();
 
-/// What stands between two members or elements.
+/// The text between two members or elements.
 template <JsonLayout layout, std::size_t depth>
 constexpr auto separator = FixedText(",") + lineBreak<layout, depth>;
 
@@ -40,8 +40,8 @@ constexpr auto memberStart = [] {
     }
 }();
 
-/// Values that are one token whatever surrounds them. The functions from here on write at `cursor`,
-/// where there is room for a token, and return the place behind what they wrote.
+/// Values of one token. These and the following functions write at `cursor`, where there is room for one
+/// token, and return the place after the written text.
 inline char* writeScalar(Writer&, char* cursor, bool value) { return putBoolean(cursor, value); }
 inline char* writeScalar(Writer&, char* cursor, std::int64_t value) { return putInteger(cursor, value); }
 inline char* writeScalar(Writer&, char* cursor, double value) { return putNumber(cursor, value); }
@@ -60,15 +60,15 @@ char* writeScalar(Writer& writer, char* cursor, Enumeration value)
     return writer.putString(cursor, rawValue(value));
 }
 
-/// Writes a text that is known at compile time, and makes room for one token after it.
+/// Writes a text, with room for one token after it.
 template <std::size_t length>
 char* putPiece(Writer& writer, char* cursor, const FixedText<length>& piece)
 {
     return putText(writer.ensure(cursor, length + longestToken), piece);
 }
 
-/// The same for the text that starts with a separator. The first one's comma gives way to the opening
-/// bracket.
+/// Writes a text that starts with a separator, with room for one token after it. For the first member or
+/// element, the opening bracket replaces the comma.
 template <char open, std::size_t length>
 char* putSeparated(Writer& writer, char* cursor, const FixedText<length>& piece, bool& isFirst)
 {
@@ -81,7 +81,8 @@ char* putSeparated(Writer& writer, char* cursor, const FixedText<length>& piece,
     return cursor;
 }
 
-/// Closes a container, which has only been opened if something is in it.
+/// Writes the closing bracket of a container; of an empty container both brackets, since `putSeparated` opens
+/// a container only for its first element.
 template <JsonLayout layout, std::size_t depth, FixedText brackets>
 char* putEnd(Writer& writer, char* cursor, bool isEmpty)
 {
@@ -156,8 +157,7 @@ char* writeRecord(Writer& writer, char* cursor, const Record& record)
 
 // Size. ----------------------------------------------------------------------------------------------
 
-/// About how many bytes a value takes: the text pieces as they are, and room for some escapes.
-/// Only saves the buffer from growing on the way, so it need not be exact.
+/// An estimate of the bytes that a value takes, so that the buffer seldom has to grow.
 template <class Value>
 std::size_t expectedSize(const Value& value)
 {
@@ -184,7 +184,7 @@ std::size_t expectedSize(const Value& value)
     }
 }
 
-/// Writes a value that has been checked.
+/// Writes a value that `requireEncodable` has accepted.
 template <class Value>
 Bytes encodeWith(JsonLayout layout, Writer writer, const Value& value)
 {

@@ -1,4 +1,4 @@
-// Texts that are put together while the library is compiled.
+// Texts that are concatenated at compile time.
 #pragma once
 
 #include <algorithm>

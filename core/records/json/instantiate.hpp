@@ -1,4 +1,4 @@
-// Compiles the writing and reading of one type; used once for each, beside the others of its folder.
+// Compiles the reading and writing of one type. Each type is compiled once, in a file of its own folder.
 #pragma once
 
 #include <quillmere/records/json/decode.hpp>

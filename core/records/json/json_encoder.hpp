@@ -7,26 +7,25 @@
 namespace quillmere {
 
 enum class JsonLayout {
-    pretty,   ///< a member a line, two spaces a level, " : " between key and value
-    compact,  ///< one line, no white space
+    pretty,   ///< one member on each line, two spaces for each level, " : " between key and value
+    compact,  ///< one line without white space
 };
 
-/// Writes a record as one JSON object, with its keys in snake_case, in ascending byte order. Instants
-/// are ISO 8601 text in UTC with whole seconds (RFC 3339), their fraction dropped toward the past;
-/// identifiers are upper-case text; doubles take the shortest text that reads back to the same bits.
-/// Slashes are not escaped, no line break stands at the end, and the text is valid UTF-8 always:
-/// ill-formed bytes of a text in memory become U+FFFD.
+/// Writes a record as one JSON object with keys in snake_case, sorted by bytes. An instant is ISO 8601 text
+/// in UTC with whole seconds (RFC 3339), rounded toward the past. An identifier is upper-case text. A double
+/// has the shortest text that reads back to the same bits. Slashes are not escaped, and no line break follows
+/// the object. The output is always valid UTF-8: ill-formed bytes of a text become U+FFFD.
 class JsonEncoder {
 public:
     explicit JsonEncoder(JsonLayout layout) noexcept : layout_(layout) {}
 
-    /// For every record and every enumeration of this library that is stored in a file. Throws EncodingError
-    /// for an instant or a duration without a JSON form, and `std::bad_alloc`.
+    /// `Value` is a record with a table (see `HasFields`) or an enumeration in such a record. Throws
+    /// EncodingError for an instant or a duration without a JSON form, or `std::bad_alloc`.
     template <class Value>
     Bytes encode(const Value& value) const;
 
-    /// The same text, to be handed to a sink without ever being in memory as a whole. The value is checked
-    /// here: EncodingError is thrown now or never. It must outlive the source, and stay as it is.
+    /// A source that writes the same text to a sink piece by piece. The value is checked in this call, so the
+    /// source itself throws no EncodingError. The value must outlive the source and must not change.
     template <class Value>
     ByteSource source(const Value& value) const;
     template <class Value>

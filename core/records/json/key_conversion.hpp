@@ -1,4 +1,4 @@
-// Keys between the fields' lowerCamelCase and the files' snake_case.
+// Converts keys between the lowerCamelCase of the fields and the snake_case of the files.
 #pragma once
 
 #include <quillmere/records/json/fixed_text.hpp>
@@ -9,7 +9,7 @@
 
 namespace quillmere::json {
 
-// ASCII only, and independent of the locale, as keys are.
+// For ASCII only, and independent of the locale.
 constexpr bool isLower(char character) { return character >= 'a' && character <= 'z'; }
 constexpr bool isUpper(char character) { return character >= 'A' && character <= 'Z'; }
 constexpr bool isDigit(char character) { return character >= '0' && character <= '9'; }
@@ -22,8 +22,8 @@ constexpr char toUpper(char character)
     return isLower(character) ? static_cast<char>(character - 'a' + 'A') : character;
 }
 
-/// Whether a word of a camelCase key starts at `index`: at a capital after a small letter or a digit,
-/// and at the last capital of a run that a small letter follows.
+/// Whether a word of a camelCase key starts at `index`: at a capital after a small letter or a digit, and at
+/// the last of several capitals if a small letter follows.
 constexpr bool startsWord(std::string_view key, std::size_t index)
 {
     if (index == 0 || !isUpper(key[index])) {
@@ -34,7 +34,7 @@ constexpr bool startsWord(std::string_view key, std::size_t index)
     return isLower(before) || isDigit(before) || endsRun;
 }
 
-/// Hands each character of the snake_case form to `put`.
+/// Calls `put` with each character of the snake_case form.
 template <class Put>
 constexpr void convertToSnakeCase(std::string_view key, Put put)
 {
@@ -46,8 +46,8 @@ constexpr void convertToSnakeCase(std::string_view key, Put put)
     }
 }
 
-/// Hands each character of the camelCase form to `put`: cut at each "_", the first word as it is,
-/// each later one with a capital and the rest small. Underscores at both ends stay where they are.
+/// Calls `put` with each character of the camelCase form: the words between underscores, the first word
+/// unchanged, each later word with a capital followed by small letters. Underscores at both ends are kept.
 template <class Put>
 constexpr void convertToCamelCase(std::string_view key, Put put)
 {
@@ -93,8 +93,8 @@ constexpr FixedText<snakeCaseLength<key>> snakeCase = [] {
     return text;
 }();
 
-/// Whether a key read back from its own snake_case form is the same key. One that is not could be
-/// written but never be found again.
+/// Whether the snake_case form of a key converts back to the same key. Otherwise the key could be written but
+/// not be read.
 template <FixedText key>
 constexpr bool survivesConversion = [] {
     std::array<char, snakeCaseLength<key>> buffer{};

@@ -7,12 +7,12 @@
 namespace quillmere::json {
 namespace {
 
-/// A number text taken apart: WHOLE.FRACTION × 10^exponent.
+/// The parts of a number text: WHOLE.FRACTION × 10^exponent.
 struct Decimal {
     bool negative;
     std::string_view whole;
     std::string_view fraction;
-    std::int64_t exponent;  ///< held within ±exponentLimit
+    std::int64_t exponent;  ///< limited to ±exponentLimit
 
     char digit(std::size_t index) const
     {
@@ -21,10 +21,10 @@ struct Decimal {
     std::size_t digitCount() const { return whole.size() + fraction.size(); }
 };
 
-/// Texts are shorter than this, so that digits can never make up for an exponent of this size.
+/// Larger than the number of digits that any text can have, so that a larger exponent gives the same result.
 constexpr std::int64_t exponentLimit = std::int64_t{1} << 40;
 
-/// Takes the run of digits at the front of `rest` away and returns it.
+/// Removes the digits at the front of `rest` and returns them.
 std::string_view takeDigits(std::string_view& rest)
 {
     std::size_t length = 0;
@@ -36,7 +36,7 @@ std::string_view takeDigits(std::string_view& rest)
     return digits;
 }
 
-/// Takes the character at the front of `rest` away if it is one of two; tells whether it was.
+/// Removes the character at the front of `rest` if it is one of the two; returns whether it was.
 bool takeIf(std::string_view& rest, char one, char other)
 {
     const bool found = !rest.empty() && (rest.front() == one || rest.front() == other);
@@ -75,7 +75,7 @@ Decimal takeApart(std::string_view text)
     return decimal;
 }
 
-/// The place of the first digit that is not 0; digitCount() when there is none.
+/// The index of the first digit that is not 0; digitCount() when all are 0.
 std::size_t firstSignificantDigit(const Decimal& decimal)
 {
     std::size_t index = 0;
@@ -85,8 +85,8 @@ std::size_t firstSignificantDigit(const Decimal& decimal)
     return index;
 }
 
-/// Digits in front of the decimal point once the exponent has moved it, counted from the first
-/// significant digit: above 0 for values of 1 and more.
+/// The number of digits before the decimal point after the exponent is applied, counted from the first digit
+/// that is not 0. Above 0 for values of 1 and more.
 std::int64_t magnitude(const Decimal& decimal)
 {
     return static_cast<std::int64_t>(decimal.whole.size()) + decimal.exponent -
@@ -120,7 +120,7 @@ std::optional<std::int64_t> integerFromNumberText(std::string_view text) noexcep
     const char* const end = text.data() + text.size();
     const auto outcome = std::from_chars(text.data(), end, value);
     if (outcome.ptr == end) {
-        // Digits alone, perhaps too many of them.
+        // Only digits; too many of them give an error.
         return outcome.ec == std::errc() ? std::optional(value) : std::nullopt;
     }
 
@@ -138,7 +138,7 @@ std::optional<std::int64_t> integerFromNumberText(std::string_view text) noexcep
     for (std::int64_t taken = 0; taken < wholeDigits; ++taken) {
         const std::size_t index = first + static_cast<std::size_t>(taken);
         const int digit = index < decimal.digitCount() ? decimal.digit(index) - '0' : 0;
-        // Counted down from zero, since the negative side reaches one further.
+        // The value is built as a negative number, because the lowest number has no positive counterpart.
         if (__builtin_mul_overflow(value, std::int64_t{10}, &value) ||
             __builtin_sub_overflow(value, std::int64_t{digit}, &value)) {
             return std::nullopt;
@@ -163,7 +163,7 @@ std::optional<double> doubleFromNumberText(std::string_view text) noexcept
     if (outcome.ec != std::errc::result_out_of_range) {
         return value;
     }
-    // The same code is given for both ends; a value too small for a double is nearest to zero.
+    // from_chars reports the same error for values too large and too small. Zero is nearest to the latter.
     const Decimal decimal = takeApart(text);
     if (magnitude(decimal) > 0) {
         return std::nullopt;

@@ -13,7 +13,7 @@ constexpr std::uint32_t firstHighSurrogate = 0xD800;
 constexpr std::uint32_t firstLowSurrogate = 0xDC00;
 constexpr std::uint32_t lastLowSurrogate = 0xDFFF;
 
-/// Takes escapes apart from the front of a string's inside.
+/// Replaces the escapes in the text between the quotes of a string.
 class Unescaper {
 public:
     explicit Unescaper(std::string_view inside) : rest_(inside) {}
@@ -60,7 +60,7 @@ private:
         }
     }
 
-    /// What follows "\u": four digits, and the second escape of a surrogate pair.
+    /// Reads a code point after "\u": four digits, and for a surrogate pair the second escape as well.
     std::uint32_t codePoint()
     {
         const std::optional<std::uint32_t> first = unit();
@@ -78,7 +78,7 @@ private:
         return 0x10000 + ((*first - firstHighSurrogate) << 10) + (*second - firstLowSurrogate);
     }
 
-    /// Four hexadecimal digits; absent when they are not.
+    /// Reads four hexadecimal digits; absent for other characters.
     std::optional<std::uint32_t> unit()
     {
         const std::string_view digits = take(4);
@@ -162,7 +162,7 @@ std::string excerpt(std::string_view token)
     if (token.size() <= longest) {
         return std::string(token);
     }
-    // Cut between characters: the message is text as well.
+    // Cut between characters, so that the message is valid UTF-8.
     std::size_t length = 0;
     while (length < longest) {
         length += frontSequence(token.substr(length)).length;

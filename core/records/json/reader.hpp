@@ -1,10 +1,8 @@
-// The place where JSON text is taken apart: everything that depends on the parser stands here and in
-// reader.cpp.
+// Reads JSON text with the parser. Only this header and reader.cpp depend on the parser.
 //
-// The parser finds the tokens, checks UTF-8, string ends and control characters in one pass over the
-// whole text, and then hands out values one by one. What it does not look at by itself is checked
-// here token by token, and values that nobody asks for are walked, so that malformed text fails
-// wherever it stands.
+// The parser first scans the whole text: it finds the tokens and checks UTF-8, string ends and control
+// characters. It then returns the values one by one, without checking values that are skipped. So this code
+// checks each token and walks through the values of unknown keys: malformed text is an error everywhere.
 #pragma once
 
 #include <quillmere/records/base/bytes.hpp>
@@ -24,11 +22,11 @@ namespace quillmere::json {
 
 namespace ondemand = simdjson::ondemand;
 
-/// Deepest nesting of a text, the outermost container included.
+/// The deepest nesting that is accepted, the outermost container included.
 inline constexpr std::size_t deepestNesting = 1024;
 
-/// The text is not JSON. Not a matter of one record's fields, so it passes by all that collect errors
-/// of fields; turned into a DecodingError at the top.
+/// The text is not JSON. Not a DecodingError, so the code that collects the errors of fields does not catch
+/// it; `readDocument` converts it to a DecodingError.
 class MalformedText : public std::exception {
 public:
     explicit MalformedText(const char* reason) noexcept : reason_(reason) {}
@@ -62,15 +60,14 @@ inline std::string_view withoutTrailingSpace(std::string_view text)
 
 inline const char* endOf(std::string_view text) { return text.data() + text.size(); }
 
-/// What the inside of a string with escapes stands for. Throws MalformedText for an escape that does
-/// not exist and for half of a surrogate pair.
+/// The text between the quotes of a string with its escapes replaced. Throws MalformedText for an unknown
+/// escape and for half of a surrogate pair.
 std::string unescaped(std::string_view inside);
 
 enum class NodeKind { object, list, scalar };
 
-/// A value inside the document (`ondemand::value`) or the document itself (`ondemand::document`), and
-/// the text of its first token: a bracket and the space after it, or a whole scalar. Consumed by
-/// reading it once.
+/// A value in the document (`ondemand::value`) or the document itself (`ondemand::document`), with the text
+/// of its first token: a bracket and the space after it, or a whole scalar. It can be read once.
 template <class Json>
 class Node {
 public:
@@ -97,7 +94,7 @@ public:
     ondemand::object object() { return checked(json_.get_object()); }
     ondemand::array list() { return checked(json_.get_array()); }
 
-    /// What a string stands for.
+    /// The text of a string, without quotes and escapes.
     std::string string()
     {
         const std::string_view inside = stringInside();
@@ -107,8 +104,8 @@ public:
         return unescaped(inside);
     }
 
-    /// What `parse`, which takes no text with a backslash, makes of a string; so escapes need only be
-    /// looked for in a string that it does not take as it stands.
+    /// The result of `parse` for the text of a string. `parse` must refuse a text with a backslash: escapes
+    /// are replaced only after it has refused the text as it stands.
     template <class Parse>
     auto parsedString(Parse parse)
     {
@@ -117,16 +114,16 @@ public:
         return value || inside.find('\\') == inside.npos ? value : parse(unescaped(inside));
     }
 
-    /// Whether nothing follows, once the node has been read.
+    /// Whether the document ends after this node, which must have been read.
     bool atEnd(std::string_view document)
     {
-        // Past its last token a document has no location left; a scalar document is its only token.
+        // After the last token the parser has no location. A scalar document is a single token.
         return kind() == NodeKind::scalar ? endOf(token_) == endOf(withoutTrailingSpace(document))
                                           : json_.current_location().error() == simdjson::OUT_OF_BOUNDS;
     }
 
 private:
-    /// What stands between the quotes of a string.
+    /// The text between the quotes of a string.
     std::string_view stringInside()
     {
         checked(json_.get_raw_json_string());
@@ -146,18 +143,19 @@ private:
     std::string_view token_;
 };
 
-/// A field's key with its escapes resolved and checked.
+/// The key of a field with its escapes replaced and checked.
 std::string unescapedKey(ondemand::field& field);
 
-/// Goes through a value that nobody asked for, which lies `depth` containers deep if it is one, and
-/// throws MalformedText unless all of it is well-formed.
+/// Reads a value that no field needs, and throws MalformedText unless all of it is well-formed. `depth` is
+/// the nesting depth of the value if it is a container.
 template <class Json>
 void walk(Node<Json>& node, std::size_t depth);
 
 /// A short form of a token for messages.
 std::string excerpt(std::string_view token);
 
-/// Checks what is left of a node that is not what was `expected`, and throws the DecodingError.
+/// Throws the DecodingError for a node that is not as `expected`, after it has checked that the node is
+/// well-formed.
 template <class Json>
 [[noreturn]] void mismatch(Node<Json>& node, std::string expected, std::size_t depth)
 {
@@ -170,7 +168,7 @@ template <class Json>
     throw DecodingError(std::move(expected), excerpt(node.token()));
 }
 
-/// Parses `text` and hands the document to `read`, which must consume its value; nothing may follow.
+/// Parses `text` and calls `read` with the document. `read` must read the whole value; no text may follow.
 template <class Read>
 void readDocument(const Bytes& text, Read read)
 {
@@ -185,7 +183,8 @@ void readDocument(const Bytes& text, Read read)
         try {
             read(document);
         } catch (DecodingError& error) {
-            // Read to its end all the same: what follows decides whether it is JSON at all.
+            // Thrown below: first the rest of the text is checked, because malformed text is the more
+            // important error.
             mismatched = std::move(error);
         }
         if (!document.atEnd(text.view())) {

@@ -1,4 +1,4 @@
-// The tables of the workflow records, in field order.
+// The JSON fields of the records of the state, in field order.
 #pragma once
 
 #include <quillmere/records/json/table.hpp>
@@ -6,7 +6,7 @@
 
 namespace quillmere::json {
 
-/// Two identifiers may be missing from a file; a new one is drawn at every reading then.
+/// Two identifiers may be missing in a file. The reader then makes a new random one each time.
 inline constexpr auto drawnIdentifier = [](const auto&) { return Identifier::random(); };
 
 // clang-format off

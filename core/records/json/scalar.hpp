@@ -1,5 +1,5 @@
-// The values that are one token: what each type expects, and how it is read. `assign` says whether it
-// could.
+// Values of one token. For each type: the expected value in words, and `assign`, which reads a token and
+// returns whether it could.
 #pragma once
 
 #include <quillmere/records/base/enumeration.hpp>
@@ -29,7 +29,7 @@ struct Scalar<bool> {
     }
 };
 
-/// Assigns what was found, if anything was.
+/// Assigns `found` if it is present; returns whether it is.
 template <class Value, class Found>
 bool assignFound(Value& value, Found&& found)
 {

@@ -1,5 +1,5 @@
-// One table a record: field, key and, where it is not the usual one, a rule. Writing and reading are
-// derived from it.
+// One table for each record, with the key of each field and, where needed, a rule. Reading, writing and
+// `forEachField` all use this table.
 #pragma once
 
 #include <quillmere/records/json/key_conversion.hpp>
@@ -18,15 +18,15 @@ namespace quillmere::json {
 
 // Rules. -------------------------------------------------------------------------------------------
 
-/// The usual rule: a field is required; an optional one is omitted when absent, and may be missing or
-/// null when read.
+/// The usual rule: a field is required. An optional field is not written when it is absent, and may be
+/// missing or null when it is read.
 struct Usual {};
 
-/// An optional field that is written as null when absent.
+/// An optional field that is written as null when it is absent.
 struct NullWhenAbsent {};
 
-/// A required field that is made from the record read so far when its key is missing or null. `make`
-/// takes the record.
+/// A required field whose key may be missing or null in a file: its value is then `make(record)`, with the
+/// record as read so far.
 template <auto make>
 struct MadeWhenMissing {
     static constexpr auto value = make;
@@ -75,8 +75,8 @@ struct Field {
     static_assert(!isOptional || !isMadeWhenMissing<Rule>, "an optional is absent when missing");
 };
 
-/// The table of a record, specialised once for each: `using Fields = std::tuple<Field<…>, …>`, with
-/// the rows in field order.
+/// The table of a record, specialised for each record: `using Fields = std::tuple<Field<…>, …>`, with the
+/// rows in field order.
 template <class Record>
 struct Table;
 
@@ -92,9 +92,9 @@ using Fields = typename Table<Record>::Fields;
 template <class Record, std::size_t index>
 using FieldAt = std::tuple_element_t<index, Fields<Record>>;
 
-// Order on disk. -----------------------------------------------------------------------------------
+// Order in files. ----------------------------------------------------------------------------------
 
-/// The places of a record's rows in ascending byte order of the keys in the file.
+/// The indexes of the rows, sorted by the bytes of the keys in the file.
 template <HasTable Record>
 constexpr auto sortedRows = [] {
     constexpr std::size_t count = std::tuple_size_v<Fields<Record>>;
@@ -113,8 +113,8 @@ constexpr auto sortedRows = [] {
 
 // Completeness. ------------------------------------------------------------------------------------
 
-/// Stands for one more field of any type, in a check that is never evaluated. Two kinds, because a
-/// type that converts to everything converts to an optional in two ways at once.
+/// One more field of any type, for the check that a record has no further field. Two types, because a type
+/// that converts to everything would convert to an optional in two ways.
 struct AnyOptional {
     template <class Value>
     operator std::optional<Value>() const;
@@ -133,8 +133,8 @@ inline constexpr bool nameOneField<Row, OtherRow> = Row::member == OtherRow::mem
 template <class Row, class... Rows>
 constexpr std::size_t timesNamed = (std::size_t{0} + ... + (nameOneField<Row, Rows> ? 1 : 0));
 
-/// Whether the rows are the fields of the record, each once: it can be built from one value of each row's
-/// type in the order of the rows, and there is no field left over.
+/// Whether the rows are exactly the fields of the record, in order: the record can be built from one value of
+/// each row's type in the order of the rows, but not from one value more, and no row names a field twice.
 template <class Record, class Rows>
 inline constexpr bool rowsAreTheFields = false;
 template <class Record, class... Rows>

@@ -12,14 +12,14 @@ struct Range {
     bool contains(unsigned char byte) const { return byte >= low && byte <= high; }
 };
 
-/// Which second bytes may follow which first ones, and how many more come after.
+/// A range of first bytes, the second bytes that may follow them, and the length of the character.
 struct FirstByte {
     Range first;
     Range second;
     std::size_t length;
 };
 
-// The gaps keep out overlong forms, surrogates and what lies beyond U+10FFFF.
+// The ranges leave out overlong forms, surrogates and code points above U+10FFFF.
 // clang-format off
 constexpr FirstByte firstBytes[] = {
     {{0xC2, 0xDF}, {0x80, 0xBF}, 2},
@@ -35,7 +35,7 @@ constexpr FirstByte firstBytes[] = {
 
 constexpr Range continuation{0x80, 0xBF};
 
-/// The row of each first byte; one of length 1 for a byte that begins no longer character.
+/// The row of each first byte. The row of a byte that does not begin a longer character has the length 1.
 constexpr auto rowByFirstByte = [] {
     std::array<FirstByte, 256> rows{};
     rows.fill({{}, {}, 1});

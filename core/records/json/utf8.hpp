@@ -8,19 +8,19 @@
 
 namespace quillmere::json {
 
-/// U+FFFD, which stands for bytes that are no text.
+/// U+FFFD, which replaces ill-formed bytes.
 inline constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
 
-/// Appends a character. `codePoint` is at most U+10FFFF and no surrogate.
+/// Appends a character. `codePoint` must be at most U+10FFFF and not a surrogate.
 void appendUtf8(std::string& text, std::uint32_t codePoint);
 
-/// What stands at the front of a text.
+/// The character, or the ill-formed bytes, at the front of a text.
 struct Utf8Sequence {
-    std::size_t length;  ///< bytes of the character or, if ill-formed, of its longest valid beginning
+    std::size_t length;  ///< bytes of the character; if ill-formed, of the bytes that U+FFFD replaces
     bool wellFormed;
 };
 
-/// Looks at the front of `text`, which must not be empty.
+/// The first sequence of `text`, which must not be empty.
 Utf8Sequence frontSequence(std::string_view text) noexcept;
 
 }  // namespace quillmere::json

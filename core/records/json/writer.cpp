@@ -16,11 +16,11 @@
 namespace quillmere::json {
 namespace {
 
-/// Of a text that goes to a sink: small enough to stay in the second-level cache, large enough for few calls.
+/// The size of the pieces for a sink: small enough for the second-level cache, large enough for few calls.
 constexpr std::size_t pieceSize = 128 * 1024;
 
-/// Characters looked at and copied together, in one register. Signed, so that what is beyond ASCII lies
-/// below the control characters.
+/// A vector register of characters that are checked and copied together. Signed, so that bytes beyond ASCII
+/// are less than a space, like control characters.
 using Lanes = signed char __attribute__((vector_size(16)));
 constexpr std::size_t step = sizeof(Lanes);
 
@@ -33,11 +33,12 @@ Lanes load(const char* characters)
 
 void store(char* destination, Lanes lanes) { std::memcpy(destination, &lanes, step); }
 
-/// One bit a lane, the first one lowest: whether the character does not stand for itself in a JSON
+/// One bit for each character, the lowest bit for the first: whether it cannot be copied as it is into a JSON
 /// string, being beyond ASCII, a control character, a quote or a backslash.
 unsigned specialCharacters(Lanes lanes)
 {
-    // A quote with its second bit turned over is a space; nothing else becomes one or passes one.
+    // Inverting the second bit turns a quote into a space and a space into a quote. Then only quotes, control
+    // characters and bytes beyond ASCII are at most a space.
     const Lanes special = (Lanes)(((lanes ^ 0x02) <= ' ') | (lanes == '\\'));
 #ifdef __SSE2__
     return static_cast<unsigned>(_mm_movemask_epi8((__m128i)special));
@@ -52,9 +53,8 @@ unsigned specialCharacters(Lanes lanes)
 
 std::size_t lowestBit(unsigned bits) { return static_cast<std::size_t>(std::countr_zero(bits)); }
 
-/// Copies the characters at the front of `rest` that stand for themselves and returns how many.
-/// `rest` is the end of a text that has `before` characters more. May write, as scratch, up to `step`
-/// bytes more than `rest` has.
+/// Copies the characters at the front of `rest` up to the first special one, and returns how many. `rest` is
+/// the end of a text with `before` more characters in front. May write up to `step` bytes beyond the copy.
 std::size_t copyPlainRun(std::string_view rest, std::size_t before, char* destination)
 {
     const std::size_t left = rest.size() % step;
@@ -69,8 +69,8 @@ std::size_t copyPlainRun(std::string_view rest, std::size_t before, char* destin
     if (left == 0) {
         return whole;
     }
-    // Less than a step is left: look at the last `step` characters of the text, padded in front when
-    // it has fewer, and shift out those that are done.
+    // Fewer than `step` characters are left: load the last `step` characters of the text, with padding in
+    // front of a shorter text, and shift out the bits of those that are already copied.
     char window[2 * step] = {};
     Lanes last;
     if (whole + before + left >= step) {
@@ -84,13 +84,13 @@ std::size_t copyPlainRun(std::string_view rest, std::size_t before, char* destin
     return whole + lowestBit(specialCharacters(last) >> (step - left) | 1U << left);
 }
 
-/// How an ASCII character that does not stand for itself is written.
+/// The escape sequence of an ASCII character.
 struct Escape {
-    std::array<char, 7> text;  ///< what is behind `length` is filling
+    std::array<char, 7> text;  ///< only the first `length` characters count
     std::uint8_t length;
 };
 
-/// By character; of use only for those that need it.
+/// The escapes by character. The entries of characters that need no escape are not used.
 constexpr auto escapes = [] {
     constexpr std::string_view lowerCaseDigits = "0123456789abcdef";
     std::array<Escape, 128> table{};
@@ -105,8 +105,8 @@ constexpr auto escapes = [] {
     return table;
 }();
 
-/// Writes the character at the front of `text`, which does not stand for itself, and takes it away.
-/// The text's own bytes and an Escape's are room enough.
+/// Writes the special character at the front of `text` and removes it from `text`. There must be room for the
+/// bytes of `text` and of an Escape.
 char* putSpecial(char* cursor, std::string_view& text)
 {
     const auto first = static_cast<unsigned char>(text.front());
@@ -144,11 +144,12 @@ char* putNumber(char* cursor, double value)
 {
     const auto whole = std::abs(value) < 1e5 ? static_cast<std::int64_t>(value) : 0;
     if (std::bit_cast<std::uint64_t>(static_cast<double>(whole)) == std::bit_cast<std::uint64_t>(value)) {
-        // Nearly every duration. Up to five digits are never longer than a form with an exponent.
+        // A whole number, as nearly all durations are. Up to five digits are never longer than a form with an
+        // exponent.
         return putInteger(cursor, whole);
     }
-    // Beyond 64 bits an exponent is asked for: digits alone would look like an integer that readers
-    // refuse as too large.
+    // Beyond 64 bits the exponent form is needed: readers would refuse digits alone as an integer that is too
+    // large.
     const bool looksLikeInteger = std::abs(value) < 0x1p63;
     char* const end = cursor + longestToken;
     return (looksLikeInteger ? std::to_chars(cursor, end, value)
@@ -216,7 +217,7 @@ Bytes Writer::finish(char* cursor)
 
 char* Writer::putString(char* cursor, std::string_view text)
 {
-    // Room for the text as it is; what needs escapes asks for more as it comes.
+    // Room for the text without escapes; each escape makes more room below.
     cursor = ensure(cursor, text.size() + step + 2);
     *cursor++ = '"';
     std::string_view rest = text;

@@ -1,4 +1,4 @@
-// Writes JSON text straight into a buffer: how each kind of value is spelled, and nothing of records.
+// Writes JSON values directly into a buffer. Knows nothing of records.
 #pragma once
 
 #include <quillmere/records/base/byte_sink.hpp>
@@ -13,11 +13,11 @@
 
 namespace quillmere::json {
 
-/// The most bytes that one of the tokens below takes, with room to spare.
+/// No token below is longer than this.
 inline constexpr std::size_t longestToken = 48;
 
-// Tokens. Each is written at `cursor`, where there is room for `longestToken` bytes; the result is the
-// place behind it.
+// Tokens. Each function writes at `cursor`, where there must be room for `longestToken` bytes, and returns
+// the place after the token.
 
 template <std::size_t length>
 char* putText(char* cursor, const FixedText<length>& text)
@@ -34,34 +34,35 @@ char* putIdentifier(char* cursor, const Identifier& identifier);
 /// `instant` must satisfy hasDateText.
 char* putInstant(char* cursor, Instant instant);
 
-/// The buffer of a text. Whoever writes holds the cursor, the place of the next byte, since it stays in
-/// a register that way. A throw leaves a text that is unfinished and of no use.
+/// The buffer of a text. The functions that write pass on the cursor, the place of the next byte, so that the
+/// compiler keeps it in a register. After an exception the text is incomplete and must not be used.
 class Writer {
 public:
     /// For a text that stays in memory; starts with room for `expectedSize` bytes.
     explicit Writer(std::size_t expectedSize);
 
-    /// For a text that goes to a sink, which is called when a piece is full. The buffer is used again and
-    /// again, so it stays in the processor's cache. The sink must outlive the writer.
+    /// For a text that goes to a sink, which is called with each full piece. The buffer is reused for each
+    /// piece, so it stays in the processor's cache. The sink must outlive the writer.
     explicit Writer(const ByteSink& sink);
 
     char* start() noexcept { return begin_; }
 
-    /// Makes room for `count` more bytes at the cursor; returns the cursor, since the buffer may move.
+    /// Makes room for `count` more bytes at the cursor. Returns the new cursor, because the buffer may move.
     char* ensure(char* cursor, std::size_t count)
     {
         return static_cast<std::size_t>(end_ - cursor) < count ? grow(cursor, count) : cursor;
     }
 
-    /// Writes a quoted, escaped string, for which it makes room itself; ill-formed UTF-8 becomes U+FFFD.
+    /// Writes a string with quotes and escapes, and makes the room for it. Ill-formed UTF-8 becomes U+FFFD.
     char* putString(char* cursor, std::string_view text);
 
-    /// What was written, or nothing where it has gone to the sink. The writer is empty afterwards.
+    /// Returns the written text, or passes the last piece to the sink and returns no bytes. The writer must
+    /// not be used afterwards.
     Bytes finish(char* cursor);
 
 private:
     char* grow(char* cursor, std::size_t count);
-    /// Gives the sink, if there is one, what has been written; returns where to go on.
+    /// Passes the written bytes to the sink, if there is one; returns the place of the next byte.
     char* handOver(char* cursor);
     std::size_t sizeUpTo(const char* cursor) const noexcept;
 

@@ -121,10 +121,10 @@ TEST(BarContent, isCutToItsWidthOnAScreen)
         for (const std::size_t width : {1u, 5u, 12u, 45u, 60u, 200u}) {
             SCOPED_TRACE(text + " in " + std::to_string(width));
             const BarContent content = barContent(summaryWith(text), moment, width);
-            EXPECT_LE(base::columns(content.text), width);
-            EXPECT_LE(base::columns(content.shortText), width);
+            EXPECT_LE(base::columnsOf(content.text), width);
+            EXPECT_LE(base::columnsOf(content.shortText), width);
             for (const std::string& detail : content.details) {
-                EXPECT_LE(base::columns(detail), 100u);
+                EXPECT_LE(base::columnsOf(detail), 100u);
             }
         }
     }

@@ -121,7 +121,7 @@ TEST(BarText, ofJsonHasTheMembersThatAreDocumented)
 TEST(BarText, ofI3blocksIsThreeLinesFromARunThatEnds)
 {
     EXPECT_EQ(barText(BarFormat::i3blocks, contentWith("<b>"), BarPace::once),
-              "Focus 15:00 \u00B7 Session 1 of 3 \u00B7 4 questions \u00B7 <b>\nFocus 15:00\n#e06050\n");
+              "Focus 15:00 \u00B7 Session 1 of 3 \u00B7 4 questions \u00B7 <b>\nFocus 15:00\n#e0806a\n");
     EXPECT_EQ(barText(BarFormat::i3blocks, contentWith("<b>"), BarPace::following),
               "Focus 15:00 \u00B7 Session 1 of 3 \u00B7 4 questions \u00B7 <b>\n");
     const auto idle = barContent(WidgetSnapshot::empty(moment), moment, 60);

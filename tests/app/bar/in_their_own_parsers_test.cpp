@@ -1,4 +1,4 @@
-// The lines in the bars' own parsers: each shows the text as it was, inert and cut.
+// The lines in the bars' own parsers: each shows the text as it was, sanitized and cut.
 #include <pango/pango.h>
 #include <unistd.h>
 
@@ -117,7 +117,7 @@ TEST(I3blocks, handsOnTheTextAsItWas)
             EXPECT_EQ(shown.at("full_text"), lines.substr(0, lines.find('\n')));
             if (pace == BarPace::once) {
                 EXPECT_EQ(shown.at("short_text"), content.shortText);
-                EXPECT_EQ(shown.at("color"), "#e06050");
+                EXPECT_EQ(shown.at("color"), "#e0806a");
             }
         }
     }

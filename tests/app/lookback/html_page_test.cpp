@@ -27,14 +27,9 @@ std::string judgement(const std::string& page)
     return outputOf("xmllint --nonet --noout " + (directory.path() / "page.html").string() + " 2>&1");
 }
 
-TEST(Markup, hasNothingOfATextThatABrowserObeys)
+TEST(Markup, sanitizesAndEscapesTexts)
 {
-    EXPECT_EQ(escaped("<b title=\"a\" class='b'>&amp;</b>"),
-              "&lt;b title=&quot;a&quot; class=&#39;b&#39;&gt;&amp;amp;&lt;/b&gt;");
-    EXPECT_EQ(escaped("a\x1b[2J\x01\u202Eb\uFFFE\uFFFF\n\u6F22"),
-              "a\uFFFD[2J\uFFFD\uFFFD"
-              "b\uFFFD\uFFFD \u6F22");
-    EXPECT_EQ(escaped(""), "");
+    EXPECT_EQ(escaped("<a\x1b[2J\u202Eb\n\uFFFE>"), "&lt;a\uFFFD[2J\uFFFDb \uFFFD&gt;");
 }
 
 TEST(Markup, escapesValuesOfAttributesAndKeepsContent)

@@ -1,4 +1,4 @@
-// What fails is tried again, less and less often.
+// Pauses after failures grow.
 #include "notices/backoff.hpp"
 
 #include <gtest/gtest.h>
@@ -7,11 +7,11 @@ namespace quillmere::test {
 namespace {
 
 using notices::Backoff;
-using std::chrono::milliseconds;
+using notices::Moment;
 using std::chrono::seconds;
 
-/// How many seconds the pause lasts that begins now.
-int pauseOf(const Backoff& backoff, Backoff::Moment now)
+/// The length in seconds of the pause that begins now.
+int pauseOf(const Backoff& backoff, Moment now)
 {
     int count = 0;
     while (backoff.isPausing(now + seconds(count))) {
@@ -23,7 +23,7 @@ int pauseOf(const Backoff& backoff, Backoff::Moment now)
 TEST(Backoff, doublesItsPausesUpToAMinute)
 {
     Backoff backoff;
-    Backoff::Moment now{seconds(100)};
+    Moment now{seconds(100)};
     EXPECT_FALSE(backoff.isPausing(now));
     for (const int pause : {2, 4, 8, 16, 32, 60, 60}) {
         backoff.failed(now);
@@ -32,13 +32,13 @@ TEST(Backoff, doublesItsPausesUpToAMinute)
     }
 }
 
-TEST(Backoff, beginsAnewAfterASuccess)
+TEST(Backoff, startsAgainAfterASuccess)
 {
     Backoff backoff;
-    const Backoff::Moment now{seconds(100)};
+    const Moment now{seconds(100)};
     backoff.failed(now);
     backoff.failed(now);
-    backoff.worked();
+    backoff.succeeded();
     EXPECT_FALSE(backoff.isPausing(now));
     backoff.failed(now);
     EXPECT_EQ(pauseOf(backoff, now), 2);

@@ -1,4 +1,4 @@
-// Of all programs that see an event, one makes its record.
+// Of all processes that see an event, one makes its record.
 #include "notices/delivery_log.hpp"
 
 #include <chrono>
@@ -12,106 +12,106 @@ namespace {
 
 using notices::DeliveryLog;
 
-class RecordFiles : public testing::Test {
+class DeliveryRecord : public testing::Test {
 protected:
     TemporaryDirectory home;
     std::ostringstream said;
     base::LineWriter messages{said, -1};
     const std::filesystem::path directory = home.path() / "a" / "notices";
 
-    void madeDaysAgo(const std::string& key, int days) const
+    void setAge(const std::string& key, int days) const
     {
         std::filesystem::last_write_time(
             directory / key, std::filesystem::file_time_type::clock::now() - std::chrono::hours(24 * days));
     }
 };
 
-TEST_F(RecordFiles, areMadeOnceHoweverManyAsk)
+TEST_F(DeliveryRecord, isMadeByOneOfAllThatTry)
 {
     DeliveryLog one(directory, messages);
     DeliveryLog other(directory, messages);
-    EXPECT_TRUE(one.make("focus-1"));
-    EXPECT_FALSE(other.make("focus-1"));
-    EXPECT_FALSE(one.make("focus-1"));
-    EXPECT_TRUE(other.make("focus-2"));
+    EXPECT_TRUE(one.record("focus-1"));
+    EXPECT_FALSE(other.record("focus-1"));
+    EXPECT_FALSE(one.record("focus-1"));
+    EXPECT_TRUE(other.record("focus-2"));
     EXPECT_EQ(namesIn(directory), (Words{"focus-1", "focus-2"}));
     EXPECT_EQ(said.str(), "");
 }
 
-TEST_F(RecordFiles, areSeenByEverybodyWhoeverMadeThem)
+TEST_F(DeliveryRecord, isSeenByAll)
 {
     const DeliveryLog early(directory, messages);
     DeliveryLog one(directory, messages);
     EXPECT_FALSE(early.has("focus-1"));
-    EXPECT_TRUE(one.make("focus-1"));
+    EXPECT_TRUE(one.record("focus-1"));
     EXPECT_TRUE(one.has("focus-1"));
     EXPECT_TRUE(early.has("focus-1"));
-    EXPECT_FALSE(early.hadAtFirst("focus-1"));
-    EXPECT_TRUE(DeliveryLog(directory, messages).hadAtFirst("focus-1"));
+    EXPECT_FALSE(early.hadAtStart("focus-1"));
+    EXPECT_TRUE(DeliveryLog(directory, messages).hadAtStart("focus-1"));
 }
 
-TEST_F(RecordFiles, areForTheirOwnerAlone)
+TEST_F(DeliveryRecord, isReadableByItsOwnerOnly)
 {
-    EXPECT_TRUE(DeliveryLog(directory, messages).make("focus-1"));
+    EXPECT_TRUE(DeliveryLog(directory, messages).record("focus-1"));
     EXPECT_EQ(modeOf(directory), mode_t{0700});
 }
 
-TEST_F(RecordFiles, thatAreTakenBackCanBeMadeAgain)
+TEST_F(DeliveryRecord, canBeMadeAgainAfterItsRemoval)
 {
     DeliveryLog one(directory, messages);
     DeliveryLog other(directory, messages);
-    EXPECT_TRUE(one.make("focus-1"));
+    EXPECT_TRUE(one.record("focus-1"));
     one.remove("focus-1");
-    EXPECT_TRUE(other.make("focus-1"));
-    EXPECT_FALSE(one.make("focus-1"));
+    EXPECT_TRUE(other.record("focus-1"));
+    EXPECT_FALSE(one.record("focus-1"));
 }
 
-TEST_F(RecordFiles, areMadeAgainWhereTheirDirectoryHasGone)
+TEST_F(DeliveryRecord, isMadeInANewDirectoryWhereTheLastOneIsGone)
 {
-    DeliveryLog records(directory, messages);
-    EXPECT_TRUE(records.make("focus-1"));
+    DeliveryLog log(directory, messages);
+    EXPECT_TRUE(log.record("focus-1"));
     std::filesystem::remove_all(home.path() / "a");
-    EXPECT_TRUE(records.make("focus-2"));
+    EXPECT_TRUE(log.record("focus-2"));
     EXPECT_EQ(namesIn(directory), (Words{"focus-2"}));
 }
 
-TEST_F(RecordFiles, areRemovedAfterFortyDaysUnlessTheEventStillStands)
+TEST_F(DeliveryRecord, isPrunedAfterFortyDaysUnlessItsEventStillStands)
 {
-    DeliveryLog records(directory, messages);
+    DeliveryLog log(directory, messages);
     for (const char* key :
          {"focus-1", "focus-2", "question-3", "hook-0123-question-3", "hook-0123-focus-1"}) {
-        records.make(key);
-        madeDaysAgo(key, 41);
+        log.record(key);
+        setAge(key, 41);
     }
-    madeDaysAgo("focus-2", 39);
-    records.removeOld({"question-3"});
+    setAge("focus-2", 39);
+    log.prune({"question-3"});
     EXPECT_EQ(namesIn(directory), (Words{"focus-2", "hook-0123-question-3", "question-3"}));
 }
 
-TEST_F(RecordFiles, areNoneToRemoveWhereThereIsNoDirectory)
+TEST_F(DeliveryRecord, needNotExistToBePruned)
 {
-    DeliveryLog(directory, messages).removeOld({});
-    DeliveryLog("", messages).removeOld({});
+    DeliveryLog(directory, messages).prune({});
+    DeliveryLog("", messages).prune({});
     EXPECT_FALSE(std::filesystem::exists(directory));
 }
 
-TEST_F(RecordFiles, areKeptInMemoryWhereThereIsNoPlaceForThem)
+TEST_F(DeliveryRecord, isInMemoryWhereThereIsNoStateDirectory)
 {
-    DeliveryLog records("", messages);
-    EXPECT_TRUE(records.make("focus-1"));
-    EXPECT_FALSE(records.make("focus-1"));
-    records.remove("focus-1");
-    EXPECT_TRUE(records.make("focus-1"));
+    DeliveryLog log("", messages);
+    EXPECT_TRUE(log.record("focus-1"));
+    EXPECT_FALSE(log.record("focus-1"));
+    log.remove("focus-1");
+    EXPECT_TRUE(log.record("focus-1"));
     EXPECT_EQ(said.str(), "");
 }
 
-TEST_F(RecordFiles, areKeptInMemoryWhereTheyCannotBeMadeWhichIsSaidOnce)
+TEST_F(DeliveryRecord, isInMemoryWhereNoFileCanBeMadeWhichIsReportedOnce)
 {
     writeText(home.path() / "a", "no directory");
-    DeliveryLog records(directory, messages);
-    EXPECT_TRUE(records.make("focus-1"));
-    EXPECT_FALSE(records.make("focus-1"));
-    EXPECT_TRUE(records.make("focus-2"));
+    DeliveryLog log(directory, messages);
+    EXPECT_TRUE(log.record("focus-1"));
+    EXPECT_FALSE(log.record("focus-1"));
+    EXPECT_TRUE(log.record("focus-2"));
     EXPECT_EQ(said.str(),
               "Notices may be given more than once: mkdir: Not a directory: " + (directory).string() + "\n");
 }

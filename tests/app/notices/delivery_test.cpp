@@ -1,340 +1,315 @@
-// Notices on a real bus, before a service that writes down what it is asked for.
-#include "real_program.hpp"
-
-#include <signal.h>
-
-#include <algorithm>
-
+// Which notices are given, when, and by which watch.
 #include "desktop.hpp"
+
+#include "clocked_watch.hpp"
 
 namespace quillmere::test {
 namespace {
 
-using nlohmann::json;
+using Kind = FakeNotifier::Kind;
+using notices::NoticeRequest;
 
-class NoticeOnTheBus : public Desktop {
+/// "Focus is over for 0": the heading, and the number of the notice that is replaced.
+Words headings(const std::vector<NoticeRequest>& requests)
+{
+    Words list;
+    for (const NoticeRequest& request : requests) {
+        list.push_back(request.heading + " for " + std::to_string(request.replaces));
+    }
+    return list;
+}
+
+class Delivery : public testing::Test {
 protected:
-    NoticeOnTheBus()
+    Person person;
+    FakeNotifier notifier;
+
+    void SetUp() override { person.now = moment + 2'000; }
+
+    /// As `quillmere watch --once`, which stops its notifier at the end.
+    void watchesOnce(FakeNotifier& channel) const
     {
-        hasBus();
-        hasService();
+        ClockedWatch(person, channel, {.once = true}).untilIdle();
+        channel.stops();
+    }
+    void watchesOnce() { watchesOnce(notifier); }
+
+    std::size_t recordCount() const
+    {
+        return std::filesystem::exists(deliveryLogOf(person)) ? namesIn(deliveryLogOf(person)).size() : 0;
     }
 };
 
-TEST_F(NoticeOnTheBus, saysThatFocusIsOver)
+TEST_F(Delivery, requestsTheNoticeOfAnEvent)
 {
-    person.has(focusOver(90));
-    watchesOnce();
-    EXPECT_EQ(notices(), (std::vector<json>{{{"name", "Quillmere"},
-                                             {"replaces", 0},
-                                             {"icon", ""},
-                                             {"summary", "Focus is over"},
-                                             {"body", "Outcome of session 1"},
-                                             {"actions", json::array()},
-                                             {"urgency", 1},
-                                             {"timeout", -1}}}));
-    EXPECT_EQ(said(), "");
+    person.has(stateIn(WorkflowState::focusing));
+    ClockedWatch(person, notifier).untilIdle();
+    ASSERT_EQ(notifier.requests.size(), 1U);
+    EXPECT_EQ(notifier.requests[0], (NoticeRequest{.replaces = 0,
+                                                   .heading = "Focus is over",
+                                                   .body = "Outcome of session 1",
+                                                   .urgency = 1,
+                                                   .actions = {"default", "Open"}}));
+    EXPECT_EQ(recordCount(), 1U);
 }
 
-TEST_F(NoticeOnTheBus, leavesATrueRecord)
+TEST_F(Delivery, offersToExtendABreakThatIsOver)
 {
-    const QuillmereState before = focusOver(90);
-    person.has(before);
-    watchesOnce();
-    const QuillmereState state = person.state();
-    EXPECT_EQ(state.workflowState, WorkflowState::sessionReview);
-    EXPECT_EQ(*state.currentSession()->endedAt, before.currentSession()->startedAt + 1'500);
+    person.has(stateIn(WorkflowState::breaking));
+    ClockedWatch(person, notifier).untilIdle();
+    ASSERT_EQ(notifier.requests.size(), 1U);
+    EXPECT_EQ(notifier.requests[0].actions, (Words{"default", "Open", "extend", "Extend by 5 min"}));
 }
 
-TEST_F(NoticeOnTheBus, saysThatTheBreakIsOverAndOffersMoreOfIt)
+TEST_F(Delivery, offersNoActionsWithOnce)
 {
-    person.has(breakOver(5));
-    const Process watch = watching();
-    ASSERT_TRUE(eventually([&] { return hasNotices(1); })) << said();
-    EXPECT_EQ(notices()[0]["summary"], "The break is over");
-    EXPECT_EQ(notices()[0]["actions"], (Words{"default", "Open", "extend", "Extend by 5 minutes"}));
+    person.has(stateIn(WorkflowState::breaking));
+    watchesOnce();
+    ASSERT_EQ(notifier.requests.size(), 1U);
+    EXPECT_EQ(notifier.requests[0].actions, Words{});
 }
 
-TEST_F(NoticeOnTheBus, offersNothingWhenNobodyStaysToHearIt)
+TEST_F(Delivery, isOnePerEventHoweverManyWatchesFollow)
 {
-    person.has(breakOver(5));
+    person.has(asking(stateIn(WorkflowState::focusing), 1, "May I?"));
     watchesOnce();
-    ASSERT_TRUE(hasNotices(1));
-    EXPECT_EQ(notices()[0]["actions"], json::array());
+    watchesOnce();
+    EXPECT_EQ(headings(notifier.requests), (Words{"Focus is over for 0", "A question waits for 0"}));
 }
 
-TEST_F(NoticeOnTheBus, saysThatABlockHasBegun)
+TEST_F(Delivery, includesWhatAnotherProgramRecorded)
 {
-    QuillmereState state = stateWithScheduledBlock();
-    state.updatedAt = presentSecond() - 100;
-    state.currentBlock->plannedStart = presentSecond() - 10;
-    person.has(state);
-    watchesOnce();
-    ASSERT_TRUE(hasNotices(1));
-    EXPECT_EQ(notices()[0]["summary"], "The scheduled block has begun");
-    EXPECT_EQ(notices()[0]["body"], "Chapter one");
-}
-
-TEST_F(NoticeOnTheBus, comesOnceForAnEventHoweverOftenSomebodyLooks)
-{
-    person.has(asking(focusOver(90), 1, "May I?"));
-    watchesOnce();
-    watchesOnce();
-    ASSERT_TRUE(hasNotices(2));
-    EXPECT_EQ(notices()[0]["summary"], "Focus is over");
-    EXPECT_EQ(notices()[1]["body"], "May I?");
-}
-
-TEST_F(NoticeOnTheBus, comesForWhatAnotherProgramRecorded)
-{
-    person.has(focusOver(90));
+    person.has(stateIn(WorkflowState::focusing));
     ASSERT_EQ(person.types({"tick"}).code, ExitCode::done);
-    ASSERT_EQ(person.state().workflowState, WorkflowState::sessionReview);
     watchesOnce();
-    EXPECT_TRUE(hasNotices(1));
+    EXPECT_EQ(headings(notifier.requests), Words{"Focus is over for 0"});
 }
 
-TEST_F(NoticeOnTheBus, doesNotComeForWhatHasBeenDealtWith)
+TEST_F(Delivery, leavesOutWhatThePersonHasDealtWith)
 {
-    person.has(focusOver(90));
+    person.has(stateIn(WorkflowState::focusing));
     ASSERT_EQ(person.types({"review", "--completion", "Yes", "--next-outcome", "More"}).code, ExitCode::done);
     watchesOnce();
-    EXPECT_TRUE(hasNotices(0));
+    EXPECT_EQ(headings(notifier.requests), Words{});
 }
 
-TEST_F(NoticeOnTheBus, comesOnceWhenTwoWatchAndATickIsDone)
+TEST_F(Delivery, hasTheUrgencyThatWasChosen)
 {
-    // A hook shows that each has seen each event.
-    const auto seen = [&](const std::string& name) { return textIn(name + ".seen"); };
-    const auto hookOf = [&](const std::string& name) {
-        return "echo $1 >> '" + file(name + ".seen").string() + "'";
-    };
-    person.has(stateIn(WorkflowState::idle));
-    Process one = watching({"--hook", hookOf("one")}, "one");
-    Process two = watching({"--hook", hookOf("two")}, "two");
-    person.has(focusOver(1));
-    EXPECT_EQ(RealProgram({"--directory", person.directory().string(), "tick"}).wait().code, 0);
-    EXPECT_TRUE(eventually([&] { return seen("one") == "focus_ended\n" && seen("two") == "focus_ended\n"; }));
-    // Before there is another, or it would not stand any more.
-    EXPECT_TRUE(eventually([&] { return hasNotices(1); }));
-    person.has(breakOver(1));
-    EXPECT_EQ(RealProgram({"--directory", person.directory().string(), "tick"}).wait().code, 0);
-    EXPECT_TRUE(eventually([&] {
-        return seen("one") == "focus_ended\nbreak_ended\n" && seen("two") == "focus_ended\nbreak_ended\n";
-    }));
-    EXPECT_TRUE(eventually([&] { return notices().size() >= 2; }));
-    EXPECT_EQ(one.endBy(SIGTERM), 0);
-    EXPECT_EQ(two.endBy(SIGTERM), 0);
-    ASSERT_TRUE(hasNotices(2));
-    EXPECT_EQ(notices()[0]["summary"], "Focus is over");
-    EXPECT_EQ(notices()[1]["summary"], "The break is over");
-}
-
-TEST_F(NoticeOnTheBus, hasTheUrgencyThatWasChosen)
-{
-    unsigned number = 0;
-    for (const char* urgency : {"low", "normal", "critical"}) {
+    std::uint8_t number = 0;
+    for (const notices::Urgency urgency :
+         {notices::Urgency::low, notices::Urgency::normal, notices::Urgency::critical}) {
         person.has(asking(stateIn(WorkflowState::idle), number, "May I?"));
-        watchesOnce({"--urgency", urgency});
-        ASSERT_TRUE(hasNotices(number + 1));
-        EXPECT_EQ(notices()[number]["urgency"], number);
+        ClockedWatch(person, notifier, {.urgency = urgency}).untilIdle();
+        notifier.stops();
+        ASSERT_EQ(notifier.requests.size(), number + 1U);
+        EXPECT_EQ(notifier.requests.back().urgency, number);
         ++number;
     }
 }
 
-TEST_F(NoticeOnTheBus, takesThePlaceOfTheLastOnTheSameSubject)
+TEST_F(Delivery, replacesTheLastNoticeOnTheSameSubject)
 {
-    person.has(asking(focusOver(90), 1, "May I?"));
-    Process watch = watching();
-    EXPECT_TRUE(eventually([&] { return hasNotices(2); })) << said();
-    person.has(asking(breakOver(5), 1, "May I?"));
-    EXPECT_TRUE(eventually([&] { return hasNotices(3); })) << said();
+    person.has(asking(stateIn(WorkflowState::focusing), 1, "May I?"));
+    ClockedWatch watch(person, notifier);
+    watch.untilIdle();
+    person.has(asking(stateIn(WorkflowState::breaking), 1, "May I?"));
+    watch.untilIdle();
     person.has(asking(person.state(), 2, "Which build?"));
-    EXPECT_TRUE(eventually([&] { return notices().size() >= 4; })) << said();
-    std::string placed;
-    for (const json& notice : notices()) {
-        placed += notice["summary"].get<std::string>() + " for " + notice["replaces"].dump() + "\n";
-    }
-    EXPECT_EQ(placed,
-              "Focus is over for 0\nA question waits for 0\n"
-              "The break is over for 1\n2 questions wait for 2\n");
-    EXPECT_EQ(notices()[3]["body"], "Which build?\nMay I?");
+    watch.untilIdle();
+    EXPECT_EQ(headings(notifier.requests), (Words{"Focus is over for 0", "A question waits for 0",
+                                                  "The break is over for 1", "2 questions wait for 2"}));
+    // The new question stands first.
+    EXPECT_EQ(notifier.requests.back().body, "Which build?\nMay I?");
 }
 
-TEST_F(NoticeOnTheBus, takesThePlaceOfThatOfAnEarlierWatch)
+TEST_F(Delivery, replacesTheNoticeOfAnEarlierWatch)
 {
     person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
     watchesOnce();
     person.has(asking(person.state(), 2, "Which build?"));
     watchesOnce();
-    ASSERT_TRUE(hasNotices(2));
-    EXPECT_EQ(notices()[1]["replaces"], 1);
-    EXPECT_EQ(notices()[1]["body"], "Which build?\nMay I?");
+    ASSERT_EQ(notifier.requests.size(), 2U);
+    EXPECT_EQ(notifier.requests[1].replaces, 1U);
 }
 
-TEST_F(NoticeOnTheBus, takesNoPlaceAtAnotherService)
+TEST_F(Delivery, replacesNoNoticeOfAnotherService)
 {
     person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
-    const Process watch = watching();
-    EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said();
-    hasService();
+    ClockedWatch watch(person, notifier);
+    watch.untilIdle();
+    notifier.ends();
+    notifier.becomesReady("bus:1.2");
     person.has(asking(person.state(), 2, "Which build?"));
-    ASSERT_TRUE(eventually([&] { return hasNotices(2); })) << said();
-    EXPECT_EQ(notices()[1]["replaces"], 0);
+    watch.untilIdle();
+    person.now = person.now + 2;
+    watch.untilIdle();
+    ASSERT_EQ(notifier.requests.size(), 2U);
+    EXPECT_EQ(notifier.requests[1].replaces, 0U);
 }
 
-TEST_F(NoticeOnTheBus, goesToTheServiceThatTookOverThoughTheLastIsStillThere)
+TEST_F(Delivery, replacesNoNoticeThatThePersonClosed)
+{
+    person.has(stateIn(WorkflowState::focusing));
+    ClockedWatch watch(person, notifier);
+    watch.untilIdle();
+    notifier.sends({.kind = Kind::closed, .number = 1});
+    watch.untilIdle();
+    person.has(stateIn(WorkflowState::breaking));
+    watch.untilIdle();
+    EXPECT_EQ(headings(notifier.requests), (Words{"Focus is over for 0", "The break is over for 0"}));
+}
+
+TEST_F(Delivery, comesFromAWatchThatCanGiveItWhicheverSawTheEventFirst)
+{
+    FakeNotifier unreachable;
+    unreachable.becomesUnreachable("no bus");
+    person.has(stateIn(WorkflowState::focusing));
+    ClockedWatch first(person, unreachable);
+    first.untilIdle();
+    ClockedWatch(person, notifier).untilIdle();
+    EXPECT_EQ(headings(notifier.requests), Words{"Focus is over for 0"});
+}
+
+TEST_F(Delivery, comesFromTheSecondWatchWhenTheFirstLosesItsBus)
 {
     person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
-    const Process watch = watching();
-    EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said();
-    service().signals("release");
-    const NotificationService other("unix:path=" + socket().string(), file("other-log"), {});
+    FakeNotifier other;
+    ClockedWatch first(person, notifier);
+    ClockedWatch second(person, other);
+    first.untilIdle();
+    second.untilIdle();
+    notifier.ends("no bus");
+    notifier.becomesUnreachable("no bus");
+    first.untilIdle();
     person.has(asking(person.state(), 2, "Which build?"));
-    EXPECT_TRUE(eventually([&] { return countOf("Which build?", textIn("other-log")) == 1; })) << said();
-    EXPECT_TRUE(hasNotices(1));
+    first.untilIdle();
+    second.untilIdle();
+    EXPECT_EQ(headings(notifier.requests), Words{"A question waits for 0"});
+    EXPECT_EQ(headings(other.requests), Words{"2 questions wait for 1"});
 }
 
-TEST_F(NoticeOnTheBus, comesFromAWatchThatCanGiveItWhoeverSawTheEventFirst)
+TEST_F(Delivery, isOneForADirectoryHoweverItsPathIsSpelled)
 {
-    person.has(focusOver(90));
-    const Process without = watchingElsewhere("without");
-    EXPECT_TRUE(eventually([&] { return !said("without").empty(); }));
-    EXPECT_EQ(countOf("Focus is over", printed("without")), 1U);
-    const Process watch = watching();
-    EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said();
-}
-
-TEST_F(NoticeOnTheBus, comesFromTheNextWatchWhenTheFirstIsKilled)
-{
-    person.has(stateIn(WorkflowState::idle));
-    Process first = watching({}, "first");
-    person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
-    EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said("first");
-    const Process second = watching({"--open-command", "/nowhere/opener"}, "second");
-    first.endBy(SIGKILL);
-    person.has(asking(person.state(), 2, "Which build?"));
-    EXPECT_TRUE(eventually([&] { return hasNotices(2); })) << said("second");
-    EXPECT_EQ(notices()[1]["replaces"], 1);
-    // It is also the one that hears what is chosen.
-    service().signals("action 1 default");
-    EXPECT_TRUE(eventually([&] { return said("second").starts_with("Opening the screen failed"); }));
-}
-
-TEST_F(NoticeOnTheBus, comesFromAnotherWatchWhenTheFirstLosesItsBus)
-{
-    person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
-    const Process first = watching();
-    EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said();
-    const SessionBus bus(elsewhere());
-    const NotificationService there("unix:path=" + elsewhere().string(), file("log-elsewhere"), {});
-    const Process second = watchingElsewhere("second");
-    losesBus();
-    person.has(asking(person.state(), 2, "Which build?"));
-    EXPECT_TRUE(eventually([&] { return countOf("Which build?", textIn("log-elsewhere")) == 1; }))
-        << said("second");
-}
-
-TEST_F(NoticeOnTheBus, isOneForADirectoryHoweverItsPathIsSpelled)
-{
-    person.has(focusOver(90));
+    const TemporaryDirectory links;
+    std::filesystem::create_directory_symlink(person.directory(), links.path() / "link");
+    person.has(stateIn(WorkflowState::focusing));
     watchesOnce();
-    const std::filesystem::path link = file("link");
-    std::filesystem::create_directory_symlink(person.directory(), link);
-    Process other({.words = {QUILLMERE_PROGRAM, "--directory", link.string(), "watch", "--once"},
-                   .variables = variables()});
-    EXPECT_EQ(other.wait(), 0);
-    EXPECT_TRUE(hasNotices(1));
+    ClockedWatch(person, notifier, {}, links.path() / "link", person.stateHome()).untilIdle();
+    EXPECT_EQ(notifier.requests.size(), 1U);
 }
 
-TEST_F(NoticeOnTheBus, comesThoughItsTextHasWhatTheBusRefuses)
+TEST_F(Delivery, ofOneSubjectGoesOnWhileAnotherIsRefused)
 {
-    person.has(asking(stateIn(WorkflowState::idle), 1, "May \xEF\xBF\xBF I?"));
-    watchesOnce();
-    ASSERT_TRUE(hasNotices(1)) << said();
-    EXPECT_EQ(notices()[0]["body"], "May \xEF\xBF\xBD I?");
-}
-
-TEST_F(NoticeOnTheBus, thatIsRefusedLetsOthersGoAndIsComplainedOfOnce)
-{
-    hasService({.behaviour = "picky"});
-    const auto countNotices = [&](const char* heading) {
-        const std::vector<json> all = notices();
-        return std::count_if(all.begin(), all.end(),
-                             [&](const json& call) { return call["summary"] == heading; });
-    };
-    person.has(focusOver(90));
-    const Process watch = watching();
-    EXPECT_TRUE(eventually([&] { return countNotices("Focus is over") >= 2; })) << said();
-    EXPECT_EQ(said(), "Notices cannot be given now: no, for the 1. time.\n");
-    person.has(asking(person.state(), 1, "May I?"));
-    EXPECT_TRUE(eventually([&] { return countNotices("A question waits") == 1; })) << said();
-}
-
-TEST_F(NoticeOnTheBus, takesNoPlaceOfOneThatThePersonClosed)
-{
-    person.has(asking(focusOver(90), 1, "May I?"));
-    Process watch = watching({"--open-command", "/nowhere/opener"});
-    EXPECT_TRUE(eventually([&] { return hasNotices(2); })) << said();
-    service().signals("closed 1");
-    // Signals arrive in order: what is heard of this one shows that the first has been heard.
-    service().signals("action 2 default");
-    EXPECT_TRUE(eventually([&] { return said().starts_with("Opening the screen failed"); })) << said();
-    person.has(asking(breakOver(5), 1, "May I?"));
-    EXPECT_TRUE(eventually([&] { return hasNotices(3); })) << said();
-    EXPECT_EQ(notices()[2]["replaces"], 0);
-}
-
-TEST_F(NoticeOnTheBus, keepsAQuestionUntilThePersonMayBeInterrupted)
-{
-    QuillmereState state = focusOver(-600);
-    person.has(asking(state, 1, "May I?"));
-    watchesOnce();
-    EXPECT_TRUE(hasNotices(0));
+    notifier.answersWith({.kind = Kind::failed, .text = "no, for the 1st time", .error = "Refused"});
+    person.has(stateIn(WorkflowState::focusing));
+    ClockedWatch watch(person, notifier);
+    watch.untilIdle();
     EXPECT_EQ(recordCount(), 0U);
-    ASSERT_EQ(person.types({"pause"}).code, ExitCode::done);
-    watchesOnce();
-    EXPECT_TRUE(hasNotices(1));
+    notifier.answersWith({.kind = Kind::given, .number = 7});
+    person.has(asking(person.state(), 1, "May I?"));
+    watch.untilIdle();
+    EXPECT_EQ(headings(notifier.requests), (Words{"Focus is over for 0", "A question waits for 0"}));
+    EXPECT_EQ(recordCount(), 1U);
 }
 
-TEST_F(NoticeOnTheBus, isOneForSeveralQuestions)
+TEST_F(Delivery, isTriedAgainWithGrowingPauses)
 {
-    QuillmereState state = asking(stateIn(WorkflowState::idle), 1, "Which build?");
-    person.has(asking(state, 2, "May I?"));
+    notifier.answersWith({.kind = Kind::failed, .text = "no", .error = "Refused"});
+    person.has(stateIn(WorkflowState::focusing));
+    ClockedWatch watch(person, notifier);
+    const Instant begin = person.now;
+    std::vector<double> tries;
+    for (int second = 0; second < 200; ++second) {
+        person.now = begin + second;
+        watch.untilIdle();
+        if (notifier.requests.size() > tries.size()) {
+            tries.push_back(second);
+        }
+    }
+    EXPECT_EQ(tries, (std::vector<double>{0, 2, 6, 14, 30, 62, 122, 182}));
+}
+
+TEST_F(Delivery, reportsAnErrorOnceAndItsEndOnce)
+{
+    person.has(stateIn(WorkflowState::focusing));
+    ClockedWatch watch(person, notifier);
+    for (const char* text : {"no, for the 1st time", "no, for the 2nd time"}) {
+        notifier.answersWith({.kind = Kind::failed, .text = text, .error = "Refused"});
+        watch.untilIdle();
+        person.now = person.now + 100;
+    }
+    EXPECT_EQ(notifier.requests.size(), 2U);
+    EXPECT_EQ(watch.said(), "Notices cannot be given now: no, for the 1st time.\n");
+    notifier.answersWith({.kind = Kind::given, .number = 1});
+    watch.untilIdle();
+    EXPECT_EQ(watch.said(),
+              "Notices cannot be given now: no, for the 1st time.\nNotices can be given again.\n");
+}
+
+TEST_F(Delivery, happensOnceForANoticeThatMayBeOnTheScreen)
+{
+    notifier.answersWith({.kind = Kind::unanswered, .text = "the notification service does not answer"});
+    person.has(stateIn(WorkflowState::focusing));
     watchesOnce();
-    ASSERT_TRUE(hasNotices(1));
-    EXPECT_EQ(notices()[0]["summary"], "2 questions wait");
-    EXPECT_EQ(notices()[0]["body"], "Which build?\nMay I?");
+    EXPECT_EQ(recordCount(), 1U);
+    watchesOnce();
+    EXPECT_EQ(notifier.requests.size(), 1U);
+}
+
+TEST_F(Delivery, isLeftToTheNextWatchWhenTheNotifierEndsFirst)
+{
+    notifier.answersWith({.kind = Kind::ended, .text = "the notification service does not answer"});
+    person.has(stateIn(WorkflowState::focusing));
+    watchesOnce();
+    EXPECT_EQ(recordCount(), 0U);
+    FakeNotifier next;
+    watchesOnce(next);
+    EXPECT_EQ(headings(next.requests), Words{"Focus is over for 0"});
+}
+
+TEST_F(Delivery, isOfWhatStillStandsWhenTheBusComesUp)
+{
+    notifier.becomesUnreachable("no bus");
+    person.has(asking(stateIn(WorkflowState::focusing), 1, "May I?"));
+    ClockedWatch watch(person, notifier);
+    watch.untilIdle();
+    ASSERT_EQ(person.types({"review", "--completion", "Yes", "--next-outcome", "More"}).code, ExitCode::done);
+    notifier.becomesReady();
+    person.now = person.now + 2;
+    watch.untilIdle();
+    EXPECT_EQ(headings(notifier.requests), Words{"A question waits for 0"});
+}
+
+TEST_F(Delivery, waitsWithAQuestionUntilThePersonMayBeInterrupted)
+{
+    person.now = moment + 100;
+    person.has(asking(stateIn(WorkflowState::focusing), 1, "May I?"));
+    ClockedWatch watch(person, notifier);
+    watch.untilIdle();
+    EXPECT_EQ(notifier.startCount, 0U);
+    ASSERT_EQ(person.types({"pause"}).code, ExitCode::done);
+    watch.untilIdle();
+    EXPECT_EQ(headings(notifier.requests), Words{"A question waits for 0"});
+}
+
+TEST_F(Delivery, ofSeveralQuestionsIsOneNoticeAndOneRecordEach)
+{
+    person.has(asking(asking(stateIn(WorkflowState::idle), 1, "Which build?"), 2, "May I?"));
+    watchesOnce();
+    EXPECT_EQ(headings(notifier.requests), Words{"2 questions wait for 0"});
     EXPECT_EQ(recordCount(), 2U);
 }
 
-const std::string hostileQuestion = "<b>bold</b> & \"quoted\" \x1b[31m\xE2\x80\xAEturned";
-
-TEST_F(NoticeOnTheBus, spellsMarkupOutWhereTheServiceReadsIt)
+TEST_F(Delivery, asksForNoNoticeWhileOneIsUnderWay)
 {
-    person.has(asking(stateIn(WorkflowState::idle), 1, hostileQuestion));
-    watchesOnce();
-    ASSERT_TRUE(hasNotices(1));
-    EXPECT_EQ(notices()[0]["body"],
-              "&lt;b&gt;bold&lt;/b&gt; &amp; &quot;quoted&quot; \xEF\xBF\xBD[31m\xEF\xBF\xBDturned");
-}
-
-TEST_F(NoticeOnTheBus, leavesMarkupAloneWhereTheServiceDoesNotReadIt)
-{
-    hasService({.capabilities = {"body"}});
-    person.has(asking(stateIn(WorkflowState::idle), 1, hostileQuestion));
-    watchesOnce();
-    ASSERT_TRUE(hasNotices(1));
-    EXPECT_EQ(notices()[0]["body"], "<b>bold</b> & \"quoted\" \xEF\xBF\xBD[31m\xEF\xBF\xBDturned");
-}
-
-TEST_F(NoticeOnTheBus, offersNoActionsWhereTheServiceHasNone)
-{
-    hasService({.capabilities = {"body"}});
-    person.has(breakOver(5));
-    const Process watch = watching();
-    ASSERT_TRUE(eventually([&] { return hasNotices(1); })) << said();
-    EXPECT_EQ(notices()[0]["actions"], json::array());
+    notifier.fallsSilent();
+    person.has(asking(stateIn(WorkflowState::focusing), 1, "May I?"));
+    ClockedWatch watch(person, notifier);
+    for (int count = 0; count < 5; ++count) {
+        watch.round();
+    }
+    EXPECT_EQ(headings(notifier.requests), Words{"Focus is over for 0"});
+    EXPECT_FALSE(watch.isIdle());
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Programs of the person that run at each event.
+// The person's programs that run at each event.
 #include "notices/subprocesses.hpp"
 
 #include <fcntl.h>
@@ -7,6 +7,7 @@
 
 #include <sstream>
 
+#include "clocked_watch.hpp"
 #include "desktop.hpp"
 #include "support/file_system.hpp"
 #include "support/process_settings.hpp"
@@ -14,157 +15,194 @@
 namespace quillmere::test {
 namespace {
 
-class HookProgram : public Desktop {
+using notices::Moment;
+using notices::Subprocesses;
+using std::chrono::seconds;
+
+/// A FIFO, open for both directions, so that neither opening nor writing waits for the other end.
+base::Descriptor makeOpenFifo(const std::filesystem::path& path)
+{
+    makeFifo(path);
+    base::Descriptor fifo(::open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC));
+    EXPECT_NE(fifo.get(), -1);
+    return fifo;
+}
+
+class Hook : public testing::Test {
 protected:
+    Hook()
+    {
+        person.now = moment + 2'000;
+        notifier.becomesUnreachable("");
+    }
+
+    Person person;
+    FakeNotifier notifier;
+    TemporaryDirectory directory;
+
+    std::filesystem::path file(const std::string& name) const { return directory.path() / name; }
+    std::string textIn(const std::string& name) const
+    {
+        return std::filesystem::exists(file(name)) ? textOf(file(name)) : "";
+    }
     /// A redirection into a file of the test.
     std::string into(const std::string& name) const { return " >> '" + file(name).string() + "'"; }
+
+    /// Runs the hooks of the standing events to their end; returns the messages.
+    std::string runsHooks(const Words& commands)
+    {
+        ClockedWatch watch(person, notifier, {.hooks = commands});
+        EXPECT_TRUE(watch.roundsUntil([&] { return watch.isIdle(); })) << watch.said();
+        return watch.said();
+    }
 };
 
-TEST_F(HookProgram, isToldTheEventTwice)
+TEST_F(Hook, hasTheEventAsArgumentAndVariable)
 {
-    person.has(focusOver(90));
-    watchesOnce({"--hook", "echo \"$1 $QUILLMERE_EVENT $#\"" + into("told")});
-    EXPECT_EQ(textIn("told"), "focus_ended focus_ended 1\n");
+    person.has(stateIn(WorkflowState::focusing));
+    EXPECT_EQ(runsHooks({"echo \"$1 $QUILLMERE_EVENT $#\"" + into("events")}), "");
+    EXPECT_EQ(textIn("events"), "focus_ended focus_ended 1\n");
 }
 
-TEST_F(HookProgram, runsAtEveryKindOfEvent)
+TEST_F(Hook, runsAtEveryKindOfEvent)
 {
-    const std::string hook = "echo \"$1\"" + into("told");
-    person.has(breakOver(5));
-    watchesOnce({"--hook", hook});
-    QuillmereState state = stateWithScheduledBlock();
-    state.currentBlock->plannedStart = presentSecond() - 10;
-    person.has(state);
-    watchesOnce({"--hook", hook});
-    person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
-    watchesOnce({"--hook", hook});
-    EXPECT_EQ(textIn("told"), "break_ended\nblock_started\nquestion_raised\n");
+    const std::string hook = "echo \"$1\"" + into("events");
+    for (const QuillmereState& state :
+         {stateIn(WorkflowState::breaking), asking(stateIn(WorkflowState::idle), 1, "May I?")}) {
+        person.has(state);
+        runsHooks({hook});
+    }
+    person.now = moment + 3'600;
+    person.has(stateWithScheduledBlock());
+    runsHooks({hook});
+    EXPECT_EQ(textIn("events"), "break_ended\nquestion_raised\nblock_started\n");
 }
 
-TEST_F(HookProgram, readsTheSummaryAsTheWidgetHasIt)
+TEST_F(Hook, readsTheSummaryOfTheWidget)
 {
-    person.has(focusOver(90));
-    watchesOnce({"--hook", "cat" + into("summary")});
+    person.has(stateIn(WorkflowState::focusing));
+    runsHooks({"cat" + into("summary")});
     EXPECT_EQ(textIn("summary"), textOf(person.directory() / WidgetSnapshotStore::fileName));
     EXPECT_EQ(jsonAt("/phase", textIn("summary")), "\"reviewing\"");
 }
 
-TEST_F(HookProgram, needNotReadASummaryLongerThanAnyPipe)
+TEST_F(Hook, mayLeaveASummaryUnreadThatIsLongerThanAnyPipe)
 {
     person.has(asking(stateIn(WorkflowState::idle), 1, std::string(1'000'000, 'x')));
-    watchesOnce({"--hook", "true", "--hook", "cat" + into("summary")});
+    runsHooks({"true", "cat" + into("summary")});
     EXPECT_GT(textIn("summary").size(), 1'000'000U);
 }
 
-TEST_F(HookProgram, runsOnceForAnEventAndACommand)
+TEST_F(Hook, runsOncePerEventAndCommand)
 {
-    person.has(focusOver(90));
-    const std::string one = "echo one" + into("told");
-    const std::string two = "echo two" + into("told");
-    watchesOnce({"--hook", one});
-    watchesOnce({"--hook", one});
-    EXPECT_EQ(textIn("told"), "one\n");
-    watchesOnce({"--hook", one, "--hook", two});
-    EXPECT_EQ(textIn("told"), "one\ntwo\n");
+    person.has(stateIn(WorkflowState::focusing));
+    const std::string one = "echo one" + into("runs");
+    const std::string two = "echo two" + into("runs");
+    runsHooks({one});
+    runsHooks({one});
+    EXPECT_EQ(textIn("runs"), "one\n");
+    runsHooks({one, two});
+    EXPECT_EQ(textIn("runs"), "one\ntwo\n");
 }
 
-TEST_F(HookProgram, waitsWithAQuestionUntilThePersonMayBeInterrupted)
+TEST_F(Hook, waitsWithAQuestionUntilThePersonMayBeInterrupted)
 {
-    person.has(asking(focusOver(-600), 1, "May I?"));
-    watchesOnce({"--hook", "echo \"$1\"" + into("told")});
-    EXPECT_EQ(textIn("told"), "");
+    person.now = moment + 100;
+    person.has(asking(stateIn(WorkflowState::focusing), 1, "May I?"));
+    const std::string hook = "echo \"$1\"" + into("events");
+    runsHooks({hook});
+    EXPECT_EQ(textIn("events"), "");
+    ASSERT_EQ(person.types({"pause"}).code, ExitCode::done);
+    runsHooks({hook});
+    EXPECT_EQ(textIn("events"), "question_raised\n");
 }
 
-TEST_F(HookProgram, thatHangsStopsNothing)
-{
-    makeFifo(file("never"));
-    person.has(focusOver(90));
-    Process watch =
-        watching({"--hook", "cat '" + file("never").string() + "'", "--hook", "echo \"$1\"" + into("told")});
-    EXPECT_TRUE(eventually([&] { return textIn("told") == "focus_ended\n"; }));
-    person.has(breakOver(5));
-    EXPECT_TRUE(eventually([&] { return textIn("told") == "focus_ended\nbreak_ended\n"; }));
-    EXPECT_EQ(watch.endBy(SIGTERM), 0);
-    // Lets the two hooks go that still wait.
-    for (int count = 0; count < 2; ++count) {
-        writeText(file("never"), "");
-    }
-}
-
-TEST_F(HookProgram, runsWithSevenOthersAtMost)
+TEST_F(Hook, runsWithSevenOthersAtMost)
 {
     QuillmereState state = stateIn(WorkflowState::idle);
     for (unsigned number = 0; number < 12; ++number) {
         state = asking(state, number, "May I?");
     }
-    makeFifo(file("gate"));
     person.has(state);
-    const std::string hook = "echo begun" + into("told") + "; read line < '" + file("gate").string() + "'";
-    Process watch = watching({"--hook", hook});
-    EXPECT_TRUE(eventually([&] { return countOf("begun", textIn("told")) == 8; }));
-    EXPECT_TRUE(eventually([&] { return !said().empty(); }));
-    EXPECT_TRUE(said().starts_with("Hooks wait until one of the eight that run has ended.\n")) << said();
-    EXPECT_EQ(countOf("begun", textIn("told")), 8U);
-    // One line lets one go.
-    const base::Descriptor gate(::open(file("gate").c_str(), O_RDWR | O_CLOEXEC));
+    const base::Descriptor gate = makeOpenFifo(file("gate"));
+    // Opened for both directions here as well, before the hook is counted: one line releases one hook.
+    const std::string hook =
+        "exec 3<> '" + file("gate").string() + "'; echo begun" + into("runs") + "; read line <&3";
+    const auto begun = [&] { return countOf("begun", textIn("runs")); };
+    ClockedWatch watch(person, notifier, {.hooks = {hook}});
+    EXPECT_TRUE(watch.roundsUntil([&] { return begun() == 8; }));
+    EXPECT_EQ(watch.said(), "Hooks wait until one of the eight that run has ended.\n");
     for (std::size_t ended = 1; ended <= 4; ++ended) {
         EXPECT_EQ(::write(gate.get(), "\n", 1), 1);
-        EXPECT_TRUE(eventually([&] { return countOf("begun", textIn("told")) == 8 + ended; }));
+        EXPECT_TRUE(watch.roundsUntil([&] { return begun() == 8 + ended; })) << begun();
     }
-    EXPECT_TRUE(eventually([&] { return said().ends_with("No hook waits any more.\n"); })) << said();
-    // The rest of them go, too.
+    EXPECT_TRUE(watch.said().ends_with("No hook waits any more.\n")) << watch.said();
     EXPECT_EQ(::write(gate.get(), "\n\n\n\n\n\n\n\n", 8), 8);
-    EXPECT_EQ(watch.endBy(SIGTERM), 0);
+    EXPECT_TRUE(watch.roundsUntil([&] { return watch.isIdle(); }));
+    EXPECT_EQ(begun(), 12U);
 }
 
-TEST_F(HookProgram, thatCannotBeStartedIsTriedAgainLater)
+TEST_F(Hook, thatCannotBeStartedIsTriedAgainAfterAPause)
 {
     std::ostringstream text;
     base::LineWriter messages(text, -1);
-    notices::Subprocesses errands(messages);
+    Subprocesses subprocesses(messages);
+    const Moment now{seconds(100)};
     {
-        // The summary that a hook reads is a file in memory, which is limited too.
+        // The summary is a file in memory, which has a size limit too.
         const FileSizeLimit nothing(0);
-        EXPECT_FALSE(errands.runHook("true", "focus_ended", "{}"));
-        EXPECT_FALSE(errands.runHook("true", "focus_ended", "{}"));
+        EXPECT_FALSE(subprocesses.runHook("true", "focus_ended", "{}", now));
+        EXPECT_FALSE(subprocesses.runHook("true", "focus_ended", "{}", now));
     }
-    EXPECT_FALSE(errands.mayRunHook());
     EXPECT_EQ(text.str(), "Hooks cannot be started now: File too large.\n");
-    EXPECT_TRUE(eventually([&] { return errands.mayRunHook(); }));
-    EXPECT_TRUE(errands.runHook("true", "focus_ended", "{}"));
+    EXPECT_FALSE(subprocesses.mayRunHook(now + seconds(3)));
+    EXPECT_TRUE(subprocesses.mayRunHook(now + seconds(4)));
+    EXPECT_TRUE(subprocesses.runHook("true", "focus_ended", "{}", now + seconds(4)));
     EXPECT_EQ(countOf("\n", text.str()), 1U);
-    errands.noHookWaits();
+    subprocesses.reportNoHookWaits();
     EXPECT_TRUE(text.str().ends_with("No hook waits any more.\n"));
     EXPECT_TRUE(eventually([&] {
-        errands.takeLeave();
-        return errands.isIdle();
+        subprocesses.reap();
+        return subprocesses.isIdle();
     }));
 }
 
-TEST_F(HookProgram, thatFailsIsNamed)
+TEST_F(Hook, thatFailsIsNamed)
 {
-    hasBus();
-    hasService();
-    person.has(focusOver(90));
-    watchesOnce({"--hook", "exit 3", "--hook", "kill -9 $$", "--hook", "true"});
-    EXPECT_EQ(countOf("\n", said()), 2U);
-    EXPECT_EQ(countOf("The hook \"exit 3\" failed: it ended with 3.\n", said()), 1U) << said();
-    EXPECT_EQ(countOf("The hook \"kill -9 $$\" failed: it was ended by signal 9.\n", said()), 1U) << said();
-    EXPECT_TRUE(hasNotices(1));
+    person.has(stateIn(WorkflowState::focusing));
+    const std::string said = runsHooks({"exit 3", "kill -9 $$", "true"});
+    EXPECT_EQ(countOf("\n", said), 2U);
+    EXPECT_EQ(countOf("The hook \"exit 3\" failed: it ended with 3.\n", said), 1U) << said;
+    EXPECT_EQ(countOf("The hook \"kill -9 $$\" failed: it was ended by signal 9.\n", said), 1U) << said;
 }
 
-TEST_F(HookProgram, hasNoFileOpenButItsStandardChannels)
+/// Hooks of a real `quillmere watch`, which is started with SIGPIPE ignored and a file left open.
+class HookOfAProcess : public Desktop {};
+
+TEST_F(HookOfAProcess, thatHangsStopsNothing)
+{
+    const base::Descriptor fifo = makeOpenFifo(file("fifo"));
+    const std::string hang = "exec 3<> '" + file("fifo").string() + "'; echo hangs >> '" +
+                             file("hanging").string() + "'; read line <&3";
+    const std::string note = "echo \"$1\" >> '" + file("events").string() + "'";
+    person.has(focusOver(90));
+    Process watch = watching({"--hook", hang, "--hook", note});
+    EXPECT_TRUE(eventually([&] { return textIn("events") == "focus_ended\n"; })) << said();
+    person.has(breakOver(5));
+    EXPECT_TRUE(eventually([&] { return textIn("events") == "focus_ended\nbreak_ended\n"; })) << said();
+    EXPECT_EQ(watch.endBy(SIGTERM), 0);
+    // Both have the FIFO open, so the lines reach them: no hook is left running.
+    EXPECT_TRUE(eventually([&] { return textIn("hanging") == "hangs\nhangs\n"; }));
+    EXPECT_EQ(::write(fifo.get(), "\n\n", 2), 2);
+}
+
+TEST_F(HookOfAProcess, hasNoFileOpenButItsStandardChannelsAndItsSignalsByDefault)
 {
     person.has(focusOver(90));
-    // The redirection is in a shell below the one that is looked at.
-    watchesOnce({"--hook", "(ls /proc/$$/fd)" + into("open") + "; true"});
+    // `ls` runs in a shell below the one whose files it lists, so that its redirection is not listed.
+    watchesOnce(
+        {"--hook", "(ls /proc/$$/fd) >> '" + file("open").string() + "'; true", "--hook", "kill -PIPE $$"});
     EXPECT_EQ(textIn("open"), "0\n1\n2\n");
-}
-
-TEST_F(HookProgram, hasItsSignalsAsUsual)
-{
-    person.has(focusOver(90));
-    watchesOnce({"--hook", "kill -PIPE $$"});
     EXPECT_EQ(countOf("The hook \"kill -PIPE $$\" failed: it was ended by signal 13.\n", said()), 1U)
         << said();
 }

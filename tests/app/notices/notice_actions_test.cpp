@@ -1,136 +1,144 @@
-// What a person chooses on a notice.
-#include <signal.h>
-
+// A person's choices on notices.
 #include "desktop.hpp"
+
+#include "clocked_watch.hpp"
 
 namespace quillmere::test {
 namespace {
 
-class NoticeAction : public Desktop {
+/// The watch opens links with a program that writes them down.
+class NoticeAction : public testing::Test {
 protected:
     NoticeAction()
     {
-        hasBus();
-        hasService();
-        writeText(file("opener"), "#!/bin/sh\necho \"$@\" >> '" + file("opened").string() + "'\n");
-        std::filesystem::permissions(file("opener"), std::filesystem::perms::owner_all);
+        person.now = moment + 2'000;
+        writeText(opener, "#!/bin/sh\necho \"$@\" >> '" + opened.string() + "'\n");
+        std::filesystem::permissions(opener, std::filesystem::perms::owner_all);
     }
 
-    /// A watch that has given its first notice.
-    Process watchingAfterNotice(const std::string& opener = "")
+    Person person;
+    FakeNotifier notifier;
+    TemporaryDirectory directory;
+    const std::filesystem::path opener = directory.path() / "opener";
+    const std::filesystem::path opened = directory.path() / "opened";
+
+    notices::WatchSettings settings() const { return {.opener = opener.string()}; }
+    std::string openedLinks() const { return std::filesystem::exists(opened) ? textOf(opened) : ""; }
+    /// Until the opener has ended.
+    static void handle(ClockedWatch& watch)
     {
-        Process watch = watching({"--open-command", opener.empty() ? file("opener").string() : opener});
-        EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said();
-        return watch;
+        watch.round();
+        EXPECT_TRUE(watch.roundsUntil([&] { return watch.isIdle(); })) << watch.said();
     }
 };
 
 TEST_F(NoticeAction, opensThePresentScreen)
 {
-    person.has(focusOver(90));
-    const Process watch = watchingAfterNotice();
-    service().signals("action 1 default");
-    EXPECT_TRUE(eventually([&] { return textIn("opened") == "quillmere://open/session-review\n"; }));
-    // Another screen by now.
+    person.has(stateIn(WorkflowState::focusing));
+    ClockedWatch watch(person, notifier, settings());
+    watch.untilIdle();
+    notifier.choosesAction(1, "default");
+    handle(watch);
     person.has(stateIn(WorkflowState::idle));
-    service().signals("action 1 default");
-    EXPECT_TRUE(eventually([&] {
-        return countOf("quillmere://", textIn("opened")) == 2 || !textIn("opened").ends_with("review\n");
-    }));
-    EXPECT_TRUE(textIn("opened").ends_with("quillmere://open/idle\n"));
+    notifier.choosesAction(1, "default");
+    handle(watch);
+    EXPECT_EQ(openedLinks(), "quillmere://open/session-review\nquillmere://open/idle\n");
 }
 
-TEST_F(NoticeAction, lengthensTheBreakByFiveMinutes)
+TEST_F(NoticeAction, extendsTheBreak)
 {
-    person.has(breakOver(5));
-    const Process watch = watchingAfterNotice();
-    service().signals("action 1 extend");
-    EXPECT_TRUE(eventually([&] { return person.state().breakExtensionSeconds == 300; })) << said();
+    person.now = moment + 305;
+    person.has(stateIn(WorkflowState::breaking));
+    ClockedWatch watch(person, notifier, settings());
+    watch.untilIdle();
+    notifier.choosesAction(1, "extend");
+    handle(watch);
+    EXPECT_EQ(person.state().breakExtensionSeconds, 300);
     EXPECT_FALSE(person.state().breakEndNotifiedAt);
-    EXPECT_EQ(textIn("opened"), "");
+    EXPECT_EQ(openedLinks(), "");
 }
 
-TEST_F(NoticeAction, thatTheEngineRefusesIsSaid)
+TEST_F(NoticeAction, thatTheEngineRefusesIsReported)
 {
-    person.has(breakOver(5));
-    const Process watch = watchingAfterNotice();
+    person.has(stateIn(WorkflowState::breaking));
+    ClockedWatch watch(person, notifier, settings());
+    watch.untilIdle();
     person.has(stateIn(WorkflowState::idle));
-    service().signals("action 1 extend");
-    EXPECT_TRUE(eventually([&] { return !said().empty(); }));
-    EXPECT_EQ(said(),
+    notifier.choosesAction(1, "extend");
+    handle(watch);
+    EXPECT_EQ(watch.said(),
               "The break is not longer: This action is not available in the current workflow state.\n");
 }
 
-TEST_F(NoticeAction, onANoticeOfAnotherProgramIsNotOurs)
+TEST_F(NoticeAction, onANoticeOfAnotherProgramIsIgnored)
 {
-    person.has(breakOver(5));
-    const Process watch = watchingAfterNotice();
-    service().signals("action 99 extend");
-    service().signals("action 99 default");
-    service().signals("action 1 dance");
-    service().signals("action 1 default");
-    EXPECT_TRUE(eventually([&] { return !textIn("opened").empty(); }));
-    EXPECT_EQ(textIn("opened"), "quillmere://open/break\n");
+    person.has(stateIn(WorkflowState::breaking));
+    ClockedWatch watch(person, notifier, settings());
+    watch.untilIdle();
+    notifier.choosesAction(99, "extend");
+    notifier.choosesAction(99, "default");
+    notifier.choosesAction(1, "unknown");
+    handle(watch);
+    EXPECT_EQ(openedLinks(), "");
     EXPECT_EQ(person.state().breakExtensionSeconds, 0);
 }
 
-TEST_F(NoticeAction, onANoticeOfAnotherServiceIsNotOurs)
+TEST_F(NoticeAction, onANoticeOfAnotherServiceIsIgnored)
 {
-    person.has(breakOver(5));
-    const Process watch = watchingAfterNotice();
-    hasService();
-    // That of another program, which the new service counts as the first.
-    service().signals("action 1 default");
+    person.has(stateIn(WorkflowState::breaking));
+    ClockedWatch watch(person, notifier, settings());
+    watch.untilIdle();
+    notifier.ends();
+    notifier.becomesReady("bus:1.2");
+    watch.untilIdle();
     person.has(asking(person.state(), 1, "May I?"));
-    EXPECT_TRUE(eventually([&] { return hasNotices(2); })) << said();
-    EXPECT_EQ(textIn("opened"), "");
+    person.now = person.now + 2;
+    watch.round();
+    watch.round();
+    // The new service counts the notices of other programs from one again.
+    notifier.choosesAction(1, "extend");
+    handle(watch);
+    EXPECT_EQ(person.state().breakExtensionSeconds, 0);
 }
 
-TEST_F(NoticeAction, isHeardOnceThoughTwoWatch)
+TEST_F(NoticeAction, isHandledByOneOfTwoWatches)
 {
-    person.has(breakOver(5));
-    const Process first = watchingAfterNotice();
-    EXPECT_TRUE(eventually([&] { return recordCount() == 1; }));
-    const Words options = {"--open-command", file("opener").string(), "--hook",
-                           "echo >> '" + file("seen").string() + "'"};
-    const Process second = watching(options, "second");
-    // It has a notifier of its own, in case the first ends.
-    EXPECT_TRUE(eventually([&] { return !childrenOf(second.number()).empty(); }));
-    person.has(asking(person.state(), 1, "May I?"));
-    EXPECT_TRUE(eventually([&] { return hasNotices(2) && countOf("\n", textIn("seen")) == 2; })) << said();
-    service().signals("action 1 extend");
-    service().signals("action 2 default");
-    EXPECT_TRUE(eventually([&] { return !textIn("opened").empty(); }));
-    // What the second does next shows that it had the time.
-    person.has(asking(person.state(), 2, "Which build?"));
-    EXPECT_TRUE(eventually([&] { return hasNotices(3) && countOf("\n", textIn("seen")) == 3; })) << said();
-    EXPECT_EQ(person.state().breakExtensionSeconds, 300);
-    EXPECT_EQ(countOf("quillmere://", textIn("opened")), 1U);
+    FakeNotifier other;
+    person.has(stateIn(WorkflowState::focusing));
+    ClockedWatch first(person, notifier, settings());
+    ClockedWatch second(person, other, settings());
+    first.untilIdle();
+    second.untilIdle();
+    second.untilIdle();
+    // The service sends its signals to both.
+    notifier.choosesAction(1, "default");
+    other.choosesAction(1, "default");
+    handle(first);
+    handle(second);
+    EXPECT_EQ(countOf("quillmere://", openedLinks()), 1U);
 }
 
-TEST_F(NoticeAction, isHeardByTheNextWatch)
+TEST_F(NoticeAction, onANoticeOfAnEarlierWatchIsHandled)
 {
-    person.has(breakOver(5));
-    {
-        Process first = watchingAfterNotice();
-        EXPECT_TRUE(eventually([&] { return recordCount() == 1; }));
-        EXPECT_EQ(first.endBy(SIGTERM), 0);
-    }
-    const Process second = watching({"--open-command", file("opener").string()}, "second");
-    EXPECT_TRUE(eventually([&] {
-        service().signals("action 1 default");
-        return !textIn("opened").empty();
-    }));
+    person.has(stateIn(WorkflowState::focusing));
+    ClockedWatch(person, notifier, settings()).untilIdle();
+    FakeNotifier next;
+    ClockedWatch watch(person, next, settings());
+    watch.untilIdle();
+    watch.untilIdle();
+    next.choosesAction(1, "default");
+    handle(watch);
+    EXPECT_EQ(openedLinks(), "quillmere://open/session-review\n");
 }
 
-TEST_F(NoticeAction, thatCannotOpenAnythingIsSaid)
+TEST_F(NoticeAction, thatCannotOpenAnythingIsReported)
 {
-    person.has(focusOver(90));
-    Process watch = watchingAfterNotice("/nowhere/opener");
-    service().signals("action 1 default");
-    EXPECT_TRUE(eventually([&] { return !said().empty(); }));
-    EXPECT_EQ(said(), "Opening the screen failed: No such file or directory.\n");
-    EXPECT_EQ(watch.endBy(SIGTERM), 0);
+    person.has(stateIn(WorkflowState::focusing));
+    ClockedWatch watch(person, notifier, {.opener = "/nowhere/opener"});
+    watch.untilIdle();
+    notifier.choosesAction(1, "default");
+    watch.untilIdle();
+    EXPECT_EQ(watch.said(), "Opening the screen failed: No such file or directory.\n");
 }
 
 }  // namespace

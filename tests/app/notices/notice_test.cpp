@@ -1,4 +1,4 @@
-// The words of a notice.
+// The text of a notice.
 #include "notices/notice.hpp"
 
 #include "base/text/columns.hpp"
@@ -11,7 +11,7 @@ namespace {
 using notices::Notice;
 using notices::noticeOf;
 using notices::StandingEvent;
-using Kind = StandingEvent::Kind;
+using Kind = work::EventKind;
 
 StandingEvent eventSaying(Kind kind, const std::string& text)
 {
@@ -27,7 +27,7 @@ std::vector<StandingEvent> questions(std::size_t count)
     return events;
 }
 
-TEST(NoticeText, saysWhatCameAboutAndWhatItIsAbout)
+TEST(NoticeText, namesTheEventAndQuotesItsText)
 {
     EXPECT_EQ(noticeOf({eventSaying(Kind::focusEnded, "Five headings")}),
               (Notice{.heading = "Focus is over", .body = "Five headings", .mayExtendBreak = false}));
@@ -54,7 +54,7 @@ TEST(NoticeText, quotesTenQuestionsAndCountsTheRest)
     EXPECT_EQ(twelve, ten + "\nand 2 more");
 }
 
-TEST(NoticeText, isInert)
+TEST(NoticeText, isSanitized)
 {
     const std::string hostile = "\x1b[31m red\nline\x07 \xE2\x80\xAEturned \xFF";
     EXPECT_EQ(noticeOf({eventSaying(Kind::questionRaised, hostile)}).body,
@@ -120,8 +120,8 @@ TEST(NoticeText, hasNoNoncharacters)
 TEST(NoticeText, isShort)
 {
     const std::string wide = noticeOf({eventSaying(Kind::questionRaised, std::string(100'000, 'x'))}).body;
-    EXPECT_EQ(base::columns(wide), 200U);
-    // A hundred thousand marks on one letter take one column.
+    EXPECT_EQ(base::columnsOf(wide), 200U);
+    // A hundred thousand combining characters on one letter take one column.
     std::string tall = "e";
     for (int count = 0; count < 100'000; ++count) {
         tall += "\xCC\x81";

@@ -1,4 +1,4 @@
-// Whoever tells next knows what is on the screen.
+// The next leader knows the notices on the screen.
 #include "notices/shown_notices.hpp"
 
 #include "program_testing.hpp"
@@ -14,8 +14,8 @@ protected:
     TemporaryDirectory directory;
     const std::filesystem::path file = directory.path() / "shown.json";
 
-    /// As another program shows it.
-    void isShown(const std::string& service) const
+    /// As another process shows two notices.
+    void showNotices(const std::string& service) const
     {
         ShownNotices shown(file);
         shown.read(service);
@@ -24,9 +24,9 @@ protected:
     }
 };
 
-TEST_F(NoticeOnTheScreen, isKnownToTheNextAtTheSameService)
+TEST_F(NoticeOnTheScreen, isKnownToTheNextLeaderAtTheSameService)
 {
-    isShown("bus:1.5");
+    showNotices("bus:1.5");
     ShownNotices next(file);
     EXPECT_FALSE(next.isEmpty());
     next.read("bus:1.5");
@@ -38,16 +38,16 @@ TEST_F(NoticeOnTheScreen, isKnownToTheNextAtTheSameService)
 
 TEST_F(NoticeOnTheScreen, isUnknownAtAnyOtherService)
 {
-    isShown("bus:1.5");
+    showNotices("bus:1.5");
     ShownNotices next(file);
     next.read("bus:1.6");
     EXPECT_TRUE(next.isEmpty());
     EXPECT_EQ(next.numberOf(NoticeSubject::work), 0U);
 }
 
-TEST_F(NoticeOnTheScreen, isForgottenOnceItIsClosed)
+TEST_F(NoticeOnTheScreen, isForgottenWhenItIsClosed)
 {
-    isShown("bus:1.5");
+    showNotices("bus:1.5");
     {
         ShownNotices shown(file);
         shown.read("bus:1.5");
@@ -59,7 +59,7 @@ TEST_F(NoticeOnTheScreen, isForgottenOnceItIsClosed)
     EXPECT_TRUE(next.has(4));
 }
 
-TEST_F(NoticeOnTheScreen, isUnknownWhereTheFileMakesNoSense)
+TEST_F(NoticeOnTheScreen, isUnknownWhereTheFileCannotBeRead)
 {
     for (const char* text : {"", "{", "[]", "{\"service\":1}", "{\"service\":\"bus:1.5\",\"numbers\":7}"}) {
         writeText(file, text);
@@ -69,7 +69,7 @@ TEST_F(NoticeOnTheScreen, isUnknownWhereTheFileMakesNoSense)
     }
 }
 
-TEST_F(NoticeOnTheScreen, isKnownToOneProgramWhereNothingCanBeKept)
+TEST_F(NoticeOnTheScreen, isKnownToOneProcessWhereNoFileCanBeWritten)
 {
     for (const std::filesystem::path& nowhere :
          {std::filesystem::path(), directory.path() / "none" / "file"}) {

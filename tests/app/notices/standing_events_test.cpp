@@ -1,4 +1,4 @@
-// What there is to tell follows from the state alone.
+// The events that stand follow from the state alone.
 #include "notices/standing_events.hpp"
 
 #include <quillmere/engine/workflow_engine.hpp>
@@ -7,14 +7,15 @@
 #include <set>
 
 #include "program_testing.hpp"
+#include "workspace/catching_up.hpp"
 
 namespace quillmere::test {
 namespace {
 
-using notices::mayBeTold;
+using notices::mayBeDelivered;
 using notices::StandingEvent;
 using notices::standingEvents;
-using Kind = StandingEvent::Kind;
+using Kind = work::EventKind;
 
 const WorkflowEngine engine;
 
@@ -39,7 +40,7 @@ QuillmereState begunBySchedule()
     return state;
 }
 
-TEST(StandingEvents, areNoneInAnyStateWhereNothingCameAboutByItself)
+TEST(StandingEvents, areNoneWherePersonsDidEverything)
 {
     for (const WorkflowState state : allCases<WorkflowState>()) {
         EXPECT_TRUE(standingEvents(stateIn(state)).empty()) << rawValue(state);
@@ -47,7 +48,7 @@ TEST(StandingEvents, areNoneInAnyStateWhereNothingCameAboutByItself)
     EXPECT_TRUE(standingEvents(stateWithScheduledBlock()).empty());
 }
 
-TEST(StandingEvents, haveTheSessionThatItsTimerEnded)
+TEST(StandingEvents, includeASessionWhoseTimeRanOut)
 {
     const auto events = standingEvents(endedByTimer());
     ASSERT_EQ(events.size(), 1U);
@@ -57,7 +58,16 @@ TEST(StandingEvents, haveTheSessionThatItsTimerEnded)
                                         .text = "Outcome of session 1"}));
 }
 
-TEST(StandingEvents, doNotHaveASessionThatThePersonEnded)
+TEST(StandingEvents, includeASessionWhosePlannedLengthHasAFraction)
+{
+    QuillmereState state = stateIn(WorkflowState::focusing);
+    state.currentBlock->sessions.back().plannedDurationSeconds = 90.7;
+    workspace::catchUp(state, moment + 200);
+    ASSERT_EQ(state.workflowState, WorkflowState::sessionReview);
+    EXPECT_EQ(standingEvents(state).size(), 1U);
+}
+
+TEST(StandingEvents, leaveOutASessionThatThePersonEnded)
 {
     QuillmereState state = stateIn(WorkflowState::focusing);
     engine.endFocus(state, moment + 1'499);
@@ -84,19 +94,19 @@ TEST(StandingEvents, countThePauseInWhichASessionWasEnded)
     EXPECT_TRUE(standingEvents(state).empty());
 }
 
-TEST(StandingEvents, doNotHaveASessionThatIsReviewed)
+TEST(StandingEvents, leaveOutAReviewedSession)
 {
     QuillmereState state = endedByTimer();
     engine.saveReviewAndStartBreak(state, sampleReview(1), samplePlan(2), moment + 1'600);
     EXPECT_TRUE(standingEvents(state).empty());
 }
 
-TEST(StandingEvents, doNotHaveALastSessionThatIsReviewed)
+TEST(StandingEvents, leaveOutAReviewedLastSession)
 {
     EXPECT_TRUE(standingEvents(stateIn(WorkflowState::blockReview)).empty());
 }
 
-TEST(StandingEvents, haveTheBreakWhoseEndWasAnnounced)
+TEST(StandingEvents, includeABreakWhoseEndIsRecorded)
 {
     const auto events = standingEvents(breakAnnounced());
     ASSERT_EQ(events.size(), 1U);
@@ -105,7 +115,7 @@ TEST(StandingEvents, haveTheBreakWhoseEndWasAnnounced)
     EXPECT_EQ(events[0].text, "Outcome of session 2");
 }
 
-TEST(StandingEvents, tellTheEndOfALengthenedBreakFromTheFirst)
+TEST(StandingEvents, tellTheEndOfAnExtendedBreakFromItsFirstEnd)
 {
     QuillmereState state = breakAnnounced();
     const auto first = standingEvents(state);
@@ -117,7 +127,7 @@ TEST(StandingEvents, tellTheEndOfALengthenedBreakFromTheFirst)
     EXPECT_NE(second[0].key, first[0].key);
 }
 
-TEST(StandingEvents, haveTheBlockThatBeganBySchedule)
+TEST(StandingEvents, includeABlockThatBeganBySchedule)
 {
     const auto events = standingEvents(begunBySchedule());
     ASSERT_EQ(events.size(), 1U);
@@ -126,14 +136,14 @@ TEST(StandingEvents, haveTheBlockThatBeganBySchedule)
     EXPECT_EQ(events[0].text, "Chapter one");
 }
 
-TEST(StandingEvents, doNotHaveABlockThatThePersonBegan)
+TEST(StandingEvents, leaveOutABlockThatThePersonBegan)
 {
     QuillmereState state = stateWithScheduledBlock();
     engine.startScheduledBlockNow(state, moment + 60);
     EXPECT_TRUE(standingEvents(state).empty());
 }
 
-TEST(StandingEvents, doNotHaveABlockThatHadASession)
+TEST(StandingEvents, leaveOutABlockThatHadASession)
 {
     QuillmereState state = begunBySchedule();
     engine.startFocus(state, samplePlan(1), moment + 3'700);
@@ -145,7 +155,7 @@ TEST(StandingEvents, doNotHaveABlockThatHadASession)
     EXPECT_TRUE(standingEvents(state).empty());
 }
 
-TEST(StandingEvents, haveEveryOpenQuestion)
+TEST(StandingEvents, includeEveryOpenQuestion)
 {
     QuillmereState state = stateIn(WorkflowState::idle);
     engine.addQuestion(state, "Which build?", moment);
@@ -159,7 +169,7 @@ TEST(StandingEvents, haveEveryOpenQuestion)
                                         .text = "May I?"}));
 }
 
-TEST(StandingEvents, haveKeysThatAreFileNamesOfTheirOwn)
+TEST(StandingEvents, haveUniqueKeysThatAreFileNames)
 {
     std::set<std::string> keys;
     for (QuillmereState state : {endedByTimer(), breakAnnounced(), begunBySchedule()}) {
@@ -174,7 +184,7 @@ TEST(StandingEvents, haveKeysThatAreFileNamesOfTheirOwn)
     EXPECT_EQ(keys.size(), 4U);
 }
 
-TEST(StandingEvents, areNoneInAFileThatLacksWhatTheyNeed)
+TEST(StandingEvents, areNoneInAStateThatLacksTheirBlockOrSession)
 {
     QuillmereState state = breakAnnounced();
     state.currentBlock.reset();
@@ -184,25 +194,17 @@ TEST(StandingEvents, areNoneInAFileThatLacksWhatTheyNeed)
     EXPECT_TRUE(standingEvents(state).empty());
 }
 
-TEST(StandingEvents, mayBeToldInFocusUnlessTheyAreQuestions)
+TEST(StandingEvents, mayBeDeliveredInFocusUnlessTheyAreQuestions)
 {
     const StandingEvent question{
         .kind = Kind::questionRaised, .key = "question-1", .at = moment, .text = "May I?"};
     QuillmereState state = stateIn(WorkflowState::focusing);
-    EXPECT_FALSE(mayBeTold(question, state));
+    EXPECT_FALSE(mayBeDelivered(question, state));
     for (const Kind kind : {Kind::focusEnded, Kind::breakEnded, Kind::blockStarted}) {
-        EXPECT_TRUE(mayBeTold({.kind = kind, .key = "key", .at = moment, .text = ""}, state));
+        EXPECT_TRUE(mayBeDelivered({.kind = kind, .key = "key", .at = moment, .text = ""}, state));
     }
     engine.pauseFocus(state, moment + 1);
-    EXPECT_TRUE(mayBeTold(question, state));
-}
-
-TEST(StandingEvents, areNamedAsProgramsReadThem)
-{
-    EXPECT_EQ(eventName(Kind::focusEnded), "focus_ended");
-    EXPECT_EQ(eventName(Kind::breakEnded), "break_ended");
-    EXPECT_EQ(eventName(Kind::blockStarted), "block_started");
-    EXPECT_EQ(eventName(Kind::questionRaised), "question_raised");
+    EXPECT_TRUE(mayBeDelivered(question, state));
 }
 
 }  // namespace

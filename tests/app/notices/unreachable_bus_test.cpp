@@ -1,13 +1,18 @@
 // Bus and service may be absent, slow or broken; time passes all the same.
+#include "notices/notifier_process.hpp"
+
 #include <signal.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
+#include "clocked_watch.hpp"
 #include "desktop.hpp"
+#include "support/process_settings.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -25,7 +30,7 @@ base::Descriptor silentBus(const std::filesystem::path& path)
 
 class UnreachableBus : public Desktop {
 protected:
-    /// Whether the watch records what comes about, twice in a row.
+    /// Expects that a real watch records two events in a row.
     void expectTimeToPass()
     {
         const QuillmereState focus = focusOver(90);
@@ -48,18 +53,6 @@ TEST_F(UnreachableBus, doesNotKeepTimeFromPassingWhenThereIsNone)
     EXPECT_EQ(watch.endBy(SIGTERM), 0);
 }
 
-TEST_F(UnreachableBus, doesNotKeepTimeFromPassingWhenItAcceptsAndNeverAnswers)
-{
-    const base::Descriptor bus = silentBus(socket());
-    Process watch = watching();
-    expectTimeToPass();
-    EXPECT_TRUE(eventually([&] { return !said().empty(); }));
-    EXPECT_EQ(said(), "Notices cannot be given now: the session bus does not answer.\n");
-    expectTimeToPass();
-    EXPECT_EQ(watch.endBy(SIGTERM), 0);
-    EXPECT_EQ(countOf("\n", said()), 1U);
-}
-
 TEST_F(UnreachableBus, doesNotKeepTheProgramFromEnding)
 {
     const base::Descriptor bus = silentBus(socket());
@@ -69,132 +62,7 @@ TEST_F(UnreachableBus, doesNotKeepTheProgramFromEnding)
     EXPECT_EQ(watch.endBy(SIGINT), 0);
 }
 
-TEST_F(UnreachableBus, isFoundWhenItComesUpLater)
-{
-    person.has(focusOver(90));
-    const Process watch = watching();
-    EXPECT_TRUE(eventually([&] { return !said().empty(); }));
-    hasBus();
-    // That there is no service yet is another trouble, and said too.
-    EXPECT_TRUE(eventually([&] { return countOf("org.freedesktop.Notifications", said()) == 1; })) << said();
-    hasService();
-    EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said();
-    EXPECT_TRUE(eventually([&] { return said().ends_with("Notices can be given again.\n"); })) << said();
-    EXPECT_EQ(countOf("No such file or directory", said()), 1U);
-}
-
-TEST_F(UnreachableBus, isFoundAgainWhenItWasLost)
-{
-    hasBus();
-    hasService();
-    person.has(focusOver(90));
-    const Process watch = watching();
-    EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said();
-    losesBus();
-    person.has(breakOver(5));
-    EXPECT_TRUE(eventually([&] { return person.state().breakEndNotifiedAt.has_value(); }));
-    hasBus();
-    hasService();
-    EXPECT_TRUE(eventually([&] { return hasNotices(2); })) << said();
-    EXPECT_EQ(notices()[1]["summary"], "The break is over");
-}
-
-TEST_F(UnreachableBus, leadsToTheNoticeThatStillStands)
-{
-    person.has(asking(focusOver(90), 1, "May I?"));
-    const Process watch = watching();
-    EXPECT_TRUE(eventually([&] { return !said().empty(); }));
-    ASSERT_EQ(person.types({"review", "--completion", "Yes", "--next-outcome", "More"}).code, ExitCode::done);
-    hasBus();
-    hasService();
-    EXPECT_TRUE(eventually([&] { return !notices().empty(); })) << said();
-    EXPECT_EQ(notices()[0]["body"], "May I?");
-}
-
-TEST_F(UnreachableBus, leavesTheNoticeToTheNextWatch)
-{
-    person.has(focusOver(90));
-    watchesOnce();
-    EXPECT_EQ(said(), "Notices cannot be given now: Failed to open bus (No such file or directory).\n");
-    EXPECT_EQ(recordCount(), 0U);
-    hasBus();
-    hasService();
-    watchesOnce();
-    EXPECT_TRUE(hasNotices(1));
-    EXPECT_EQ(recordCount(), 1U);
-}
-
-TEST_F(UnreachableBus, isNoDifferentFromAServiceThatNeverAnswers)
-{
-    hasBus();
-    hasService({.behaviour = "mute"});
-    Process watch = watching();
-    expectTimeToPass();
-    EXPECT_TRUE(eventually([&] { return !said().empty(); }));
-    EXPECT_EQ(said(), "Notices cannot be given now: the notification service does not answer.\n");
-    EXPECT_TRUE(hasNotices(0));
-    hasService();
-    EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said();
-    EXPECT_EQ(notices()[0]["summary"], "The break is over");
-}
-
-TEST_F(UnreachableBus, doesNotLeadToANoticeTwiceWhenTheServiceKeepsItsAnswerToItself)
-{
-    hasBus();
-    hasService({.behaviour = "numb"});
-    person.has(focusOver(90));
-    Process watch = watching();
-    EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said();
-    expectTimeToPass();
-    EXPECT_TRUE(eventually([&] { return !said().empty(); }));
-    EXPECT_EQ(said(), "Notices cannot be given now: the notification service does not answer.\n");
-    EXPECT_EQ(watch.endBy(SIGTERM), 0);
-    // The service has it, so it may be on the screen.
-    hasService();
-    person.has(focusOver(90));
-    watchesOnce();
-    EXPECT_EQ(countOf("Focus is over", textIn("log")), 1U);
-}
-
-TEST_F(UnreachableBus, doesNotLeadToANoticeTwiceWhenTheAnswerCannotBeRead)
-{
-    hasBus();
-    hasService({.behaviour = "garbled"});
-    person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
-    watchesOnce();
-    EXPECT_EQ(said(),
-              "Notices cannot be given now: the answer of the notification service cannot be read.\n");
-    EXPECT_EQ(recordCount(), 1U);
-    EXPECT_TRUE(hasNotices(1));
-}
-
-TEST_F(UnreachableBus, leadsToTheNoticeAtTheNextServiceWhenOneEndsInsteadOfGivingIt)
-{
-    hasBus();
-    hasService({.behaviour = "frail"});
-    person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
-    const Process watch = watching();
-    EXPECT_TRUE(eventually([&] { return !said().empty(); }));
-    EXPECT_EQ(said(), "Notices cannot be given now: the notification service has gone.\n");
-    hasService();
-    EXPECT_TRUE(eventually([&] { return hasNotices(2); })) << said();
-}
-
-TEST_F(UnreachableBus, leavesTheNoticeToTheNextWatchWhenTheServiceFallsSilentBeforeIt)
-{
-    hasBus();
-    hasService({.behaviour = "tired"});
-    person.has(focusOver(90));
-    Process watch = watching();
-    EXPECT_TRUE(eventually([&] { return !said().empty(); }));
-    EXPECT_EQ(said(), "Notices cannot be given now: the notification service does not answer.\n");
-    EXPECT_EQ(watch.endBy(SIGTERM), 0);
-    hasService();
-    watchesOnce();
-    EXPECT_TRUE(hasNotices(1));
-}
-
-TEST_F(UnreachableBus, doesNotKeepTheNotifierWhenTheWatchIsKilled)
+TEST_F(UnreachableBus, doesNotKeepTheNotifierAliveWhenTheWatchIsKilled)
 {
     const base::Descriptor bus = silentBus(socket());
     person.has(focusOver(90));
@@ -203,7 +71,7 @@ TEST_F(UnreachableBus, doesNotKeepTheNotifierWhenTheWatchIsKilled)
     EXPECT_TRUE(eventually([&] { return !(notifier = childrenOf(watch.number())).empty(); }));
     const std::filesystem::path process = "/proc/" + notifier;
     ASSERT_TRUE(std::filesystem::exists(process));
-    // It has begun to wait for the bus.
+    // It waits for the bus.
     EXPECT_TRUE(eventually([&] {
         std::ifstream status(process / "stat");
         return std::string(std::istreambuf_iterator<char>(status), {}).find("(quillmere-notif) S") !=
@@ -211,16 +79,16 @@ TEST_F(UnreachableBus, doesNotKeepTheNotifierWhenTheWatchIsKilled)
     }));
     watch.endBy(SIGKILL);
     EXPECT_TRUE(eventually([&] {
-        // Where nobody takes leave of the dead, they stay as what they are.
+        // Where no process reaps orphans, it stays as a zombie.
         std::ifstream status(process / "stat");
         const std::string line(std::istreambuf_iterator<char>(status), {});
         return line.empty() || line.find(") Z") != std::string::npos;
     }));
 }
 
-TEST_F(UnreachableBus, isSoToAWatchWithoutItsNotifier)
+TEST_F(UnreachableBus, isReportedByAWatchThatDoesNotFindItsNotifier)
 {
-    // A program that was moved away from what belongs to it.
+    // The program alone, without its notifier beside it.
     std::filesystem::copy(QUILLMERE_PROGRAM, file("quillmere"));
     person.has(focusOver(90));
     Process watch(
@@ -232,6 +100,75 @@ TEST_F(UnreachableBus, isSoToAWatchWithoutItsNotifier)
     EXPECT_TRUE(said().starts_with("Notices cannot be given now: ")) << said();
     EXPECT_TRUE(said().ends_with("quillmere-notifier: No such file or directory.\n")) << said();
     EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
+}
+
+/// A real notifier on a watch whose clock the test moves: what takes minutes takes none here.
+class UnreachableBusOnAClock : public Desktop {
+protected:
+    const EnvironmentVariable address{"DBUS_SESSION_BUS_ADDRESS", "unix:path=" + socket().string()};
+    notices::NotifierProcess notifier{std::filesystem::path(QUILLMERE_PROGRAM).parent_path() /
+                                      "quillmere-notifier"};
+    ClockedWatch watch{person, notifier};
+
+    void pass(double seconds) { person.now = person.now + seconds; }
+};
+
+TEST_F(UnreachableBusOnAClock, doesNotKeepTimeFromPassingWhenItAcceptsAndNeverAnswers)
+{
+    const base::Descriptor bus = silentBus(socket());
+    person.has(focusOver(90));
+    watch.round();
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
+    EXPECT_TRUE(notifier.isRunning());
+    person.has(breakOver(30));
+    pass(5);
+    watch.round();
+    EXPECT_TRUE(person.state().breakEndNotifiedAt.has_value());
+    const std::string message = "Notices cannot be given now: the session bus does not answer.\n";
+    EXPECT_EQ(watch.said(), message);
+    // And again, which is not reported again.
+    pass(60);
+    watch.round();
+    EXPECT_TRUE(notifier.isRunning());
+    pass(5);
+    watch.round();
+    EXPECT_FALSE(notifier.isRunning());
+    EXPECT_EQ(watch.said(), message);
+}
+
+TEST_F(UnreachableBusOnAClock, isFoundWhenItComesUpLater)
+{
+    person.has(focusOver(90));
+    EXPECT_TRUE(watch.roundsUntil([&] { return !watch.said().empty(); }));
+    EXPECT_EQ(countOf("No such file or directory", watch.said()), 1U) << watch.said();
+    hasBus();
+    pass(2);
+    // A missing service is another error, and reported too.
+    EXPECT_TRUE(watch.roundsUntil([&] {
+        return countOf("org.freedesktop.Notifications", watch.said()) == 1;
+    })) << watch.said();
+    hasService();
+    pass(4);
+    EXPECT_TRUE(watch.roundsUntil([&] { return watch.isIdle(); })) << watch.said();
+    EXPECT_TRUE(hasNotices(1));
+    EXPECT_TRUE(watch.said().ends_with("Notices can be given again.\n")) << watch.said();
+}
+
+TEST_F(UnreachableBusOnAClock, isFoundAgainWhenItWasLost)
+{
+    hasBus();
+    hasService();
+    person.has(focusOver(90));
+    EXPECT_TRUE(watch.roundsUntil([&] { return watch.isIdle(); })) << watch.said();
+    losesBus();
+    EXPECT_TRUE(watch.roundsUntil([&] { return !notifier.isRunning(); }));
+    hasBus();
+    hasService();
+    person.has(breakOver(5));
+    pass(5);
+    EXPECT_TRUE(watch.roundsUntil([&] { return watch.isIdle(); })) << watch.said();
+    ASSERT_TRUE(hasNotices(2));
+    EXPECT_EQ(notices()[1]["summary"], "The break is over");
 }
 
 }  // namespace

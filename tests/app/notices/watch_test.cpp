@@ -1,94 +1,51 @@
-// Time passes without a screen.
+// A watch records the events of passing time and delivers them.
 #include "notices/watch.hpp"
 
-#include "workspace/state_home.hpp"
+#include "workspace/directory_lock.hpp"
 
 #include <fcntl.h>
 #include <signal.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include <chrono>
-#include <cstdlib>
-#include <functional>
 #include <optional>
 #include <sstream>
-#include <thread>
+#include <vector>
 
+#include "clocked_watch.hpp"
 #include "desktop.hpp"
 
 namespace quillmere::test {
 namespace {
 
-using notices::Watch;
-using notices::WatchSettings;
+using std::chrono::milliseconds;
 
-/// While it lives, nothing can be written into any file, as when the disk is full.
-class NoRoom {
-public:
-    NoRoom()
-    {
-        ::getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit none{.rlim_cur = 0, .rlim_max = before_.rlim_max};
-        handler_ = ::signal(SIGXFSZ, SIG_IGN);
-        ::setrlimit(RLIMIT_FSIZE, &none);
-    }
-    NoRoom(const NoRoom&) = delete;
-    NoRoom& operator=(const NoRoom&) = delete;
-    ~NoRoom()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &before_);
-        ::signal(SIGXFSZ, handler_);
-    }
-
-private:
-    rlimit before_{};
-    void (*handler_)(int);
-};
-
-/// A watch in this process, on a clock that the test sets; without anything to give notices with.
+/// Without notices: the notifier never gets ready.
 class WatchOnAClock : public testing::Test {
 protected:
+    WatchOnAClock() { notifier.becomesUnreachable(""); }
+
     Person person;
-    std::istringstream in;
-    std::ostringstream out;
-    std::ostringstream err;
-    base::Environment environment{
-        .in = in,
-        .out = out,
-        .err = err,
-        .clock = [this] { return person.now; },
-        .inputIsTerminal = false,
-        .outputIsTerminal = false,
-        .stateHome = person.stateHome(),
-    };
-    bool json = false;
+    FakeNotifier notifier;
     const TimeZone utc{"UTC"};
 
-    std::filesystem::path records() const
+    /// As another process that has given the notice.
+    void recordDelivery(const std::string& key) const
     {
-        return workspace::stateDirectory(person.directory(), person.stateHome()) / "notices";
-    }
-    /// As a program does that has given the notice.
-    void makeRecord(const std::string& key)
-    {
-        base::LineWriter messages(err, -1);
-        EXPECT_TRUE(notices::DeliveryLog(records(), messages).make(key));
-    }
-
-    Watch watch()
-    {
-        return {workspace::Workspace::in(person.directory(), environment.clock, environment.stateHome),
-                environment,
-                {.json = json, .notifier = "/nowhere/notifier"}};
+        std::ostringstream said;
+        base::LineWriter messages(said, -1);
+        EXPECT_TRUE(notices::DeliveryLog(deliveryLogOf(person), messages).record(key));
     }
 };
+
+/// Whether there is nothing to wait for.
+bool isReady(notices::Waiting waiting) { return base::waitFor(waiting.sources, milliseconds(0)); }
 
 TEST_F(WatchOnAClock, catchesUpAtOnceAfterTheMachineHasSlept)
 {
     person.has(stateIn(WorkflowState::focusing));
     person.now = moment + 10.25;
-    Watch watch = this->watch();
+    ClockedWatch watch(person, notifier);
     watch.round();
     EXPECT_EQ(person.state(), stateIn(WorkflowState::focusing));
     // The lid is closed for eight hours.
@@ -97,14 +54,14 @@ TEST_F(WatchOnAClock, catchesUpAtOnceAfterTheMachineHasSlept)
     const QuillmereState state = person.state();
     EXPECT_EQ(state.workflowState, WorkflowState::sessionReview);
     EXPECT_EQ(*state.currentSession()->endedAt, moment + 1'500);
-    EXPECT_EQ(out.str(), "15:25  Focus is over: Outcome of session 1\n");
+    EXPECT_EQ(watch.printed(), "15:25  Focus is over: Outcome of session 1\n");
     EXPECT_TRUE(filesAgree(person));
 }
 
 TEST_F(WatchOnAClock, beginsABlockAndEndsABreakWhenTheirTimeHasCome)
 {
     person.has(stateWithScheduledBlock());
-    Watch watch = this->watch();
+    ClockedWatch watch(person, notifier);
     person.now = moment + 3'599.9;
     watch.round();
     EXPECT_EQ(person.state().workflowState, WorkflowState::idle);
@@ -114,144 +71,207 @@ TEST_F(WatchOnAClock, beginsABlockAndEndsABreakWhenTheirTimeHasCome)
     person.has(stateIn(WorkflowState::breaking));
     watch.round();
     EXPECT_EQ(*person.state().breakEndNotifiedAt, moment + 300);
-    EXPECT_EQ(out.str(),
+    EXPECT_EQ(watch.printed(),
               "16:00  The scheduled block has begun: Chapter one\n"
               "15:05  The break is over: Outcome of session 2\n");
 }
 
-TEST_F(WatchOnAClock, writesNothingWhileNothingComesAbout)
+TEST_F(WatchOnAClock, writesNothingWhileNothingHappens)
 {
     person.has(stateIn(WorkflowState::focusing));
-    Watch watch = this->watch();
+    ClockedWatch watch(person, notifier);
     const auto before = pictureOf(person.directory());
     for (int second = 1; second < 100; ++second) {
         person.now = moment + second;
         watch.round();
     }
     EXPECT_EQ(pictureOf(person.directory()), before);
-    EXPECT_EQ(out.str() + err.str(), "");
+    EXPECT_EQ(watch.printed() + watch.said(), "");
     EXPECT_EQ(namesIn(person.stateHome()), Words{});
+}
+
+TEST_F(WatchOnAClock, sleepsUntilTheNextWholeSecond)
+{
+    person.has(stateIn(WorkflowState::focusing));
+    person.now = moment + 10.25;
+    ClockedWatch watch(person, notifier);
+    watch.round();
+    EXPECT_EQ(watch.waiting().until - watch.moment(), milliseconds(750));
+    EXPECT_FALSE(isReady(watch.waiting()));
+}
+
+TEST_F(WatchOnAClock, isWokenByAChangeOfTheFiles)
+{
+    person.has(stateIn(WorkflowState::focusing));
+    ClockedWatch watch(person, notifier);
+    watch.round();
+    person.has(stateIn(WorkflowState::idle));
+    EXPECT_TRUE(isReady(watch.waiting()));
+    watch.round();
+    EXPECT_FALSE(isReady(watch.waiting()));
+}
+
+TEST_F(WatchOnAClock, ignoresChangesForAQuarterOfASecondAfterEachRead)
+{
+    person.now = moment + 0.125;
+    person.has(stateIn(WorkflowState::focusing));
+    ClockedWatch watch(person, notifier);
+    watch.round();
+    person.has(stateIn(WorkflowState::idle));
+    watch.round();
+    person.has(stateIn(WorkflowState::complete));
+    EXPECT_FALSE(isReady(watch.waiting()));
+    EXPECT_EQ(watch.waiting().until - watch.moment(), milliseconds(250));
+    person.now = person.now + 0.25;
+    EXPECT_TRUE(isReady(watch.waiting()));
 }
 
 TEST_F(WatchOnAClock, printsAnObjectForEachEventToPrograms)
 {
-    json = true;
     person.has(asking(stateIn(WorkflowState::breaking), 1, "May \x1b[31m I?"));
     person.now = moment + 400;
-    Watch watch = this->watch();
+    ClockedWatch watch(person, notifier, {.json = true});
     watch.round();
     watch.round();
-    EXPECT_EQ(out.str(),
+    EXPECT_EQ(watch.printed(),
               "{\"event\":\"break_ended\",\"at\":\"2026-11-15T15:05:00Z\"}\n"
               "{\"event\":\"question_raised\",\"at\":\"2026-11-15T15:00:00Z\"}\n");
 }
 
-TEST_F(WatchOnAClock, printsInertText)
+TEST_F(WatchOnAClock, printsSanitizedText)
 {
     person.has(asking(stateIn(WorkflowState::idle), 1, "May \x1b[31m\nI?"));
-    Watch watch = this->watch();
+    ClockedWatch watch(person, notifier);
     watch.round();
-    EXPECT_EQ(out.str(), "15:00  A question waits: May \xEF\xBF\xBD[31m I?\n");
+    EXPECT_EQ(watch.printed(), "15:00  A question waits: May \xEF\xBF\xBD[31m I?\n");
 }
 
-TEST_F(WatchOnAClock, saysOnceThatTheFilesCannotBeUsedAndGoesOnWhenTheyCan)
+TEST_F(WatchOnAClock, reportsOnceThatTheFilesCannotBeUsedAndContinuesWhenTheyCan)
 {
-    const auto isSoon = [&](Watch& watch, const std::function<bool()>& condition) {
-        return eventually([&] {
-            watch.round();
-            return condition();
-        });
-    };
     person.has(stateIn(WorkflowState::focusing));
     const std::string text = textOf(person.store().stateURL());
     writeText(person.store().stateURL(), "spoilt");
-    Watch watch = this->watch();
+    ClockedWatch watch(person, notifier);
     watch.round();
     watch.round();
-    EXPECT_EQ(countOf("\n", err.str()), 1U);
-    EXPECT_TRUE(err.str().starts_with("The state cannot be used: ")) << err.str();
+    EXPECT_EQ(countOf("\n", watch.said()), 1U);
+    EXPECT_TRUE(watch.said().starts_with("The state cannot be used: ")) << watch.said();
     EXPECT_EQ(textOf(person.store().stateURL()), "spoilt");
     writeText(person.store().stateURL(), text);
-    EXPECT_TRUE(isSoon(watch, [&] { return err.str().ends_with("The files can be used again.\n"); }))
-        << err.str();
+    person.now = person.now + 1;
+    watch.round();
+    EXPECT_TRUE(watch.said().ends_with("The files can be used again.\n")) << watch.said();
     writeText(person.store().stateURL(), "spoilt again");
     person.now = moment + 1'600;
     watch.round();
-    EXPECT_EQ(countOf("The state cannot be used: ", err.str()), 2U);
+    EXPECT_EQ(countOf("The state cannot be used: ", watch.said()), 2U);
     writeText(person.store().stateURL(), text);
-    EXPECT_TRUE(isSoon(watch, [&] { return person.state().workflowState == WorkflowState::sessionReview; }));
+    person.now = person.now + 1;
+    watch.round();
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
 }
 
-TEST_F(WatchOnAClock, saysOnceThatNothingCanBeRecordedAndTellsItAllTheSame)
+TEST_F(WatchOnAClock, triesAFileErrorAgainAfterASecond)
+{
+    person.has(stateIn(WorkflowState::focusing));
+    const std::string text = textOf(person.store().stateURL());
+    writeText(person.store().stateURL(), "spoilt");
+    ClockedWatch watch(person, notifier);
+    watch.round();
+    writeText(person.store().stateURL(), text);
+    person.now = person.now + 0.875;
+    watch.round();
+    EXPECT_EQ(countOf("can be used again", watch.said()), 0U);
+    person.now = person.now + 0.125;
+    watch.round();
+    EXPECT_EQ(countOf("can be used again", watch.said()), 1U);
+}
+
+TEST_F(WatchOnAClock, reportsOnceThatNothingCanBeRecordedAndDeliversAllTheSame)
 {
     person.has(stateIn(WorkflowState::focusing));
     person.now = moment + 1'600;
-    Watch watch = this->watch();
+    ClockedWatch watch(person, notifier);
     const FileEvents events = fileEventsDuring(person.directory(), "", [&] {
-        const NoRoom full;
-        // Until it has tried a second time: the temporary file has another name then.
-        const auto begin = std::chrono::steady_clock::now();
-        while (std::chrono::steady_clock::now() < begin + std::chrono::milliseconds(1'500)) {
-            watch.round();
-        }
-    });
-    EXPECT_EQ(out.str(), "15:25  Focus is over: Outcome of session 1\n");
-    EXPECT_EQ(countOf("write: File too large", err.str()), 1U) << err.str();
-    EXPECT_EQ(events.made, 2U);
-    EXPECT_TRUE(eventually([&] {
+        const FileSizeLimit full(0);
         watch.round();
-        return person.state().workflowState == WorkflowState::sessionReview;
-    }));
-    EXPECT_TRUE(err.str().ends_with("The files can be used again.\n")) << err.str();
-    EXPECT_EQ(countOf("\n", out.str()), 1U);
+        // The second try uses a temporary file of another name.
+        person.now = person.now + 1;
+        watch.round();
+    });
+    EXPECT_EQ(watch.printed(), "15:25  Focus is over: Outcome of session 1\n");
+    EXPECT_EQ(countOf("write: File too large", watch.said()), 1U) << watch.said();
+    EXPECT_EQ(events.made, 2U);
+    person.now = person.now + 1;
+    watch.round();
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
+    EXPECT_TRUE(watch.said().ends_with("The files can be used again.\n")) << watch.said();
+    EXPECT_EQ(countOf("\n", watch.printed()), 1U);
+}
+
+TEST_F(WatchOnAClock, deliversWhatItCannotRecordWhileAnotherProcessHoldsTheLock)
+{
+    notifier.becomesReady();
+    person.has(stateIn(WorkflowState::focusing));
+    person.now = moment + 1'600;
+    std::optional<workspace::DirectoryLock> lock(std::in_place, person.directory());
+    ClockedWatch watch(person, notifier, {.lockPatience = milliseconds(0)});
+    watch.untilIdle();
+    EXPECT_EQ(notifier.requests.size(), 1U);
+    EXPECT_EQ(person.state().workflowState, WorkflowState::focusing);
+    lock.reset();
+    person.now = person.now + 1;
+    watch.untilIdle();
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
+    EXPECT_EQ(notifier.requests.size(), 1U);
 }
 
 TEST_F(WatchOnAClock, printsAnEventOnceWhereThereIsNoStateHome)
 {
-    environment.stateHome.clear();
     person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
-    Watch watch = this->watch();
+    ClockedWatch watch(person, notifier, {}, person.directory(), "");
     watch.round();
     watch.round();
-    EXPECT_EQ(countOf("\n", out.str()), 1U);
+    EXPECT_EQ(countOf("\n", watch.printed()), 1U);
 }
 
-TEST_F(WatchOnAClock, printsWhatHasBeenToldWhileItRunsAndNotWhatWasToldBefore)
+TEST_F(WatchOnAClock, printsTheEventsDeliveredSinceItsStartOnly)
 {
     person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
-    makeRecord("question-" + identifier(601).text());
-    Watch watch = this->watch();
+    recordDelivery("question-" + identifier(601).text());
+    ClockedWatch watch(person, notifier);
     watch.round();
-    EXPECT_EQ(out.str(), "");
-    makeRecord("question-" + identifier(602).text());
+    EXPECT_EQ(watch.printed(), "");
+    recordDelivery("question-" + identifier(602).text());
     person.has(asking(person.state(), 2, "Which build?"));
     watch.round();
     watch.round();
-    EXPECT_EQ(out.str(), "15:00  A question waits: Which build?\n");
+    EXPECT_EQ(watch.printed(), "15:00  A question waits: Which build?\n");
 }
 
-TEST_F(WatchOnAClock, keepsOldRecordsOfWhatStillStands)
+TEST_F(WatchOnAClock, keepsOldRecordsOfStandingEvents)
 {
     const std::string key = "question-" + identifier(601).text();
-    makeRecord(key);
+    recordDelivery(key);
     std::filesystem::last_write_time(
-        records() / key, std::filesystem::file_time_type::clock::now() - std::chrono::hours(24 * 41));
+        deliveryLogOf(person) / key,
+        std::filesystem::file_time_type::clock::now() - std::chrono::hours(24 * 41));
     person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
-    watch().round();
-    EXPECT_EQ(namesIn(records()), Words{key});
+    ClockedWatch(person, notifier).round();
+    EXPECT_EQ(namesIn(deliveryLogOf(person)), Words{key});
     person.has(stateIn(WorkflowState::idle));
-    watch().round();
-    EXPECT_EQ(namesIn(records()), Words{});
+    ClockedWatch(person, notifier).round();
+    EXPECT_EQ(namesIn(deliveryLogOf(person)), Words{});
 }
 
-TEST(WatchCommand, endsAsOtherCommandsDoWithOnceWhenTheFilesCannotBeUsed)
+TEST(WatchCommand, failsWithOnceWhenTheFilesCannotBeUsed)
 {
     Person person;
     writeText(person.store().stateURL(), "spoilt");
     EXPECT_EQ(person.types({"watch", "--once"}).code, ExitCode::unusableData);
 }
 
-TEST(WatchCommand, takesNoOtherUrgency)
+TEST(WatchCommand, acceptsNoOtherUrgency)
 {
     const Person person;
     EXPECT_EQ(person.types({"watch", "--once", "--urgency", "loud"}).code, ExitCode::usage);
@@ -260,7 +280,7 @@ TEST(WatchCommand, takesNoOtherUrgency)
 
 class WatchProcess : public Desktop {};
 
-TEST_F(WatchProcess, endsWellWhenItIsAskedTo)
+TEST_F(WatchProcess, endsWithSuccessOnASignal)
 {
     for (const int signal : {SIGTERM, SIGINT}) {
         person.has(focusOver(5));
@@ -270,7 +290,7 @@ TEST_F(WatchProcess, endsWellWhenItIsAskedTo)
     }
 }
 
-TEST_F(WatchProcess, saysNothingWhenItsNotifierIsAskedToEndWithIt)
+TEST_F(WatchProcess, reportsNothingWhenASignalEndsItsNotifierToo)
 {
     hasBus();
     hasService();
@@ -280,7 +300,7 @@ TEST_F(WatchProcess, saysNothingWhenItsNotifierIsAskedToEndWithIt)
     const std::string notifier = childrenOf(watch.number());
     ASSERT_FALSE(notifier.empty());
     const std::string before = said();
-    // Control-C reaches both; here the notifier is the first to be heard of.
+    // Control-C reaches both; here the end of the notifier arrives first.
     ::kill(watch.number(), SIGSTOP);
     ::kill(std::stoi(notifier), SIGKILL);
     ::kill(watch.number(), SIGINT);
@@ -289,38 +309,7 @@ TEST_F(WatchProcess, saysNothingWhenItsNotifierIsAskedToEndWithIt)
     EXPECT_EQ(said(), before);
 }
 
-TEST_F(WatchProcess, tellsWhatItCannotRecordWhileSomebodyHoldsTheDirectory)
-{
-    hasBus();
-    hasService();
-    person.has(focusOver(90));
-    std::optional<workspace::DirectoryLock> lock(std::in_place, person.directory());
-    const Process watch = watching();
-    EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said();
-    EXPECT_EQ(person.state().workflowState, WorkflowState::focusing);
-    lock.reset();
-    EXPECT_TRUE(eventually([&] { return person.state().workflowState == WorkflowState::sessionReview; }));
-    EXPECT_TRUE(hasNotices(1));
-}
-
-TEST_F(WatchProcess, readsAFewTimesASecondHoweverOftenTheDirectoryChanges)
-{
-    person.has(stateIn(WorkflowState::idle));
-    const Process watch = watching();
-    const auto begin = std::chrono::steady_clock::now();
-    const FileEvents events = fileEventsDuring(person.directory(), "state.json", [&] {
-        for (int count = 0; count < 200; ++count) {
-            writeText(person.directory() / "noise", "");
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        }
-    });
-    const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - begin;
-    EXPECT_GE(events.opened, 2U);
-    // Four reads and the one of each whole second, with some to spare at either end.
-    EXPECT_LE(static_cast<double>(events.opened), 5 * seconds.count() + 5);
-}
-
-TEST_F(WatchProcess, goesOnWhenNobodyReadsWhatItPrints)
+TEST_F(WatchProcess, continuesWhenNobodyReadsItsOutput)
 {
     hasBus();
     hasService();
@@ -335,7 +324,7 @@ TEST_F(WatchProcess, goesOnWhenNobodyReadsWhatItPrints)
             }
             ::fcntl(pipe.to.get(), F_SETFL, 0);
         }
-        // A hook that fails has the watch say something, too.
+        // A hook that fails makes the watch write a message too.
         Process watch({.words = {QUILLMERE_PROGRAM, "--directory", person.directory().string(), "watch",
                                  "--hook", "exit 3"},
                        .variables = variables(),
@@ -347,7 +336,7 @@ TEST_F(WatchProcess, goesOnWhenNobodyReadsWhatItPrints)
     }
 }
 
-TEST_F(WatchProcess, goesOnWithoutAnyStandardChannel)
+TEST_F(WatchProcess, continuesWithoutStandardChannels)
 {
     hasBus();
     hasService();
@@ -362,25 +351,6 @@ TEST_F(WatchProcess, goesOnWithoutAnyStandardChannel)
         EXPECT_EQ(std::filesystem::read_symlink(files + channel), "/dev/null") << channel;
     }
     EXPECT_EQ(watch.endBy(SIGTERM), 0);
-}
-
-TEST_F(WatchProcess, sleepsBetweenSeconds)
-{
-    // Three seconds of waiting, of which next to nothing is work; a loop that never slept would work all of
-    // it.
-    person.has(focusOver(-3));
-    rusage before{};
-    ::getrusage(RUSAGE_CHILDREN, &before);
-    Process watch = watching();
-    EXPECT_TRUE(eventually([&] { return person.state().workflowState == WorkflowState::sessionReview; }));
-    EXPECT_EQ(watch.endBy(SIGTERM), 0);
-    rusage after{};
-    ::getrusage(RUSAGE_CHILDREN, &after);
-    const auto milliseconds = [](const rusage& usage) {
-        return (usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) * 1'000 +
-               (usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1'000;
-    };
-    EXPECT_LT(milliseconds(after) - milliseconds(before), 1'000);
 }
 
 }  // namespace

@@ -126,12 +126,5 @@ TEST(CatchUp, beginsAScheduledBlockThatIsDue)
     EXPECT_EQ(state.currentBlock->scheduledStartTriggeredAt, moment + 3600);
 }
 
-TEST(CatchUp, namesEventsForPrograms)
-{
-    EXPECT_EQ(eventName(Event::Kind::blockStarted), "block_started");
-    EXPECT_EQ(eventName(Event::Kind::focusEnded), "focus_ended");
-    EXPECT_EQ(eventName(Event::Kind::breakEnded), "break_ended");
-}
-
 }  // namespace
 }  // namespace quillmere::test

@@ -1,4 +1,4 @@
-// One of all who could tell does.
+// One process of several is the leader.
 #include "workspace/leader_lock.hpp"
 
 #include "program_testing.hpp"
@@ -8,44 +8,44 @@ namespace {
 
 using workspace::LeaderLock;
 
-class TurnToTell : public testing::Test {
+class LeaderLockOfADirectory : public testing::Test {
 protected:
     TemporaryDirectory home;
     const std::filesystem::path directory = home.path() / "a" / "notices";
 };
 
-TEST_F(TurnToTell, isHadByOne)
+TEST_F(LeaderLockOfADirectory, isHeldByOneAtATime)
 {
     LeaderLock one(directory);
     LeaderLock other(directory);
-    EXPECT_TRUE(one.take());
-    EXPECT_TRUE(one.take());
-    EXPECT_FALSE(other.take());
-    EXPECT_FALSE(other.isHad());
-    one.giveBack();
-    EXPECT_FALSE(one.isHad());
-    EXPECT_TRUE(other.take());
+    EXPECT_TRUE(one.tryAcquire());
+    EXPECT_TRUE(one.tryAcquire());
+    EXPECT_FALSE(other.tryAcquire());
+    EXPECT_FALSE(other.isHeld());
+    one.release();
+    EXPECT_FALSE(one.isHeld());
+    EXPECT_TRUE(other.tryAcquire());
 }
 
-TEST_F(TurnToTell, goesWithItsHolder)
+TEST_F(LeaderLockOfADirectory, isReleasedWithItsHolder)
 {
     LeaderLock other(directory);
     {
         LeaderLock one(directory);
-        EXPECT_TRUE(one.take());
-        EXPECT_FALSE(other.take());
+        EXPECT_TRUE(one.tryAcquire());
+        EXPECT_FALSE(other.tryAcquire());
     }
-    EXPECT_TRUE(other.take());
+    EXPECT_TRUE(other.tryAcquire());
 }
 
-TEST_F(TurnToTell, isHadByEverybodyWhereNothingCanBeLocked)
+TEST_F(LeaderLockOfADirectory, isHeldByAllWhereLockingIsImpossible)
 {
     writeText(home.path() / "a", "no directory");
     for (const std::filesystem::path& nowhere : {std::filesystem::path(), directory}) {
         LeaderLock one(nowhere);
         LeaderLock other(nowhere);
-        EXPECT_TRUE(one.take());
-        EXPECT_TRUE(other.take());
+        EXPECT_TRUE(one.tryAcquire());
+        EXPECT_TRUE(other.tryAcquire());
     }
 }
 

@@ -1,11 +1,10 @@
 // The real program as it raises a question.
 #pragma once
 
-#include <sys/types.h>
-
 #include <filesystem>
 #include <string>
 
+#include "support/process.hpp"
 #include "support/process_settings.hpp"
 
 namespace quillmere::test {
@@ -14,26 +13,10 @@ inline constexpr int isDone = 0;
 inline constexpr int isLockedOut = 75;  ///< nothing was written; trying again helps
 inline constexpr int isKilled = 128 + 9;
 
-/// "quillmere ask QUESTION" in a directory. Nobody reads what it prints.
-class AskingProcess {
-public:
-    AskingProcess(const std::filesystem::path& directory, const std::string& question);
-    AskingProcess(const AskingProcess&) = delete;
-    AskingProcess& operator=(const AskingProcess&) = delete;
-    /// Waits for the end.
-    ~AskingProcess();
+/// Starts "quillmere ask QUESTION" in a directory. Nobody reads what it prints.
+Process startAsking(const std::filesystem::path& directory, const std::string& question);
 
-    /// Kills it wherever it is.
-    void kill();
-
-    /// Waits for the end: the exit code, or 128 and the signal. Once.
-    int wait();
-
-private:
-    pid_t process_ = -1;
-};
-
-/// Asks, again and again as long as others keep the directory locked; how it ended at last.
+/// Asks, again and again as long as others keep the directory locked; the last exit code.
 int ask(const std::filesystem::path& directory, const std::string& question);
 
 /// As long as it lives, programs that are started load `library` before all others, and find `value` in

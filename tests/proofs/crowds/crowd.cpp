@@ -1,76 +1,44 @@
 #include "proofs/crowds/crowd.hpp"
 
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <exception>
+#include <algorithm>
+#include <chrono>
 #include <iostream>
-#include <stdexcept>
 
 namespace quillmere::test {
 namespace {
 
-/// Ends the process without the endings of what its parent began.
-[[noreturn]] void endWith(const std::function<int()>& work) noexcept
-{
-    try {
-        ::_exit(work());
-    } catch (const std::exception& error) {
-        std::cerr << "one of a crowd: " << error.what() << '\n';
-    }
-    ::_exit(1);
-}
+/// The long forms take minutes.
+constexpr std::chrono::hours longestWork{1};
 
 }  // namespace
 
-Crowd::~Crowd()
-{
-    killAll();
-    for (const pid_t process : atWork_) {
-        ::waitpid(process, nullptr, 0);
-    }
-}
-
 void Crowd::join(const std::function<int()>& work)
 {
-    const pid_t process = ::fork();
-    if (process == -1) {
-        throw std::runtime_error("no process");
-    }
-    if (process == 0) {
-        endWith(work);
-    }
-    atWork_.push_back(process);
+    atWork_.emplace_back(
+        ProcessOptions{.work = work, .output = Channel::inherited(), .error = Channel::inherited()});
 }
 
 bool Crowd::allSucceed()
 {
+    const auto hasEnded = [](Process& process) { return process.hasEnded(); };
     bool succeed = true;
-    while (!atWork_.empty()) {
-        int status = 0;
-        const pid_t process = ::waitpid(-1, &status, 0);
-        if (process == -1 && errno != EINTR) {
-            throw std::runtime_error("no process to wait for");
+    const auto endedTogether = [&] {
+        for (auto ended = atWork_.begin(); succeed && ended != atWork_.end();) {
+            ended = std::find_if(atWork_.begin(), atWork_.end(), hasEnded);
+            if (ended != atWork_.end()) {
+                const int code = ended->wait().code;
+                succeed = code == 0;
+                atWork_.erase(ended);
+                std::cerr << (succeed ? "" : "one of a crowd ended with " + std::to_string(code) + '\n');
+            }
         }
-        if (std::erase(atWork_, process) == 0 || (WIFEXITED(status) && WEXITSTATUS(status) == 0)) {
-            continue;
-        }
-        if (succeed) {
-            std::cerr << "one of a crowd ended with status " << status << '\n';
-            killAll();
-        }
-        succeed = false;
-    }
-    return succeed;
-}
-
-void Crowd::killAll()
-{
-    for (const pid_t process : atWork_) {
-        ::kill(process, SIGKILL);
-    }
+        return !succeed || atWork_.empty();
+    };
+    const testing::AssertionResult result = eventually(endedTogether, nullptr, longestWork);
+    EXPECT_TRUE(result);
+    // Kills those that are left.
+    atWork_.clear();
+    return result && succeed;
 }
 
 }  // namespace quillmere::test

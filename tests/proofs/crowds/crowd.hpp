@@ -1,35 +1,28 @@
 // Several processes at work at once.
 #pragma once
 
-#include <sys/types.h>
-
 #include <functional>
-#include <vector>
+#include <list>
+
+#include "support/process.hpp"
 
 namespace quillmere::test {
 
-/// How many make a crowd.
+/// How many processes make a crowd.
 inline constexpr int crowdSize = 8;
 
+/// Kills those that are still at work at the end of its life.
 class Crowd {
 public:
-    Crowd() = default;
-    Crowd(const Crowd&) = delete;
-    Crowd& operator=(const Crowd&) = delete;
-    /// Kills those that are still at work.
-    ~Crowd();
-
-    /// Begins `work` in a process of its own, which ends with the code that it returns.
+    /// Begins `work` in a child process, which exits with the code that it returns.
     void join(const std::function<int()>& work);
 
-    /// Waits until all have ended, and says whether all ended with 0. As soon as one does not, the others
+    /// Waits until all have ended, and says whether all exited with 0. As soon as one does not, the others
     /// are killed: they might wait for it.
     bool allSucceed();
 
 private:
-    void killAll();
-
-    std::vector<pid_t> atWork_;
+    std::list<Process> atWork_;
 };
 
 }  // namespace quillmere::test

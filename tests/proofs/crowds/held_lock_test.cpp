@@ -48,7 +48,7 @@ TEST(AHeldLock, turnsEverybodyAwayAfterFiveSecondsAndLeavesTheFilesAlone)
     for (LockedOut& one : *all) {
         crowd.join([&] {
             const auto begin = Clock::now();
-            one.code = AskingProcess(files.directory(), "May I?").wait();
+            one.code = startAsking(files.directory(), "May I?").wait().code;
             one.seconds = secondsSince(begin);
             return 0;
         });

@@ -13,7 +13,7 @@ namespace {
 
 using Questions = std::map<std::string, int>;
 
-std::uint64_t roundCount() { return amount(10, 250); }
+std::uint64_t roundCount() { return amount(4, 250); }
 
 /// Every question of every asker, once.
 Questions allQuestions()
@@ -43,11 +43,26 @@ bool allAsk(const std::filesystem::path& directory)
     return crowd.allSucceed();
 }
 
+/// A directory in which a crowd has asked all questions.
+class AskedByACrowd {
+public:
+    AskedByACrowd() : allSucceeded(allAsk(files.directory())) {}
+
+    const ThreeFiles files = ThreeFiles(Before::noDirectory);
+    const bool allSucceeded;
+};
+
+/// Made once in a process.
+const AskedByACrowd& asked()
+{
+    static const AskedByACrowd made;
+    return made;
+}
+
 TEST(ACrowdOfAskers, losesNoQuestionAndDoublesNone)
 {
-    const ThreeFiles files(Before::noDirectory);
-    EXPECT_TRUE(allAsk(files.directory()));
-    const Questions found = questionsIn(files.directory());
+    EXPECT_TRUE(asked().allSucceeded);
+    const Questions found = questionsIn(asked().files.directory());
     EXPECT_EQ(found, allQuestions());
     reportFigure("8 processes × `quillmere ask`", "questions asked", allQuestions().size());
     reportFigure("8 processes × `quillmere ask`", "distinct questions found", found.size());
@@ -55,10 +70,9 @@ TEST(ACrowdOfAskers, losesNoQuestionAndDoublesNone)
 
 TEST(ACrowdOfAskers, leavesThreeFilesThatAgreeAndNothingElse)
 {
-    const ThreeFiles files(Before::noDirectory);
-    EXPECT_TRUE(allAsk(files.directory()));
-    EXPECT_TRUE(files.agree());
-    EXPECT_EQ(files.others(), std::vector<std::string>{});
+    EXPECT_TRUE(asked().allSucceeded);
+    EXPECT_TRUE(asked().files.agree());
+    EXPECT_EQ(asked().files.others(), std::vector<std::string>{});
 }
 
 // In every round of eight, all have loaded before the first one saves: one question at the most remains.

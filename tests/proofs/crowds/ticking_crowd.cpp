@@ -130,13 +130,15 @@ private:
     void moveClock(double seconds)
     {
         stage_.seconds = seconds;
-        constexpr useconds_t littleWhile = 500;
         constexpr std::uint64_t oneBegunBeforeAndOneSince = 2;
         std::array<std::uint64_t, crowdSize> before = {};
         std::copy(stage_.ticks.begin(), stage_.ticks.end(), before.begin());
         for (std::size_t one = 0; one < before.size(); ++one) {
-            while (stage_.ticks[one] < before[one] + oneBegunBeforeAndOneSince) {
-                ::usleep(littleWhile);
+            const auto hasTicked = [&] {
+                return stage_.ticks[one] >= before[one] + oneBegunBeforeAndOneSince;
+            };
+            if (!eventually(hasTicked)) {
+                throw std::runtime_error("one of the crowd ticks no more");
             }
         }
     }

@@ -31,7 +31,7 @@ TEST(ACrowdThatTicks, reportsEachStartAndEachEndOnce)
     const ThreeFiles files(Before::noDirectory);
     const Shared<Stage> stage;
     stage->seconds = begin;
-    EXPECT_TRUE(tickThroughBlocks(*stage, files.directory(), amount(2, 60)));
+    EXPECT_TRUE(tickThroughBlocks(*stage, files.directory(), amount(1, 60)));
     EXPECT_EQ(stage->reported.sorted(), stage->expected.sorted());
     EXPECT_TRUE(files.agree());
     EXPECT_EQ(files.others(), std::vector<std::string>{});

@@ -15,7 +15,7 @@ using Names = std::vector<std::string>;
 /// Made once in a process.
 const Findings& findings()
 {
-    static const Findings found = findingsOf(amount(1'000, 100'000), amount(10'000, 1'000'000));
+    static const Findings found = findingsOf(amount(250, 100'000), amount(2'500, 1'000'000));
     return found;
 }
 

@@ -65,18 +65,18 @@ TEST(ManySaves, leaveNoMemoryNoDescriptorAndNoFileBehind)
 {
     const TemporaryDirectory directory;
     Application application(directory.path());
-    for (int warmUp = 0; warmUp < 100; ++warmUp) {
+    for (int warmUp = 0; warmUp < 50; ++warmUp) {
         application.actAndSave();
     }
     EXPECT_TRUE(application.isSaved());
     const std::vector<std::string> names = directory.names();
-    const std::uint64_t wanted = amount(2'000, 100'000);
+    const std::uint64_t wanted = amount(500, 100'000);
     const Footprint before;
     const std::int64_t residentBefore = residentKilobytes();
     std::uint64_t loads = 0;
     for (std::uint64_t save = 1; save <= wanted && !HasFailure(); ++save) {
         application.actAndSave();
-        if (save % 500 == 0) {
+        if (save % 250 == 0) {
             EXPECT_TRUE(application.isSaved());
             EXPECT_EQ(Footprint(), before) << "after " << save << " saves";
             ++loads;

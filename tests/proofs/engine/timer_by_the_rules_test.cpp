@@ -36,7 +36,7 @@ std::optional<TimerSnapshot> expectedTimer(const std::optional<Reading>& clock)
 
 TEST(TheTimer, showsWhatTheRulesSayInEverySituation)
 {
-    const std::uint64_t wanted = amount(24'000, situationCount());
+    const std::uint64_t wanted = amount(16'000, situationCount());
     std::uint64_t shown = 0;
     std::uint64_t fatal = 0;
     for (std::uint64_t place = 0; place < wanted && !HasFailure(); ++place) {

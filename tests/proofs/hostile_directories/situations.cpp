@@ -7,7 +7,8 @@ namespace {
 
 using namespace makers;
 
-// In the order of the columns: save, durable save, load, widget's save, widget's load, status, widget, ask.
+// In the order of the operations: save, durable save, load, widget's save, widget's load, status, widget,
+// ask.
 
 // clang-format off
 constexpr auto directories = std::to_array<Situation>({

@@ -1,18 +1,18 @@
-// The table: what may be wrong with a directory, and what each call does then.
+// The table: what may be wrong with a directory, and what each operation does then.
 #pragma once
 
 #include <array>
 #include <span>
 
-#include "columns.hpp"
+#include "operations.hpp"
 
 namespace quillmere::test {
 
-/// One situation; what each column does in it, in the words of `Conduct`.
+/// One situation, and the expected outcome of each operation in it (`Outcome::words`).
 struct Situation {
     const char* name;
     void (*make)(Scene& scene);
-    std::array<const char*, columnCount> expected;
+    std::array<const char*, operationCount> expected;
 };
 
 /// The directory itself.

@@ -67,10 +67,13 @@ const std::vector<Aftermath>& aftermaths()
             if (before == Before::noDirectory && !inLongForm()) {
                 continue;
             }
+            // The short form takes every fourth call: some before, between and after all three renames.
+            const std::size_t stride = amount(4, 1);
             const ThreeFiles example(before);
-            for (const TracedCall& call :
-                 traced(example.directory(), ThreeFiles::asking(), example.home()).calls) {
-                made.push_back(killAt(call, before));
+            const std::vector<TracedCall> calls =
+                traced(example.directory(), ThreeFiles::asking(), example.home()).calls;
+            for (std::size_t index = 0; index < calls.size(); index += stride) {
+                made.push_back(killAt(calls[index], before));
             }
         }
         return made;
@@ -98,7 +101,7 @@ TEST_F(AKillAtACall, leavesEachFileOldOrNew)
                 << aftermath.call << ": " << testing::PrintToString(aftermath.versions);
         }
     }
-    EXPECT_GE(aftermaths().size(), amount(40, 80));
+    EXPECT_GE(aftermaths().size(), amount(10, 80));
     reportFigure("SIGKILL at every system call of a save", "kills of the program", aftermaths().size());
 }
 

@@ -55,7 +55,7 @@ std::vector<std::string> takeLeftovers(const TemporaryDirectory& directory)
 const std::vector<Aftermath>& aftermaths()
 {
     static const std::vector<Aftermath> all = [] {
-        std::vector<Aftermath> made(amount(200, 10'000));
+        std::vector<Aftermath> made(amount(40, 10'000));
         std::mt19937_64 random(20261115);
         const TemporaryDirectory directory;
         std::uint64_t last = 1;

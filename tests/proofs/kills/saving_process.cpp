@@ -4,10 +4,7 @@
 #include <quillmere/widget/widget_snapshot_store.hpp>
 
 #include <gtest/gtest.h>
-#include <signal.h>
 #include <sys/mman.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <cmath>
 #include <new>
@@ -79,13 +76,12 @@ SavingProcess::SavingProcess(const fs::path& directory, std::uint64_t first) : f
         throw std::bad_alloc();
     }
     progress_ = new (shared) Progress{.begun = first - 1, .completed = first - 1};
-    process_ = ::fork();
-    if (process_ == 0) {
-        saveForEver(directory);
-    }
+    process_.emplace(ProcessOptions{.work = [&]() -> int { saveForEver(directory); },
+                                    .output = Channel::inherited(),
+                                    .error = Channel::inherited()});
 }
 
-void SavingProcess::saveForEver(const fs::path& directory) noexcept
+void SavingProcess::saveForEver(const fs::path& directory)
 {
     for (std::uint64_t number = first_;; ++number) {
         const QuillmereState state = numberedState(number, sizeOfVersion(number));
@@ -103,23 +99,12 @@ SavingProcess::~SavingProcess()
 
 void SavingProcess::waitForBeginning()
 {
-    constexpr useconds_t littleWhile = 100;
-    while (progress_->begun < first_) {
-        if (::waitpid(process_, nullptr, WNOHANG) == process_) {
-            process_ = -1;
-            throw std::runtime_error("the saving process has ended by itself");
-        }
-        ::usleep(littleWhile);
+    if (!eventually([&] { return progress_->begun >= first_ || process_->hasEnded(); }) ||
+        process_->hasEnded()) {
+        throw std::runtime_error("the saving process does not save");
     }
 }
 
-void SavingProcess::kill()
-{
-    if (process_ > 0) {
-        ::kill(process_, SIGKILL);
-        ::waitpid(process_, nullptr, 0);
-        process_ = -1;
-    }
-}
+void SavingProcess::kill() { process_.reset(); }
 
 }  // namespace quillmere::test

@@ -3,12 +3,12 @@
 
 #include <quillmere/records/quillmere_state.hpp>
 
-#include <sys/types.h>
-
 #include <atomic>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+
+#include "support/process.hpp"
 
 namespace quillmere::test {
 
@@ -53,11 +53,11 @@ private:
     };
 
     /// In the other process, which ends when a save throws.
-    [[noreturn]] void saveForEver(const std::filesystem::path& directory) noexcept;
+    [[noreturn]] void saveForEver(const std::filesystem::path& directory);
 
     std::uint64_t first_;
     Progress* progress_;  ///< in memory that both processes share
-    pid_t process_ = -1;
+    std::optional<Process> process_;
 };
 
 }  // namespace quillmere::test

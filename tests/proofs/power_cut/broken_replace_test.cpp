@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include "proofs/power_cut/judgement.hpp"
+#include "proofs/support/figures.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -19,7 +20,7 @@ void sync(const fs::path& path)
 
 std::size_t violationsOf(const ReplaceItem& replaceItem)
 {
-    return countViolations(Scope::state, 2, replaceItem, isStateOldOrNew).violations;
+    return countViolations(Scope::state, amount(1, 2), replaceItem, isStateOldOrNew).violations;
 }
 
 TEST(TheModelOfAPowerCut, acceptsAReplacementThatSyncsFileAndDirectory)

@@ -39,11 +39,18 @@ const std::vector<Row> rows = {
 
 const std::vector<int>& errorsOf(SystemCall call) { return rows[static_cast<std::size_t>(call)].errors; }
 
-std::vector<int> chosenErrorsOf(SystemCall call)
+std::vector<int> chosenErrorsOf(SystemCall call, std::size_t ordinal)
 {
-    constexpr std::size_t few = 4;
+    constexpr std::size_t few = 2;
     const std::vector<int>& all = errorsOf(call);
-    return {all.begin(), all.begin() + static_cast<std::ptrdiff_t>(amount(few, all.size()))};
+    if (inLongForm()) {
+        return all;
+    }
+    std::vector<int> chosen;
+    for (std::size_t number = 0; number < few; ++number) {
+        chosen.push_back(all[(ordinal * few + number) % all.size()]);
+    }
+    return chosen;
 }
 
 std::string nameOfError(int error)

@@ -14,8 +14,9 @@ inline constexpr int unknownError = 4000;
 /// systems of other makers add; the commonest first. A rename may also give the unknown one.
 const std::vector<int>& errorsOf(SystemCall call);
 
-/// The same in the long form of the proof; in the short one the first few, and an interruption.
-std::vector<int> chosenErrorsOf(SystemCall call);
+/// The same in the long form of the proof; in the short one two of them, others for each ordinal (the number
+/// of the call among those of its name), so that the calls of a save meet most errors between them.
+std::vector<int> chosenErrorsOf(SystemCall call, std::size_t ordinal);
 
 /// "ENOSPC", or the number.
 std::string nameOfError(int error);

@@ -97,7 +97,7 @@ void forEveryFaultedSave(const FaultsOf& faultsOf, const std::function<void(cons
 std::vector<Fault> everyError(const CallRecord& record, std::size_t ordinal)
 {
     std::vector<Fault> faults;
-    for (const int error : chosenErrorsOf(record.call)) {
+    for (const int error : chosenErrorsOf(record.call, ordinal)) {
         for (const bool fromThereOn : {false, true}) {
             faults.push_back(
                 {.call = record.call, .ordinal = ordinal, .error = error, .fromThereOn = fromThereOn});

@@ -78,25 +78,34 @@ std::vector<CallRecord> undisturbedLoad(const Situation& situation)
     return watch.calls();
 }
 
-std::size_t forEveryFaultedLoad(const std::function<void(const FaultedLoad&)>& judge)
+std::vector<FaultedLoad> makeFaultedLoads()
 {
-    std::size_t count = 0;
+    std::vector<FaultedLoad> loads;
     for (const Situation& situation : situations()) {
         std::array<std::size_t, systemCallCount> ordinals{};
         for (const CallRecord& record : undisturbedLoad(situation)) {
             const std::size_t ordinal = ordinals[static_cast<std::size_t>(record.call)]++;
             for (const int error : errorsOf(record.call)) {
                 for (const bool fromThereOn : {false, true}) {
-                    judge(loadWith(situation, {.call = record.call,
-                                               .ordinal = ordinal,
-                                               .error = error,
-                                               .fromThereOn = fromThereOn}));
-                    ++count;
+                    loads.push_back(loadWith(situation, {.call = record.call,
+                                                         .ordinal = ordinal,
+                                                         .error = error,
+                                                         .fromThereOn = fromThereOn}));
                 }
             }
         }
     }
-    return count;
+    return loads;
+}
+
+/// The loads are made once in a process.
+std::size_t forEveryFaultedLoad(const std::function<void(const FaultedLoad&)>& judge)
+{
+    static const std::vector<FaultedLoad> loads = makeFaultedLoads();
+    for (const FaultedLoad& load : loads) {
+        judge(load);
+    }
+    return loads.size();
 }
 
 bool saysThatNothingIsThere(const Fault& fault)

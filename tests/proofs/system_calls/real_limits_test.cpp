@@ -3,7 +3,6 @@
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <fstream>
@@ -11,6 +10,7 @@
 
 #include "proofs/system_calls/scene.hpp"
 #include "support/file_system.hpp"
+#include "support/process.hpp"
 #include "support/process_settings.hpp"
 #include "support/sample_states.hpp"
 
@@ -141,19 +141,10 @@ Verdict fillDisk(const std::filesystem::path& place, ReplaceItem replaceItem)
 /// In a process of its own, because a process cannot come back from a namespace.
 int verdictOnFullDisk(const std::filesystem::path& place, const ReplaceItem& replaceItem)
 {
-    const pid_t process = ::fork();
-    if (process == 0) {
-        int verdict = strangeFiles;
-        try {
-            verdict = mountOwnDisk(place) ? fillDisk(place, replaceItem) : noPlaceOfItsOwn;
-        } catch (...) {
-            verdict = noSaveAfterwards;
-        }
-        ::_exit(verdict);
-    }
-    int status = 0;
-    ::waitpid(process, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    const auto work = [&]() -> int {
+        return mountOwnDisk(place) ? fillDisk(place, replaceItem) : noPlaceOfItsOwn;
+    };
+    return run({.work = work, .error = Channel::inherited()}).code;
 }
 
 TEST(AFullDisk, leavesWholeFilesAndRoomForTheNextSave)

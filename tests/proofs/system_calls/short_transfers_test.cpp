@@ -14,7 +14,9 @@ std::vector<Fault> shortTransfers(SystemCall meant, const CallRecord& record, st
     std::vector<Fault> faults;
     for (const Shortfall shortfall : shortfalls) {
         for (const bool fromThereOn : {false, true}) {
-            if (record.call == meant) {
+            // To be short again and again takes the short form too many calls, but for halves.
+            const bool isSeen = inLongForm() || !fromThereOn || shortfall == Shortfall::half;
+            if (record.call == meant && isSeen) {
                 faults.push_back(
                     {.call = meant, .ordinal = ordinal, .shortfall = shortfall, .fromThereOn = fromThereOn});
             }

@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <sstream>
 
-#include "proofs/support/figures.hpp"
 #include "proofs/system_calls/call_errors.hpp"
 #include "proofs/system_calls/expectation.hpp"
 
@@ -116,10 +115,6 @@ std::vector<int> errorsToTry(const TracedCall& call)
         const bool isAnswer = error == ENOENT || error == ENOTDIR || error == EEXIST;
         return error == unknownError || (isAnswer && *kind != SystemCall::rename);
     });
-    if (!inLongForm()) {
-        // The two that matter most, taking turns.
-        return {errors[call.ordinal % 2]};
-    }
     return errors;
 }
 

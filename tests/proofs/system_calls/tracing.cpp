@@ -1,16 +1,12 @@
 #include "proofs/system_calls/tracing.hpp"
 
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <cctype>
-#include <cerrno>
 #include <fstream>
 #include <map>
+#include <optional>
+#include <utility>
 
-#include "support/process_settings.hpp"
+#include "support/process.hpp"
 #include "support/temporary_directory.hpp"
 
 namespace quillmere::test {
@@ -22,31 +18,14 @@ constexpr const char* tracedNames =
     "open,"
     "?openat,read,write,fsync,close,?rename,?renameat,?renameat2,?unlink,?unlinkat,flock";
 
-int run(std::vector<std::string> words)
+Ending runSilently(std::vector<std::string> words,
+                   const std::map<std::string, std::optional<std::string>>& more = {})
 {
-    std::vector<char*> pointers;
-    for (std::string& word : words) {
-        pointers.push_back(word.data());
-    }
-    pointers.push_back(nullptr);
-    posix_spawn_file_actions_t actions;
-    ::posix_spawn_file_actions_init(&actions);
-    for (const int channel : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-        ::posix_spawn_file_actions_addopen(&actions, channel, "/dev/null", O_RDWR, 0);
-    }
+    ProcessOptions options{
+        .words = std::move(words), .output = Channel::null(), .error = Channel::null(), .environment = more};
     // The search for leaks at the end would need to trace a process that is traced already.
-    const EnvironmentVariable sanitizer("ASAN_OPTIONS", "detect_leaks=0");
-    pid_t process = -1;
-    const int failure =
-        ::posix_spawnp(&process, words.front().c_str(), &actions, nullptr, pointers.data(), environ);
-    ::posix_spawn_file_actions_destroy(&actions);
-    if (failure != 0) {
-        return -1;
-    }
-    int status = 0;
-    while (::waitpid(process, &status, 0) == -1 && errno == EINTR) {
-    }
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    options.environment["ASAN_OPTIONS"] = "detect_leaks=0";
+    return run(options);
 }
 
 /// The name of the call on a line of the log, behind the number of its process; empty when there is none.
@@ -83,7 +62,7 @@ std::vector<TracedCall> callsIn(const std::filesystem::path& log, const std::str
 
 bool canTrace()
 {
-    static const bool can = run({"strace", "-o", "/dev/null", "true"}) == 0;
+    static const bool can = succeeds({"strace", "-o", "/dev/null", "true"});
     return can;
 }
 
@@ -93,7 +72,6 @@ TracedRun traced(const std::filesystem::path& directory, const std::vector<std::
     const TemporaryDirectory place;
     // Another one for every run, so that all make the same calls.
     const TemporaryDirectory stateHome;
-    const EnvironmentVariable variable("XDG_STATE_HOME", stateHome.path().string());
     const std::filesystem::path log = place.path() / "log";
     std::vector<std::string> words = {"strace", "-f", "-y", "-o", log.string(), "-e", tracedNames};
     if (!injection.empty()) {
@@ -101,8 +79,8 @@ TracedRun traced(const std::filesystem::path& directory, const std::vector<std::
     }
     words.insert(words.end(), {QUILLMERE_PROGRAM, "--directory", directory.string()});
     words.insert(words.end(), arguments.begin(), arguments.end());
-    const int code = run(std::move(words));
-    return {.code = code, .calls = callsIn(log, concerned.string())};
+    const Ending ending = runSilently(std::move(words), {{"XDG_STATE_HOME", stateHome.path().string()}});
+    return {.code = ending.code, .calls = callsIn(log, concerned.string())};
 }
 
 }  // namespace quillmere::test

@@ -9,11 +9,10 @@
 namespace quillmere::test {
 namespace {
 
-/// Every fault before a rename, together with a removal that fails.
-template <class Judge>
-std::size_t forEverySaveThatCannotCleanUp(Judge judge)
+/// Every save with a fault and a removal that fails besides.
+std::vector<FaultedSave> makeSavesThatCannotCleanUp()
 {
-    std::size_t count = 0;
+    std::vector<FaultedSave> saves;
     const Situation situation{StoreKind::state, Before::earlierFile, Replacing::durably};
     const std::vector<CallRecord> calls = undisturbedCalls(situation);
     std::vector<std::size_t> ordinals(systemCallCount);
@@ -23,12 +22,22 @@ std::size_t forEverySaveThatCannotCleanUp(Judge judge)
             if (fault.call != SystemCall::unlink) {
                 const Fault removal{
                     .call = SystemCall::unlink, .ordinal = 0, .error = EACCES, .fromThereOn = true};
-                judge(saveWith(situation, calls, index, fault, {removal}));
-                ++count;
+                saves.push_back(saveWith(situation, calls, index, fault, {removal}));
             }
         }
     }
-    return count;
+    return saves;
+}
+
+/// The saves are made once in a process.
+template <class Judge>
+std::size_t forEverySaveThatCannotCleanUp(Judge judge)
+{
+    static const std::vector<FaultedSave> saves = makeSavesThatCannotCleanUp();
+    for (const FaultedSave& save : saves) {
+        judge(save);
+    }
+    return saves.size();
 }
 
 TEST(ASaveThatCannotCleanUp, reportsTheFirstErrorNotThatOfTheCleaning)

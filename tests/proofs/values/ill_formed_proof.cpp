@@ -139,7 +139,8 @@ TEST_F(IllFormed, everyByteAndEveryPairOfBytes)
     for (unsigned first = 0; first < 256; ++first) {
         see(bytes(first), 4);
         for (unsigned second = 0; second < 256; ++second) {
-            see(bytes(first, second), amount(1, 4));
+            // In files, the short form puts every eighth pair, which meets every first and every second byte.
+            see(bytes(first, second), amount((first + second) % 8 == 0 ? 1 : 0, 4));
         }
         if (HasFatalFailure()) {
             return;
@@ -150,18 +151,18 @@ TEST_F(IllFormed, everyByteAndEveryPairOfBytes)
 
 TEST_F(IllFormed, everyTripleOfBytes)
 {
-    // All in the long form; else every first byte before the bytes at the borders.
-    std::vector<unsigned> followers(borderBytes.begin(), borderBytes.end());
+    // All in the long form; in the short one those of the bytes at the borders.
+    std::vector<unsigned> chosen(borderBytes.begin(), borderBytes.end());
     if (inLongForm()) {
-        followers.clear();
+        chosen.clear();
         for (unsigned byte = 0; byte < 256; ++byte) {
-            followers.push_back(byte);
+            chosen.push_back(byte);
         }
     }
-    for (unsigned first = 0; first < 256; ++first) {
-        for (const unsigned second : followers) {
-            for (const unsigned third : followers) {
-                // Most of these are seen above; in files the short form repeats a part of them.
+    for (const unsigned first : chosen) {
+        for (const unsigned second : chosen) {
+            for (const unsigned third : chosen) {
+                // In files, the short form puts a part of them.
                 const bool isInFile = inLongForm() || (second + third) % 8 == 0;
                 see(bytes(first, second, third), isInFile ? 1 : 0);
             }
@@ -177,6 +178,9 @@ TEST_F(IllFormed, fourBytesAtTheBordersAndCutShort)
 {
     // Overlong forms, surrogates in pairs, what lies beyond U+10FFFF, and beginnings of all of them.
     for (unsigned first = 0xC0; first < 256; ++first) {
+        if (!inLongForm() && std::find(borderBytes.begin(), borderBytes.end(), first) == borderBytes.end()) {
+            continue;
+        }
         for (const unsigned second : borderBytes) {
             for (const unsigned third : {0x41u, 0x7Fu, 0x80u, 0xBFu, 0xC0u}) {
                 for (const unsigned fourth : {0x22u, 0x7Fu, 0x80u, 0xBFu, 0xC0u}) {

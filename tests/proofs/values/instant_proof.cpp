@@ -107,6 +107,14 @@ bool survivesInRecord(double seconds, const std::string& text)
            decoded<QuillmereState>(file).updatedAt == Instant(seconds);
 }
 
+/// The long form sees every day. The short one sees every 17th, which meets every day of every month, and the
+/// ends of February and of the year.
+bool isSeen(const Calendar& calendar, const std::string& text)
+{
+    const std::string_view date = std::string_view(text).substr(4, 6);
+    return inLongForm() || calendar.dayNumber() % 17 == 0 || date == "-02-29" || date == "-12-31";
+}
+
 TEST(EveryInstant, readsBackEqualOnEveryDay)
 {
     const auto secondsPerVisit = static_cast<std::int64_t>(amount(1, 4));
@@ -115,6 +123,9 @@ TEST(EveryInstant, readsBackEqualOnEveryDay)
     for (Calendar calendar; calendar.dayNumber() < dayCount; calendar.nextDay()) {
         const std::int64_t ends[] = {static_cast<std::int64_t>(random() % secondsPerDay), 0,
                                      secondsPerDay - 1, secondsPerDay / 2};
+        if (!isSeen(calendar, calendar.textAt(0))) {
+            continue;
+        }
         for (std::int64_t visit = 0; visit < secondsPerVisit; ++visit) {
             const std::int64_t second = ends[visit];
             const std::string& text = calendar.textAt(second);
@@ -123,11 +134,12 @@ TEST(EveryInstant, readsBackEqualOnEveryDay)
             }
             ++count;
         }
-        if (calendar.dayNumber() % 1000 == 0) {
+        if (calendar.dayNumber() % 1700 == 0) {
             ASSERT_TRUE(survivesInRecord(secondsAt(calendar.dayNumber(), 0), calendar.textAt(0)));
         }
     }
-    reportFigure("Round trip", "days of the years 0000 to 9999", dayCount);
+    reportFigure("Round trip", "days of the years 0000 to 9999",
+                 count / static_cast<std::uint64_t>(secondsPerVisit));
     reportFigure("Round trip", "instants on them", count);
 }
 
@@ -159,7 +171,7 @@ TEST(EveryInstant, readsBackEqualInEverySecondOfADay)
 TEST(EveryInstant, losesItsFractionTowardThePast)
 {
     std::mt19937_64 bits(5);
-    for (std::uint64_t left = amount(200'000, 20'000'000); left > 0; --left) {
+    for (std::uint64_t left = amount(50'000, 20'000'000); left > 0; --left) {
         const double share = static_cast<double>(bits() >> 11) * 0x1p-53;
         const double seconds = firstSecond + share * (endSecond - firstSecond);
         const std::string text = written(seconds);

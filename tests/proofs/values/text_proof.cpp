@@ -122,15 +122,28 @@ Row row(std::uint32_t first, std::uint32_t length, std::size_t lettersInFront)
 TEST(EveryCharacter, isWrittenAndReadAsItself)
 {
     const std::size_t stepsPerRow = amount(1, steps);
+    // The short form takes every row up to the end of the kana, then every ninth, and those of the
+    // surrogates.
+    const auto isSeen = [](std::uint32_t first) {
+        const bool isBesideSurrogates = first >= 0xD700 && first <= 0xE000;
+        return inLongForm() || first < 0x3100 || isBesideSurrogates || first / rowLength % 9 == 0 ||
+               first + rowLength == endOfUnicode;
+    };
     std::uint64_t count = 0;
     for (std::uint32_t first = 0; first < endOfUnicode; first += rowLength) {
+        if (!isSeen(first)) {
+            continue;
+        }
         for (std::size_t step = 0; step < stepsPerRow; ++step) {
             const Row characters = row(first, rowLength, (first / rowLength + step) % steps);
             ASSERT_TRUE(characters.survives()) << "in the row from " << first;
             count += step == 0 ? characters.count : 0;
         }
     }
-    ASSERT_EQ(count, scalarValues);
+    if (inLongForm()) {
+        ASSERT_EQ(count, scalarValues);
+    }
+    EXPECT_GT(count, scalarValues / 10);
     reportFigure("Round trip", "Unicode scalar values, raw and as escapes", count);
 }
 
@@ -151,7 +164,8 @@ TEST(EveryCharacter, isWrittenAndReadAsItselfAlone)
 
 TEST(EveryCharacter, isTakenApartAndPutTogetherAsUtf8)
 {
-    for (std::uint32_t codePoint = 0; codePoint < endOfUnicode; ++codePoint) {
+    const std::uint32_t stride = inLongForm() ? 1 : 7;
+    for (std::uint32_t codePoint = 0; codePoint < endOfUnicode; codePoint += codePoint < 0x800 ? 1 : stride) {
         if (!isScalarValue(codePoint)) {
             continue;
         }
@@ -166,7 +180,9 @@ TEST(EveryCharacter, isTakenApartAndPutTogetherAsUtf8)
 
 TEST(EverySurrogate, isRefusedAloneAndInTheWrongOrder)
 {
-    for (std::uint32_t unit = 0xD800; unit < 0xE000; ++unit) {
+    // Both ends of both halves are among every 1,023rd, which the stride of the short form divides.
+    const std::uint32_t stride = inLongForm() ? 1 : 11;
+    for (std::uint32_t unit = 0xD800; unit < 0xE000; unit += unit % 0x400 == 0x3FF ? 1 : stride) {
         const std::string half = unitEscape(unit, true);
         for (const std::string& inside : {half, half + "x", half + "\\n", half + unitEscape('x', true),
                                           unitEscape(0xDC00, true) + half}) {

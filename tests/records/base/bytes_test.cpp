@@ -12,14 +12,14 @@
 namespace quillmere {
 namespace {
 
-/// Appends the way that writers do: first room, then the bytes, then their number.
+/// Appends as writers do: reserve, write, commit.
 void append(Bytes& bytes, std::string_view text, std::size_t room)
 {
     std::memcpy(bytes.reserve(room), text.data(), text.size());
     bytes.commit(text.size());
 }
 
-/// Whether the bytes behind the end are zero; reading them is what they are for.
+/// Whether the bytes after the end are zero. Reading them is allowed.
 bool hasZeroedSlack(const Bytes& bytes)
 {
     const char* const end = bytes.view().data() + bytes.size();
@@ -63,7 +63,7 @@ TEST(Bytes, areFollowedByZeroedSlackAfterLessWasCommittedThanWritten)
     EXPECT_TRUE(hasZeroedSlack(bytes));
 }
 
-TEST(Bytes, keepWhatTheyHoldWhileTheyGrow)
+TEST(Bytes, keepTheirContentWhileTheyGrow)
 {
     Bytes bytes;
     std::string expected;
@@ -132,7 +132,7 @@ TEST(Bytes, areUnchangedWhenMemoryRunsOut)
 
 TEST(Bytes, refuseMoreThanThereCanBeAndStayUnchanged)
 {
-    // Sizes whose sum with what is held, or with the slack, does not fit a size any more.
+    // Their sum with the current size, or with the slack, overflows.
     for (const std::size_t count : {SIZE_MAX, SIZE_MAX - 2, SIZE_MAX - Bytes::slack}) {
         SCOPED_TRACE(count);
         Bytes bytes("abc");
@@ -147,7 +147,7 @@ TEST(Bytes, areEmptyAndUsableAfterTheyWereMovedFrom)
     Bytes bytes("abc");
     const Bytes moved = std::move(bytes);
     EXPECT_EQ(moved.view(), "abc");
-    // NOLINTBEGIN(bugprone-use-after-move): that is the question.
+    // NOLINTBEGIN(bugprone-use-after-move): the state after the move is tested.
     EXPECT_EQ(bytes.size(), 0U);
     ASSERT_EQ(bytes.capacity(), 0U);
     append(bytes, "de", 2);

@@ -36,7 +36,7 @@ constexpr auto wholes = std::to_array<Whole>({
     // Above 2^52 every double is whole.
     {0x1p52 + 1, 4'503'599'627'370'497},
     {-0x1p63, least},
-    // The largest double below 2^63, and its opposite.
+    // The largest double below 2^63, and its negative.
     {0x1.fffffffffffffp62, 9'223'372'036'854'774'784},
     {-0x1.fffffffffffffp62, -9'223'372'036'854'774'784},
 });
@@ -49,7 +49,7 @@ TEST(WholeSeconds, areRoundedTowardThePast)
     }
 }
 
-TEST(WholeSecondsDeathTest, stopTheProgramOverWhatDoesNotFit64Bits)
+TEST(WholeSecondsDeathTest, stopTheProgramForADurationThatDoesNotFit64Bits)
 {
     for (const double seconds : {0x1p63, std::nextafter(-0x1p63, -infinity), 1e300, -1e300, infinity,
                                  -infinity, notANumber, -notANumber}) {

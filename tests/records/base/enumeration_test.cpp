@@ -10,7 +10,7 @@
 namespace quillmere {
 namespace {
 
-// Written out once more, in order: these texts stand in files that exist.
+// Existing files have these texts, so the texts must not change.
 constexpr RawText<WorkflowState> workflowStates[] = {
     {WorkflowState::idle, "idle"},
     {WorkflowState::blockPlanning, "blockPlanning"},

@@ -32,7 +32,7 @@ TEST(CodingError, namesAnElementOfAListByItsIndexAlone)
     EXPECT_EQ(error.path(), "rows[3][10]");
 }
 
-TEST(DecodingError, tellsThePlaceWhatWasExpectedAndWhatWasFound)
+TEST(DecodingError, namesThePathTheExpectedAndTheFoundValue)
 {
     DecodingError error("a text", "3");
     EXPECT_EQ(error.expected(), "a text");

@@ -1,4 +1,4 @@
-// Which texts are instants.
+// Reading of instants: the texts that are accepted, and those that are not.
 #include <quillmere/records/agent_question.hpp>
 #include <quillmere/records/json/json_decoder.hpp>
 
@@ -44,7 +44,7 @@ TEST(ReadInstant, isUtcOrHasAnOffsetOfHoursAndMinutes)
         {"0000-01-01T01:00:00+01:00", -62'167'219'200},
         {"9999-12-31T23:59:59Z", 253'402'300'799},
         {"9999-12-31T22:59:59-01:00", 253'402'300'799},
-        // An escape spells the same text.
+        // The same text with an escape.
         {R"(2026-11-15\u005415:00:00\u005A)", moment},
     };
     for (const auto& [text, seconds] : rows) {
@@ -121,7 +121,7 @@ constexpr std::string_view noInstants[] = {
     "2026-11-15T15:00:60Z",
     "2016-12-31T23:59:60Z",
     "2026-11-15T15:00:61Z",
-    // Out of the years that can be written, once the offset is taken off.
+    // Outside the years that can be written, after the offset is subtracted.
     "0000-01-01T00:59:59+01:00",
     "9999-12-31T23:00:00-01:00",
     // Too many digits, too few, or none.
@@ -145,7 +145,7 @@ constexpr std::string_view noInstants[] = {
     "2026-11-15T15:00:0:Z",
     "\xD9\xA2"
     "026-11-15T15:00:00Z",
-    // Something around it.
+    // Characters before or after it.
     " 2026-11-15T15:00:00Z",
     "2026-11-15T15:00:00Z ",
     R"(2026-11-15T15:00:00Z\n)",

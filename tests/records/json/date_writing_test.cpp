@@ -24,7 +24,7 @@ AgentQuestion askedAt(double secondsSince1970)
             .answeredAt = std::nullopt};
 }
 
-/// As it stands in a file, without the quotes.
+/// The text in a file, without the quotes.
 std::string written(double secondsSince1970)
 {
     const std::string text = test::compactText(askedAt(secondsSince1970));
@@ -93,7 +93,7 @@ TEST(WrittenInstant, dropsTheFractionTowardThePast)
         SCOPED_TRACE(seconds);
         EXPECT_EQ(written(seconds), text);
     }
-    // One that was 23:59:59.5 on a leap day stays on that day.
+    // 23:59:59.5 on a leap day stays on that day.
     EXPECT_EQ(written(1'709'251'199.5), "2024-02-29T23:59:59Z");
 }
 
@@ -126,7 +126,7 @@ TEST(WrittenInstant, isWhatTheSystemsCalendarSays)
 
 TEST(WrittenInstant, isTheFirstAndTheLastSecondOfEveryYear)
 {
-    // Counted up from year to year by the rule of the calendar.
+    // Adds up the years by the leap year rule.
     double start = firstSecond;
     for (int year = 0; year <= 9999; ++year) {
         const bool isLeap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
@@ -144,7 +144,7 @@ TEST(WrittenInstant, isAnErrorOutsideOfTheYears0000To9999AndWhenNotFinite)
 {
     const double instants[] = {endSecond, firstSecond - 0.5, firstSecond - 1, 1e12, -1e12, 1e18, 1e19, -1e19,
                                1e300, -1e300, HUGE_VAL, -HUGE_VAL, std::nan(""),
-                               // Just before the first second; just before the end there is no room.
+                               // The double just before the first second.
                                std::nextafter(firstSecond, -HUGE_VAL)};
     for (const double seconds : instants) {
         SCOPED_TRACE(seconds);

@@ -1,4 +1,4 @@
-// The few values without a JSON form, and where they stand.
+// Values without a JSON form, and their paths in the error.
 #include <quillmere/records/json/coding_error.hpp>
 #include <quillmere/records/quillmere_state.hpp>
 

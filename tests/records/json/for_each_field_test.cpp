@@ -1,4 +1,4 @@
-// The visit of a record's fields, against what is written.
+// The fields that forEachField visits are the members that the encoder writes.
 #include <quillmere/engine/timer_table.hpp>
 #include <quillmere/records/json/date_text.hpp>
 #include <quillmere/records/json/for_each_field.hpp>

@@ -46,7 +46,7 @@ TEST(KeyOfField, isTheFilesKeyJoinedAtItsUnderscores)
         {"current_block", "currentBlock"},
         {"planned_duration_seconds", "plannedDurationSeconds"},
         {"block_outcome_id", "blockOutcomeId"},
-        // The first word stays, each later one has a capital and then small letters only.
+        // The first word is unchanged; each later word has a capital and then small letters.
         {"block_outcome_ID", "blockOutcomeId"},
         {"CURRENT_BLOCK", "CURRENTBlock"},
         {"Current_block", "CurrentBlock"},
@@ -56,7 +56,7 @@ TEST(KeyOfField, isTheFilesKeyJoinedAtItsUnderscores)
         {"currentBlock", "currentBlock"},
         {"blockOutcomeID", "blockOutcomeID"},
         {"ID", "ID"},
-        // Several underscores in a row cut once; those at the ends stay.
+        // Several underscores in a row count as one; those at both ends are kept.
         {"current__block", "currentBlock"},
         {"_id", "_id"},
         {"id_", "id_"},
@@ -64,7 +64,7 @@ TEST(KeyOfField, isTheFilesKeyJoinedAtItsUnderscores)
         {"_", "_"},
         {"___", "___"},
         {"", ""},
-        // Nothing but ASCII letters has a case.
+        // Only ASCII letters change their case.
         {"gr\xC3\xB6sse_\xC3\xA4nderung", "gr\xC3\xB6sse\xC3\xA4nderung"},
     };
     for (const auto& [inFile, ofField] : rows) {

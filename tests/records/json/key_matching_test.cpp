@@ -1,4 +1,4 @@
-// How the keys of a file find their fields.
+// Which field a key of a file belongs to.
 #include <quillmere/records/json/json_decoder.hpp>
 #include <quillmere/records/quillmere_state.hpp>
 
@@ -15,7 +15,7 @@ using test::decodingError;
 
 constexpr std::string_view otherIdentifier = R"("01890A5D-AC96-774B-BCCE-B302099A8057")";
 
-/// A compact text with every `key` spelled differently.
+/// A compact text with another spelling for every `key`.
 std::string respelled(std::string text, const std::string& key, const std::string& spelling)
 {
     const std::string member = '"' + key + "\":";
@@ -26,7 +26,7 @@ std::string respelled(std::string text, const std::string& key, const std::strin
     return text;
 }
 
-/// A compact object with members put in front of the others, or behind them.
+/// A compact object with additional members before or after the others.
 std::string withFront(const std::string& text, const std::string& members)
 {
     return '{' + members + ',' + text.substr(1);
@@ -85,7 +85,7 @@ TEST(BlockOutcomeID, isFoundUnderEveryKeyThatConvertsToASmallDAndUnderNoOther)
                                  "block_outcome_iD", "blockOutcome_id"}) {
         SCOPED_TRACE(spelling);
         const std::string found = respelled(text, "block_outcome_id", spelling);
-        // The first word is taken as it is, so a capital in it may help.
+        // The first word is not converted, so a capital in it can match.
         EXPECT_EQ(decoded<SessionPlan>(found).blockOutcomeID, plan.blockOutcomeID);
     }
     for (const char* spelling :
@@ -184,7 +184,7 @@ TEST(TwoKeysThatConvertToOne, leaveNothingOfAnEarlierList)
 
 TEST(TwoKeysThatConvertToOne, leaveNothingOfAnEarlierRecord)
 {
-    // What the last record lacks must not come from the one before it.
+    // Values that the last record lacks must not come from the record before it.
     const WorkSession session = test::blockInWork(1, 1).sessions.front();
     SessionPlan plan = test::samplePlan(9);
     plan.blockOutcomeID.reset();
@@ -203,7 +203,7 @@ TEST(KeysInFile, mayStandInAnyOrder)
 {
     EXPECT_EQ(decoded<Outcome>(R"({"title":"A","id":)" + std::string(otherIdentifier) + "}"),
               decoded<Outcome>(R"({"id":)" + std::string(otherIdentifier) + R"(,"title":"A"})"));
-    // From the last to the first, with others in between.
+    // In reverse order, with unknown keys in between.
     const SessionPlan plan = test::samplePlan(1);
     const std::string text = test::compactText(plan);
     std::string reversed = "{\"x\":1";

@@ -59,8 +59,8 @@ void expectError(const Document& document, const json& changed, const std::strin
     }
 }
 
-/// What is written for a field that was missing or null: the agent's summary has all its own keys
-/// always, everything else leaves an absent one out.
+/// The document that is written after a field was missing or null: the agent's summary always has all its own
+/// keys, everywhere else the key is omitted.
 json afterAbsence(const Document& document, const Place& place, const Key& key)
 {
     const bool nullWhenAbsent = document.name == "agent" && place.path.empty();
@@ -133,7 +133,7 @@ TEST(OptionalKey, isAbsentWhenNullAndOmittedWhenWrittenBack)
     });
 }
 
-TEST(SuppliedKey, mayBeMissingOrNullAndLeavesAllElseAsItIs)
+TEST(SuppliedKey, mayBeMissingOrNullAndChangesNoOtherValue)
 {
     forEveryKey([](const Document& document, const Place& place, const Key& key) {
         if (key.presence != Presence::supplied) {
@@ -179,7 +179,7 @@ TEST(ToleratedIdentifiers, areThoseOfTheStateAndOfSessionReviewsOnly)
                 document.readAndWrite(without(document, place, key).dump());
                 tolerated.insert(last.empty() ? document.name : last);
             } catch (const DecodingError&) {
-                // Required, as nearly all are.
+                // Required.
             }
         }
     });
@@ -235,7 +235,7 @@ TEST(UnknownKey, isIgnoredAnywhereAndDroppedWhenWrittenBack)
     }
 }
 
-TEST(FirstBadKey, isTheFirstInFieldOrderWhateverTheOrderInTheFile)
+TEST(FirstBadKey, isTheFirstInFieldOrderForAnyOrderInTheFile)
 {
     for (const Document& document : test::documents()) {
         for (const Place& place : document.places) {

@@ -1,4 +1,4 @@
-// How records are laid out as text.
+// The two layouts of the text.
 #include <quillmere/records/json/json_encoder.hpp>
 #include <quillmere/store/state_store.hpp>
 #include <quillmere/widget/widget_snapshot.hpp>
@@ -78,7 +78,7 @@ TEST(Layout, indentsTextsInListsLikeAllElse)
     EXPECT_NE(compactText(snapshot).find(",\"open_questions\":[\"One?\",\"Two?\"],"), std::string::npos);
 }
 
-/// Keys keep the order of the text in this kind of document.
+/// Checks the order of the keys in all objects of a document. ordered_json keeps the order of the text.
 void expectSortedKeys(const nlohmann::ordered_json& value)
 {
     std::string previous;
@@ -126,7 +126,7 @@ TEST(StoreEncoder, isThePrettyOne)
 
 TEST(PrettyLayout, indentsEveryDepthByTwoSpaces)
 {
-    // Rebuilt from the values by a few lines of its own, for a record nested as deep as they get.
+    // The expected text is built by separate code, for the most deeply nested record.
     const std::string text = prettyText(test::completeState());
     std::size_t depth = 0;
     std::size_t lines = 0;

@@ -13,21 +13,21 @@ std::vector<std::string> makeStringContents()
         R"(\)", R"(\a)", R"(\x41)", R"(\')", R"(\0)", R"(\U0041)", R"(\ )", R"(\N)", "\\\n", "\\\xC3\xA9",
         R"(\u)", R"(\u1)", R"(\u12)", R"(\u123)", R"(\u12G4)", R"(\uG123)", R"(\u 123)", R"(\u+123)",
         R"(\u-123)", R"(\u0x41)", R"(\\\)", R"(\\\u)", R"(\u004\u0041)",
-        // Half of a surrogate pair, at the end and before all that is not the other half.
+        // Half of a surrogate pair, at the end and before other characters.
         R"(\ud800)", R"(\uD83D)", R"(\udbff)", R"(\udc00)", R"(\uDE00)", R"(\uDFFF)", R"(\ud800x)",
         R"(x\udc00x)", R"(\ud800\n)", R"(\ud800\\)", R"(\ud800\u0041)", R"(\ud800\ud800)",
         R"(\udc00\ud800)", R"(\udc00\udc00)", R"(\ud800\ud800\udc00)", R"(\ud83d\ude00\ude00)",
         R"(\ud83d\ude00\ud83d)", R"(\ud800\\udc00)", R"(\ud800udc00)", R"(\ud800 \udc00)", R"(\ud800\u)",
         R"(\ud800\udc)", R"(\ud800\udg00)", R"(\\\ud800)", R"(\ud800\/)", R"(\uD800\uE000)",
         R"(\uD800\uDBFF)",
-        // No UTF-8.
+        // Not UTF-8.
         "\x80", "a\xBF", "\xC0\xAF", "\xC1\x81", "\xC3", "\xC3(", "\xE9", "\xE0\x80\xAF", "\xE2\x82",
         "\xE2\x82(", "\xED\xA0\x80", "\xED\xBF\xBF", "\xED\xA0\xBD\xED\xB8\x80", "\xF0\x80\x80\x80",
         "\xF0\x9F\x98", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xFE", "\xFF\xFF", "abc\xC3\xA9\x80",
         "\xC3\xA9\xC3",
     };
     // clang-format on
-    // Control characters as they are, alone and far from the beginning.
+    // Control characters without an escape, alone and far from the beginning.
     for (char code = 0; code < 0x20; ++code) {
         contents.emplace_back(1, code);
         contents.push_back(std::string(70, 'a') + code + "b");
@@ -39,7 +39,7 @@ std::vector<std::string> makeValues()
 {
     // clang-format off
     std::vector<std::string> values = {
-        // Nothing, and words.
+        // Empty text, and words.
         "", " ", "nan", "NaN", "-NaN", "Infinity", "-Infinity", "inf", "undefined", "None", "nil", "True",
         "TRUE", "False", "Null", "NULL", "nul", "nulll", "nullnull", "null null", "tru", "truee", "true1",
         "fals", "falsey", "t", "f", "n", "truefalse", "yes", "abc", "\xC3\xA9",
@@ -65,11 +65,11 @@ std::vector<std::string> makeValues()
         "{[]:1}", "{\"a\":1", "{\"a\":1]", "\"a\":1}", "{\"a\":1}{}", "{} {}", "{},{}}",
         "{\"a\":{\"b\":[1,]}}", "{\"a\":{\"b\":}}", "{\"a\":01}", "{\"a\":1:2}", "{\"a\":1,\"b\"}",
         "{\"a\":\"b\":\"c\"}", "{\"a\":[}", "{\"a\":[}]", "{\"a\":nan}", "{\"a\"\"b\":1}",
-        // Comments, and white space of other languages.
+        // Comments, and white space that is not JSON's.
         "/* c */1", "1/* c */", "1//c", "//c\n1", "#c\n1", "1#", "<!-- c -->1", "--c\n1", "[1,/**/2]",
         "{/**/}", "\f1", "\v1", "1\f", "\xC2\xA0" "1", "1\xC2\xA0", "\xE2\x80\xA8" "1", "\xE2\x80\x8B" "1",
         "1\xEF\xBB\xBF", "\0"s, "\0" "1"s, "1\0"s, "\x1B" "1", "\x7F", "[\0]"s, "{\0}"s,
-        // No UTF-8 outside of strings.
+        // Ill-formed UTF-8 outside strings.
         "\x80", "\xFF", "1\xC3", "[\xE9]", "\xED\xA0\x80",
     };
     // clang-format on
@@ -102,7 +102,7 @@ const std::vector<std::string>& oddValues()
     static const std::vector<std::string> values = {
         "null", "true", "false", "0", "-0", "-0.0", "0e0", "0E+0", "1e5", "1E5", "1e+5", "1e-5", "1e05",
         "1e00005", "1.0e+00", "-1.5E-10",
-        // Beyond every type that readers have for numbers.
+        // Too large for any number type.
         "1e400", "-1e400", "1e-400", "1e999999999999999999999", "1e-999999999999999999999",
         "9223372036854775808", "-9223372036854775809", "18446744073709551615", "18446744073709551616",
         "340282366920938463463374607431768211456", std::string(1000, '9'), '-' + std::string(1000, '9'),

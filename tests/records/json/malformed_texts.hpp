@@ -1,4 +1,4 @@
-// Texts that are no JSON values, and texts that are but look odd.
+// Texts that are not JSON values, and unusual texts that are.
 #pragma once
 
 #include <string>
@@ -7,19 +7,19 @@
 
 namespace quillmere::test {
 
-/// Each makes the document around it malformed wherever it takes the place of a value.
+/// Texts that make a document malformed when they replace a value.
 const std::vector<std::string>& malformedValues();
 
-/// Insides of strings, keys included, that no string may have.
+/// Malformed texts between the quotes of a string or a key.
 const std::vector<std::string>& malformedStringContents();
 
-/// Each is a well-formed value, though many a reader stumbles over it.
+/// Well-formed values that some parsers refuse.
 const std::vector<std::string>& oddValues();
 
 /// `open` and `close` around each other `depth` times.
 std::string nested(std::string_view open, std::string_view close, std::size_t depth);
 
-/// `text` so many times in a row.
+/// `text` repeated `count` times.
 std::string repeated(std::string_view text, std::size_t count);
 
 }  // namespace quillmere::test

@@ -1,4 +1,4 @@
-// Reading and writing when memory runs out.
+// Reading and writing when allocations fail.
 #include <quillmere/records/json/json_decoder.hpp>
 #include <quillmere/records/json/json_encoder.hpp>
 
@@ -12,7 +12,7 @@
 namespace quillmere {
 namespace {
 
-/// Something for every way in which memory is taken: long texts, escapes, keys to convert.
+/// Needs every kind of allocation: long texts, escapes, keys to convert.
 QuillmereState roomyState()
 {
     QuillmereState state = test::completeState();
@@ -21,12 +21,12 @@ QuillmereState roomyState()
     return state;
 }
 
-/// What happened while one allocation after another failed. Counted first and compared at the end,
-/// because a failing comparison takes memory itself.
+/// The results while one allocation after another failed. They are counted first and compared at the end,
+/// because a failing comparison allocates as well.
 struct Outcomes {
     std::size_t failures = 0;
-    std::size_t silent = 0;   ///< nothing was thrown: the attempt got its memory at a second try
-    std::size_t leaking = 0;  ///< blocks were in use that had not been before
+    std::size_t silent = 0;   ///< nothing was thrown: a second allocation succeeded
+    std::size_t leaking = 0;  ///< more memory was in use than before
 };
 
 template <class Attempt>
@@ -42,7 +42,7 @@ Outcomes failEveryAllocation(Attempt attempt)
     return outcomes;
 }
 
-TEST(Decoding, throwsBadAllocOrSucceedsAndLosesNothingWhicheverAllocationFails)
+TEST(Decoding, throwsBadAllocOrSucceedsWithoutALeakForEveryAllocationThatFails)
 {
     std::string text = test::prettyText(roomyState());
     text.replace(text.find("\"agent_questions\""), 17, "\"agentQuestions\"");
@@ -78,7 +78,7 @@ TEST(Decoding, throwsBadAllocAlsoWhileItDescribesAnError)
     EXPECT_EQ(errors, outcomes.silent + 2) << "once before and once after all the failures";
 }
 
-TEST(Encoding, throwsBadAllocAndLosesNothingWhicheverAllocationFails)
+TEST(Encoding, throwsBadAllocWithoutALeakForEveryAllocationThatFails)
 {
     const QuillmereState state = roomyState();
     for (const JsonLayout layout : {JsonLayout::pretty, JsonLayout::compact}) {

@@ -1,4 +1,4 @@
-// Documents with random damage: another parser judges whether they are still JSON.
+// Documents with random damage. Another parser decides whether they are still JSON.
 #include <quillmere/engine/timer_snapshot.hpp>
 #include <quillmere/records/json/json_decoder.hpp>
 #include <quillmere/records/quillmere_state.hpp>
@@ -25,7 +25,7 @@ namespace fs = std::filesystem;
 
 enum class Verdict { wellFormed, malformed, undecided };
 
-/// Only notes how the parser comes to an end.
+/// A handler that only records how the other parser ends.
 struct Judge : nlohmann::json_sax<nlohmann::json> {
     bool isOutOfRange = false;
 
@@ -50,7 +50,7 @@ struct Judge : nlohmann::json_sax<nlohmann::json> {
 
 Verdict verdictOf(const std::string& text)
 {
-    // Both are let pass by the other parser; neither is JSON.
+    // The other parser accepts both of these, but they are not JSON.
     if (text.find('\0') != std::string::npos || text.substr(0, 3) == "\xEF\xBB\xBF") {
         return Verdict::malformed;
     }
@@ -58,7 +58,7 @@ Verdict verdictOf(const std::string& text)
     if (nlohmann::json::sax_parse(text, &judge)) {
         return Verdict::wellFormed;
     }
-    // It gives up at numbers beyond the doubles, which are JSON.
+    // The other parser refuses numbers beyond the range of doubles, but they are JSON.
     return judge.isOutOfRange ? Verdict::undecided : Verdict::malformed;
 }
 
@@ -85,8 +85,8 @@ std::string mutated(std::string text, std::mt19937_64& random)
     return text;
 }
 
-/// Reads a text that may be anything: it is refused for the reason that the other parser gives, or it
-/// is accepted and can be written again and read back.
+/// Reads a text: it must be refused if the other parser refuses it. If it is accepted, it must be possible to
+/// write it and read it back.
 template <class Root>
 void expectAgreement(const std::string& text, std::size_t& accepted)
 {
@@ -115,7 +115,7 @@ void expectAgreementAfterDamage(const std::string& text, std::uint64_t seed, int
         SCOPED_TRACE(testing::Message() << "seed " << seed << ", round " << round);
         ASSERT_NO_FATAL_FAILURE(expectAgreement<Root>(mutated(text, random), accepted));
     }
-    // Damage inside of texts and numbers leaves a document whole: both verdicts must have come up.
+    // Damage inside texts and numbers leaves a document well-formed, so both results must have occurred.
     EXPECT_GT(accepted, 0U);
     EXPECT_LT(accepted, static_cast<std::size_t>(rounds));
 }
@@ -152,7 +152,7 @@ TEST(DamagedDocument, isJudgedAsByAnotherParserInIgnoredKeys)
 
 TEST(Corpus, isJudgedAsByAnotherParser)
 {
-    // Each file once broke the reader, or stands for a kind of text that might.
+    // Each file once broke the reader, or is an example of a text that could.
     std::size_t files = 0;
     for (const fs::directory_entry& entry : fs::directory_iterator(QUILLMERE_CORPUS_DIRECTORY)) {
         SCOPED_TRACE(entry.path().filename());

@@ -1,4 +1,4 @@
-// Deep nesting must not exhaust the stack.
+// Deep nesting does not exhaust the stack.
 #include <quillmere/records/json/json_decoder.hpp>
 #include <quillmere/records/quillmere_state.hpp>
 
@@ -22,10 +22,10 @@ struct Brackets {
 };
 constexpr Brackets kinds[] = {{"[", "]"}, {"{\"a\":", "}"}, {"[{\"a\":", "}]"}, {"[0,", ",0]"}};
 
-/// Containers that one pair of brackets of a kind opens.
+/// The number of containers that one opening of this kind begins.
 std::size_t depthOf(const Brackets& kind) { return kind.open.size() == 6 ? 2 : 1; }
 
-/// A nest of so many containers, with a value in the middle.
+/// That many nested containers, with a value in the innermost one.
 std::string nest(const Brackets& kind, std::size_t depth)
 {
     const std::size_t count = depth / depthOf(kind);
@@ -55,7 +55,7 @@ TEST(Nesting, endsAt1024LevelsTheDocumentIncluded)
 {
     for (const Brackets& kind : kinds) {
         SCOPED_TRACE(kind.open);
-        // The state itself is one level, and so is the list around the nest.
+        // The state is one level, and the list around the nested containers is another.
         EXPECT_FALSE(decodingError<QuillmereState>(stateWithIgnored("[" + nest(kind, 1022) + "]")));
         EXPECT_TRUE(
             isMalformed(decodingError<QuillmereState>(stateWithIgnored("[[" + nest(kind, 1022) + "]]"))));
@@ -76,7 +76,7 @@ TEST(Nesting, countsFromTheDocumentAlsoInsideOfRecords)
     }
 }
 
-TEST(Nesting, of100000LevelsFailsWhereverItStands)
+TEST(Nesting, of100000LevelsFailsAtEveryPlace)
 {
     constexpr std::size_t depth = 100'000;
     const std::string idle = test::compactText(test::stateIn(WorkflowState::idle));
@@ -90,7 +90,7 @@ TEST(Nesting, of100000LevelsFailsWhereverItStands)
             EXPECT_TRUE(isMalformed(decodingError<WorkflowState>(value)));
             EXPECT_TRUE(isMalformed(decodingError<QuillmereState>(stateWithIgnored(value))));
             EXPECT_TRUE(isMalformed(decodingError<QuillmereState>("{\"zzz\":" + value)));
-            // In the place of values of a record.
+            // Instead of the values of a record.
             for (const char* key :
                  {"id", "current_block", "block_history", "agent_questions", "updated_at"}) {
                 EXPECT_TRUE(isMalformed(decodingError<QuillmereState>("{\"" + std::string(key) +
@@ -102,7 +102,7 @@ TEST(Nesting, of100000LevelsFailsWhereverItStands)
 
 TEST(Nesting, ofRecordsInRecordsCannotBeEndless)
 {
-    // Blocks in blocks: the inner ones are unknown keys of the outer.
+    // Blocks in blocks: the inner blocks are unknown keys of the outer ones.
     const std::string text = repeated("{\"current_block\":", 100'000) + "{}" + repeated("}", 100'000);
     EXPECT_TRUE(isMalformed(decodingError<QuillmereState>(text)));
     EXPECT_TRUE(isMalformed(decodingError<Block>(text)));

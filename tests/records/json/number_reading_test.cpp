@@ -1,4 +1,4 @@
-// Which texts are integers, and which doubles.
+// Reading of integers and doubles.
 #include <quillmere/records/json/json_decoder.hpp>
 #include <quillmere/records/quillmere_state.hpp>
 
@@ -64,7 +64,7 @@ TEST(ReadInteger, isAnyNumberThatIsExactlyWholeAndFits64Bits)
         {"1e18", 1'000'000'000'000'000'000},
         {"1000000e12", 1'000'000'000'000'000'000},
         {"0.000000000000000000000000000001e+30", 1},
-        // Doubles have lost the last digit of these.
+        // A double does not have the last digit of these.
         {"9007199254740993", 9007199254740993},
         {"9007199254740993.0", 9007199254740993},
         {"9007199254740993e0", 9007199254740993},
@@ -129,7 +129,7 @@ TEST(ReadInteger, isNoNumberWithAFractionOrBeyond64Bits)
     }
 }
 
-TEST(ReadInteger, isReadWhateverTheNumberOfItsDigits)
+TEST(ReadInteger, isReadWithAnyNumberOfDigits)
 {
     const std::string zeros(1000, '0');
     EXPECT_EQ(test::decoded<SessionPlan>(planWithEnergy("7" + zeros + "e-1000")).energy, 7);
@@ -207,7 +207,7 @@ TEST(ReadDuration, isNoNumberBeyondTheDoubles)
     }
 }
 
-TEST(ReadDuration, isReadWhateverTheNumberOfItsDigits)
+TEST(ReadDuration, isReadWithAnyNumberOfDigits)
 {
     const std::string zeros(5000, '0');
     EXPECT_EQ(readDuration("15" + zeros + "e-4998"), 1500);

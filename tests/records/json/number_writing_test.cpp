@@ -45,8 +45,8 @@ std::string significantDigits(const std::string& text)
     return digits;
 }
 
-/// The fewest digits with which the C library, which rounds to the nearest, comes back to the number.
-/// Beside a power of two another number of fewer digits may do as well.
+/// The smallest number of digits with which the C library, which rounds to nearest, reads the number back.
+/// Next to a power of two a text with fewer digits may exist.
 std::size_t fewestDigits(double value)
 {
     char text[40];
@@ -99,7 +99,7 @@ TEST(WrittenDuration, isSpelledTheShortestWay)
 
 TEST(WrittenDuration, hasAnExponentFrom2ToThePowerOf63On)
 {
-    // Without one it would look like an integer, and readers refuse integers beyond 64 bits.
+    // Without an exponent it would look like an integer, and readers refuse integers beyond 64 bits.
     for (const double value : {0x1p63, -0x1p63, 0x1.0000000000001p63, 0x1p64, 0x1p65, 1e19,
                                18446744073709549568.0, 123456789012345678901.0, 0x1p70}) {
         const std::string text = written(value);
@@ -116,13 +116,13 @@ void expectShortestAndExact(double value)
               std::bit_cast<std::uint64_t>(value))
         << text;
     ASSERT_EQ(std::bit_cast<std::uint64_t>(readBack(text)), std::bit_cast<std::uint64_t>(value)) << text;
-    // Digits alone may stand for a whole number exactly and so be more than needed.
+    // A whole number without an exponent may have more digits than needed.
     if (text.find_first_of(".e") != std::string::npos) {
         ASSERT_LE(significantDigits(text).size(), fewestDigits(value)) << text;
     }
 }
 
-TEST(WrittenDuration, readsBackToTheSameBitsWhateverTheyAre)
+TEST(WrittenDuration, readsBackToTheSameBits)
 {
     std::mt19937_64 random(42);
     for (int count = 0; count < 20'000; ++count) {

@@ -1,4 +1,4 @@
-// Texts that go to their file in pieces.
+// Writing to a sink in pieces.
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -13,7 +13,7 @@ namespace {
 
 constexpr JsonLayout layouts[] = {JsonLayout::pretty, JsonLayout::compact};
 
-/// More than one piece, whatever its size may be.
+/// Larger than one piece of any likely size.
 constexpr std::size_t manyPieces = 5'000'000;
 
 QuillmereState stateWithQuestions(std::size_t count, const std::string& text)
@@ -68,7 +68,7 @@ TEST(Pieces, ofALongTextAreSeveral)
 
 TEST(Pieces, areCutAtAnyPlaceWithoutLoss)
 {
-    // With one byte more in each, the ends of pieces come to lie everywhere in a member and in a record.
+    // Each state is one byte longer, so the pieces end at every position of a member and of a record.
     for (std::size_t length = 100; length < 400; ++length) {
         SCOPED_TRACE(length);
         expectSameTextInPieces(stateWithQuestions(700, std::string(length, 'a')));
@@ -108,7 +108,7 @@ TEST(Pieces, areNotMadeOfAValueWithoutAJsonForm)
     }
 }
 
-TEST(Pieces, endWithWhatTheirSinkThrows)
+TEST(Pieces, endWithTheExceptionOfTheSink)
 {
     const QuillmereState state = stateWithQuestions(manyPieces / 200, "a short text");
     int calls = 0;

@@ -161,7 +161,7 @@ std::vector<json> wrongValues(Kind kind)
 {
     std::vector<json> wrong = {json::array({json::array({1, "a", nullptr})})};
     const auto add = [&](Kind right, const std::vector<json>& values) {
-        // A number without a fraction is a duration as well.
+        // A whole number is also a duration.
         const bool fits = kind == right || (kind == Kind::duration && right == Kind::integer);
         if (!fits) {
             wrong.insert(wrong.end(), values.begin(), values.end());
@@ -173,7 +173,7 @@ std::vector<json> wrongValues(Kind kind)
     add(Kind::text, {"", "abc", "null", "true", "3", "{}"});
     add(Kind::record, {json::object(), json::object({{"id", 3}, {"title", {{"a", json::array()}}}})});
     add(Kind::list, {json::array(), json::array({nullptr}), json::array({"abc"})});
-    // Close, but of the wrong spelling.
+    // Similar texts with a wrong spelling.
     add(Kind::text, {"9F1C2A4E0B7D4C558E213A6B5D0C7F10", "2026-11-15T15:00:00", "2026-11-15T15:00:00.5Z",
                      "yes", "Focusing", "block_planning", "break_time", "planned"});
     if (kind == Kind::list) {

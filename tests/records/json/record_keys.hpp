@@ -40,29 +40,29 @@ struct Key {
 
 /// One object of a document.
 struct Place {
-    std::string path;  ///< as errors name it; empty for the whole document
+    std::string path;  ///< the path in errors; empty for the whole document
     std::vector<Key> keys;
 
     nlohmann::json::json_pointer pointer() const;
     std::string pathOf(std::string_view key) const;
 };
 
-/// A document that has every key of the objects at `places`.
+/// A document whose objects at `places` have every key.
 struct Document {
     std::string name;
     nlohmann::json json;
     std::vector<Place> places;
-    /// Reads a text as the document's record and writes that again.
+    /// Reads a text as the record of the document and writes the record again.
     std::function<nlohmann::json(const std::string&)> readAndWrite;
 };
 
-/// State, agent's summary, widget's summary and timer.
+/// The state, both summaries and the timer.
 const std::vector<Document>& documents();
 
-/// What an error says that it expected, for a value of a kind.
+/// The expected value in the error for a key of this kind.
 std::string expectedOf(Kind kind);
 
-/// Values of all types, and texts and numbers that only look right, that a key of a kind does not take.
+/// Values that a key of this kind refuses: of all other types, and texts and numbers that look similar.
 std::vector<nlohmann::json> wrongValues(Kind kind);
 
 }  // namespace quillmere::test

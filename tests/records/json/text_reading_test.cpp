@@ -1,4 +1,4 @@
-// What the texts of a file stand for.
+// Reading of texts.
 #include <quillmere/records/json/json_decoder.hpp>
 #include <quillmere/records/outcome.hpp>
 
@@ -68,7 +68,7 @@ TEST(ReadText, findsEscapesAtEveryPlaceOfTextsOfEveryLength)
     }
 }
 
-TEST(ReadText, isWhatWasWrittenForAnyText)
+TEST(ReadText, isTheWrittenTextForAnyText)
 {
     std::mt19937_64 random(5);
     for (int count = 0; count < 5000; ++count) {
@@ -121,8 +121,8 @@ TEST(ReadText, isNothingButAText)
     }
 }
 
-/// Whatever stands in a file is quoted in a message, so it must stay text and must not be endless.
-TEST(WhatWasFound, isQuotedUpToALengthAndCutBetweenCharacters)
+/// Messages quote text of the file, so the quotes must be valid text and must have a limited length.
+TEST(FoundValueInAnError, isQuotedUpToALengthAndCutBetweenCharacters)
 {
     std::string umlauts;
     while (umlauts.size() < 500) {
@@ -135,14 +135,14 @@ TEST(WhatWasFound, isQuotedUpToALengthAndCutBetweenCharacters)
         EXPECT_EQ(error->path(), "id");
         EXPECT_LT(error->found().size(), 80U);
         EXPECT_EQ(error->found().substr(0, 10), ('"' + front + umlauts).substr(0, 10));
-        // A record takes it over unchanged only if it is well-formed UTF-8.
+        // Only well-formed UTF-8 survives the round trip unchanged.
         const Outcome outcome{.id = test::identifier(1), .title = error->found()};
         EXPECT_EQ(test::decoded<Outcome>(test::compactText(outcome)), outcome);
     }
 }
 
-/// Text that is refused is looked at more than once; it must not be resolved into the same room again.
-TEST(WhatWasFound, mayBeVeryLongAndFullOfEscapes)
+/// A refused text is read more than once; its escapes must not be replaced twice in the same buffer.
+TEST(FoundValueInAnError, mayBeVeryLongAndFullOfEscapes)
 {
     const std::string wrong = '"' + std::string(3'000'000, 'x') + "\\n\"";
     const auto error = test::decodingError<Outcome>(R"({"id":)" + wrong + R"(,"title":""})");

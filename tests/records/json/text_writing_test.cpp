@@ -1,4 +1,4 @@
-// Texts in JSON: escapes, and what is no UTF-8.
+// Texts in JSON: escapes, and ill-formed UTF-8.
 #include <quillmere/records/json/json_encoder.hpp>
 #include <quillmere/records/outcome.hpp>
 
@@ -15,7 +15,7 @@ namespace {
 
 using namespace std::string_literals;
 
-/// A text as it stands in a file, quotes included.
+/// The text in a file, with its quotes.
 std::string written(const std::string& text)
 {
     const std::string whole = test::compactText(Outcome{.id = test::identifier(1), .title = text});
@@ -46,7 +46,7 @@ TEST(WrittenText, escapesQuoteBackslashAndEveryControlCharacter)
     EXPECT_EQ(written("\\"), R"("\\")");
 }
 
-TEST(WrittenText, leavesEveryOtherAsciiCharacterAsItIsSlashesIncluded)
+TEST(WrittenText, hasEveryOtherAsciiCharacterUnchangedSlashesIncluded)
 {
     std::string text;
     for (char code = 0x20; code < 0x7F; ++code) {
@@ -86,8 +86,8 @@ struct IllFormed {
     std::string_view expected;  // with ? for U+FFFD
 };
 
-// One replacement for each maximal part of a character that is cut short, one for each byte that can
-// begin none (The Unicode Standard, section 3.9, with its tables 3-8 to 3-11).
+// One replacement for each maximal part of an incomplete character, and one for each byte that cannot begin a
+// character (The Unicode Standard, section 3.9, tables 3-8 to 3-11).
 constexpr IllFormed illFormedTexts[] = {
     {"\x80", "?"},
     {"\xBF\xBF", "??"},
@@ -150,8 +150,8 @@ TEST(WrittenText, replacesEachMaximalIllFormedPartByOneReplacementCharacter)
     }
 }
 
-/// Texts are copied many characters at a time, so what is special must be seen at every place.
-TEST(WrittenText, findsWhatNeedsCareAtEveryPlaceOfTextsOfEveryLength)
+/// Texts are copied many characters at a time, so special characters are tested at every position.
+TEST(WrittenText, escapesSpecialCharactersAtEveryPlaceOfTextsOfEveryLength)
 {
     const struct {
         std::string text;
@@ -180,10 +180,10 @@ TEST(WrittenText, findsWhatNeedsCareAtEveryPlaceOfTextsOfEveryLength)
     }
 }
 
-TEST(WrittenText, isWhatAnotherWriterMakesOfAnyBytes)
+TEST(WrittenText, isTheSameAsAnotherWritersTextForAnyBytes)
 {
     std::mt19937_64 random(20261115);
-    // Drawn so that beginnings and continuations meet often.
+    // The bytes are chosen so that first bytes and continuation bytes are often adjacent.
     constexpr unsigned char frequent[] = {0x00, 0x1F, '"',  '\\', 'a',  0x7F, 0x80, 0x8F,
                                           0x90, 0x9F, 0xA0, 0xBF, 0xC1, 0xC2, 0xE0, 0xE1,
                                           0xED, 0xEF, 0xF0, 0xF1, 0xF4, 0xF5, 0xFF};
@@ -199,7 +199,7 @@ TEST(WrittenText, isWhatAnotherWriterMakesOfAnyBytes)
     }
 }
 
-TEST(WrittenText, holdsLongTextsWholeWhateverTheyConsistOf)
+TEST(WrittenText, hasAllOfALongTextOfAnyCharacters)
 {
     const std::string pieces[] = {"a", "\x01", "\xC3\xA9", "\xFF", "plain words, then \"quoted\"\n"};
     for (const std::string& piece : pieces) {

@@ -1,4 +1,4 @@
-// Only JSON is read (RFC 8259), also where nobody looks.
+// Text that is not JSON (RFC 8259) is refused, in the values of unknown keys too.
 #include <quillmere/records/json/json_decoder.hpp>
 #include <quillmere/records/quillmere_state.hpp>
 
@@ -18,7 +18,7 @@ using test::decoded;
 using test::decodingError;
 using test::isMalformed;
 
-/// The compact text of a small state with a block, `insertion` put right behind `place`.
+/// The compact text of a small state with a block, with `insertion` directly after `place`.
 std::string stateWith(std::string_view place, std::string_view insertion)
 {
     static const std::string text = test::compactText(test::stateIn(WorkflowState::focusing));
@@ -26,7 +26,7 @@ std::string stateWith(std::string_view place, std::string_view insertion)
     return changed.insert(changed.find(place) + place.size(), insertion);
 }
 
-/// Where a value can stand that no record asks for.
+/// Places for a value that no record needs.
 std::vector<std::string> withIgnored(const std::string& value)
 {
     const std::string member = "\"zzz\":" + value;
@@ -42,7 +42,7 @@ std::vector<std::string> withIgnored(const std::string& value)
     };
 }
 
-/// Where it stands in the place of something else: before the value that counts, or alone.
+/// The same value as a duplicate before the value that counts, or instead of it.
 std::vector<std::string> withMisplaced(const std::string& value)
 {
     std::vector<std::string> texts;
@@ -57,7 +57,7 @@ std::vector<std::string> withMisplaced(const std::string& value)
     return texts;
 }
 
-TEST(MalformedValue, failsWhereNobodyLooks)
+TEST(MalformedValue, failsInTheValueOfAnUnknownKey)
 {
     for (const std::string& value : test::malformedValues()) {
         for (const std::string& text : withIgnored(value)) {
@@ -69,12 +69,12 @@ TEST(MalformedValue, failsWhereNobodyLooks)
     }
 }
 
-TEST(MalformedValue, failsAsSuchInThePlaceOfAValueOfAField)
+TEST(MalformedValue, isReportedAsMalformedInTheValueOfAField)
 {
     for (const std::string& value : test::malformedValues()) {
         for (const std::string& text : withMisplaced(value)) {
             if (nlohmann::json::accept(text)) {
-                continue;  // nothing at all makes an empty list of an empty list
+                continue;  // no text in an empty list is still an empty list
             }
             SCOPED_TRACE(testing::PrintToString(text));
             const auto error = decodingError<QuillmereState>(text);
@@ -92,7 +92,7 @@ TEST(MalformedValue, failsAsAWholeDocument)
     }
 }
 
-TEST(OddValue, isIgnoredWhereNobodyLooks)
+TEST(OddValue, isIgnoredInTheValueOfAnUnknownKey)
 {
     for (const std::string& value : test::oddValues()) {
         for (const std::string& text : withIgnored(value)) {
@@ -140,7 +140,7 @@ TEST(Document, failsWithAnythingElseAroundIt)
 
 TEST(Document, isMalformedBeforeAnyFieldIsOfAWrongType)
 {
-    // Found last, but it is why nothing else that the document says can be relied upon.
+    // The reader finds it last, but it is the most important error: nothing else in the document is reliable.
     for (const std::string& tail : {"x"s, "{}"s, "]"s, "}"s, ","s, "1"s, " \"a\""s}) {
         for (const std::string& front : {"{}"s, "{\"id\":3}"s, "[]"s, "3"s, "\"a\""s, "null"s, "[1,2]"s}) {
             SCOPED_TRACE(front + tail);
@@ -169,7 +169,7 @@ TEST(Document, failsWhenEmptyOrNothingButWhiteSpace)
     }
 }
 
-TEST(Document, failsWhereverItIsCutShort)
+TEST(Document, failsWhenItsEndIsCutOffAtAnyPlace)
 {
     QuillmereState state = test::fullState();
     state.blockHistory.front().sessions.pop_back();
@@ -183,7 +183,7 @@ TEST(Document, failsWhereverItIsCutShort)
     }
 }
 
-TEST(Document, failsWhereverItsBeginningIsCutOff)
+TEST(Document, failsWhenItsBeginningIsCutOffAtAnyPlace)
 {
     const std::string text = test::compactText(test::stateIn(WorkflowState::focusing));
     for (std::size_t start = 1; start < text.size(); ++start) {

@@ -16,7 +16,7 @@ TEST(Columns, countWhatATerminalShows)
     };
     for (const Case& sample : {Case{"", 0}, Case{"plain", 5}, Case{"Grüße", 5}, Case{"e\u0301", 1},
                                Case{"日本", 4}, Case{"\uFFFD", 1}, Case{"\u05E9\u05DC\u05D5\u05DD", 4}}) {
-        EXPECT_EQ(base::columns(sample.text), sample.expected) << sample.text;
+        EXPECT_EQ(base::columnsOf(sample.text), sample.expected) << sample.text;
     }
 }
 
@@ -52,7 +52,7 @@ TEST(CutToColumns, hasABoundForWhatTakesNoColumns)
         for (const std::size_t most : {1u, 20u, 60u, 4'000u}) {
             const std::string cut = base::cutToColumns(text, most);
             EXPECT_LE(cut.size(), most * base::mostBytesPerColumn);
-            EXPECT_LE(base::columns(cut), most);
+            EXPECT_LE(base::columnsOf(cut), most);
             EXPECT_EQ(cut.ends_with("\u2026"), cut != text);
         }
     }
@@ -65,7 +65,7 @@ TEST(CutToColumns, hasABoundForWhatTakesNoColumns)
 TEST(CutToColumns, leavesTheLongestCharactersThatPeopleWrite)
 {
     const std::string family = "\U0001F468\u200D\U0001F469\u200D\U0001F467\u200D\U0001F466";
-    EXPECT_EQ(base::cutToColumns(family, base::columns(family)), family);
+    EXPECT_EQ(base::cutToColumns(family, base::columnsOf(family)), family);
 }
 
 TEST(CutToBytes, neverCutsACharacterInTwo)

@@ -11,13 +11,13 @@
 namespace quillmere::test {
 namespace {
 
-using base::inertJson;
 using base::isText;
 using base::sanitized;
+using base::sanitizedJson;
 
 constexpr const char* replacement = "\uFFFD";
 
-TEST(Inert, replacesEveryControlCharacterOfSevenBits)
+TEST(Sanitized, replacesEveryControlCharacterOfSevenBits)
 {
     for (int code = 0; code < 0x80; ++code) {
         const std::string character(1, static_cast<char>(code));
@@ -27,7 +27,7 @@ TEST(Inert, replacesEveryControlCharacterOfSevenBits)
     }
 }
 
-TEST(Inert, replacesEveryControlCharacterOfEightBits)
+TEST(Sanitized, replacesEveryControlCharacterOfEightBits)
 {
     for (int code = 0x80; code < 0xC0; ++code) {
         const std::string character = {'\xC2', static_cast<char>(code)};
@@ -35,7 +35,7 @@ TEST(Inert, replacesEveryControlCharacterOfEightBits)
     }
 }
 
-TEST(Inert, replacesEveryByteThatIsNoText)
+TEST(Sanitized, replacesEveryByteThatIsNoText)
 {
     for (int code = 0x80; code < 0x100; ++code) {
         const std::string byte(1, static_cast<char>(code));
@@ -51,7 +51,7 @@ struct Range {
 // Marks, embeddings, overrides and isolates of direction, and separators of lines and paragraphs.
 constexpr Range deceptive[] = {{0x061C, 0x061C}, {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
 
-TEST(Inert, replacesWhatTurnsTheDirectionOfTextOrBreaksItsLines)
+TEST(Sanitized, replacesWhatTurnsTheDirectionOfTextOrBreaksItsLines)
 {
     for (unsigned code = 0x0600; code < 0x2100; ++code) {
         std::string character;
@@ -93,7 +93,7 @@ constexpr Pair pairs[] = {
     {"\uFFFD", "\uFFFD"},
 };
 
-TEST(Inert, keepsTextAndReplacesWhatATerminalWouldObey)
+TEST(Sanitized, keepsTextAndReplacesWhatATerminalWouldObey)
 {
     for (const Pair& pair : pairs) {
         SCOPED_TRACE(testing::PrintToString(pair.text));
@@ -102,15 +102,15 @@ TEST(Inert, keepsTextAndReplacesWhatATerminalWouldObey)
     }
 }
 
-TEST(InertJson, escapesTheControlsThatJsonAllows)
+TEST(SanitizedJson, escapesTheControlsThatJsonAllows)
 {
-    EXPECT_EQ(inertJson("{\n  \"a\" : \"\x7F\xC2\x80\xC2\x9B\xC2\x9F\xC2\xA0é\"\n}"),
+    EXPECT_EQ(sanitizedJson("{\n  \"a\" : \"\x7F\xC2\x80\xC2\x9B\xC2\x9F\xC2\xA0é\"\n}"),
               "{\n  \"a\" : \"\\u007f\\u0080\\u009b\\u009f\xC2\xA0é\"\n}");
 }
 
-TEST(InertJson, escapesWhatTurnsTheDirectionOfTextOrBreaksItsLines)
+TEST(SanitizedJson, escapesWhatTurnsTheDirectionOfTextOrBreaksItsLines)
 {
-    EXPECT_EQ(inertJson("\"\u061C\u200E\u2028\u202E\u2069\u2070€🙂\""),
+    EXPECT_EQ(sanitizedJson("\"\u061C\u200E\u2028\u202E\u2069\u2070€🙂\""),
               "\"\\u061c\\u200e\\u2028\\u202e\\u2069\u2070€🙂\"");
 }
 

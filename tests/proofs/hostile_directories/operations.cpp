@@ -1,4 +1,4 @@
-#include "columns.hpp"
+#include "operations.hpp"
 
 #include <quillmere/store/state_store.hpp>
 #include <quillmere/widget/widget_snapshot_store.hpp>
@@ -27,9 +27,9 @@ std::string nameOf(const std::error_code& code)
     return code.category() == std::generic_category() && name ? name : "no POSIX code";
 }
 
-/// What came of a call of the library.
+/// The result of a call of the library: what it returned or threw.
 template <class Call>
-std::string outcomeOf(Call call)
+std::string resultOf(Call call)
 {
     try {
         return call();
@@ -76,7 +76,7 @@ std::optional<WidgetSnapshotStore> widgetStoreIn(const Scene& scene)
 template <void (*replaceItem)(const fs::path&, const fs::path&)>
 std::string save(const Scene& scene)
 {
-    return outcomeOf([&] {
+    return resultOf([&] {
         storeIn(scene, replaceItem).save(stateToSave());
         return "done";
     });
@@ -84,7 +84,7 @@ std::string save(const Scene& scene)
 
 std::string load(const Scene& scene)
 {
-    return outcomeOf([&] {
+    return resultOf([&] {
         const QuillmereState state = storeIn(scene, StateStore::renameReplacing).load();
         QuillmereState fresh = QuillmereState::initial(clockReading);
         fresh.id = state.id;
@@ -97,7 +97,7 @@ std::string load(const Scene& scene)
 
 std::string saveWidget(const Scene& scene)
 {
-    return outcomeOf([&] {
+    return resultOf([&] {
         const std::optional<WidgetSnapshotStore> store = widgetStoreIn(scene);
         if (!store) {
             return "no container";
@@ -109,7 +109,7 @@ std::string saveWidget(const Scene& scene)
 
 std::string loadWidget(const Scene& scene)
 {
-    return outcomeOf([&] {
+    return resultOf([&] {
         const std::optional<WidgetSnapshotStore> store = widgetStoreIn(scene);
         if (!store) {
             return "no container";
@@ -121,7 +121,7 @@ std::string loadWidget(const Scene& scene)
     });
 }
 
-/// Becomes the program; how it ends is what came of it.
+/// Becomes the program; its exit code is the result.
 std::string run(const Scene& scene, std::vector<std::string> words)
 {
     words.insert(words.begin(), "quillmere");
@@ -145,11 +145,11 @@ std::string ask(const Scene& scene) { return run(scene, {"ask", "Why?"}); }
 
 }  // namespace
 
-const std::array<Column, columnCount>& columns()
+const std::array<Operation, operationCount>& operations()
 {
     static const std::vector<std::string> both = {"agent-state.json", "state.json"};
     static const std::vector<std::string> all = {"agent-state.json", "state.json", "widget-snapshot.json"};
-    static const std::array<Column, columnCount> table = {{
+    static const std::array<Operation, operationCount> table = {{
         {"save", save<StateStore::renameReplacing>, both},
         {"durable save", save<StateStore::renameReplacingDurably>, both},
         {"load", load, {}},
@@ -162,6 +162,6 @@ const std::array<Column, columnCount>& columns()
     return table;
 }
 
-void keepProgram() { program = ::open(QUILLMERE_PROGRAM, O_PATH | O_CLOEXEC); }
+void openProgram() { program = ::open(QUILLMERE_PROGRAM, O_PATH | O_CLOEXEC); }
 
 }  // namespace quillmere::test

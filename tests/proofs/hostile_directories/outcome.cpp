@@ -1,7 +1,7 @@
-#include "conduct.hpp"
+#include "outcome.hpp"
 
-#include "apart.hpp"
 #include "listing.hpp"
+#include "ordinary_user.hpp"
 #include "proofs/support/figures.hpp"
 
 #include <sys/stat.h>
@@ -34,14 +34,14 @@ void setProcess(const Scene& scene)
     fs::current_path(scene.root);
 }
 
-Apart call(const Column& column, const Scene& scene, const fs::path& ground)
+ChildResult resultOf(const Operation& operation, const Scene& scene)
 {
-    return apart(
+    return resultOfChild(
         [&] {
             setProcess(scene);
-            return column.act(scene);
+            return operation.act(scene);
         },
-        longestCall(), ground / "errors");
+        longestCall());
 }
 
 constexpr const char* theDirectory = "the directory";
@@ -53,8 +53,8 @@ bool isInside(const fs::path& path, const fs::path& place)
     return !relative.empty() && *relative.begin() != "..";
 }
 
-/// A path of the tree as it is called in the table.
-std::string calledIn(const Scene& scene, const std::string& path)
+/// The name of a path of the tree in the table.
+std::string nameIn(const Scene& scene, const std::string& path)
 {
     const fs::path whole = (scene.root / path).lexically_normal();
     for (const fs::path& place : {scene.place, scene.widgetPlace}) {
@@ -84,7 +84,7 @@ std::string octal(mode_t mode)
     return text.str();
 }
 
-/// What is remarkable about a change: that it went away, or its mode.
+/// The name, and what is unusual: that the entry is gone, or its mode.
 std::string describe(const Change& change, const std::string& name)
 {
     if (change.isGone) {
@@ -93,17 +93,17 @@ std::string describe(const Change& change, const std::string& name)
     return hasUsualMode(change, name) ? name : name + ' ' + octal(change.mode);
 }
 
-/// What changed beside what should have.
+/// What changed and should not have, and what should have changed and did not.
 std::string differences(const Scene& scene, const std::vector<Change>& changes,
-                        std::vector<std::string> awaited)
+                        std::vector<std::string> expected)
 {
     std::vector<std::string> others;
     for (const Change& change : changes) {
-        const std::string name = calledIn(scene, change.path);
+        const std::string name = nameIn(scene, change.path);
         const std::string description = describe(change, name);
-        const bool isAwaited = !change.isGone && std::erase(awaited, name) > 0;
-        const bool isSaid = std::find(others.begin(), others.end(), description) != others.end();
-        if ((!isAwaited || description != name) && !isSaid) {
+        const bool isExpected = !change.isGone && std::erase(expected, name) > 0;
+        const bool isListed = std::find(others.begin(), others.end(), description) != others.end();
+        if ((!isExpected || description != name) && !isListed) {
             others.push_back(description);
         }
     }
@@ -111,14 +111,14 @@ std::string differences(const Scene& scene, const std::vector<Change>& changes,
     for (const std::string& other : others) {
         text += (text.empty() ? " + " : ", ") + other;
     }
-    for (const std::string& name : awaited) {
+    for (const std::string& name : expected) {
         text += " - " + name;
     }
     return text;
 }
 
-/// Whether a message is what a terminal may be shown: nothing, or one line without control characters.
-bool isInertLine(const std::string& text)
+/// Whether a message is safe on a terminal: empty, or one line without control characters.
+bool isSafeLine(const std::string& text)
 {
     const auto isControl = [](char character) {
         return static_cast<unsigned char>(character) < ' ' || character == '\x7f';
@@ -129,27 +129,27 @@ bool isInertLine(const std::string& text)
 
 }  // namespace
 
-Conduct conductOf(const Column& column, void (*make)(Scene&), const fs::path& ground)
+Outcome outcomeOf(const Operation& operation, void (*make)(Scene&), const fs::path& directory)
 {
     constexpr mode_t usualMask = 022;
     ::umask(usualMask);
-    const fs::path root = ground / "scene";
+    const fs::path root = directory / "scene";
     Scene scene = makeScene(root);
     make(scene);
     if (scene.betweenCalls) {
-        call(column, scene, ground);
+        resultOf(operation, scene);
         scene.betweenCalls();
     }
     const Listing before = listingOf(root);
-    Apart ended = call(column, scene, ground);
+    ChildResult ended = resultOf(operation, scene);
     const std::vector<Change> changes = changesBetween(before, listingOf(root));
     removeTree(root);
 
-    const bool succeeded = ended.said == "done" || ended.said == "exit 0";
+    const bool succeeded = ended.result == "done" || ended.result == "exit 0";
     std::string words =
-        ended.said + differences(scene, changes, succeeded ? column.writes : std::vector<std::string>{});
-    const bool shouldSpeak = !succeeded && (ended.said.starts_with("exit ") || ended.said == "SIGABRT");
-    if (!isInertLine(ended.errors) || ended.errors.empty() == shouldSpeak) {
+        ended.result + differences(scene, changes, succeeded ? operation.writes : std::vector<std::string>{});
+    const bool shouldSpeak = !succeeded && (ended.result.starts_with("exit ") || ended.result == "SIGABRT");
+    if (!isSafeLine(ended.errors) || ended.errors.empty() == shouldSpeak) {
         words += ended.errors.empty() ? ", without a word" : ", with strange words";
     }
     return {.words = std::move(words), .errors = std::move(ended.errors), .memory = ended.memory};

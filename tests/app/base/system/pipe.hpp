@@ -1,0 +1,58 @@
+// A pipe to test with.
+#pragma once
+
+#include "base/system/descriptor.hpp"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <array>
+#include <string>
+
+namespace quillmere::test {
+
+class Pipe {
+public:
+    Pipe()
+    {
+        std::array<int, 2> ends{};
+        EXPECT_EQ(::pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK), 0);
+        reader_ = base::Descriptor(ends[0]);
+        writer_ = base::Descriptor(ends[1]);
+        ::fcntl(ends[1], F_SETFL, 0);
+    }
+
+    int reader() const { return reader_.get(); }
+    /// In blocking mode.
+    int writer() const { return writer_.get(); }
+
+    void closeReader() { reader_ = base::Descriptor(); }
+    void closeWriter() { writer_ = base::Descriptor(); }
+
+    /// Writes until there is no room for a byte.
+    void fill() const
+    {
+        ::fcntl(writer(), F_SETFL, O_NONBLOCK);
+        while (::write(writer(), "full", 1) == 1) {
+        }
+        ::fcntl(writer(), F_SETFL, 0);
+    }
+
+    /// What is in the pipe now. Never waits.
+    std::string take() const
+    {
+        std::string text;
+        std::array<char, 65'536> bytes{};
+        for (ssize_t count = 0; (count = ::read(reader(), bytes.data(), bytes.size())) > 0;) {
+            text.append(bytes.data(), static_cast<std::size_t>(count));
+        }
+        return text;
+    }
+
+private:
+    base::Descriptor reader_;
+    base::Descriptor writer_;
+};
+
+}  // namespace quillmere::test

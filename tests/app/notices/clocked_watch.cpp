@@ -1,0 +1,69 @@
+#include "clocked_watch.hpp"
+
+#include "workspace/state_home.hpp"
+
+#include <chrono>
+
+#include "desktop.hpp"
+
+namespace quillmere::test {
+
+using notices::Moment;
+
+std::filesystem::path deliveryLogOf(const Person& person)
+{
+    return workspace::stateDirectory(person.directory(), person.stateHome()) / "notices";
+}
+
+ClockedWatch::ClockedWatch(const Person& person, notices::NotifierChannel& channel,
+                           const notices::WatchSettings& settings)
+    : ClockedWatch(person, channel, settings, person.directory(), person.stateHome())
+{
+}
+
+ClockedWatch::ClockedWatch(const Person& person, notices::NotifierChannel& channel,
+                           const notices::WatchSettings& settings, const std::filesystem::path& directory,
+                           const std::filesystem::path& stateHome)
+    : person_(person),
+      environment_{
+          .in = in_,
+          .out = out_,
+          .err = err_,
+          .clock = [this] { return person_.now; },
+          .inputIsTerminal = false,
+          .outputIsTerminal = false,
+          .stateHome = stateHome,
+      },
+      watch_(workspace::Workspace::in(directory, environment_.clock, stateHome), environment_, settings,
+             channel)
+{
+}
+
+Moment ClockedWatch::moment() const
+{
+    // Far enough from zero that no test's day lies before it.
+    constexpr Moment start{std::chrono::hours(24 * 365 * 100)};
+    const std::chrono::duration<double> since(person_.now - test::moment);
+    return start + std::chrono::duration_cast<Moment::duration>(since);
+}
+
+void ClockedWatch::untilIdle()
+{
+    for (int count = 0; count < 100; ++count) {
+        round();
+        if (isIdle()) {
+            return;
+        }
+    }
+    ADD_FAILURE() << "a watch does not come to rest: " << said();
+}
+
+bool ClockedWatch::roundsUntil(const std::function<bool()>& condition)
+{
+    return eventually([&] {
+        round();
+        return condition();
+    });
+}
+
+}  // namespace quillmere::test
