@@ -82,17 +82,6 @@ void set(std::vector<Outcome>&, const Reading&) {}
 
 }  // namespace
 
-std::string helpText(const Prompt& prompt)
-{
-    return std::string(prompt.question) + (prompt.format.empty() ? "" : " ") + std::string(prompt.format);
-}
-
-std::string promptText(const Prompt& prompt)
-{
-    return std::string(prompt.question) +
-           (prompt.hint.empty() ? std::string() : " (" + std::string(prompt.hint) + ")");
-}
-
 double durationFrom(const Answer& answer)
 {
     const std::optional<double> seconds = base::durationFromText(answer.text);

@@ -4,8 +4,9 @@
 #include "work/fields/field_value.hpp"
 #include "work/fields/fields.hpp"
 
-#include <optional>
+#include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quillmere::work {
