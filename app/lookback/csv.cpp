@@ -59,7 +59,7 @@ struct CsvColumn {
 
 /// The key of a field in the files.
 template <class Record, class Value>
-constexpr std::string_view keyOf(Value Record::*member)
+constexpr std::string_view fileKeyOf(Value Record::*member)
 {
     std::string_view key;
     forEachField<Record>([&](const auto& field) {
@@ -73,19 +73,19 @@ constexpr std::string_view keyOf(Value Record::*member)
 // Columns that show a field of a record under its key, unless they have a shorter name.
 
 template <auto member>
-constexpr CsvColumn sessionField(std::string_view name = keyOf(member))
+constexpr CsvColumn sessionField(std::string_view name = fileKeyOf(member))
 {
     return {name, [](const figures::EndedSession& ended) { return cellOf(ended.session->*member); }};
 }
 
 template <auto member>
-constexpr CsvColumn planField(std::string_view name = keyOf(member))
+constexpr CsvColumn planField(std::string_view name = fileKeyOf(member))
 {
     return {name, [](const figures::EndedSession& ended) { return cellOf(ended.session->plan.*member); }};
 }
 
 template <auto member>
-constexpr CsvColumn reviewText(std::string_view name = keyOf(member))
+constexpr CsvColumn reviewText(std::string_view name = fileKeyOf(member))
 {
     return {name, [](const figures::EndedSession& ended) {
                 const auto& review = ended.session->review;
@@ -135,7 +135,7 @@ constexpr auto csvColumns = std::to_array<CsvColumn>({
     timeField<&figures::SessionTime::pausedSeconds>("paused_seconds"),
     planField<&SessionPlan::energy>(),
     planField<&SessionPlan::morale>(),
-    {keyOf(&SessionReview::completion), completionCell},
+    {fileKeyOf(&SessionReview::completion), completionCell},
     {"block_outcome", outcomeCell},
     planField<&SessionPlan::intendedOutcome>(),
     planField<&SessionPlan::firstAction>(),

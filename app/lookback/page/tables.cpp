@@ -20,7 +20,7 @@ std::string tableOf(const std::string& caption, const Cells& head, const std::ve
                    element("caption", {}, escaped(caption)) + tableHead(head) + element("tbody", {}, body));
 }
 
-std::string nameOf(figures::Unit unit)
+std::string unitName(figures::Unit unit)
 {
     switch (unit) {
         case figures::Unit::day: return "Day";
@@ -54,7 +54,7 @@ std::string foldedTable(const std::string& caption, const Cells& head, const std
 std::string periodTable(const std::string& title, const std::vector<figures::Period>& row, figures::Unit unit,
                         std::span<const TallyColumn> columns)
 {
-    Cells head = {nameOf(unit)};
+    Cells head = {unitName(unit)};
     for (const TallyColumn& column : columns) {
         head.emplace_back(column.name);
     }
