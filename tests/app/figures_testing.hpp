@@ -1,4 +1,4 @@
-// Sessions to look back on, and what others make of the exports.
+// Sessions for figures and reports, and a shell for programs that read the exports.
 #pragma once
 
 #include "figures/statistics.hpp"
@@ -21,18 +21,20 @@ Day day(const std::string& text);
 /// The instant of "2026-11-15 16:00" in the time zone of the test.
 Instant local(const std::string& text);
 
-/// A reviewed session that lasts so many seconds, pauses included, counted as the first of its block.
+/// A reviewed session of `elapsedSeconds`, pauses included, as the first of its block.
 WorkSession session(Instant start, double elapsedSeconds, double pausedSeconds = 0);
 
 /// A state whose history is one block of these sessions.
 QuillmereState stateWith(std::vector<WorkSession> sessions);
 
-/// A text that gives formats trouble, in every place that a person can write to. Behind its backslashes
-/// stands no n: parsers of calendars exist that take an escaped backslash and an n for a line break.
+/// A state with `hostileText` in every text of a session and in the outcome of its block.
 QuillmereState hostileState();
+
+/// Markup, control characters, separators and escapes of the export formats. No backslash is followed by an
+/// n: some parsers of calendars take an escaped backslash and an n for a line break.
 extern const std::string hostileText;
 
-/// "2026-11-15 1500, 2026-11-16 60": the focus of each stretch, for programs that compare texts.
+/// "2026-11-15 1500, 2026-11-16 60": the focus of each period, for comparisons.
 std::string focusOf(const LookBack& look, Unit unit);
 
 /// What a command of the shell prints to standard output, and its exit code on a line of its own.

@@ -78,7 +78,7 @@ constexpr auto pauses = std::to_array<Pause>({
     {moment, moment - 0.125, 0},
     {moment, moment - 86'400, 0},
     {moment, Instant(-infinity), 0},
-    // What is not a number adds nothing.
+    // An instant that is not a number adds nothing.
     {moment, noInstant, 0},
     {noInstant, moment, 0},
     {Instant(infinity), Instant(infinity), 0},

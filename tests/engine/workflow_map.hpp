@@ -10,7 +10,7 @@
 
 namespace quillmere::test {
 
-/// What an operation does when its step is not possible.
+/// The behaviour of an operation when its step is not possible.
 enum class Elsewhere { isRefused, hasNothingToDo };
 
 /// One way to call an operation.

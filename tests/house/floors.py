@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Holds includes and links to the tables of docs/architecture.md: floors.py SOURCE
+"""Checks includes and links against the tables of docs/architecture.md: floors.py SOURCE
 
 A row `folder | holds | may include` allows a folder the folders named in its last column, and what those may
 include. Every include must be allowed and no folder may reach itself. In app/, the links of a folder's CMake
@@ -23,7 +23,7 @@ def table():
 
 
 def reachable(rows, folder, path=()):
-    """All folders below one; a circle or an unknown folder is a problem of the table."""
+    """All folders below one. Reports a circle or an unknown folder as a problem of the table."""
     below = set()
     for next_folder in rows[folder]:
         if next_folder not in rows:
@@ -36,12 +36,12 @@ def reachable(rows, folder, path=()):
 
 
 def folder_of(rows, path):
-    """The row with the longest name that holds a file; none for a file that no row holds."""
+    """The most specific row whose folder contains a file; None if there is none."""
     return max((row for row in rows if path.startswith(row + "/")), key=len, default=None)
 
 
 def included(rows, path):
-    """The files of ours that a file includes, by their path in the repository."""
+    """The repository files that a file includes, as paths in the repository."""
     for name, in_brackets in re.findall(r'#include (?:"([^"]+)"|<quillmere/([^>]+)>)', path.read_text()):
         if in_brackets:
             yield "core/" + in_brackets

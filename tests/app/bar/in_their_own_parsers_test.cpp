@@ -1,4 +1,4 @@
-// The lines in the bars' own parsers: each shows the text as it was, sanitized and cut.
+// The lines in the bars' own parsers: each shows the sanitized and cut text unchanged.
 #include <pango/pango.h>
 #include <unistd.h>
 
@@ -25,7 +25,7 @@ BarContent contentOf(const std::string& text)
     return bar::barContent(summaryWith(text), moment + 600, width);
 }
 
-/// What Pango shows of markup, which must not change the look of any of it.
+/// The text that Pango shows for markup. Fails when the markup changes the look of any part.
 std::string shownByPango(const std::string& markup)
 {
     PangoAttrList* attributes = nullptr;
@@ -45,7 +45,7 @@ std::string shownByPango(const std::string& markup)
     return shown;
 }
 
-TEST(Waybar, showsTheTextAndTheTooltipAsTheyWere)
+TEST(Waybar, showsTheTextAndTheTooltipUnchanged)
 {
     for (const std::string& text : hostileTexts) {
         SCOPED_TRACE(text);
@@ -61,7 +61,7 @@ TEST(Waybar, showsTheTextAndTheTooltipAsTheyWere)
     }
 }
 
-TEST(AnyProgram, readsTheTextsFromJsonAsTheyWere)
+TEST(AnyProgram, readsTheTextsFromJsonUnchanged)
 {
     for (const std::string& text : hostileTexts) {
         SCOPED_TRACE(text);
@@ -87,7 +87,7 @@ nlohmann::json blockIn(const std::string& line)
     return {};
 }
 
-TEST(I3blocks, handsOnTheTextAsItWas)
+TEST(I3blocks, passesTheTextOnUnchanged)
 {
     if (!isInstalled("i3blocks")) {
         GTEST_SKIP() << "i3blocks is not installed";
@@ -102,7 +102,7 @@ TEST(I3blocks, handsOnTheTextAsItWas)
                       (pace == BarPace::once ? "\ninterval=once\n" : " --follow\ninterval=persist\n"));
         for (const std::string& text : hostileTexts) {
             SCOPED_TRACE(text);
-            // On the wall clock, so it is to stand still.
+            // The program uses the wall clock, so the countdown must stand still.
             WidgetSnapshot summary = summaryWith(text);
             summary.countdown->isPaused = true;
             WidgetSnapshotStore(files.path()).save(summary);
@@ -123,7 +123,7 @@ TEST(I3blocks, handsOnTheTextAsItWas)
     }
 }
 
-/// A tmux server of its own whose only window has a second one in it, so that its status line can be read.
+/// A tmux server whose only window runs a second tmux, so that the status line of the second can be read.
 class TmuxInTmux : public testing::Test {
 protected:
     void SetUp() override
@@ -151,7 +151,7 @@ protected:
     std::string at(const char* server, const std::string& command) const
     {
         const auto answer = place.path() / "answer";
-        // The clients of a server end without a word when it does.
+        // Ending a server ends its clients too.
         std::ignore = std::system(
             ("tmux -u -f /dev/null -S " + socket(server) + " " + command + " >" + answer.string() + " 2>&1")
                 .c_str());
@@ -161,7 +161,7 @@ protected:
     std::string inner(const std::string& command) const { return at("inner", command); }
     std::string outer(const std::string& command) const { return at("outer", command); }
 
-    /// What the status line shows of what a command prints.
+    /// The status line for the output of a command.
     std::string shown(const std::string& line)
     {
         const std::string number = std::to_string(++count_);
@@ -184,7 +184,7 @@ protected:
     TemporaryDirectory place;
 
 private:
-    // What a command in a text would do, it would do here.
+    // The directory in which a command in a text would write.
     const CurrentDirectory here_{place.path()};
     // Before the servers begin: they take no part in a session in which the tests run.
     const EnvironmentVariable noSession_{"TMUX", std::nullopt};
@@ -205,7 +205,7 @@ std::string withoutRepeatedHashes(const std::string& text)
     return result;
 }
 
-TEST_F(TmuxInTmux, showsTheTextAsItWas)
+TEST_F(TmuxInTmux, showsTheTextUnchanged)
 {
     for (const std::string& text : hostileTexts) {
         SCOPED_TRACE(text);
@@ -223,7 +223,7 @@ TEST_F(TmuxInTmux, showsOneHashForADoubledOne)
 
 TEST_F(TmuxInTmux, obeysATextThatIsNotEscaped)
 {
-    // So that the tests above are known to see it.
+    // Proves that the tests above would see it.
     EXPECT_EQ(shown("Focus #[fg=red]red #{?,yes,no}\n"), "Focus red no");
 }
 

@@ -153,14 +153,14 @@ TEST_F(LiveScreen, keepsAHalfWrittenFormThroughResizingStoppingAndKilling)
     ASSERT_GT(process, 0);
     ASSERT_EQ(::kill(process, SIGKILL), 0);
     ASSERT_TRUE(window.shows("Killed"));
-    // Nobody has put the terminal back, so that Enter ends no line.
+    // The terminal was not restored, so Enter does not end a line.
     window.types("stty sane; tput reset; $Q ui");
     window.presses("C-j");
     EXPECT_TRUE(window.shows("What you had written is back."));
     EXPECT_TRUE(window.shows("Half a plan"));
 }
 
-TEST_F(LiveScreen, takesWhatIsPastedAsTextAndNotAsCommands)
+TEST_F(LiveScreen, takesAPasteAsTextAndNotAsCommands)
 {
     isFocusing();
     const TerminalWindow window(person);
@@ -178,7 +178,7 @@ TEST_F(LiveScreen, takesWhatIsPastedAsTextAndNotAsCommands)
     EXPECT_EQ(person.state().workflowState, WorkflowState::focusing);
 }
 
-TEST_F(LiveScreen, leavesOutSequencesItDoesNotKnowAndKeepsCharactersThatComeInPieces)
+TEST_F(LiveScreen, dropsUnknownSequencesAndKeepsCharactersThatArriveInPieces)
 {
     ASSERT_EQ(elsewhere({"plan", "--outcome", "Chapter", "--start"}), 0);
     const TerminalWindow window(person, {{"TERM", "screen"}});
@@ -193,10 +193,10 @@ TEST_F(LiveScreen, leavesOutSequencesItDoesNotKnowAndKeepsCharactersThatComeInPi
                      "d"));
 }
 
-/// How the shell's terminal is set.
+/// The modes of the shell's terminal.
 std::string settingsOf(const TerminalWindow& window)
 {
-    // Marks around what is pasted would be seen as "^[[200~".
+    // The marks around a paste would be shown as "^[[200~".
     window.pastes("echo past''ed");
     window.presses("Enter");
     EXPECT_TRUE(window.shows("\npasted"));
@@ -209,7 +209,7 @@ std::string settingsOf(const TerminalWindow& window)
            window.variable("keypad_cursor_flag");
 }
 
-TEST_F(LiveScreen, givesTheTerminalBackHoweverItEnds)
+TEST_F(LiveScreen, restoresTheTerminalAtEveryEnd)
 {
     const TerminalWindow window(person);
     const std::string before = settingsOf(window);
@@ -236,7 +236,7 @@ TEST_F(LiveScreen, givesTheTerminalBackHoweverItEnds)
     }
 }
 
-TEST_F(LiveScreen, needsNothingButAsciiOnAPlainTerminal)
+TEST_F(LiveScreen, drawsWithAsciiOnAPlainTerminal)
 {
     ASSERT_EQ(elsewhere({"plan", "--start"}), 0);
     ASSERT_EQ(elsewhere({"focus", "--outcome", "Chapitre \u00E9 \u65E5"}), 0);
@@ -250,7 +250,7 @@ TEST_F(LiveScreen, needsNothingButAsciiOnAPlainTerminal)
               0);
 }
 
-TEST_F(LiveScreen, leavesARowToThePromptWhereThereIsNoSecondScreen)
+TEST_F(LiveScreen, leavesARowForThePromptWithoutAnAlternateScreen)
 {
     const TerminalWindow window(person, {{"LC_ALL", "C"}, {"TERM", "vt100"}});
     window.runs("$Q ui");
@@ -268,7 +268,7 @@ TEST_F(LiveScreen, isAsLargeAsTheWindowWhateverTheEnvironmentSays)
     EXPECT_TRUE(window.shows("What should this session bring about?   \u00B7"));
 }
 
-/// The program on a terminal that nobody reads from.
+/// The program on a terminal that accepts no output.
 class StuckProgram {
 public:
     explicit StuckProgram(const Person& person)
@@ -332,7 +332,7 @@ TEST_F(LiveScreen, canBeEndedWhileTheTerminalDoesNotRead)
     }
 }
 
-TEST_F(LiveScreen, hasNoColourAgainstThePersonsWill)
+TEST_F(LiveScreen, hasNoColourWhenThePersonWantsNone)
 {
     isFocusing();
     const auto coloursOn = [&](const TerminalWindow::Settings& settings) {
@@ -346,7 +346,7 @@ TEST_F(LiveScreen, hasNoColourAgainstThePersonsWill)
     EXPECT_FALSE(coloursOn({{"NO_COLOR", "1"}}));
 }
 
-TEST_F(LiveScreen, saysSoWhereThereIsNoScreen)
+TEST_F(LiveScreen, refusesToOpenWithoutATerminal)
 {
     const TerminalWindow window(person, {{"TERM", "dumb"}});
     window.runs("clear; $Q ui; echo ended $?");

@@ -7,7 +7,7 @@
 
 namespace quillmere::test {
 
-/// What the readers observed, and the files at the end.
+/// The observations of the readers, and the files at the end.
 struct Findings {
     bool allEndedWell;
     std::uint64_t saves;             ///< of all three files

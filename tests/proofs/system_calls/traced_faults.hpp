@@ -1,6 +1,7 @@
 // Faults for the real program, and the expected outcome of each.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,7 +18,7 @@ std::optional<SystemCall> callOf(const TracedCall& call);
 /// The expected outcome of a fault.
 struct Outcome {
     cli::ExitCode code;
-    std::size_t filesReplaced;  ///< the number of new files among the three
+    std::array<bool, 3> isReplaced;  ///< the state, the agent's summary, the widget's
 };
 
 /// The calls of an undisturbed run, and the expected outcome of a fault at each of them.
@@ -35,7 +36,11 @@ private:
     bool keepsVersion(std::size_t index) const;
     /// Whether the call operates on the parent of a directory that the run created.
     bool holdsNewDirectory(std::size_t index) const;
+    /// The number of renames before a call.
     std::size_t renamesBefore(std::size_t index) const;
+    /// The index of the file that a call belongs to, in the order of saving. The calls after its rename
+    /// belong to it too, up to the close of the directory.
+    std::size_t fileOf(std::size_t index) const;
 
     std::vector<TracedCall> calls_;
 };

@@ -1,4 +1,4 @@
-// How much is done at once for a client that sends much.
+// How far the loop works ahead for a client that sends much.
 #include "agent/protocol/serve.hpp"
 
 #include <fcntl.h>
@@ -59,7 +59,7 @@ public:
 
 constexpr int manyCalls = 100;
 
-/// A server whose only tool counts its calls; many of them wait in the pipe to it, in one piece.
+/// A server whose only tool counts its calls. Many calls are in its input before it runs.
 class ServeLoop : public testing::Test {
 protected:
     Pipe in;
@@ -119,7 +119,7 @@ TEST_F(ServeLoop, doesNotWorkFarAheadOfAClientThatReadsLate)
     int read = 0;
     for (ssize_t count = 0; (count = ::read(out.reader(), bytes.data(), bytes.size())) > 0;) {
         const int made = calls;
-        // An answer has the text twice: one and a half are more than may wait.
+        // An answer has the text twice, so that two answers are more than the limit of unsent output.
         EXPECT_LE(made - read, 4);
         read += static_cast<int>(std::count(bytes.data(), bytes.data() + count, '\n'));
     }

@@ -1,10 +1,16 @@
-// Signals that a program waits for like anything else.
 #include "base/system/held_signals.hpp"
 
+#include "base/system/wait.hpp"
+
 #include <gtest/gtest.h>
-#include <poll.h>
-#include <sys/wait.h>
-#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <functional>
+
+#include "pipe.hpp"
+#include "support/process.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -14,29 +20,12 @@ using base::HeldSignals;
 
 bool isReadable(int descriptor)
 {
-    pollfd file{.fd = descriptor, .events = POLLIN, .revents = 0};
-    return ::poll(&file, 1, 0) == 1;
+    std::array<base::PollSource, 1> sources = {{{descriptor}}};
+    return base::waitFor(sources, std::chrono::seconds(0));
 }
 
-/// How a child that does this ends, or that it is stopped (waitpid(2)).
-template <typename Action>
-int endOf(const Action& action)
-{
-    const pid_t child = ::fork();
-    if (child == 0) {
-        action();
-        ::_exit(0);
-    }
-    int status = 0;
-    ::waitpid(child, &status, WUNTRACED);
-    if (WIFSTOPPED(status)) {
-        ::kill(child, SIGCONT);
-        int end = 0;
-        ::waitpid(child, &end, 0);
-        EXPECT_EQ(end, 0) << "it goes on when it is told to, and holds the signal as before";
-    }
-    return status;
-}
+/// How a child process ends in which `work` runs.
+Ending endOf(const std::function<int()>& work) { return Process({.work = work}).wait(); }
 
 TEST(HeldSignals, canBeWaitedForAndHaveNoEffect)
 {
@@ -48,70 +37,71 @@ TEST(HeldSignals, canBeWaitedForAndHaveNoEffect)
     EXPECT_TRUE(signals.take().empty());
 }
 
-TEST(HeldSignals, thatNobodyTookAreForgotten)
+TEST(HeldSignals, areDroppedAtTheEndWhenTheyWereNotTaken)
 {
     EXPECT_EQ(endOf([] {
                   const HeldSignals signals{SIGTERM};
                   ::raise(SIGTERM);
-              }),
+                  return 0;
+              }).code,
               0);
 }
 
-TEST(HeldSignals, haveTheirEffectAgainAfterwards)
+TEST(HeldSignals, haveTheirEffectAgainAfterTheEnd)
 {
-    const int status = endOf([] {
-        {
-            const HeldSignals signals{SIGTERM};
-        }
-        ::raise(SIGTERM);
-    });
-    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGTERM);
+    EXPECT_EQ(endOf([] {
+                  {
+                      const HeldSignals signals{SIGTERM};
+                  }
+                  ::raise(SIGTERM);
+                  return 0;
+              }).signal,
+              SIGTERM);
 }
 
-TEST(HeldSignals, areNotThoseThatTheProgramWasStartedToIgnore)
+TEST(HeldSignals, stayIgnoredWhenTheProgramWasStartedSo)
 {
     EXPECT_EQ(endOf([] {
                   ::signal(SIGHUP, SIG_IGN);
                   const HeldSignals signals{SIGHUP};
                   ::raise(SIGHUP);
-                  ::_exit(signals.take().empty() ? 0 : 1);
-              }),
+                  return signals.take().empty() ? 0 : 1;
+              }).code,
               0);
 }
 
-TEST(HeldSignals, canStillEndTheProcess)
+TEST(HaveUsualEffect, endsTheProcessByABlockedSignal)
 {
-    const int status = endOf([] {
-        const HeldSignals signals{SIGHUP};
-        base::haveUsualEffect(SIGHUP);
-    });
-    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGHUP);
+    EXPECT_EQ(endOf([] {
+                  const HeldSignals signals{SIGHUP};
+                  base::haveUsualEffect(SIGHUP);
+                  return 0;
+              }).signal,
+              SIGHUP);
 }
 
-TEST(HeldSignals, canStillStopTheProcess)
+TEST(HaveUsualEffect, stopsTheProcessAndKeepsTheSignalBlockedAfterwards)
 {
-    const int status = endOf([] {
-        // In a group that nobody looks after, a terminal's signal stops nothing.
-        ::setpgid(0, 0);
+    // A child is the leader of a group that is not orphaned: SIGTSTP stops nothing in an orphaned group.
+    Process child({.work = [] {
         const HeldSignals signals{SIGTSTP};
         base::haveUsualEffect(SIGTSTP);
         ::raise(SIGTSTP);
-        ::_exit(signals.take().empty() ? 1 : 0);
-    });
-    EXPECT_TRUE(WIFSTOPPED(status));
+        return signals.take().empty() ? 1 : 0;
+    }});
+    EXPECT_TRUE(child.waitForStop());
+    child.send(SIGCONT);
+    EXPECT_EQ(child.wait().code, 0);
 }
 
-TEST(BrokenPipes, areErrorsAndNoEnd)
+TEST(BrokenPipesAreErrors, makesTheWriteFailInsteadOfEndingTheProcess)
 {
     EXPECT_EQ(endOf([] {
-                  int ends[2];
-                  if (::pipe(ends) != 0) {
-                      ::_exit(1);
-                  }
-                  ::close(ends[0]);
+                  Pipe pipe;
+                  pipe.closeReader();
                   const BrokenPipesAreErrors brokenPipes;
-                  ::_exit(::write(ends[1], "x", 1) == -1 && errno == EPIPE ? 0 : 1);
-              }),
+                  return ::write(pipe.writer(), "x", 1) == -1 && errno == EPIPE ? 0 : 1;
+              }).code,
               0);
 }
 
