@@ -84,7 +84,7 @@ for folder in (row for row in rows if row.startswith("app/")):
         problems.append(f"{library} links {sorted(linked)}, but docs/architecture.md allows {sorted(allowed)}")
 
 if len(rows) < 15 or seen < 500:
-    problems.append(f"only {len(rows)} folders and {seen} includes were found: this test no longer looks where they are")
+    problems.append(f"only {len(rows)} folders and {seen} includes were found: this test searches in the wrong places")
 for problem in sorted(set(problems)):
     print(problem)
 sys.exit(1 if problems else 0)

@@ -32,31 +32,31 @@ libraries=$(dirname "$(find "$root/usr/lib" -name 'libQuillmereCore.so.1')")
 program=$root/usr/bin/quillmere
 export LD_LIBRARY_PATH="$libraries"
 export PKG_CONFIG_PATH="$libraries/pkgconfig"
-[ "$("$program" --version)" = "quillmere $version" ] || { echo "it is another version"; exit 1; }
+[ "$("$program" --version)" = "quillmere $version" ] || { echo "the version differs"; exit 1; }
 "$program" --directory "$root/var/files" plan --outcome Outline --start >/dev/null
-"$program" --directory "$root/var/files" status | grep -q "Outcome: Outline" || { echo "it does not work"; exit 1; }
+"$program" --directory "$root/var/files" status | grep -q "Outcome: Outline" || { echo "the program does not work"; exit 1; }
 grep -qx 'ExecStart=/usr/bin/quillmere watch' "$root/usr/lib/systemd/user/quillmere-watch.service" ||
-    { echo "the unit starts something else"; exit 1; }
-man -M "$root/usr/share/man" -w quillmere >/dev/null || { echo "there is no manual"; exit 1; }
+    { echo "the unit starts another program"; exit 1; }
+man -M "$root/usr/share/man" -w quillmere >/dev/null || { echo "the manual is not installed"; exit 1; }
 
 # The development files are sufficient to build a program.
 # shellcheck disable=SC2046 # the flags are words
 g++ -std=c++20 "$source/examples/first_session.cpp" $(pkg-config --cflags --libs QuillmereCore) -o "$root/var/example"
-[ "$("$root/var/example" "$root/var/other")" = "Session 1 of 8" ] || { echo "the example says something else"; exit 1; }
+[ "$("$root/var/example" "$root/var/other")" = "Session 1 of 8" ] || { echo "the example prints another text"; exit 1; }
 cmake -G Ninja -S "$source/tests/package/consumer" -B "$root/var/consumer" -DCMAKE_PREFIX_PATH="$root/usr" \
     -DEXAMPLE="$source/examples/first_session.cpp" >/dev/null
 cmake --build "$root/var/consumer" -- --quiet
 [ "$("$root/var/consumer/first_session" "$root/var/third")" = "Session 1 of 8" ] ||
-    { echo "what CMake made of the example says something else"; exit 1; }
+    { echo "the example built by CMake prints another text"; exit 1; }
 
 # No file contains the path of the build directory.
 if grep -rlF "$source" "$root/usr"; then
-    echo "these name the place where they were built"
+    echo "these files contain the path of the build directory"
     exit 1
 fi
 
 in_root --purge quillmere libquillmerecore-dev libquillmerecore1
 if find "$root" -mindepth 1 -maxdepth 1 ! -name var | grep .; then
-    echo "purging leaves these behind"
+    echo "purging leaves these files"
     exit 1
 fi

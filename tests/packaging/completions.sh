@@ -76,8 +76,8 @@ while read -r answer; do
     tr ' ' '\n' <<<"$answer" | sed -E 's|[/=]$||' | LC_ALL=C sort -u | xargs
 done <"$work/answers" >"$work/offered"
 
-[[ $(wc -l <"$work/lines") -ge 40 ]] || { echo "the help names too few commands"; exit 1; }
+[[ $(wc -l <"$work/lines") -ge 40 ]] || { echo "too few commands were found in the help"; exit 1; }
 if ! diff <(paste -d'>' "$work/lines" "$work/expected") <(paste -d'>' "$work/lines" "$work/offered"); then
-    echo "$shell does not offer what it should (<), but something else (>)"
+    echo "$shell offers other words (>) than expected (<)"
     exit 1
 fi

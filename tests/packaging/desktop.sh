@@ -22,7 +22,7 @@ for entry in "$prefix"/share/applications/*.desktop; do
     [ -f "$prefix/share/icons/hicolor/scalable/apps/$icon.svg" ] || complain "$entry has no icon"
 done
 [ "$(grep -l '^MimeType=x-scheme-handler/quillmere;$' "$prefix"/share/applications/*.desktop | wc -l)" = 1 ] ||
-    complain "not exactly one entry opens links"
+    complain "the number of entries that open links is not one"
 
 for size in 16 48 256; do
     rsvg-convert -w $size -h $size "$prefix/share/icons/hicolor/scalable/apps/quillmere.svg" -o "$work/$size.png" ||
@@ -35,7 +35,7 @@ sed "s|^ExecStart=|ExecStart=$destination|" "$prefix/lib/systemd/user/quillmere-
 said=$(MANPATH=$prefix/share/man XDG_RUNTIME_DIR=$work systemd-analyze --user verify "$unit" 2>&1) ||
     complain "the unit: $said"
 # systemd-analyze also reads the machine's own units, whose errors do not matter here.
-echo "$said" | grep -F quillmere && complain "the unit has faults"
+echo "$said" | grep -F quillmere && complain "the unit has errors"
 
 commands=" $(commands_below "" | tr '\n' ' ')"
 for line in $(grep -hE '^Exec(Start)?=' "$prefix"/share/applications/*.desktop "$unit" | cut -d= -f2- | tr ' ' '+'); do

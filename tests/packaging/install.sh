@@ -44,7 +44,7 @@ started() { sed -n 's/^ExecStart=\([^ ]*\) .*/\1/p' "$1/lib/systemd/user/quillme
 other=$destination/other
 cmake --install "$build" --prefix "$other" >/dev/null
 [ "$(started "$other")" = "$other/bin/quillmere" ] || { echo "the unit starts $(started "$other")"; exit 1; }
-[ -x "$other/bin/quillmere" ] || { echo "it is not there"; exit 1; }
+[ -x "$other/bin/quillmere" ] || { echo "the program is not installed"; exit 1; }
 rm -r "$other"
 [ "$(started "$destination$prefix")" = "$prefix/bin/quillmere" ] ||
     { echo "for $prefix the unit starts $(started "$destination$prefix")"; exit 1; }
@@ -53,16 +53,16 @@ rm -r "$other"
 # package.
 DESTDIR=$destination/nowhere cmake --install "$build" --component Unspecified >/dev/null
 if find "$destination" -path "$destination/nowhere/*" -type f | grep .; then
-    echo "these are in no package"
+    echo "these files are in no package"
     exit 1
 fi
 
 # Every file is readable for everybody, and none is outside of the prefix.
 if find "$destination$prefix" ! -perm -a=r | grep .; then
-    echo "not everybody may read these"
+    echo "these files are not readable for everybody"
     exit 1
 fi
 if find "$destination" -type f ! -path "$destination$prefix/*" ! -name expected ! -name found | grep .; then
-    echo "these stand outside the prefix"
+    echo "these files are outside of the prefix"
     exit 1
 fi

@@ -14,7 +14,7 @@ status=0
 complain() { echo "$*"; status=1; }
 
 for page in "$pages"/man*/*.gz; do
-    mandoc -T lint -W warning "$page" || complain "$page: mandoc is not content"
+    mandoc -T lint -W warning "$page" || complain "$page: mandoc reports problems"
     said=$(LC_ALL=C.UTF-8 MANROFFSEQ='' man --warnings -l "$page" 2>&1 >/dev/null)
     [ -z "$said" ] || complain "$page: $said"
 done
@@ -57,7 +57,7 @@ done
 # options.
 heads=$(section COMMANDS | grep -E '^     [^ ]')
 echo "$heads" | grep -q '\[options\]' || complain "no command has [options]"
-! echo "$heads" | grep -E '\[[^]]*[ []' || complain "these brackets hold more than one thing"
+! echo "$heads" | grep -E '\[[^]]*[ []' || complain "these brackets contain more than one item"
 
 # squeezed: the text with every run of white space as one space.
 squeezed() { tr -s ' \n' '  '; }
@@ -67,7 +67,7 @@ codes=$(section "EXIT STATUS" | squeezed)
 rows=$(tr -d '`' <"$source/README.md" | sed -nE 's/^\| ([0-9]+) \| (.*) \|$/\1 \2/p')
 [ -n "$rows" ] || complain "README.md has no exit codes"
 echo "$rows" | while read -r row; do
-    case $codes in *" $row "*) ;; *) echo "an exit code as README.md has it: $row"; exit 1 ;; esac
+    case $codes in *" $row "*) ;; *) echo "this exit code of README.md: $row"; exit 1 ;; esac
 done || complain "is not in the manual"
 
 [ -n "$(section FILES | grep -F '/.local/state/quillmere/')" ] || complain "the state directory is not in the manual"

@@ -126,7 +126,7 @@ TEST(AYearOfTicks, doesEverythingOnceAtItsSecondAndWritesNothingElse)
             person.act(host);
         }
         if ((number + 1) % ticksInADay == 0) {
-            ASSERT_TRUE(host.saved() == asInAFile(host.state())) << "changed and not saved";
+            ASSERT_TRUE(host.saved() == asInAFile(host.state())) << "a change was not saved";
             host.restart();
             ++restarts;
         }

@@ -40,7 +40,7 @@ void expectBlockFitsTheWorkflow(const QuillmereState& state)
         return;
     }
     if (!isAtWork) {
-        EXPECT_TRUE(state.currentBlock->plannedStart.has_value()) << "a block without a schedule waits";
+        EXPECT_TRUE(state.currentBlock->plannedStart.has_value()) << "a waiting block has no planned start";
         EXPECT_TRUE(state.currentBlock->sessions.empty());
     }
     expectSessionsInOrder(*state.currentBlock, state.workflowState == focusing);

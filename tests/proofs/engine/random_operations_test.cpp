@@ -25,7 +25,8 @@ void expectInvariants(const QuillmereState& before, const QuillmereState& after,
         EXPECT_EQ(after.id, before.id);
         expectSound(after);
     } else {
-        EXPECT_TRUE(isSame(before, after)) << "refused, or nothing to do, and yet something was written";
+        EXPECT_TRUE(isSame(before, after))
+            << "the state changed, although the call was refused or had nothing to do";
     }
 }
 
@@ -62,7 +63,7 @@ bool tickTwice(Oracle& oracle, QuillmereState& state, Instant now)
     EXPECT_LE(first.acted, 1);
     const QuillmereState between = state;
     const Tick second(oracle, state, now);
-    EXPECT_EQ(second.acted, 0) << "the same instant acted twice";
+    EXPECT_EQ(second.acted, 0) << "the second tick at the same instant had an effect";
     EXPECT_TRUE(isSame(between, state));
     return first.acted > 0;
 }

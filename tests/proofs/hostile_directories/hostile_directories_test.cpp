@@ -107,7 +107,7 @@ protected:
         openProgram();
         const WritableDirectory directory;
         if (directory.path().empty()) {
-            GTEST_SKIP() << "no ordinary user here could make files";
+            GTEST_SKIP() << "an ordinary user cannot create files on this machine";
         }
         std::size_t tried = 0;
         for (std::size_t number = 0; number < situations.size(); ++number) {

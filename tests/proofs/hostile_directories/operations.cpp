@@ -36,7 +36,7 @@ std::string resultOf(Call call)
     } catch (const std::system_error& error) {
         return nameOf(error.code());
     } catch (const DecodingError&) {
-        return "no JSON";
+        return "not JSON";
     } catch (const WidgetSnapshotLoadError& error) {
         return error.what();
     } catch (const std::bad_alloc&) {
@@ -90,7 +90,7 @@ std::string load(const Scene& scene)
         fresh.id = state.id;
         return state == stateBefore()    ? "the state"
                : state == foreignState() ? "the linked state"
-               : state == fresh          ? "a fresh state"
+               : state == fresh          ? "a new state"
                                          : "another state";
     });
 }

@@ -153,7 +153,7 @@ TEST(AFullDisk, leavesWholeFilesAndRoomForTheNextSave)
         const TemporaryDirectory place;
         const int verdict = verdictOnFullDisk(place.path(), replaceItem);
         if (verdict == noPlaceOfItsOwn) {
-            GTEST_SKIP() << "this machine lets nobody mount a file system of their own here";
+            GTEST_SKIP() << "this machine does not allow mounting a private file system";
         }
         EXPECT_EQ(verdict, good);
     }

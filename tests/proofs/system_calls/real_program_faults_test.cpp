@@ -52,14 +52,14 @@ protected:
     }
 };
 
-/// Runs in the long form only. In the short form save_faults_test.cpp injects the faults into the library in
-/// this process, and one trace shows that the program makes the same calls.
+/// Runs runs only in the long form. In the short form save_faults_test.cpp injects the faults into the
+/// library in this process, and one trace shows that the program makes the same calls.
 class TheProgramWithAFault : public TheTracedProgram {
 protected:
     void SetUp() override
     {
         if (!inLongForm()) {
-            GTEST_SKIP() << "in the long form only";
+            GTEST_SKIP() << "runs only in the long form";
         }
         TheTracedProgram::SetUp();
     }
@@ -104,7 +104,7 @@ TEST_F(TheProgramWithAFault, makesTheChangeWhenTheVersionBeforeItCannotBeKept)
     }
     EXPECT_GE(count, 10u);
     reportFigure("A fault at every system call of the program, by strace",
-                 "faults at keeping the version before", count);
+                 "faults while keeping the previous version", count);
 }
 
 TEST_F(TheProgramWithAFault, givesUpWhenTheLockIsNeverFree)

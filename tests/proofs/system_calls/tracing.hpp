@@ -11,7 +11,7 @@ namespace quillmere::test {
 /// Whether strace is installed and may trace a program; otherwise tests are skipped.
 bool canTrace();
 
-inline constexpr const char* cannotTrace = "strace is not installed, or may not trace here";
+inline constexpr const char* cannotTrace = "strace is not installed or not allowed to trace";
 
 /// A system call on the chosen directory.
 struct TracedCall {
