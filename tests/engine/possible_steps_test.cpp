@@ -132,7 +132,7 @@ bool call(Step step, QuillmereState& state)
 bool isEvaluation(Step step) { return step == Step::evaluateSchedule || step == Step::announceBreakEnd; }
 
 /// Whether the workflow state is that of the step's row.
-bool hasArrived(Step step, const QuillmereState& before, const QuillmereState& after)
+bool isWhereTheStepLeads(Step step, const QuillmereState& before, const QuillmereState& after)
 {
     return after.workflowState == transition(step).result.value_or(before.workflowState);
 }
@@ -164,7 +164,7 @@ TEST(IsPossible, isTrueExactlyWhereTheOperationTakesTheStep)
             const auto refusal = refusalOf([&] { didSomething = call(row.value, after); });
             EXPECT_EQ(didSomething, wasPossible);
             if (wasPossible) {
-                EXPECT_TRUE(hasArrived(row.value, before, after));
+                EXPECT_TRUE(isWhereTheStepLeads(row.value, before, after));
                 EXPECT_EQ(after.updatedAt, late);
                 ++taken[row.value];
             } else if (isEvaluation(row.value)) {

@@ -26,7 +26,7 @@ inline bool looksLikePath(std::string_view path)
 }
 
 /// A decoding error names the place, unless it concerns the whole document, and its message is valid text.
-inline void requireTold(const DecodingError& error)
+inline void requirePlaceAndMessage(const DecodingError& error)
 {
     const std::string& path = error.path();
     const bool isAboutAll = error.expected() == "well-formed JSON" || error.expected() == "an object";
@@ -57,7 +57,7 @@ void readAndWriteBack(const std::uint8_t* data, std::size_t size)
     try {
         record = JsonDecoder().decode<Record>(Bytes(textOf(data, size)));
     } catch (const DecodingError& error) {
-        requireTold(error);
+        requirePlaceAndMessage(error);
         return;
     }
     requireRoundTrip(*record, JsonLayout::pretty);

@@ -60,7 +60,7 @@ std::string expectedCamelCase(std::string_view key)
 }
 
 /// The part that no conversion may change: the characters without case and underscores.
-std::string essence(std::string_view key)
+std::string withoutCaseAndUnderscores(std::string_view key)
 {
     std::string rest;
     for (const char character : key) {
@@ -77,7 +77,9 @@ void convert(std::string_view key)
     require(json::camelCase(camel) == camel, "camelCase stays as it is");
     require(std::none_of(snake.begin(), snake.end(), json::isUpper), "snake_case has no capitals");
     require(snakeCased(snake) == snake, "snake_case stays as it is");
-    require(essence(camel) == essence(key) && essence(snake) == essence(key), "nothing else is changed");
+    require(withoutCaseAndUnderscores(camel) == withoutCaseAndUnderscores(key) &&
+                withoutCaseAndUnderscores(snake) == withoutCaseAndUnderscores(key),
+            "nothing else is changed");
     require(!isPlainKey(key) || json::camelCase(snake) == key, "a key of a record survives");
 }
 

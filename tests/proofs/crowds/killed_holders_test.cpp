@@ -49,9 +49,9 @@ Fate fateOf(int asker, std::uint64_t round)
 {
     constexpr std::uint64_t seed = 20261121;
     std::mt19937_64 random(seed + mostRounds * static_cast<std::uint64_t>(asker) + round);
-    const std::uint64_t lot = random() % 4;
+    const std::uint64_t draw = random() % 4;
     using Kind = Fate::Kind;
-    return {.kind = lot == 0 ? Kind::killedInItsSave : (lot == 1 ? Kind::killedAtRandom : Kind::spared),
+    return {.kind = draw == 0 ? Kind::killedInItsSave : (draw == 1 ? Kind::killedAtRandom : Kind::spared),
             .step = 1 + static_cast<int>(random() % stepCount),
             .delay = delayFrom(random)};
 }

@@ -98,7 +98,7 @@ constexpr std::array loadings = {loadState, loadAgentSummary, loadWidgetSummary}
 /// Reads one file repeatedly and checks each version against the earlier ones.
 class Reader {
 public:
-    void judge(const Loaded& loaded, Counts& counts)
+    void check(const Loaded& loaded, Counts& counts)
     {
         // Without a file, a store loads an initial state, which has no texts.
         if (loaded.texts.empty()) {
@@ -119,11 +119,11 @@ private:
     std::array<std::uint64_t, writerCount> latest_ = {};
 };
 
-void loadAndJudge(Loaded (*load)(const fs::path&), const fs::path& directory, Reader& reader, Counts& counts)
+void loadAndCheck(Loaded (*load)(const fs::path&), const fs::path& directory, Reader& reader, Counts& counts)
 {
     ++counts.loads;
     try {
-        reader.judge(load(directory), counts);
+        reader.check(load(directory), counts);
     } catch (const WidgetSnapshotLoadError& error) {
         ++(error.reason() == WidgetSnapshotLoadError::notWritten ? counts.missing : counts.unreadable);
     } catch (const std::system_error& error) {
@@ -147,7 +147,7 @@ int read(const fs::path& directory, Goal goal, Counts& counts)
     std::array<Reader, loadings.size()> readers;
     while (!goal.isReached(counts)) {
         for (std::size_t file = 0; file < loadings.size(); ++file) {
-            loadAndJudge(loadings[file], directory, readers[file], counts);
+            loadAndCheck(loadings[file], directory, readers[file], counts);
         }
     }
     return 0;

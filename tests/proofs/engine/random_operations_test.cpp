@@ -31,7 +31,7 @@ void expectInvariants(const QuillmereState& before, const QuillmereState& after,
 }
 
 /// Checks the summaries, the timer and the file of a state.
-void expectSeenAlike(const QuillmereState& state, Instant now)
+void expectConsistentViews(const QuillmereState& state, Instant now)
 {
     const std::optional<Reading> clock = reading(state, now);
     if (isFinite(state) && !(clock && clock->isFatal)) {
@@ -85,7 +85,7 @@ TEST(RandomOperations, obeyTheRulesAndKeepTheInvariants)
                 expectInvariants(before, state, *answer, call.now);
             }
             if (made % operationsBetweenLooks == 0) {
-                expectSeenAlike(state, call.now);
+                expectConsistentViews(state, call.now);
             }
             if (calls.oneIn(4)) {
                 ++ticks;

@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-void handOver(Scene& scene, const fs::path& place)
+void passDirectory(Scene& scene, const fs::path& place)
 {
     scene.place = place;
     scene.widgetPlace = place;
@@ -39,7 +39,7 @@ void asItShouldBe(Scene&) {}
 
 void missing(Scene& scene) { fs::remove_all(scene.place); }
 
-void missingWithItsParents(Scene& scene) { handOver(scene, scene.root / "some" / "where" / "place"); }
+void missingWithItsParents(Scene& scene) { passDirectory(scene, scene.root / "some" / "where" / "place"); }
 
 void aFile(Scene& scene)
 {
@@ -50,7 +50,7 @@ void aFile(Scene& scene)
 void belowAFile(Scene& scene)
 {
     writeText(scene.root / "diary", "Dear diary");
-    handOver(scene, scene.root / "diary" / "place");
+    passDirectory(scene, scene.root / "diary" / "place");
 }
 
 void aDanglingLink(Scene& scene)
@@ -76,19 +76,19 @@ void aLinkToADirectory(Scene& scene)
 void aNameTooLong(Scene& scene)
 {
     constexpr std::size_t oneTooMany = 256;
-    handOver(scene, scene.root / std::string(oneTooMany, 'x'));
+    passDirectory(scene, scene.root / std::string(oneTooMany, 'x'));
 }
 
 void aPathTooLong(Scene& scene)
 {
     constexpr std::size_t tooMuch = 4200;
-    handOver(scene, longPath(scene.root, tooMuch));
+    passDirectory(scene, longPath(scene.root, tooMuch));
 }
 
 void filePathsTooLong(Scene& scene)
 {
     constexpr std::size_t justEnough = 4090;
-    handOver(scene, longPath(scene.root, justEnough));
+    passDirectory(scene, longPath(scene.root, justEnough));
     fs::create_directories(scene.place);
     ofMode<0700>(scene);
 }
@@ -115,7 +115,7 @@ void missingInAClosedParent(Scene& scene)
 {
     constexpr auto closed = fs::perms(0500);
     fs::create_directory(scene.root / "closed");
-    handOver(scene, scene.root / "closed" / "place");
+    passDirectory(scene, scene.root / "closed" / "place");
     fs::permissions(scene.root / "closed", closed);
 }
 

@@ -76,12 +76,12 @@ SavingProcess::SavingProcess(const fs::path& directory, std::uint64_t first) : f
         throw std::bad_alloc();
     }
     progress_ = new (shared) Progress{.begun = first - 1, .completed = first - 1};
-    process_.emplace(ProcessOptions{.work = [&]() -> int { saveForEver(directory); },
+    process_.emplace(ProcessOptions{.work = [&]() -> int { saveForever(directory); },
                                     .output = Channel::inherited(),
                                     .error = Channel::inherited()});
 }
 
-void SavingProcess::saveForEver(const fs::path& directory)
+void SavingProcess::saveForever(const fs::path& directory)
 {
     for (std::uint64_t number = first_;; ++number) {
         const QuillmereState state = numberedState(number, sizeOfVersion(number));

@@ -53,7 +53,7 @@ private:
     };
 
     /// Runs in the child process, which ends when a save throws.
-    [[noreturn]] void saveForEver(const std::filesystem::path& directory);
+    [[noreturn]] void saveForever(const std::filesystem::path& directory);
 
     std::uint64_t first_;
     Progress* progress_;  ///< in memory shared by both processes

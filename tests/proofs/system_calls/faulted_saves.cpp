@@ -47,7 +47,7 @@ std::vector<CallRecord> undisturbedCalls(const Situation& situation)
 }
 
 FaultedSave saveWith(const Situation& situation, const std::vector<CallRecord>& calls, std::size_t index,
-                     const Fault& fault, const std::vector<Fault>& besides)
+                     const Fault& fault, const std::vector<Fault>& moreFaults)
 {
     FaultedSave save{.situation = situation,
                      .record = calls[index],
@@ -55,20 +55,20 @@ FaultedSave saveWith(const Situation& situation, const std::vector<CallRecord>& 
                      .expected = expectedOfSave(situation, calls, index, fault),
                      .error = 0,
                      .content = {},
-                     .faultCame = false,
-                     .closedNothing = false,
+                     .faultOccurred = false,
+                     .closedUnopened = false,
                      .leftOpen = 0,
                      .nextError = 0,
                      .nextContent = {}};
     const Scene scene(situation);
-    std::vector<Fault> faults = besides;
+    std::vector<Fault> faults = moreFaults;
     faults.push_back(fault);
     const std::size_t openBefore = openFileCount();
     {
         const SystemCallWatch watch(faults);
         save.error = errorOf(scene);
-        save.faultCame = watch.faultCount() > 0;
-        save.closedNothing = watch.sawCloseOfNothing();
+        save.faultOccurred = watch.faultCount() > 0;
+        save.closedUnopened = watch.sawInvalidClose();
     }
     save.leftOpen = static_cast<std::ptrdiff_t>(openFileCount() - openBefore);
     save.content = scene.content();
@@ -80,7 +80,7 @@ FaultedSave saveWith(const Situation& situation, const std::vector<CallRecord>& 
     return save;
 }
 
-void forEveryFaultedSave(const FaultsOf& faultsOf, const std::function<void(const FaultedSave&)>& judge)
+void forEveryFaultedSave(const FaultsOf& faultsOf, const std::function<void(const FaultedSave&)>& check)
 {
     for (const Situation& situation : situations()) {
         const std::vector<CallRecord> calls = undisturbedCalls(situation);
@@ -88,7 +88,7 @@ void forEveryFaultedSave(const FaultsOf& faultsOf, const std::function<void(cons
         for (std::size_t index = 0; index < calls.size(); ++index) {
             const std::size_t ordinal = ordinals[static_cast<std::size_t>(calls[index].call)]++;
             for (const Fault& fault : faultsOf(calls[index], ordinal)) {
-                judge(saveWith(situation, calls, index, fault));
+                check(saveWith(situation, calls, index, fault));
             }
         }
     }

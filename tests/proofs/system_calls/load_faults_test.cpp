@@ -40,7 +40,7 @@ struct FaultedLoad {
     Content contentBefore;
     Content content;
     std::ptrdiff_t leftOpen;
-    bool closedNothing;
+    bool closedUnopened;
 };
 
 std::string described(const FaultedLoad& load)
@@ -58,12 +58,12 @@ FaultedLoad loadWith(const Situation& situation, const Fault& fault)
                      .contentBefore = scene.content(),
                      .content = {},
                      .leftOpen = 0,
-                     .closedNothing = false};
+                     .closedUnopened = false};
     const std::size_t openBefore = openFileCount();
     {
         const SystemCallWatch watch({fault});
         load.ending = endingOf(scene);
-        load.closedNothing = watch.sawCloseOfNothing();
+        load.closedUnopened = watch.sawInvalidClose();
     }
     load.leftOpen = static_cast<std::ptrdiff_t>(openFileCount() - openBefore);
     load.content = scene.content();
@@ -99,16 +99,16 @@ std::vector<FaultedLoad> makeFaultedLoads()
 }
 
 /// The loads are made once per process.
-std::size_t forEveryFaultedLoad(const std::function<void(const FaultedLoad&)>& judge)
+std::size_t forEveryFaultedLoad(const std::function<void(const FaultedLoad&)>& check)
 {
     static const std::vector<FaultedLoad> loads = makeFaultedLoads();
     for (const FaultedLoad& load : loads) {
-        judge(load);
+        check(load);
     }
     return loads.size();
 }
 
-bool saysThatNothingIsThere(const Fault& fault)
+bool meansMissing(const Fault& fault)
 {
     return fault.call == SystemCall::lstat && (fault.error == ENOENT || fault.error == ENOTDIR);
 }
@@ -124,7 +124,7 @@ TEST(ALoadWithAFault, treatsOnlyANameThatLeadsNowhereAsMissing)
     forEveryFaultedLoad([](const FaultedLoad& load) {
         const bool isMissing =
             load.situation.before != Before::earlierFile && !(load.ending.error || load.ending.unreadable);
-        EXPECT_EQ(load.ending.version == Version::none, saysThatNothingIsThere(load.fault) || isMissing)
+        EXPECT_EQ(load.ending.version == Version::none, meansMissing(load.fault) || isMissing)
             << described(load);
     });
 }
@@ -132,7 +132,7 @@ TEST(ALoadWithAFault, treatsOnlyANameThatLeadsNowhereAsMissing)
 TEST(ALoadWithAFault, reportsTheErrorOfTheCall)
 {
     const std::size_t count = forEveryFaultedLoad([](const FaultedLoad& load) {
-        const bool mustFail = !saysThatNothingIsThere(load.fault) && !changesNothing(load.fault);
+        const bool mustFail = !meansMissing(load.fault) && !changesNothing(load.fault);
         const bool isState = load.situation.store == StoreKind::state;
         EXPECT_EQ(load.ending.error, mustFail && isState ? load.fault.error : 0) << described(load);
         EXPECT_EQ(load.ending.unreadable, mustFail && !isState) << described(load);
@@ -160,7 +160,7 @@ TEST(ALoadWithAFault, changesNoFile)
 TEST(ALoadWithAFault, leavesNoFileOpenAndClosesNoneTwice)
 {
     forEveryFaultedLoad([](const FaultedLoad& load) {
-        EXPECT_TRUE(load.leftOpen == 0 && !load.closedNothing) << described(load);
+        EXPECT_TRUE(load.leftOpen == 0 && !load.closedUnopened) << described(load);
     });
 }
 

@@ -13,9 +13,9 @@ namespace {
 
 using cli::ExitCode;
 
-/// Injects every fault at every call, and passes the program's exit code and files to the judge.
-template <class Judge>
-std::size_t forEveryFault(Judge judge)
+/// Injects every fault at every call, and passes the program's exit code and files to `check`.
+template <class Check>
+std::size_t forEveryFault(Check check)
 {
     std::size_t count = 0;
     for (const Before before : {Before::noDirectory, Before::earlierFile}) {
@@ -25,7 +25,7 @@ std::size_t forEveryFault(Judge judge)
             const TracedCall& call = run.calls()[index];
             for (const int error : errorsToTry(call)) {
                 for (const bool fromThereOn : {false, true}) {
-                    if (fromThereOn && !mayLast(call)) {
+                    if (fromThereOn && !mayBePermanent(call)) {
                         continue;
                     }
                     const ThreeFiles files(before);
@@ -33,7 +33,7 @@ std::size_t forEveryFault(Judge judge)
                     SCOPED_TRACE(injection + "   " + call.text);
                     const int code =
                         traced(files.directory(), ThreeFiles::asking(), files.home(), injection).code;
-                    judge(run.outcomeOf(index, error, fromThereOn), before, code, files);
+                    check(run.outcomeOf(index, error, fromThereOn), before, code, files);
                     ++count;
                 }
             }

@@ -70,13 +70,13 @@ TEST(ASave, syncsTheNameOfEveryDirectoryThatItMakes)
 
 TEST(ASaveWithAFault, isTriedAtEveryCall)
 {
-    std::set<SystemCall> met;
+    std::set<SystemCall> reached;
     const std::size_t count = expectOfEverySave([&](const FaultedSave& save) {
-        met.insert(save.fault.call);
-        return save.faultCame;
+        reached.insert(save.fault.call);
+        return save.faultOccurred;
     });
     // A save never calls read and fstat.
-    EXPECT_EQ(met.size(), systemCallCount - 2);
+    EXPECT_EQ(reached.size(), systemCallCount - 2);
     EXPECT_GE(count, amount(500, 1500));
     reportFigure("A fault at every system call of a save", "faulted saves", count);
 }
@@ -98,7 +98,7 @@ TEST(ASaveWithAFault, leavesNoTemporaryFile)
 
 TEST(ASaveWithAFault, leavesNoFileOpenAndClosesNoneTwice)
 {
-    expectOfEverySave([](const FaultedSave& save) { return save.leftOpen == 0 && !save.closedNothing; });
+    expectOfEverySave([](const FaultedSave& save) { return save.leftOpen == 0 && !save.closedUnopened; });
 }
 
 TEST(ASaveWithAFault, neverLeavesASummaryNewerThanItsState)

@@ -33,7 +33,7 @@ TEST(AShortWrite, isContinuedUntilAllIsWritten)
     };
     forEveryFaultedSave(shortWrites, [&](const FaultedSave& save) {
         ++count;
-        EXPECT_TRUE(save.faultCame && save.error == 0 && save.content.files == save.expected.files &&
+        EXPECT_TRUE(save.faultOccurred && save.error == 0 && save.content.files == save.expected.files &&
                     save.content.others.empty())
             << testing::PrintToString(save);
     });

@@ -63,7 +63,7 @@ void SystemCallWatch::closed(int descriptor)
 {
     const auto index = static_cast<std::size_t>(descriptor);
     if (descriptor < 0 || index >= open_.size() || !open_[index]) {
-        sawCloseOfNothing_ = true;
+        sawInvalidClose_ = true;
     } else {
         open_[index].reset();
     }

@@ -62,7 +62,7 @@ public:
     std::size_t faultCount() const { return faultCount_; }
 
     /// Whether a descriptor that was not open was closed.
-    bool sawCloseOfNothing() const { return sawCloseOfNothing_; }
+    bool sawInvalidClose() const { return sawInvalidClose_; }
 
     // Called by the wrappers.
     std::optional<Fault> nextFault(SystemCall call);
@@ -78,7 +78,7 @@ private:
     std::vector<std::optional<std::string>> open_;  ///< paths by descriptor
     std::size_t faultCount_ = 0;
     std::size_t interruptions_ = 0;
-    bool sawCloseOfNothing_ = false;
+    bool sawInvalidClose_ = false;
 };
 
 }  // namespace quillmere::test

@@ -135,7 +135,7 @@ std::vector<int> errorsToTry(const TracedCall& call)
     return errors;
 }
 
-bool mayLast([[maybe_unused]] const TracedCall& call)
+bool mayBePermanent([[maybe_unused]] const TracedCall& call)
 {
 #ifdef __SANITIZE_ADDRESS__
     // The sanitizers test addresses by writing to their own pipes, and exit with 0 when that fails.

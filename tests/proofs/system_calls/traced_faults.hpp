@@ -49,7 +49,7 @@ private:
 std::vector<int> errorsToTry(const TracedCall& call);
 
 /// Whether a lasting fault can be injected at the call.
-bool mayLast(const TracedCall& call);
+bool mayBePermanent(const TracedCall& call);
 
 /// The fault in the syntax of strace.
 std::string injectionOf(const TracedCall& call, int error, bool fromThereOn);

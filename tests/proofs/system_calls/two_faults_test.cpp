@@ -30,12 +30,12 @@ std::vector<FaultedSave> makeSavesThatCannotCleanUp()
 }
 
 /// The saves are made once per process.
-template <class Judge>
-std::size_t forEverySaveThatCannotCleanUp(Judge judge)
+template <class Check>
+std::size_t forEverySaveThatCannotCleanUp(Check check)
 {
     static const std::vector<FaultedSave> saves = makeSavesThatCannotCleanUp();
     for (const FaultedSave& save : saves) {
-        judge(save);
+        check(save);
     }
     return saves.size();
 }
