@@ -10,7 +10,7 @@
 namespace quillmere::work {
 namespace {
 
-std::string quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
+std::string inQuotes(std::string_view text) { return "\"" + std::string(text) + "\""; }
 
 std::string lowerCase(std::string_view text)
 {
@@ -88,7 +88,7 @@ double durationFrom(const Answer& answer)
     if (!seconds) {
         throw Unacceptable(
             answer.field,
-            quoted(answer.text) + " is no duration from 1 second to 366 days, such as 25m or 1h30m.");
+            inQuotes(answer.text) + " is no duration from 1 second to 366 days, such as 25m or 1h30m.");
     }
     return *seconds;
 }
@@ -103,7 +103,7 @@ std::int64_t numberFrom(const Answer& answer, const Limits& limits)
         const std::string range =
             limits.most == 0 ? ""
                              : " from " + std::to_string(limits.least) + " to " + std::to_string(limits.most);
-        throw Unacceptable(answer.field, quoted(answer.text) + " is no whole number" + range + ".");
+        throw Unacceptable(answer.field, inQuotes(answer.text) + " is no whole number" + range + ".");
     }
     return number;
 }
@@ -123,7 +123,7 @@ Instant startFrom(const Answer& answer, Instant now)
     const std::optional<Instant> start = base::instantFromLocalText(answer.text, now);
     if (!start) {
         throw Unacceptable(
-            answer.field, quoted(answer.text) + " is no local time, such as 14:30, 2026-11-15 09:00 or +1h.");
+            answer.field, inQuotes(answer.text) + " is no local time, such as 14:30, 2026-11-15 09:00 or +1h.");
     }
     return *start;
 }
