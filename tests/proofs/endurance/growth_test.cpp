@@ -1,7 +1,7 @@
 // The cost of saving and loading ten years of use, and twice and four times as much.
 //
-// Growth is measured by counts, which are the same on every machine: bytes of the file, allocations, blocks in
-// the state. Times are only reported.
+// Growth is measured by counts, which are the same on every machine: bytes of the file, allocations, blocks
+// in the state. Times are only reported.
 #include <quillmere/store/state_store.hpp>
 
 #include <gtest/gtest.h>
