@@ -58,7 +58,7 @@ struct ProcessOptions {
 };
 
 /// How a child ended.
-struct Ending {
+struct ProcessEnding {
     int code = -1;   ///< the exit code, or 128 and the signal, as shells say it
     int signal = 0;  ///< that ended it; 0 for none
     std::string out = {};
@@ -78,7 +78,8 @@ public:
 
     pid_t number() const { return process_; }
 
-    /// Writes to its input: a pipe, a socket or the terminal. False when nobody reads there any more.
+    /// Writes to its input: a pipe, a socket or the terminal. False when that is closed on either side.
+    /// Fails the test when the child does not read within the limit.
     bool write(std::string_view text);
     void closeInput() { input_.close(); }
 
@@ -102,7 +103,7 @@ public:
     bool waitForStop();
     /// Waits for the end. A child that does not end within the limit is killed and fails the test. Reads
     /// nothing of a piped output: a child that writes much needs `rest` first.
-    Ending wait(std::chrono::milliseconds limit = patience);
+    ProcessEnding wait(std::chrono::milliseconds limit = patience);
 
 private:
     bool readMore();
@@ -115,14 +116,14 @@ private:
     Descriptor capturedOut_;
     Descriptor capturedErr_;
     std::string unread_;
-    std::optional<Ending> ending_;
+    std::optional<ProcessEnding> ending_;
 };
 
 /// Starts a child and waits for its end.
-Ending run(const ProcessOptions& options, std::chrono::milliseconds limit = patience);
+ProcessEnding run(const ProcessOptions& options, std::chrono::milliseconds limit = patience);
 
 /// The same for a command line of the shell.
-Ending runShell(const std::string& line, ProcessOptions options = {});
+ProcessEnding runShell(const std::string& line, ProcessOptions options = {});
 
 /// A text as one word of a shell's command line.
 std::string shellWord(std::string_view text);
