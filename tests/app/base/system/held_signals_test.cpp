@@ -1,10 +1,16 @@
-// Signals that a program waits for like anything else.
+// Signals that a program waits for with poll(2).
 #include "base/system/held_signals.hpp"
 
 #include <gtest/gtest.h>
 #include <poll.h>
-#include <sys/wait.h>
+#include <signal.h>
 #include <unistd.h>
+
+#include <cerrno>
+#include <vector>
+
+#include "pipe.hpp"
+#include "support/process.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -18,26 +24,6 @@ bool isReadable(int descriptor)
     return ::poll(&file, 1, 0) == 1;
 }
 
-/// How a child that does this ends, or that it is stopped (waitpid(2)).
-template <typename Action>
-int endOf(const Action& action)
-{
-    const pid_t child = ::fork();
-    if (child == 0) {
-        action();
-        ::_exit(0);
-    }
-    int status = 0;
-    ::waitpid(child, &status, WUNTRACED);
-    if (WIFSTOPPED(status)) {
-        ::kill(child, SIGCONT);
-        int end = 0;
-        ::waitpid(child, &end, 0);
-        EXPECT_EQ(end, 0) << "it goes on when it is told to, and holds the signal as before";
-    }
-    return status;
-}
-
 TEST(HeldSignals, canBeWaitedForAndHaveNoEffect)
 {
     const HeldSignals signals{SIGTERM, SIGHUP};
@@ -48,71 +34,72 @@ TEST(HeldSignals, canBeWaitedForAndHaveNoEffect)
     EXPECT_TRUE(signals.take().empty());
 }
 
-TEST(HeldSignals, thatNobodyTookAreForgotten)
+TEST(HeldSignals, thatAreNotTakenAreForgotten)
 {
-    EXPECT_EQ(endOf([] {
-                  const HeldSignals signals{SIGTERM};
-                  ::raise(SIGTERM);
-              }),
-              0);
+    const auto leavesASignal = [] {
+        const HeldSignals signals{SIGTERM};
+        ::raise(SIGTERM);
+        return 0;
+    };
+    EXPECT_EQ(run({.work = leavesASignal}).code, 0);
 }
 
 TEST(HeldSignals, haveTheirEffectAgainAfterwards)
 {
-    const int status = endOf([] {
+    const auto raisesLater = [] {
         {
             const HeldSignals signals{SIGTERM};
         }
         ::raise(SIGTERM);
-    });
-    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGTERM);
+        return 0;
+    };
+    EXPECT_EQ(run({.work = raisesLater}).signal, SIGTERM);
 }
 
-TEST(HeldSignals, areNotThoseThatTheProgramWasStartedToIgnore)
+TEST(HeldSignals, leaveOutThoseThatTheProgramWasStartedToIgnore)
 {
-    EXPECT_EQ(endOf([] {
-                  ::signal(SIGHUP, SIG_IGN);
-                  const HeldSignals signals{SIGHUP};
-                  ::raise(SIGHUP);
-                  ::_exit(signals.take().empty() ? 0 : 1);
-              }),
-              0);
+    const auto ignores = [] {
+        ::signal(SIGHUP, SIG_IGN);
+        const HeldSignals signals{SIGHUP};
+        ::raise(SIGHUP);
+        return signals.take().empty() ? 0 : 1;
+    };
+    EXPECT_EQ(run({.work = ignores}).code, 0);
 }
 
 TEST(HeldSignals, canStillEndTheProcess)
 {
-    const int status = endOf([] {
+    const auto ends = [] {
         const HeldSignals signals{SIGHUP};
         base::haveUsualEffect(SIGHUP);
-    });
-    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGHUP);
+        return 0;
+    };
+    EXPECT_EQ(run({.work = ends}).signal, SIGHUP);
 }
 
 TEST(HeldSignals, canStillStopTheProcess)
 {
-    const int status = endOf([] {
-        // In a group that nobody looks after, a terminal's signal stops nothing.
-        ::setpgid(0, 0);
+    const auto stops = [] {
         const HeldSignals signals{SIGTSTP};
         base::haveUsualEffect(SIGTSTP);
         ::raise(SIGTSTP);
-        ::_exit(signals.take().empty() ? 1 : 0);
-    });
-    EXPECT_TRUE(WIFSTOPPED(status));
+        return signals.take().empty() ? 1 : 0;
+    };
+    Process child({.work = stops});
+    EXPECT_TRUE(child.waitForStop());
+    child.send(SIGCONT);
+    EXPECT_EQ(child.wait().code, 0) << "it continues, and holds the signal as before";
 }
 
-TEST(BrokenPipes, areErrorsAndNoEnd)
+TEST(BrokenPipes, areErrorsAndEndNothing)
 {
-    EXPECT_EQ(endOf([] {
-                  int ends[2];
-                  if (::pipe(ends) != 0) {
-                      ::_exit(1);
-                  }
-                  ::close(ends[0]);
-                  const BrokenPipesAreErrors brokenPipes;
-                  ::_exit(::write(ends[1], "x", 1) == -1 && errno == EPIPE ? 0 : 1);
-              }),
-              0);
+    const auto writesToNobody = [] {
+        Pipe pipe;
+        pipe.closeReader();
+        const BrokenPipesAreErrors brokenPipes;
+        return ::write(pipe.writer(), "x", 1) == -1 && errno == EPIPE ? 0 : 1;
+    };
+    EXPECT_EQ(run({.work = writesToNobody}).code, 0);
 }
 
 }  // namespace
