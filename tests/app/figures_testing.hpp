@@ -1,4 +1,4 @@
-// Sessions to look back on, and what others make of the exports.
+// Sessions to look back on.
 #pragma once
 
 #include "figures/statistics.hpp"
@@ -21,21 +21,18 @@ Day day(const std::string& text);
 /// The instant of "2026-11-15 16:00" in the time zone of the test.
 Instant local(const std::string& text);
 
-/// A reviewed session that lasts so many seconds, pauses included, counted as the first of its block.
+/// A reviewed session of so many seconds, pauses included, with the number 1.
 WorkSession session(Instant start, double elapsedSeconds, double pausedSeconds = 0);
 
 /// A state whose history is one block of these sessions.
 QuillmereState stateWith(std::vector<WorkSession> sessions);
 
-/// A text that gives formats trouble, in every place that a person can write to. Behind its backslashes
-/// stands no n: parsers of calendars exist that take an escaped backslash and an n for a line break.
+/// A text of characters that are special in a format, in every place that a person can write to. No backslash
+/// in it has an n behind it: some parsers of calendars take an escaped backslash and an n for a line break.
 QuillmereState hostileState();
 extern const std::string hostileText;
 
-/// "2026-11-15 1500, 2026-11-16 60": the focus of each stretch, for programs that compare texts.
+/// The focus of each stretch: "2026-11-15 1500, 2026-11-16 60".
 std::string focusOf(const LookBack& look, Unit unit);
-
-/// What a command of the shell prints to standard output, and its exit code on a line of its own.
-std::string outputOf(const std::string& command);
 
 }  // namespace quillmere::test

@@ -1,4 +1,4 @@
-// The real program at the end of real channels.
+// `quillmere agent serve` in a process of its own.
 #include "real_program.hpp"
 #include "served_program.hpp"
 #include "workspace/directory_lock.hpp"
@@ -24,7 +24,7 @@ protected:
     {
         Words all = {"--directory", person.directory().string()};
         all.insert(all.end(), words.begin(), words.end());
-        return RealProgram(all).wait();
+        return runProgram(all);
     }
 
     std::string asks(ServedProgram& server) const
@@ -44,14 +44,13 @@ protected:
     }
 };
 
-TEST_F(Serve, answersWhatStandsInAPipe)
+TEST_F(Serve, answersWhatStandsInAFile)
 {
     const TemporaryDirectory place;
     writeText(place.path() / "input", request(1, "initialize", {{"protocolVersion", "2025-11-25"}}).dump() +
                                           "\n" + request(2, "tools/list").dump() + "\n");
-    RealProgram program({"--directory", person.directory().string(), "agent", "serve"},
-                        {.in = {.kind = Channel::Kind::file, .file = place.path() / "input"}});
-    const ProcessEnding ending = program.wait();
+    const ProcessEnding ending = runProgram({"--directory", person.directory().string(), "agent", "serve"},
+                                            {.in = Channel::toFile(place.path() / "input")});
     EXPECT_EQ(ending.code, 0);
     EXPECT_EQ(ending.err, "");
     std::istringstream lines(ending.out);
@@ -167,7 +166,7 @@ TEST_F(Serve, asksAlsoWhenTheInputEndsWhileTheLockIsBusy)
     EXPECT_EQ(person.state().agentQuestions.size(), 1u);
 }
 
-TEST_F(Serve, endsWhenNobodyReadsAnyMore)
+TEST_F(Serve, endsWhenItsOutputIsClosed)
 {
     ServedProgram server(person.directory());
     EXPECT_EQ(server.asked(ping).at("id"), 1);
@@ -203,9 +202,9 @@ TEST_F(Serve, losesNothingForAClientThatReadsLate)
 TEST_F(Serve, endsAtOnceWithoutItsChannels)
 {
     const Words words = {"--directory", person.directory().string(), "agent", "serve"};
-    EXPECT_EQ(RealProgram(words, {.in = closed}).wait().code, 0);
-    EXPECT_EQ(RealProgram(words, {.out = closed}).wait().code, 0);
-    EXPECT_EQ(RealProgram(words, {.in = closed, .out = closed, .err = closed}).wait().code, 0);
+    EXPECT_EQ(runProgram(words, {.in = Channel::closed()}).code, 0);
+    EXPECT_EQ(runProgram(words, {.out = Channel::closed()}).code, 0);
+    EXPECT_EQ(runProgram(words, noChannels()).code, 0);
 }
 
 TEST_F(Serve, usesNoChannelsButThoseOfItsEnvironment)
@@ -290,7 +289,7 @@ TEST_F(Serve, endsAWaitWhenThePersonAnswers)
     server.send(request(10, "tools/call", stateless(toolCall("wait_for_answer", {{"id", id}}))));
     EXPECT_EQ(server.asked(ping).at("id"), 1);
     EXPECT_EQ(types({"answer", "1", "The second"}).code, 0);
-    // Which of the two hears of it first is nobody's promise.
+    // The two answers may come in either order.
     int ids = 0;
     for (int count = 0; count < 2; ++count) {
         const Json end = server.receive();
@@ -346,7 +345,7 @@ TEST_F(Serve, readsTheStateAndItsSchema)
             .get<std::string>();
     };
     const std::string state = textOfResource("quillmere://agent/state", Json::object());
-    // As the file has it, as of another moment.
+    // The same text as in the file, but for the moment.
     EXPECT_EQ(state.substr(0, state.find("\"remaining_seconds\"")),
               textOf(person.store().agentStateURL()).substr(0, state.find("\"remaining_seconds\"")));
     EXPECT_EQ(Json::parse(textOfResource("quillmere://agent/schema", stateless())).at("$schema"),
@@ -372,7 +371,7 @@ TEST_F(Serve, losesNoQuestionAmongMany)
     std::ptrdiff_t answers = 0;
     std::jthread typing([&](const std::stop_token& isOver) {
         EXPECT_EQ(types({"ask", "Typed"}).code, 0);
-        // At times there is none, but the first time there is the one that was typed.
+        // Later on there may be no open question, but at first there is the typed one.
         do {
             answers += types({"answer", "1", "Yes"}).code == 0 ? 1 : 0;
         } while (!isOver.stop_requested());

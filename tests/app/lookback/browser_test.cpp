@@ -3,6 +3,7 @@
 
 #include "figures_testing.hpp"
 #include "generated_year.hpp"
+#include "support/process.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -10,20 +11,28 @@ namespace {
 using figures::statistics;
 using lookback::htmlPage;
 
-/// What the browser makes of a file: the document as it stands, or, when something went wrong in it, what
-/// its console says.
-std::string rendered(const std::filesystem::path& file, const std::string& flags)
+/// The document as the browser prints it after it has rendered a file, or the messages of its console when
+/// there are any.
+std::string rendered(const std::filesystem::path& file, const Words& flags = {})
 {
     const TemporaryDirectory profile;
-    const std::string messages = (profile.path() / "messages").string();
-    const std::string document = outputOf(
-        "chromium --headless --no-sandbox --disable-gpu --disable-quic --no-first-run "
-        "--disable-background-networking --disable-component-update --disable-sync --enable-logging=stderr "
-        "--hide-scrollbars --user-data-dir=" +
-        profile.path().string() + " " + flags + " --dump-dom file://" + file.string() + " 2>" + messages);
-    const std::string said = textOf(messages);
-    const std::size_t place = said.find("CONSOLE");
-    return place == std::string::npos ? document : said.substr(place);
+    Words words = {"chromium",
+                   "--headless",
+                   "--no-sandbox",
+                   "--disable-gpu",
+                   "--disable-quic",
+                   "--no-first-run",
+                   "--disable-background-networking",
+                   "--disable-component-update",
+                   "--disable-sync",
+                   "--enable-logging=stderr",
+                   "--hide-scrollbars",
+                   "--user-data-dir=" + profile.path().string()};
+    words.insert(words.end(), flags.begin(), flags.end());
+    words.insert(words.end(), {"--dump-dom", "file://" + file.string()});
+    const ProcessEnding ending = run({.words = words});
+    const std::size_t place = ending.err.find("CONSOLE");
+    return place == std::string::npos ? ending.out : ending.err.substr(place);
 }
 
 struct View {
@@ -81,7 +90,7 @@ TEST(Browser, rendersThePageWithoutAComplaint)
     const QuillmereState state = generatedYear(moment);
     const LookBack look = statistics(state, {}, day("2026-11-15"));
     writeText(file, htmlPage(look));
-    const std::string document = rendered(file, "");
+    const std::string document = rendered(file);
     EXPECT_NE(document.find("<h1>Look back</h1>"), std::string::npos) << document.substr(0, 500);
     EXPECT_NE(document.find("sessions on " + std::to_string(look.focusDays) + " days</dd>"),
               std::string::npos);
@@ -90,13 +99,13 @@ TEST(Browser, rendersThePageWithoutAComplaint)
 
 TEST(Browser, complainsAboutWhatAPageMayNotDo)
 {
-    // So that the silence about ours means something.
+    // Otherwise the test above could not fail.
     const TemporaryDirectory directory;
     const auto file = directory.path() / "page.html";
     const QuillmereState state = QuillmereState::initial(moment);
     writeText(file,
               replaced(htmlPage(statistics(state, {}, Day())), "</body>", "<script>a()</script></body>"));
-    EXPECT_NE(rendered(file, "").find("Content Security Policy"), std::string::npos);
+    EXPECT_NE(rendered(file).find("Content Security Policy"), std::string::npos);
 }
 
 void expectGoodLooks(const QuillmereState& state, const View& view)
@@ -107,9 +116,8 @@ void expectGoodLooks(const QuillmereState& state, const View& view)
     writeText(directory.path() / "around.html", replaced(measuring, "WIDTH", width));
     const std::string document =
         rendered(directory.path() / "around.html",
-                 "--window-size=1300,900 --disable-web-security --allow-file-access-from-files "
-                 "--blink-settings=preferredColorScheme=" +
-                     std::to_string(view.scheme));
+                 {"--window-size=1300,900", "--disable-web-security", "--allow-file-access-from-files",
+                  "--blink-settings=preferredColorScheme=" + std::to_string(view.scheme)});
     EXPECT_NE(document.find("width " + width + ", content " + width +
                             ", too wide: [], cut: [], small: [], touching: [], paper " + view.background +
                             ", charts 9<"),

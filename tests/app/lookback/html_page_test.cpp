@@ -5,6 +5,7 @@
 #include "lookback/markup.hpp"
 
 #include "generated_year.hpp"
+#include "support/process.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -19,12 +20,13 @@ std::string pageAt(const QuillmereState& state) { return htmlPage(statistics(sta
 
 bool holds(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
-/// What a parser of XML says of the page.
-std::string judgement(const std::string& page)
+/// How a parser of XML ends that reads the page.
+ProcessEnding parsed(const std::string& page)
 {
     const TemporaryDirectory directory;
     writeText(directory.path() / "page.html", page);
-    return outputOf("xmllint --nonet --noout " + (directory.path() / "page.html").string() + " 2>&1");
+    return run({.words = {"xmllint", "--nonet", "--noout", (directory.path() / "page.html").string()},
+                .error = Channel::sameAsOut()});
 }
 
 TEST(Markup, sanitizesAndEscapesTexts)
@@ -52,9 +54,11 @@ TEST(Page, isWellFormedWhateverPersonsWrite)
          {QuillmereState::initial(moment), hostileState(), generatedYear(moment),
           stateWith({session(moment, -5)}),
           stateWith({session(Instant(-62'167'219'200), 1500), session(Instant(253'402'300'000), 799)})}) {
-        EXPECT_EQ(judgement(pageAt(state)), "exit 0\n");
+        const ProcessEnding ending = parsed(pageAt(state));
+        EXPECT_EQ(ending.code, 0);
+        EXPECT_EQ(ending.out, "");
     }
-    EXPECT_NE(judgement("<html><br></html>"), "exit 0\n");
+    EXPECT_NE(parsed("<html><br></html>").code, 0);
 }
 
 TEST(Page, showsTextsOfPersonsAsTheyWereWritten)

@@ -309,7 +309,7 @@ TEST(Report, fitsATerminal)
 {
     const Person person = personWithAYear();
     const EnvironmentVariable columns("COLUMNS", "60");
-    const ProcessEnding ending = onTerminal({"--directory", person.directory().string(), "report"}, "");
+    const ProcessEnding ending = runOnTerminal({"--directory", person.directory().string(), "report"}, "");
     EXPECT_EQ(ending.code, 0);
     EXPECT_NE(ending.out.find("Look back"), std::string::npos);
 }

@@ -2,7 +2,6 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <time.h>
-#include <unistd.h>
 
 #include <algorithm>
 
@@ -15,7 +14,7 @@ ProcessEnding ran(const Person& person, const Words& words, const Channels& chan
 {
     Words all = {"--directory", person.directory().string()};
     all.insert(all.end(), words.begin(), words.end());
-    return RealProgram(all, channels).wait();
+    return runProgram(all, channels);
 }
 
 TEST(ExitCode, is0WhenAllIsDone)
@@ -69,16 +68,16 @@ TEST(ExitCode, is74WhenTheSystemRefuses)
 TEST(ExitCode, is74WhenTheResultCannotBeWrittenThoughItIsSaved)
 {
     const Person person;
-    const ProcessEnding ending = ran(person, {"ask", "Why?"}, {.out = fullDevice});
+    const ProcessEnding ending = ran(person, {"ask", "Why?"}, {.out = fullDevice()});
     EXPECT_EQ(ending.code, 74);
     EXPECT_EQ(ending.err, "The result cannot be written to standard output; what was asked has been done.\n");
     EXPECT_EQ(person.state().agentQuestions.size(), 1u);
-    const ProcessEnding look = ran(person, {"status"}, {.out = fullDevice});
+    const ProcessEnding look = ran(person, {"status"}, {.out = fullDevice()});
     EXPECT_EQ(look.code, 74);
     EXPECT_EQ(look.err, "The result cannot be written to standard output.\n");
-    EXPECT_EQ(ran(person, {"history", "--json"}, {.out = fullDevice}).code, 74);
-    EXPECT_EQ(ran(person, {"--help"}, {.out = fullDevice}).code, 74);
-    EXPECT_EQ(ran(person, {"--version"}, {.out = fullDevice}).code, 74);
+    EXPECT_EQ(ran(person, {"history", "--json"}, {.out = fullDevice()}).code, 74);
+    EXPECT_EQ(ran(person, {"--help"}, {.out = fullDevice()}).code, 74);
+    EXPECT_EQ(ran(person, {"--version"}, {.out = fullDevice()}).code, 74);
 }
 
 TEST(ExitCode, is75WhenSomebodyElseHoldsTheDirectory)
@@ -87,9 +86,9 @@ TEST(ExitCode, is75WhenSomebodyElseHoldsTheDirectory)
     const Person person;
     person.has(stateIn(WorkflowState::idle));
     const auto before = pictureOf(person.directory());
-    const int descriptor = ::open(person.directory().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    ASSERT_EQ(::flock(descriptor, LOCK_EX | LOCK_NB), 0);
-    RealProgram process({"--directory", person.directory().string(), "ask", "Why?"});
+    const Descriptor directory(::open(person.directory().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    ASSERT_EQ(::flock(directory.get(), LOCK_EX | LOCK_NB), 0);
+    Process process(realProgram({"--directory", person.directory().string(), "ask", "Why?"}));
     const Ending ending = person.types({"plan", "--start", "--json"});
     EXPECT_EQ(ending.code, ExitCode::lockBusy);
     EXPECT_EQ(ending.out, "");
@@ -97,7 +96,6 @@ TEST(ExitCode, is75WhenSomebodyElseHoldsTheDirectory)
               R"({"case":"lockBusy","message":"Another program is at work in )" +
                   person.directory().string() + R"(; try again."})");
     EXPECT_EQ(process.wait().code, 75);
-    ::close(descriptor);
     EXPECT_EQ(pictureOf(person.directory()), before);
 }
 
@@ -105,22 +103,22 @@ TEST(ClosedChannel, doesNoHarm)
 {
     // Files that the program opens then get the numbers of the standard channels.
     const Person person;
-    EXPECT_EQ(ran(person, {"ask", "First?"}, {.in = closed}).code, 0);
-    EXPECT_EQ(ran(person, {"ask", "Second?"}, {.out = closed}).code, 74);
-    EXPECT_EQ(ran(person, {"ask", "Third?"}, {.err = closed}).code, 0);
-    EXPECT_EQ(ran(person, {"ask", "Fourth?"}, {.in = closed, .out = closed, .err = closed}).code, 74);
-    EXPECT_EQ(ran(person, {"pause"}, {.in = closed, .out = closed, .err = closed}).code, 1);
-    EXPECT_EQ(ran(person, {"plan"}, {.in = closed}).code, 2);
+    EXPECT_EQ(ran(person, {"ask", "First?"}, {.in = Channel::closed()}).code, 0);
+    EXPECT_EQ(ran(person, {"ask", "Second?"}, {.out = Channel::closed()}).code, 74);
+    EXPECT_EQ(ran(person, {"ask", "Third?"}, {.err = Channel::closed()}).code, 0);
+    EXPECT_EQ(ran(person, {"ask", "Fourth?"}, noChannels()).code, 74);
+    EXPECT_EQ(ran(person, {"pause"}, noChannels()).code, 1);
+    EXPECT_EQ(ran(person, {"plan"}, {.in = Channel::closed()}).code, 2);
     EXPECT_EQ(person.state().agentQuestions.size(), 4u);
     EXPECT_EQ(person.names().size(), 3u);
-    EXPECT_EQ(ran(person, {"questions"}, {.in = closed, .err = closed}).code, 0);
+    EXPECT_EQ(ran(person, {"questions"}, {.in = Channel::closed(), .err = Channel::closed()}).code, 0);
 }
 
 TEST(FullErrorChannel, changesNoExitCode)
 {
     const Person person;
-    EXPECT_EQ(ran(person, {"pause"}, {.err = fullDevice}).code, 1);
-    EXPECT_EQ(ran(person, {"ask", "Why?"}, {.err = fullDevice}).code, 0);
+    EXPECT_EQ(ran(person, {"pause"}, {.err = fullDevice()}).code, 1);
+    EXPECT_EQ(ran(person, {"ask", "Why?"}, {.err = fullDevice()}).code, 0);
 }
 
 TEST(TwoPrograms, atWorkAtOnceLoseNothing)
@@ -133,8 +131,8 @@ TEST(TwoPrograms, atWorkAtOnceLoseNothing)
         one.push_back("one " + std::to_string(round));
         Words other = words;
         other.push_back("other " + std::to_string(round));
-        RealProgram first(one);
-        RealProgram second(other);
+        Process first(realProgram(one));
+        Process second(realProgram(other));
         EXPECT_EQ(first.wait().code, 0);
         EXPECT_EQ(second.wait().code, 0);
     }
@@ -151,7 +149,7 @@ TEST(TwoPrograms, atWorkAtOnceLoseNothing)
     EXPECT_EQ(person.names().size(), 3u);
 }
 
-TEST(RealProgramRun, withoutACommandIsStatus)
+TEST(RealProgram, withoutACommandIsStatus)
 {
     const Person person;
     person.has(stateIn(WorkflowState::sessionReview));
@@ -161,7 +159,7 @@ TEST(RealProgramRun, withoutACommandIsStatus)
     EXPECT_NE(bare.out.find("Next: review\n"), std::string::npos);
 }
 
-TEST(RealProgramRun, takesTheWallClock)
+TEST(RealProgram, takesTheWallClock)
 {
     const Person person;
     const double before = static_cast<double>(::time(nullptr));
@@ -172,7 +170,7 @@ TEST(RealProgramRun, takesTheWallClock)
     EXPECT_LE(asked, after);
 }
 
-TEST(RealProgramRun, asksNobodyWhereNobodyIs)
+TEST(RealProgram, asksNobodyWhereNobodyIs)
 {
     const Person person;
     EXPECT_EQ(ran(person, {"plan", "--start"}).err, "");
