@@ -1,5 +1,5 @@
-# CPack gives the library's package scripts that call ldconfig. Debian wants a trigger in their place, which the
-# package has; so it is packed again without them. Run by CPack when the packages are there.
+# CPack adds scripts that call ldconfig to the library's package. Debian wants a trigger instead, which the package
+# has, so this repacks every package without the scripts. CPack runs it after building the packages.
 foreach(package IN LISTS CPACK_PACKAGE_FILES)
     set(unpacked ${package}.unpacked)
     execute_process(COMMAND dpkg-deb --raw-extract ${package} ${unpacked} COMMAND_ERROR_IS_FATAL ANY)

@@ -16,7 +16,7 @@ void AnswerWatch::require()
             watch_.emplace(directory_);
         }
     } catch (const std::system_error&) {
-        throw Refusal("Nothing can be waited for on this system now. Look again later with get_answer.");
+        throw ToolRefusal("Nothing can be waited for on this system now. Look again later with get_answer.");
     }
 }
 
@@ -27,7 +27,7 @@ void AnswerWatch::take()
     try {
         watch_->takeChanges();
     } catch (const std::system_error&) {
-        // Whoever waits is asked again at once, and is told when it cannot be put right.
+        // The waiting calls are asked again now. They call `require`, which begins anew or refuses.
         watch_.reset();
     }
 }

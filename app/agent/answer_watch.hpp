@@ -1,4 +1,4 @@
-// Tells when a question may have been answered.
+// Watches for answers.
 #pragma once
 
 #include "agent/protocol/changes.hpp"
@@ -9,13 +9,13 @@
 
 namespace quillmere::agent {
 
-/// Watches the directory of the state from the first wait on: the system has few watches to give, and most
-/// agents never wait.
+/// Watches the directory of the state, beginning with the first call that waits: the number of watches is
+/// limited, and most agents never wait.
 class AnswerWatch : public protocol::Changes {
 public:
     explicit AnswerWatch(std::filesystem::path directory);
 
-    /// Sees to it that changes from here on are noticed. Throws Refusal when the system can watch no more.
+    /// Begins to watch, unless it has begun. Throws ToolRefusal when the system allows no more watches.
     void require();
 
     int descriptor() const override;

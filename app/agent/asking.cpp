@@ -16,7 +16,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Whether a question has been saved, as far as that can be found out.
+/// Whether a question is in the saved state; false also when the state cannot be read.
 bool isSaved(const workspace::Workspace& workspace, const Identifier& id)
 {
     try {
@@ -28,9 +28,9 @@ bool isSaved(const workspace::Workspace& workspace, const Identifier& id)
     }
 }
 
-/// Adds the question without waiting for the lock. No version of the state is kept: what was before is what
-/// is now, without the question, and agents ask more often than a person has changes to take back.
-agent::protocol::Json asked(const workspace::Workspace& workspace, const std::string& question)
+/// Adds the question without waiting for the lock. Keeps no version of the state before: it differs only by
+/// the question, and the many questions of agents would push out the versions that a person may want back.
+base::SortedJson asked(const workspace::Workspace& workspace, const std::string& question)
 {
     const std::string text = askable(question);
     std::optional<Identifier> id;
@@ -44,10 +44,10 @@ agent::protocol::Json asked(const workspace::Workspace& workspace, const std::st
                                                                 add, {.patience = 0s, .keepsVersion = false});
         return {{"id", id->text()}, {"interruptible", situation.state.interruptible()}};
     } catch (const base::Refusal& error) {
-        // The state comes first, so that it may have been saved although a summary could not be.
+        // The state is saved before the summaries, so the question may be saved although the change failed.
         if (id && isSaved(workspace, *id)) {
-            throw Refusal("The question is saved with the id " + id->text() + "; do not ask it again. But " +
-                          error.what());
+            throw ToolRefusal("The question is saved with the id " + id->text() +
+                              "; do not ask it again. But " + error.what());
         }
         throw;
     }
@@ -58,37 +58,39 @@ agent::protocol::Json asked(const workspace::Workspace& workspace, const std::st
 void requireRoom(const QuillmereState& state, Instant now)
 {
     if (state.openQuestions().size() >= mostOpen) {
-        throw Refusal(std::to_string(mostOpen) +
-                      " questions wait for the person already, and no more are taken. Go on without, or ask "
-                      "again when some have been answered.");
+        throw ToolRefusal(
+            std::to_string(mostOpen) +
+            " questions wait for the person already, and no more are taken. Go on without, or ask "
+            "again when some have been answered.");
     }
-    // Files keep whole seconds, so what looks 60 seconds old may be a little younger. What a clock that was
-    // set back leaves in the future counts as asked now.
+    // Files have whole seconds, so a question that looks 60 seconds old may be younger. A question in the
+    // future, left by a clock that was set back, counts too.
     const auto isRecent = [now](const AgentQuestion& question) { return now - question.createdAt <= 60; };
     const auto recent = std::count_if(state.agentQuestions.begin(), state.agentQuestions.end(), isRecent);
     if (static_cast<std::size_t>(recent) >= mostAMinute) {
-        throw Refusal(std::to_string(mostAMinute) +
-                      " questions were asked within a minute, and no more are taken. Wait a minute, and put "
-                      "what belongs together into one question.");
+        throw ToolRefusal(
+            std::to_string(mostAMinute) +
+            " questions were asked within a minute, and no more are taken. Wait a minute, and put "
+            "what belongs together into one question.");
     }
 }
 
-agent::protocol::Call askThePerson(const workspace::Workspace& workspace, const std::string& question,
-                                   agent::protocol::Moment begin)
+protocol::Call askThePerson(const workspace::Workspace& workspace, const std::string& question,
+                            protocol::Moment begin)
 {
-    return [workspace, question,
-            end = begin + workspace::DirectoryLock::usualPatience](agent::protocol::Moment now) {
-        return attempt([&]() -> std::variant<agent::protocol::Json, agent::protocol::Later> {
-            try {
-                return asked(workspace, question);
-            } catch (const base::Refusal& error) {
-                if (error.kind() == base::Refusal::Kind::busy && now < end) {
-                    return agent::protocol::Later{now + workspace::DirectoryLock::pauseBetweenTries};
+    return
+        [workspace, question, end = begin + workspace::DirectoryLock::usualPatience](protocol::Moment now) {
+            return attempt([&]() -> std::variant<base::SortedJson, protocol::Later> {
+                try {
+                    return asked(workspace, question);
+                } catch (const base::Refusal& error) {
+                    if (error.kind() == base::Refusal::Kind::busy && now < end) {
+                        return protocol::Later{now + workspace::DirectoryLock::pauseBetweenTries};
+                    }
+                    throw;
                 }
-                throw;
-            }
-        });
-    };
+            });
+        };
 }
 
 }  // namespace quillmere::agent

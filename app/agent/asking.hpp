@@ -1,5 +1,5 @@
-// How an agent puts a question to the person. The engine takes any; an agent that runs wild must not bury
-// the person in them.
+// Questions of agents to the person, within limits: the engine has none, and an agent out of control must not
+// flood the person.
 #pragma once
 
 #include "agent/attempt.hpp"
@@ -13,13 +13,13 @@ namespace quillmere::agent {
 inline constexpr std::size_t mostAMinute = 10;
 inline constexpr std::size_t mostOpen = 50;
 
-/// Throws Refusal when the person has been asked enough. Goes by the state alone, so that the limits hold for
-/// all agents together, and for the person's own `quillmere ask`.
+/// Throws ToolRefusal when a limit is reached. Counts the questions of the state, so that the limits hold for
+/// all agents together; questions from `quillmere ask` count too.
 void requireRoom(const QuillmereState& state, Instant now);
 
-/// Adds a question, as `Workspace::change` does everything. The result has its `id`, and whether the person
-/// is `interruptible` now. Tries again while another program is at work, for as long as a person would wait.
-agent::protocol::Call askThePerson(const workspace::Workspace& workspace, const std::string& question,
-                                   agent::protocol::Moment begin);
+/// A call that adds a question by `Workspace::change`. Its result has the `id`, and whether the person is
+/// `interruptible` now. While another program has the lock, tries again as long as a command would wait.
+protocol::Call askThePerson(const workspace::Workspace& workspace, const std::string& question,
+                            protocol::Moment begin);
 
 }  // namespace quillmere::agent

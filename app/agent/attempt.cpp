@@ -14,7 +14,7 @@ std::string failureInWords()
 {
     try {
         throw;
-    } catch (const Refusal& refusal) {
+    } catch (const ToolRefusal& refusal) {
         return refusal.what();
     } catch (const base::Refusal& error) {
         return error.what();
@@ -25,18 +25,16 @@ std::string failureInWords()
     }
 }
 
-agent::protocol::Outcome attempt(
-    const std::function<std::variant<agent::protocol::Json, agent::protocol::Later>()>& action)
+protocol::Outcome attempt(const std::function<std::variant<base::SortedJson, protocol::Later>()>& action)
 {
-    using protocol::ToolResult;
     try {
-        std::variant<agent::protocol::Json, agent::protocol::Later> found = action();
-        if (const agent::protocol::Later* const later = std::get_if<agent::protocol::Later>(&found)) {
+        std::variant<base::SortedJson, protocol::Later> found = action();
+        if (const protocol::Later* const later = std::get_if<protocol::Later>(&found)) {
             return *later;
         }
-        return agent::protocol::ToolResult{.value = std::get<agent::protocol::Json>(std::move(found))};
+        return protocol::ToolResult{.value = std::get<base::SortedJson>(std::move(found))};
     } catch (...) {
-        return agent::protocol::ToolResult{.value = nullptr, .refusal = failureInWords()};
+        return protocol::ToolResult{.value = nullptr, .refusal = failureInWords()};
     }
 }
 

@@ -1,6 +1,7 @@
 #include "agent/question_json.hpp"
 
 #include "agent/attempt.hpp"
+#include "agent/record_schema.hpp"
 
 #include <nlohmann/json.hpp>
 #include <quillmere/records/json/json_encoder.hpp>
@@ -9,62 +10,69 @@
 #include <optional>
 
 namespace quillmere::agent {
+namespace {
+
+/// Describes what `questionJson` makes of the members of a question, and its status.
+base::SortedJson makeQuestionSchema()
+{
+    base::SortedJson schema =
+        recordSchema<AgentQuestion>({.identifier = {{"type", "string"}},
+                                     .instant = {{"type", "string"}, {"description", "UTC (RFC 3339)."}}});
+    base::SortedJson& properties = schema.at("properties");
+    for (const char* const key : {"answer", "answered_at"}) {
+        properties.at(key) = orNull(properties.at(key));
+        schema.at("required").push_back(key);
+    }
+    properties.at("answer")["description"] =
+        "In the person's own words; may be empty. null while the question is open, or when it was closed "
+        "without one.";
+    properties["status"] = {{"enum", {"open", "answered"}}};
+    schema.at("required").push_back("status");
+    return schema;
+}
+
+}  // namespace
 
 const AgentQuestion& questionIn(const QuillmereState& state, const std::string& idText)
 {
     const std::optional<Identifier> id = Identifier::fromText(idText);
     if (!id) {
-        throw Refusal("That is no id of a question. Take the one that ask_question or list_questions gave.");
+        throw ToolRefusal(
+            "That is no id of a question. Take the one that ask_question or list_questions gave.");
     }
     const auto found = std::find_if(state.agentQuestions.begin(), state.agentQuestions.end(),
                                     [&](const AgentQuestion& question) { return question.id == *id; });
     if (found == state.agentQuestions.end()) {
-        throw Refusal("There is no question with this id. list_questions has all that were asked.");
+        throw ToolRefusal("There is no question with this id. list_questions has all that were asked.");
     }
     return *found;
 }
 
-agent::protocol::Json questionJson(const AgentQuestion& question)
+base::SortedJson questionJson(const AgentQuestion& question)
 {
-    agent::protocol::Json json =
-        agent::protocol::Json::parse(JsonEncoder(JsonLayout::compact).encode(question).view());
-    json["status"] = question.answeredAt ? "answered" : "open";
+    base::SortedJson json = base::SortedJson::parse(JsonEncoder(JsonLayout::compact).encode(question).view());
+    json["status"] = question.isOpen() ? "open" : "answered";
     json.emplace("answered_at", nullptr);
-    if (!question.answeredAt || !question.answer) {
+    if (question.isOpen() || !question.answer) {
         json["answer"] = nullptr;
     }
     return json;
 }
 
-agent::protocol::Json questionsJson(const QuillmereState& state, bool openOnly)
+base::SortedJson questionsJson(const QuillmereState& state, bool openOnly)
 {
-    agent::protocol::Json list = agent::protocol::Json::array();
+    base::SortedJson list = base::SortedJson::array();
     for (const AgentQuestion& question : state.agentQuestions) {
-        if (!(openOnly && question.answeredAt)) {
+        if (!openOnly || question.isOpen()) {
             list.push_back(questionJson(question));
         }
     }
     return list;
 }
 
-const agent::protocol::Json& questionSchema()
+const base::SortedJson& questionSchema()
 {
-    static const agent::protocol::Json schema = agent::protocol::Json::parse(R"json({
-        "type": "object",
-        "additionalProperties": false,
-        "required": ["id", "question", "created_at", "status", "answer", "answered_at"],
-        "properties": {
-            "id": {"type": "string"},
-            "question": {"type": "string"},
-            "created_at": {"type": "string", "description": "UTC (RFC 3339)."},
-            "status": {"enum": ["open", "answered"]},
-            "answer": {
-                "type": ["string", "null"],
-                "description": "In the person's own words; may be empty. null while the question is open, or when it was closed without one."
-            },
-            "answered_at": {"type": ["string", "null"], "description": "UTC (RFC 3339)."}
-        }
-    })json");
+    static const base::SortedJson schema = makeQuestionSchema();
     return schema;
 }
 

@@ -1,4 +1,4 @@
-// Questions with their answers, as an agent reads them.
+// Questions and their answers as JSON for an agent.
 #pragma once
 
 #include "agent/protocol/offer.hpp"
@@ -9,18 +9,16 @@
 
 namespace quillmere::agent {
 
-using protocol::Json;
-
-/// The question with an id; throws Refusal when there is none, or when that is no id. Valid as long as the
-/// state.
+/// The question with an id. Throws ToolRefusal when the text is no id or no question has it. Valid as long as
+/// the state.
 const AgentQuestion& questionIn(const QuillmereState& state, const std::string& id);
 
-/// The members of the file, always all of them, and the `status`: "open" or "answered". What an open question
-/// has for an answer, as no program here writes it, is none yet.
-agent::protocol::Json questionJson(const AgentQuestion& question);
-agent::protocol::Json questionsJson(const QuillmereState& state, bool openOnly);
+/// The members of a question as the files have them, with null for an absent one, and its `status`: "open" or
+/// "answered". The answer of an open question is null, also when another program has written one.
+base::SortedJson questionJson(const AgentQuestion& question);
+base::SortedJson questionsJson(const QuillmereState& state, bool openOnly);
 
-/// The JSON Schema (2020-12) of one of them.
-const agent::protocol::Json& questionSchema();
+/// The JSON Schema (2020-12) of a question.
+const base::SortedJson& questionSchema();
 
 }  // namespace quillmere::agent

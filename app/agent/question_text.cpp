@@ -11,7 +11,7 @@
 namespace quillmere::agent {
 namespace {
 
-/// Hands out well-formed text: each character with the place and the number of its bytes.
+/// Calls `visit` for each code point of well-formed text, with its offset and its length in bytes.
 template <class Visit>
 void forEachCodePoint(std::string_view text, Visit visit)
 {
@@ -42,7 +42,7 @@ bool isForbiddenControl(ucs4_t code)
     return (code < 0x20 && code != '\n' && code != '\t') || (code >= 0x7F && code < 0xA0);
 }
 
-/// Marks that only combine and characters that only say how others are shown leave nothing to read.
+/// False for combining marks, white space, and characters that only change how others are shown.
 bool canBeSeen(ucs4_t code)
 {
     return uc_width(code, "UTF-8") > 0 && !uc_is_property_white_space(code) &&
@@ -58,17 +58,17 @@ std::string askable(std::string_view question)
     bool saysSomething = false;
     forEachCodePoint(text, [&](ucs4_t code, std::size_t, std::size_t) {
         if (isForbiddenControl(code)) {
-            throw Refusal("The question has a control character. Only line feeds and tabs are allowed.");
+            throw ToolRefusal("The question has a control character. Only line feeds and tabs are allowed.");
         }
         saysSomething = saysSomething || canBeSeen(code);
         ++count;
     });
     if (!saysSomething) {
-        throw Refusal("The question is empty. Say in a sentence or two what the person should decide.");
+        throw ToolRefusal("The question is empty. Say in a sentence or two what the person should decide.");
     }
     if (count > mostCharacters) {
-        throw Refusal("The question has " + std::to_string(count) + " characters, and " +
-                      std::to_string(mostCharacters) + " are the most. Ask it in fewer words.");
+        throw ToolRefusal("The question has " + std::to_string(count) + " characters, and " +
+                          std::to_string(mostCharacters) + " are the most. Ask it in fewer words.");
     }
     return std::string(text);
 }

@@ -14,20 +14,16 @@
 namespace quillmere::agent {
 namespace {
 
-using protocol::Call;
-using protocol::Hints;
-using protocol::Tool;
-
-constexpr agent::protocol::Hints looks{
+constexpr protocol::Hints looks{
     .readOnly = true, .destructive = false, .idempotent = true, .openWorld = false};
-constexpr agent::protocol::Hints adds{
+constexpr protocol::Hints adds{
     .readOnly = false, .destructive = false, .idempotent = false, .openWorld = false};
 
-// What calls take ---------------------------------------------------------------------------------------
+// Input schemas -----------------------------------------------------------------------------------------
 
-constexpr const char* nothing = R"json({"type": "object", "additionalProperties": false})json";
+constexpr const char* noArguments = R"json({"type": "object", "additionalProperties": false})json";
 
-constexpr const char* aText = R"json({
+constexpr const char* questionArgument = R"json({
     "type": "object",
     "additionalProperties": false,
     "required": ["question"],
@@ -39,14 +35,14 @@ constexpr const char* aText = R"json({
     }
 })json";
 
-constexpr const char* anId = R"json({
+constexpr const char* idArgument = R"json({
     "type": "object",
     "additionalProperties": false,
     "required": ["id"],
     "properties": {"id": {"type": "string", "description": "What ask_question returned."}}
 })json";
 
-constexpr const char* anIdAndATime = R"json({
+constexpr const char* waitArguments = R"json({
     "type": "object",
     "additionalProperties": false,
     "required": ["id"],
@@ -59,7 +55,7 @@ constexpr const char* anIdAndATime = R"json({
     }
 })json";
 
-constexpr const char* aSelection = R"json({
+constexpr const char* listArgument = R"json({
     "type": "object",
     "additionalProperties": false,
     "properties": {
@@ -70,9 +66,9 @@ constexpr const char* aSelection = R"json({
     }
 })json";
 
-// What they return, where it is nothing that has a form of its own ----------------------------------------
+// Output schemas ------------------------------------------------------------------------------------------
 
-constexpr const char* anIdAndWhetherToInterrupt = R"json({
+constexpr const char* askedQuestion = R"json({
     "type": "object",
     "additionalProperties": false,
     "required": ["id", "interruptible"],
@@ -85,30 +81,27 @@ constexpr const char* anIdAndWhetherToInterrupt = R"json({
     }
 })json";
 
-agent::protocol::Json listOfQuestions()
+base::SortedJson listOfQuestions()
 {
     return {{"type", "object"},
             {"additionalProperties", false},
-            {"required", agent::protocol::Json::array({"questions"})},
+            {"required", base::SortedJson::array({"questions"})},
             {"properties", {{"questions", {{"type", "array"}, {"items", questionSchema()}}}}}};
 }
 
 // The tools -----------------------------------------------------------------------------------------------
 
-using Begin =
-    std::function<agent::protocol::Call(const agent::protocol::Json& arguments, agent::protocol::Moment now)>;
+using Begin = std::function<protocol::Call(const base::SortedJson& arguments, protocol::Moment now)>;
 
-/// For calls that have their result at once.
-Begin atOnce(std::function<agent::protocol::Json(const agent::protocol::Json& arguments)> action)
+/// Begins a call that has its result at once.
+Begin atOnce(std::function<base::SortedJson(const base::SortedJson& arguments)> action)
 {
-    return [action = std::move(action)](const agent::protocol::Json& arguments, agent::protocol::Moment) {
-        return [action, arguments](agent::protocol::Moment) {
-            return attempt([&] { return action(arguments); });
-        };
+    return [action = std::move(action)](const base::SortedJson& arguments, protocol::Moment) {
+        return [action, arguments](protocol::Moment) { return attempt([&] { return action(arguments); }); };
     };
 }
 
-agent::protocol::Tool focusState(const workspace::Workspace& workspace)
+protocol::Tool focusState(const workspace::Workspace& workspace)
 {
     return {
         .name = "get_focus_state",
@@ -119,18 +112,17 @@ agent::protocol::Tool focusState(const workspace::Workspace& workspace)
             "interruptible is false only while a focus session runs: then leave the person alone, "
             "and use ask_question for what can wait. Look again before each interruption; the "
             "answer is true at the moment of the call only.",
-        .inputSchema = agent::protocol::Json::parse(nothing),
+        .inputSchema = base::SortedJson::parse(noArguments),
         .outputSchema = summarySchema(),
         .hints = looks,
-        .begin = atOnce([workspace](const agent::protocol::Json&) {
-            return agent::protocol::Json::parse(summaryText(workspace));
-        }),
+        .begin = atOnce(
+            [workspace](const base::SortedJson&) { return base::SortedJson::parse(summaryText(workspace)); }),
     };
 }
 
-agent::protocol::Tool askQuestion(const workspace::Workspace& workspace)
+protocol::Tool askQuestion(const workspace::Workspace& workspace)
 {
-    const auto begin = [workspace](const agent::protocol::Json& arguments, agent::protocol::Moment now) {
+    const auto begin = [workspace](const base::SortedJson& arguments, protocol::Moment now) {
         return askThePerson(workspace, arguments.at("question"), now);
     };
     return {
@@ -147,14 +139,14 @@ agent::protocol::Tool askQuestion(const workspace::Workspace& workspace)
             " questions a minute and " + std::to_string(mostOpen) +
             " without an answer, of all agents together. A question cannot be taken back, and "
             "calling again asks again.",
-        .inputSchema = agent::protocol::Json::parse(aText),
-        .outputSchema = agent::protocol::Json::parse(anIdAndWhetherToInterrupt),
+        .inputSchema = base::SortedJson::parse(questionArgument),
+        .outputSchema = base::SortedJson::parse(askedQuestion),
         .hints = adds,
         .begin = begin,
     };
 }
 
-agent::protocol::Tool getAnswer(const workspace::Workspace& workspace)
+protocol::Tool getAnswer(const workspace::Workspace& workspace)
 {
     return {
         .name = "get_answer",
@@ -163,10 +155,10 @@ agent::protocol::Tool getAnswer(const workspace::Workspace& workspace)
             "The answer to a question, if there is one yet: status is open or answered. "
             "get_focus_state lists open questions only, so this is where answers are. Returns at "
             "once; use wait_for_answer rather than calling this again and again.",
-        .inputSchema = agent::protocol::Json::parse(anId),
+        .inputSchema = base::SortedJson::parse(idArgument),
         .outputSchema = questionSchema(),
         .hints = looks,
-        .begin = atOnce([workspace](const agent::protocol::Json& arguments) {
+        .begin = atOnce([workspace](const base::SortedJson& arguments) {
             const QuillmereState state = workspace.look().state;
             return questionJson(questionIn(state, arguments.at("id")));
         }),
@@ -175,16 +167,15 @@ agent::protocol::Tool getAnswer(const workspace::Workspace& workspace)
 
 Begin beginWaiting(const workspace::Workspace& workspace, AnswerWatch& watch, int usualSeconds)
 {
-    return [workspace, &watch, usualSeconds](const agent::protocol::Json& arguments,
-                                             agent::protocol::Moment now) {
+    return [workspace, &watch, usualSeconds](const base::SortedJson& arguments, protocol::Moment now) {
         const std::chrono::seconds longest(arguments.value("timeout_seconds", usualSeconds));
         return waitForAnswer(workspace, watch, arguments.at("id"), now + longest);
     };
 }
 
-agent::protocol::Tool waitForAnswer(const workspace::Workspace& workspace, AnswerWatch& watch)
+protocol::Tool waitForAnswer(const workspace::Workspace& workspace, AnswerWatch& watch)
 {
-    const agent::protocol::Json input = agent::protocol::Json::parse(anIdAndATime);
+    const base::SortedJson input = base::SortedJson::parse(waitArguments);
     return {
         .name = "wait_for_answer",
         .title = "Wait for an answer",
@@ -200,7 +191,7 @@ agent::protocol::Tool waitForAnswer(const workspace::Workspace& workspace, Answe
     };
 }
 
-agent::protocol::Tool listQuestions(const workspace::Workspace& workspace)
+protocol::Tool listQuestions(const workspace::Workspace& workspace)
 {
     return {
         .name = "list_questions",
@@ -209,10 +200,10 @@ agent::protocol::Tool listQuestions(const workspace::Workspace& workspace)
             "The questions that wait for an answer, by whatever agent or by the person, in order of "
             "asking; with open_only false those that have one too. Look here before you ask what may "
             "have been asked already, or when you have lost an id.",
-        .inputSchema = agent::protocol::Json::parse(aSelection),
+        .inputSchema = base::SortedJson::parse(listArgument),
         .outputSchema = listOfQuestions(),
         .hints = looks,
-        .begin = atOnce([workspace](const agent::protocol::Json& arguments) -> Json {
+        .begin = atOnce([workspace](const base::SortedJson& arguments) -> base::SortedJson {
             const QuillmereState state = workspace.look().state;
             return {{"questions", questionsJson(state, arguments.value("open_only", true))}};
         }),
@@ -221,7 +212,7 @@ agent::protocol::Tool listQuestions(const workspace::Workspace& workspace)
 
 }  // namespace
 
-std::vector<agent::protocol::Tool> tools(const workspace::Workspace& workspace, AnswerWatch& watch)
+std::vector<protocol::Tool> tools(const workspace::Workspace& workspace, AnswerWatch& watch)
 {
     return {focusState(workspace), askQuestion(workspace), getAnswer(workspace),
             waitForAnswer(workspace, watch), listQuestions(workspace)};

@@ -1,4 +1,4 @@
-// What an agent may do: look, ask, and wait for answers. Nothing here starts, pauses, ends or changes work.
+// The tools of an agent: look, ask, and wait for answers. None of them starts, pauses, ends or changes work.
 #pragma once
 
 #include "agent/answer_watch.hpp"
@@ -9,7 +9,7 @@
 
 namespace quillmere::agent {
 
-/// The tools, in the order in which they are listed. `watch` must outlive them.
+/// The tools in the order of their list. `watch` must outlive them.
 std::vector<protocol::Tool> tools(const workspace::Workspace& workspace, AnswerWatch& watch);
 
 }  // namespace quillmere::agent

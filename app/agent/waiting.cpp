@@ -18,13 +18,12 @@ constexpr auto longestUnreadable = 1s;
 
 }  // namespace
 
-agent::protocol::Call waitForAnswer(const workspace::Workspace& workspace, AnswerWatch& watch,
-                                    const std::string& id, agent::protocol::Moment deadline)
+protocol::Call waitForAnswer(const workspace::Workspace& workspace, AnswerWatch& watch, const std::string& id,
+                             protocol::Moment deadline)
 {
-    std::optional<agent::protocol::Moment> unreadableSince;
-    auto look = [=, &watch](agent::protocol::Moment now) mutable
-        -> std::variant<agent::protocol::Json, agent::protocol::Later> {
-        // Before the look, so that no answer falls between the two.
+    std::optional<protocol::Moment> unreadableSince;
+    auto look = [=, &watch](protocol::Moment now) mutable -> std::variant<base::SortedJson, protocol::Later> {
+        // Before the reading, so that no answer is missed between the two.
         watch.require();
         std::optional<QuillmereState> state;
         try {
@@ -34,18 +33,17 @@ agent::protocol::Call waitForAnswer(const workspace::Workspace& workspace, Answe
             if (now >= std::min(deadline, *unreadableSince + longestUnreadable)) {
                 throw;
             }
-            return agent::protocol::Later{std::min(deadline, now + pauseBetweenLooks)};
+            return protocol::Later{std::min(deadline, now + pauseBetweenLooks)};
         }
         unreadableSince.reset();
         const AgentQuestion& question = questionIn(*state, id);
-        if (!question.answeredAt && now < deadline) {
-            return agent::protocol::Later{deadline};
+        if (question.isOpen() && now < deadline) {
+            return protocol::Later{deadline};
         }
         return questionJson(question);
     };
-    return [look = std::move(look)](agent::protocol::Moment now) mutable {
-        return attempt([&] { return look(now); });
-    };
+    return
+        [look = std::move(look)](protocol::Moment now) mutable { return attempt([&] { return look(now); }); };
 }
 
 }  // namespace quillmere::agent

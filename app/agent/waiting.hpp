@@ -1,4 +1,4 @@
-// How an agent waits for what the person has to say.
+// Waiting for an answer of the person.
 #pragma once
 
 #include "agent/answer_watch.hpp"
@@ -9,9 +9,10 @@
 
 namespace quillmere::agent {
 
-/// Returns a question as soon as it has an answer, or as it is at the deadline. A state that cannot be read
-/// is looked at again for a second: somebody may be writing it in place. `watch` must outlive the call.
-agent::protocol::Call waitForAnswer(const workspace::Workspace& workspace, AnswerWatch& watch,
-                                    const std::string& id, agent::protocol::Moment deadline);
+/// A call whose result is the question: as soon as it has an answer, or at the deadline. Tries for a second
+/// to read a state that cannot be read, because another program may be writing it in place. `watch` must
+/// outlive the call.
+protocol::Call waitForAnswer(const workspace::Workspace& workspace, AnswerWatch& watch, const std::string& id,
+                             protocol::Moment deadline);
 
 }  // namespace quillmere::agent

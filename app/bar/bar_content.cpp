@@ -5,18 +5,17 @@
 #include "work/countdown.hpp"
 
 #include <cmath>
-#include <nlohmann/json.hpp>
 
 namespace quillmere::bar {
 namespace {
 
-/// A tooltip has more room than a bar, and no scroll bar.
+/// The limit of each line of a tooltip, which has more room than a bar but cannot be scrolled.
 constexpr std::size_t tooltipWidth = 100;
 
 constexpr std::string_view separator = " \u00B7 ";
 
-/// Of a long text no more is looked at than can be shown; from twice as many bytes, as of a line break of two
-/// bytes one is left.
+/// Sanitized and cut. Reads no more of a long text than can be shown: twice as many bytes, because a line
+/// break of two bytes becomes one space.
 std::string cut(std::string_view text, std::size_t width)
 {
     return base::cutToColumns(base::sanitized(text.substr(0, 2 * (width + 1) * base::mostBytesPerColumn)),
@@ -44,14 +43,14 @@ std::string questionsInWords(std::int64_t count)
     return std::to_string(count) + (count == 1 ? " question" : " questions");
 }
 
-/// The phase and the time: "Focus 15:00 paused".
+/// "Focus 15:00 paused".
 std::string shortLine(const WidgetSnapshot& summary, std::optional<std::int64_t> remaining)
 {
     const std::string name(title(summary.phase));
     return remaining ? name + " " + timeInWords(summary, *remaining) : name;
 }
 
-/// The text of a person comes last: whatever its direction, it cannot reorder what stands before it.
+/// The person's own text comes last, so that text of another direction cannot reorder the rest.
 std::string fullLine(const WidgetSnapshot& summary, std::optional<std::int64_t> remaining, std::size_t width)
 {
     std::string line = shortLine(summary, remaining);
@@ -100,23 +99,23 @@ std::vector<std::string> classesOf(const WidgetSnapshot& summary, bool isOvertim
     return classes;
 }
 
-base::Json factsOf(const WidgetSnapshot& summary, std::optional<std::int64_t> remaining)
+BarFacts factsOf(const WidgetSnapshot& summary, std::optional<std::int64_t> remaining)
 {
-    base::Json questions = base::Json::array();
+    std::vector<std::string> questions;
     for (const std::string& question : summary.openQuestions) {
         questions.push_back(cut(question, tooltipWidth));
     }
     return {
-        {"title", title(summary.phase)},
-        {"caption", QuillmereDesign::caption(summary)},
-        {"remaining_seconds", remaining ? base::Json(*remaining) : base::Json()},
-        {"time_text", remaining ? base::Json(QuillmereDesign::timeText(*remaining)) : base::Json()},
-        {"intended_outcome", cut(summary.intendedOutcome, tooltipWidth)},
-        {"first_action", cut(summary.firstAction, tooltipWidth)},
-        {"open_question_count", summary.openQuestionCount},
-        {"open_questions", questions},
-        {"link", url(summary.route)},
-        {"updated_at", base::instantJson(summary.updatedAt)},
+        .title = std::string(title(summary.phase)),
+        .caption = QuillmereDesign::caption(summary),
+        .remainingSeconds = remaining,
+        .timeText = remaining ? QuillmereDesign::timeText(*remaining) : "",
+        .intendedOutcome = cut(summary.intendedOutcome, tooltipWidth),
+        .firstAction = cut(summary.firstAction, tooltipWidth),
+        .openQuestionCount = summary.openQuestionCount,
+        .openQuestions = questions,
+        .link = std::string(url(summary.route)),
+        .updatedAt = summary.updatedAt,
     };
 }
 
@@ -136,6 +135,7 @@ BarContent barContent(const WidgetSnapshot& summary, Instant now, std::size_t wi
         .isOvertime = isOvertime,
         .percentage = std::nullopt,
         .facts = factsOf(summary, remaining),
+        .error = {},
     };
     if (const std::optional<double> progress = summary.sessionProgress(now)) {
         content.percentage = std::lround(*progress * 100);
@@ -155,7 +155,8 @@ BarContent barContentOfFailure(const std::string& message, std::size_t width)
         .accent = QuillmereDesign::Accent::neutral,
         .isOvertime = false,
         .percentage = std::nullopt,
-        .facts = {{"error", cut(message, tooltipWidth)}},
+        .facts = std::nullopt,
+        .error = cut(message, tooltipWidth),
     };
 }
 

@@ -1,11 +1,7 @@
-// What a status bar shows of the widget's summary, before it is put into the form of some bar.
+// The content of a status bar, before it takes the form of some bar.
 #pragma once
 
-#include "base/json.hpp"
-
 #include <quillmere/widget/design.hpp>
-
-#include <nlohmann/json.hpp>
 
 #include <cstddef>
 #include <cstdint>
@@ -15,26 +11,41 @@
 
 namespace quillmere::bar {
 
-/// The columns that the line takes at most, unless the person says otherwise.
+/// The default width of the line, in columns.
 inline constexpr std::size_t usualBarWidth = 60;
 
-/// Every text is sanitized and cut to its width, and what a bar would obey in it is still to be escaped.
+/// What a program may want to know besides the line. Texts are sanitized and cut.
+struct BarFacts {
+    std::string title;
+    std::string caption;
+    std::optional<std::int64_t> remainingSeconds;
+    std::string timeText;  ///< of the remaining seconds; empty without them
+    std::string intendedOutcome;
+    std::string firstAction;
+    std::int64_t openQuestionCount;
+    std::vector<std::string> openQuestions;  ///< the first few of them
+    std::string link;
+    Instant updatedAt;
+};
+
+/// Texts are sanitized and cut to their width, but not yet escaped for a bar.
 struct BarContent {
     std::string text;                  ///< the line
     std::string shortText;             ///< for bars with little room: the phase and the time
-    std::vector<std::string> details;  ///< for a tooltip, line by line
-    std::string alternative;           ///< one word of a fixed set, by which a bar chooses an icon
+    std::vector<std::string> details;  ///< the lines of a tooltip
+    std::string alternative;           ///< a word of a fixed set, by which a bar chooses an icon
     std::vector<std::string> classes;  ///< words of a fixed set, by which a bar chooses a look
     QuillmereDesign::Accent accent;
     bool isOvertime;
-    std::optional<std::int64_t> percentage;  ///< how much of a countdown is over, 0 to 100
-    base::Json facts;                        ///< an object: what programs may want besides
+    std::optional<std::int64_t> percentage;  ///< of a countdown that is used up, 0 to 100
+    std::optional<BarFacts> facts;           ///< absent without a summary
+    std::string error;                       ///< why there is no summary; empty with one
 };
 
-/// What is shown at an instant. A countdown goes on by its dates; a paused one stands still.
+/// The content for a summary at an instant. A countdown goes on by its dates; a paused one stands still.
 BarContent barContent(const WidgetSnapshot& summary, Instant now, std::size_t width);
 
-/// What is shown when there is no summary to show: why.
+/// The content for a summary that cannot be read.
 BarContent barContentOfFailure(const std::string& message, std::size_t width);
 
 }  // namespace quillmere::bar

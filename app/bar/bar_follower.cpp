@@ -39,7 +39,7 @@ public:
           clock_(clock),
           lines_(lines),
           output_(output),
-          // Before the first look, so that no change falls between the two.
+          // Before the first reading, so that no change is missed between the two.
           watch_(workspace.widgetPlace()),
           begin_(workspace.now()),
           nextReading_(begin_),
@@ -47,7 +47,7 @@ public:
     {
     }
 
-    /// Line after line, each made when there is room for it: a slow reader gets what is true by then.
+    /// Makes each line only when there is room for it, so that a slow reader gets no outdated lines.
     void run()
     {
         while (awaitRoom()) {
@@ -67,14 +67,15 @@ private:
     BarReading read() const
     {
         try {
-            // The instant is that of the summary of somebody who has none, which is the same each time.
+            // Without a file, the summary is empty as of this instant. It is always the same one, so that
+            // two such readings are equal.
             return {.summary = workspace_.widgetSnapshot(begin_), .failure = {}};
         } catch (const base::Refusal& error) {
             return {.summary = std::nullopt, .failure = error.what()};
         }
     }
 
-    /// Whether there is another reading than before.
+    /// Reads when it is time; whether the reading has changed.
     bool readIfDue(Instant now)
     {
         const bool changed = watch_.takeChanges();
@@ -155,8 +156,8 @@ private:
     Instant nextReading_;
     Instant nextLine_;
     BarReading reading_;
-    std::string written_;    ///< what was last to be written
-    std::string unwritten_;  ///< what of it is not yet
+    std::string written_;    ///< the last lines
+    std::string unwritten_;  ///< the part of them that is not written yet
     bool isOver_ = false;
 };
 
@@ -164,7 +165,7 @@ private:
 
 void followBar(const workspace::Workspace& workspace, const Clock& clock, const BarLines& lines, int output)
 {
-    // Otherwise what is opened here would get its number.
+    // The number of a closed output would otherwise go to a descriptor that is opened here.
     if (::fcntl(output, F_GETFD) == -1) {
         failToWrite(errno);
     }

@@ -1,4 +1,4 @@
-// A line for a bar whenever there is something else to show.
+// The loop of `quillmere bar --follow`.
 #pragma once
 
 #include "workspace/workspace.hpp"
@@ -9,7 +9,7 @@
 
 namespace quillmere::bar {
 
-/// What came of a look at the widget's summary: itself, or else why not.
+/// The widget's summary, or why it cannot be read.
 struct BarReading {
     std::optional<WidgetSnapshot> summary;
     std::string failure;
@@ -17,14 +17,14 @@ struct BarReading {
     friend bool operator==(const BarReading&, const BarReading&) = default;
 };
 
-/// The lines for a reading, as they are at an instant, line ends included.
+/// Makes the lines for a reading at an instant, with line ends.
 using BarLines = std::function<std::string(const BarReading& reading, Instant now)>;
 
-/// Writes lines to a descriptor: at once, whenever the summary changes, and each second in which the lines
-/// change by themselves. Sleeps in between. The file is watched, and is read again by itself only when the
-/// widget's timeline says so. Returns on SIGTERM, on SIGINT and when nobody reads any more, also while it
-/// sleeps or waits for a slow reader. A summary that cannot be read is a line, not an end. Throws
-/// `std::system_error` when nothing can be watched or written.
+/// Writes lines to a descriptor: at once, whenever the summary changes, and each second while a countdown
+/// runs. Sleeps in between. Reads the file only when it has changed or the widget's timeline says so. Returns
+/// on SIGTERM, on SIGINT and when the reader is gone, also while it sleeps or waits for a slow reader. A
+/// summary that cannot be read becomes a line, and following goes on. Throws `std::system_error` when the
+/// directory cannot be watched or the output cannot be written.
 void followBar(const workspace::Workspace& workspace, const Clock& clock, const BarLines& lines, int output);
 
 }  // namespace quillmere::bar

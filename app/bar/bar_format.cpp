@@ -11,7 +11,7 @@
 namespace quillmere::bar {
 namespace {
 
-/// A part of a text that a bar would obey, and what it shows as that part.
+/// A part of a text that a bar would take for a command, and what stands for it.
 struct BarEscape {
     std::string_view part;
     std::string_view shown;
@@ -40,7 +40,7 @@ std::string escaped(std::string_view text, const std::array<BarEscape, count>& e
     return result;
 }
 
-/// Bars are dark, most of them. A phase with the neutral accent keeps the colour of the bar.
+/// Most bars are dark. Empty for the neutral accent: the bar keeps its own colour.
 std::string_view colourForI3(QuillmereDesign::Accent accent)
 {
     return accent == QuillmereDesign::Accent::neutral ? "" : base::coloursOf(accent).dark;
@@ -62,26 +62,48 @@ std::string waybarLine(const BarContent& content)
            '\n';
 }
 
-std::string barAsJson(const BarContent& content)
+template <class Value>
+base::Json jsonOf(const std::optional<Value>& value)
+{
+    return value ? base::Json(*value) : base::Json();
+}
+
+base::Json jsonOfFacts(const BarFacts& facts)
+{
+    return {
+        {"title", facts.title},
+        {"caption", facts.caption},
+        {"remaining_seconds", jsonOf(facts.remainingSeconds)},
+        {"time_text", facts.remainingSeconds ? base::Json(facts.timeText) : base::Json()},
+        {"intended_outcome", facts.intendedOutcome},
+        {"first_action", facts.firstAction},
+        {"open_question_count", facts.openQuestionCount},
+        {"open_questions", facts.openQuestions},
+        {"link", facts.link},
+        {"updated_at", base::instantJson(facts.updatedAt)},
+    };
+}
+
+std::string jsonLine(const BarContent& content)
 {
     base::Json line = {
         {"text", content.text},
         {"short_text", content.shortText},
         {"phase", content.alternative},
         {"classes", content.classes},
-        {"percentage", content.percentage ? base::Json(*content.percentage) : base::Json()},
+        {"percentage", jsonOf(content.percentage)},
     };
-    line.update(content.facts);
+    line.update(content.facts ? jsonOfFacts(*content.facts) : base::Json{{"error", content.error}});
     return base::jsonLine(line) + '\n';
 }
 
-/// i3blocks 1.5 reads a line into 1,024 bytes, and takes the rest for the next one.
+/// i3blocks 1.5 reads a line into 1,024 bytes and takes the rest for the next line.
 constexpr std::size_t mostBytesForI3 = 900;
 
 std::string i3blocksLines(const BarContent& content, BarPace pace)
 {
     std::string lines = base::cutToBytes(content.text, mostBytesForI3) + '\n';
-    // Each line of a run that stays is a text by itself.
+    // From a run that stays, i3blocks takes each line for a new text.
     if (pace == BarPace::once) {
         lines.append(content.shortText).append("\n");
         if (const std::string_view colour = colourForI3(content.accent); !colour.empty()) {
@@ -107,7 +129,7 @@ std::string barText(BarFormat format, const BarContent& content, BarPace pace)
         case BarFormat::text: return content.text + '\n';
         case BarFormat::json: break;
     }
-    return barAsJson(content);
+    return jsonLine(content);
 }
 
 }  // namespace quillmere::bar

@@ -1,4 +1,4 @@
-// The forms in which status bars take their lines, and what each of them would obey in a text.
+// The line formats of the status bars, and their escaping.
 #pragma once
 
 #include "bar/bar_content.hpp"
@@ -12,11 +12,11 @@ namespace quillmere::bar {
 
 enum class BarFormat { waybar, i3blocks, polybar, tmux, text, json };
 
-/// How often a bar is given content: by one run each time, or by one run that stays.
+/// Whether a run prints once and ends, or stays and prints at each change.
 enum class BarPace { once, following };
 
-/// The content in the form of a bar, line ends included. One line each, but for i3blocks, which takes three
-/// from a run that ends: the text, the short text and, where the phase has one, a colour.
+/// The content in the format of a bar, with line ends. One line; for i3blocks, a run that ends prints up to
+/// three: the text, the short text and, unless the accent is neutral, a colour.
 std::string barText(BarFormat format, const BarContent& content, BarPace pace);
 
 // These take sanitized text and return text that the bar shows as it was.
@@ -24,10 +24,10 @@ std::string barText(BarFormat format, const BarContent& content, BarPace pace);
 /// For Pango markup, a subset of XML, in text and in attributes.
 std::string escapedForPango(std::string_view text);
 
-/// For a status line of tmux, where a doubled "#" is one to be shown.
+/// For the status line of tmux, which shows "##" as "#".
 std::string escapedForTmux(std::string_view text);
 
-/// For polybar, which knows no way to show a "%{": an invisible space (U+200B) stands between the two.
+/// For polybar, which cannot show "%{": an invisible space (U+200B) stands between the two characters.
 std::string escapedForPolybar(std::string_view text);
 
 }  // namespace quillmere::bar

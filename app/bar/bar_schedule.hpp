@@ -1,19 +1,18 @@
-// When a bar that stays has something else to show.
+// When `quillmere bar --follow` looks and prints again.
 #pragma once
 
 #include <quillmere/widget/widget_snapshot.hpp>
 
 namespace quillmere::bar {
 
-/// When the line that is right at `now` is no longer: at the next whole second while a figure in it moves,
-/// which it also does in overtime; otherwise not before `nextReading`.
+/// When the line of `now` is out of date: at the next whole second while a countdown runs, also in overtime;
+/// otherwise at `nextReading`.
 Instant nextBarLine(const WidgetSnapshot& summary, Instant now, Instant nextReading);
 
-/// When to read again a summary that was read at `now`, though no change of its file was noticed: as the
-/// widget's timeline has it.
+/// When to read the summary again although its file has not changed. Follows the widget's timeline.
 Instant nextBarReading(const WidgetSnapshot& summary, Instant now);
 
-/// The same where there was none to read. Some repairs, such as of permissions, cannot be noticed.
+/// When to try again after a failure. Not every repair, for example of permissions, can be noticed.
 Instant nextBarReadingAfterFailure(Instant now);
 
 }  // namespace quillmere::bar

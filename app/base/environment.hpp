@@ -1,4 +1,4 @@
-// What surrounds a run of the program: handed in, so that a run can be had anywhere.
+// Streams, clock and descriptors, injected so that tests and the tour can run commands in-process.
 #pragma once
 
 #include <quillmere/records/instant.hpp>
@@ -13,11 +13,11 @@ struct Environment {
     std::ostream& out;  ///< results
     std::ostream& err;  ///< messages
     Clock clock;
-    bool inputIsTerminal;   ///< someone is there to be asked
+    bool inputIsTerminal;   ///< questions can be asked
     bool outputIsTerminal;  ///< colour may be used
-    /// Where versions, drafts and notices are kept (XDG state home); empty: nowhere.
+    /// Versions, drafts and delivered notices are kept in it (XDG state home). Empty: they are not kept.
     std::filesystem::path stateHome = {};
-    // The descriptors of `in`, `out` and `err`, for what streams are not enough for; -1: there is none.
+    // The descriptors of `in`, `out` and `err`, for poll(2) and for child processes; -1: none.
     int input = -1;
     int output = -1;
     int error = -1;

@@ -1,4 +1,4 @@
-// JSON for programs, with its members in the order in which they were added.
+// JSON values.
 #pragma once
 
 #include <quillmere/records/instant.hpp>
@@ -10,15 +10,21 @@
 
 namespace quillmere::base {
 
+/// An object keeps its members in the order in which they were added, for output that a person may read too.
+/// A member is looked up by going through all before it, so this is not for objects from outside.
 using Json = nlohmann::ordered_json;
 
-/// On one line and in ASCII, so that a terminal obeys nothing in it. Ill-formed text is replaced.
-std::string jsonLine(const Json& json);
+/// An object has its members sorted by key. A look-up is fast also in an object with a million keys.
+using SortedJson = nlohmann::json;
 
-/// Parses a text that this program made; throws nlohmann's parse error for any other.
+/// On one line, without its end, and in ASCII, so that no terminal obeys a text. Ill-formed text is replaced.
+std::string jsonLine(const Json& json);
+std::string sortedJsonLine(const SortedJson& json);
+
+/// For texts that this program has written; throws nlohmann's parse error for anything else.
 Json parsedJson(std::string_view text);
 
-/// An instant as the files write it.
+/// "2026-01-31T09:15:00Z", as in the files.
 Json instantJson(Instant instant);
 
 }  // namespace quillmere::base

@@ -9,7 +9,7 @@
 
 namespace quillmere::base {
 
-/// A record as the files write it.
+/// A record as in the files.
 template <class Record>
 Json recordJson(const Record& record)
 {

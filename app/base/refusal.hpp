@@ -1,4 +1,4 @@
-// A refusal of the program itself, beside those of the library.
+// Refusals of the program itself; the library has its own.
 #pragma once
 
 #include <stdexcept>
@@ -6,15 +6,15 @@
 
 namespace quillmere::base {
 
-/// Thrown before anything is written, unless the thrower says otherwise. The message is for the person; the
-/// kind tells a surface how to go on, and the command line which exit code fits.
+/// Thrown before anything is written, unless the function that throws says otherwise. The message is for the
+/// user. The kind tells a surface how to continue, and the command line its exit code.
 class Refusal : public std::runtime_error {
 public:
     enum class Kind {
-        invalidRequest,  ///< the request cannot be meant as it stands
-        unusableData,    ///< a file does not hold what it should
-        fileError,       ///< the system refuses
-        busy,            ///< another program holds the directory; trying again helps
+        invalidRequest,  ///< the request contradicts itself or names something that does not exist
+        unusableData,    ///< a file has the wrong content
+        fileError,       ///< the system refused an operation
+        busy,            ///< another program holds the lock of the directory; retrying helps
     };
 
     Refusal(Kind kind, const std::string& message) : std::runtime_error(message), kind_(kind) {}

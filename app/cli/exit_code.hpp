@@ -1,23 +1,31 @@
-// How a run ends (sysexits.h where it has a code).
+// The exit codes of the program (sysexits.h where it has a code).
 #pragma once
+
+#include "base/refusal.hpp"
 
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace quillmere::cli {
 
 enum class ExitCode {
     done = 0,
     refused = 1,        ///< by the engine
-    usage = 2,          ///< the command line does not say what to do
-    urgent = 33,        ///< done, and the person should look: what i3blocks takes it for
-    unusableData = 65,  ///< a file that cannot be read as what it should be
+    usage = 2,          ///< the command line is wrong or incomplete
+    urgent = 33,        ///< done, and i3blocks is to mark its block as urgent
+    unusableData = 65,  ///< a file does not hold what it should
     outOfMemory = 71,
-    fileError = 74,  ///< the system refuses
-    lockBusy = 75,   ///< somebody else holds the directory; trying again helps
+    fileError = 74,  ///< the system refused to read or write
+    lockBusy = 75,   ///< another program holds the directory; trying again helps
 };
 
-/// An end other than `done`, with a message for the person.
+/// The name of a code in JSON: "lockBusy".
+std::string_view nameOf(ExitCode code);
+
+ExitCode exitCodeOf(base::Refusal::Kind kind);
+
+/// Ends the run with a code other than `done` and a message for the person.
 class ProgramError : public std::runtime_error {
 public:
     ProgramError(ExitCode code, const std::string& message) : std::runtime_error(message), code_(code) {}

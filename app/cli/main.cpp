@@ -10,13 +10,14 @@
 
 namespace {
 
-/// A standard channel that is closed would be the next file that is opened, which others then write to. It
-/// becomes one of a kind on which what is read or printed there fails as it did; messages are lost.
-void holdClosedChannels()
+/// Opens closed standard descriptors on /dev/null. Otherwise the next file that is opened would get the
+/// number of one, and output would be written into that file. Standard output becomes read-only, so that
+/// printing a result still fails; messages to standard error are lost.
+void reserveStandardDescriptors()
 {
-    for (const int channel : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-        if (::fcntl(channel, F_GETFD) == -1) {
-            ::open("/dev/null", channel == STDOUT_FILENO ? O_RDONLY : O_RDWR);
+    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (::fcntl(descriptor, F_GETFD) == -1) {
+            ::open("/dev/null", descriptor == STDOUT_FILENO ? O_RDONLY : O_RDWR);
         }
     }
 }
@@ -25,7 +26,7 @@ void holdClosedChannels()
 
 int main(int count, char** arguments)
 {
-    holdClosedChannels();
+    reserveStandardDescriptors();
     const auto wallClock = [] {
         const auto sinceEpoch = std::chrono::system_clock::now().time_since_epoch();
         return quillmere::Instant(std::chrono::duration<double>(sinceEpoch).count());

@@ -1,13 +1,14 @@
 #include "cli/program.hpp"
 
+#include "base/refusal.hpp"
 #include "base/text/sanitize.hpp"
-#include "cli/exit_code.hpp"
+#include "cli/json_output.hpp"
 #include "cli/status.hpp"
 #include "work/event_text.hpp"
 
-#include <nlohmann/json.hpp>
-
 #include <quillmere/engine/workflow_error.hpp>
+
+#include <nlohmann/json.hpp>
 
 #include <ostream>
 
@@ -20,38 +21,20 @@ workspace::Workspace Program::workspace() const
                : workspace::Workspace::ofThisUser(environment_.clock, environment_.stateHome);
 }
 
-workspace::Situation Program::apply(const workspace::Operation& operation)
-{
-    workspace::Situation situation = workspace().change(
-        [this](const std::vector<workspace::Event>& events) { reportEvents(events); }, operation);
-    isDone_ = true;
-    warn(situation.warning);
-    return situation;
-}
-
 void Program::change(std::string_view done, const workspace::Operation& operation)
 {
-    say(done, apply(operation));
+    printChange(done, apply(operation));
 }
 
-void Program::say(std::string_view done, const workspace::Situation& situation)
+void Program::restore(const workspace::Version& version)
 {
-    if (settings_.json) {
-        print({{"done", done}, {"events", eventsJson(events_)}, {"status", statusJson(situation)}});
-        return;
-    }
-    environment_.out << done << "\n\n";
-    printStatus(environment_.out, situation, style());
+    const workspace::Situation situation = workspace().restore(
+        version, [this](const std::vector<workspace::Event>& events) { reportEvents(events); });
+    isCarriedOut_ = true;
+    printChange("Version " + std::to_string(version.number) + " is restored.", situation);
 }
 
-void Program::bringBack(const workspace::Version& version)
-{
-    const workspace::Situation situation = workspace().bringBack(version);
-    isDone_ = true;
-    say("Version " + std::to_string(version.number) + " is back.", situation);
-}
-
-void Program::letTimePass() { apply(nullptr); }
+void Program::catchUp() { apply(nullptr); }
 
 bool Program::wouldAccept(const workspace::Operation& operation) const
 {
@@ -66,6 +49,27 @@ bool Program::wouldAccept(const workspace::Operation& operation) const
     } catch (const base::Refusal&) {
         return false;
     }
+}
+
+void Program::print(const base::Json& json) { printJson(environment_.out, json); }
+
+workspace::Situation Program::apply(const workspace::Operation& operation)
+{
+    workspace::Situation situation = workspace().change(
+        [this](const std::vector<workspace::Event>& events) { reportEvents(events); }, operation);
+    isCarriedOut_ = true;
+    warn(situation.warning);
+    return situation;
+}
+
+void Program::printChange(std::string_view done, const workspace::Situation& situation)
+{
+    if (settings_.json) {
+        print({{"done", done}, {"events", eventsJson(events_)}, {"status", statusJson(situation)}});
+        return;
+    }
+    environment_.out << done << "\n\n";
+    printStatus(environment_.out, situation, style());
 }
 
 void Program::warn(const std::string& warning)
@@ -85,22 +89,6 @@ void Program::reportEvents(const std::vector<workspace::Event>& events)
             environment_.err << work::eventText(event, environment_.clock()) << '\n';
         }
     }
-}
-
-void Program::print(const base::Json& json)
-{
-    // Nothing beyond ASCII, so no control character either.
-    environment_.out << json.dump(2, ' ', true, base::Json::error_handler_t::replace) << '\n';
-}
-
-base::Json eventsJson(const std::vector<workspace::Event>& events)
-{
-    base::Json list = base::Json::array();
-    for (const workspace::Event& event : events) {
-        list.push_back(
-            {{"event", work::eventName(work::kindOf(event))}, {"at", base::instantJson(event.at)}});
-    }
-    return list;
 }
 
 }  // namespace quillmere::cli

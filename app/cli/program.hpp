@@ -1,4 +1,4 @@
-// What every command of a run shares.
+// What the commands of a run share: settings, the workspace, and the ways to change it and to print.
 #pragma once
 
 #include "base/environment.hpp"
@@ -12,10 +12,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quillmere::cli {
 
-/// The options that stand before or after any command.
+/// The global options.
 struct Settings {
     std::optional<std::filesystem::path> directory;
     bool json = false;
@@ -29,52 +30,51 @@ public:
 
     base::Environment& environment() { return environment_; }
     Settings& settings() { return settings_; }
-    const std::vector<workspace::Event>& events() const { return events_; }
 
-    /// What the command line asks for; set by the command that was named.
+    /// Carries out the command. Set by the parser when it finds the command.
     std::function<void()> action;
 
-    /// How the run ends when nothing fails.
-    ExitCode ending = ExitCode::done;
+    /// The exit code when nothing fails.
+    ExitCode exitCode = ExitCode::done;
 
     workspace::Workspace workspace() const;
     base::Style style() const { return base::Style(base::wantsColour(environment_.outputIsTerminal)); }
 
-    /// Runs one operation of a person on their files, then says `done` and where the work stands.
+    /// Applies an operation to the files, then prints `done` and the status.
     void change(std::string_view done, const workspace::Operation& operation);
 
-    /// Puts a version in the place of the state, then says so and where the work stands.
-    void bringBack(const workspace::Version& version);
+    /// Replaces the state by a version, then prints that and the status.
+    void restore(const workspace::Version& version);
 
-    /// Lets time pass on the files, and repairs their summaries.
-    void letTimePass();
+    /// Records the time that passed, and writes missing summaries again. Prints only events.
+    void catchUp();
 
-    /// Whether the operation would be carried out now. Nothing of it is kept. Where it would not, there
-    /// is no use in asking for more, and `change` says why.
+    /// Dry run: whether the engine would accept the operation now. Skips prompts whose answers it would
+    /// refuse.
     bool wouldAccept(const workspace::Operation& operation) const;
 
-    /// Whether what was asked has been done to the files.
-    bool isDone() const { return isDone_; }
+    /// The events that this run recorded.
+    const std::vector<workspace::Event>& events() const { return events_; }
 
-    /// Prints a result that is the same for persons and programs: JSON, harmless to a terminal.
+    /// Whether the command has done its work on the files; its output may still fail.
+    bool isCarriedOut() const { return isCarriedOut_; }
+
+    /// Prints a result as JSON (cli::printJson).
     void print(const base::Json& json);
 
 private:
     workspace::Situation apply(const workspace::Operation& operation);
-    void say(std::string_view done, const workspace::Situation& situation);
-    /// Says what went wrong beside what was asked.
+    void printChange(std::string_view done, const workspace::Situation& situation);
+    /// Prints a warning, unless it is empty.
     void warn(const std::string& warning);
 
-    /// Keeps what came about by itself and says so, at once to a person, with the result to a program.
+    /// Remembers recorded events. Prints them at once for a person; JSON has them in the result.
     void reportEvents(const std::vector<workspace::Event>& events);
 
     base::Environment& environment_;
     Settings settings_;
     std::vector<workspace::Event> events_;
-    bool isDone_ = false;
+    bool isCarriedOut_ = false;
 };
-
-/// The events as programs read them.
-base::Json eventsJson(const std::vector<workspace::Event>& events);
 
 }  // namespace quillmere::cli

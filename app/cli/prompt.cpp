@@ -2,6 +2,7 @@
 
 #include "base/text/sanitize.hpp"
 #include "cli/exit_code.hpp"
+#include "work/fields/unacceptable.hpp"
 
 #include <istream>
 #include <ostream>
@@ -25,14 +26,17 @@ std::string ask(base::Environment& environment, const std::string& question)
 }
 
 std::string askUntil(base::Environment& environment, const std::string& question,
-                     const std::function<bool(const std::string&)>& accepts)
+                     const std::function<void(const std::string&)>& require)
 {
-    std::string line = ask(environment, question);
-    while (!accepts(line)) {
-        environment.err << "That is not understood.\n";
-        line = ask(environment, question);
+    while (true) {
+        std::string line = ask(environment, question);
+        try {
+            require(line);
+            return line;
+        } catch (const work::Unacceptable& refusal) {
+            environment.err << base::sanitized(refusal.what()) << '\n';
+        }
     }
-    return line;
 }
 
 }  // namespace quillmere::cli

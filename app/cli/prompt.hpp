@@ -1,4 +1,4 @@
-// Asks a person, where there is one.
+// Asks a person at a terminal.
 #pragma once
 
 #include "base/environment.hpp"
@@ -8,12 +8,13 @@
 
 namespace quillmere::cli {
 
-/// Puts a question on the channel for messages, again as long as what is typed is no text, and returns
-/// the line. Throws ProgramError at the end of the input: nobody may be taken to have answered then.
+/// Writes the question to standard error and returns the line that is typed; asks again while that is not
+/// well-formed UTF-8. Throws ProgramError at the end of the input, which is no answer.
 std::string ask(base::Environment& environment, const std::string& question);
 
-/// Asks until `accepts` says yes to the line; one slip must not lose the answers before it.
+/// Asks until `require` accepts the line. When it throws work::Unacceptable, prints the reason and asks
+/// again: one slip must not lose the answers before it.
 std::string askUntil(base::Environment& environment, const std::string& question,
-                     const std::function<bool(const std::string&)>& accepts);
+                     const std::function<void(const std::string&)>& require);
 
 }  // namespace quillmere::cli

@@ -1,4 +1,4 @@
-// One run of the program.
+// Runs the program once.
 #pragma once
 
 #include "base/environment.hpp"
@@ -9,8 +9,8 @@
 
 namespace quillmere::cli {
 
-/// Does what the arguments, without the program's name, ask for. Results go to `out`, messages to
-/// `err`. Never throws.
+/// Carries out the arguments, which do not include the program's name. Prints results to `out` and messages
+/// to `err`.
 ExitCode run(const std::vector<std::string>& arguments, base::Environment& environment) noexcept;
 
 }  // namespace quillmere::cli

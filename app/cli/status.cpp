@@ -5,58 +5,25 @@
 #include "base/text/local_time.hpp"
 #include "base/text/sanitize.hpp"
 #include "work/countdown.hpp"
+#include "work/situation_view.hpp"
 
-#include <quillmere/engine/transition.hpp>
+#include <nlohmann/json.hpp>
 
 #include <ostream>
 
 namespace quillmere::cli {
 namespace {
 
-/// A command that moves the workflow, offered when its step may be taken.
-struct Suggestion {
-    Step step;
-    std::string_view command;
-};
-
-constexpr auto suggestions = std::to_array<Suggestion>({
-    {Step::beginBlockPlanning, "plan"},
-    {Step::startBlock, "plan"},
-    {Step::startScheduledBlockNow, "start"},
-    {Step::editScheduledBlock, "edit"},
-    {Step::cancelScheduledBlock, "cancel"},
-    {Step::startFocus, "focus"},
-    {Step::pauseFocus, "pause"},
-    {Step::resumeFocus, "resume"},
-    {Step::endFocus, "end"},
-    {Step::saveReviewAndStartBreak, "review"},
-    {Step::saveLastReview, "review"},
-    {Step::endBreak, "break end"},
-    {Step::extendBreak, "break extend"},
-    {Step::completeBlockReview, "reflect"},
-});
-
-std::vector<std::string_view> nextCommands(const QuillmereState& state)
-{
-    std::vector<std::string_view> commands;
-    for (const Suggestion& suggestion : suggestions) {
-        if (isPossible(suggestion.step, state)) {
-            commands.push_back(suggestion.command);
-        }
-    }
-    return commands;
-}
-
-void printNextCommands(std::ostream& out, const QuillmereState& state, const base::Style& style)
+void printNextCommands(std::ostream& out, const work::SituationView& view, const base::Style& style)
 {
     std::string line = "Next:";
-    for (const std::string_view command : nextCommands(state)) {
+    for (const std::string_view command : view.nextCommands) {
         line.append(line.back() == ':' ? " " : ", ").append(command);
     }
     out << style.dimmed(line) << '\n';
 }
 
-void printQuestions(std::ostream& out, std::int64_t count)
+void printQuestions(std::ostream& out, std::size_t count)
 {
     if (count > 0) {
         out << (count == 1 ? "A question waits" : std::to_string(count) + " questions wait")
@@ -64,12 +31,11 @@ void printQuestions(std::ostream& out, std::int64_t count)
     }
 }
 
-void printSchedule(std::ostream& out, const QuillmereState& state)
+void printSchedule(std::ostream& out, const std::optional<work::ScheduleView>& schedule)
 {
-    if (state.workflowState == WorkflowState::idle && state.currentBlock &&
-        state.currentBlock->plannedStart) {
-        out << "A block is scheduled: " << base::localText(*state.currentBlock->plannedStart) << " to "
-            << base::localText(state.currentBlock->plannedEnd()) << '\n';
+    if (schedule) {
+        out << "A block is scheduled: " << base::localText(schedule->start) << " to "
+            << base::localText(schedule->end) << '\n';
     }
 }
 
@@ -77,16 +43,16 @@ void printSchedule(std::ostream& out, const QuillmereState& state)
 
 base::Json statusJson(const workspace::Situation& situation)
 {
-    const WidgetSnapshot snapshot = WidgetSnapshot::make(situation.state, situation.now);
+    const work::SituationView view = work::SituationView::of(situation);
     base::Json status = {
         {"workflow_state", rawValue(situation.state.workflowState)},
-        {"caption", QuillmereDesign::caption(snapshot)},
+        {"caption", view.caption},
         {"interruptible", situation.state.interruptible()},
-        {"next", nextCommands(situation.state)},
-        {"widget", base::recordJson(snapshot)},
+        {"next", view.nextCommands},
+        {"widget", base::recordJson(WidgetSnapshot::make(situation.state, situation.now))},
     };
-    if (const auto remaining = work::remainingSeconds(snapshot, situation.now)) {
-        status["time_text"] = QuillmereDesign::timeText(*remaining);
+    if (view.timer) {
+        status["time_text"] = QuillmereDesign::timeText(view.timer->remainingSeconds);
     }
     if (situation.state.currentBlock) {
         status["block_id"] = situation.state.currentBlock->id.text();
@@ -120,13 +86,14 @@ void printHeadline(std::ostream& out, const WidgetSnapshot& snapshot, Instant no
 
 void printStatus(std::ostream& out, const workspace::Situation& situation, const base::Style& style)
 {
-    const WidgetSnapshot snapshot = WidgetSnapshot::make(situation.state, situation.now);
-    printHeadline(out, snapshot, situation.now, work::usedShare(situation), style);
-    printField(out, "Outcome", snapshot.intendedOutcome);
-    printField(out, "First action", snapshot.firstAction);
-    printSchedule(out, situation.state);
-    printQuestions(out, snapshot.openQuestionCount);
-    printNextCommands(out, situation.state, style);
+    const work::SituationView view = work::SituationView::of(situation);
+    printHeadline(out, WidgetSnapshot::make(situation.state, situation.now), situation.now,
+                  view.timer ? std::optional(view.timer->usedShare) : std::nullopt, style);
+    printField(out, "Outcome", view.intendedOutcome);
+    printField(out, "First action", view.firstAction);
+    printSchedule(out, view.schedule);
+    printQuestions(out, view.openQuestionCount);
+    printNextCommands(out, view, style);
 }
 
 }  // namespace quillmere::cli

@@ -2,67 +2,190 @@
 
 #include "base/text/sanitize.hpp"
 #include "cli/exit_code.hpp"
+#include "work/fields/answers.hpp"
+#include "work/fields/unacceptable.hpp"
 
-#include <charconv>
+#include <algorithm>
+#include <utility>
+#include <variant>
 
 namespace quillmere::cli {
+namespace {
+
+template <class Record>
+bool isText(const work::RecordField<Record>& field)
+{
+    return std::holds_alternative<std::string Record::*>(field.member);
+}
+
+/// The number of an outcome stands for its identifier, so it is read as a number.
+template <class Record>
+bool isNumber(const work::RecordField<Record>& field)
+{
+    return std::holds_alternative<std::int64_t Record::*>(field.member) ||
+           std::holds_alternative<std::optional<Identifier> Record::*>(field.member);
+}
+
+}  // namespace
 
 CLI::Validator wellFormedText()
 {
     return {[](std::string& text) { return base::isText(text) ? "" : "is not well-formed UTF-8"; }, ""};
 }
 
-CLI::Validator wholeNumber()
+CLI::Validator wholeNumber(const work::Limits& limits)
 {
-    return {[](std::string& text) -> std::string {
-                std::int64_t number = 0;
-                const char* const end = text.data() + text.size();
-                const auto [stop, error] = std::from_chars(text.data(), end, number);
-                if (error != std::errc() || stop != end) {
-                    return "is not a whole number: " + text;
+    return {[limits](std::string& text) -> std::string {
+                try {
+                    text = std::to_string(work::numberFrom({{}, text}, limits));
+                    return "";
+                } catch (const work::Unacceptable& refusal) {
+                    return refusal.what();
                 }
-                text = std::to_string(number);
-                return "";
             },
             ""};
 }
 
-void PlanOptions::addTo(CLI::App& command, const std::string& prefix)
+template <class Record>
+RecordOptions<Record>::RecordOptions(std::span<const work::RecordField<Record>> fields)
+    : fields_(fields), given_(fields.size())
 {
-    texts_.addTo(command, prefix);
-    command.add_option("--" + prefix + "energy", energy_, "How much energy is there? 1 to 5")
-        ->transform(wholeNumber());
-    command.add_option("--" + prefix + "morale", morale_, "How is the mood? 1 to 5")
-        ->transform(wholeNumber());
-    command
-        .add_option("--" + prefix + "towards", outcomeNumber_,
-                    "The number of the block's outcome it works towards")
-        ->transform(wholeNumber());
 }
 
-bool PlanOptions::anyGiven() const { return texts_.anyGiven() || energy_ || morale_ || outcomeNumber_; }
-
-void PlanOptions::applyTo(SessionPlan& plan, const std::optional<Block>& block) const
+template <class Record>
+void RecordOptions<Record>::addTo(CLI::App& command, const std::string& prefix)
 {
-    texts_.applyTo(plan);
-    plan.energy = energy_.value_or(plan.energy);
-    plan.morale = morale_.value_or(plan.morale);
-    if (hasOutcome(block)) {
-        plan.blockOutcomeID = block->outcomes[static_cast<std::size_t>(*outcomeNumber_ - 1)].id;
+    prefix_ = prefix;
+    for (std::size_t index = 0; index < fields_.size(); ++index) {
+        addOption(command, index);
+    }
+}
+
+template <class Record>
+void RecordOptions<Record>::addOption(CLI::App& command, std::size_t index)
+{
+    const work::RecordField<Record>& field = fields_[index];
+    const std::string name = "--" + prefix_ + std::string(field.prompt.name);
+    const std::string help = work::helpText(field.prompt);
+    Given& given = given_[index];
+    if (field.prompt.kind == work::FieldKind::list) {
+        given.option = command.add_option(name, given.items, help);
+        given.option->allow_extra_args(false)->check(wellFormedText());
+        return;
+    }
+    CLI::Option* const option = given.option = command.add_option(name, given.text, help);
+    if (isNumber(field)) {
+        option->type_name("INT")->transform(wholeNumber(field.prompt.limits));
+    } else {
+        option->check(wellFormedText());
+    }
+    if (std::holds_alternative<CompletionResult Record::*>(field.member)) {
+        option->type_name("{yes,half,no}");
+    }
+}
+
+template <class Record>
+bool RecordOptions<Record>::anyGiven() const
+{
+    return std::any_of(given_.begin(), given_.end(),
+                       [](const Given& given) { return given.text || !given.items.empty(); });
+}
+
+template <class Record>
+std::size_t RecordOptions<Record>::indexOf(std::string_view name) const
+{
+    const auto found = std::find_if(fields_.begin(), fields_.end(),
+                                    [&](const auto& field) { return field.prompt.name == name; });
+    if (found == fields_.end()) {
+        fatalError("quillmere: a command uses an option that no table has");
+    }
+    return static_cast<std::size_t>(found - fields_.begin());
+}
+
+template <class Record>
+const std::optional<std::string>& RecordOptions<Record>::given(std::string_view name) const
+{
+    return given_[indexOf(name)].text;
+}
+
+template <class Record>
+std::vector<std::string>& RecordOptions<Record>::items(std::string_view name)
+{
+    return given_[indexOf(name)].items;
+}
+
+template <class Record>
+void RecordOptions<Record>::give(std::string_view name, std::optional<std::string> text)
+{
+    given_[indexOf(name)].text = std::move(text);
+}
+
+template <class Record>
+void RecordOptions<Record>::applyTo(Record& record, Instant now) const
+{
+    for (std::size_t index = 0; index < fields_.size(); ++index) {
+        const work::RecordField<Record>& field = fields_[index];
+        const Given& given = given_[index];
+        const std::string name = prefix_ + std::string(field.prompt.name);
+        if (!given.items.empty()) {
+            std::vector<work::ListItem> items;
+            for (const std::string& item : given.items) {
+                items.push_back({.key = {}, .text = item});
+            }
+            work::setFrom(record, field, name, items, now);
+        } else if (given.text && !std::holds_alternative<std::optional<Identifier> Record::*>(field.member)) {
+            work::setFrom(record, field, name, *given.text, now);
+        }
+    }
+}
+
+template <class Record>
+void RecordOptions<Record>::askForMissing(const Ask& ask)
+{
+    for (std::size_t index = 0; index < fields_.size(); ++index) {
+        if (isText(fields_[index]) && !given_[index].text) {
+            given_[index].text = ask(fields_[index].prompt);
+        }
+    }
+}
+
+template class RecordOptions<Block>;
+template class RecordOptions<SessionPlan>;
+template class RecordOptions<SessionReview>;
+template class RecordOptions<BlockReview>;
+
+std::optional<std::int64_t> PlanOptions::outcomeNumber() const
+{
+    const std::optional<std::string>& text = options_.given("towards");
+    return text ? std::optional(work::numberFrom({"towards", *text}, {})) : std::nullopt;
+}
+
+void PlanOptions::applyTo(SessionPlan& plan, const std::optional<Block>& block, Instant now) const
+{
+    options_.applyTo(plan, now);
+    const std::optional<std::int64_t> number = outcomeNumber();
+    if (number && block && *number >= 1 && *number <= std::ssize(block->outcomes)) {
+        plan.blockOutcomeID = block->outcomes[static_cast<std::size_t>(*number - 1)].id;
     }
 }
 
 void PlanOptions::requireOutcome(const std::optional<Block>& block) const
 {
-    if (outcomeNumber_ && !hasOutcome(block)) {
-        throw ProgramError(ExitCode::usage,
-                           "The block has no outcome " + std::to_string(*outcomeNumber_) + ".");
+    const std::optional<std::int64_t> number = outcomeNumber();
+    if (number && (!block || *number < 1 || *number > std::ssize(block->outcomes))) {
+        throw ProgramError(ExitCode::usage, "The block has no outcome " + std::to_string(*number) + ".");
     }
 }
 
-bool PlanOptions::hasOutcome(const std::optional<Block>& block) const
+workspace::Operation namingOptions(workspace::Operation operation)
 {
-    return outcomeNumber_ && block && *outcomeNumber_ >= 1 && *outcomeNumber_ <= std::ssize(block->outcomes);
+    return [operation = std::move(operation)](QuillmereState& state, Instant now) {
+        try {
+            operation(state, now);
+        } catch (const work::Unacceptable& refusal) {
+            throw ProgramError(ExitCode::usage, "--" + refusal.field() + ": " + refusal.what());
+        }
+    };
 }
 
 }  // namespace quillmere::cli

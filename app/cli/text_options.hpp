@@ -1,96 +1,91 @@
-// Options for the fields of a record.
+// Command-line options for the fields of a record.
 #pragma once
 
-#include "work/fields.hpp"
+#include "work/fields/fields.hpp"
+#include "workspace/workspace.hpp"
 
 #include <CLI/CLI.hpp>
 
-#include <array>
+#include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
 namespace quillmere::cli {
 
-/// Refuses bytes that are no text: they could not be kept as they are.
+/// Refuses text that is not well-formed UTF-8: it could not be stored unchanged.
 CLI::Validator wellFormedText();
 
-/// Refuses what is no whole number of 64 bits, and has it read in decimal: 010 is ten.
-CLI::Validator wholeNumber();
+/// Refuses text that is no whole number, and rewrites it in decimal: 010 is ten.
+CLI::Validator wholeNumber(const work::Limits& limits = {});
 
-/// The options of a record's texts.
-template <class Record, std::size_t count>
-class TextOptions {
+/// Asks a question; absent when the value is to stay as it is.
+using Ask = std::function<std::optional<std::string>(const work::Prompt&)>;
+
+/// One option for every field of a record's table. Instantiated for Block, SessionPlan, SessionReview and
+/// BlockReview.
+template <class Record>
+class RecordOptions {
 public:
-    explicit TextOptions(const std::array<work::RecordText<Record>, count>& fields) : fields_(fields) {}
+    explicit RecordOptions(std::span<const work::RecordField<Record>> fields);
 
-    void addTo(CLI::App& command, const std::string& prefix = "")
-    {
-        for (std::size_t index = 0; index < count; ++index) {
-            command.add_option("--" + prefix + fields_[index].option, texts_[index], fields_[index].question)
-                ->check(wellFormedText());
-        }
-    }
-
-    bool anyGiven() const
-    {
-        return std::any_of(texts_.begin(), texts_.end(), [](const auto& text) { return text.has_value(); });
-    }
-
-    /// Sets the texts that were given.
-    void applyTo(Record& record) const
-    {
-        for (std::size_t index = 0; index < count; ++index) {
-            if (texts_[index]) {
-                record.*fields_[index].member = *texts_[index];
-            }
-        }
-    }
-
-    /// Has `ask` ask for the texts that were not given; it takes the question and may return none.
-    template <class Ask>
-    void askForMissing(Ask ask)
-    {
-        for (std::size_t index = 0; index < count; ++index) {
-            if (!texts_[index]) {
-                texts_[index] = ask(fields_[index].question);
-            }
-        }
-    }
-
-private:
-    const std::array<work::RecordText<Record>, count>& fields_;
-    std::array<std::optional<std::string>, count> texts_;
-};
-
-/// The options of a session plan: its texts, its ratings, and the block's outcome that it works
-/// towards, by number.
-class PlanOptions {
-public:
     void addTo(CLI::App& command, const std::string& prefix = "");
+    /// An option after `addTo`. CLI::App::get_option would end the program when memory runs out in it.
+    CLI::Option* option(std::string_view name) const { return given_[indexOf(name)].option; }
 
     bool anyGiven() const;
+    /// The text given for a field that is no list.
+    const std::optional<std::string>& given(std::string_view name) const;
+    /// The texts given for a list.
+    std::vector<std::string>& items(std::string_view name);
+    /// Sets the text as if the option had been given.
+    void give(std::string_view name, std::optional<std::string> text);
 
-    /// Sets what was given in `plan`, but for an outcome that the block does not have.
-    void applyTo(SessionPlan& plan, const std::optional<Block>& block) const;
+    /// Sets the fields whose options were given, except an outcome of the block. Throws work::Unacceptable.
+    void applyTo(Record& record, Instant now) const;
 
-    /// Throws ProgramError when the block has no outcome of the number that was given. For the end of an
-    /// operation: what the engine refuses is to be said first.
-    void requireOutcome(const std::optional<Block>& block) const;
-
-    template <class Ask>
-    void askForMissing(Ask ask)
-    {
-        texts_.askForMissing(ask);
-    }
+    /// Asks for the texts of the record that were not given.
+    void askForMissing(const Ask& ask);
 
 private:
-    TextOptions<SessionPlan, work::planFields.size()> texts_{work::planFields};
-    std::optional<std::int64_t> energy_;
-    std::optional<std::int64_t> morale_;
-    std::optional<std::int64_t> outcomeNumber_;
+    struct Given {
+        std::optional<std::string> text;
+        std::vector<std::string> items;  ///< of a list
+        CLI::Option* option = nullptr;
+    };
 
-    bool hasOutcome(const std::optional<Block>& block) const;
+    std::size_t indexOf(std::string_view name) const;
+    void addOption(CLI::App& command, std::size_t index);
+
+    std::span<const work::RecordField<Record>> fields_;
+    std::vector<Given> given_;
+    std::string prefix_;
 };
+
+/// The options of a session plan. The outcome that it serves is given by its number in the block.
+class PlanOptions {
+public:
+    void addTo(CLI::App& command, const std::string& prefix = "") { options_.addTo(command, prefix); }
+
+    bool anyGiven() const { return options_.anyGiven(); }
+
+    /// Sets what was given; ignores the number of an outcome that the block does not have.
+    void applyTo(SessionPlan& plan, const std::optional<Block>& block, Instant now) const;
+
+    /// Throws ProgramError when the block has no outcome of the given number. Called at the end of an
+    /// operation, so that a refusal of the engine comes first.
+    void requireOutcome(const std::optional<Block>& block) const;
+
+    void askForMissing(const Ask& ask) { options_.askForMissing(ask); }
+
+private:
+    RecordOptions<SessionPlan> options_{work::planFields};
+
+    std::optional<std::int64_t> outcomeNumber() const;
+};
+
+/// The operation, with the option named in front of the message when it throws work::Unacceptable.
+workspace::Operation namingOptions(workspace::Operation operation);
 
 }  // namespace quillmere::cli

@@ -1,9 +1,9 @@
 #include "cli/widget_report.hpp"
-#include "base/record_json.hpp"
-#include "work/countdown.hpp"
 
+#include "base/record_json.hpp"
 #include "base/text/local_time.hpp"
 #include "cli/status.hpp"
+#include "work/countdown.hpp"
 
 #include <quillmere/widget/widget_timeline_plan.hpp>
 
@@ -13,7 +13,7 @@
 namespace quillmere::cli {
 namespace {
 
-/// What is shown of an entry at its date: the time left, or the caption alone.
+/// The text of an entry at its date: the time left, or the caption without a countdown.
 std::string entryText(const WidgetTimelinePlan::Entry& entry)
 {
     const auto remaining = work::remainingSeconds(entry.snapshot, entry.date);

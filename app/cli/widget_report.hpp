@@ -1,7 +1,10 @@
-// The widget's summary on a terminal.
+// The widget's summary as text and as JSON.
 #pragma once
 
-#include "cli/program.hpp"
+#include "base/json.hpp"
+#include "base/text/style.hpp"
+
+#include <quillmere/widget/widget_snapshot.hpp>
 
 #include <iosfwd>
 

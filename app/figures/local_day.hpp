@@ -1,49 +1,33 @@
-// Days of the person's own calendar, and what they add up to.
+// Days of the local calendar, and the weeks and months that they belong to.
 #pragma once
 
 #include <quillmere/records/instant.hpp>
 
 #include <chrono>
-#include <optional>
-#include <string>
-#include <string_view>
 #include <unordered_map>
 
 namespace quillmere::figures {
 
-/// A day of a calendar, wherever on earth it is lived.
+/// A day of the calendar, without a time zone.
 using Day = std::chrono::local_days;
 inline constexpr std::chrono::days oneDay(1);
 
-/// What figures are summed up by. Weeks are those of ISO 8601: they begin on Monday.
+/// Figures are summed up by these. Weeks begin on Monday (ISO 8601).
 enum class Unit { day, week, month };
 
-/// The first day of the unit that `day` lies in.
+/// The first day of the day, week or month that contains `day`.
 Day firstOf(Unit unit, Day day);
 
-/// "2026-11-15", "2026-W46", "2026-11". A week belongs to the year that has most of its days.
-std::string labelOf(Unit unit, Day day);
-
-/// The same where there is little room and the year is plain: "15 Nov", "W46", "Nov".
-std::string shortLabelOf(Unit unit, Day day);
-
-/// "Sun".
-std::string_view weekdayText(Day day);
-
-/// The day of "2026-11-15", "today", or "30d", which is thirty days before today. Absent for any other text,
-/// and for a day that the calendar does not have.
-std::optional<Day> dayFromText(std::string_view text, Day today);
-
-/// Where days begin in the person's time zone. A day is as long as the clocks make it: 23 or 25 hours when
-/// they change, and it begins at one where they skip midnight.
+/// The start of days in the local time zone. A day has 23 or 25 hours when the clocks change, and it starts
+/// at 01:00 where they skip midnight.
 class LocalCalendar {
 public:
     static Day dayOf(Instant instant);
 
-    /// The first instant of a day; that of the next one when the zone skipped the whole day.
+    /// The first instant of a day, or of the next day if the zone skipped the whole day.
     Instant startOf(Day day);
 
-    /// Hands the `seconds` from an instant on to `visit(day, seconds)`, each day its part, in order.
+    /// Divides the `seconds` that begin at `from` among their days: calls `visit(day, seconds)` in order.
     template <class Visit>
     void forEachDay(Instant from, double seconds, Visit visit)
     {
@@ -59,7 +43,7 @@ public:
     }
 
 private:
-    std::unordered_map<std::chrono::days::rep, double> starts_;  ///< those asked for so far
+    std::unordered_map<std::chrono::days::rep, double> starts_;  ///< cache of startOf, in seconds since 1970
 };
 
 }  // namespace quillmere::figures

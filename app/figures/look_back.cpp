@@ -9,7 +9,7 @@
 namespace quillmere::figures {
 namespace {
 
-/// The last day that charts show; what lies ahead is no look back.
+/// The last day that charts show: none in the future.
 Day lastChartDay(const LookBack& look) { return std::min(look.range.until.value_or(look.today), look.today); }
 
 Day firstChartDay(const LookBack& look)
@@ -20,12 +20,12 @@ Day firstChartDay(const LookBack& look)
     return look.days.empty() ? lastChartDay(look) : look.days.front().first;
 }
 
-/// The figures of the unit that begins on `first`; null when there are none.
-const Tally* tallyOf(const std::vector<Stretch>& stretches, Day first)
+/// The figures of the period that begins on `first`; null if it has none.
+const Tally* tallyOf(const std::vector<Period>& periods, Day first)
 {
-    const auto place = std::lower_bound(stretches.begin(), stretches.end(), first,
-                                        [](const Stretch& stretch, Day day) { return stretch.first < day; });
-    return place != stretches.end() && place->first == first ? &place->tally : nullptr;
+    const auto place = std::lower_bound(periods.begin(), periods.end(), first,
+                                        [](const Period& period, Day day) { return period.first < day; });
+    return place != periods.end() && place->first == first ? &place->tally : nullptr;
 }
 
 }  // namespace
@@ -48,7 +48,7 @@ std::optional<SessionTime> timeOf(const WorkSession& session)
     return SessionTime{.workedSeconds = elapsed - paused, .pausedSeconds = paused};
 }
 
-const std::vector<Stretch>& LookBack::stretches(Unit unit) const
+const std::vector<Period>& LookBack::periods(Unit unit) const
 {
     switch (unit) {
         case Unit::day: break;
@@ -58,13 +58,13 @@ const std::vector<Stretch>& LookBack::stretches(Unit unit) const
     return days;
 }
 
-std::vector<Stretch> lastStretches(const LookBack& look, Unit unit, std::size_t most)
+std::vector<Period> lastPeriods(const LookBack& look, Unit unit, std::size_t most)
 {
     const Day start = firstOf(unit, firstChartDay(look));
-    std::vector<Stretch> row;
+    std::vector<Period> row;
     for (Day first = firstOf(unit, lastChartDay(look)); first >= start && row.size() < most;
          first = firstOf(unit, first - oneDay)) {
-        const Tally* const tally = tallyOf(look.stretches(unit), first);
+        const Tally* const tally = tallyOf(look.periods(unit), first);
         row.push_back({.first = first, .tally = tally ? *tally : Tally{}});
     }
     std::reverse(row.begin(), row.end());

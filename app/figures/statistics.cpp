@@ -85,7 +85,7 @@ std::vector<EndedSession> endedSessions(const QuillmereState& state)
     return sessions;
 }
 
-/// The figures of every day in the range that has any.
+/// The figures by day, within the range.
 Tallies dayTallies(const std::vector<EndedSession>& sessions, const Range& range)
 {
     LocalCalendar calendar;
@@ -106,18 +106,18 @@ Tallies dayTallies(const std::vector<EndedSession>& sessions, const Range& range
     return tallies;
 }
 
-/// Days summed up by a unit; they come in order.
-std::vector<Stretch> summedUp(const Tallies& days, Unit unit)
+/// Sums the days up by week or month, in order.
+std::vector<Period> summedUp(const Tallies& days, Unit unit)
 {
-    std::vector<Stretch> stretches;
+    std::vector<Period> periods;
     for (const auto& [day, tally] : days) {
         const Day first = firstOf(unit, day);
-        if (stretches.empty() || stretches.back().first != first) {
-            stretches.push_back({.first = first, .tally = {}});
+        if (periods.empty() || periods.back().first != first) {
+            periods.push_back({.first = first, .tally = {}});
         }
-        addTo(stretches.back().tally, tally);
+        addTo(periods.back().tally, tally);
     }
-    return stretches;
+    return periods;
 }
 
 void addByRating(ByRating& byRating, std::int64_t rating, CompletionResult completion)
@@ -127,7 +127,7 @@ void addByRating(ByRating& byRating, std::int64_t rating, CompletionResult compl
     }
 }
 
-/// Of two in the middle the greater one; zero for none.
+/// The upper median; zero for no values.
 double medianOf(std::vector<double>& values)
 {
     if (values.empty()) {
@@ -163,7 +163,7 @@ BetweenSessions betweenSessions(const QuillmereState& state, const Range& range)
 void findStreaks(LookBack& look)
 {
     std::optional<Streak> streak;
-    for (const Stretch& day : look.days) {
+    for (const Period& day : look.days) {
         if (!(day.tally.focusSeconds > 0)) {
             continue;
         }
@@ -189,12 +189,12 @@ LookBack statistics(const QuillmereState& state, const Range& range, Day today)
     LookBack look{.range = range, .today = today};
     look.sessions = endedSessions(state);
     const Tallies days = dayTallies(look.sessions, range);
-    // Not before their time is shared out: one may begin before the range and last into it.
+    // Only now: the focus of a session that began before the range may extend into it.
     std::erase_if(look.sessions, [&](const EndedSession& ended) { return !range.contains(ended.day); });
     look.days = summedUp(days, Unit::day);
     look.weeks = summedUp(days, Unit::week);
     look.months = summedUp(days, Unit::month);
-    for (const Stretch& month : look.months) {
+    for (const Period& month : look.months) {
         addTo(look.total, month.tally);
     }
     for (const EndedSession& ended : look.sessions) {

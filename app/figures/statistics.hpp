@@ -1,15 +1,15 @@
-// From the records of a person to the figures of a look back.
+// The figures of a state.
 #pragma once
 
 #include "figures/look_back.hpp"
 
 namespace quillmere::figures {
 
-/// The look back on a state that has been screened. `today` is the person's; days are those of the time zone
-/// of this process. The result points into `state`.
+/// `state` must have been screened. `today` is a day of the local time zone, as all days. The result points
+/// into `state`.
 ///
-/// Where in a session its pauses lay is not recorded. Its focus time is taken to run from its start without
-/// them, so across a midnight it is shared out exactly only when there was none.
+/// The records do not say when a session was paused. Its focus time is taken to be continuous from its start,
+/// so the division at a midnight is exact only for sessions without pauses.
 LookBack statistics(const QuillmereState& state, const Range& range, Day today);
 
 }  // namespace quillmere::figures

@@ -4,6 +4,8 @@
 #include "lookback/export_text.hpp"
 #include "lookback/words.hpp"
 
+#include <quillmere/records/json/date_text.hpp>
+
 #include <algorithm>
 
 namespace quillmere::lookback {
@@ -11,7 +13,7 @@ namespace {
 
 constexpr std::string_view calendarLineEnd = "\r\n";
 
-/// A calendar must hold something (3.4). Where there is no event it is the time zone that they are in.
+/// A calendar must have a component (3.4). Without events it is this time zone.
 constexpr std::string_view nothingButTheTimeZone =
     "BEGIN:VTIMEZONE\r\n"
     "TZID:UTC\r\n"
@@ -22,10 +24,10 @@ constexpr std::string_view nothingButTheTimeZone =
     "END:STANDARD\r\n"
     "END:VTIMEZONE\r\n";
 
-/// "20261115T150000Z": what other files have, without what stands between the numbers.
+/// "20261115T150000Z": a date text without its separators.
 std::string calendarTime(Instant instant)
 {
-    std::string text = utcText(instant);
+    std::string text = json::dateText(instant);
     std::erase_if(text, [](char character) { return character == '-' || character == ':'; });
     return text;
 }
@@ -59,16 +61,16 @@ std::string descriptionOf(const figures::EndedSession& ended)
     return text;
 }
 
-/// Calendars begin with the year 1 (ISO 8601 has a year 0 before it), whatever a clock may have said.
+/// Calendars begin with the year 1; ISO 8601 has a year 0 before it.
 bool hasADate(const figures::EndedSession& ended)
 {
     constexpr Instant yearOne(-62'135'596'800);
     return ended.session->startedAt >= yearOne;
 }
 
-/// When the record was last changed, or later: a calendar takes what is newer than what it has, such as a
-/// session that has been reviewed since. Of the record, not of the export, so that the same sessions make
-/// the same file.
+/// The last change of the record, or later: a calendar updates an event if the new one is newer, such as that
+/// of a session that has been reviewed since. Not the time of the export, so that the same sessions give the
+/// same file.
 Instant lastChangeOf(const figures::EndedSession& ended)
 {
     return std::max({ended.settledAt, *ended.session->endedAt, ended.session->startedAt});
@@ -80,7 +82,7 @@ std::string eventOf(const figures::EndedSession& ended)
     const std::string lastChange = calendarTime(lastChangeOf(ended));
     std::string text = calendarLine("BEGIN", "VEVENT");
     text += calendarLine("UID", session.id.text());
-    // Where nothing is sent to anybody, both are the same (3.8.7.2).
+    // Both are the same in a file without METHOD (3.8.7.2).
     text += calendarLine("DTSTAMP", lastChange);
     text += calendarLine("LAST-MODIFIED", lastChange);
     text += calendarLine("DTSTART", calendarTime(session.startedAt));
@@ -117,11 +119,11 @@ std::string calendarText(std::string_view text)
 std::string calendarLine(std::string_view name, std::string_view value)
 {
     constexpr std::size_t mostOctets = 75;
-    constexpr std::size_t mostContinuations = 3;  // of a character in UTF-8
+    constexpr std::size_t mostContinuations = 3;  // bytes of a character after its first
     const std::string whole = std::string(name).append(":").append(value);
     std::string_view rest = whole;
     std::string text;
-    // The space that goes on with a line is one of its octets.
+    // The space at the start of a continuation line counts too.
     for (std::size_t room = mostOctets; rest.size() > room; room = mostOctets - 1) {
         std::size_t length = room;
         while (length > room - mostContinuations && isContinuation(rest[length])) {

@@ -8,16 +8,16 @@
 
 namespace quillmere::lookback {
 
-/// One event a session, in order of starting, in UTC, under the session's own identifier: a calendar that
-/// reads a later export finds the events that it has, and by their dates those that have changed. A session
-/// that did not end after it started has no end; one of the year 0, which calendars do not have, is left
-/// out. Lines end with CR LF and have 75 octets at most.
+/// One event per session, by their start, in UTC. Its UID is the identifier of the session, so that a
+/// calendar that imports a later export updates its events instead of adding them again. A session that did
+/// not end after it started has no end. Sessions of the year 0, which calendars do not have, are left out.
+/// Lines end with CR LF and have at most 75 octets.
 std::string calendarOf(const figures::LookBack& look);
 
-/// A text of a person as a value of type TEXT (3.3.11).
+/// A text of the user as a value of type TEXT (3.3.11).
 std::string calendarText(std::string_view text);
 
-/// A content line, folded (3.1), with its line end; never within a character.
+/// A content line, folded between characters (3.1), with its line end.
 std::string calendarLine(std::string_view name, std::string_view value);
 
 }  // namespace quillmere::lookback

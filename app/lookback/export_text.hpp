@@ -1,18 +1,14 @@
-// Texts of persons on their way into a file of another kind.
+// Texts of the user in files of other formats.
 #pragma once
-
-#include <quillmere/records/instant.hpp>
 
 #include <string>
 #include <string_view>
 
 namespace quillmere::lookback {
 
-/// The text with every control character that no text format takes (C0 but for tab and line ends, DEL)
-/// replaced by U+FFFD. Files show what was written; so what turns the direction of text stays.
+/// Replaces the control characters that text formats do not allow (C0 except tab and line ends, DEL) by
+/// U+FFFD. Keeps characters that change the direction of text, unlike base::sanitized: a file contains what
+/// the user wrote.
 std::string withoutControls(std::string_view text);
-
-/// "2026-11-15T15:00:00Z", for years that files can name.
-std::string utcText(Instant instant);
 
 }  // namespace quillmere::lookback

@@ -1,5 +1,6 @@
 #include "lookback/json_report.hpp"
 
+#include "lookback/day_text.hpp"
 #include "lookback/words.hpp"
 
 #include <nlohmann/json.hpp>
@@ -10,7 +11,7 @@ namespace {
 
 base::Json dayJson(const std::optional<figures::Day>& day)
 {
-    return day ? base::Json(figures::labelOf(figures::Unit::day, *day)) : base::Json(nullptr);
+    return day ? base::Json(labelOf(figures::Unit::day, *day)) : base::Json(nullptr);
 }
 
 base::Json meanJson(const figures::Ratings& ratings)
@@ -43,12 +44,12 @@ base::Json tallyJson(const figures::Tally& tally)
     };
 }
 
-base::Json stretchesJson(const figures::LookBack& look, figures::Unit unit, const char* name)
+base::Json periodsJson(const figures::LookBack& look, figures::Unit unit, const char* name)
 {
     base::Json list = base::Json::array();
-    for (const figures::Stretch& stretch : look.stretches(unit)) {
-        base::Json json = {{name, figures::labelOf(unit, stretch.first)}};
-        json.update(tallyJson(stretch.tally));
+    for (const figures::Period& period : look.periods(unit)) {
+        base::Json json = {{name, labelOf(unit, period.first)}};
+        json.update(tallyJson(period.tally));
         list.push_back(std::move(json));
     }
     return list;
@@ -71,8 +72,8 @@ base::Json streakJson(const std::optional<figures::Streak>& streak)
         return nullptr;
     }
     return {{"days", streak->days},
-            {"first", figures::labelOf(figures::Unit::day, streak->first)},
-            {"last", figures::labelOf(figures::Unit::day, streak->last())}};
+            {"first", labelOf(figures::Unit::day, streak->first)},
+            {"last", labelOf(figures::Unit::day, streak->last())}};
 }
 
 }  // namespace
@@ -99,9 +100,9 @@ base::Json lookBackJson(const figures::LookBack& look)
         {"longest_streak", streakJson(look.longestStreak)},
         {"by_energy", byRatingJson(look.byEnergy)},
         {"by_morale", byRatingJson(look.byMorale)},
-        {"days", stretchesJson(look, figures::Unit::day, "day")},
-        {"weeks", stretchesJson(look, figures::Unit::week, "week")},
-        {"months", stretchesJson(look, figures::Unit::month, "month")},
+        {"days", periodsJson(look, figures::Unit::day, "day")},
+        {"weeks", periodsJson(look, figures::Unit::week, "week")},
+        {"months", periodsJson(look, figures::Unit::month, "month")},
     };
 }
 

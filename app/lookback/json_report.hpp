@@ -1,4 +1,4 @@
-// The look back for programs.
+// The look back as JSON.
 #pragma once
 
 #include "base/json.hpp"
@@ -6,8 +6,8 @@
 
 namespace quillmere::lookback {
 
-/// All figures. Times are whole seconds, rounded down; means and what is not known are null where there is
-/// nothing to tell. Days, weeks and months are those with any figure.
+/// All figures. Times are whole seconds, rounded down. A mean of nothing and a day or streak that does not
+/// exist are null. Days, weeks and months without figures are left out.
 base::Json lookBackJson(const figures::LookBack& look);
 
 }  // namespace quillmere::lookback

@@ -1,5 +1,7 @@
 #include "lookback/words.hpp"
 
+#include "lookback/day_text.hpp"
+
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -17,10 +19,9 @@ std::string streakText(const figures::LookBack& look)
     }
     const std::string now = look.currentStreak ? countText(look.currentStreak->days, "day") + " by now" : "";
     const figures::Streak& longest = *look.longestStreak;
-    const std::string days = longest.days == 1
-                                 ? figures::labelOf(figures::Unit::day, longest.first)
-                                 : figures::labelOf(figures::Unit::day, longest.first) + " to " +
-                                       figures::labelOf(figures::Unit::day, longest.last());
+    const std::string days = longest.days == 1 ? labelOf(figures::Unit::day, longest.first)
+                                               : labelOf(figures::Unit::day, longest.first) + " to " +
+                                                     labelOf(figures::Unit::day, longest.last());
     return (now.empty() ? "" : now + ", ") + "longest " + countText(longest.days, "day") + " (" + days + ")";
 }
 
@@ -82,8 +83,8 @@ std::string countText(std::int64_t count, const std::string& thing)
 
 std::string rangeText(const figures::LookBack& look)
 {
-    const std::string last = figures::labelOf(figures::Unit::day, look.range.until.value_or(look.today));
-    return look.range.since ? figures::labelOf(figures::Unit::day, *look.range.since) + " to " + last
+    const std::string last = labelOf(figures::Unit::day, look.range.until.value_or(look.today));
+    return look.range.since ? labelOf(figures::Unit::day, *look.range.since) + " to " + last
                             : "up to " + last;
 }
 

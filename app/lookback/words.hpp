@@ -1,4 +1,5 @@
-// Figures of a look back in words, the same in a terminal and on a page.
+// What `quillmere report` shows: the figures as texts, in a terminal, on a page and in files. Its user sees a
+// "look back". This header has the words that the terminal and the page share.
 #pragma once
 
 #include "figures/look_back.hpp"
@@ -14,22 +15,22 @@ std::string focusText(double seconds);
 /// "3.4"; "-" for none.
 std::string meanText(const figures::Ratings& ratings);
 
-/// "60 %"; "-" when there is nothing to be a part of.
+/// "60 %"; "-" when the whole is zero.
 std::string shareText(double part, double whole);
 
 /// "1 day", "4 days".
 std::string countText(std::int64_t count, const std::string& thing);
 
-/// "2026-11-01 to 2026-11-21", "up to 2026-11-21": what the look back is about.
+/// "2026-11-01 to 2026-11-21", "up to 2026-11-21": the days of the look back.
 std::string rangeText(const figures::LookBack& look);
 
 /// "9 yes, 3 half, 1 no".
 std::string completionsText(const figures::Completions& completions);
 
-/// "yes", as it stands within a sentence.
+/// "yes".
 std::string completionText(CompletionResult completion);
 
-/// What a session is called: what it was to bring about, or its number. A text of a person, as it is.
+/// The intended outcome of a session, or its number if it has none. Not sanitized.
 std::string nameOf(const WorkSession& session);
 
 struct Fact {
@@ -37,10 +38,10 @@ struct Fact {
     std::string value;
 };
 
-/// The whole of it in a few lines.
+/// A summary in a few lines.
 std::vector<Fact> factsOf(const figures::LookBack& look);
 
-/// The sentence of a look back on nothing.
+/// The sentence for a look back without any session.
 std::string emptyText(const figures::LookBack& look);
 
 }  // namespace quillmere::lookback

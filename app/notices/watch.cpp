@@ -14,8 +14,11 @@
 
 #include <algorithm>
 #include <chrono>
+#include <csignal>
+#include <string>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 namespace quillmere::notices {
 namespace {
@@ -37,11 +40,11 @@ std::filesystem::path placeOf(const char* name, const std::filesystem::path& sta
 /// The kind of a file error. Its text is no kind: it may name a temporary file, a new one each time.
 std::string errorKind(const std::exception& error)
 {
-    if (const auto* const failed = dynamic_cast<const std::system_error*>(&error)) {
-        return failed->code().category().name() + std::to_string(failed->code().value());
+    if (const auto* const systemError = dynamic_cast<const std::system_error*>(&error)) {
+        return systemError->code().category().name() + std::to_string(systemError->code().value());
     }
-    if (const auto* const ended = dynamic_cast<const base::Refusal*>(&error)) {
-        return "refusal" + std::to_string(static_cast<int>(ended->kind()));
+    if (const auto* const refusal = dynamic_cast<const base::Refusal*>(&error)) {
+        return "refusal" + std::to_string(static_cast<int>(refusal->kind()));
     }
     return error.what();
 }

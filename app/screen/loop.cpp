@@ -4,9 +4,9 @@
 #include "base/system/held_signals.hpp"
 #include "base/system/next_second.hpp"
 #include "base/system/wait.hpp"
-#include "screen/crash_handler.hpp"
 #include "screen/screen.hpp"
-#include "screen/terminal.hpp"
+#include "screen/terminal/crash_handler.hpp"
+#include "screen/terminal/terminal.hpp"
 
 #include <unistd.h>
 
@@ -16,7 +16,7 @@
 namespace quillmere::screen {
 namespace {
 
-/// One run of the screen: waits for keys, signals, changed files and, where seconds are shown, the next one.
+/// Runs the screen: waits for keys, signals, changed files and the next second or minute.
 class Loop {
 public:
     Loop(Screen& screen, Terminal& terminal, const base::HeldSignals& signals, const Clock& clock)
@@ -24,7 +24,7 @@ public:
     {
     }
 
-    /// Returns the signal that ended it; 0 when the person did.
+    /// Returns the signal that ended the loop; 0 when the person ended it.
     int run()
     {
         while (!screen_.isOver() && ending_ == 0) {
@@ -32,7 +32,8 @@ public:
             wait();
         }
         if (ending_ != 0) {
-            // It waits once more, should the terminal not take what gives it back (EndableWriting).
+            // Makes the signal pending again, so that it can interrupt restoring the terminal
+            // (interruptible_write.hpp).
             ::raise(ending_);
         }
         return ending_ == SIGINT ? 0 : ending_;
@@ -125,7 +126,7 @@ void showScreen(const workspace::Workspace& workspace, const base::Environment& 
     int ending = 0;
     {
         const base::HeldSignals signals{SIGTERM, SIGHUP, SIGINT, SIGQUIT, SIGTSTP, SIGCONT, SIGWINCH};
-        Screen screen(workspace, Drafts(workspace.stateDirectory()), route);
+        Screen screen(workspace, work::Drafts(workspace.stateDirectory()), route);
         Terminal terminal;
         const CrashHandler crashHandler;
         ending = Loop(screen, terminal, signals, environment.clock).run();

@@ -11,9 +11,9 @@ namespace quillmere::screen {
 /// Whether input and output are a terminal that can show the screen.
 bool hasScreen(const base::Environment& environment);
 
-/// Shows the screen until the person leaves it; where `route` leads elsewhere than the work is, it says so.
-/// The terminal is then as it was before. Throws Refusal when there is no terminal for it. A signal that
-/// asks the program to end does end it, after that.
+/// Shows the screen until the person quits, then restores the terminal. Says so when the work is not at
+/// `route`. Throws Refusal without a terminal. An ending signal ends the process after the terminal is
+/// restored.
 void showScreen(const workspace::Workspace& workspace, const base::Environment& environment,
                 std::optional<WidgetRoute> route);
 

@@ -1,10 +1,10 @@
-// What the live screen shows.
-#include "screen/flow.hpp"
-#include "screen/forms/forms.hpp"
-#include "screen/layout.hpp"
+// The picture of the live screen.
+#include "screen/action_keys.hpp"
+#include "screen/canvas/flow.hpp"
+#include "screen/canvas/layout.hpp"
 #include "screen/screen.hpp"
-
-#include <quillmere/engine/timer_snapshot.hpp>
+#include "work/forms/forms.hpp"
+#include "work/situation_view.hpp"
 
 namespace quillmere::screen {
 
@@ -14,27 +14,32 @@ std::string Screen::questionCount() const
     return count == 0 ? "" : count == 1 ? "1 question" : std::to_string(count) + " questions";
 }
 
+std::vector<KeyHint> Screen::keysOfForm() const
+{
+    const std::string questions = questionCount().empty() ? "questions" : questionCount();
+    const work::Saving& saving = work::savingFor(work::stepOf(*form()->form(), state()));
+    return {{"^S", std::string(saving.label)},
+            {"Tab", "next field"},
+            questionForm_ ? KeyHint{"Esc", "back"} : KeyHint{"^O", questions},
+            {"PgDn", "scroll"},
+            {"^C", "quit"}};
+}
+
 std::vector<KeyHint> Screen::keys() const
 {
-    if (!isUsable()) {
+    if (!presenter_.isUsable()) {
         return {{"q", "quit"}};
     }
     if (holdsKeys_) {
         return {{"Esc", "go on"}, {"^C", "quit"}};
     }
-    if (toConfirm_) {
+    if (presenter_.toConfirm()) {
         return {{"y", "yes"}, {"any other key", "no"}};
     }
-    const std::string questions = questionCount().empty() ? "questions" : questionCount();
-    std::vector<KeyHint> hints;
-    if (const Form* const current = form()) {
-        hints.push_back({"^S", std::string(savingFor(stepOf(*current, state())).label)});
-        hints.push_back({"Tab", "next field"});
-        hints.push_back(sideForm_ ? KeyHint{"Esc", "back"} : KeyHint{"^O", questions});
-        hints.push_back({"PgDn", "scroll"});
-        hints.push_back({"^C", "quit"});
-        return hints;
+    if (form()) {
+        return keysOfForm();
     }
+    std::vector<KeyHint> hints;
     if (page_ == Page::questions) {
         if (!state().openQuestions().empty()) {
             hints = {{"↑↓", "choose"}, {"Enter", "answer"}, {"PgDn", "scroll"}};
@@ -42,13 +47,22 @@ std::vector<KeyHint> Screen::keys() const
         hints.push_back({"n", "ask one"});
         hints.push_back({"Esc", "back"});
     } else {
-        for (const Action* const action : actionsFor(situation())) {
-            hints.push_back({std::string(1, action->key), std::string(action->label)});
+        for (const work::Action* const action : work::actionsFor(situation())) {
+            hints.push_back({std::string(1, keyOf(action->step)), std::string(action->label)});
         }
-        hints.push_back({"a", questions});
+        hints.push_back({"a", questionCount().empty() ? "questions" : questionCount()});
     }
     hints.push_back({"q", "quit"});
     return hints;
+}
+
+std::string Screen::message() const
+{
+    if (const work::Action* const action = presenter_.toConfirm()) {
+        return std::string(action->question);
+    }
+    const std::string& message = presenter_.message();
+    return message + (holdsKeys_ ? (message.empty() ? "Esc goes on." : " Esc goes on.") : "");
 }
 
 Frame Screen::frame() const
@@ -57,16 +71,15 @@ Frame Screen::frame() const
                 .caption = {},
                 .accent = QuillmereDesign::Accent::neutral,
                 .note = {},
-                .message = toConfirm_ ? std::string(toConfirm_->question) : message_,
+                .message = message(),
                 .keys = keys()};
-    if (isUsable()) {
-        const WidgetSnapshot snapshot = WidgetSnapshot::make(state(), situation().now);
-        const auto timer = TimerSnapshot::derive(state(), situation().now);
-        frame.title = title(snapshot.phase);
-        const std::string caption = QuillmereDesign::caption(snapshot);
-        // A phase that says it all by its name is not named twice.
-        frame.caption = caption == frame.title ? "" : caption + (timer && timer->isPaused ? ", paused" : "");
-        frame.accent = QuillmereDesign::accent(snapshot.phase);
+    if (presenter_.isUsable()) {
+        const work::SituationView view = work::SituationView::of(situation());
+        const bool isPaused = view.timer && view.timer->isPaused;
+        frame.title = view.title;
+        // Some captions are only the title again.
+        frame.caption = view.caption == view.title ? "" : view.caption + (isPaused ? ", paused" : "");
+        frame.accent = view.accent;
         frame.note = questionCount();
     }
     return frame;
@@ -88,14 +101,14 @@ Canvas Screen::picture(Charset charset) const
     }
     const Frame surrounding = frame();
     const Area area = drawFrame(canvas, surrounding);
-    if (!isUsable()) {
-        drawTrouble(canvas, area, files_.trouble().value_or(""));
-    } else if (const Form* const current = form()) {
+    if (!presenter_.isUsable()) {
+        drawTrouble(canvas, area, presenter_.trouble());
+    } else if (const FormEditor* const current = form()) {
         current->draw(canvas, area, {.accent = surrounding.accent, .bold = true});
     } else if (page_ == Page::questions) {
         drawQuestions(canvas, area, situation(), chosenQuestion_, scrolledRows_);
-    } else if (TimerSnapshot::derive(state(), situation().now)) {
-        drawCountdown(canvas, area, situation());
+    } else if (const auto view = work::SituationView::of(situation()); view.timer) {
+        drawCountdown(canvas, area, view);
     } else {
         drawIdle(canvas, area, situation());
     }

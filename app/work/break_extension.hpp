@@ -5,11 +5,11 @@
 
 namespace quillmere::work {
 
-/// The extension that one key or one button gives, in seconds.
+/// The extension by one key or button, in seconds.
 inline constexpr double usualBreakExtension = 5 * 60;
 
-/// Lengthens the break by `seconds` (WorkflowEngine::extendBreak, with its refusals). An end that lies before
-/// `now` even so is recorded at once: it is no news, and nobody is told of it a second time.
+/// Lengthens the break by `seconds`, with the refusals of WorkflowEngine::extendBreak. When the new end has
+/// passed too, records it at once: people have been told of the end of this break already.
 void extendBreak(QuillmereState& state, double seconds, Instant now);
 
 }  // namespace quillmere::work

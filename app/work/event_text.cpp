@@ -16,12 +16,14 @@ struct EventRow {
     std::string_view sentence;  ///< up to the time
 };
 
+using enum EventKind;
+
 // clang-format off
 constexpr auto eventRows = std::to_array<EventRow>({
-    {EventKind::blockStarted,   "block_started",   "The scheduled block has begun", "The scheduled block started at"},
-    {EventKind::focusEnded,     "focus_ended",     "Focus is over",                 "The focus session ended at"},
-    {EventKind::breakEnded,     "break_ended",     "The break is over",             "The break was over at"},
-    {EventKind::questionRaised, "question_raised", "A question waits",              "A question was asked at"},
+    {blockStarted,   "block_started",   "The scheduled block has begun", "The scheduled block started at"},
+    {focusEnded,     "focus_ended",     "Focus is over",                 "The focus session ended at"},
+    {breakEnded,     "break_ended",     "The break is over",             "The break was over at"},
+    {questionRaised, "question_raised", "A question waits",              "A question was asked at"},
 });
 // clang-format on
 static_assert(inCaseOrder(eventRows));

@@ -1,17 +1,8 @@
 #include "work/state_change.hpp"
 
+#include <quillmere/engine/timer_snapshot.hpp>
+
 namespace quillmere::work {
-namespace {
-
-/// Whether a session ended because its time was used up, and not because somebody ended it.
-bool ranOut(const WorkSession& session)
-{
-    return session.endedAt && *session.endedAt - session.startedAt - session.accumulatedPausedSeconds >=
-                                  session.plannedDurationSeconds;
-}
-
-}  // namespace
-
 LastShown LastShown::of(const QuillmereState& state)
 {
     const WorkSession* const session = state.currentSession();
@@ -29,13 +20,13 @@ std::vector<workspace::Event> newsSince(const LastShown& before, const Quillmere
 {
     const LastShown now = LastShown::of(after);
     std::vector<workspace::Event> events;
-    // Who begins a block early takes its planned start away.
+    // An early start by a person removes the planned start.
     if (now.block && now.block == before.block && now.startTriggeredAt && !before.startTriggeredAt &&
         after.currentBlock->plannedStart) {
         events.push_back({workspace::Event::Kind::blockStarted, *now.startTriggeredAt});
     }
     if (before.workflowState == WorkflowState::focusing && now.workflowState != WorkflowState::focusing &&
-        now.session && now.session == before.session && ranOut(*after.currentSession())) {
+        now.session && now.session == before.session && timeRanOut(*after.currentSession())) {
         events.push_back({workspace::Event::Kind::focusEnded, *after.currentSession()->endedAt});
     }
     if (now.breakEndNotifiedAt && now.breakEndNotifiedAt != before.breakEndNotifiedAt) {

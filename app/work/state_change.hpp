@@ -1,13 +1,16 @@
-// What has come about between two looks, whoever recorded it.
+// Events that happened between two looks at a state, also when another program recorded them.
 #pragma once
 
 #include "workspace/catching_up.hpp"
 
 #include <quillmere/records/quillmere_state.hpp>
 
+#include <optional>
+#include <vector>
+
 namespace quillmere::work {
 
-/// As much of a state as tells whether the work has moved on.
+/// The part of the state shown last that tells whether the work has moved on.
 struct LastShown {
     WorkflowState workflowState;
     std::optional<Identifier> block;
@@ -21,7 +24,7 @@ struct LastShown {
     friend bool operator==(const LastShown&, const LastShown&) = default;
 };
 
-/// What came about by itself since the glimpse.
+/// The events since the state was shown; what a person did is no event.
 std::vector<workspace::Event> newsSince(const LastShown& before, const QuillmereState& after);
 
 }  // namespace quillmere::work

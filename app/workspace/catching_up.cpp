@@ -7,8 +7,8 @@
 namespace quillmere::workspace {
 namespace {
 
-/// When the running timer reached zero; `now` while it has not. Never before the last change of the
-/// state: a timer can only be found run out afterwards.
+/// The instant at which the running timer reached zero; `now` while it has not. Never before the last change
+/// of the state: at that change, the timer had not been evaluated as run out.
 Instant runOutInstant(const QuillmereState& state, Instant now)
 {
     const std::optional<TimerSnapshot> timer = TimerSnapshot::derive(state, now);

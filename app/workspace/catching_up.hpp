@@ -1,4 +1,4 @@
-// What happened while nobody looked.
+// Records what happened by itself since a state was saved: timers ran out, a block was due.
 #pragma once
 
 #include <quillmere/records/quillmere_state.hpp>
@@ -7,7 +7,7 @@
 
 namespace quillmere::workspace {
 
-/// Something that came about by itself.
+/// Something that happened without a command.
 struct Event {
     enum class Kind { blockStarted, focusEnded, breakEnded };
 
@@ -15,9 +15,9 @@ struct Event {
     Instant at;
 };
 
-/// Brings a state up to `now`: begins a scheduled block that is due, ends a focus session or announces
-/// the end of a break whose time has run out. A timer that ran out earlier is evaluated at the instant
-/// at which it did, so the record is true however late somebody looks.
+/// Brings a state up to `now`: begins a scheduled block that is due, ends a focus session or announces the
+/// end of a break whose time has run out. A timer that ran out earlier is evaluated at the instant at which
+/// it ran out, so the record is right however late this is called. Returns what was recorded.
 std::vector<Event> catchUp(QuillmereState& state, Instant now);
 
 }  // namespace quillmere::workspace

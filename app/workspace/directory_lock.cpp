@@ -13,7 +13,6 @@
 namespace quillmere::workspace {
 namespace {
 
-/// A signal does not keep it from being opened.
 base::Descriptor openDirectory(const std::filesystem::path& directory)
 {
     int descriptor = -1;
@@ -26,7 +25,7 @@ base::Descriptor openDirectory(const std::filesystem::path& directory)
     return base::Descriptor(descriptor);
 }
 
-/// Whether the lock was taken; false when somebody else has it.
+/// Returns whether the lock was taken; false also when a signal interrupted the call.
 bool tryLock(int descriptor)
 {
     if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0) {
@@ -38,7 +37,6 @@ bool tryLock(int descriptor)
     return false;
 }
 
-/// flock(2) can wait, but not for a limited time.
 void waitForLock(int descriptor, const std::filesystem::path& directory, std::chrono::milliseconds patience)
 {
     const auto deadline = std::chrono::steady_clock::now() + patience;

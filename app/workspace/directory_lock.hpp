@@ -1,4 +1,4 @@
-// One writer at a time.
+// The lock that lets one program at a time write in a directory.
 #pragma once
 
 #include "base/system/descriptor.hpp"
@@ -10,22 +10,22 @@
 
 namespace quillmere::workspace {
 
-/// Holds the lock of a directory: flock(2) on the directory itself, so that no file is left behind and
-/// the lock goes with its holder, however that ends. Readers need none.
+/// Holds flock(2) on the directory itself: no lock file is left behind, and the system releases the lock when
+/// its holder ends, even by a crash. Readers need no lock.
 class DirectoryLock {
 public:
-    /// How long a command waits for others to be done.
+    /// How long a command waits for other programs.
     static constexpr std::chrono::milliseconds usualPatience{5'000};
-    /// How often whoever waits looks again; flock(2) can wait, but not for a limited time.
+    /// flock(2) cannot wait for a limited time, so it is tried again after each pause.
     static constexpr std::chrono::milliseconds pauseBetweenTries{10};
 
-    /// Waits for the lock, but no longer than `patience`; throws Refusal (`busy`) then, and
-    /// `std::system_error` when the directory cannot be locked at all.
+    /// Waits for the lock up to `patience`; then throws Refusal (`busy`). Throws `std::system_error` when the
+    /// directory cannot be opened or locked at all.
     explicit DirectoryLock(const std::filesystem::path& directory,
                            std::chrono::milliseconds patience = usualPatience);
 
-    /// Takes the lock without waiting; absent when somebody else holds it. Throws `std::system_error` when
-    /// the directory cannot be locked at all.
+    /// Takes the lock without waiting; absent when another program holds it. Throws `std::system_error` when
+    /// the directory cannot be opened or locked at all.
     static std::optional<DirectoryLock> tryTake(const std::filesystem::path& directory);
 
 private:

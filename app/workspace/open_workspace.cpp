@@ -6,7 +6,7 @@ namespace quillmere::workspace {
 
 OpenWorkspace::OpenWorkspace(Workspace workspace)
     : workspace_(std::move(workspace)),
-      // Before the first look, so that no change falls between the two.
+      // Before the files are read, so that no change between the two is missed.
       watch_(workspace_.directory()),
       situation_(workspace_.look()),
       isStale_(!situation_.events.empty())
@@ -23,7 +23,7 @@ std::vector<Event> OpenWorkspace::refresh(std::chrono::milliseconds patience)
         situation_.now = workspace_.now();
         isStale_ = !catchUp(situation_.state, situation_.now).empty();
     }
-    // What is due has come about in memory only: the files may have been changed meanwhile.
+    // So far the events are in memory only, and another program may have recorded them meanwhile.
     return isStale_ ? change(nullptr, patience) : std::exchange(recorded_, {});
 }
 

@@ -1,4 +1,4 @@
-// The files of a person kept open, for programs that stay.
+// The workspace for programs that keep running: a situation in memory that follows the files and the clock.
 #pragma once
 
 #include "base/system/directory_watch.hpp"
@@ -8,11 +8,11 @@
 
 namespace quillmere::workspace {
 
-/// Holds the situation in memory, reads it again when a file changes, and records what comes about as time
-/// passes. Each instance, in whatever process, may do so: an event is recorded once, by the first one.
+/// Reads the state again when a file changes, and records events as time passes. Any number of instances may
+/// exist, in any processes: the first to save an event records it, the others read it.
 class OpenWorkspace {
 public:
-    /// Reads the situation; throws what reading throws (Workspace::look).
+    /// Reads the situation; throws as Workspace::look does.
     explicit OpenWorkspace(Workspace workspace);
 
     /// As of the last `refresh` or `change`.
@@ -22,15 +22,17 @@ public:
     /// For poll(2): readable when `refresh` has something to read.
     int descriptor() const noexcept { return watch_.descriptor(); }
 
-    /// Brings the situation up to the present; to be called once a second and whenever the descriptor is
-    /// readable. Costs next to nothing when nothing has changed. Returns what came about by itself and was
-    /// recorded by this call. Throws what reading and saving throw; the situation is then the last one that
-    /// could be had, and the next call tries again. Waits for the lock no longer than `patience`; without it
-    /// the situation is that of the present all the same, but not recorded.
+    /// Brings the situation up to the present. To be called once a second and when the descriptor is
+    /// readable; reads no file when nothing has changed. Returns the events that this instance recorded and
+    /// has not returned before.
+    ///
+    /// Throws what reading and saving throw; the situation is then the last one that could be read, and the
+    /// next call tries again. When the lock is not free within `patience`, throws Refusal (`busy`): the
+    /// situation is up to date, but its events are not recorded yet.
     std::vector<Event> refresh(std::chrono::milliseconds patience = DirectoryLock::usualPatience);
 
-    /// Applies an operation of the person to the files as they are now (Workspace::change). Returns as
-    /// `refresh` does; when the operation is refused, the next call returns what came about before it.
+    /// Applies an operation to the files as they are now (Workspace::change). Returns events as `refresh`
+    /// does. When this throws, the events that were recorded before are returned by the next call.
     std::vector<Event> change(const Operation& operation,
                               std::chrono::milliseconds patience = DirectoryLock::usualPatience);
 
@@ -39,7 +41,7 @@ private:
     base::DirectoryWatch watch_;
     Situation situation_;
     std::vector<Event> recorded_;  ///< not returned yet
-    bool isStale_ = false;
+    bool isStale_ = false;         ///< the files must be read, or events must be recorded
 };
 
 }  // namespace quillmere::workspace

@@ -7,9 +7,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Keys and the countdown go on while others hold the files.
-constexpr auto patienceOfLooks = 0ms;
-constexpr auto patienceOfPersons = 1s;
+/// The screen must react to keys and count down while another program holds the lock.
+constexpr auto patienceOfRefresh = 0ms;
+constexpr auto patienceOfChange = 1s;
 
 }  // namespace
 
@@ -25,7 +25,7 @@ void RetryingWorkspace::open()
 std::vector<Event> RetryingWorkspace::refresh()
 {
     if (!open_ && !watch_) {
-        // Before the first try, so that nothing is missed after it.
+        // Before the files are read, so that no change after that is missed.
         watch_.emplace(workspace_.directory());
     }
     isBehind_ = false;
@@ -33,7 +33,7 @@ std::vector<Event> RetryingWorkspace::refresh()
         if (!open_) {
             open();
         }
-        std::vector<Event> events = open_->refresh(patienceOfLooks);
+        std::vector<Event> events = open_->refresh(patienceOfRefresh);
         trouble_.reset();
         return events;
     } catch (const std::bad_alloc&) {
@@ -50,7 +50,7 @@ std::vector<Event> RetryingWorkspace::refresh()
 
 std::vector<Event> RetryingWorkspace::change(const Operation& operation)
 {
-    return open_->change(operation, patienceOfPersons);
+    return open_->change(operation, patienceOfChange);
 }
 
 }  // namespace quillmere::workspace

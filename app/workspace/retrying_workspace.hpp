@@ -1,4 +1,4 @@
-// The files of the person, also while they cannot be read.
+// An OpenWorkspace that survives files which cannot be read: a screen shows the failure and tries again.
 #pragma once
 
 #include "workspace/open_workspace.hpp"
@@ -8,27 +8,28 @@
 
 namespace quillmere::workspace {
 
+/// Opens the files as soon as they can be read. A failure to read or to record is kept as a text, and every
+/// `refresh` tries again.
 class RetryingWorkspace {
 public:
-    /// Opens them, or keeps watch until they can be opened. Throws `std::system_error` when the system can
-    /// watch no more.
+    /// Tries to open the files. Throws `std::system_error` only when the directory cannot be watched.
     explicit RetryingWorkspace(Workspace workspace);
 
-    /// Absent until they could be read once.
+    /// Null until the files could be read once.
     const Situation* situation() const { return open_ ? &open_->situation() : nullptr; }
-    /// Why they could not be read or written last time; absent when all is well.
+    /// The last failure to read or write, in words; absent after a success.
     const std::optional<std::string>& trouble() const { return trouble_; }
-    /// Whether something came about that could not be recorded, because somebody else was at work; the next
-    /// call of `refresh` tries again.
+    /// Whether events are not recorded yet because another program held the lock. The next `refresh` tries
+    /// again.
     bool isBehind() const { return isBehind_; }
-    /// For poll(2).
+    /// For poll(2): readable when `refresh` has something to read.
     int descriptor() const { return open_ ? open_->descriptor() : watch_->descriptor(); }
 
-    /// Looks again, without waiting for anybody. Returns what came about by itself and was recorded by this
-    /// call.
+    /// Reads the files if they changed, without waiting for the lock. Returns events as OpenWorkspace does.
     std::vector<Event> refresh();
 
-    /// Applies an operation of the person; throws what it throws, and what reading and writing throw.
+    /// Applies an operation (OpenWorkspace::change), waiting for the lock for a second at most. To be called
+    /// only when there is a situation.
     std::vector<Event> change(const Operation& operation);
 
 private:
@@ -36,7 +37,7 @@ private:
 
     Workspace workspace_;
     std::optional<OpenWorkspace> open_;
-    std::optional<base::DirectoryWatch> watch_;  ///< while they are not open
+    std::optional<base::DirectoryWatch> watch_;  ///< until the files are open
     std::optional<std::string> trouble_;
     bool isBehind_ = false;
 };

@@ -1,28 +1,26 @@
 #include "workspace/screening.hpp"
 
+#include "base/limits.hpp"
 #include "base/refusal.hpp"
-#include "base/text/duration.hpp"
 
 #include <string>
 
 namespace quillmere::workspace {
 namespace {
 
-/// Pauses and extensions add up without a bound of their own; this one is far above any life, and what
-/// ends so much later still has a date.
-constexpr double longestSum = 1'000 * base::longestDuration;
-
-/// More than there is between any two dates.
+/// Seconds; more than between any two dates.
 constexpr double longestCountdown = 1e12;
 
-/// Written so that a value that is not a number is outside.
+/// False for NaN.
 bool isWithin(double value, double least, double most) { return value >= least && value <= most; }
 
 void requireWithin(double value, double least, double most, const std::string& key)
 {
     if (!isWithin(value, least, most)) {
         throw base::Refusal(base::Refusal::Kind::unusableData,
-                            "The state cannot be used: " + key + " is out of bounds. Nothing was changed.");
+                            "The state cannot be used: " + key +
+                                " is out of bounds. Nothing was changed; "
+                                "quillmere restore lists earlier versions.");
     }
 }
 
@@ -35,13 +33,13 @@ void screenBlock(const Block& block, const std::string& key)
 {
     screenDuration(block.focusDurationSeconds, key + ".focus_duration_seconds");
     screenDuration(block.breakDurationSeconds, key + ".break_duration_seconds");
-    requireWithin(static_cast<double>(block.cycleCount), 1, static_cast<double>(mostCycles),
+    requireWithin(static_cast<double>(block.cycleCount), 1, static_cast<double>(base::mostCycles),
                   key + ".cycle_count");
     for (std::size_t index = 0; index < block.sessions.size(); ++index) {
         const WorkSession& session = block.sessions[index];
         const std::string sessionKey = key + ".sessions[" + std::to_string(index) + "]";
         screenDuration(session.plannedDurationSeconds, sessionKey + ".planned_duration_seconds");
-        requireWithin(session.accumulatedPausedSeconds, 0, longestSum,
+        requireWithin(session.accumulatedPausedSeconds, 0, base::longestSum,
                       sessionKey + ".accumulated_paused_seconds");
     }
 }
@@ -56,7 +54,7 @@ void requireUsable(const QuillmereState& state)
     for (std::size_t index = 0; index < state.blockHistory.size(); ++index) {
         screenBlock(state.blockHistory[index], "block_history[" + std::to_string(index) + "]");
     }
-    requireWithin(state.breakExtensionSeconds, 0, longestSum, "break_extension_seconds");
+    requireWithin(state.breakExtensionSeconds, 0, base::longestSum, "break_extension_seconds");
 }
 
 void requireUsable(const WidgetSnapshot& summary)

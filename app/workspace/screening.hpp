@@ -1,21 +1,21 @@
-// States that the engine could not live with.
+// Rejects files with numbers outside the limits of this program.
 #pragma once
+
+#include "base/limits.hpp"
 
 #include <quillmere/records/quillmere_state.hpp>
 #include <quillmere/widget/widget_snapshot.hpp>
 
-#include <cstdint>
-
 namespace quillmere::workspace {
 
-inline constexpr std::int64_t mostCycles = 1'000;
+using base::mostCycles;
 
-/// Throws Refusal (`unusableData`) when a duration or a count in the state lies outside what this
-/// program accepts. Timers count whole seconds in 64 bits and stop the program beyond that, so nothing
-/// may be derived from a state before it has been through here. Names the value by its key.
+/// Throws Refusal (`unusableData`), naming the key, when a duration or a count is outside the limits. To be
+/// called before anything is derived from a loaded state: timers stop the program when seconds do not fit
+/// into 64 bits.
 void requireUsable(const QuillmereState& state);
 
-/// The same for a summary of the widget, from which nothing may be shown before.
+/// The same for a loaded summary of the widget.
 void requireUsable(const WidgetSnapshot& summary);
 
 }  // namespace quillmere::workspace

@@ -12,14 +12,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What an environment variable names, if that is an absolute path.
+/// The value of an environment variable if it is an absolute path; otherwise empty.
 fs::path absolutePathIn(const char* variable)
 {
     const char* const value = std::getenv(variable);
     return value && *value == '/' ? fs::path(value) : fs::path();
 }
 
-/// The path without links, as far as it leads anywhere.
+/// The path with links resolved; parts that do not exist are kept as they are.
 fs::path withoutLinks(const fs::path& path)
 {
     std::error_code error;
@@ -48,7 +48,7 @@ fs::path stateHomeOfThisUser()
 fs::path stateDirectory(const fs::path& directory, const fs::path& stateHome)
 {
     const fs::path files = withoutLinks(directory);
-    // A whole path is no file name; its digest is one, of any length and of any bytes.
+    // A path cannot be a file name, but its digest can, whatever the length and the bytes of the path.
     const fs::path place = stateHome / "quillmere" / base::digest(files.string());
     return stateHome.empty() || isWithin(withoutLinks(place), files) ? fs::path() : place;
 }

@@ -1,5 +1,5 @@
-// What the program keeps beside the files of a person, never among them: earlier versions, drafts, and
-// which notices were given.
+// The directory for data about the three files: earlier versions, drafts, and a record of the notices given.
+// It is never inside the directory of the files.
 #pragma once
 
 #include <filesystem>
@@ -10,10 +10,9 @@ namespace quillmere::workspace {
 /// Directory); empty when the environment names neither.
 std::filesystem::path stateHomeOfThisUser();
 
-/// Where everything is kept that belongs to the files in `directory`, an absolute path: a directory of its
-/// own under `quillmere` in the state home, which need not exist. However the path is spelled, links in it
-/// included, it is the same for the same directory. Empty when `stateHome` is, and when the place would lie
-/// in `directory` itself.
+/// The directory for data about the files in `directory` (an absolute path): `quillmere/<digest of the path>`
+/// in the state home; it need not exist. Links are resolved, so every spelling of a path gives the same
+/// result. Empty when `stateHome` is empty, and when the result would lie inside `directory`.
 std::filesystem::path stateDirectory(const std::filesystem::path& directory,
                                      const std::filesystem::path& stateHome);
 

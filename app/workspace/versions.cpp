@@ -2,6 +2,7 @@
 
 #include "base/system/private_directory.hpp"
 #include "base/text/local_time.hpp"
+#include "workspace/screening.hpp"
 
 #include <quillmere/records/json/date_text.hpp>
 #include <quillmere/store/atomic_write.hpp>
@@ -25,20 +26,18 @@ constexpr std::size_t lastDays = 30;
 
 constexpr char separator = '_';
 constexpr std::string_view extension = ".json";
-constexpr std::size_t digitCount = 6;  // more are taken where they are needed
-// Nobody gets there by changes; by a name that somebody made up, counting on might overflow.
+constexpr std::size_t digitCount = 6;  // at least; larger numbers have more
+/// Files with higher numbers were not made here. Without this bound the next number could overflow.
 constexpr std::int64_t highestNumber = 1'000'000'000'000;
 
 std::string nameOfVersion(std::int64_t number, Instant savedAt)
 {
     const std::string digits = std::to_string(number);
-    std::string date(json::dateTextLength, ' ');
-    json::putDateText(date.data(), savedAt);
-    return std::string(digitCount - std::min(digits.size(), digitCount), '0') + digits + separator + date +
-           std::string(extension);
+    return std::string(digitCount - std::min(digits.size(), digitCount), '0') + digits + separator +
+           json::dateText(savedAt) + std::string(extension);
 }
 
-/// The version that a file is by its name; absent when it is none.
+/// Parses the name of a file; absent when it is not that of a version.
 std::optional<Version> versionIn(const fs::path& file)
 {
     const std::string name = file.stem().string();
@@ -49,25 +48,25 @@ std::optional<Version> versionIn(const fs::path& file)
         return std::nullopt;
     }
     const std::optional<Instant> savedAt = json::instantFromDateText(name.substr(digits + 1));
-    // The same number and instant can be spelt in other ways, which would be other files.
+    // Other spellings of the same number and instant are not names of versions.
     if (!savedAt || file.filename() != nameOfVersion(number, *savedAt)) {
         return std::nullopt;
     }
     return Version{.number = number, .savedAt = *savedAt, .file = file};
 }
 
-/// Whether it is a file by itself, which a link is not.
+/// Whether the entry is a regular file, and no link to one.
 bool isFile(const fs::directory_entry& entry)
 {
     std::error_code gone;
     return !entry.is_symlink(gone) && entry.is_regular_file(gone);
 }
 
-/// Whether a name is one that files have while they are written (writeAtomically).
+/// Whether the name is that of a temporary file of writeAtomically.
 bool isUnfinished(const std::string& name) { return name.starts_with('.') && name.ends_with(".tmp"); }
 
-/// Those that are kept, of a list from the newest.
-std::set<fs::path> keptOf(std::vector<Version> versions)
+/// The files to retain, of versions with the highest number first.
+std::set<fs::path> retained(std::vector<Version> versions)
 {
     std::set<fs::path> kept;
     for (const Version& version : versions) {
@@ -75,7 +74,7 @@ std::set<fs::path> keptOf(std::vector<Version> versions)
             kept.insert(version.file);
         }
     }
-    // A version that was brought back has a higher number than what came after it on its day.
+    // By time, not by number: after the clock was set back, higher numbers have earlier times.
     std::stable_sort(versions.begin(), versions.end(),
                      [](const Version& left, const Version& right) { return left.savedAt > right.savedAt; });
     std::set<std::string> days;
@@ -87,11 +86,10 @@ std::set<fs::path> keptOf(std::vector<Version> versions)
     return kept;
 }
 
-/// What cannot be removed is one too many, and no more.
 void removeIfPossible(const fs::path& file)
 {
-    std::error_code nobodyIsTold;
-    fs::remove(file, nobodyIsTold);
+    std::error_code ignored;
+    fs::remove(file, ignored);
 }
 
 }  // namespace
@@ -131,17 +129,32 @@ void Versions::keep(const fs::path& stateFile, Instant savedAt) const
 void Versions::prune() const
 {
     const std::vector<Version> versions = list();
-    const std::set<fs::path> kept = keptOf(versions);
+    const std::set<fs::path> kept = retained(versions);
     for (const Version& version : versions) {
         if (!kept.contains(version.file)) {
             removeIfPossible(version.file);
         }
     }
     for (const fs::directory_entry& entry : fs::directory_iterator(directory_)) {
-        // Whoever began it is dead: nobody else keeps versions now.
+        // Its process has died: only the holder of the lock writes here.
         if (isUnfinished(entry.path().filename().string()) && isFile(entry)) {
             removeIfPossible(entry.path());
         }
+    }
+}
+
+std::optional<QuillmereState> stateOf(const Version& version)
+{
+    try {
+        QuillmereState state =
+            StateStore::decoder().decode<QuillmereState>(FileManager::standard().contents(version.file));
+        requireUsable(state);
+        return state;
+    } catch (const std::system_error& error) {
+        if (error.code() == std::errc::no_such_file_or_directory) {
+            return std::nullopt;
+        }
+        throw;
     }
 }
 

@@ -1,43 +1,51 @@
-// Earlier versions of the state, so that nothing is lost by a change either.
+// Earlier versions of the state file, so that a change can be taken back.
 #pragma once
 
 #include <quillmere/records/instant.hpp>
+#include <quillmere/records/quillmere_state.hpp>
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <utility>
 #include <vector>
 
 namespace quillmere::workspace {
 
-/// A file with the state as it once was.
+/// A copy of the state file from before a change.
 struct Version {
-    std::int64_t number;  ///< counts up, with every change; at most 10^12
-    Instant savedAt;      ///< when the state had last been changed
+    std::int64_t number;  ///< one more with every version; at most 10^12
+    Instant savedAt;      ///< `updatedAt` of the state
     std::filesystem::path file;
 };
 
-/// The versions of one state file: the last ten, and of each of the thirty newest local days that have any
-/// the one that was saved last; at most forty. No clock is asked, so that one that was wrong for a while
-/// costs one of the days. A file each, "000123_2026-11-15T15:00:00Z.json", in a directory of their own. Not
-/// safe against others that keep versions at the same time: for holders of the lock.
+/// The versions of one state file, each a file "000123_2026-11-15T15:00:00Z.json" in one directory. Retained
+/// are the last ten, and the one saved last on each of the thirty newest local days that have versions: at
+/// most forty. The current time plays no part, so that a wrong clock costs one day at most. Only the holder
+/// of the workspace's lock may call `keep`.
 class Versions {
 public:
-    /// An empty path keeps nothing and has nothing.
+    /// With an empty path nothing is kept and the list is empty.
     explicit Versions(std::filesystem::path directory) : directory_(std::move(directory)) {}
 
-    /// All there are, from the highest number. What has no such name is none, nor is anything but a file.
+    /// All versions, the highest number first. Files with other names, and anything but regular files, are
+    /// ignored.
     std::vector<Version> list() const;
 
-    /// Keeps the file as it is now, if there is one, and lets go of versions that have had their time, where
-    /// they can be removed. Durable, and whole or not at all; throws `std::system_error` when it cannot,
-    /// with the versions before it left in place.
+    /// Copies the file as it is now, if it exists, and deletes versions that are no longer retained. The copy
+    /// is durable and atomic. Throws `std::system_error` when it cannot be made; the earlier versions are
+    /// then untouched. A version that cannot be deleted stays.
     void keep(const std::filesystem::path& stateFile, Instant savedAt) const;
 
 private:
+    /// Deletes versions that are no longer retained, and temporary files of processes that died.
     void prune() const;
 
     std::filesystem::path directory_;
 };
+
+/// The state of a version; absent when its file was deleted. Throws what reading, decoding and screening
+/// throw (`std::system_error`, CodingError, Refusal).
+std::optional<QuillmereState> stateOf(const Version& version);
 
 }  // namespace quillmere::workspace

@@ -1,6 +1,7 @@
 #include "figures_testing.hpp"
 
 #include "base/text/local_time.hpp"
+#include "lookback/day_text.hpp"
 
 namespace quillmere::test {
 
@@ -11,7 +12,7 @@ const std::string hostileText =
 
 Day day(const std::string& text)
 {
-    const auto read = figures::dayFromText(text, Day());
+    const auto read = lookback::dayFromText(text, Day());
     EXPECT_TRUE(read) << text;
     return read.value_or(Day());
 }
@@ -66,9 +67,9 @@ QuillmereState hostileState()
 std::string focusOf(const LookBack& look, Unit unit)
 {
     std::string text;
-    for (const auto& stretch : look.stretches(unit)) {
-        text += (text.empty() ? "" : ", ") + figures::labelOf(unit, stretch.first) + " " +
-                std::to_string(static_cast<long>(stretch.tally.focusSeconds));
+    for (const auto& period : look.periods(unit)) {
+        text += (text.empty() ? "" : ", ") + lookback::labelOf(unit, period.first) + " " +
+                std::to_string(static_cast<long>(period.tally.focusSeconds));
     }
     return text;
 }

@@ -1,4 +1,4 @@
-// Sessions to look back on.
+// Sessions for figures and reports.
 #pragma once
 
 #include "figures/statistics.hpp"
@@ -21,18 +21,20 @@ Day day(const std::string& text);
 /// The instant of "2026-11-15 16:00" in the time zone of the test.
 Instant local(const std::string& text);
 
-/// A reviewed session of so many seconds, pauses included, with the number 1.
+/// A reviewed session of `elapsedSeconds`, pauses included, as the first of its block.
 WorkSession session(Instant start, double elapsedSeconds, double pausedSeconds = 0);
 
 /// A state whose history is one block of these sessions.
 QuillmereState stateWith(std::vector<WorkSession> sessions);
 
-/// A text of characters that are special in a format, in every place that a person can write to. No backslash
-/// in it has an n behind it: some parsers of calendars take an escaped backslash and an n for a line break.
+/// A state with `hostileText` in every text of a session and in the outcome of its block.
 QuillmereState hostileState();
+
+/// Markup, control characters, separators and escapes of the export formats. No backslash is followed by an
+/// n: some parsers of calendars take an escaped backslash and an n for a line break.
 extern const std::string hostileText;
 
-/// The focus of each stretch: "2026-11-15 1500, 2026-11-16 60".
+/// "2026-11-15 1500, 2026-11-16 60": the focus of each period, for comparisons.
 std::string focusOf(const LookBack& look, Unit unit);
 
 }  // namespace quillmere::test

@@ -1,16 +1,16 @@
-// When to ask again.
+// Changes after which waiting calls are asked again.
 #pragma once
 
 namespace quillmere::agent::protocol {
 
-/// Tells when calls that wait may have a result.
+/// Reports when waiting calls may have a result.
 class Changes {
 public:
     virtual ~Changes() = default;
 
-    /// For poll(2); -1 while nothing is watched.
+    /// For `base::waitFor`: readable after a change; -1 while nothing is watched.
     virtual int descriptor() const = 0;
-    /// Takes what has happened. Never waits.
+    /// Consumes the changes so far. Never waits.
     virtual void take() = 0;
 };
 

@@ -5,20 +5,20 @@
 namespace quillmere::agent::protocol {
 namespace {
 
-/// In JSON Schema 2.0 is an integer too.
-bool isWhole(const Json& value)
+/// In JSON Schema, 2.0 is an integer too.
+bool isWhole(const SortedJson& value)
 {
     return value.is_number_integer() ||
            (value.is_number_float() && std::trunc(value.get<double>()) == value.get<double>());
 }
 
-bool hasType(const Json& value, const std::string& type)
+bool hasType(const SortedJson& value, const std::string& type)
 {
     return (type == "string" && value.is_string()) || (type == "boolean" && value.is_boolean()) ||
            (type == "integer" && isWhole(value));
 }
 
-std::string misfitOfOne(const std::string& name, const Json& value, const Json& schema)
+std::string misfitOfOne(const std::string& name, const SortedJson& value, const SortedJson& schema)
 {
     const std::string type = schema.at("type");
     if (!hasType(value, type)) {
@@ -34,12 +34,12 @@ std::string misfitOfOne(const std::string& name, const Json& value, const Json& 
 
 }  // namespace
 
-std::string misfitOf(const Json& arguments, const Json& inputSchema)
+std::string misfitOf(const SortedJson& arguments, const SortedJson& inputSchema)
 {
     if (!arguments.is_object()) {
         return "The arguments must be an object.";
     }
-    const Json properties = inputSchema.value("properties", Json::object());
+    const SortedJson properties = inputSchema.value("properties", SortedJson::object());
     for (const auto& [name, value] : arguments.items()) {
         if (!properties.contains(name)) {
             return "There is no argument \"" + name + "\".";
@@ -48,7 +48,7 @@ std::string misfitOf(const Json& arguments, const Json& inputSchema)
             return misfit;
         }
     }
-    for (const Json& name : inputSchema.value("required", Json::array())) {
+    for (const SortedJson& name : inputSchema.value("required", SortedJson::array())) {
         if (!arguments.contains(name)) {
             return "The argument \"" + name.get<std::string>() + "\" is missing.";
         }

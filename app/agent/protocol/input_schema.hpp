@@ -1,4 +1,4 @@
-// Holds the arguments of a tool call against the tool's input schema.
+// Checks the arguments of a tool call against the tool's input schema.
 #pragma once
 
 #include "agent/protocol/offer.hpp"
@@ -7,9 +7,10 @@
 
 namespace quillmere::agent::protocol {
 
-/// Says in one sentence what does not fit; empty when all does. Of JSON Schema (2020-12) it knows what input
-/// schemas here use: an object that takes no properties but its own, `required`, and of each property the
-/// `type` "string", "integer" or "boolean", `minimum` and `maximum`. Everything else is for the reader.
-std::string misfitOf(const Json& arguments, const Json& inputSchema);
+/// One sentence about the first argument that does not fit; empty when all fit. Checks only the part of JSON
+/// Schema (2020-12) that the input schemas here use: an object without additional properties, `required`, and
+/// for each property the `type` "string", "integer" or "boolean", `minimum` and `maximum`. Other keywords
+/// inform the model.
+std::string misfitOf(const SortedJson& arguments, const SortedJson& inputSchema);
 
 }  // namespace quillmere::agent::protocol

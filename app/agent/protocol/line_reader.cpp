@@ -25,7 +25,7 @@ std::optional<LineReader::Line> LineReader::next()
 
 std::optional<LineReader::Line> LineReader::add(std::string_view bytes)
 {
-    // One more may be the carriage return at its end.
+    // One byte more may be the carriage return at the end of the line.
     if (!isSkipping_ && bytes.size() > longest_ + 1 - kept_.size()) {
         std::string().swap(kept_);
         isSkipping_ = true;
@@ -40,7 +40,7 @@ std::optional<LineReader::Line> LineReader::add(std::string_view bytes)
 std::optional<LineReader::Line> LineReader::end()
 {
     isSkipping_ = false;
-    // What a long line has taken goes with it.
+    // The memory of a long line goes with it.
     Line line{.text = std::exchange(kept_, {})};
     if (line.text.ends_with('\r')) {
         line.text.pop_back();

@@ -1,4 +1,4 @@
-// Bytes to lines.
+// Splits bytes into lines.
 #pragma once
 
 #include <cstddef>
@@ -8,24 +8,24 @@
 
 namespace quillmere::agent::protocol {
 
-/// Cuts what comes in pieces of any size into lines, and gives them one at a time. Keeps no more than one
-/// piece and one line of at most `longest` bytes: the rest of a longer one is let go as it comes.
+/// Splits pieces of any size into lines. Holds no more than one piece and one line of at most `longest`
+/// bytes; the rest of a longer line is dropped as it arrives.
 class LineReader {
 public:
     struct Line {
-        std::string text;        ///< without its end; never blank
-        bool isTooLong = false;  ///< said once for each, as soon as it is; then there is no text
+        std::string text;        ///< without the line end; never blank
+        bool isTooLong = false;  ///< reported once for each such line, as soon as it is known; no text then
     };
 
     explicit LineReader(std::size_t longest) : longest_(longest) {}
 
-    /// Whether the piece before has been read to its end, so that another can be taken.
+    /// Whether the piece is used up, so that `take` may be called.
     bool isAtEnd() const { return begin_ >= piece_.size(); }
 
     /// Takes the next piece.
     void take(std::string piece);
 
-    /// The next line; absent when the piece has no further end of one.
+    /// The next line; absent when no further line ends in the piece.
     std::optional<Line> next();
 
 private:
@@ -34,8 +34,8 @@ private:
 
     std::size_t longest_;
     std::string piece_;
-    std::size_t begin_ = 0;  ///< of what has not been read of the piece
-    std::string kept_;       ///< of the line that has not ended
+    std::size_t begin_ = 0;  ///< of the unread rest of the piece
+    std::string kept_;       ///< the line that has not ended yet
     bool isSkipping_ = false;
 };
 

@@ -5,13 +5,10 @@
 namespace quillmere::agent::protocol {
 namespace {
 
-std::string lineOf(const Json& message)
-{
-    return message.dump(-1, ' ', true, Json::error_handler_t::replace) + '\n';
-}
+std::string lineOf(const SortedJson& message) { return base::sortedJsonLine(message) + '\n'; }
 
-/// What is built of the line is handled level by level. The parser's own callback could count too, but with
-/// one it looks again through all members of an array whenever one of them ends.
+/// Checked before parsing, because a parsed value is destroyed by recursion. The parser's own callback could
+/// count levels too, but with a callback it searches a whole array again for each element.
 void requireShallow(std::string_view line)
 {
     int depth = 0;
@@ -37,43 +34,43 @@ void requireShallow(std::string_view line)
 
 }  // namespace
 
-ProtocolError::ProtocolError(ErrorCode code, const std::string& message, Json data)
+ProtocolError::ProtocolError(ErrorCode code, const std::string& message, SortedJson data)
     : std::runtime_error(message), code_(code), data_(std::move(data))
 {
 }
 
-Json parsedMessage(std::string_view line)
+SortedJson parsedMessage(std::string_view line)
 {
     requireShallow(line);
     try {
-        // The parser takes a NUL for the end of its input.
+        // The parser would end at a NUL.
         if (line.find('\0') == std::string_view::npos) {
-            return Json::parse(line);
+            return SortedJson::parse(line);
         }
-    } catch (const Json::out_of_range&) {
+    } catch (const SortedJson::out_of_range&) {
         throw ProtocolError(ErrorCode::parseError, "A number in the line is too great to be read.");
-    } catch (const Json::parse_error&) {
-        // Said below.
+    } catch (const SortedJson::parse_error&) {
+        // Reported below.
     }
     throw ProtocolError(ErrorCode::parseError,
                         "The line is not JSON in UTF-8, or it escapes a lone surrogate.");
 }
 
-const Json& memberIn(const Json& object, const char* key)
+const SortedJson& memberIn(const SortedJson& object, const char* key)
 {
-    static const Json none;
+    static const SortedJson none;
     const auto member = object.find(key);
     return member != object.end() ? *member : none;
 }
 
-std::optional<Json> idIn(const Json& object, const char* key)
+std::optional<SortedJson> idIn(const SortedJson& object, const char* key)
 {
-    const Json& id = memberIn(object, key);
+    const SortedJson& id = memberIn(object, key);
     const bool isText = id.is_string() && id.get_ref<const std::string&>().size() <= longestId;
     return isText || id.is_number_integer() ? std::optional(id) : std::nullopt;
 }
 
-std::optional<Request> requestIn(Json message)
+std::optional<Request> requestIn(SortedJson message)
 {
     if (message.is_array()) {
         throw ProtocolError(ErrorCode::invalidRequest, "Batches are not accepted: send one message a line.");
@@ -81,7 +78,7 @@ std::optional<Request> requestIn(Json message)
     if (!message.is_object() || memberIn(message, "jsonrpc") != "2.0") {
         throw ProtocolError(ErrorCode::invalidRequest, "The line is no JSON-RPC 2.0 message.");
     }
-    const Json& method = memberIn(message, "method");
+    const SortedJson& method = memberIn(message, "method");
     if (method.is_null() && (message.contains("result") || message.contains("error"))) {
         return std::nullopt;
     }
@@ -96,26 +93,26 @@ std::optional<Request> requestIn(Json message)
                                                            " bytes or an integer of 64 bits.");
     }
     if (request.params.is_null()) {
-        request.params = Json::object();
+        request.params = SortedJson::object();
     }
     if (!request.params.is_object()) {
         if (!isNotification) {
             throw ProtocolError(ErrorCode::invalidParams, "The params of a request are an object.");
         }
-        request.params = Json::object();
+        request.params = SortedJson::object();
     }
     return request;
 }
 
-std::string resultLine(const Json& id, Json result)
+std::string resultLine(const SortedJson& id, SortedJson result)
 {
     return lineOf({{"jsonrpc", "2.0"}, {"id", id}, {"result", std::move(result)}});
 }
 
-std::string errorLine(const std::optional<Json>& id, const ProtocolError& error)
+std::string errorLine(const std::optional<SortedJson>& id, const ProtocolError& error)
 {
-    Json message = {{"jsonrpc", "2.0"},
-                    {"error", {{"code", static_cast<int>(error.code())}, {"message", error.what()}}}};
+    SortedJson message = {{"jsonrpc", "2.0"},
+                          {"error", {{"code", static_cast<int>(error.code())}, {"message", error.what()}}}};
     if (!error.data().is_null()) {
         message["error"]["data"] = error.data();
     }

@@ -1,4 +1,4 @@
-// JSON-RPC 2.0 messages, as the Model Context Protocol uses them: one a line, no batches.
+// JSON-RPC 2.0 messages as the Model Context Protocol uses them: one on each line, no batches.
 #pragma once
 
 #include "agent/protocol/offer.hpp"
@@ -22,51 +22,52 @@ enum class ErrorCode {
     unsupportedVersion = -32022,  ///< versions without
 };
 
-/// Why a message has no result. The text is for whoever wrote the client.
+/// An error response. The message is for the developer of the client.
 class ProtocolError : public std::runtime_error {
 public:
-    ProtocolError(ErrorCode code, const std::string& message, Json data = nullptr);
+    ProtocolError(ErrorCode code, const std::string& message, SortedJson data = nullptr);
 
     ErrorCode code() const noexcept { return code_; }
-    /// Null when there is none.
-    const Json& data() const noexcept { return data_; }
+    /// Null: none.
+    const SortedJson& data() const noexcept { return data_; }
 
 private:
     ErrorCode code_;
-    Json data_;
+    SortedJson data_;
 };
 
 /// A request or, without an id, a notification.
 struct Request {
-    std::optional<Json> id;
+    std::optional<SortedJson> id;
     std::string method;
-    Json params;  ///< an object; empty where there are none
+    SortedJson params;  ///< an object; empty when the message has none
 };
 
-/// How many objects and arrays, one in another, a message may have; more than any has reason to.
+/// The limit of nested objects and arrays in a message; real messages have far fewer levels.
 inline constexpr int deepestNesting = 64;
 
-/// The longest string, in bytes, that is an id: it is kept for as long as its call waits.
+/// The limit of an id that is a string, in bytes. An id is kept while its call waits.
 inline constexpr std::size_t longestId = 1'024;
 
-/// Reads one line. Throws ProtocolError when it is no JSON (RFC 8259, UTF-8), or nests too deep.
-Json parsedMessage(std::string_view line);
+/// Parses one line. Throws ProtocolError when it is not JSON (RFC 8259) in UTF-8 or has too many levels.
+SortedJson parsedMessage(std::string_view line);
 
-/// A member of an object; null where there is none, also of what is no object. Valid as long as the object.
-const Json& memberIn(const Json& object, const char* key);
+/// A member of an object. Null without such a member and for a value that is no object. Valid as long as the
+/// object.
+const SortedJson& memberIn(const SortedJson& object, const char* key);
 
-/// The id that stands under a key of a message or of its params: a string that is not too long, or an integer
-/// of 64 bits, to be sent back as it came. Absent when there is none that is one.
-std::optional<Json> idIn(const Json& object, const char* key);
+/// The id under a key of a message or of its params: a string within the limit, or an integer of 64 bits.
+/// Absent for any other value and without the key.
+std::optional<SortedJson> idIn(const SortedJson& object, const char* key);
 
-/// The request or notification that a message is; absent for a response, which this server never waits for.
-/// Throws ProtocolError when it is no message at all.
-std::optional<Request> requestIn(Json message);
+/// A message as a request or notification. Absent for a response, which this server never waits for. Throws
+/// ProtocolError for any other value.
+std::optional<Request> requestIn(SortedJson message);
 
-/// The lines that answer a request. Nothing in them is beyond ASCII, so that nobody takes a character of a
-/// text for the end of the line. An error has no id where the message had none that could be read: JSON-RPC
-/// has null there, which the protocol's own schema and its clients do not take.
-std::string resultLine(const Json& id, Json result);
-std::string errorLine(const std::optional<Json>& id, const ProtocolError& error);
+/// The lines that answer a request, in ASCII, so that no reader takes a character of a text for the end of
+/// the line. An error has no id when the message had no readable one: JSON-RPC asks for null there, but the
+/// protocol's own schema and its clients do not accept null.
+std::string resultLine(const SortedJson& id, SortedJson result);
+std::string errorLine(const std::optional<SortedJson>& id, const ProtocolError& error);
 
 }  // namespace quillmere::agent::protocol

@@ -1,5 +1,7 @@
-// What a server offers: tools to call and resources to read. Knows none of the protocol's messages.
+// The tools and resources of a server. Knows no messages of the protocol.
 #pragma once
+
+#include "base/json.hpp"
 
 #include <nlohmann/json.hpp>
 
@@ -12,30 +14,29 @@
 
 namespace quillmere::agent::protocol {
 
-/// Sorted by key, so that neither the order of a list nor an object with a million keys is a surprise.
-using Json = nlohmann::json;
+/// Every value of the protocol, because a client may send an object with a million keys.
+using base::SortedJson;
 
-/// On the clock by which waits are timed, which is never set.
+/// On a clock that is never set (monotonic).
 using Moment = std::chrono::steady_clock::time_point;
 
-/// What has come of a tool call.
+/// The result of a tool call.
 struct ToolResult {
-    Json value;                ///< as the tool's output schema says
-    std::string refusal = {};  ///< why there is no value, for a model to act on; empty when there is one
+    SortedJson value;          ///< fits the tool's output schema
+    std::string refusal = {};  ///< for the model: why there is no value; empty with one
 };
 
-/// There is no result yet, and this is when to ask for it again even if nothing has changed.
+/// There is no result yet. The call is asked again at this moment, or earlier after a change.
 struct Later {
     Moment at;
 };
 
 using Outcome = std::variant<ToolResult, Later>;
 
-/// A tool call that has begun: says what has come of it so far. Asked at once, and again until there is a
-/// result.
+/// A tool call that has begun. Asked at once, and again until it returns a result.
 using Call = std::function<Outcome(Moment now)>;
 
-/// What a call of a tool does to the world, as a client may want to know before it allows one.
+/// The effects of a tool, for a client that decides whether to allow a call.
 struct Hints {
     bool readOnly;
     bool destructive;
@@ -46,18 +47,18 @@ struct Hints {
 struct Tool {
     std::string name;
     std::string title;
-    std::string description;  ///< all that a model is told about it
-    Json inputSchema;         ///< of an object; in the words that `misfitOf` knows
-    Json outputSchema;
-    Hints hints;  ///< a call that is not `readOnly` is brought to its end also when the client says no more
-    /// Takes arguments that fit the input schema.
-    std::function<Call(const Json& arguments, Moment now)> begin;
+    std::string description;  ///< the only text that a model reads about it
+    SortedJson inputSchema;   ///< of an object; uses only the keywords that `misfitOf` knows
+    SortedJson outputSchema;
+    Hints hints;  ///< a call that is not `readOnly` is finished even when the input has ended
+    /// Begins a call with arguments that fit the input schema.
+    std::function<Call(const SortedJson& arguments, Moment now)> begin;
 };
 
-/// How long what was read may be taken for true, and by whom.
+/// How long a client may keep a result, and whether it may share it.
 struct Caching {
     std::int64_t milliseconds;
-    bool isPublic;  ///< says nothing about this person
+    bool isPublic;  ///< nothing in it is about this person
 };
 
 struct Resource {
@@ -67,16 +68,16 @@ struct Resource {
     std::string description;
     std::string mimeType;
     Caching caching;
-    /// The text as of now; throws `std::exception`, whose text is for the client, when it cannot be had.
+    /// The text as of now. Throws `std::exception` with a message for the client when it cannot be read.
     std::function<std::string()> read;
 };
 
-/// Lists are answered in the order that they have here.
+/// Lists are sent in this order.
 struct Offer {
     std::string name;
     std::string title;
     std::string version;
-    std::string instructions;  ///< what a model should know before it uses any of it
+    std::string instructions;  ///< for a model, before it uses any tool
     std::vector<Tool> tools;
     std::vector<Resource> resources;
 };

@@ -3,28 +3,28 @@
 namespace quillmere::agent::protocol {
 namespace {
 
-Json implementation(const Offer& offer, const Version& version)
+SortedJson implementation(const Offer& offer, const ProtocolVersion& version)
 {
-    Json json = {{"name", offer.name}, {"version", offer.version}};
+    SortedJson json = {{"name", offer.name}, {"version", offer.version}};
     if (version.hasStructures) {
         json["title"] = offer.title;
     }
     return json;
 }
 
-/// Nothing that is listed ever changes, and nobody can subscribe.
-Json capabilities() { return {{"tools", Json::object()}, {"resources", Json::object()}}; }
+/// The lists never change, and there are no subscriptions, so neither capability has options.
+SortedJson capabilities() { return {{"tools", SortedJson::object()}, {"resources", SortedJson::object()}}; }
 
-Json toolJson(const Tool& tool, const Version& version)
+SortedJson toolJson(const Tool& tool, const ProtocolVersion& version)
 {
-    Json json = {{"name", tool.name},
-                 {"description", tool.description},
-                 {"inputSchema", tool.inputSchema},
-                 {"annotations",
-                  {{"readOnlyHint", tool.hints.readOnly},
-                   {"destructiveHint", tool.hints.destructive},
-                   {"idempotentHint", tool.hints.idempotent},
-                   {"openWorldHint", tool.hints.openWorld}}}};
+    SortedJson json = {{"name", tool.name},
+                       {"description", tool.description},
+                       {"inputSchema", tool.inputSchema},
+                       {"annotations",
+                        {{"readOnlyHint", tool.hints.readOnly},
+                         {"destructiveHint", tool.hints.destructive},
+                         {"idempotentHint", tool.hints.idempotent},
+                         {"openWorldHint", tool.hints.openWorld}}}};
     if (version.hasStructures) {
         json["title"] = tool.title;
         json["outputSchema"] = tool.outputSchema;
@@ -32,11 +32,14 @@ Json toolJson(const Tool& tool, const Version& version)
     return json;
 }
 
-Json textContent(const std::string& text) { return Json::array({{{"type", "text"}, {"text", text}}}); }
+SortedJson textContent(const std::string& text)
+{
+    return SortedJson::array({{{"type", "text"}, {"text", text}}});
+}
 
 }  // namespace
 
-Json initializeResult(const Offer& offer, const Version& version)
+SortedJson initializeResult(const Offer& offer, const ProtocolVersion& version)
 {
     return {{"protocolVersion", version.name},
             {"capabilities", capabilities()},
@@ -44,30 +47,30 @@ Json initializeResult(const Offer& offer, const Version& version)
             {"instructions", offer.instructions}};
 }
 
-Json discoverResult(const Offer& offer)
+SortedJson discoverResult(const Offer& offer)
 {
     return {{"supportedVersions", statelessVersionNames()},
             {"capabilities", capabilities()},
             {"instructions", offer.instructions}};
 }
 
-Json toolList(const Offer& offer, const Version& version)
+SortedJson toolList(const Offer& offer, const ProtocolVersion& version)
 {
-    Json tools = Json::array();
+    SortedJson tools = SortedJson::array();
     for (const Tool& tool : offer.tools) {
         tools.push_back(toolJson(tool, version));
     }
     return {{"tools", std::move(tools)}};
 }
 
-Json resourceList(const Offer& offer, const Version& version)
+SortedJson resourceList(const Offer& offer, const ProtocolVersion& version)
 {
-    Json resources = Json::array();
+    SortedJson resources = SortedJson::array();
     for (const Resource& resource : offer.resources) {
-        Json json = {{"uri", resource.uri},
-                     {"name", resource.name},
-                     {"description", resource.description},
-                     {"mimeType", resource.mimeType}};
+        SortedJson json = {{"uri", resource.uri},
+                           {"name", resource.name},
+                           {"description", resource.description},
+                           {"mimeType", resource.mimeType}};
         if (version.hasStructures) {
             json["title"] = resource.title;
         }
@@ -76,27 +79,29 @@ Json resourceList(const Offer& offer, const Version& version)
     return {{"resources", std::move(resources)}};
 }
 
-Json resourceTemplateList() { return {{"resourceTemplates", Json::array()}}; }
+SortedJson resourceTemplateList() { return {{"resourceTemplates", SortedJson::array()}}; }
 
-Json resourceContents(const Resource& resource)
+SortedJson resourceContents(const Resource& resource)
 {
-    const Json content = {{"uri", resource.uri}, {"mimeType", resource.mimeType}, {"text", resource.read()}};
-    return {{"contents", Json::array({content})}};
+    const SortedJson content = {
+        {"uri", resource.uri}, {"mimeType", resource.mimeType}, {"text", resource.read()}};
+    return {{"contents", SortedJson::array({content})}};
 }
 
-Json callResult(const ToolResult& result, const Version& version)
+SortedJson callResult(const ToolResult& result, const ProtocolVersion& version)
 {
     if (!result.refusal.empty()) {
         return {{"content", textContent(result.refusal)}, {"isError", true}};
     }
-    Json json = {{"content", textContent(result.value.dump())}};
+    SortedJson json = {{"content", textContent(result.value.dump())}};
     if (version.hasStructures) {
         json["structuredContent"] = result.value;
     }
     return json;
 }
 
-Json complete(Json result, const std::optional<Caching>& caching, const Offer& offer, const Version& version)
+SortedJson complete(SortedJson result, const std::optional<Caching>& caching, const Offer& offer,
+                    const ProtocolVersion& version)
 {
     if (version.isStateless) {
         result["resultType"] = "complete";

@@ -1,22 +1,23 @@
-// What is said about an offer in each version of the protocol: the results of requests.
+// The results of requests, in the form of each version of the protocol.
 #pragma once
 
 #include "agent/protocol/version.hpp"
 
 namespace quillmere::agent::protocol {
 
-Json initializeResult(const Offer& offer, const Version& version);
-Json discoverResult(const Offer& offer);
-Json toolList(const Offer& offer, const Version& version);
-Json resourceList(const Offer& offer, const Version& version);
-Json resourceTemplateList();
-Json resourceContents(const Resource& resource);
-Json callResult(const ToolResult& result, const Version& version);
+SortedJson initializeResult(const Offer& offer, const ProtocolVersion& version);
+SortedJson discoverResult(const Offer& offer);
+SortedJson toolList(const Offer& offer, const ProtocolVersion& version);
+SortedJson resourceList(const Offer& offer, const ProtocolVersion& version);
+SortedJson resourceTemplateList();
+SortedJson resourceContents(const Resource& resource);
+SortedJson callResult(const ToolResult& result, const ProtocolVersion& version);
 
-/// For lists, which change with the program only.
+/// Of lists, which change only with a new version of the program.
 inline constexpr Caching cachingOfLists{.milliseconds = 3'600'000, .isPublic = true};
 
-/// Adds what the version wants in every result, and in those that may be kept.
-Json complete(Json result, const std::optional<Caching>& caching, const Offer& offer, const Version& version);
+/// Adds the members that the version requires in every result and in results that may be kept.
+SortedJson complete(SortedJson result, const std::optional<Caching>& caching, const Offer& offer,
+                    const ProtocolVersion& version);
 
 }  // namespace quillmere::agent::protocol

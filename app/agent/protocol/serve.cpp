@@ -18,7 +18,7 @@
 namespace quillmere::agent::protocol {
 namespace {
 
-/// While a client leaves this many bytes unread it is not heard, so that what waits for it does not grow.
+/// While a client leaves so many bytes unread, no more of its input is handled, so that memory is bounded.
 constexpr std::size_t mostUnsent = 1024 * 1024;
 constexpr std::size_t longestPiece = 65536;
 
@@ -31,8 +31,8 @@ public:
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    /// Waits until there is something to do, and does it, one line at most, so that whoever asks for the end
-    /// need not wait for more; false when that was the end.
+    /// Waits for something to do and does it; one line at most, so that a request to end is seen soon. False
+    /// at the end.
     bool step();
 
 private:
@@ -43,7 +43,7 @@ private:
     std::optional<Moment::duration> timeToWait() const;
     void receiveSome();
     void handleLine();
-    /// False when nobody reads any more.
+    /// False when the reader is gone.
     bool sendSome();
 
     Server& server_;
@@ -108,7 +108,7 @@ void Connection::receiveSome()
         bytes.resize(static_cast<std::size_t>(count));
         reader_.take(std::move(bytes));
     } else if (count == 0 || (errno != EINTR && errno != EAGAIN)) {
-        // What stands without a line end is a line too.
+        // The rest without a line end is a line too.
         reader_.take("\n");
         hasEnded_ = true;
     }
@@ -122,7 +122,7 @@ void Connection::handleLine()
     } else if (line) {
         server_.receive(line->text, now());
         if (line->text.size() > longestPiece) {
-            // A message of very many small values would otherwise leave their memory with this process.
+            // After a message of very many small values, free(3) alone would keep their memory.
             ::malloc_trim(0);
         }
     }
@@ -136,7 +136,8 @@ bool Connection::sendSome()
         return false;
     }
     sent_ += written.count;
-    // By halves, so that long output is not moved again and again; into a new place, so that the old is free.
+    // Only when half is sent, so that long output is not moved again and again; by copy and swap, so that the
+    // memory shrinks.
     if (sent_ >= output_.size() - sent_) {
         std::string(output_, sent_).swap(output_);
         sent_ = 0;

@@ -9,36 +9,36 @@
 namespace quillmere::agent::protocol {
 namespace {
 
-/// More calls than a client has use for; each costs memory until its time is up.
+/// More calls than a client needs at a time; each costs memory until its time is up.
 constexpr std::size_t mostWaiting = 64;
 
-/// A text that the params must have.
-std::string textIn(const Json& params, const char* key)
+/// A required string of the params.
+std::string textIn(const SortedJson& params, const char* key)
 {
-    const Json& value = memberIn(params, key);
+    const SortedJson& value = memberIn(params, key);
     if (!value.is_string()) {
         throw ProtocolError(ErrorCode::invalidParams, std::string("params need \"") + key + "\", a string.");
     }
     return value;
 }
 
-/// Lists have one page here, so that no cursor was ever given out.
-void refuseCursor(const Json& params)
+/// Lists have one page, so that no cursor is valid.
+void refuseCursor(const SortedJson& params)
 {
     if (!memberIn(params, "cursor").is_null()) {
         throw ProtocolError(ErrorCode::invalidParams, "There is no such page.");
     }
 }
 
-/// What a call gives its tool. A model that leaves something out may say so with null.
-Json argumentsIn(Json params)
+/// The arguments of a call. Null means that an argument is left out: some models write it so.
+SortedJson argumentsIn(SortedJson params)
 {
-    Json arguments = std::move(params["arguments"]);
+    SortedJson arguments = std::move(params["arguments"]);
     if (arguments.is_null()) {
-        return Json::object();
+        return SortedJson::object();
     }
     if (arguments.is_object()) {
-        std::erase_if(arguments.get_ref<Json::object_t&>(),
+        std::erase_if(arguments.get_ref<SortedJson::object_t&>(),
                       [](const auto& argument) { return argument.second.is_null(); });
     }
     return arguments;
@@ -52,12 +52,12 @@ struct Server::Method {
     std::string_view name;
     bool withHandshake;
     bool stateless;
-    std::optional<Reply> (Server::*answer)(Request& request, const Version& version, Moment now);
+    std::optional<Reply> (Server::*answer)(Request& request, const ProtocolVersion& version, Moment now);
 
-    static const Method& named(const std::string& name, const Version& version);
+    static const Method& named(const std::string& name, const ProtocolVersion& version);
 };
 
-const Server::Method& Server::Method::named(const std::string& name, const Version& version)
+const Server::Method& Server::Method::named(const std::string& name, const ProtocolVersion& version)
 {
     // clang-format off
     static constexpr auto methods = std::to_array<Method>({
@@ -87,9 +87,9 @@ Server::Server(Offer offer) : offer_(std::move(offer)), agreed_(&versionAfterHan
 
 void Server::receive(std::string_view line, Moment now)
 {
-    std::optional<Json> id;
+    std::optional<SortedJson> id;
     guarded(id, [&] {
-        Json message = parsedMessage(line);
+        SortedJson message = parsedMessage(line);
         id = idIn(message, "id");
         std::optional<Request> request = requestIn(std::move(message));
         if (request && request->id) {
@@ -105,7 +105,7 @@ void Server::refuseLongLine()
     guarded(std::nullopt, [] { throw ProtocolError(ErrorCode::invalidRequest, "The line is too long."); });
 }
 
-void Server::guarded(const std::optional<Json>& id, const std::function<void()>& action)
+void Server::guarded(const std::optional<SortedJson>& id, const std::function<void()>& action)
 {
     try {
         action();
@@ -118,7 +118,7 @@ void Server::guarded(const std::optional<Json>& id, const std::function<void()>&
 
 void Server::answer(Request& request, Moment now)
 {
-    const Version& version = versionOf(request.params, *agreed_);
+    const ProtocolVersion& version = versionOf(request.params, *agreed_);
     const Method& method = Method::named(request.method, version);
     if (std::optional<Reply> reply = (this->*method.answer)(request, version, now)) {
         send(*request.id, *std::move(reply), version);
@@ -127,16 +127,16 @@ void Server::answer(Request& request, Moment now)
 
 void Server::notice(const Request& notification)
 {
-    // Of notifications only this one has anything to be done; also when it comes too late.
+    // Every other notification, and one that comes too late, is ignored.
     if (notification.method == "notifications/cancelled") {
-        const std::optional<Json> id = idIn(notification.params, "requestId");
-        // Compared as they are written: as numbers, -1 and the greatest of 64 bits would be one.
+        const std::optional<SortedJson> id = idIn(notification.params, "requestId");
+        // Compared as text: as numbers, -1 and the greatest integer of 64 bits would be equal.
         std::erase_if(waiting_,
                       [&](const Waiting& waiting) { return id && waiting.id.dump() == id->dump(); });
     }
 }
 
-void Server::send(const Json& id, Reply reply, const Version& version)
+void Server::send(const SortedJson& id, Reply reply, const ProtocolVersion& version)
 {
     output_ += resultLine(id, complete(std::move(reply.result), reply.caching, offer_, version));
 }
@@ -154,13 +154,13 @@ void Server::askAgain(Moment now)
         if (waiting.next > now) {
             continue;
         }
-        waiting.next.reset();  // also when it fails
+        waiting.next.reset();  // before the call, which may throw
         guarded(waiting.id, [&] {
             const Outcome outcome = waiting.call(now);
             if (const Later* const later = std::get_if<Later>(&outcome)) {
                 waiting.next = later->at;
             } else {
-                const Json result = callResult(std::get<ToolResult>(outcome), *waiting.version);
+                const SortedJson result = callResult(std::get<ToolResult>(outcome), *waiting.version);
                 send(waiting.id, {result}, *waiting.version);
             }
         });
@@ -185,26 +185,29 @@ bool Server::isActing() const
 
 std::string Server::takeOutput() { return std::exchange(output_, {}); }
 
-std::optional<Server::Reply> Server::initialize(Request& request, const Version&, Moment)
+std::optional<Server::Reply> Server::initialize(Request& request, const ProtocolVersion&, Moment)
 {
     agreed_ = &versionAfterHandshake(textIn(request.params, "protocolVersion"));
     return Reply{initializeResult(offer_, *agreed_)};
 }
 
-std::optional<Server::Reply> Server::ping(Request&, const Version&, Moment) { return Reply{Json::object()}; }
+std::optional<Server::Reply> Server::ping(Request&, const ProtocolVersion&, Moment)
+{
+    return Reply{SortedJson::object()};
+}
 
-std::optional<Server::Reply> Server::discover(Request&, const Version&, Moment)
+std::optional<Server::Reply> Server::discover(Request&, const ProtocolVersion&, Moment)
 {
     return Reply{discoverResult(offer_), cachingOfLists};
 }
 
-std::optional<Server::Reply> Server::listTools(Request& request, const Version& version, Moment)
+std::optional<Server::Reply> Server::listTools(Request& request, const ProtocolVersion& version, Moment)
 {
     refuseCursor(request.params);
     return Reply{toolList(offer_, version), cachingOfLists};
 }
 
-std::optional<Server::Reply> Server::callTool(Request& request, const Version& version, Moment now)
+std::optional<Server::Reply> Server::callTool(Request& request, const ProtocolVersion& version, Moment now)
 {
     const std::string name = textIn(request.params, "name");
     const auto tool = std::find_if(offer_.tools.begin(), offer_.tools.end(),
@@ -212,8 +215,8 @@ std::optional<Server::Reply> Server::callTool(Request& request, const Version& v
     if (tool == offer_.tools.end()) {
         throw ProtocolError(ErrorCode::invalidParams, "There is no tool " + name + ".");
     }
-    const Json arguments = argumentsIn(std::move(request.params));
-    // A model can act on what does not fit, but it sees only what comes as a result.
+    const SortedJson arguments = argumentsIn(std::move(request.params));
+    // A result, not an error: a model sees only results, and can correct its arguments.
     if (std::string misfit = misfitOf(arguments, tool->inputSchema); !misfit.empty()) {
         return Reply{callResult(refused(std::move(misfit)), version)};
     }
@@ -234,19 +237,19 @@ std::optional<Server::Reply> Server::callTool(Request& request, const Version& v
     return std::nullopt;
 }
 
-std::optional<Server::Reply> Server::listResources(Request& request, const Version& version, Moment)
+std::optional<Server::Reply> Server::listResources(Request& request, const ProtocolVersion& version, Moment)
 {
     refuseCursor(request.params);
     return Reply{resourceList(offer_, version), cachingOfLists};
 }
 
-std::optional<Server::Reply> Server::listTemplates(Request& request, const Version&, Moment)
+std::optional<Server::Reply> Server::listTemplates(Request& request, const ProtocolVersion&, Moment)
 {
     refuseCursor(request.params);
     return Reply{resourceTemplateList(), cachingOfLists};
 }
 
-std::optional<Server::Reply> Server::readResource(Request& request, const Version& version, Moment)
+std::optional<Server::Reply> Server::readResource(Request& request, const ProtocolVersion& version, Moment)
 {
     const std::string uri = textIn(request.params, "uri");
     const auto resource = std::find_if(offer_.resources.begin(), offer_.resources.end(),

@@ -1,4 +1,4 @@
-// The conversation of one client with an offer: lines in, lines out. Knows no file and no process.
+// The conversation with one client: lines in, lines out. Knows no file, no process and no clock.
 #pragma once
 
 #include "agent/protocol/message.hpp"
@@ -12,66 +12,66 @@
 
 namespace quillmere::agent::protocol {
 
-/// Speaks both ways of the protocol, whichever a request speaks: with a handshake (`initialize`), and without
-/// (each request says its version). A request before the handshake is answered as after one.
+/// Serves both kinds of versions of the protocol at the same time: with a handshake (`initialize`), and
+/// stateless (each request names its version). A request before the handshake is answered as after it.
 class Server {
 public:
     explicit Server(Offer offer);
 
-    /// Takes one line of the client, without its end.
+    /// Takes one line of the client, without the line end.
     void receive(std::string_view line, Moment now);
 
-    /// Says that a line was too long to be read.
+    /// Answers a line that was too long to be read with an error.
     void refuseLongLine();
 
-    /// Something has changed: all calls that wait are to be asked again.
+    /// After a change: the next `askAgain` asks all waiting calls.
     void expectResults();
 
-    /// Asks the calls whose time has come whether they have a result now.
+    /// Asks the waiting calls whose time has come for their result.
     void askAgain(Moment now);
 
-    /// When that time comes for the first of them; absent while no call waits.
+    /// When `askAgain` is due; absent while no call waits.
     std::optional<Moment> nextTime() const;
 
-    /// Whether a call waits that is to be brought to its end.
+    /// Whether a waiting call must be finished before the end.
     bool isActing() const;
 
-    /// The lines for the client since the last call.
+    /// The lines for the client since the last `takeOutput`.
     std::string takeOutput();
 
 private:
     struct Method;
     struct Waiting {
-        Json id;
-        const Version* version;
+        SortedJson id;
+        const ProtocolVersion* version;
         Call call;
-        bool isAction;               ///< not of a tool that only reads
-        std::optional<Moment> next;  ///< absent: it is done
+        bool isAction;               ///< of a tool that is not `readOnly`
+        std::optional<Moment> next;  ///< absent: the call is done
     };
-    /// A result, and how long it may be kept where that is said.
+    /// A result; with `caching` where the protocol has it.
     struct Reply {
-        Json result;
+        SortedJson result;
         std::optional<Caching> caching = {};
     };
 
     void answer(Request& request, Moment now);
     void notice(const Request& notification);
-    void send(const Json& id, Reply reply, const Version& version);
-    /// Does something for a request; tells the client when it fails.
-    void guarded(const std::optional<Json>& id, const std::function<void()>& action);
+    void send(const SortedJson& id, Reply reply, const ProtocolVersion& version);
+    /// Runs an action for a request; an exception becomes an error line.
+    void guarded(const std::optional<SortedJson>& id, const std::function<void()>& action);
 
-    // The methods, which may take the params apart. Absent: the answer comes later.
-    std::optional<Reply> initialize(Request& request, const Version& version, Moment now);
-    std::optional<Reply> ping(Request& request, const Version& version, Moment now);
-    std::optional<Reply> discover(Request& request, const Version& version, Moment now);
-    std::optional<Reply> listTools(Request& request, const Version& version, Moment now);
-    std::optional<Reply> callTool(Request& request, const Version& version, Moment now);
-    std::optional<Reply> listResources(Request& request, const Version& version, Moment now);
-    std::optional<Reply> listTemplates(Request& request, const Version& version, Moment now);
-    std::optional<Reply> readResource(Request& request, const Version& version, Moment now);
+    // The methods. They may move from the params. Absent: the answer comes later.
+    std::optional<Reply> initialize(Request& request, const ProtocolVersion& version, Moment now);
+    std::optional<Reply> ping(Request& request, const ProtocolVersion& version, Moment now);
+    std::optional<Reply> discover(Request& request, const ProtocolVersion& version, Moment now);
+    std::optional<Reply> listTools(Request& request, const ProtocolVersion& version, Moment now);
+    std::optional<Reply> callTool(Request& request, const ProtocolVersion& version, Moment now);
+    std::optional<Reply> listResources(Request& request, const ProtocolVersion& version, Moment now);
+    std::optional<Reply> listTemplates(Request& request, const ProtocolVersion& version, Moment now);
+    std::optional<Reply> readResource(Request& request, const ProtocolVersion& version, Moment now);
 
     Offer offer_;
-    const Version* agreed_;  ///< by the handshake, or what is taken for it until there was one
+    const ProtocolVersion* agreed_;  ///< by the handshake; before it, the default
     std::vector<Waiting> waiting_;
     std::string output_;
 };

@@ -19,10 +19,10 @@ void requireInMeta(bool isThere, const char* key)
 
 }  // namespace
 
-Json statelessVersionNames()
+SortedJson statelessVersionNames()
 {
-    Json names = Json::array();
-    for (const Version& version : versions) {
+    SortedJson names = SortedJson::array();
+    for (const ProtocolVersion& version : versions) {
         if (version.isStateless) {
             names.push_back(version.name);
         }
@@ -30,25 +30,25 @@ Json statelessVersionNames()
     return names;
 }
 
-const Version& versionAfterHandshake(std::string_view asked)
+const ProtocolVersion& versionAfterHandshake(std::string_view asked)
 {
-    const auto hasHandshake = [](const Version& version) { return !version.isStateless; };
-    const auto isAsked = [&](const Version& version) {
+    const auto hasHandshake = [](const ProtocolVersion& version) { return !version.isStateless; };
+    const auto isAsked = [&](const ProtocolVersion& version) {
         return hasHandshake(version) && version.name == asked;
     };
     const auto found = std::find_if(versions.begin(), versions.end(), isAsked);
     return found != versions.end() ? *found : *std::find_if(versions.begin(), versions.end(), hasHandshake);
 }
 
-const Version& versionOf(const Json& params, const Version& agreed)
+const ProtocolVersion& versionOf(const SortedJson& params, const ProtocolVersion& agreed)
 {
-    const Json& meta = memberIn(params, "_meta");
+    const SortedJson& meta = memberIn(params, "_meta");
     if (!meta.is_object() || !(meta.contains(versionKey) || meta.contains(capabilitiesKey))) {
         return agreed;
     }
-    const Json& name = memberIn(meta, versionKey);
+    const SortedJson& name = memberIn(meta, versionKey);
     requireInMeta(name.is_string(), versionKey);
-    const auto found = std::find_if(versions.begin(), versions.end(), [&](const Version& version) {
+    const auto found = std::find_if(versions.begin(), versions.end(), [&](const ProtocolVersion& version) {
         return version.isStateless && name == version.name;
     });
     if (found == versions.end()) {

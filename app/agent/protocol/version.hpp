@@ -1,4 +1,4 @@
-// Versions of the Model Context Protocol, and which of them a request speaks.
+// Versions of the Model Context Protocol.
 #pragma once
 
 #include "agent/protocol/offer.hpp"
@@ -8,29 +8,29 @@
 
 namespace quillmere::agent::protocol {
 
-struct Version {
+struct ProtocolVersion {
     std::string_view name;
-    bool isStateless;    ///< each request says its version; otherwise a handshake has said it for all
+    bool isStateless;    ///< each request names its version; otherwise a handshake names it for all
     bool hasStructures;  ///< knows structured results with their schemas, and titles
 };
 
-/// All that this server speaks, the newest first.
-inline constexpr auto versions = std::to_array<Version>({
+/// The supported versions, newest first.
+inline constexpr auto versions = std::to_array<ProtocolVersion>({
     {"2026-07-28", true, true},
     {"2025-11-25", false, true},
     {"2025-06-18", false, true},
     {"2024-11-05", false, false},
 });
 
-/// Those that a request may say. A client chooses from them; when it knows none it falls back to the
-/// handshake, which has an answer for whatever version is asked.
-Json statelessVersionNames();
+/// The versions that a request may name. A client that supports none of them uses the handshake, which
+/// answers every version.
+SortedJson statelessVersionNames();
 
-/// What a handshake that asks for `asked` comes to: that version, or else the newest that has a handshake.
-const Version& versionAfterHandshake(std::string_view asked);
+/// The result of a handshake that asks for a version: that version, or else the newest with a handshake.
+const ProtocolVersion& versionAfterHandshake(std::string_view asked);
 
-/// The version that a request speaks: the one that it says, otherwise `agreed`. Throws ProtocolError when it
-/// says one that is not spoken in this way, or does not say all that such a request must.
-const Version& versionOf(const Json& params, const Version& agreed);
+/// The version of a request: the one that it names, otherwise `agreed`. Throws ProtocolError when it names
+/// one that is not stateless, or lacks a field that every stateless request has.
+const ProtocolVersion& versionOf(const SortedJson& params, const ProtocolVersion& agreed);
 
 }  // namespace quillmere::agent::protocol

@@ -10,12 +10,12 @@ namespace quillmere::base {
 namespace {
 
 constexpr std::string_view ellipsis = "\u2026";
-// What the library takes the width of doubtful characters from; terminals of today use UTF-8.
+// libunistring asks for the encoding: the width of some characters is ambiguous without it.
 constexpr const char* encoding = "UTF-8";
 
 const uint8_t* bytes(std::string_view text) { return reinterpret_cast<const uint8_t*>(text.data()); }
 
-/// The first character as people see it, with all that combines with it.
+/// The first grapheme cluster: a character with its combining marks.
 std::string_view frontCharacter(std::string_view text)
 {
     const uint8_t* const begin = bytes(text);
@@ -23,7 +23,7 @@ std::string_view frontCharacter(std::string_view text)
     return text.substr(0, static_cast<std::size_t>(next - begin));
 }
 
-/// What a text may take.
+/// Limits of a text.
 struct Room {
     std::size_t columns;
     std::size_t bytes;
@@ -31,10 +31,10 @@ struct Room {
 
 constexpr std::size_t noBound = std::string_view::npos;
 
-/// Far more than any emoji has, far less than towers of marks that reach into the lines above.
+/// More than any emoji needs; stacks of marks that reach into the lines above need more.
 constexpr std::size_t mostBytesOfACharacter = 64;
 
-/// As much of the beginning as fits.
+/// The longest beginning that fits.
 std::string_view frontThatFits(std::string_view text, Room room)
 {
     std::size_t taken = 0;
@@ -68,12 +68,12 @@ std::string_view withoutTrailingSpaces(std::string_view text)
     return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
-/// Adds a line that is longer than `most` only when it is a single word.
+/// Adds a line; one of several characters that is still too long is a single word and is broken.
 void addLine(std::vector<std::string>& lines, std::string_view line, std::size_t most)
 {
     std::string_view rest = withoutTrailingSpaces(line);
     while (columnsOf(rest) > most) {
-        // One character at least, though it be wider than the line.
+        // At least one character, even one wider than the line.
         const std::size_t length = std::max(frontThatFits(rest, {.columns = most, .bytes = noBound}).size(),
                                             frontCharacter(rest).size());
         if (length == rest.size()) {

@@ -1,4 +1,4 @@
-// How much room a text takes on a terminal.
+// Texts within a number of terminal columns.
 #pragma once
 
 #include <cstddef>
@@ -8,24 +8,25 @@
 
 namespace quillmere::base {
 
-/// The columns that a text takes: none for marks that combine, two for wide characters (Unicode Standard
-/// Annex #11). For sanitized text; control characters take none.
+/// The columns that a sanitized text takes: 0 for combining marks, 2 for wide characters (Unicode Standard
+/// Annex #11).
 std::size_t columnsOf(std::string_view text);
 
-/// What a column may come to in a text that is cut. Marks that combine and characters without a width take
-/// no columns, so that columns alone are no bound; nothing that is meant to be read takes as much.
+/// Byte limit per column of a cut text, on average. Zero-width characters make a limit in columns no limit at
+/// all. Readable text needs far less.
 inline constexpr std::size_t mostBytesPerColumn = 16;
 
-/// The text, or as much of its beginning as leaves room for an ellipsis, in at most `most` columns of
-/// `mostBytesPerColumn` on average. What people see as one character is never cut in two (Unicode Standard
-/// Annex #29); before one that has dozens of marks the text ends.
+/// The text in at most `most` columns and `most * mostBytesPerColumn` bytes, cut with an ellipsis if
+/// necessary. Never cuts within a grapheme cluster (Unicode Standard Annex #29), and always cuts before one
+/// with dozens of combining marks.
 std::string cutToColumns(std::string_view text, std::size_t most);
 
-/// The same in at most `most` bytes, however many columns these take.
+/// The same with a limit in bytes and none in columns.
 std::string cutToBytes(std::string_view text, std::size_t most);
 
-/// The text in lines of at most `most` columns, at least one, broken where lines may break (Unicode Standard
-/// Annex #14), and within a word only when it is longer than a line. Line breaks in the text stay.
+/// The text in lines of at most `most` columns, `most` being at least 1, broken where lines may break
+/// (Unicode Standard Annex #14), and within a word only if it is longer than a line. Line breaks in the text
+/// are kept.
 std::vector<std::string> wrapped(std::string_view text, std::size_t most);
 
 }  // namespace quillmere::base

@@ -8,7 +8,7 @@ namespace quillmere::base {
 
 std::string digest(std::string_view text)
 {
-    // FNV-1a with 64 bits; std::hash promises nothing from one run to the next.
+    // FNV-1a with 64 bits; std::hash may differ from run to run.
     std::uint64_t hash = 0xCBF2'9CE4'8422'2325;
     for (const char byte : text) {
         hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100'0000'01B3;

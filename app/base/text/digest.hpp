@@ -6,8 +6,7 @@
 
 namespace quillmere::base {
 
-/// Sixteen hexadecimal digits that depend on the bytes alone: the same on every machine and in every run.
-/// To tell texts apart, not to protect them.
+/// A hash of 16 hexadecimal digits, the same on every machine and in every run. Not for security.
 std::string digest(std::string_view text);
 
 }  // namespace quillmere::base

@@ -21,7 +21,7 @@ constexpr auto units = std::to_array<Unit>({
     {'s', 1, "s"},
 });
 
-/// Takes a whole number away from the front of `text`.
+/// Removes a whole number from the front of `text`.
 std::optional<std::int64_t> takeNumber(std::string_view& text)
 {
     std::int64_t number = 0;

@@ -1,16 +1,13 @@
-// Durations as persons write them.
+// Durations as people write them.
 #pragma once
+
+#include "base/limits.hpp"
 
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace quillmere::base {
-
-// What this program accepts. The engine takes any duration above zero, also ones by which no timer can
-// count; such a one never gets into a state by this program, and never out of a file.
-inline constexpr double shortestDuration = 1;
-inline constexpr double longestDuration = 366.0 * 86'400;
 
 /// Seconds of "25", "25m", "1h30m", "90s", "2d": whole numbers with units in falling order, a bare
 /// number in minutes. Absent for any other text, and for less than a second or more than 366 days.

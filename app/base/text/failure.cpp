@@ -9,7 +9,7 @@ namespace quillmere::base {
 
 std::string fileErrorText(const std::system_error& error)
 {
-    // The text of a filesystem_error has a layout of its own; that of its base has the call and the reason.
+    // filesystem_error::what() has another layout; its base class gives the call and the reason.
     std::string text = error.std::runtime_error::what();
     if (const auto* const withPaths = dynamic_cast<const std::filesystem::filesystem_error*>(&error)) {
         for (const std::filesystem::path& path : {withPaths->path1(), withPaths->path2()}) {

@@ -4,11 +4,10 @@
 
 #include <quillmere/records/json/date_text.hpp>
 
-#include <ctime>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <ctime>
 #include <vector>
 
 namespace quillmere::base {
@@ -35,12 +34,12 @@ bool showTheSame(const std::tm& left, const std::tm& right)
            left.tm_hour == right.tm_hour && left.tm_min == right.tm_min;
 }
 
-/// The next instant at which the local clocks show this, or the last one when all are over. Absent when
-/// they never do.
+/// The next instant at which local clocks show these fields, or the last one if all are past. Absent if they
+/// never show them.
 std::optional<Instant> instantOf(const std::tm& fields, Instant now)
 {
     std::vector<Instant> readings;
-    // When summer time ends, the same hour comes once with it and once without.
+    // When summer time ends, the same hour occurs once with it and once without.
     for (const int summerTime : {-1, 0, 1}) {
         std::tm normalised = fields;
         normalised.tm_sec = 0;
@@ -58,7 +57,7 @@ std::optional<Instant> instantOf(const std::tm& fields, Instant now)
     return readings.empty() ? std::nullopt : std::optional(readings.back());
 }
 
-/// Fills in the fields of a whole text; the format is that of strptime(3).
+/// Reads the whole text into `fields`; `format` as for strptime(3).
 bool scan(std::string_view text, const char* format, std::tm& fields)
 {
     const std::string copy(text);
@@ -68,11 +67,11 @@ bool scan(std::string_view text, const char* format, std::tm& fields)
 
 std::optional<Instant> nextTimeOfDay(const std::tm& fields, Instant now)
 {
-    // Today it may be over, and tomorrow the clocks may skip it.
+    // It may be past today, and the clocks may skip it tomorrow.
     for (const int daysLater : {0, 1, 2}) {
         std::tm day = fields;
         day.tm_mday += daysLater;
-        // Into the next month, where it is the last day of one.
+        // mktime moves a day past the end of the month into the next one; noon exists on every day.
         day.tm_isdst = -1;
         day.tm_hour = 12;
         std::mktime(&day);

@@ -1,4 +1,4 @@
-// Instants in the person's own time zone.
+// Instants in the local time zone.
 #pragma once
 
 #include <quillmere/records/instant.hpp>
@@ -24,10 +24,9 @@ std::string localClockText(Instant instant);
 /// "16:00" on the local day of `now`, "2026-11-15 16:00" on any other.
 std::string localTextSeenFrom(Instant now, Instant instant);
 
-/// The instant of "2026-11-15 16:00" (or with a "T"), of "16:00", which is the next time the clock
-/// shows that, or of "+1h30m" from now. Of a local time that comes twice the next one is meant. Absent
-/// for any other text, for a local time that the clocks skip, and outside the years that files can
-/// name (0000 to 9999, UTC).
+/// Reads "2026-11-15 16:00" (or with a "T"), "16:00" (the next time at which the clock shows it) or "+1h30m"
+/// (from now). A local time that occurs twice means the next of the two. Absent for any other text, for a
+/// local time that the clocks skip, and outside the years of the files (0000 to 9999, UTC).
 std::optional<Instant> instantFromLocalText(std::string_view text, Instant now);
 
 }  // namespace quillmere::base

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view replacement = "\uFFFD";
 
-/// Hands out the text character by character: the bytes, and whether they are a character.
+/// Calls `visit(bytes, isWellFormed)` for each character or ill-formed byte.
 template <class Visit>
 void forEachCharacter(std::string_view text, Visit visit)
 {
@@ -21,10 +21,10 @@ void forEachCharacter(std::string_view text, Visit visit)
     }
 }
 
-/// The number of a well-formed character.
+/// The code point of a well-formed character.
 char32_t codePointOf(std::string_view character)
 {
-    // What of the first byte counts, by the number of bytes; each of the others gives six bits.
+    // The bits of the first byte that count, by the number of bytes; each further byte gives six bits.
     constexpr std::array<unsigned char, 5> firstBits = {0, 0x7F, 0x1F, 0x0F, 0x07};
     char32_t code = static_cast<unsigned char>(character.front()) & firstBits[character.size()];
     for (const char byte : character.substr(1)) {
@@ -38,14 +38,14 @@ struct Range {
     char32_t last;
 };
 
-/// What a terminal obeys instead of showing it.
+/// Characters that control a terminal or the order of text.
 constexpr auto controls = std::to_array<Range>({
     {0x0000, 0x001F},  // C0
     {0x007F, 0x009F},  // DEL, C1
-    {0x061C, 0x061C},  // marks of direction
+    {0x061C, 0x061C},  // directional marks
     {0x200E, 0x200F},
-    {0x2028, 0x202E},  // separators of lines and paragraphs, embeddings and overrides of direction
-    {0x2066, 0x2069},  // isolates
+    {0x2028, 0x202E},  // separators of lines and paragraphs, directional embeddings and overrides
+    {0x2066, 0x2069},  // directional isolates
 });
 
 bool isControl(std::string_view character)
@@ -81,7 +81,7 @@ std::string sanitizedJson(std::string_view json)
     constexpr std::string_view digits = "0123456789abcdef";
     std::string result;
     forEachCharacter(json, [&](std::string_view character, bool wellFormed) {
-        // C0 is left alone: inside strings JSON has none, and between them it is layout.
+        // C0 stays: JSON has none inside strings, and between them it is layout.
         if (wellFormed && isControl(character) && codePointOf(character) >= 0x7F) {
             const char32_t code = codePointOf(character);
             result.append("\\u").append({digits[code >> 12], digits[code >> 8 & 0x0F],

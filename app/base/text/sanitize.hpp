@@ -1,4 +1,4 @@
-// Texts of persons and agents on their way to a terminal.
+// Texts of users and agents before they are printed on a terminal.
 #pragma once
 
 #include <string>
@@ -6,13 +6,13 @@
 
 namespace quillmere::base {
 
-/// The text with every control character (C0, DEL, C1), every mark that turns the direction of text,
-/// every separator of lines or paragraphs (U+2028, U+2029) and every ill-formed byte replaced by U+FFFD,
-/// so that it can only be read, never obeyed, and reads in the order in which it stands. Line breaks
-/// (LF, CR LF) and tabs become spaces: one text, one line.
+/// Replaces control characters (C0, DEL, C1), characters that change the direction of text, separators of
+/// lines and paragraphs (U+2028, U+2029) and ill-formed bytes by U+FFFD, so that a text cannot control the
+/// terminal or change the order of what is shown. Line breaks (LF, CR LF) and tabs become spaces: the result
+/// is one line.
 std::string sanitized(std::string_view text);
 
-/// JSON text with all of these that JSON allows inside strings escaped.
+/// JSON text with the same characters escaped, as far as JSON allows them inside strings.
 std::string sanitizedJson(std::string_view json);
 
 /// Whether the text is well-formed UTF-8.

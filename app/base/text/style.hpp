@@ -1,4 +1,4 @@
-// Colour, where it is wanted.
+// Coloured text on a terminal.
 #pragma once
 
 #include <quillmere/widget/design.hpp>
@@ -8,11 +8,11 @@
 
 namespace quillmere::base {
 
-/// Whether standard output should be coloured: on a terminal that can, and not against the person's
-/// will (https://no-color.org).
+/// Whether standard output should be coloured: on a terminal with colours, unless NO_COLOR is set
+/// (https://no-color.org).
 bool wantsColour(bool outputIsTerminal);
 
-/// Text in the colour of an accent, or plain.
+/// Colours text, or leaves it plain.
 class Style {
 public:
     explicit Style(bool coloured) : coloured_(coloured) {}

@@ -1,5 +1,7 @@
 #include "cli/commands/commands.hpp"
 
+#include <CLI/CLI.hpp>
+
 #include <utility>
 
 namespace quillmere::cli {

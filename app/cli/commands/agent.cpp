@@ -1,8 +1,10 @@
-// Prints the agent's summary, computed now, or serves an agent.
+// Prints the agent's summary as of now, or runs the server for an agent.
 #include "agent/door.hpp"
 #include "agent/summary.hpp"
 #include "base/text/sanitize.hpp"
 #include "cli/commands/commands.hpp"
+
+#include <CLI/CLI.hpp>
 
 #include <ostream>
 

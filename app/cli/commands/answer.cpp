@@ -9,7 +9,7 @@
 namespace quillmere::cli {
 namespace {
 
-/// The question that a person means: by its number in the list of open ones, or by its identifier.
+/// The question with the number in the list of open questions, or with the identifier.
 Identifier questionNamed(const std::string& name, const QuillmereState& state)
 {
     if (const std::optional<Identifier> id = Identifier::fromText(name)) {
@@ -40,7 +40,10 @@ void addAnswer(CLI::App& line, Program& program)
     command->add_option("question", *name, "Its number in the list of questions, or its identifier")
         ->required()
         ->check(wellFormedText());
-    command->add_option("answer", *answer, "The answer")->required()->check(wellFormedText());
+    command
+        ->add_option(std::string(work::answerPrompt.name), *answer, std::string(work::answerPrompt.question))
+        ->required()
+        ->check(wellFormedText());
 }
 
 }  // namespace quillmere::cli

@@ -1,17 +1,24 @@
 // Raises a question for the person, on behalf of an agent.
 #include "cli/commands/commands.hpp"
 #include "cli/text_options.hpp"
+#include "work/fields/answers.hpp"
+#include "work/fields/unacceptable.hpp"
 
 #include <memory>
 
 namespace quillmere::cli {
 namespace {
 
-/// Refuses what nobody could answer.
+/// Refuses a blank question.
 CLI::Validator notBlank()
 {
-    return {[](std::string& text) {
-                return text.find_first_not_of(" \t\n\v\f\r") == std::string::npos ? "is blank" : "";
+    return {[](std::string& text) -> std::string {
+                try {
+                    work::requireQuestion("question", text);
+                    return "";
+                } catch (const work::Unacceptable& refusal) {
+                    return refusal.what();
+                }
             },
             ""};
 }
@@ -28,7 +35,8 @@ void addAsk(CLI::App& line, Program& program)
                                       WorkflowEngine().addQuestion(state, *question, now);
                                   });
                })
-        ->add_option("question", *question, "The question")
+        ->add_option(std::string(work::questionPrompt.name), *question,
+                     std::string(work::questionPrompt.question))
         ->required()
         ->check(wellFormedText())
         ->check(notBlank());

@@ -1,8 +1,10 @@
-// Prints the line for a status bar, from the widget's summary alone.
+// Prints the line for a status bar. Reads the widget's summary only.
 #include "bar/bar_follower.hpp"
 #include "bar/bar_format.hpp"
 #include "cli/commands/commands.hpp"
 #include "cli/text_options.hpp"
+
+#include <CLI/CLI.hpp>
 
 #include <unistd.h>
 
@@ -51,7 +53,7 @@ void follow(const BarCommand& command, Program& program)
                                             : bar::barContentOfFailure(reading.failure, command.width),
                             bar::BarPace::following);
     };
-    // Whether anybody still reads is asked of the system, which a stream cannot do.
+    // By its descriptor: a stream does not tell whether the reader is still there.
     bar::followBar(program.workspace(), program.environment().clock, lines, STDOUT_FILENO);
 }
 
@@ -63,7 +65,7 @@ void showBar(const BarCommand& command, Program& program)
     const bar::BarContent content = bar::barContent(workspace.widgetSnapshot(now), now, command.width);
     program.environment().out << bar::barText(format, content, bar::BarPace::once);
     if (format == bar::BarFormat::i3blocks && content.isOvertime) {
-        program.ending = ExitCode::urgent;
+        program.exitCode = ExitCode::urgent;
     }
 }
 

@@ -1,9 +1,11 @@
-// Lengthens or ends a break.
+// Lengthens, ends or skips a break.
 #include "base/text/duration.hpp"
 #include "cli/commands/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/text_options.hpp"
 #include "work/break_extension.hpp"
+
+#include <CLI/CLI.hpp>
 
 #include <memory>
 
@@ -14,10 +16,11 @@ void extendBreak(const std::string& text, Program& program)
 {
     const std::optional<double> by = base::durationFromText(text);
     program.change("The break is longer now.", [&](QuillmereState& state, Instant now) {
-        // What the engine refuses is said before what the command line lacks.
+        // First the engine, with any duration: its refusal is reported before an error of the command line.
         work::extendBreak(state, by.value_or(base::shortestDuration), now);
         if (!by) {
-            throw ProgramError(ExitCode::usage, "Say by how much, from 1 second to 366 days: 5m, 90s.");
+            throw ProgramError(ExitCode::usage,
+                               "The duration must be from 1 second to 366 days, such as 5m or 90s.");
         }
     });
 }

@@ -1,5 +1,5 @@
-// All commands, one file each. A command adds itself to the command line: its words, its options, and
-// what it does when it is named.
+// All commands, one file each. The function of a command adds it to the command line: its name, its options
+// and its action.
 #pragma once
 
 #include "cli/program.hpp"
@@ -7,20 +7,26 @@
 #include <quillmere/engine/workflow_engine.hpp>
 #include <quillmere/widget/widget_route.hpp>
 
-#include <CLI/CLI.hpp>
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace CLI {
+class App;
+}
 
 namespace quillmere::cli {
 
 // clang-format off
 
-// To look. These neither lock nor write.
+// These only read: they neither lock nor write.
 void addStatus    (CLI::App& line, Program& program);  // where the work stands
-void addQuestions (CLI::App& line, Program& program);  // what the agent asks
+void addQuestions (CLI::App& line, Program& program);  // the questions of the agent
 void addHistory   (CLI::App& line, Program& program);  // the finished blocks
-void addReport    (CLI::App& line, Program& program);  // the look back: figures, charts, exports
+void addReport    (CLI::App& line, Program& program);  // statistics: figures, charts, exports
 void addWidget    (CLI::App& line, Program& program);  // the summary as a widget shows it
-void addBar       (CLI::App& line, Program& program);  // the same in one line, for a status bar
-void addAgent     (CLI::App& line, Program& program);  // the summary as an agent reads it; serves one
+void addBar       (CLI::App& line, Program& program);  // the summary in one line, for a status bar
+void addAgent     (CLI::App& line, Program& program);  // the summary for an agent; the server for one
 void addOpen      (CLI::App& line, Program& program);  // the screen that a deep link leads to
 
 // The live screen.
@@ -50,23 +56,19 @@ void addRestore   (CLI::App& line, Program& program);  // lists them, brings one
 
 // Time.
 void addTick      (CLI::App& line, Program& program);  // evaluateSchedule, evaluateTimer
-void addWatch     (CLI::App& line, Program& program);  // lets time pass, gives notices on the desktop
-void addTour      (CLI::App& line, Program& program);  // a whole block on a clock of its own
+void addWatch     (CLI::App& line, Program& program);  // records events as time passes, gives notices on the desktop
+void addTour      (CLI::App& line, Program& program);  // plays a whole block on a clock of its own
 
 // clang-format on
 
-/// Whether a person sits at a terminal that can show the screen, and did not ask for JSON.
+/// Whether the screen can be shown: on a terminal that can, and without --json.
 bool isForScreen(Program& program);
 
-/// Shows the screen until the person leaves it, on the page of the route if there is one
+/// Shows the screen until the person closes it, opened on the page of the route if there is one
 /// (screen::showScreen).
 void openScreen(Program& program, std::optional<WidgetRoute> route);
 
-/// Adds the global options and all commands. Shells complete an option's value by the name of its type
-/// (CLI::Option::type_name): FILE, DIRECTORY, or a choice in braces, {yes,half,no}.
-void addEverything(CLI::App& line, Program& program);
-
-/// Adds one command that does `action`.
+/// Adds a command with an action, which Program::action becomes when the command is parsed.
 CLI::App* addCommand(CLI::App& line, Program& program, const std::string& name, const std::string& purpose,
                      std::function<void()> action);
 

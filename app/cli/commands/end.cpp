@@ -1,4 +1,4 @@
-// Ends a focus session before its time.
+// Ends a focus session early.
 #include "cli/commands/commands.hpp"
 
 namespace quillmere::cli {

@@ -8,19 +8,19 @@
 namespace quillmere::cli {
 namespace {
 
-/// The plan that the options describe, on top of the saved one; absent when they say nothing, which
-/// leaves the choice to the engine.
-std::optional<SessionPlan> chosenPlan(const PlanOptions& options, const QuillmereState& state)
+/// The saved plan with the values of the options; absent without options, and the engine then takes the
+/// saved plan.
+std::optional<SessionPlan> chosenPlan(const PlanOptions& options, const QuillmereState& state, Instant now)
 {
     if (!options.anyGiven()) {
         return std::nullopt;
     }
     SessionPlan plan = state.plannedNextSession.value_or(SessionPlan::blank(Identifier::random()));
-    options.applyTo(plan, state.currentBlock);
+    options.applyTo(plan, state.currentBlock, now);
     return plan;
 }
 
-/// Whether a session would start but for its plan.
+/// Whether only a plan is missing for a session to start.
 bool needsPlan(const QuillmereState& state)
 {
     return state.workflowState == WorkflowState::sessionPlanning && !state.plannedNextSession;
@@ -30,10 +30,11 @@ void focus(PlanOptions& options, Program& program)
 {
     base::Environment& environment = program.environment();
     if (environment.inputIsTerminal && !options.anyGiven() && needsPlan(program.workspace().look().state)) {
-        options.askForMissing([&](const char* question) { return ask(environment, question); });
+        options.askForMissing(
+            [&](const work::Prompt& prompt) { return ask(environment, work::promptText(prompt)); });
     }
     program.change("Focus.", [&](QuillmereState& state, Instant now) {
-        WorkflowEngine().startFocus(state, chosenPlan(options, state), now);
+        WorkflowEngine().startFocus(state, chosenPlan(options, state, now), now);
         options.requireOutcome(state.currentBlock);
     });
 }

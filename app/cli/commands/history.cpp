@@ -6,10 +6,14 @@
 #include "cli/commands/commands.hpp"
 #include "cli/status.hpp"
 #include "cli/text_options.hpp"
+#include "figures/look_back.hpp"
+
+#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <ostream>
 
 namespace quillmere::cli {
@@ -17,7 +21,7 @@ namespace {
 
 constexpr std::int64_t mostBlocks = std::numeric_limits<std::int64_t>::max();
 
-/// Refuses what is no number of blocks to show.
+/// Accepts a number from 1.
 CLI::Validator limitOfBlocks()
 {
     return {[](std::string& text) -> std::string {
@@ -27,13 +31,13 @@ CLI::Validator limitOfBlocks()
             ""};
 }
 
-/// Time in focus, pauses taken out.
+/// Time in focus without pauses.
 double focusSeconds(const Block& block)
 {
     double seconds = 0;
     for (const WorkSession& session : block.sessions) {
-        if (session.endedAt) {
-            seconds += std::max(*session.endedAt - session.startedAt - session.accumulatedPausedSeconds, 0.0);
+        if (const std::optional<figures::SessionTime> time = figures::timeOf(session)) {
+            seconds += time->workedSeconds;
         }
     }
     return seconds;

@@ -1,10 +1,12 @@
-// Opens the screen that a deep link leads to; off a terminal, says which one that is.
+// Opens the screen that a deep link names; without a terminal, prints its name.
 #include "cli/commands/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/text_options.hpp"
 
-#include <memory>
+#include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
+
+#include <memory>
 #include <ostream>
 
 namespace quillmere::cli {
@@ -14,8 +16,8 @@ void openLink(const std::string& link, Program& program)
 {
     const std::optional<WidgetRoute> route = fromURL<WidgetRoute>(link);
     if (!route) {
-        throw ProgramError(ExitCode::usage,
-                           "This link leads nowhere; they look like " + url(WidgetRoute::focus) + ".");
+        throw ProgramError(ExitCode::usage, "This is not a link of Quillmere: " + link + ". They look like " +
+                                                url(WidgetRoute::focus) + ".");
     }
     if (isForScreen(program)) {
         openScreen(program, route);
@@ -31,7 +33,7 @@ void openLink(const std::string& link, Program& program)
 void addOpen(CLI::App& line, Program& program)
 {
     const auto link = std::make_shared<std::string>();
-    addCommand(line, program, "open", "Open the screen that a deep link leads to",
+    addCommand(line, program, "open", "Open the screen that a deep link names",
                [link, &program] { openLink(*link, program); })
         ->add_option("link", *link, "For example " + url(WidgetRoute::focus))
         ->required();

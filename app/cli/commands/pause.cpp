@@ -1,4 +1,4 @@
-// Stops the clock of a focus session.
+// Pauses a focus session.
 #include "cli/commands/commands.hpp"
 
 namespace quillmere::cli {

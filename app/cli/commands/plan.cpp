@@ -1,105 +1,67 @@
 // Plans a block and begins it, now or at a later time.
-#include "base/text/duration.hpp"
-#include "base/text/local_time.hpp"
 #include "cli/commands/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/prompt.hpp"
 #include "cli/text_options.hpp"
-#include "workspace/screening.hpp"
+#include "work/fields/answers.hpp"
 
 #include <memory>
 
 namespace quillmere::cli {
 namespace {
 
-/// What the command line says of the block.
+constexpr const work::Prompt& outcomePrompt = work::blockFields.front().prompt;
+constexpr const work::Prompt& startPrompt = work::blockFields.back().prompt;
+
+/// The command line.
 struct PlanCommand {
-    std::vector<std::string> outcomes;
-    TextOptions<Block, work::blockFields.size()> texts{work::blockFields};
-    std::optional<std::string> focus;
-    std::optional<std::string> rest;
-    std::optional<std::int64_t> cycles;
-    std::optional<std::string> at;
+    RecordOptions<Block> options{work::blockFields};
     bool start = false;
+
+    const std::optional<std::string>& at() const { return options.given("at"); }
 };
-
-double durationOf(const std::string& text, const char* what)
-{
-    const std::optional<double> seconds = base::durationFromText(text);
-    if (!seconds) {
-        throw ProgramError(
-            ExitCode::usage,
-            std::string(what) + " is no duration from 1 second to 366 days, such as 25m or 1h30m: " + text);
-    }
-    return *seconds;
-}
-
-Instant plannedStartOf(const std::string& text, Instant now)
-{
-    const std::optional<Instant> start = base::instantFromLocalText(text, now);
-    if (!start) {
-        throw ProgramError(ExitCode::usage,
-                           "--at is no local time, such as 14:30, \"2026-11-15 09:00\" or +1h: " + text);
-    }
-    if (*start < now) {
-        throw ProgramError(ExitCode::usage,
-                           "--at has passed; name a time to come, or say --start to begin now: " + text);
-    }
-    return *start;
-}
 
 void askForMissing(PlanCommand& command, base::Environment& environment, Instant now)
 {
-    const auto question = [&](const char* text) { return ask(environment, text); };
-    if (command.outcomes.empty()) {
-        for (std::string outcome = question("What should come out of it?"); !outcome.empty();
-             outcome = question("And what else? (empty: nothing)")) {
-            command.outcomes.push_back(outcome);
+    std::vector<std::string>& outcomes = command.options.items("outcome");
+    if (outcomes.empty()) {
+        for (std::string outcome = ask(environment, std::string(outcomePrompt.question)); !outcome.empty();
+             outcome = ask(environment, "And what else? (empty: nothing)")) {
+            outcomes.push_back(outcome);
         }
     }
-    command.texts.askForMissing([&](const char* text) {
-        // What a scheduled block had is kept where nothing is typed.
-        const std::string answer = question(text);
+    command.options.askForMissing([&](const work::Prompt& prompt) {
+        // An empty answer keeps the text of a block that was scheduled before.
+        const std::string answer = ask(environment, work::promptText(prompt));
         return answer.empty() ? std::nullopt : std::optional(answer);
     });
-    if (!command.start && !command.at) {
-        const std::string when = askUntil(
-            environment, "When does it begin? (14:30, +1h; empty: now)", [&](const std::string& text) {
-                const std::optional<Instant> start = base::instantFromLocalText(text, now);
-                return text.empty() || (start && *start >= now);
+    if (!command.start && !command.at()) {
+        const std::string when =
+            askUntil(environment, work::promptText(startPrompt), [&](const std::string& text) {
+                if (!text.empty()) {
+                    work::requireToCome("at", work::startFrom({"at", text}, now), now);
+                }
             });
         command.start = when.empty();
-        command.at = when.empty() ? std::nullopt : std::optional(when);
+        command.options.give("at", when.empty() ? std::nullopt : std::optional(when));
     }
 }
 
-/// The block to begin: what was in planning already, or a usual one, with what the command line says.
+/// The block in planning, or a default one, with the values of the command line.
 Block plannedBlock(const PlanCommand& command, const QuillmereState& state, Instant now)
 {
     Block block = state.currentBlock ? *state.currentBlock : Block::default_(now);
-    command.texts.applyTo(block);
-    if (!command.outcomes.empty()) {
-        block.outcomes.clear();
-        for (const std::string& outcome : command.outcomes) {
-            block.outcomes.push_back({.id = Identifier::random(), .title = outcome});
-        }
+    command.options.applyTo(block, now);
+    block.plannedStart = std::nullopt;
+    if (command.at()) {
+        block.plannedStart = work::startFrom({"at", *command.at()}, now);
+        work::requireToCome("at", *block.plannedStart, now);
     }
-    if (command.focus) {
-        block.focusDurationSeconds = durationOf(*command.focus, "--focus");
-    }
-    if (command.rest) {
-        block.breakDurationSeconds = durationOf(*command.rest, "--break");
-    }
-    block.cycleCount = command.cycles.value_or(block.cycleCount);
-    if (block.cycleCount > workspace::mostCycles) {
-        throw ProgramError(ExitCode::usage, "More than 1000 cycles are not accepted.");
-    }
-    block.plannedStart = command.at ? std::optional(plannedStartOf(*command.at, now)) : std::nullopt;
     return block;
 }
 
-/// Opens planning, unless it is open, and closes it with the block. What the engine refuses is said
-/// before what the command line lacks.
+/// Begins planning, unless it has begun, and ends it with the block. Refusals of the engine come before an
+/// option that is missing.
 void planBlock(const PlanCommand& command, QuillmereState& state, Instant now)
 {
     const WorkflowEngine engine;
@@ -107,29 +69,30 @@ void planBlock(const PlanCommand& command, QuillmereState& state, Instant now)
         engine.beginBlockPlanning(state, now);
     }
     Block block = plannedBlock(command, state, now);
-    if (command.at) {
+    if (command.at()) {
         engine.scheduleBlock(state, std::move(block), now);
     } else {
         engine.startBlock(state, std::move(block), now);
     }
-    if (!command.start && !command.at) {
+    if (!command.start && !command.at()) {
         throw ProgramError(ExitCode::usage, "Say --start to begin now, or --at TIME to begin later.");
     }
 }
 
 void plan(PlanCommand& command, Program& program)
 {
+    const auto operationOf = [](const PlanCommand& words) {
+        return namingOptions([&](QuillmereState& state, Instant now) { planBlock(words, state, now); });
+    };
     if (program.environment().inputIsTerminal) {
-        // A slip on the command line is to be found before anything is asked.
+        // Wrong options are refused before anything is asked.
         PlanCommand rehearsal = command;
-        rehearsal.start = !rehearsal.at;
-        if (program.wouldAccept(
-                [&](QuillmereState& state, Instant now) { planBlock(rehearsal, state, now); })) {
+        rehearsal.start = !rehearsal.at();
+        if (program.wouldAccept(operationOf(rehearsal))) {
             askForMissing(command, program.environment(), program.workspace().now());
         }
     }
-    program.change(command.start ? "The block has begun." : "The block is scheduled.",
-                   [&](QuillmereState& state, Instant now) { planBlock(command, state, now); });
+    program.change(command.start ? "The block has begun." : "The block is scheduled.", operationOf(command));
 }
 
 }  // namespace
@@ -139,18 +102,8 @@ void addPlan(CLI::App& line, Program& program)
     const auto command = std::make_shared<PlanCommand>();
     CLI::App* const app = addCommand(line, program, "plan", "Plan a block and begin it, or schedule it",
                                      [command, &program] { plan(*command, program); });
-    app->add_option("--outcome", command->outcomes, "What should come out of it; may be given several times")
-        ->allow_extra_args(false)
-        ->check(wellFormedText());
-    command->texts.addTo(*app);
-    app->add_option("--focus", command->focus, "How long a focus session lasts: 25m (usual), 1h30m");
-    app->add_option("--break", command->rest, "How long a break lasts: 5m (usual)");
-    app->add_option("--cycles", command->cycles, "How many focus sessions: 8 (usual)")
-        ->transform(wholeNumber());
-    CLI::Option* const start = app->add_flag("--start", command->start, "Begin now");
-    app->add_option("--at", command->at, "Begin at a local time: 14:30, \"2026-11-15 09:00\", +1h")
-        ->excludes(start)
-        ->check(wellFormedText());
+    command->options.addTo(*app);
+    app->add_flag("--start", command->start, "Begin now")->excludes(command->options.option("at"));
 }
 
 }  // namespace quillmere::cli

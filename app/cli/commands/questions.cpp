@@ -5,6 +5,9 @@
 #include "cli/commands/commands.hpp"
 #include "cli/status.hpp"
 
+#include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
+
 #include <memory>
 #include <ostream>
 
@@ -20,7 +23,7 @@ void printQuestion(std::ostream& out, const std::string& label, const AgentQuest
     }
 }
 
-/// Open questions have the number by which they are answered.
+/// Open questions are numbered: answer takes the number.
 void showQuestions(bool all, Program& program)
 {
     const QuillmereState state = program.workspace().look().state;
@@ -28,7 +31,7 @@ void showQuestions(bool all, Program& program)
     base::Json list = base::Json::array();
     std::int64_t number = 0;
     for (const AgentQuestion& question : state.agentQuestions) {
-        const bool isOpen = !question.answeredAt;
+        const bool isOpen = question.isOpen();
         number += isOpen ? 1 : 0;
         if (!isOpen && !all) {
             continue;

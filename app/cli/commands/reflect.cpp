@@ -8,18 +8,19 @@
 namespace quillmere::cli {
 namespace {
 
-using ReflectionOptions = TextOptions<BlockReview, work::reflectionFields.size()>;
+using ReflectionOptions = RecordOptions<BlockReview>;
 
 void reflect(ReflectionOptions& options, Program& program)
 {
     base::Environment& environment = program.environment();
     if (environment.inputIsTerminal &&
         program.workspace().look().state.workflowState == WorkflowState::blockReview) {
-        options.askForMissing([&](const char* question) { return ask(environment, question); });
+        options.askForMissing(
+            [&](const work::Prompt& prompt) { return ask(environment, work::promptText(prompt)); });
     }
     program.change("The block is finished.", [&](QuillmereState& state, Instant now) {
         BlockReview reflection{};
-        options.applyTo(reflection);
+        options.applyTo(reflection, now);
         WorkflowEngine().completeBlockReview(state, std::move(reflection), now);
     });
 }

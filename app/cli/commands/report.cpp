@@ -1,17 +1,21 @@
-// Looks back on the finished sessions: charts in the terminal, a page, exports.
+// The look back on finished sessions: charts in the terminal, a page, exports.
+#include "base/system/replace_file.hpp"
 #include "base/text/sanitize.hpp"
 #include "cli/commands/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "figures/statistics.hpp"
 #include "lookback/calendar_file.hpp"
 #include "lookback/csv.hpp"
-#include "lookback/export_file.hpp"
-#include "lookback/html_page.hpp"
+#include "lookback/day_text.hpp"
 #include "lookback/json_report.hpp"
-#include "lookback/terminal_report.hpp"
+#include "lookback/page/html_page.hpp"
+#include "lookback/terminal/terminal_page.hpp"
+#include "lookback/terminal/terminal_report.hpp"
 
-#include <nlohmann/json.hpp>
 #include <quillmere/widget/app_group.hpp>
+
+#include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <array>
@@ -26,7 +30,7 @@ namespace {
 using figures::Day;
 using figures::LookBack;
 
-/// A form of the look back that goes into a file.
+/// A file format of the look back.
 struct Export {
     const char* option;
     const char* help;
@@ -45,7 +49,7 @@ constexpr std::string_view standardOutput = "-";
 struct ReportOptions {
     std::optional<std::string> since;
     std::optional<std::string> until;
-    std::array<std::optional<std::string>, exports.size()> files;  ///< one an export
+    std::array<std::optional<std::string>, exports.size()> files;  ///< by index in `exports`
 };
 
 std::optional<figures::Day> dayOption(const char* option, const std::optional<std::string>& text,
@@ -54,10 +58,10 @@ std::optional<figures::Day> dayOption(const char* option, const std::optional<st
     if (!text) {
         return std::nullopt;
     }
-    const std::optional<figures::Day> day = figures::dayFromText(*text, today);
+    const std::optional<figures::Day> day = lookback::dayFromText(*text, today);
     if (!day) {
         throw ProgramError(ExitCode::usage,
-                           option + (": is no day such as 2026-11-15, today or 30d: " + *text));
+                           option + (": is not a day such as 2026-11-15, today or 30d: " + *text));
     }
     return day;
 }
@@ -72,7 +76,7 @@ figures::Range rangeOf(const ReportOptions& options, figures::Day today)
     return range;
 }
 
-/// Where this program keeps its files: those that are in use, and this user's.
+/// The directories with files of this program: those of this run, and the default ones of the user.
 std::vector<std::filesystem::path> ownDirectories(const workspace::Workspace& workspace)
 {
     const FileManager& fileManager = FileManager::standard();
@@ -89,35 +93,36 @@ std::vector<std::filesystem::path> ownDirectories(const workspace::Workspace& wo
     return directories;
 }
 
-/// What is kept must not be replaced by what is made from it.
+/// An export must not replace the data that it is made from.
 void requireOutside(const std::string& file, const std::vector<std::filesystem::path>& directories)
 {
-    const std::filesystem::path place = lookback::exportPlace(file);
+    const std::filesystem::path destination = base::destinationOf(file);
     if (std::any_of(directories.begin(), directories.end(),
-                    [&](const auto& directory) { return lookback::liesWithin(place, directory); })) {
+                    [&](const auto& directory) { return base::liesWithin(destination, directory); })) {
         throw ProgramError(ExitCode::usage,
                            file + " lies where Quillmere keeps its own files; choose another place.");
     }
 }
 
-/// The last of several exports would be all there is.
-void requireFilesOfTheirOwn(const ReportOptions& options)
+/// Otherwise only the last of several exports would remain.
+void requireDifferentFiles(const ReportOptions& options)
 {
-    std::map<std::filesystem::path, std::string> optionsByPlace;
+    std::map<std::filesystem::path, std::string> optionsByFile;
     for (std::size_t index = 0; index < exports.size(); ++index) {
         const std::optional<std::string>& file = options.files[index];
         if (!file || file == standardOutput) {
             continue;
         }
         const std::string option = exports[index].option;
-        const auto [other, isNew] = optionsByPlace.emplace(lookback::exportPlace(*file), option);
+        const auto [other, isNew] = optionsByFile.emplace(base::destinationOf(*file), option);
         if (!isNew) {
-            throw ProgramError(ExitCode::usage, option + ": is the file of " + other->second);
+            throw ProgramError(ExitCode::usage,
+                               option + ": is the same file as that of " + other->second + "; name another");
         }
     }
 }
 
-void requireGoodPlaces(const ReportOptions& options, Program& program)
+void requireAllowedFiles(const ReportOptions& options, Program& program)
 {
     int printed = program.settings().json ? 1 : 0;
     const std::vector<std::filesystem::path> directories = ownDirectories(program.workspace());
@@ -129,12 +134,13 @@ void requireGoodPlaces(const ReportOptions& options, Program& program)
         }
     }
     if (printed > 1) {
-        throw ProgramError(ExitCode::usage, "Only one thing at a time goes to standard output.");
+        throw ProgramError(ExitCode::usage,
+                           "Only one of --json and the exports to - can go to standard output.");
     }
-    requireFilesOfTheirOwn(options);
+    requireDifferentFiles(options);
 }
 
-/// Where it says what has been made: not in the midst of an export.
+/// The stream for messages: not standard output if an export goes there.
 std::ostream& messagesOf(const ReportOptions& options, Program& program)
 {
     const bool printsExport =
@@ -142,7 +148,7 @@ std::ostream& messagesOf(const ReportOptions& options, Program& program)
     return printsExport ? program.environment().err : program.environment().out;
 }
 
-/// Prints a file. A terminal gets it line by line, so that it cannot be told anything.
+/// Prints an export. On a terminal each line is sanitized.
 void printExport(const std::string& text, Program& program)
 {
     std::ostream& out = program.environment().out;
@@ -166,7 +172,7 @@ void makeExport(const Export& form, const std::string& file, const figures::Look
         printExport(text, program);
         return;
     }
-    lookback::replaceFile(file, text);
+    base::replaceFile(file, text);
     if (!program.settings().json) {
         messages << "The " << form.name << " is in " << base::sanitized(file) << ".\n";
     }
@@ -174,7 +180,7 @@ void makeExport(const Export& form, const std::string& file, const figures::Look
 
 void showReport(const ReportOptions& options, Program& program)
 {
-    requireGoodPlaces(options, program);
+    requireAllowedFiles(options, program);
     const workspace::Situation situation = program.workspace().look();
     const figures::Day today = figures::LocalCalendar::dayOf(situation.now);
     const figures::LookBack look = figures::statistics(situation.state, rangeOf(options, today), today);

@@ -1,4 +1,4 @@
-// Lets the clock of a focus session run again.
+// Resumes a paused focus session.
 #include "cli/commands/commands.hpp"
 
 namespace quillmere::cli {

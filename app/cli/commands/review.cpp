@@ -1,95 +1,99 @@
 // Reviews a focus session, and plans the next one.
 #include "cli/commands/commands.hpp"
-#include "cli/exit_code.hpp"
 #include "cli/prompt.hpp"
 #include "cli/text_options.hpp"
+#include "work/fields/answers.hpp"
+#include "work/fields/unacceptable.hpp"
 
 #include <memory>
 
 namespace quillmere::cli {
 namespace {
 
+constexpr const work::Prompt& completionPrompt = work::reviewFields.front().prompt;
+
 struct ReviewCommand {
-    std::string completion;
-    TextOptions<SessionReview, work::reviewFields.size()> texts{work::reviewFields};
+    RecordOptions<SessionReview> options{work::reviewFields};
     PlanOptions nextPlan;
 };
 
-std::optional<CompletionResult> completionFrom(const std::string& word)
+void requireCompletion(const std::string& text) { work::completionFrom({"completion", text}); }
+
+/// Whether the completion was given and can be read.
+bool hasCompletion(const ReviewCommand& command)
 {
-    for (const CompletionResult result : allCases<CompletionResult>()) {
-        if (CLI::detail::to_lower(std::string(rawValue(result))) == CLI::detail::to_lower(word)) {
-            return result;
-        }
+    try {
+        requireCompletion(command.options.given("completion").value_or(""));
+        return true;
+    } catch (const work::Unacceptable&) {
+        return false;
     }
-    return std::nullopt;
 }
 
 void askForMissing(ReviewCommand& command, const QuillmereState& state, base::Environment& environment)
 {
-    const auto question = [&](const char* text) { return ask(environment, text); };
-    if (!completionFrom(command.completion)) {
-        command.completion =
-            askUntil(environment, "Was it completed? (yes, half, no)",
-                     [](const std::string& word) { return completionFrom(word).has_value(); });
+    const auto askFor = [&](const work::Prompt& prompt) {
+        return ask(environment, work::promptText(prompt));
+    };
+    if (!hasCompletion(command)) {
+        command.options.give("completion",
+                             askUntil(environment, work::promptText(completionPrompt), requireCompletion));
     }
-    command.texts.askForMissing(question);
+    command.options.askForMissing(askFor);
     const Block& block = *state.currentBlock;
     if (!command.nextPlan.anyGiven() && std::ssize(block.sessions) < block.cycleCount) {
         environment.err << "The next session.\n";
-        command.nextPlan.askForMissing(question);
+        command.nextPlan.askForMissing(askFor);
     }
 }
 
-/// What the engine refuses is said before what the command line lacks.
-void saveReview(const ReviewCommand& command, QuillmereState& state, Instant now)
-{
-    const std::optional<CompletionResult> completion = completionFrom(command.completion);
-    SessionReview review{
-        .id = Identifier::random(),
-        .completion = completion.value_or(CompletionResult::no),
-        .noteworthyResult = {},
-        .distractions = {},
-        .improvement = {},
-    };
-    command.texts.applyTo(review);
-    std::optional<SessionPlan> nextPlan;
-    if (command.nextPlan.anyGiven()) {
-        nextPlan = SessionPlan::blank(Identifier::random());
-        command.nextPlan.applyTo(*nextPlan, state.currentBlock);
-    }
-    WorkflowEngine().saveReviewAndStartBreak(state, std::move(review), std::move(nextPlan), now);
-    command.nextPlan.requireOutcome(state.currentBlock);
-    if (!completion) {
-        throw ProgramError(ExitCode::usage, "Say --completion yes, half or no.");
-    }
-}
-
-/// The command with something in the place of all that would be asked for.
+/// The command with a value for everything that would be asked.
 ReviewCommand filledIn(ReviewCommand command)
 {
-    if (!completionFrom(command.completion)) {
-        command.completion = rawValue(CompletionResult::no);
+    if (!hasCompletion(command)) {
+        command.options.give("completion", std::string(rawValue(CompletionResult::no)));
     }
     if (!command.nextPlan.anyGiven()) {
-        command.nextPlan.askForMissing([](const char*) { return std::string(); });
+        command.nextPlan.askForMissing([](const work::Prompt&) { return std::string(); });
     }
     return command;
 }
 
+/// Refusals of the engine come before a completion that is missing.
+void saveReview(const ReviewCommand& command, QuillmereState& state, Instant now)
+{
+    SessionReview review{
+        .id = Identifier::random(),
+        .completion = CompletionResult::no,
+        .noteworthyResult = {},
+        .distractions = {},
+        .improvement = {},
+    };
+    filledIn(command).options.applyTo(review, now);
+    std::optional<SessionPlan> nextPlan;
+    if (command.nextPlan.anyGiven()) {
+        nextPlan = SessionPlan::blank(Identifier::random());
+        command.nextPlan.applyTo(*nextPlan, state.currentBlock, now);
+    }
+    WorkflowEngine().saveReviewAndStartBreak(state, std::move(review), std::move(nextPlan), now);
+    command.nextPlan.requireOutcome(state.currentBlock);
+    requireCompletion(command.options.given("completion").value_or(""));
+}
+
 void review(ReviewCommand& command, Program& program)
 {
+    const auto operationOf = [](const ReviewCommand& words) {
+        return namingOptions([&](QuillmereState& state, Instant now) { saveReview(words, state, now); });
+    };
     base::Environment& environment = program.environment();
     if (environment.inputIsTerminal) {
-        // A slip on the command line is to be found before anything is asked.
+        // Wrong options are refused before anything is asked.
         const ReviewCommand rehearsal = filledIn(command);
-        if (program.wouldAccept(
-                [&](QuillmereState& state, Instant now) { saveReview(rehearsal, state, now); })) {
+        if (program.wouldAccept(operationOf(rehearsal))) {
             askForMissing(command, program.workspace().look().state, environment);
         }
     }
-    program.change("The review is saved.",
-                   [&](QuillmereState& state, Instant now) { saveReview(command, state, now); });
+    program.change("The review is saved.", operationOf(command));
 }
 
 }  // namespace
@@ -100,10 +104,7 @@ void addReview(CLI::App& line, Program& program)
     CLI::App* const app =
         addCommand(line, program, "review", "Review the focus session and plan the next one",
                    [command, &program] { review(*command, program); });
-    app->add_option("--completion", command->completion, "Was it completed?")
-        ->type_name("{yes,half,no}")
-        ->check(wellFormedText());
-    command->texts.addTo(*app);
+    command->options.addTo(*app);
     command->nextPlan.addTo(*app, "next-");
 }
 

@@ -1,4 +1,4 @@
-// Begins a scheduled block before its time.
+// Begins a scheduled block now.
 #include "cli/commands/commands.hpp"
 
 namespace quillmere::cli {

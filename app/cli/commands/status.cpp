@@ -1,4 +1,4 @@
-// Says where the work stands.
+// Prints the status.
 #include "cli/status.hpp"
 #include "cli/commands/commands.hpp"
 

@@ -1,6 +1,6 @@
-// Lets time pass: for whoever runs the program every so often.
+// Records events since the last run, for timers and scripts that run the program periodically.
 #include "cli/commands/commands.hpp"
-#include "cli/status.hpp"
+#include "cli/json_output.hpp"
 
 #include <nlohmann/json.hpp>
 
@@ -10,7 +10,7 @@ void addTick(CLI::App& line, Program& program)
 {
     addCommand(line, program, "tick", "Begin a block that is due, end a session whose time is up",
                [&program] {
-                   program.letTimePass();
+                   program.catchUp();
                    if (program.settings().json) {
                        program.print({{"events", eventsJson(program.events())}});
                    }

@@ -1,4 +1,4 @@
-// Plays a whole block through real files, on a clock of its own, and shows what everybody sees.
+// Plays a whole block with real files, on a clock of its own, and shows what person, widget and agent see.
 #include "base/record_json.hpp"
 #include "base/text/local_time.hpp"
 #include "base/text/sanitize.hpp"
@@ -8,6 +8,9 @@
 #include "cli/status.hpp"
 #include "cli/widget_report.hpp"
 #include "work/countdown.hpp"
+
+#include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
 
 #include <stdlib.h>
 
@@ -20,7 +23,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// One scene: some time passes, then somebody types a command.
+/// One scene: some time passes, then a command runs.
 struct Scene {
     double secondsLater;
     std::string_view remark;
@@ -110,8 +113,8 @@ AgentSnapshot agentSummary(const workspace::Situation& situation)
     return StateStore({}, StateStore::renameReplacing).agentSnapshot(situation.state, situation.now);
 }
 
-/// What the widget and the agent see after a scene, a line each.
-void printOthers(std::ostream& out, const workspace::Workspace& workspace)
+/// Prints what the widget and the agent see after a scene, one line each.
+void printWidgetAndAgent(std::ostream& out, const workspace::Workspace& workspace)
 {
     const Instant now = workspace.now();
     const WidgetSnapshot widget = workspace.widgetSnapshot(now);
@@ -126,7 +129,7 @@ void printOthers(std::ostream& out, const workspace::Workspace& workspace)
         << agent.openQuestions.size() << " open\n\n";
 }
 
-/// The words that are typed, the directory included.
+/// The arguments of the scene, with the directory.
 std::vector<std::string> wordsOf(const Scene& scene, const fs::path& directory)
 {
     std::vector<std::string> words = {"--directory", directory.string()};
@@ -134,7 +137,7 @@ std::vector<std::string> wordsOf(const Scene& scene, const fs::path& directory)
     return words;
 }
 
-/// Runs the program on words that nobody is asked about; what it says goes to the two streams.
+/// Runs the program in this process, without a terminal to ask on.
 ExitCode runScene(const std::vector<std::string>& words, std::ostream& out, std::ostream& err,
                   const base::Environment& environment)
 {
@@ -152,8 +155,8 @@ std::string earlyEnd(const fs::path& directory)
     return "The tour ended early, in " + directory.string() + ".";
 }
 
-/// Plays a scene and says so to a person.
-void tell(const Scene& scene, const fs::path& directory, const base::Environment& environment)
+/// Plays a scene and prints it for a person.
+void showScene(const Scene& scene, const fs::path& directory, const base::Environment& environment)
 {
     std::ostream& out = environment.out;
     out << base::localClockText(environment.clock()) << "  " << scene.remark << "\n  $ quillmere";
@@ -167,10 +170,10 @@ void tell(const Scene& scene, const fs::path& directory, const base::Environment
     if (code != ExitCode::done) {
         throw ProgramError(code, earlyEnd(directory));
     }
-    printOthers(out, workspace::Workspace::in(directory, environment.clock));
+    printWidgetAndAgent(out, workspace::Workspace::in(directory, environment.clock));
 }
 
-/// Plays a scene; what was done, and what everybody sees, for a program.
+/// Plays a scene; returns the command, its result and what person, widget and agent see.
 base::Json sceneJson(const Scene& scene, const fs::path& directory, const base::Environment& environment)
 {
     const std::vector<std::string> words = wordsOf(scene, directory);
@@ -209,12 +212,13 @@ void tour(const std::optional<fs::path>& chosen, Program& program)
 {
     const std::optional<fs::path>& option = program.settings().directory;
     if (chosen && option) {
-        throw ProgramError(ExitCode::usage, "Two directories are given; the tour wants one.");
+        throw ProgramError(ExitCode::usage,
+                           "Two directories are given; name one, as an argument or by --directory.");
     }
     const fs::path directory = chosen ? *chosen : option ? *option : freshDirectory();
     if (FileManager::standard().fileExists(directory / "state.json")) {
-        throw ProgramError(ExitCode::usage, "There is a state in " + directory.string() +
-                                                " already; the tour wants a directory of its own.");
+        throw ProgramError(ExitCode::usage,
+                           directory.string() + " already holds a state.json; name an empty directory.");
     }
     Instant now = tourStart;
     base::Environment stage = program.environment();
@@ -225,7 +229,7 @@ void tour(const std::optional<fs::path>& chosen, Program& program)
         if (program.settings().json) {
             all.push_back(sceneJson(scene, directory, stage));
         } else {
-            tell(scene, directory, stage);
+            showScene(scene, directory, stage);
         }
     }
     if (program.settings().json) {
@@ -240,9 +244,9 @@ void tour(const std::optional<fs::path>& chosen, Program& program)
 void addTour(CLI::App& line, Program& program)
 {
     const auto directory = std::make_shared<std::optional<fs::path>>();
-    addCommand(line, program, "tour", "Watch a whole block being played through",
+    addCommand(line, program, "tour", "Play a whole block on a clock of its own, and show it",
                [directory, &program] { tour(*directory, program); })
-        ->add_option("directory", *directory, "Where to keep its files (usual: a new one)")
+        ->add_option("directory", *directory, "Where to keep its files (usual: a new temporary one)")
         ->type_name("DIRECTORY");
 }
 

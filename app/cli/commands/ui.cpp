@@ -1,4 +1,4 @@
-// The live screen, which is also what the program shows when nothing is asked of it.
+// Opens the live screen. On a terminal this is the action for a command line without a command.
 #include "cli/commands/commands.hpp"
 #include "screen/loop.hpp"
 
@@ -14,8 +14,7 @@ bool isForScreen(Program& program)
 void openScreen(Program& program, std::optional<WidgetRoute> route)
 {
     if (program.settings().json) {
-        throw ProgramError(ExitCode::usage,
-                           "The screen is for persons; for programs there is status --json.");
+        throw ProgramError(ExitCode::usage, "ui prints no JSON; use status --json.");
     }
     screen::showScreen(program.workspace(), program.environment(), route);
 }
@@ -24,11 +23,11 @@ void addUi(CLI::App& line, Program& program)
 {
     addCommand(line, program, "ui", "Open the live screen (the default on a terminal)",
                [&program] { openScreen(program, std::nullopt); });
-    program.action = [&program, otherwise = std::exchange(program.action, nullptr)] {
+    program.action = [&program, statusAction = std::exchange(program.action, nullptr)] {
         if (isForScreen(program)) {
             openScreen(program, std::nullopt);
         } else {
-            otherwise();
+            statusAction();
         }
     };
 }

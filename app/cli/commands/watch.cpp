@@ -1,7 +1,9 @@
-// Lets time pass without a screen, and gives notices on the desktop.
+// Records events as time passes, and gives notices on the desktop.
 #include "notices/watch.hpp"
 #include "cli/commands/commands.hpp"
 #include "notices/notifier_process.hpp"
+
+#include <CLI/CLI.hpp>
 
 #include <map>
 #include <memory>

@@ -1,4 +1,4 @@
-// Shows the widget's summary as a widget does: from its file alone.
+// Shows the widget's summary as a widget does: reads its file only.
 #include "cli/commands/commands.hpp"
 #include "cli/widget_report.hpp"
 

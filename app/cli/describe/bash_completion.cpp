@@ -7,7 +7,7 @@
 namespace quillmere::cli::describe {
 namespace {
 
-/// What `_quillmere_offer` of the completion's frame understands.
+/// The argument for `_quillmere_offer` of the frame.
 std::string offer(const Argument& argument)
 {
     switch (argument.kind) {
@@ -20,7 +20,7 @@ std::string offer(const Argument& argument)
     return "";
 }
 
-/// Matches the option after the command, and after those below it.
+/// Matches the option after the command and after its subcommands.
 std::string pattern(const Command& command, const std::string& option)
 {
     return command.commands.empty() ? '"' + command.path + ' ' + option + '"'
@@ -36,7 +36,7 @@ std::vector<std::string> optionNames(const Command& command)
     return names;
 }
 
-/// For the first argument that a shell can help with.
+/// The offer for the first argument whose values a shell can complete.
 std::string argumentOffer(const Command& command)
 {
     const auto found = std::find_if(command.arguments.begin(), command.arguments.end(),
@@ -59,8 +59,8 @@ void printBashCommands(std::ostream& out, const Command& program)
 void printBashValues(std::ostream& out, const Command& program)
 {
     std::vector<const Command*> commands = withAllBelow(program);
-    // From below, as the first row that fits is taken, and a command may have an option of a wider one's
-    // name.
+    // Subcommands first: `case` takes the first branch that matches, and a subcommand may have an option of
+    // the same name as the command above it.
     std::reverse(commands.begin(), commands.end());
     for (const Command* const command : commands) {
         for (const Argument& option : command->options) {

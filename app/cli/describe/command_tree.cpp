@@ -1,6 +1,9 @@
 #include "cli/describe/command_tree.hpp"
 
-#include "cli/commands/commands.hpp"
+#include "cli/command_line.hpp"
+#include "cli/program.hpp"
+
+#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <iostream>
@@ -8,7 +11,7 @@
 namespace quillmere::cli::describe {
 namespace {
 
-/// The names with their dashes, the short ones first.
+/// The names with their dashes, short names first.
 std::vector<std::string> dashedNames(const CLI::Option& option)
 {
     std::vector<std::string> names;
@@ -21,7 +24,7 @@ std::vector<std::string> dashedNames(const CLI::Option& option)
     return names;
 }
 
-/// The words of "{yes,half,no}"; none where the type is not so named.
+/// The words of "{yes,half,no}"; none for another type name.
 std::vector<std::string> choicesFrom(const std::string& typeName)
 {
     const std::size_t open = typeName.find('{');
@@ -42,7 +45,7 @@ ValueKind kindOf(const std::string& typeName)
                                      : ValueKind::text;
 }
 
-/// How a type is called in the manual; after a colon stands what its values are held to.
+/// The name of a value in the manual. In a type name, a constraint may follow after a colon.
 std::string valueNameOf(const std::string& typeName)
 {
     const std::string name = typeName.substr(0, typeName.find(':'));
@@ -81,7 +84,7 @@ bool haveNameInCommon(const Argument& one, const Argument& other)
            one.names.end();
 }
 
-/// Those of `options` that none of `nearer` hides.
+/// The options that have no name in common with one of `nearer`.
 std::vector<Argument> notHidden(const std::vector<Argument>& options, const std::vector<Argument>& nearer)
 {
     std::vector<Argument> rest;
@@ -104,7 +107,7 @@ Command commandFrom(const CLI::App& app, const std::string& path, const std::vec
         .commands = {},
     };
     for (const CLI::Option* const option : app.get_options()) {
-        // What has no group is not shown in help.
+        // Options without a group are hidden.
         if (!option->get_group().empty()) {
             (option->get_positional() ? command.arguments : command.options).push_back(argumentFrom(*option));
         }
@@ -123,7 +126,7 @@ Command commandFrom(const CLI::App& app, const std::string& path, const std::vec
 
 Command thisProgram()
 {
-    // Commands ask for what surrounds a run; nothing is run here.
+    // Commands refer to an environment; no command runs here.
     base::Environment environment{
         .in = std::cin,
         .out = std::cout,
@@ -134,7 +137,7 @@ Command thisProgram()
     };
     cli::Program program(environment);
     CLI::App line;
-    cli::addEverything(line, program);
+    cli::defineCommandLine(line, program);
     return commandFrom(line, "", {});
 }
 

@@ -1,4 +1,4 @@
-// The command line as a plain value, from which the manual page and the completions of shells are made.
+// The command line as a plain value: the source of the manual page and of the completions of shells.
 #pragma once
 
 #include <string>
@@ -6,30 +6,30 @@
 
 namespace quillmere::cli::describe {
 
-/// What a shell may offer for a value.
+/// What a shell can offer for a value.
 enum class ValueKind {
-    none,       ///< there is no value: a flag
-    text,       ///< anything, so nothing
+    none,       ///< a flag, which has no value
+    text,       ///< any text: the shell offers nothing
     choice,     ///< one of `choices`
     file,       ///< a path
     directory,  ///< a path of a directory
 };
 
-/// An option, or an argument without a name of its own on the command line.
+/// An option or a positional argument.
 struct Argument {
-    std::vector<std::string> names;  ///< "-h" and "--help"; of an argument its one name in help, "duration"
+    std::vector<std::string> names;  ///< "-h", "--help"; of a positional argument: "duration"
     std::string help;
     ValueKind kind = ValueKind::none;
-    std::string valueName;              ///< what stands for an option's value in help: "text"
-    std::vector<std::string> choices;   ///< of a choice
-    std::vector<std::string> excluded;  ///< options that may not be given with this one
+    std::string valueName;              ///< the placeholder for the value in help: "text"
+    std::vector<std::string> choices;   ///< for ValueKind::choice
+    std::vector<std::string> excluded;  ///< options that cannot be combined with this one
     bool isRequired = false;
     bool mayRepeat = false;
 };
 
-/// A command, or the program itself.
+/// A command, or the program as a whole.
 struct Command {
-    std::string path;  ///< "break extend"; empty: the program
+    std::string path;  ///< "break extend"; empty for the program
     std::string name;  ///< its last word
     std::string purpose;
     std::vector<Argument> options;    ///< its own
@@ -38,14 +38,14 @@ struct Command {
     std::vector<Command> commands;
 };
 
-/// All that this program understands and shows in its help. A value's kind follows from the name of its type
-/// there: FILE, DIRECTORY, or a choice in braces, {yes,half,no}.
+/// The whole command line of this program, without hidden options. The kind of a value follows from the name
+/// of its type: FILE, DIRECTORY, or a choice in braces, {yes,half,no}.
 Command thisProgram();
 
-/// The command, followed by all below it.
+/// The command, followed by all its subcommands, at every depth.
 std::vector<const Command*> withAllBelow(const Command& command);
 
-/// What is understood after the command: its own options and those inherited.
+/// All options that may follow the command: its own and the inherited ones.
 std::vector<Argument> allOptions(const Command& command);
 
 }  // namespace quillmere::cli::describe

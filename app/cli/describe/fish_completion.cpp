@@ -8,13 +8,13 @@ namespace {
 
 std::string quotedForFish(const std::string& text) { return "'" + escaped(text, "'\\", "\\") + "'"; }
 
-/// Begins an offer that is made where the command so far matches the glob.
+/// Begins a call of `complete` whose condition is that the command so far matches the glob.
 void printOfferAt(std::ostream& out, const std::string& glob)
 {
     out << "complete -c quillmere -n " << quotedForFish("__quillmere_at " + quotedForFish(glob));
 }
 
-/// What is offered for a value.
+/// The arguments of `complete` for a value.
 std::string fishOffer(const Argument& argument)
 {
     switch (argument.kind) {

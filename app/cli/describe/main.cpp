@@ -1,6 +1,6 @@
-// Fills in what follows from the program's command line: quillmere_describe FRAME RESULT
-// Writes the frame, a manual page or a completion, with each line such as "<bash commands>" replaced by the
-// piece of that name. Runs when the program is built, so that neither can fall behind it.
+// Generates the manual page or a completion from the command line: quillmere_describe FRAME RESULT
+// Copies the frame and replaces each placeholder line, such as "<bash commands>", by the generated piece. The
+// build runs it, so the results always match the program.
 #include "cli/describe/pieces.hpp"
 
 #include <array>
@@ -54,7 +54,7 @@ int main(int count, char** arguments)
         printLine(result, line, program);
     }
     if (!frame.eof() || !result.flush()) {
-        std::cerr << "cannot make " << arguments[2] << " of " << arguments[1] << '\n';
+        std::cerr << "cannot make " << arguments[2] << " from " << arguments[1] << '\n';
         return 1;
     }
     return 0;

@@ -1,4 +1,5 @@
-// mdoc(7): a line that begins with a full stop is a macro, \- is the minus that can be copied.
+// Pieces of the manual page, in mdoc(7): a line that begins with a full stop is a macro; \- is an ASCII
+// minus.
 #include "cli/describe/pieces.hpp"
 #include "cli/describe/words.hpp"
 
@@ -7,7 +8,7 @@
 namespace quillmere::cli::describe {
 namespace {
 
-/// Text that means nothing to mdoc.
+/// Text with the special characters of mdoc escaped.
 std::string plain(const std::string& text)
 {
     std::string result;
@@ -17,14 +18,14 @@ std::string plain(const std::string& text)
     return !result.empty() && (result.front() == '.' || result.front() == '\'') ? "\\&" + result : result;
 }
 
-/// A sentence, on a line of its own.
+/// Prints a sentence on its own line, with a full stop if it has no end.
 void printSentence(std::ostream& out, const std::string& text)
 {
     const bool isClosed = !text.empty() && std::string(".?!").find(text.back()) != std::string::npos;
     out << plain(text) << (isClosed ? "" : ".") << '\n';
 }
 
-/// The option as a macro's words: Fl puts one dash before the name.
+/// The option as arguments of a macro. Fl adds one dash before the name.
 std::string flags(const Argument& option)
 {
     std::vector<std::string> names;
@@ -49,7 +50,7 @@ void printManualOption(std::ostream& out, const Argument& option)
     }
 }
 
-/// What may follow a command, or the program.
+/// The arguments and options of a command.
 void printList(std::ostream& out, const std::vector<Argument>& arguments,
                const std::vector<Argument>& options)
 {
@@ -67,7 +68,7 @@ void printList(std::ostream& out, const std::vector<Argument>& arguments,
     out << ".El\n";
 }
 
-/// Help is the same for every command, and stands with the options of the program.
+/// The options without --help, which every command has and the program's list shows.
 std::vector<Argument> ownOptions(const Command& command)
 {
     std::vector<Argument> own;
@@ -82,7 +83,7 @@ std::vector<Argument> ownOptions(const Command& command)
 void printCommand(std::ostream& out, const Command& command)
 {
     const std::vector<Argument> options = ownOptions(command);
-    // Op would take in all that follows on the line; Oo ends at its Oc.
+    // Oo … Oc instead of Op, which would enclose the whole rest of the line.
     out << ".It Cm " << command.path << (options.empty() ? "" : " Oo Ar options Oc");
     for (const Argument& argument : command.arguments) {
         const std::string name = plain(argument.names.front());

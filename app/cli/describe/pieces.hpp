@@ -1,4 +1,4 @@
-// The pieces of the manual page and of the completions that follow from the command line.
+// The generated pieces of the manual page and of the completions.
 #pragma once
 
 #include "cli/describe/command_tree.hpp"
@@ -13,22 +13,22 @@ void printManualOptions(std::ostream& out, const Command& program);
 /// All commands with their arguments and options, as lists of mdoc(7).
 void printManualCommands(std::ostream& out, const Command& program);
 
-/// Rows of a `case` over the command that set `commands`, `options` and `argument`.
+/// Branches of a `case` over the command, which set `commands`, `options` and `argument`.
 void printBashCommands(std::ostream& out, const Command& program);
 
-/// Rows of a `case` over "command option" that set `value`; an option without a value has none.
+/// Branches of a `case` over "command option", which set `value`; flags have no branch.
 void printBashValues(std::ostream& out, const Command& program);
 
-/// One function a command, `_quillmere` for the program.
+/// One function for each command; `_quillmere` for the program.
 void printZshFunctions(std::ostream& out, const Command& program);
 
-/// Cases of a `switch` over the command so far and the next word: those that are a command.
+/// Branches of a `switch` over "command/next word", where the next word is a subcommand.
 void printFishCommands(std::ostream& out, const Command& program);
 
-/// Cases of a `switch` over the command so far and the next word: options that take a value.
+/// Branches of a `switch` over "command/next word", where the next word is an option with a value.
 void printFishValues(std::ostream& out, const Command& program);
 
-/// What is offered, by `complete`.
+/// The calls of `complete` with everything to offer.
 void printFishOffers(std::ostream& out, const Command& program);
 
 }  // namespace quillmere::cli::describe

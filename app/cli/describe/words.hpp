@@ -1,4 +1,4 @@
-// Words of a shell.
+// Helpers for words in shell scripts.
 #pragma once
 
 #include "cli/describe/command_tree.hpp"
@@ -17,7 +17,7 @@ inline std::string joined(const std::vector<std::string>& words, const char* bet
     return text;
 }
 
-/// `text` with each of `characters` behind `escape`.
+/// `text` with `escape` before each of `characters`.
 inline std::string escaped(const std::string& text, const std::string& characters, const std::string& escape)
 {
     std::string result;
@@ -36,7 +36,7 @@ inline std::vector<std::string> namesOf(const std::vector<Command>& commands)
     return names;
 }
 
-/// A glob that the command's path matches, and the paths of all below it: what is understood there too.
+/// A glob that matches the path of the command and of its subcommands, where its options are valid too.
 inline std::string globOf(const Command& command)
 {
     return command.path + (command.commands.empty() ? "" : "*");

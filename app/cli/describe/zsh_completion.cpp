@@ -1,4 +1,4 @@
-// Functions in the words of zshcompsys(1): options for _arguments, descriptions for _describe.
+// Completion functions for zsh (zshcompsys(1)): options for _arguments, descriptions for _describe.
 #include "cli/describe/pieces.hpp"
 #include "cli/describe/words.hpp"
 
@@ -25,7 +25,7 @@ std::string functionName(const Command& command)
     return name;
 }
 
-/// How a value is completed.
+/// The action of _arguments that completes a value.
 std::string action(const Argument& argument)
 {
     switch (argument.kind) {
@@ -38,7 +38,7 @@ std::string action(const Argument& argument)
     return " ";
 }
 
-/// One entry for each name, which excludes the others.
+/// One specification for each name; it excludes the other names.
 void printOption(std::ostream& out, const Argument& option)
 {
     for (const std::string& name : option.names) {
@@ -90,7 +90,7 @@ void printFunction(std::ostream& out, const Command& command)
         << "    local curcontext=$curcontext state state_descr line\n"
         << "    local -a commands context\n"
         << "    local -A opt_args\n"
-        // Options after the name of a command below are that command's to understand.
+        // -A: options after a subcommand belong to the subcommand.
         << "    _arguments -C -S " << (command.commands.empty() ? "" : "-A '-*' ") << "\\\n";
     for (const Argument& option : allOptions(command)) {
         printOption(out, option);

@@ -1,8 +1,8 @@
-// The frame of every screen.
+// The frame of every page.
 #include "base/text/columns.hpp"
-#include "screen/characters.hpp"
-#include "screen/flow.hpp"
-#include "screen/layout.hpp"
+#include "screen/canvas/characters.hpp"
+#include "screen/canvas/flow.hpp"
+#include "screen/canvas/layout.hpp"
 #include "screen/pages/pages.hpp"
 
 namespace quillmere::screen {
@@ -11,7 +11,7 @@ namespace {
 constexpr std::size_t mostKeyRows = 3;
 constexpr std::size_t mostMessageRows = 3;
 
-/// The hints in rows of at most `most` columns.
+/// Splits the hints into rows of at most `most` columns.
 std::vector<std::vector<KeyHint>> rowsOfHints(const std::vector<KeyHint>& hints, std::size_t most,
                                               std::size_t gap)
 {

@@ -1,9 +1,10 @@
-// Nothing runs: what is scheduled, and what was finished last.
+// The page while nothing runs: the scheduled block and the finished blocks.
 #include "base/text/duration.hpp"
 #include "base/text/local_time.hpp"
-#include "screen/flow.hpp"
-#include "screen/layout.hpp"
+#include "screen/canvas/flow.hpp"
+#include "screen/canvas/layout.hpp"
 #include "screen/pages/pages.hpp"
+#include "work/situation_view.hpp"
 
 #include <cmath>
 
@@ -21,19 +22,19 @@ void writeOutcomes(Flow& flow, const Block& block)
     }
 }
 
-/// Whole minutes, as long as there are any: seconds that run make nobody calm.
+/// Whole minutes, and seconds only in the last minute: running seconds distract.
 std::string waitText(double seconds)
 {
     constexpr double minute = 60;
     return "in " + base::durationText(seconds < minute ? seconds : std::floor(seconds / minute) * minute);
 }
 
-void writeSchedule(Flow& flow, const Block& block, Instant now, Look look)
+void writeSchedule(Flow& flow, const Block& block, const work::ScheduleView& schedule, Instant now, Look look)
 {
-    const double wait = *block.plannedStart - now;
+    const double wait = schedule.start - now;
     flow.line("Scheduled", look);
-    flow.line(base::localTextSeenFrom(now, *block.plannedStart) + " to " +
-                  base::localTextSeenFrom(now, block.plannedEnd()) +
+    flow.line(base::localTextSeenFrom(now, schedule.start) + " to " +
+                  base::localTextSeenFrom(now, schedule.end) +
                   (wait > 0 ? ", " + waitText(wait) : std::string()),
               {.bold = true}, indent);
     flow.line(std::to_string(block.cycleCount) + " sessions of " +
@@ -65,8 +66,8 @@ void drawIdle(Canvas& canvas, const Area& area, const workspace::Situation& situ
     const bool isFull = showsFullPlan(layout(familyFor(canvas.size())));
     const Look heading{.accent = QuillmereDesign::accent(WidgetPhase::planning), .bold = true};
     Flow flow(canvas, area);
-    if (state.currentBlock && state.currentBlock->plannedStart) {
-        writeSchedule(flow, *state.currentBlock, situation.now, heading);
+    if (const auto schedule = work::SituationView::of(situation).schedule) {
+        writeSchedule(flow, *state.currentBlock, *schedule, situation.now, heading);
     } else {
         flow.paragraph("Nothing is scheduled.");
         flow.space(QuillmereDesign::Spacing::regular);

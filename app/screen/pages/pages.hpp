@@ -1,7 +1,8 @@
-// What is to be seen at each place of the workflow: drawn from a situation, and from nothing else.
+// The pages of the screen, drawn from a situation alone.
 #pragma once
 
-#include "screen/canvas.hpp"
+#include "screen/canvas/canvas.hpp"
+#include "work/situation_view.hpp"
 #include "workspace/workspace.hpp"
 
 #include <quillmere/widget/widget_family.hpp>
@@ -18,7 +19,7 @@ struct KeyHint {
     std::string label;
 };
 
-/// What surrounds the content of every screen.
+/// The parts around the content of every page.
 struct Frame {
     std::string_view title;
     std::string caption;
@@ -28,25 +29,24 @@ struct Frame {
     std::vector<KeyHint> keys;
 };
 
-/// Draws the frame; returns the room that it leaves.
+/// Draws the frame; returns the area inside it.
 Area drawFrame(Canvas& canvas, const Frame& frame);
 
-/// What is scheduled, and what was finished last.
+/// The scheduled block and the finished blocks.
 void drawIdle(Canvas& canvas, const Area& area, const workspace::Situation& situation);
 
-/// The running timer, with the plan of the session that runs or comes next.
-void drawCountdown(Canvas& canvas, const Area& area, const workspace::Situation& situation);
+/// The running timer, with the plan of the running or the next session.
+void drawCountdown(Canvas& canvas, const Area& area, const work::SituationView& view);
 
-/// The questions that wait for an answer: one is chosen, and stands there in full, `scrolled` rows of it and
-/// of what is above it out of view.
+/// The open questions: the chosen one in full, scrolled down by `scrolled` rows.
 void drawQuestions(Canvas& canvas, const Area& area, const workspace::Situation& situation,
                    std::size_t chosen, std::size_t scrolled);
 
-/// As many rows bring the end of the chosen question into view.
+/// The number of rows to scroll until the end of the chosen question is in view.
 std::size_t mostScrolled(Size window, const Area& area, const workspace::Situation& situation,
                          std::size_t chosen);
 
-/// Why there is nothing to be seen.
+/// Why the files cannot be used.
 void drawTrouble(Canvas& canvas, const Area& area, std::string_view trouble);
 
 }  // namespace quillmere::screen

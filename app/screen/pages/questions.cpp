@@ -1,7 +1,7 @@
-// The questions of agents.
+// The page of the open questions.
 #include "base/text/local_time.hpp"
-#include "screen/flow.hpp"
-#include "screen/layout.hpp"
+#include "screen/canvas/flow.hpp"
+#include "screen/canvas/layout.hpp"
 #include "screen/pages/pages.hpp"
 
 #include <algorithm>
@@ -12,10 +12,10 @@ namespace {
 constexpr std::size_t numberColumns = 5;
 constexpr std::size_t mostLinesOfOthers = 2;
 
-/// The chosen one comes into view with the one before it.
+/// The index of the first question shown: the question before the chosen one.
 std::size_t firstInView(std::size_t chosen) { return chosen > 1 ? chosen - 1 : 0; }
 
-/// Columns of the texts: the last one is for the arrows.
+/// The columns of the texts; the last column of the area is for the arrows.
 std::size_t textColumns(const Area& area) { return area.columns - 1; }
 
 std::size_t gapRows(Size window)

@@ -1,4 +1,4 @@
-// How many questions an agent may put to the person.
+// The limits on the questions of agents.
 #include "agent/asking.hpp"
 
 #include "program_testing.hpp"
@@ -6,8 +6,8 @@
 namespace quillmere::test {
 namespace {
 
-using agent::Refusal;
 using agent::requireRoom;
+using agent::ToolRefusal;
 
 /// A state in which `count` questions were asked at `askedAt`.
 QuillmereState stateWithQuestions(unsigned count, Instant askedAt, bool answered)
@@ -23,25 +23,25 @@ QuillmereState stateWithQuestions(unsigned count, Instant askedAt, bool answered
     return state;
 }
 
-TEST(Room, isForTenQuestionsAMinute)
+TEST(RequireRoom, allowsTenQuestionsAMinute)
 {
     EXPECT_NO_THROW(requireRoom(stateWithQuestions(9, moment, true), moment));
-    EXPECT_THROW(requireRoom(stateWithQuestions(10, moment, true), moment), Refusal);
-    EXPECT_THROW(requireRoom(stateWithQuestions(10, moment, true), moment + 60), Refusal);
+    EXPECT_THROW(requireRoom(stateWithQuestions(10, moment, true), moment), ToolRefusal);
+    EXPECT_THROW(requireRoom(stateWithQuestions(10, moment, true), moment + 60), ToolRefusal);
     EXPECT_NO_THROW(requireRoom(stateWithQuestions(10, moment, true), moment + 61));
 }
 
-TEST(Room, isNotMadeByAClockThatWasSetBack)
+TEST(RequireRoom, countsQuestionsInTheFutureAsRecent)
 {
-    EXPECT_THROW(requireRoom(stateWithQuestions(10, moment + 30, true), moment), Refusal);
-    EXPECT_THROW(requireRoom(stateWithQuestions(10, moment + 3600, true), moment), Refusal);
+    EXPECT_THROW(requireRoom(stateWithQuestions(10, moment + 30, true), moment), ToolRefusal);
+    EXPECT_THROW(requireRoom(stateWithQuestions(10, moment + 3600, true), moment), ToolRefusal);
     EXPECT_NO_THROW(requireRoom(stateWithQuestions(9, moment + 3600, true), moment));
 }
 
-TEST(Room, isForFiftyOpenQuestions)
+TEST(RequireRoom, allowsFiftyOpenQuestions)
 {
     EXPECT_NO_THROW(requireRoom(stateWithQuestions(49, moment - 3600, false), moment));
-    EXPECT_THROW(requireRoom(stateWithQuestions(50, moment - 3600, false), moment), Refusal);
+    EXPECT_THROW(requireRoom(stateWithQuestions(50, moment - 3600, false), moment), ToolRefusal);
     EXPECT_NO_THROW(requireRoom(stateWithQuestions(500, moment - 3600, true), moment));
 }
 

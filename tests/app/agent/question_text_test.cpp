@@ -1,4 +1,4 @@
-// Which questions an agent may put to the person.
+// The texts that are accepted as questions.
 #include "agent/question_text.hpp"
 
 #include "agent/attempt.hpp"
@@ -9,7 +9,7 @@ namespace quillmere::test {
 namespace {
 
 using agent::askable;
-using agent::Refusal;
+using agent::ToolRefusal;
 
 std::string repeated(const std::string& text, std::size_t count)
 {
@@ -28,7 +28,7 @@ const struct {
     {"  Why?\r\n", "Why?"},
     {"One\n\tTwo", "One\n\tTwo"},
     {"\u00a0\u3000\u2028äöü\u00a0漢字 🙂\u2028\u0085\u1680", "äöü\u00a0漢字 🙂"},
-    // What only says how others are shown is no space, and belongs to the question.
+    // A character that changes how others are shown is no space: it belongs to the question.
     {"\u200fשלום\u200f", "\u200fשלום\u200f"},
     {"🏳\ufe0f\u200d🌈", "🏳\ufe0f\u200d🌈"},
     {"n\u0303?", "n\u0303?"},
@@ -37,7 +37,7 @@ const struct {
     {"\n" + repeated("é", 2000) + " ", repeated("é", 2000)},
 };
 
-TEST(Askable, keepsTheQuestionWithoutWhiteSpaceAroundIt)
+TEST(Askable, removesOnlySurroundingWhiteSpace)
 {
     for (const auto& [given, kept] : goodQuestions) {
         EXPECT_EQ(askable(given), kept);
@@ -57,7 +57,7 @@ const std::string badQuestions[] = {
     "a\u009bb",
     repeated("a", 2001),
     repeated("🙂", 2001),
-    // Nothing in these can be seen.
+    // These have no visible character.
     "\u00a0",
     "\u3000\u2003",
     "\u2028",
@@ -74,14 +74,14 @@ const std::string badQuestions[] = {
     "\U000e0041\U000e007f",
 };
 
-TEST(Askable, refusesWhatNobodyShouldRead)
+TEST(Askable, refusesEmptyLongAndControllingTexts)
 {
     for (const std::string& question : badQuestions) {
-        EXPECT_THROW(askable(question), Refusal) << question;
+        EXPECT_THROW(askable(question), ToolRefusal) << question;
     }
 }
 
-TEST(Askable, takesTheFirstCharacterBeyondC1) { EXPECT_EQ(askable("a\u00a0b"), "a\u00a0b"); }
+TEST(Askable, acceptsTheFirstCharacterAfterC1) { EXPECT_EQ(askable("a\u00a0b"), "a\u00a0b"); }
 
 }  // namespace
 }  // namespace quillmere::test

@@ -1,6 +1,8 @@
 // What tests hear from the server, kept so that a validator of JSON Schema can look at all of it afterwards.
 #pragma once
 
+#include "base/json.hpp"
+
 #include <nlohmann/json.hpp>
 
 #include <fstream>
@@ -9,7 +11,7 @@
 
 namespace quillmere::test {
 
-using Json = nlohmann::json;
+using Json = base::SortedJson;
 
 /// One conversation in a file of its own, named after the test that has it: a line a message, "> " before the
 /// client's, "< " before the server's. Check it with check_said.py.

@@ -20,7 +20,7 @@ Person personWith(const WidgetSnapshot& summary)
 
 const Words formats = {"waybar", "i3blocks", "polybar", "tmux", "text", "json"};
 
-TEST(Bar, isATextLineUnlessAFormIsNamed)
+TEST(Bar, printsTextUnlessAFormatIsGiven)
 {
     const Person person = personWith(summaryWith("Chapter <one>"));
     const Ending ending = person.types({"bar"});
@@ -34,7 +34,7 @@ TEST(Bar, isATextLineUnlessAFormIsNamed)
     EXPECT_NE(person.types({"bar", "--format", "waybar"}).out.find("&lt;one&gt;"), std::string::npos);
 }
 
-TEST(Bar, isCutToTheWidthThatIsAskedFor)
+TEST(Bar, cutsTheLineToTheGivenWidth)
 {
     const Person person = personWith(summaryWith("Chapter"));
     EXPECT_EQ(person.types({"bar", "--width", "11"}).out, "Focus 15:0\u2026\n");
@@ -45,14 +45,14 @@ TEST(Bar, isCutToTheWidthThatIsAskedFor)
     }
 }
 
-TEST(Bar, refusesAFormThatThereIsNot)
+TEST(Bar, refusesUnknownFormats)
 {
     const Ending ending = Person().types({"bar", "--format", "dzen"});
     EXPECT_EQ(ending.code, ExitCode::usage);
     EXPECT_NE(ending.err.find("is none of waybar, i3blocks, polybar, tmux, text, json"), std::string::npos);
 }
 
-TEST(Bar, endsWith33InOvertimeForI3blocksAlone)
+TEST(Bar, exitsWith33InOvertimeForI3blocksOnly)
 {
     Person person = personWith(summaryWith("Chapter"));
     for (const std::string& format : formats) {
@@ -67,7 +67,7 @@ TEST(Bar, endsWith33InOvertimeForI3blocksAlone)
     }
 }
 
-TEST(Bar, readsTheSummaryAlone)
+TEST(Bar, readsOnlyTheWidgetsSummary)
 {
     const Person person = personWith(summaryWith("Chapter"));
     writeText(person.store().stateURL(), "spoilt");
@@ -84,7 +84,7 @@ TEST(Bar, isIdleBeforeAnythingWasSaved)
     EXPECT_EQ(person.names(), Words{});
 }
 
-TEST(Bar, ofASummaryThatCannotBeReadIsNotShown)
+TEST(Bar, printsNoLineForASummaryThatCannotBeRead)
 {
     const Person person = personWith(summaryWith("Chapter"));
     writeText(person.directory() / WidgetSnapshotStore::fileName, "{}");
@@ -96,9 +96,9 @@ TEST(Bar, ofASummaryThatCannotBeReadIsNotShown)
     }
 }
 
-TEST(Bar, neverWritesAndWaitsForNobody)
+TEST(Bar, writesNoFileAndNeedsNoLock)
 {
-    // Were it to take the lock, it would end after five seconds with another code.
+    // A command that took the lock would fail after five seconds with another code.
     Person person;
     person.has(stateIn(WorkflowState::focusing));
     person.now = moment + 100'000;
@@ -113,7 +113,7 @@ TEST(Bar, neverWritesAndWaitsForNobody)
     EXPECT_EQ(pictureOf(person.directory()), before);
 }
 
-TEST(Bar, worksWhereNothingMayBeWritten)
+TEST(Bar, worksInADirectoryThatCannotBeWritten)
 {
     const UnprivilegedUser user;
     if (!user.isOne()) {
@@ -128,7 +128,7 @@ TEST(Bar, worksWhereNothingMayBeWritten)
     std::filesystem::permissions(person.directory(), std::filesystem::perms::owner_all);
 }
 
-TEST(Bar, endsWith74WhenNobodyCanReadIt)
+TEST(Bar, exitsWith74WhenTheOutputCannotBeWritten)
 {
     const Person person = personWith(summaryWith("Chapter"));
     const std::string directory = person.directory().string();

@@ -1,4 +1,4 @@
-// What a bar shows of a summary.
+// The content of a bar for a summary.
 #include "bar/bar_content.hpp"
 
 #include "base/text/columns.hpp"
@@ -57,7 +57,7 @@ const Phrasing phrasings[] = {
     {WorkflowState::complete, 0, "Complete \u00B7 Block complete", "Complete", {"complete"}},
 };
 
-TEST(BarContent, saysThePhaseTheTimeAndWhatTheWorkIs)
+TEST(BarContent, hasThePhaseTheTimeAndTheOutcome)
 {
     for (const Phrasing& expected : phrasings) {
         SCOPED_TRACE(expected.text);
@@ -91,7 +91,7 @@ TEST(BarContent, isOvertimeOnlyBeyondZero)
     EXPECT_EQ(barContent(summary, moment + 1501, usualBarWidth).percentage, 100);
 }
 
-TEST(BarContent, tellsHowMuchOfACountdownIsOver)
+TEST(BarContent, hasThePercentageOfACountdown)
 {
     const WidgetSnapshot focus = WidgetSnapshot::make(stateIn(WorkflowState::focusing), moment);
     EXPECT_EQ(barContent(focus, moment, usualBarWidth).percentage, 0);
@@ -100,7 +100,7 @@ TEST(BarContent, tellsHowMuchOfACountdownIsOver)
     EXPECT_EQ(barContent(idle, moment, usualBarWidth).percentage, std::nullopt);
 }
 
-TEST(BarContent, tellsOfQuestionsBeforeTheTextOfThePerson)
+TEST(BarContent, hasTheQuestionsBeforeThePersonsText)
 {
     WidgetSnapshot summary = summaryWith("Chapter one");
     BarContent content = barContent(summary, moment + 600, usualBarWidth);
@@ -115,7 +115,7 @@ TEST(BarContent, tellsOfQuestionsBeforeTheTextOfThePerson)
     EXPECT_EQ(content.text, "Focus 15:00 \u00B7 Session 1 of 3 \u00B7 1 question \u00B7 Chapter one");
 }
 
-TEST(BarContent, isCutToItsWidthOnAScreen)
+TEST(BarContent, isCutToItsWidthInColumns)
 {
     for (const std::string& text : hostileTexts) {
         for (const std::size_t width : {1u, 5u, 12u, 45u, 60u, 200u}) {
@@ -131,7 +131,7 @@ TEST(BarContent, isCutToItsWidthOnAScreen)
     EXPECT_EQ(barContent(summaryWith("x"), moment, 8).text, "Focus 2\u2026");
 }
 
-TEST(BarContent, takesOnlyTheBeginningOfALongTextAndShowsTheSame)
+TEST(BarContent, isTheSameAlthoughItReadsOnlyTheBeginningOfALongText)
 {
     for (const char* part : {"word ", "\r\n", "\u65E5", "e\u0301\u0323", "\U0001F468", "\xE6\x97", "\x1b",
                              "b\u200B\u200B\u200B\u200B\u200B", "\r\n\u200B\u200B\u200B\u200B\u200B"}) {
@@ -147,7 +147,7 @@ TEST(BarContent, takesOnlyTheBeginningOfALongTextAndShowsTheSame)
                 const BarContent content = barContent(summary, moment, width);
                 const std::string line = "Idle \u00B7 No active block \u00B7 " + base::sanitized(text);
                 EXPECT_EQ(content.text, base::cutToColumns(line, width));
-                EXPECT_EQ(content.facts.at("intended_outcome"),
+                EXPECT_EQ(content.facts.value().intendedOutcome,
                           base::cutToColumns(base::sanitized(text), 100));
                 EXPECT_EQ(content.details.at(1),
                           base::cutToColumns("Outcome: " + base::sanitized(text), 100));
@@ -156,7 +156,7 @@ TEST(BarContent, takesOnlyTheBeginningOfALongTextAndShowsTheSame)
     }
 }
 
-TEST(BarContent, ofAFailureSaysWhy)
+TEST(BarContent, ofAFailureHasItsMessage)
 {
     const BarContent content = bar::barContentOfFailure("The summary is \x1b[2J spoilt.", 20);
     EXPECT_EQ(content.text, "The summary is \uFFFD[2J\u2026");

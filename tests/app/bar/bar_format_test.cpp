@@ -1,4 +1,4 @@
-// The forms of the bars, and what is escaped in them.
+// The line formats of the bars, and their escaping.
 #include "bar/bar_format.hpp"
 
 #include <algorithm>
@@ -44,7 +44,7 @@ constexpr Escaping escapings[] = {
     {"\u65E5<", "\u65E5&lt;", "\u65E5<", "\u65E5<"},
 };
 
-TEST(BarEscapes, areThoseOfTheBar)
+TEST(BarEscapes, areThoseOfEachBar)
 {
     for (const Escaping& escaping : escapings) {
         SCOPED_TRACE(escaping.text);
@@ -54,7 +54,7 @@ TEST(BarEscapes, areThoseOfTheBar)
     }
 }
 
-TEST(BarText, isOneLineThatNoTerminalObeysWhateverTheTexts)
+TEST(BarText, isOneSanitizedLineInEveryFormat)
 {
     for (const BarFormat format : allCases<BarFormat>()) {
         for (const std::string& text : hostileTexts) {
@@ -70,7 +70,7 @@ TEST(BarText, isOneLineThatNoTerminalObeysWhateverTheTexts)
 
 TEST(BarText, ofPolybarHasNoTag)
 {
-    // https://github.com/polybar/polybar/wiki/Formatting: whatever begins with these two is one.
+    // https://github.com/polybar/polybar/wiki/Formatting: a tag begins with these two characters.
     for (const std::string& text : hostileTexts) {
         SCOPED_TRACE(text);
         EXPECT_EQ(lineOf(BarFormat::polybar, text).find("%{"), std::string::npos);
@@ -89,7 +89,7 @@ TEST(BarText, ofTmuxHasNoOddHash)
     }
 }
 
-TEST(BarText, ofWaybarHasTheMembersThatWaybarReads)
+TEST(BarText, ofWaybarHasTheMembersOfItsProtocol)
 {
     const std::string line = barText(BarFormat::waybar, contentWith("<b>", 1600), BarPace::once);
     EXPECT_EQ(line,
@@ -100,7 +100,7 @@ TEST(BarText, ofWaybarHasTheMembersThatWaybarReads)
               "\n");
 }
 
-TEST(BarText, ofJsonHasTheMembersThatAreDocumented)
+TEST(BarText, ofJsonHasTheDocumentedMembers)
 {
     const std::string line = barText(BarFormat::json, contentWith("<b>"), BarPace::once);
     EXPECT_EQ(line, R"({"text":"Focus 15:00 \u00b7 Session 1 of 3 \u00b7 4 questions \u00b7 <b>",)"
@@ -128,7 +128,7 @@ TEST(BarText, ofI3blocksIsThreeLinesFromARunThatEnds)
     EXPECT_EQ(barText(BarFormat::i3blocks, idle, BarPace::once), "Idle \u00B7 No active block\nIdle\n");
 }
 
-TEST(BarText, ofI3blocksHasNoLineThatItsReaderWouldBreak)
+TEST(BarText, ofI3blocksHasNoLineLongerThanItsBuffer)
 {
     // i3blocks 1.5: a buffer of 1,024 bytes a line.
     for (const std::string& text : hostileTexts) {
@@ -144,7 +144,7 @@ TEST(BarText, ofI3blocksHasNoLineThatItsReaderWouldBreak)
     }
 }
 
-TEST(BarText, ofAFailureIsALineInEveryForm)
+TEST(BarText, ofAFailureIsALineInEveryFormat)
 {
     const BarContent content = bar::barContentOfFailure("It is <spoilt>.", 60);
     for (const BarFormat format : allCases<BarFormat>()) {

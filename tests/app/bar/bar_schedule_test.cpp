@@ -1,4 +1,4 @@
-// When a bar that stays wakes up.
+// When `quillmere bar --follow` wakes up.
 #include "bar/bar_schedule.hpp"
 
 #include "program_testing.hpp"
@@ -37,7 +37,7 @@ const Waking wakings[] = {
     {"a pause in overtime", countdownOf(-5, true), 10, 1810, 1810},
 };
 
-TEST(BarSchedule, isWokenEachSecondWhileAFigureMovesAndElseByTheWidgetsTimeline)
+TEST(BarSchedule, followsTheSecondsWhileACountdownRunsAndElseTheWidgetsTimeline)
 {
     for (const Waking& waking : wakings) {
         SCOPED_TRACE(waking.what);
@@ -52,7 +52,7 @@ TEST(BarSchedule, isWokenEachSecondWhileAFigureMovesAndElseByTheWidgetsTimeline)
 
 TEST(BarSchedule, readsAgainInTheMiddleOfOvertime)
 {
-    // The reading that was due a second after the end is not put off by the lines in between.
+    // The reading that is due a second after the end is not delayed by the lines in between.
     WidgetSnapshot summary = WidgetSnapshot::empty(moment);
     summary.countdown = countdownOf(10, false);
     const Instant reading = nextBarReading(summary, moment);

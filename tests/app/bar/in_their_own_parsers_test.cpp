@@ -1,4 +1,4 @@
-// The lines in the bars' own parsers: each shows the text as it was, sanitized and cut.
+// The lines in the bars' own parsers: each shows the sanitized and cut text unchanged.
 #include <pango/pango.h>
 
 #include <nlohmann/json.hpp>
@@ -24,7 +24,7 @@ BarContent contentOf(const std::string& text)
     return bar::barContent(summaryWith(text), moment + 600, width);
 }
 
-/// What Pango shows of markup, which must not change the look of any of it.
+/// The text that Pango shows for markup. Fails when the markup changes the look of any part.
 std::string shownByPango(const std::string& markup)
 {
     PangoAttrList* attributes = nullptr;
@@ -44,7 +44,7 @@ std::string shownByPango(const std::string& markup)
     return shown;
 }
 
-TEST(Waybar, showsTheTextAndTheTooltipAsTheyWere)
+TEST(Waybar, showsTheTextAndTheTooltipUnchanged)
 {
     for (const std::string& text : hostileTexts) {
         SCOPED_TRACE(text);
@@ -60,7 +60,7 @@ TEST(Waybar, showsTheTextAndTheTooltipAsTheyWere)
     }
 }
 
-TEST(AnyProgram, readsTheTextsFromJsonAsTheyWere)
+TEST(AnyProgram, readsTheTextsFromJsonUnchanged)
 {
     for (const std::string& text : hostileTexts) {
         SCOPED_TRACE(text);
@@ -86,7 +86,7 @@ nlohmann::json blockIn(const std::string& line)
     return {};
 }
 
-TEST(I3blocks, handsOnTheTextAsItWas)
+TEST(I3blocks, passesTheTextOnUnchanged)
 {
     if (!succeeds({"i3blocks", "-V"})) {
         GTEST_SKIP() << "i3blocks is not installed";
@@ -101,7 +101,7 @@ TEST(I3blocks, handsOnTheTextAsItWas)
                       (pace == BarPace::once ? "\ninterval=once\n" : " --follow\ninterval=persist\n"));
         for (const std::string& text : hostileTexts) {
             SCOPED_TRACE(text);
-            // Paused, because the program runs on the wall clock.
+            // The program uses the wall clock, so the countdown must stand still.
             WidgetSnapshot summary = summaryWith(text);
             summary.countdown->isPaused = true;
             WidgetSnapshotStore(files.path()).save(summary);
@@ -122,8 +122,7 @@ TEST(I3blocks, handsOnTheTextAsItWas)
     }
 }
 
-/// A tmux server whose only window shows a client of a second one, so that a test can read the status line of
-/// the second.
+/// A tmux server whose only window runs a second tmux, so that the status line of the second can be read.
 class TmuxInTmux : public testing::Test {
 protected:
     void SetUp() override
@@ -204,7 +203,7 @@ std::string withoutRepeatedHashes(const std::string& text)
     return result;
 }
 
-TEST_F(TmuxInTmux, showsTheTextAsItWas)
+TEST_F(TmuxInTmux, showsTheTextUnchanged)
 {
     for (const std::string& text : hostileTexts) {
         SCOPED_TRACE(text);
@@ -222,7 +221,7 @@ TEST_F(TmuxInTmux, showsOneHashForADoubledOne)
 
 TEST_F(TmuxInTmux, obeysTextsThatAreNotEscaped)
 {
-    // Otherwise the tests above could not fail.
+    // Proves that the tests above would see it.
     EXPECT_EQ(shown("Focus #[fg=red]red #{?,yes,no}\n"), "Focus red no");
 }
 

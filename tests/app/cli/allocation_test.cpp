@@ -1,11 +1,10 @@
-// What a run says when memory runs out. That it ends in order and leaves whole files is shown for every
-// command with the proofs.
+// The error of a run that runs out of memory. The proofs show for every command that the files stay whole.
 #include "failing_run.hpp"
 
 namespace quillmere::test {
 namespace {
 
-TEST(Allocations, failingAreToldToProgramsAsAnObject)
+TEST(Allocations, failingAreReportedAsAJsonObject)
 {
     // While the command line is read, before any JSON is made.
     const TemporaryDirectory directory;
@@ -19,7 +18,7 @@ TEST(Allocations, failingAreToldToProgramsAsAnObject)
     }
 }
 
-TEST(Allocations, failingWhileACommandIsMisunderstoodEndInOrder)
+TEST(Allocations, failingDuringAUsageErrorEndWithTheCode)
 {
     const TemporaryDirectory directory;
     const Words words = {"--directory", directory.path().string(), "plan", "--focus", "\x1b[2J"};

@@ -1,4 +1,4 @@
-// Words and options: where they may stand, and what is none.
+// How the arguments are parsed: global options, directories, misuse, help.
 #include "program_testing.hpp"
 
 namespace quillmere::test {
@@ -54,7 +54,7 @@ TEST(Directory, mayBeRelativeOrHaveASlashAtItsEnd)
     EXPECT_EQ(namesIn("a"), (Words{"b", "d"}));
 }
 
-TEST(Directory, isForItsOwnerAloneWhenItIsMade)
+TEST(Directory, isCreatedForTheOwnerOnly)
 {
     const Person person;
     const auto inner = person.directory() / "some" / "where";
@@ -75,9 +75,9 @@ TEST(Directory, mayBeALinkToOne)
     EXPECT_TRUE(std::filesystem::is_symlink(person.directory() / "link"));
 }
 
-TEST(Directory, isFoundBehindALinkAsTheSystemFindsIt)
+TEST(Directory, isResolvedBehindALinkAsTheSystemDoes)
 {
-    // From behind the link, ".." leads to where the real directory stands.
+    // After the link, ".." leads to the parent of the real directory.
     const Person person;
     std::filesystem::create_directories(person.directory() / "far" / "real");
     std::filesystem::create_directory_symlink("far/real", person.directory() / "link");
@@ -88,7 +88,7 @@ TEST(Directory, isFoundBehindALinkAsTheSystemFindsIt)
     EXPECT_EQ(person.names(), (Words{"far", "link"}));
 }
 
-TEST(Directory, isForItsOwnerAloneAlsoWithADotAtItsEnd)
+TEST(Directory, isCreatedForTheOwnerOnlyAlsoWithADotAtItsEnd)
 {
     const Person person;
     for (const char* name : {"one/.", "two/./", "three//"}) {
@@ -132,7 +132,7 @@ TEST(CommandLine, thatIsNotUnderstoodIsAUsageError)
     EXPECT_EQ(person.names(), Words{});
 }
 
-TEST(CommandLine, thatIsNotUnderstoodIsToldToProgramsAsJson)
+TEST(CommandLine, thatIsNotUnderstoodIsReportedAsJsonToo)
 {
     const Person person;
     for (const Words& words : misunderstood) {
@@ -148,7 +148,7 @@ TEST(CommandLine, thatIsNotUnderstoodIsToldToProgramsAsJson)
 
 TEST(CommandLine, takesAnEmptyTextBehindAnEqualsSign)
 {
-    // As a script writes it: --why="$WHY" with nothing in the variable.
+    // As in a script: --why="$WHY" with an empty variable.
     const Person person;
     person.types({"plan", "--at", "+1h", "--why", "A deadline"});
     person.types({"edit"});
@@ -195,7 +195,7 @@ const Words illFormed[] = {
     {"--\xFF"},
 };
 
-TEST(CommandLine, refusesBytesThatAreNoText)
+TEST(CommandLine, refusesBytesThatAreNotUtf8)
 {
     const Person person;
     for (const Words& words : illFormed) {

@@ -1,4 +1,4 @@
-// Where the files are kept when no directory is named.
+// The places of the files without --directory.
 #include "program_testing.hpp"
 
 namespace quillmere::test {
@@ -8,7 +8,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* group = "group-containers/T5Q2N84LW7.quillmere";
 
-/// Whether the state is where applications keep their data and the widget's summary in the container.
+/// Expects the state in the directory for data and the widget's summary in the shared container.
 void expectFilesBelow(const fs::path& support)
 {
     EXPECT_EQ(namesIn(support / "Quillmere"), (Words{"agent-state.json", "state.json"}));
@@ -16,7 +16,7 @@ void expectFilesBelow(const fs::path& support)
     EXPECT_EQ(fs::status(support / "Quillmere").permissions(), fs::perms::owner_all);
 }
 
-TEST(Places, areBelowTheDirectoryForDataWhereOneIsNamed)
+TEST(Places, areBelowXdgDataHomeWhenItIsSet)
 {
     const Person person;
     const EnvironmentVariable data("XDG_DATA_HOME", (person.directory() / "data").string());
@@ -27,7 +27,7 @@ TEST(Places, areBelowTheDirectoryForDataWhereOneIsNamed)
     EXPECT_EQ(person.runs({"questions"}).out.substr(0, 8), "1.  Why?");
 }
 
-TEST(Places, areBelowTheHomeOtherwise)
+TEST(Places, areBelowHomeOtherwise)
 {
     for (const auto& value : {std::optional<std::string>(), std::optional<std::string>(""),
                               std::optional<std::string>("relative/data")}) {
@@ -39,7 +39,7 @@ TEST(Places, areBelowTheHomeOtherwise)
     }
 }
 
-TEST(Places, areNotNeededToLook)
+TEST(Places, areNotCreatedByReading)
 {
     const Person person;
     const EnvironmentVariable data("XDG_DATA_HOME", (person.directory() / "data").string());
@@ -49,7 +49,7 @@ TEST(Places, areNotNeededToLook)
     EXPECT_EQ(person.names(), Words{});
 }
 
-TEST(Places, showTheWidgetWhatIsInItsContainer)
+TEST(Places, letTheWidgetReadItsContainerOnly)
 {
     const Person person;
     const EnvironmentVariable data("XDG_DATA_HOME", person.directory().string());
@@ -60,7 +60,7 @@ TEST(Places, showTheWidgetWhatIsInItsContainer)
     EXPECT_EQ(person.runs({"widget"}).out.substr(0, 22), "Idle  No active block\n");
 }
 
-TEST(Places, areUsedOnlyWhenThereIsOneForEveryFile)
+TEST(Places, areUsedOnlyWhenAllFilesHaveOne)
 {
     const Person person;
     const EnvironmentVariable data("XDG_DATA_HOME", person.directory().string());
@@ -69,7 +69,7 @@ TEST(Places, areUsedOnlyWhenThereIsOneForEveryFile)
     EXPECT_EQ(namesIn(person.directory() / "Quillmere"), Words{});
 }
 
-TEST(Places, areMissedWithAMessageWhereThereIsNoHome)
+TEST(Places, areAnErrorWithoutHome)
 {
     for (const auto& value : {std::optional<std::string>(), std::optional<std::string>(""),
                               std::optional<std::string>("relative/home")}) {
@@ -81,7 +81,7 @@ TEST(Places, areMissedWithAMessageWhereThereIsNoHome)
             const Ending ending = person.runs(words);
             EXPECT_EQ(ending.code, ExitCode::fileError);
             EXPECT_EQ(ending.err,
-                      "There is no home to keep things in: set HOME, or XDG_DATA_HOME, to an absolute path, "
+                      "No directory for the files is known: set HOME, or XDG_DATA_HOME, to an absolute path, "
                       "or use --directory.\n");
         }
         EXPECT_EQ(person.names(), Words{});

@@ -1,4 +1,4 @@
-// Texts of persons and agents may hold anything; a terminal must not obey them.
+// Texts of persons and agents may contain control sequences; a terminal must not obey them.
 #include <algorithm>
 
 #include "program_testing.hpp"
@@ -6,14 +6,14 @@
 namespace quillmere::test {
 namespace {
 
-/// Clears a screen, names a window, in seven bits and in eight, and deletes.
+/// Control sequences in 7-bit and 8-bit form: clear the screen, set the title, delete.
 constexpr const char* nasty =
     "a\x1b[2J\x1b]0;x\x07\xC2\x9B"
     "2J\x7F\r\b\nb";
 constexpr const char* harmless = "a\uFFFD[2J\uFFFD]0;x\uFFFD\uFFFD2J\uFFFD\uFFFD\uFFFD b";
 
-/// Whether a terminal would print this and do nothing else; line breaks are the program's own.
-testing::AssertionResult isInert(const std::string& text)
+/// Whether the text has no control character other than line breaks.
+testing::AssertionResult isSanitized(const std::string& text)
 {
     for (std::size_t index = 0; index < text.size(); ++index) {
         const auto byte = static_cast<unsigned char>(text[index]);
@@ -60,7 +60,7 @@ const Words printing[] = {
     {"agent"},  {"ask", nasty},         {"tick"},    {"restore"},
 };
 
-TEST(Output, isInertWhateverStandsInTheFiles)
+TEST(Output, isSanitizedWhateverIsInTheFiles)
 {
     for (const WorkflowState workflowState :
          {WorkflowState::focusing, WorkflowState::breaking, WorkflowState::blockReview}) {
@@ -70,16 +70,16 @@ TEST(Output, isInertWhateverStandsInTheFiles)
             SCOPED_TRACE(words.front());
             const Ending ending = person.types(words);
             EXPECT_EQ(ending.code, ExitCode::done);
-            EXPECT_TRUE(isInert(ending.out));
-            EXPECT_TRUE(isInert(ending.err));
+            EXPECT_TRUE(isSanitized(ending.out));
+            EXPECT_TRUE(isSanitized(ending.err));
             Words forPrograms = words;
             forPrograms.push_back("--json");
-            EXPECT_TRUE(isInert(person.types(forPrograms).out));
+            EXPECT_TRUE(isSanitized(person.types(forPrograms).out));
         }
     }
 }
 
-TEST(Output, showsWhatIsHarmlessOfANastyText)
+TEST(Output, keepsTheHarmlessPartsOfANastyText)
 {
     const TimeZone here("UTC");
     const Person person;
@@ -89,7 +89,7 @@ TEST(Output, showsWhatIsHarmlessOfANastyText)
               std::string::npos);
 }
 
-TEST(Output, giveProgramsTheTextAsItIs)
+TEST(Output, givesProgramsTheWholeTextInAscii)
 {
     const Person person;
     person.has(nastyState(WorkflowState::focusing));
@@ -113,21 +113,21 @@ const Words echoed[] = {
     {"open", nasty},
 };
 
-TEST(Messages, areInertWhateverIsTyped)
+TEST(Messages, areSanitizedWhateverIsTyped)
 {
     const Person person;
     for (const Words& words : echoed) {
         SCOPED_TRACE(testing::PrintToString(words));
         const Ending ending = person.types(words);
         EXPECT_EQ(ending.code, ExitCode::usage);
-        EXPECT_TRUE(isInert(ending.err));
+        EXPECT_TRUE(isSanitized(ending.err));
         Words forPrograms = words;
         forPrograms.insert(forPrograms.begin(), "--json");
-        EXPECT_TRUE(isInert(person.types(forPrograms).err));
+        EXPECT_TRUE(isSanitized(person.types(forPrograms).err));
     }
 }
 
-TEST(Messages, areInertWhateverADirectoryIsCalled)
+TEST(Messages, areSanitizedWhateverADirectoryIsCalled)
 {
     const TimeZone here("UTC");
     const Person person;
@@ -135,10 +135,10 @@ TEST(Messages, areInertWhateverADirectoryIsCalled)
     writeText(directory, "a file");
     const Ending refused = person.runs({"--directory", directory.string(), "ask", "Why?"});
     EXPECT_EQ(refused.code, ExitCode::fileError);
-    EXPECT_TRUE(isInert(refused.err));
+    EXPECT_TRUE(isSanitized(refused.err));
     const Ending tour = person.runs({"tour", (person.directory() / "\x1b[3J").string()});
     EXPECT_EQ(tour.code, ExitCode::done);
-    EXPECT_TRUE(isInert(tour.out));
+    EXPECT_TRUE(isSanitized(tour.out));
 }
 
 }  // namespace

@@ -1,10 +1,10 @@
-// Timers that run out between two commands.
+// Timers that ran out between two commands.
 #include "program_testing.hpp"
 
 namespace quillmere::test {
 namespace {
 
-TEST(Tick, recordsTheEndOfASessionWhenItWas)
+TEST(Tick, recordsTheEndOfASessionAtItsInstant)
 {
     const TimeZone here("Europe/Berlin");
     Person person;
@@ -17,7 +17,7 @@ TEST(Tick, recordsTheEndOfASessionWhenItWas)
     EXPECT_TRUE(filesAgree(person));
 }
 
-TEST(Tick, tellsTheDayOfWhatCameAboutOnlyWhenItIsAnother)
+TEST(Tick, printsTheDayOfAnEventOnlyWhenItIsAnotherDay)
 {
     const TimeZone here("Europe/Berlin");
     Person person;
@@ -37,16 +37,7 @@ TEST(Tick, recordsTheEndOfABreakOnce)
     EXPECT_EQ(pictureOf(person.directory()), before);
 }
 
-TEST(Tick, writesNothingWhenNothingCameAbout)
-{
-    Person person;
-    person.has(stateIn(WorkflowState::focusing));
-    const auto before = pictureOf(person.directory());
-    EXPECT_EQ(person.typesLater(1499, {"tick"}).code, ExitCode::done);
-    EXPECT_EQ(pictureOf(person.directory()), before);
-}
-
-TEST(Tick, tellsProgramsWhatCameAbout)
+TEST(Tick, printsTheEventsAsJson)
 {
     Person person;
     EXPECT_EQ(person.types({"tick", "--json"}).out, "{\n  \"events\": []\n}\n");
@@ -56,7 +47,7 @@ TEST(Tick, tellsProgramsWhatCameAbout)
     EXPECT_EQ(ending.err, "");
 }
 
-TEST(TimeThatPassed, isToldBeforeTheCommandIsCarriedOut)
+TEST(TimeThatPassed, isRecordedBeforeTheCommand)
 {
     const TimeZone here("UTC");
     Person person;
@@ -71,7 +62,7 @@ TEST(TimeThatPassed, isToldBeforeTheCommandIsCarriedOut)
     EXPECT_TRUE(filesAgree(person));
 }
 
-TEST(TimeThatPassed, isKeptWhenTheCommandIsRefused)
+TEST(TimeThatPassed, isRecordedAlsoWhenTheCommandIsRefused)
 {
     const TimeZone here("UTC");
     Person person;
@@ -80,41 +71,9 @@ TEST(TimeThatPassed, isKeptWhenTheCommandIsRefused)
     EXPECT_EQ(ending.code, ExitCode::refused);
     EXPECT_EQ(ending.err,
               "The focus session ended at 15:25.\n"
-              "This action is not available in the current workflow state.\n");
+              "This action is not available in the current workflow state.\n\n" +
+                  person.types({"status"}).out);
     EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
-    EXPECT_TRUE(filesAgree(person));
-}
-
-TEST(TimeThatPassed, isSeenButNotWrittenByThoseWhoOnlyLook)
-{
-    Person person;
-    person.has(stateIn(WorkflowState::focusing));
-    const auto before = pictureOf(person.directory());
-    const std::string json = person.typesLater(2000, {"status", "--json"}).out;
-    EXPECT_EQ(jsonAt("/workflow_state", json), R"("sessionReview")");
-    EXPECT_EQ(pictureOf(person.directory()), before);
-}
-
-TEST(TimeThatPassed, duringAPauseDoesNotCount)
-{
-    Person person;
-    person.has(stateIn(WorkflowState::focusing));
-    person.typesLater(1499, {"pause"});
-    EXPECT_EQ(person.typesLater(86'400, {"tick"}).err, "");
-    person.types({"resume"});
-    EXPECT_EQ(person.typesLater(0.5, {"status", "--json"}).code, ExitCode::done);
-    person.typesLater(60, {"tick"});
-    EXPECT_EQ(person.state().currentSession()->endedAt, moment + 1500 + 86'400);
-}
-
-TEST(TimeThatPassed, endsAnExtendedBreakAtItsNewEnd)
-{
-    Person person;
-    person.has(stateIn(WorkflowState::breaking));
-    person.typesLater(400, {"break", "extend", "5m"});
-    EXPECT_EQ(person.state().breakEndNotifiedAt, std::nullopt);
-    person.typesLater(1000, {"tick"});
-    EXPECT_EQ(person.state().breakEndNotifiedAt, moment + 600);
     EXPECT_TRUE(filesAgree(person));
 }
 

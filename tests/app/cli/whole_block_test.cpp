@@ -4,11 +4,11 @@
 namespace quillmere::test {
 namespace {
 
-/// Some time passes, then a command is typed.
+/// Some time passes, then a command runs.
 struct Typed {
     double secondsLater;
     Words words;
-    std::string_view done;  ///< what the program says of it
+    std::string_view done;  ///< the first line of the output
     WorkflowState leadsTo;
 };
 
@@ -93,7 +93,7 @@ TEST(WholeBlock, leadsAPersonFromPlanToReflection)
     }
 }
 
-TEST(WholeBlock, isToldToProgramsStepByStep)
+TEST(WholeBlock, isReportedAsJsonStepByStep)
 {
     Person person;
     for (const Typed& step : wholeBlock()) {
@@ -114,7 +114,7 @@ TEST(WholeBlock, isToldToProgramsStepByStep)
     }
 }
 
-/// What is in the files when all has been typed.
+/// The state after all commands.
 QuillmereState finishedState(Person& person)
 {
     for (const Typed& step : wholeBlock()) {
@@ -123,7 +123,7 @@ QuillmereState finishedState(Person& person)
     return person.state();
 }
 
-TEST(WholeBlock, keepsWhatWasSaidOfTheBlock)
+TEST(WholeBlock, keepsTheTextsOfTheBlock)
 {
     Person person;
     const QuillmereState state = finishedState(person);
@@ -150,7 +150,7 @@ TEST(WholeBlock, keepsWhatWasSaidOfTheBlock)
                                              .lessons = "Close the door"}));
 }
 
-TEST(WholeBlock, keepsWhatWasSaidOfItsSessions)
+TEST(WholeBlock, keepsThePlansAndReviewsOfItsSessions)
 {
     Person person;
     const QuillmereState state = finishedState(person);

@@ -1,7 +1,8 @@
-// From records to figures.
+// The figures of a state.
 #include "figures/statistics.hpp"
 
 #include "figures_testing.hpp"
+#include "lookback/day_text.hpp"
 
 #include <limits>
 
@@ -39,7 +40,7 @@ TEST(SessionTime, isTheTimeBetweenStartAndEndWithoutPauses)
     }
 }
 
-TEST(SessionTime, isNotKnownWhereTheRecordsCannotBeTrue)
+TEST(SessionTime, isUnknownForImpossibleRecords)
 {
     EXPECT_FALSE(timeOf(session(moment, -1)));
     EXPECT_FALSE(timeOf(session(moment, longest + 1)));
@@ -62,7 +63,7 @@ constexpr Split splits[] = {
     {"UTC", "2026-11-14 23:50", 1500, 0, "2026-11-14 600, 2026-11-15 900"},
     {"UTC", "2026-11-14 23:35", 1500, 0, "2026-11-14 1500"},
     {"UTC", "2026-11-15 00:00", 1500, 0, "2026-11-15 1500"},
-    // Where the pauses lay is not known: focus counts from the start.
+    // The times of pauses are not recorded: focus counts from the start.
     {"UTC", "2026-11-13 17:00", 230'400, 228'900, "2026-11-13 1500"},
     {"UTC", "2026-11-14 23:50", 3600, 2100, "2026-11-14 600, 2026-11-15 900"},
     // Nights of 23 and of 25 hours.
@@ -70,14 +71,14 @@ constexpr Split splits[] = {
     {"Europe/Berlin", "2026-10-24 23:00", 97'200, 0, "2026-10-24 3600, 2026-10-25 90000, 2026-10-26 3600"},
     {"Europe/Berlin", "2026-10-25 01:30", 7200, 0, "2026-10-25 7200"},
     {"America/New_York", "2026-11-01 00:30", 10'800, 0, "2026-11-01 10800"},
-    // Midnight is skipped: the day begins at one.
+    // The clocks skip midnight: the day starts at 01:00.
     {"America/Sao_Paulo", "2018-11-03 23:30", 3600, 0, "2018-11-03 1800, 2018-11-04 1800"},
     {"Africa/Cairo", "2026-04-23 23:30", 3600, 0, "2026-04-23 1800, 2026-04-24 1800"},
     {"Asia/Kathmandu", "2026-11-14 23:50", 1500, 0, "2026-11-14 600, 2026-11-15 900"},
     {"Pacific/Apia", "2011-12-29 23:30", 3600, 0, "2011-12-29 1800, 2011-12-31 1800"},
 };
 
-TEST(Statistics, shareFocusOutAmongThePersonsDays)
+TEST(Statistics, divideFocusAmongLocalDays)
 {
     for (const Split& each : splits) {
         SCOPED_TRACE(each.zone);
@@ -88,7 +89,7 @@ TEST(Statistics, shareFocusOutAmongThePersonsDays)
     }
 }
 
-TEST(Statistics, sumDaysUpToWeeksMonthsAndAllInAll)
+TEST(Statistics, sumDaysUpToWeeksMonthsAndATotal)
 {
     const TimeZone here("Europe/Berlin");
     const QuillmereState state =
@@ -131,10 +132,10 @@ struct RangeCase {
     std::int64_t sessions;
 };
 
-TEST(Statistics, takeWhatLiesInTheRangeBothDaysIncluded)
+TEST(Statistics, countDaysFromTheFirstToTheLastOfTheRange)
 {
     const TimeZone here("UTC");
-    // The second one starts on the 12th and lasts into the 13th.
+    // The second session starts on the 12th and ends on the 13th.
     const QuillmereState state =
         stateWith({session(local("2026-11-11 10:00"), 100), session(local("2026-11-12 23:59"), 120),
                    session(local("2026-11-14 10:00"), 300)});
@@ -158,7 +159,7 @@ TEST(Statistics, takeWhatLiesInTheRangeBothDaysIncluded)
     }
 }
 
-TEST(Statistics, countEndedSessionsOfTheBlockInHandToo)
+TEST(Statistics, countEndedSessionsOfTheCurrentBlockToo)
 {
     QuillmereState state = stateIn(WorkflowState::focusing);
     state.currentBlock = blockInWork(1, 3);
@@ -167,7 +168,7 @@ TEST(Statistics, countEndedSessionsOfTheBlockInHandToo)
     EXPECT_GT(look.total.focusSeconds, 0);
 }
 
-TEST(Statistics, haveSessionsInOrderOfStartingAndPointIntoTheState)
+TEST(Statistics, orderSessionsByStartAndPointIntoTheState)
 {
     QuillmereState state = stateWith({session(moment - 3600, 60)});
     state.blockHistory.insert(state.blockHistory.begin(),
@@ -179,7 +180,7 @@ TEST(Statistics, haveSessionsInOrderOfStartingAndPointIntoTheState)
     EXPECT_EQ(look.sessions[1].block, &state.blockHistory[0]);
 }
 
-TEST(Statistics, leaveOddRatingsAndUnknownTimesOutOfTheFigures)
+TEST(Statistics, ignoreRatingsOutOfRangeAndUnknownTimes)
 {
     const TimeZone here("UTC");
     WorkSession odd = session(moment, -500);
@@ -295,7 +296,7 @@ TEST(Streaks, goOnWhenTheClocksChange)
     EXPECT_EQ(lookAt(state).longestStreak->days, 3);
 }
 
-TEST(Statistics, standAnyDatesThatFilesCanName)
+TEST(Statistics, acceptAnyDateThatAFileCanContain)
 {
     const TimeZone here("America/Sao_Paulo");
     const Instant first{-62'167'219'200};
@@ -308,7 +309,7 @@ TEST(Statistics, standAnyDatesThatFilesCanName)
     EXPECT_EQ(look.sessionsWithoutTime, 2);
     EXPECT_EQ(look.total.focusSeconds, 3000);
     EXPECT_EQ(look.days.size(), 2u);
-    EXPECT_EQ(figures::lastStretches(look, Unit::day, 14).size(), 14u);
+    EXPECT_EQ(figures::lastPeriods(look, Unit::day, 14).size(), 14u);
 }
 
 TEST(Statistics, ofNothingAreNothing)
@@ -320,16 +321,16 @@ TEST(Statistics, ofNothingAreNothing)
     EXPECT_EQ(look.between.count, 0);
 }
 
-TEST(LastStretches, areARowWithoutGapsUpToTodayOrTheEndOfTheRange)
+TEST(LastPeriods, haveNoGapsUpToTodayOrTheEndOfTheRange)
 {
     const TimeZone here("UTC");
     const QuillmereState state =
         stateWith({session(local("2026-11-10 10:00"), 60), session(local("2026-11-12 10:00"), 120)});
     const auto textOfRow = [](const LookBack& look, Unit unit, std::size_t most) {
         std::string text;
-        for (const auto& stretch : figures::lastStretches(look, unit, most)) {
-            text += figures::shortLabelOf(unit, stretch.first) + "=" +
-                    std::to_string(static_cast<int>(stretch.tally.focusSeconds)) + " ";
+        for (const auto& period : figures::lastPeriods(look, unit, most)) {
+            text += lookback::shortLabelOf(unit, period.first) + "=" +
+                    std::to_string(static_cast<int>(period.tally.focusSeconds)) + " ";
         }
         return text;
     };

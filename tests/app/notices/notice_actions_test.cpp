@@ -106,8 +106,9 @@ TEST_F(NoticeAction, isHandledByOneOfTwoWatches)
     FakeNotifier other;
     person.has(stateIn(WorkflowState::focusing));
     ClockedWatch first(person, notifier, settings());
-    ClockedWatch second(person, other, settings());
     first.untilIdle();
+    // The second watch knows the notice and is ready, but does not lead.
+    ClockedWatch second(person, other, settings());
     second.untilIdle();
     second.untilIdle();
     // The service sends its signals to both.

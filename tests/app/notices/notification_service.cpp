@@ -1,11 +1,11 @@
-// A notification service to test with: notification_service LOG BEHAVIOUR [CAPABILITY …]
+// A notification service for tests: notification_service LOG BEHAVIOUR [CAPABILITY …]
 //
-// Appends every call of Notify to LOG, a JSON object a line, and says "ready" when it has its name. Takes
-// lines on standard input, until that ends: "action NUMBER KEY" and "closed NUMBER" are signalled to all,
-// and "release" has it give up its name and stay.
-// Behaviours: "answers"; "mute" never answers GetCapabilities, "tired" does once; "numb" never answers
-// Notify; "picky" refuses notices about the work, each time in other words; "frail" ends when it is asked for
-// a notice; "garbled" answers Notify with a text.
+// Appends each call of Notify to LOG, one JSON object per line, and prints "ready" when it owns its name.
+// Reads orders from standard input until that ends: "action NUMBER KEY" and "closed NUMBER" send these
+// signals, "release" gives up the name while the service keeps running. Behaviours: "answers"; "mute" never
+// answers GetCapabilities, "tired" answers it once; "numb" never answers Notify; "picky" refuses notices
+// about the work, with a different text each time; "frail" ends when it is asked for a notice; "garbled"
+// answers Notify with a text instead of a number.
 #include <sdbus-c++/sdbus-c++.h>
 #include <nlohmann/json.hpp>
 
@@ -28,9 +28,9 @@ constexpr const char* interface = "org.freedesktop.Notifications";
 using Capabilities = std::vector<std::string>;
 using Hints = std::map<std::string, sdbus::Variant>;
 
-/// Answers that are never given.
+/// Keeps an answer for as long as the service runs; dropping it would answer with an error.
 template <class... Results>
-void keepForEver(sdbus::Result<Results...>&& result)
+void keepUnanswered(sdbus::Result<Results...>&& result)
 {
     static std::vector<sdbus::Result<Results...>> kept;
     kept.push_back(std::move(result));
@@ -48,7 +48,7 @@ public:
             .implementedAs([this, behaviour, capabilities](sdbus::Result<Capabilities>&& result) {
                 const bool isFirst = !std::exchange(wasAsked_, true);
                 if (behaviour == "mute" || (behaviour == "tired" && !isFirst)) {
-                    keepForEver(std::move(result));
+                    keepUnanswered(std::move(result));
                 } else {
                     result.returnResults(capabilities);
                 }
@@ -58,7 +58,7 @@ public:
                 [this](const std::string& name, std::uint32_t replaces, const std::string& icon,
                        const std::string& summary, const std::string& body,
                        const std::vector<std::string>& actions, const Hints& hints, std::int32_t timeout) {
-                    note(name, replaces, icon, summary, body, actions, hints, timeout);
+                    logCall(name, replaces, icon, summary, body, actions, hints, timeout);
                     return std::string("one");
                 });
         } else {
@@ -67,7 +67,7 @@ public:
                                   std::uint32_t replaces, const std::string& icon, const std::string& summary,
                                   const std::string& body, const std::vector<std::string>& actions,
                                   const Hints& hints, std::int32_t timeout) {
-                    note(name, replaces, icon, summary, body, actions, hints, timeout);
+                    logCall(name, replaces, icon, summary, body, actions, hints, timeout);
                     answer(std::move(result), behaviour, replaces, summary);
                 });
         }
@@ -98,7 +98,7 @@ public:
         }
     }
 
-    /// Until standard input ends.
+    /// Returns when standard input ends.
     void serve()
     {
         std::string arrived;
@@ -126,7 +126,7 @@ public:
     }
 
 private:
-    /// Another service may be about to give it up.
+    /// Tries for ten seconds: the service before may not have ended yet.
     void takeName()
     {
         for (int attempt = 0;; ++attempt) {
@@ -142,9 +142,9 @@ private:
         }
     }
 
-    void note(const std::string& name, std::uint32_t replaces, const std::string& icon,
-              const std::string& summary, const std::string& body, const std::vector<std::string>& actions,
-              const Hints& hints, std::int32_t timeout)
+    void logCall(const std::string& name, std::uint32_t replaces, const std::string& icon,
+                 const std::string& summary, const std::string& body, const std::vector<std::string>& actions,
+                 const Hints& hints, std::int32_t timeout)
     {
         const nlohmann::json call = {{"name", name},
                                      {"replaces", replaces},
@@ -161,7 +161,7 @@ private:
                 const std::string& summary)
     {
         if (behaviour == "numb") {
-            keepForEver(std::move(result));
+            keepUnanswered(std::move(result));
         } else if (behaviour == "frail") {
             std::quick_exit(0);
         } else if (behaviour == "picky" && summary.find("question") == std::string::npos) {

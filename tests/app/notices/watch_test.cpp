@@ -98,6 +98,23 @@ TEST_F(WatchOnAClock, sleepsUntilTheNextWholeSecond)
     EXPECT_FALSE(isReady(watch.waiting()));
 }
 
+TEST_F(WatchOnAClock, recordsAnEventInItsSecondWhenItSleepsAsLongAsItAsksFor)
+{
+    // The block is scheduled an hour after `moment`.
+    person.has(stateWithScheduledBlock());
+    ClockedWatch watch(person, notifier);
+    watch.round();
+    int rounds = 0;
+    while (watch.printed().empty() && rounds < 5'000) {
+        const std::chrono::duration<double> sleep = watch.waiting().until - watch.moment();
+        person.now = person.now + sleep.count();
+        watch.round();
+        ++rounds;
+    }
+    EXPECT_EQ(person.state().currentBlock->scheduledStartTriggeredAt, moment + 3'600);
+    EXPECT_EQ(rounds, 3'600);
+}
+
 TEST_F(WatchOnAClock, isWokenByAChangeOfTheFiles)
 {
     person.has(stateIn(WorkflowState::focusing));

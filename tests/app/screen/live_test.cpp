@@ -148,14 +148,14 @@ TEST_F(LiveScreen, keepsAHalfWrittenFormThroughResizingStoppingAndKilling)
     ASSERT_GT(process, 0);
     ASSERT_EQ(::kill(process, SIGKILL), 0);
     ASSERT_TRUE(window.shows("Killed"));
-    // The terminal still has the program's settings, with which Enter ends no line.
+    // The terminal was not restored, so Enter does not end a line.
     window.types("stty sane; tput reset; $Q ui");
     window.presses("C-j");
     EXPECT_TRUE(window.shows("What you had written is back."));
     EXPECT_TRUE(window.shows("Half a plan"));
 }
 
-TEST_F(LiveScreen, takesWhatIsPastedAsTextAndNotAsCommands)
+TEST_F(LiveScreen, takesAPasteAsTextAndNotAsCommands)
 {
     isFocusing();
     const TerminalWindow window(person);
@@ -173,7 +173,7 @@ TEST_F(LiveScreen, takesWhatIsPastedAsTextAndNotAsCommands)
     EXPECT_EQ(person.state().workflowState, WorkflowState::focusing);
 }
 
-TEST_F(LiveScreen, leavesOutSequencesItDoesNotKnowAndKeepsCharactersThatComeInPieces)
+TEST_F(LiveScreen, dropsUnknownSequencesAndKeepsCharactersThatArriveInPieces)
 {
     ASSERT_EQ(elsewhere({"plan", "--outcome", "Chapter", "--start"}), 0);
     const TerminalWindow window(person, {{"TERM", "screen"}});
@@ -188,10 +188,10 @@ TEST_F(LiveScreen, leavesOutSequencesItDoesNotKnowAndKeepsCharactersThatComeInPi
                      "d"));
 }
 
-/// The settings of the shell's terminal.
+/// The modes of the shell's terminal.
 std::string settingsOf(const TerminalWindow& window)
 {
-    // Brackets around a pasted text would appear as "^[[200~".
+    // The marks around a paste would be shown as "^[[200~".
     window.pastes("echo past''ed");
     window.presses("Enter");
     EXPECT_TRUE(window.shows("\npasted"));
@@ -204,7 +204,7 @@ std::string settingsOf(const TerminalWindow& window)
            window.variable("keypad_cursor_flag");
 }
 
-TEST_F(LiveScreen, givesTheTerminalBackHoweverItEnds)
+TEST_F(LiveScreen, restoresTheTerminalAtEveryEnd)
 {
     const TerminalWindow window(person);
     const std::string before = settingsOf(window);
@@ -231,7 +231,7 @@ TEST_F(LiveScreen, givesTheTerminalBackHoweverItEnds)
     }
 }
 
-TEST_F(LiveScreen, needsNothingButAsciiOnAPlainTerminal)
+TEST_F(LiveScreen, drawsWithAsciiOnAPlainTerminal)
 {
     ASSERT_EQ(elsewhere({"plan", "--start"}), 0);
     ASSERT_EQ(elsewhere({"focus", "--outcome", "Chapitre \u00E9 \u65E5"}), 0);
@@ -245,7 +245,7 @@ TEST_F(LiveScreen, needsNothingButAsciiOnAPlainTerminal)
               0);
 }
 
-TEST_F(LiveScreen, leavesARowToThePromptWhereThereIsNoSecondScreen)
+TEST_F(LiveScreen, leavesARowForThePromptWithoutAnAlternateScreen)
 {
     const TerminalWindow window(person, {{"LC_ALL", "C"}, {"TERM", "vt100"}});
     window.runs("$Q ui");
@@ -293,7 +293,7 @@ TEST_F(LiveScreen, canBeEndedWhileTheTerminalDoesNotRead)
     }
 }
 
-TEST_F(LiveScreen, hasNoColourAgainstThePersonsWill)
+TEST_F(LiveScreen, hasNoColourWhenThePersonWantsNone)
 {
     isFocusing();
     const auto coloursOn = [&](const TerminalWindow::Settings& settings) {
@@ -307,7 +307,7 @@ TEST_F(LiveScreen, hasNoColourAgainstThePersonsWill)
     EXPECT_FALSE(coloursOn({{"NO_COLOR", "1"}}));
 }
 
-TEST_F(LiveScreen, saysSoWhereThereIsNoScreen)
+TEST_F(LiveScreen, refusesToOpenWithoutATerminal)
 {
     const TerminalWindow window(person, {{"TERM", "dumb"}});
     window.runs("clear; $Q ui; echo ended $?");

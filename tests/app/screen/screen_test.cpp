@@ -13,8 +13,8 @@ namespace {
 
 using namespace screen;
 
-/// Somebody before the live screen, on their own clock.
-class UiOfAPerson : public testing::Test {
+/// A person at the live screen, with their own clock.
+class ScreenOfAPerson : public testing::Test {
 protected:
     const TimeZone utc{"UTC"};
     Person person;
@@ -24,7 +24,7 @@ protected:
     {
         ui = std::make_unique<Screen>(
             workspace::Workspace::in(person.directory(), [this] { return person.now; }),
-            Drafts(person.stateHome()), route);
+            work::Drafts(person.stateHome()), route);
     }
     void opens(const QuillmereState& state)
     {
@@ -61,7 +61,7 @@ const Key save = withControl('s');
 const Key escape{Key::Kind::escape};
 const Key enter{Key::Kind::enter};
 
-TEST_F(UiOfAPerson, goesThroughABlockWithKeysAlone)
+TEST_F(ScreenOfAPerson, goesThroughABlockWithKeysAlone)
 {
     opens();
     presses("pChapter");
@@ -83,7 +83,7 @@ TEST_F(UiOfAPerson, goesThroughABlockWithKeysAlone)
     EXPECT_TRUE(filesAgree(person));
 }
 
-TEST_F(UiOfAPerson, finishesABlock)
+TEST_F(ScreenOfAPerson, finishesABlock)
 {
     opens(stateIn(WorkflowState::blockReview));
     presses("Two chapters");
@@ -92,7 +92,7 @@ TEST_F(UiOfAPerson, finishesABlock)
     EXPECT_TRUE(shows("Finished last"));
 }
 
-TEST_F(UiOfAPerson, handlesAScheduledBlock)
+TEST_F(ScreenOfAPerson, handlesAScheduledBlock)
 {
     opens(stateWithScheduledBlock());
     EXPECT_TRUE(shows("16:00 to 17:30, in 1 h"));
@@ -107,7 +107,7 @@ TEST_F(UiOfAPerson, handlesAScheduledBlock)
     EXPECT_FALSE(person.state().currentBlock->plannedStart);
 }
 
-TEST_F(UiOfAPerson, asksBeforeAScheduledBlockIsDiscarded)
+TEST_F(ScreenOfAPerson, asksBeforeAScheduledBlockIsDiscarded)
 {
     opens(stateWithScheduledBlock());
     presses("c");
@@ -117,7 +117,7 @@ TEST_F(UiOfAPerson, asksBeforeAScheduledBlockIsDiscarded)
     EXPECT_FALSE(person.state().currentBlock);
 }
 
-TEST_F(UiOfAPerson, hearsTheEnginesOwnWordsOfRefusal)
+TEST_F(ScreenOfAPerson, readsTheRefusalInTheWordsOfTheEngine)
 {
     opens(stateIn(WorkflowState::focusing));
     presses("r");
@@ -126,7 +126,7 @@ TEST_F(UiOfAPerson, hearsTheEnginesOwnWordsOfRefusal)
     EXPECT_FALSE(shows(WorkflowError(WorkflowError::invalidTransition).errorDescription()));
 }
 
-TEST_F(UiOfAPerson, isLedToTheFieldThatCannotBeMeant)
+TEST_F(ScreenOfAPerson, isLedToTheFieldWhoseValueCannotBeUsed)
 {
     opens(stateIn(WorkflowState::sessionReview));
     presses(Key{Key::Kind::tab});
@@ -137,7 +137,7 @@ TEST_F(UiOfAPerson, isLedToTheFieldThatCannotBeMeant)
     EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
 }
 
-TEST_F(UiOfAPerson, seesWhatAnotherProgramDoes)
+TEST_F(ScreenOfAPerson, seesWhatAnotherProgramDoes)
 {
     opens(stateIn(WorkflowState::focusing));
     ASSERT_EQ(person.typesLater(60, {"pause"}).code, ExitCode::done);
@@ -147,7 +147,7 @@ TEST_F(UiOfAPerson, seesWhatAnotherProgramDoes)
     EXPECT_FALSE(ui->takeBell());
 }
 
-TEST_F(UiOfAPerson, hearsWhenAFocusSessionEnds)
+TEST_F(ScreenOfAPerson, hearsWhenAFocusSessionEnds)
 {
     opens(stateIn(WorkflowState::focusing));
     EXPECT_TRUE(ui->countsSeconds());
@@ -160,7 +160,7 @@ TEST_F(UiOfAPerson, hearsWhenAFocusSessionEnds)
     EXPECT_FALSE(ui->takeBell());
 }
 
-TEST_F(UiOfAPerson, hearsOfItAlsoWhenAnotherProgramWasFirst)
+TEST_F(ScreenOfAPerson, hearsOfTheEndAlsoWhenAnotherProgramRecordedIt)
 {
     opens(stateIn(WorkflowState::focusing));
     ASSERT_EQ(person.typesLater(1'500, {"tick"}).code, ExitCode::done);
@@ -169,7 +169,7 @@ TEST_F(UiOfAPerson, hearsOfItAlsoWhenAnotherProgramWasFirst)
     EXPECT_TRUE(shows("The focus session ended at 15:25."));
 }
 
-TEST_F(UiOfAPerson, seesABreakGoOnInOvertime)
+TEST_F(ScreenOfAPerson, seesABreakGoOnInOvertime)
 {
     opens(stateIn(WorkflowState::breaking));
     waits(301);
@@ -180,7 +180,7 @@ TEST_F(UiOfAPerson, seesABreakGoOnInOvertime)
     EXPECT_EQ(person.state().breakEndNotifiedAt, moment + 300);
 }
 
-TEST_F(UiOfAPerson, seesAScheduledBlockBegin)
+TEST_F(ScreenOfAPerson, seesAScheduledBlockBegin)
 {
     opens(stateWithScheduledBlock());
     EXPECT_TRUE(ui->countsSeconds());
@@ -190,7 +190,7 @@ TEST_F(UiOfAPerson, seesAScheduledBlockBegin)
     EXPECT_FALSE(ui->countsSeconds());
 }
 
-TEST_F(UiOfAPerson, countsNoSecondsWhereNoneAreShown)
+TEST_F(ScreenOfAPerson, isNotRefreshedEverySecondWhereNoSecondsAreShown)
 {
     opens(stateIn(WorkflowState::idle));
     EXPECT_FALSE(ui->countsSeconds());
@@ -200,7 +200,7 @@ TEST_F(UiOfAPerson, countsNoSecondsWhereNoneAreShown)
     EXPECT_FALSE(ui->countsSeconds());
 }
 
-TEST_F(UiOfAPerson, answersAQuestionFromAnyScreen)
+TEST_F(ScreenOfAPerson, answersAQuestionFromAnyScreen)
 {
     for (const WorkflowState workflowState : allCases<WorkflowState>()) {
         QuillmereState state = stateIn(workflowState);
@@ -235,7 +235,7 @@ std::string longQuestion()
     return text + " end";
 }
 
-TEST_F(UiOfAPerson, readsALongQuestionToItsEnd)
+TEST_F(ScreenOfAPerson, readsALongQuestionToItsEnd)
 {
     for (const Size window : {usualWindow, smallWindow}) {
         QuillmereState state = stateIn(WorkflowState::focusing);
@@ -282,7 +282,7 @@ TEST_F(UiOfAPerson, readsALongQuestionToItsEnd)
     }
 }
 
-TEST_F(UiOfAPerson, asksAQuestion)
+TEST_F(ScreenOfAPerson, asksAQuestion)
 {
     opens();
     presses("anWhy?");
@@ -291,7 +291,7 @@ TEST_F(UiOfAPerson, asksAQuestion)
     EXPECT_TRUE(shows("Why?"));
 }
 
-TEST_F(UiOfAPerson, losesTheAnswerFormWhenSomebodyElseAnswers)
+TEST_F(ScreenOfAPerson, losesTheAnswerFormWhenSomebodyElseAnswers)
 {
     QuillmereState state = stateIn(WorkflowState::focusing);
     opens(state);
@@ -304,7 +304,7 @@ TEST_F(UiOfAPerson, losesTheAnswerFormWhenSomebodyElseAnswers)
     EXPECT_TRUE(shows("No question waits"));
 }
 
-TEST_F(UiOfAPerson, givesNoCommandsByPasting)
+TEST_F(ScreenOfAPerson, givesNoCommandsByPasting)
 {
     opens(stateIn(WorkflowState::focusing));
     presses(pasted("Hey, see you there"));
@@ -318,7 +318,7 @@ TEST_F(UiOfAPerson, givesNoCommandsByPasting)
     EXPECT_TRUE(shows("Hey, see you there"));
 }
 
-TEST_F(UiOfAPerson, findsADraftAgain)
+TEST_F(ScreenOfAPerson, findsADraftAgain)
 {
     opens(stateIn(WorkflowState::sessionPlanning));
     presses("Half a pl");
@@ -331,7 +331,7 @@ TEST_F(UiOfAPerson, findsADraftAgain)
     EXPECT_EQ(namesIn(person.stateHome()), Words{});
 }
 
-TEST_F(UiOfAPerson, keepsTheDraftWhenTheWorkMovesOnElsewhere)
+TEST_F(ScreenOfAPerson, keepsTheDraftWhenTheWorkMovesOnElsewhere)
 {
     opens(stateIn(WorkflowState::sessionPlanning));
     presses("Half a plan");
@@ -339,13 +339,13 @@ TEST_F(UiOfAPerson, keepsTheDraftWhenTheWorkMovesOnElsewhere)
     ui->refresh();
     EXPECT_TRUE(shows("The work was moved on elsewhere. What you wrote is kept."));
     EXPECT_TRUE(shows("Session 1 of 3"));
-    // Back where it was, as another program of theirs may put it.
+    // Another program may bring the former state back.
     person.has(stateIn(WorkflowState::sessionPlanning));
     ui->refresh();
     EXPECT_TRUE(shows("Half a plan"));
 }
 
-TEST_F(UiOfAPerson, findsOnlyTheFieldsTheyChangedInADraft)
+TEST_F(ScreenOfAPerson, findsOnlyTheFieldsTheyChangedInADraft)
 {
     opens(stateWithScheduledBlock());
     presses("e");
@@ -361,7 +361,7 @@ TEST_F(UiOfAPerson, findsOnlyTheFieldsTheyChangedInADraft)
     EXPECT_EQ(person.state().currentBlock->hazards, "Theirs");
 }
 
-TEST_F(UiOfAPerson, findsADraftOfANewBlockAgainAsTheirsAlone)
+TEST_F(ScreenOfAPerson, findsTheDraftOfANewBlockWithoutBeingToldOfOtherChanges)
 {
     opens();
     presses("pChapter\nNotes");
@@ -372,7 +372,7 @@ TEST_F(UiOfAPerson, findsADraftOfANewBlockAgainAsTheirsAlone)
     ASSERT_EQ(person.state().currentBlock->outcomes.size(), 2U);
 }
 
-TEST_F(UiOfAPerson, isToldThatADraftStandsOverWhatOthersWrote)
+TEST_F(ScreenOfAPerson, isToldThatADraftReplacesAChangeMadeElsewhere)
 {
     opens(stateWithScheduledBlock());
     presses("e");
@@ -386,7 +386,7 @@ TEST_F(UiOfAPerson, isToldThatADraftStandsOverWhatOthersWrote)
     EXPECT_TRUE(shows("also where something else was written"));
 }
 
-TEST_F(UiOfAPerson, givesNoCommandsByTypingOnInAFormThatIsGone)
+TEST_F(ScreenOfAPerson, givesNoCommandsByTypingOnAfterAFormWasClosed)
 {
     opens(stateIn(WorkflowState::sessionReview));
     presses(Key{Key::Kind::tab});
@@ -405,7 +405,7 @@ TEST_F(UiOfAPerson, givesNoCommandsByTypingOnInAFormThatIsGone)
     EXPECT_EQ(person.state().workflowState, WorkflowState::sessionPlanning);
 }
 
-TEST_F(UiOfAPerson, typesOnInNoOtherForm)
+TEST_F(ScreenOfAPerson, typesIntoNoOtherFormAfterAFormWasClosed)
 {
     opens(stateIn(WorkflowState::blockPlanning));
     presses("The chapter ");
@@ -418,7 +418,7 @@ TEST_F(UiOfAPerson, typesOnInNoOtherForm)
     EXPECT_TRUE(shows("   Headings"));
 }
 
-TEST_F(UiOfAPerson, goesOnAtOnceWhereNothingWasWritten)
+TEST_F(ScreenOfAPerson, needsNoEscapeAfterAFormWithoutChangesWasClosed)
 {
     opens(stateIn(WorkflowState::sessionReview));
     ASSERT_EQ(person.types({"review", "--completion", "Yes", "--next-outcome", "Next"}).code, ExitCode::done);
@@ -427,7 +427,7 @@ TEST_F(UiOfAPerson, goesOnAtOnceWhereNothingWasWritten)
     EXPECT_EQ(person.state().workflowState, WorkflowState::sessionPlanning);
 }
 
-TEST_F(UiOfAPerson, doesNothingTwiceWhenOnlyASummaryFails)
+TEST_F(ScreenOfAPerson, savesAFormOnceWhenOnlyASummaryFails)
 {
     opens(stateIn(WorkflowState::focusing));
     std::filesystem::remove(person.directory() / "widget-snapshot.json");
@@ -442,7 +442,7 @@ TEST_F(UiOfAPerson, doesNothingTwiceWhenOnlyASummaryFails)
     EXPECT_EQ(person.state().agentQuestions.size(), 1U);
 }
 
-TEST_F(UiOfAPerson, seesTheTimeGoOnWhileAnotherProgramIsAtWork)
+TEST_F(ScreenOfAPerson, seesTheTimeGoOnWhileAnotherProgramIsAtWork)
 {
     opens(stateIn(WorkflowState::focusing));
     {
@@ -470,7 +470,7 @@ TEST_F(UiOfAPerson, seesTheTimeGoOnWhileAnotherProgramIsAtWork)
     EXPECT_EQ(person.state().workflowState, WorkflowState::breaking);
 }
 
-TEST_F(UiOfAPerson, doesNotWaitForAnotherProgramToLook)
+TEST_F(ScreenOfAPerson, doesNotWaitForAnotherProgramToLook)
 {
     opens(stateIn(WorkflowState::focusing));
     const workspace::DirectoryLock others(person.directory());
@@ -479,11 +479,11 @@ TEST_F(UiOfAPerson, doesNotWaitForAnotherProgramToLook)
     for (int times = 0; times < 10; ++times) {
         ui->refresh();
     }
-    // One command alone would wait for a tenth of the time that waiting each time takes.
+    // Ten waits would take twice this time.
     EXPECT_LT(std::chrono::steady_clock::now() - begin, 5 * workspace::DirectoryLock::usualPatience);
 }
 
-TEST_F(UiOfAPerson, hearsNothingOfAnEndThatLiesBeforeTheExtension)
+TEST_F(ScreenOfAPerson, isNotToldAgainOfABreakThatIsStillOverAfterItsExtension)
 {
     opens(stateIn(WorkflowState::breaking));
     waits(1'200);
@@ -501,7 +501,7 @@ TEST_F(UiOfAPerson, hearsNothingOfAnEndThatLiesBeforeTheExtension)
     EXPECT_TRUE(ui->takeBell());
 }
 
-TEST_F(UiOfAPerson, seesWhatWasTodayAsYesterdayAfterMidnight)
+TEST_F(ScreenOfAPerson, seesTheDateOfAnEarlierDayAfterMidnight)
 {
     QuillmereState state = stateIn(WorkflowState::idle);
     state.agentQuestions = {{.id = identifier(50),
@@ -516,11 +516,11 @@ TEST_F(UiOfAPerson, seesWhatWasTodayAsYesterdayAfterMidnight)
     EXPECT_FALSE(shows("asked 15:00"));
 }
 
-TEST_F(UiOfAPerson, isToldOnceWhereNoDraftsAreKept)
+TEST_F(ScreenOfAPerson, isToldOnceThatNoDraftsAreKept)
 {
     person.has(stateIn(WorkflowState::sessionPlanning));
     ui = std::make_unique<Screen>(workspace::Workspace::in(person.directory(), [this] { return person.now; }),
-                                  Drafts({}), std::nullopt);
+                                  work::Drafts({}), std::nullopt);
     EXPECT_TRUE(shows("Only what is saved is kept"));
     presses("x");
     presses(withControl('o'));
@@ -533,7 +533,7 @@ TEST_F(UiOfAPerson, isToldOnceWhereNoDraftsAreKept)
     EXPECT_TRUE(shows("What you wrote could not be kept."));
 }
 
-TEST_F(UiOfAPerson, seesNoMoreOfATroubleThatIsOver)
+TEST_F(ScreenOfAPerson, seesNoMessageAboutFilesThatCanBeUsedAgain)
 {
     opens(stateIn(WorkflowState::focusing));
     const std::string text = textOf(person.store().stateURL());
@@ -546,7 +546,7 @@ TEST_F(UiOfAPerson, seesNoMoreOfATroubleThatIsOver)
     EXPECT_FALSE(shows("cannot be used"));
 }
 
-TEST_F(UiOfAPerson, isOfferedNothingForABlockThatIsNotScheduled)
+TEST_F(ScreenOfAPerson, isOfferedNoEditingOfABlockThatIsNotScheduled)
 {
     QuillmereState state = stateWithScheduledBlock();
     state.currentBlock->plannedStart.reset();
@@ -555,7 +555,7 @@ TEST_F(UiOfAPerson, isOfferedNothingForABlockThatIsNotScheduled)
     EXPECT_FALSE(shows("edit it"));
 }
 
-TEST_F(UiOfAPerson, keepsAHalfWrittenFormThroughAnyOtherChange)
+TEST_F(ScreenOfAPerson, keepsAHalfWrittenFormThroughAnyOtherChange)
 {
     opens(stateIn(WorkflowState::sessionPlanning));
     presses("Half a plan");
@@ -568,7 +568,7 @@ TEST_F(UiOfAPerson, keepsAHalfWrittenFormThroughAnyOtherChange)
     EXPECT_TRUE(shows("1 question"));
 }
 
-TEST_F(UiOfAPerson, findsTheDraftOfAnAnswerAgain)
+TEST_F(ScreenOfAPerson, findsTheDraftOfAnAnswerAgain)
 {
     opens();
     presses("anWhy?");
@@ -578,7 +578,7 @@ TEST_F(UiOfAPerson, findsTheDraftOfAnAnswerAgain)
     EXPECT_TRUE(person.state().agentQuestions.empty());
 }
 
-TEST_F(UiOfAPerson, changesNothingThatIsNotToBeSeen)
+TEST_F(ScreenOfAPerson, changesNothingInAWindowThatIsTooSmall)
 {
     opens(stateIn(WorkflowState::focusing));
     presses("e");
@@ -589,7 +589,7 @@ TEST_F(UiOfAPerson, changesNothingThatIsNotToBeSeen)
     EXPECT_TRUE(ui->isOver());
 }
 
-TEST_F(UiOfAPerson, readsLongMessagesInASmallWindowToo)
+TEST_F(ScreenOfAPerson, readsLongMessagesInASmallWindowToo)
 {
     opens(stateIn(WorkflowState::focusing));
     ui->resize(smallWindow);
@@ -599,7 +599,7 @@ TEST_F(UiOfAPerson, readsLongMessagesInASmallWindowToo)
     EXPECT_TRUE(shows("p pause"));
 }
 
-TEST_F(UiOfAPerson, isToldWhenALinkLeadsElsewhere)
+TEST_F(ScreenOfAPerson, isToldWhenALinkLeadsElsewhere)
 {
     person.has(stateIn(WorkflowState::breaking));
     opens(WidgetRoute::focus);
@@ -608,7 +608,7 @@ TEST_F(UiOfAPerson, isToldWhenALinkLeadsElsewhere)
     EXPECT_FALSE(shows("is not open now"));
 }
 
-TEST_F(UiOfAPerson, seesWhyTheFilesCannotBeUsedAndThatTheyCanAgain)
+TEST_F(ScreenOfAPerson, seesWhyTheFilesCannotBeUsedAndThatTheyCanAgain)
 {
     opens(stateIn(WorkflowState::sessionPlanning));
     presses("Half a plan");
@@ -624,7 +624,7 @@ TEST_F(UiOfAPerson, seesWhyTheFilesCannotBeUsedAndThatTheyCanAgain)
     EXPECT_FALSE(shows("Half a planx"));
 }
 
-TEST_F(UiOfAPerson, opensThoughTheFilesCannotBeUsedYet)
+TEST_F(ScreenOfAPerson, opensBeforeTheFilesCanBeUsed)
 {
     person.has(stateIn(WorkflowState::focusing));
     const std::string text = textOf(person.store().stateURL());
@@ -638,7 +638,7 @@ TEST_F(UiOfAPerson, opensThoughTheFilesCannotBeUsedYet)
     EXPECT_TRUE(ui->isOver());
 }
 
-TEST_F(UiOfAPerson, leavesWithOneKeyAndWithNothingWritten)
+TEST_F(ScreenOfAPerson, leavesWithOneKeyAndWithNothingWritten)
 {
     person.has(stateIn(WorkflowState::focusing));
     const auto before = pictureOf(person.directory());
@@ -651,7 +651,7 @@ TEST_F(UiOfAPerson, leavesWithOneKeyAndWithNothingWritten)
     EXPECT_TRUE(ui->isOver());
 }
 
-TEST_F(UiOfAPerson, saysThatTheVersionBeforeCouldNotBeKept)
+TEST_F(ScreenOfAPerson, saysThatTheVersionBeforeCouldNotBeKept)
 {
     const TemporaryDirectory elsewhere;
     const std::filesystem::path noDirectory = elsewhere.path() / "file";
@@ -659,13 +659,13 @@ TEST_F(UiOfAPerson, saysThatTheVersionBeforeCouldNotBeKept)
     person.has(stateIn(WorkflowState::focusing));
     ui = std::make_unique<Screen>(workspace::Workspace::in(
                                       person.directory(), [this] { return person.now; }, noDirectory),
-                                  Drafts(person.stateHome()), std::nullopt);
+                                  work::Drafts(person.stateHome()), std::nullopt);
     presses("p");
     EXPECT_TRUE(shows("The version before this change could not be kept"));
     EXPECT_TRUE(person.state().currentSession()->pausedAt);
 }
 
-TEST_F(UiOfAPerson, ringsForWhatCameAboutBeforeARefusedStep)
+TEST_F(ScreenOfAPerson, hearsOfAnEventBeforeARefusedStep)
 {
     opens(stateIn(WorkflowState::focusing));
     person.now = moment + 1'600;

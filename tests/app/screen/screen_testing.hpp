@@ -1,8 +1,8 @@
 // Keys and screens, for tests of the live screen.
 #pragma once
 
-#include "screen/canvas.hpp"
-#include "screen/key.hpp"
+#include "screen/canvas/canvas.hpp"
+#include "screen/keys/key.hpp"
 
 #include <string>
 
@@ -10,7 +10,7 @@ namespace quillmere::test {
 
 using screen::Key;
 
-/// Gives a text to something that takes keys, character by character; a line break is `enter`.
+/// Passes a text to `take` as keys, character by character; a line break is `enter`.
 template <class Taker>
 void type(Taker take, const std::string& ascii)
 {
@@ -19,10 +19,10 @@ void type(Taker take, const std::string& ascii)
     }
 }
 
-/// A window as most terminals have it, and the smallest one.
-/// Columns in which what a field shows need not be broken or cut.
+/// Enough columns for a field without wrapping or cutting.
 inline constexpr std::size_t roomy = 80;
 
+/// The default window of most terminals, and the smallest usable window.
 inline constexpr screen::Size usualWindow{.rows = 24, .columns = 80};
 inline constexpr screen::Size smallWindow{.rows = 12, .columns = 40};
 

@@ -11,7 +11,7 @@ namespace {
 
 // A break of five minutes, begun at `moment`.
 
-TEST(ExtendBreak, movesAnEndThatLiesAheadAndHasItAnnounced)
+TEST(ExtendBreak, movesAFutureEndThatIsAnnouncedLater)
 {
     QuillmereState state = stateIn(WorkflowState::breaking);
     work::extendBreak(state, 60, moment + 100);
@@ -19,7 +19,7 @@ TEST(ExtendBreak, movesAnEndThatLiesAheadAndHasItAnnounced)
     EXPECT_EQ(workspace::catchUp(state, moment + 360).size(), 1U);
 }
 
-TEST(ExtendBreak, doesNotAnnounceAgainTheEndOfABreakThatIsStillOver)
+TEST(ExtendBreak, announcesNoSecondEndOfABreakThatIsStillOver)
 {
     QuillmereState state = stateIn(WorkflowState::breaking);
     const Instant late = moment + 3'600;

@@ -12,7 +12,7 @@ using workspace::Event;
 
 const WorkflowEngine engine;
 
-TEST(News, areThatAScheduledBlockBegan)
+TEST(News, haveTheStartOfAScheduledBlock)
 {
     QuillmereState state = stateWithScheduledBlock();
     const LastShown before = LastShown::of(state);
@@ -23,7 +23,7 @@ TEST(News, areThatAScheduledBlockBegan)
     EXPECT_EQ(events[0].at, moment + 3600);
 }
 
-TEST(News, areThatASessionRanOut)
+TEST(News, haveTheEndOfASessionWhoseTimeRanOut)
 {
     QuillmereState state = stateIn(WorkflowState::focusing);
     const LastShown before = LastShown::of(state);
@@ -33,7 +33,20 @@ TEST(News, areThatASessionRanOut)
     EXPECT_EQ(events[0].kind, Event::Kind::focusEnded);
 }
 
-TEST(News, areThatABreakIsOver)
+TEST(News, haveTheEndOfASessionOfAPlannedLengthBetweenWholeSeconds)
+{
+    // The timer counts whole seconds, so a session of 90.7 s ends after 90 s.
+    QuillmereState state = stateIn(WorkflowState::focusing);
+    state.currentBlock->sessions.back().plannedDurationSeconds = 90.7;
+    const LastShown before = LastShown::of(state);
+    ASSERT_EQ(workspace::catchUp(state, moment + 3'600).size(), 1U);
+    const std::vector<Event> events = newsSince(before, state);
+    ASSERT_EQ(events.size(), 1U);
+    EXPECT_EQ(events[0].kind, Event::Kind::focusEnded);
+    EXPECT_EQ(events[0].at, *state.currentSession()->endedAt);
+}
+
+TEST(News, haveTheEndOfABreak)
 {
     QuillmereState state = stateIn(WorkflowState::breaking);
     const LastShown before = LastShown::of(state);
@@ -43,7 +56,7 @@ TEST(News, areThatABreakIsOver)
     EXPECT_TRUE(newsSince(LastShown::of(state), state).empty());
 }
 
-TEST(News, areNotWhatSomebodyDid)
+TEST(News, haveNothingThatAPersonDid)
 {
     QuillmereState focusing = stateIn(WorkflowState::focusing);
     const LastShown running = LastShown::of(focusing);

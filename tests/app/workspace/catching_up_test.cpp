@@ -1,4 +1,4 @@
-// What is recorded of the time in which nobody looked.
+// Events of the time since a state was saved.
 #include "workspace/catching_up.hpp"
 
 #include <quillmere/engine/workflow_engine.hpp>
@@ -11,7 +11,7 @@ namespace {
 using workspace::catchUp;
 using workspace::Event;
 
-/// The one event that catching up brings about; fails the test unless there is exactly one.
+/// The event that catching up records; fails the test unless there is exactly one.
 Event eventOf(QuillmereState& state, Instant now)
 {
     const std::vector<Event> events = catchUp(state, now);
@@ -43,7 +43,7 @@ TEST(CatchUp, endsAFocusSessionWhenItRanOut)
     }
 }
 
-TEST(CatchUp, countsThePausesOfASessionThatRanOut)
+TEST(CatchUp, addsThePausesToTheEndOfASession)
 {
     QuillmereState state = stateIn(WorkflowState::focusing);
     state.currentBlock->sessions.back().accumulatedPausedSeconds = 240;
@@ -61,7 +61,7 @@ TEST(CatchUp, leavesAPausedSessionAloneHoweverLateItIs)
 
 TEST(CatchUp, endsASessionThatWasPausedAfterItHadRunOut)
 {
-    // Another program paused it and did not evaluate the timer first.
+    // By another program, which did not evaluate the timer first.
     QuillmereState state = stateIn(WorkflowState::focusing);
     state.currentBlock->sessions.back().pausedAt = moment + 1600;
     EXPECT_EQ(eventOf(state, moment + 9999).at, moment + 1500);
@@ -70,7 +70,7 @@ TEST(CatchUp, endsASessionThatWasPausedAfterItHadRunOut)
     EXPECT_EQ(state.currentSession()->accumulatedPausedSeconds, 0);
 }
 
-TEST(CatchUp, announcesTheEndOfABreakOnceAndLetsItGoOn)
+TEST(CatchUp, recordsTheEndOfABreakOnceAndLetsItGoOn)
 {
     QuillmereState state = stateIn(WorkflowState::breaking);
     const Event event = eventOf(state, moment + 4000);
@@ -81,7 +81,7 @@ TEST(CatchUp, announcesTheEndOfABreakOnceAndLetsItGoOn)
     EXPECT_TRUE(catchUp(state, moment + 5000).empty());
 }
 
-TEST(CatchUp, announcesTheEndAgainAfterAnExtension)
+TEST(CatchUp, recordsTheEndAgainAfterAnExtension)
 {
     QuillmereState state = stateIn(WorkflowState::breaking);
     catchUp(state, moment + 310);

@@ -1,4 +1,4 @@
-// One writer at a time.
+// The lock that lets one program at a time write in a directory.
 #include "workspace/directory_lock.hpp"
 #include "base/refusal.hpp"
 
@@ -68,7 +68,7 @@ TEST(DirectoryLock, isOfOneDirectoryOnly)
     EXPECT_TRUE(isFree(other.path()));
 }
 
-TEST(DirectoryLock, isNotWaitedForLongerThanItIsSaid)
+TEST(DirectoryLock, isWaitedForNoLongerThanThePatience)
 {
     const TemporaryDirectory directory;
     const DirectoryLock lock(directory.path());
@@ -87,7 +87,7 @@ TEST(DirectoryLock, needsADirectory)
     EXPECT_EQ(openFileCount(), count);
 }
 
-TEST(Commands, giveTheLockBackHoweverTheyEnd)
+TEST(Commands, releaseTheLockHoweverTheyEnd)
 {
     const Person person;
     person.has(stateIn(WorkflowState::focusing));

@@ -1,4 +1,4 @@
-// A program that stays sees what others do, and records what comes about.
+// The workspace of a program that keeps running follows the files and the clock.
 #include "workspace/open_workspace.hpp"
 
 #include <quillmere/engine/workflow_engine.hpp>
@@ -12,7 +12,7 @@ using workspace::Event;
 using workspace::OpenWorkspace;
 using workspace::Workspace;
 
-/// The person's files kept open, on the person's clock.
+/// Opens the person's files with the person's clock.
 OpenWorkspace opened(const Person& person)
 {
     return OpenWorkspace(Workspace::in(person.directory(), [&person] { return person.now; }));
@@ -28,7 +28,7 @@ TEST(OpenWorkspace, seesWhatAnotherProgramSaves)
     EXPECT_TRUE(open.situation().state.currentSession()->pausedAt);
 }
 
-TEST(OpenWorkspace, writesNothingWhileNothingComesAbout)
+TEST(OpenWorkspace, writesNothingWhileNoEventHappens)
 {
     Person person;
     person.has(stateIn(WorkflowState::focusing));
@@ -40,7 +40,7 @@ TEST(OpenWorkspace, writesNothingWhileNothingComesAbout)
     EXPECT_EQ(pictureOf(person.directory()), before);
 }
 
-TEST(OpenWorkspace, recordsWhatComesAboutAsTimePasses)
+TEST(OpenWorkspace, recordsAnEventAsTimePasses)
 {
     Person person;
     person.has(stateIn(WorkflowState::focusing));
@@ -54,7 +54,7 @@ TEST(OpenWorkspace, recordsWhatComesAboutAsTimePasses)
     EXPECT_TRUE(open.refresh().empty());
 }
 
-TEST(OpenWorkspace, recordsWhatCameAboutBeforeItWasOpened)
+TEST(OpenWorkspace, recordsAnEventFromBeforeItWasOpened)
 {
     Person person;
     person.has(stateIn(WorkflowState::focusing));
@@ -64,7 +64,7 @@ TEST(OpenWorkspace, recordsWhatCameAboutBeforeItWasOpened)
     EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
 }
 
-TEST(OpenWorkspace, returnsWhatCameAboutBeforeARefusedOperationAfterwards)
+TEST(OpenWorkspace, returnsTheEventsBeforeARefusedOperationAtTheNextCall)
 {
     Person person;
     person.has(stateIn(WorkflowState::focusing));
@@ -76,7 +76,7 @@ TEST(OpenWorkspace, returnsWhatCameAboutBeforeARefusedOperationAfterwards)
     EXPECT_TRUE(open.refresh().empty());
 }
 
-TEST(OpenWorkspace, leavesAnEventToWhoeverRecordedItFirst)
+TEST(OpenWorkspace, doesNotReturnAnEventThatAnotherProgramRecorded)
 {
     Person person;
     person.has(stateIn(WorkflowState::focusing));
@@ -86,7 +86,7 @@ TEST(OpenWorkspace, leavesAnEventToWhoeverRecordedItFirst)
     EXPECT_EQ(open.situation().state.workflowState, WorkflowState::sessionReview);
 }
 
-TEST(OpenWorkspace, keepsWhatItHasWhenTheFileCannotBeRead)
+TEST(OpenWorkspace, keepsTheLastSituationWhenTheFileCannotBeRead)
 {
     Person person;
     person.has(stateIn(WorkflowState::focusing));

@@ -1,4 +1,4 @@
-// States that the engine could not live with.
+// Numbers outside the limits of this program.
 #include "workspace/screening.hpp"
 #include "base/refusal.hpp"
 
@@ -13,7 +13,7 @@ namespace {
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
-/// Every number that is screened, by its key.
+/// A number that is screened, with its key.
 struct Screened {
     const char* key;
     double& (*value)(QuillmereState&);
@@ -50,8 +50,8 @@ constexpr Screened sums[] = {
     {"break_extension_seconds", extensionOf},
 };
 
-/// The key that screening complains about; empty when it does not.
-std::string complaintAbout(const QuillmereState& state)
+/// The key in the message of the refusal; empty when the state is accepted.
+std::string refusedKey(const QuillmereState& state)
 {
     try {
         workspace::requireUsable(state);
@@ -59,7 +59,8 @@ std::string complaintAbout(const QuillmereState& state)
         EXPECT_EQ(error.kind(), base::Refusal::Kind::unusableData);
         const std::string message = error.what();
         const std::string begin = "The state cannot be used: ";
-        const std::string end = " is out of bounds. Nothing was changed.";
+        const std::string end =
+            " is out of bounds. Nothing was changed; quillmere restore lists earlier versions.";
         EXPECT_EQ(message.substr(0, begin.size()), begin);
         EXPECT_EQ(message.substr(message.size() - end.size()), end);
         return message.substr(begin.size(), message.size() - begin.size() - end.size());
@@ -67,48 +68,48 @@ std::string complaintAbout(const QuillmereState& state)
     return "";
 }
 
-std::string complaintAbout(const Screened& screened, double value)
+std::string refusedKey(const Screened& screened, double value)
 {
     QuillmereState state = fullState();
     screened.value(state) = value;
-    return complaintAbout(state);
+    return refusedKey(state);
 }
 
-TEST(Screening, letsWhatThisProgramMakesThrough)
+TEST(Screening, acceptsEveryStateThatThisProgramMakes)
 {
-    EXPECT_EQ(complaintAbout(fullState()), "");
-    EXPECT_EQ(complaintAbout(stateWithScheduledBlock()), "");
+    EXPECT_EQ(refusedKey(fullState()), "");
+    EXPECT_EQ(refusedKey(stateWithScheduledBlock()), "");
     for (const WorkflowState workflowState : allCases<WorkflowState>()) {
-        EXPECT_EQ(complaintAbout(stateIn(workflowState)), "");
+        EXPECT_EQ(refusedKey(stateIn(workflowState)), "");
     }
 }
 
-TEST(Screening, keepsDurationsBetweenOneSecondAnd366Days)
+TEST(Screening, acceptsDurationsFromOneSecondTo366Days)
 {
     for (const Screened& duration : durations) {
         for (const double value : {1.0, 1.5, 31'622'400.0}) {
-            EXPECT_EQ(complaintAbout(duration, value), "");
+            EXPECT_EQ(refusedKey(duration, value), "");
         }
         for (const double value :
              {0.0, 0.999, -1.0, -1500.0, 31'622'401.0, 1e18, 1e300, -1e300, infinity, notANumber}) {
-            EXPECT_EQ(complaintAbout(duration, value), duration.key) << value;
+            EXPECT_EQ(refusedKey(duration, value), duration.key) << value;
         }
     }
 }
 
-TEST(Screening, keepsPausesAndExtensionsBetweenNothingAndAThousandOfTheLongestDurations)
+TEST(Screening, acceptsPausesAndExtensionsUpToAThousandOfTheLongestDurations)
 {
     for (const Screened& sum : sums) {
         for (const double value : {0.0, 0.5, 31'622'400'000.0}) {
-            EXPECT_EQ(complaintAbout(sum, value), "");
+            EXPECT_EQ(refusedKey(sum, value), "");
         }
         for (const double value : {-0.001, -60.0, 31'622'400'001.0, 1e18, 1e300, infinity, notANumber}) {
-            EXPECT_EQ(complaintAbout(sum, value), sum.key) << value;
+            EXPECT_EQ(refusedKey(sum, value), sum.key) << value;
         }
     }
 }
 
-TEST(Screening, keepsCyclesBetweenOneAndAThousand)
+TEST(Screening, acceptsOneToAThousandCycles)
 {
     constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
     constexpr std::int64_t least = std::numeric_limits<std::int64_t>::min();
@@ -116,16 +117,30 @@ TEST(Screening, keepsCyclesBetweenOneAndAThousand)
         QuillmereState state = fullState();
         state.currentBlock->cycleCount = count;
         state.blockHistory[0].cycleCount = count;
-        EXPECT_EQ(complaintAbout(state), "");
+        EXPECT_EQ(refusedKey(state), "");
     }
     for (const std::int64_t count :
          {std::int64_t{0}, std::int64_t{-1}, std::int64_t{1001}, std::int64_t{5000}, most, least}) {
         QuillmereState state = fullState();
         state.blockHistory[0].cycleCount = count;
-        EXPECT_EQ(complaintAbout(state), "block_history[0].cycle_count");
+        EXPECT_EQ(refusedKey(state), "block_history[0].cycle_count");
         state.currentBlock->cycleCount = count;
-        EXPECT_EQ(complaintAbout(state), "current_block.cycle_count");
+        EXPECT_EQ(refusedKey(state), "current_block.cycle_count");
     }
+}
+
+TEST(Screening, refusesAWidgetSummaryWithNumbersThatOverflow)
+{
+    constexpr std::int64_t least = std::numeric_limits<std::int64_t>::min();
+    const WidgetSnapshot good = WidgetSnapshot::make(stateIn(WorkflowState::focusing), moment);
+    EXPECT_NO_THROW(workspace::requireUsable(good));
+    WidgetSnapshot remaining = good;
+    ASSERT_TRUE(remaining.countdown.has_value());
+    remaining.countdown->frozenRemainingSeconds = least;
+    EXPECT_THROW(workspace::requireUsable(remaining), base::Refusal);
+    WidgetSnapshot questions = good;
+    questions.openQuestionCount = least;
+    EXPECT_THROW(workspace::requireUsable(questions), base::Refusal);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Where the program keeps what is none of the person's files.
+// The directory for versions, drafts and notices.
 #include "workspace/state_home.hpp"
 
 #include "program_testing.hpp"
@@ -8,14 +8,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(StateHome, isThatOfTheEnvironment)
+TEST(StateHome, isXdgStateHome)
 {
     const EnvironmentVariable home("HOME", "/home/someone");
     const EnvironmentVariable named("XDG_STATE_HOME", "/var/someone");
     EXPECT_EQ(workspace::stateHomeOfThisUser(), "/var/someone");
 }
 
-TEST(StateHome, isUnderTheHomeWhenNoAbsolutePathIsNamed)
+TEST(StateHome, isBelowHomeWhenXdgStateHomeIsNoAbsolutePath)
 {
     const EnvironmentVariable home("HOME", "/home/someone");
     for (const std::optional<std::string>& value : {std::optional<std::string>(), {""}, {"relative"}}) {
@@ -24,7 +24,7 @@ TEST(StateHome, isUnderTheHomeWhenNoAbsolutePathIsNamed)
     }
 }
 
-TEST(StateHome, isNoneWithoutAHome)
+TEST(StateHome, isEmptyWithoutHome)
 {
     const EnvironmentVariable named("XDG_STATE_HOME", std::nullopt);
     const EnvironmentVariable home("HOME", std::nullopt);
@@ -32,20 +32,20 @@ TEST(StateHome, isNoneWithoutAHome)
     EXPECT_EQ(workspace::stateDirectory("/some/files", workspace::stateHomeOfThisUser()), fs::path());
 }
 
-TEST(StateHome, hasOnePlaceForEveryDirectory)
+TEST(StateHome, hasADirectoryOfItsOwnForEveryDirectory)
 {
-    // Written down, since what was kept must be found again by every later version.
+    // A literal: later versions of the program must find the same directory.
     EXPECT_EQ(workspace::stateDirectory("/some/files", "/s"), "/s/quillmere/937219cda6ac5afa");
     EXPECT_NE(workspace::stateDirectory("/some/files", "/s"), workspace::stateDirectory("/some/file", "/s"));
 }
 
-TEST(StateHome, hasOnePlaceHoweverAPathIsSpelled)
+TEST(StateHome, hasTheSameDirectoryForEverySpellingOfAPath)
 {
     const TemporaryDirectory directory;
     const fs::path real = fs::canonical(directory.path());
     fs::create_directories(real / "home");
     fs::create_directory_symlink(real / "home", real / "link");
-    // The last part need not be there yet, and the place stays the same when it is.
+    // The last part need not exist; creating it changes nothing.
     EXPECT_EQ(workspace::stateDirectory(real / "link" / "files", "/s"),
               workspace::stateDirectory(real / "home" / "files", "/s"));
     const fs::path before = workspace::stateDirectory(real / "link" / "files", "/s");
@@ -54,7 +54,7 @@ TEST(StateHome, hasOnePlaceHoweverAPathIsSpelled)
     EXPECT_EQ(workspace::stateDirectory(real / "home" / ".." / "link" / "files", "/s"), before);
 }
 
-TEST(StateHome, hasNoPlaceAmongTheFiles)
+TEST(StateHome, isNeverInsideTheDirectoryOfTheFiles)
 {
     for (const char* files : {"/", "/some", "/some/home", "/some/home/quillmere"}) {
         EXPECT_EQ(workspace::stateDirectory(files, "/some/home"), fs::path()) << files;

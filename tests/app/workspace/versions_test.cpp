@@ -1,4 +1,4 @@
-// Which versions are kept, and for how long.
+// Which versions are retained.
 #include "workspace/versions.hpp"
 
 #include <unistd.h>
@@ -15,7 +15,7 @@ using workspace::Versions;
 
 constexpr double day = 86'400;
 
-/// A file that changes, and its versions.
+/// A file that changes, with its versions.
 class Kept {
 public:
     void keep(const std::string& text, Instant savedAt)
@@ -79,7 +79,7 @@ TEST(Versions, areTheLastOneOfEachOfThirtyDays)
     EXPECT_EQ(texts.back(), "evening 10");
 }
 
-TEST(Versions, areOfThirtyDaysHoweverFarApart)
+TEST(Versions, areOfTheThirtyNewestDaysHoweverFarApart)
 {
     const TimeZone zone("UTC");
     Kept kept;
@@ -91,7 +91,7 @@ TEST(Versions, areOfThirtyDaysHoweverFarApart)
     EXPECT_EQ(texts.back(), "5");
 }
 
-TEST(Versions, loseOneDayOnlyToAClockThatWasWrongOnce)
+TEST(Versions, loseOneDayAtMostToAWrongClock)
 {
     const TimeZone zone("UTC");
     Kept kept;
@@ -107,13 +107,13 @@ TEST(Versions, loseOneDayOnlyToAClockThatWasWrongOnce)
     EXPECT_EQ(texts.back(), "day 12");
 }
 
-TEST(Versions, takeForTheLastOfADayWhatWasSavedLast)
+TEST(Versions, retainTheLatestOfADayNotTheHighestNumber)
 {
     const TimeZone zone("UTC");
     Kept kept;
     kept.keep("noon", moment - 3 * 3'600);
     kept.keep("evening", moment);
-    // The noon was brought back, and is what the next change replaces.
+    // The clock was set back.
     kept.keep("noon again", moment - 3 * 3'600);
     for (int number = 0; number < 10; ++number) {
         kept.keep("tomorrow", moment + day + number);
@@ -122,7 +122,7 @@ TEST(Versions, takeForTheLastOfADayWhatWasSavedLast)
     EXPECT_EQ(kept.texts().back(), "evening");
 }
 
-TEST(Versions, takeForTheLastOfADayTheHigherNumberOfTwo)
+TEST(Versions, retainTheHigherNumberOfTwoWithTheSameTime)
 {
     const TimeZone zone("UTC");
     Kept kept;
@@ -155,7 +155,7 @@ TEST(Versions, keepTheirOrderWhenTheClockIsSetBack)
     EXPECT_EQ(kept.texts(), (Words{"two", "one"}));
 }
 
-TEST(Versions, leaveAloneWhatIsNone)
+TEST(Versions, leaveOtherFilesAlone)
 {
     Kept kept;
     kept.keep("one", moment);
@@ -200,7 +200,7 @@ TEST(Versions, areFilesOnly)
     EXPECT_EQ(namesIn(kept.directory()).size(), 14U);
 }
 
-TEST(Versions, areKeptThoughOneThatHadItsTimeCannotBeRemoved)
+TEST(Versions, areKeptThoughAnExpiredOneCannotBeDeleted)
 {
     if (::geteuid() != 0) {
         GTEST_SKIP() << "only the superuser can leave files of somebody else";
@@ -209,7 +209,7 @@ TEST(Versions, areKeptThoughOneThatHadItsTimeCannotBeRemoved)
     for (int number = 0; number < 10; ++number) {
         kept.keep("more", moment);
     }
-    // In such a directory everybody may make files, and remove their own only.
+    // With the sticky bit, everyone may create files and delete only their own.
     fs::permissions(kept.directory(), fs::perms::all | fs::perms::sticky_bit);
     for (const fs::path& above : {kept.file().parent_path(), kept.directory().parent_path()}) {
         fs::permissions(above, fs::perms::all);
@@ -224,7 +224,7 @@ TEST(Versions, areKeptThoughOneThatHadItsTimeCannotBeRemoved)
     EXPECT_EQ(kept.texts().size(), 11U);
 }
 
-TEST(Versions, areFreedFromWhatADeadProcessLeftBeside)
+TEST(Versions, loseTheTemporaryFilesOfADeadProcess)
 {
     Kept kept;
     kept.keep("one", moment);
@@ -236,7 +236,7 @@ TEST(Versions, areFreedFromWhatADeadProcessLeftBeside)
               (Words{".mine", "000001_2026-11-15T15:00:00Z.json", "000002_2026-11-15T15:00:00Z.json"}));
 }
 
-TEST(Versions, areNoneOfAFileThatIsMissing)
+TEST(Versions, areNotMadeOfAMissingFile)
 {
     const Kept kept;
     kept.versions().keep(kept.file(), moment);
@@ -244,17 +244,17 @@ TEST(Versions, areNoneOfAFileThatIsMissing)
     EXPECT_FALSE(fs::exists(kept.directory()));
 }
 
-TEST(Versions, areForTheirOwnerOnly)
+TEST(Versions, areReadableByTheirOwnerOnly)
 {
     const FileCreationMask mask(0);
     Kept kept;
     kept.keep("one", moment);
     EXPECT_EQ(modeOf(kept.directory()), 0700U);
-    // XDG Base Directory: what is made on the way there too.
+    // XDG Base Directory: created parents too.
     EXPECT_EQ(modeOf(kept.directory().parent_path()), 0700U);
 }
 
-TEST(Versions, areNoneWithoutAPlace)
+TEST(Versions, areNotMadeWithoutADirectory)
 {
     const Kept kept;
     writeText(kept.file(), "one");

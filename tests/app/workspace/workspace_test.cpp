@@ -1,4 +1,4 @@
-// Summaries that a killed run left behind, and how time passing mends them.
+// Summaries that a killed run left behind, and how the next tick repairs them.
 #include "program_testing.hpp"
 
 namespace quillmere::test {
@@ -128,7 +128,7 @@ TEST(Tick, saysWhichSummaryCannotBeRestored)
     const Ending ending = person.types({"tick"});
     EXPECT_EQ(ending.code, ExitCode::fileError);
     EXPECT_EQ(ending.err, "The state is as it was; " + widgetFile(person).string() +
-                              " could not be written: Is a directory\n");
+                              " could not be written: Is a directory. quillmere tick tries again.\n");
 }
 
 }  // namespace

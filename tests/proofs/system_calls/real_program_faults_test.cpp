@@ -71,7 +71,9 @@ TEST_F(TheProgramWithAFault, saysSoAndLeavesWholeFiles)
         forEveryFault([](const Outcome& outcome, Before before, int code, const ThreeFiles& files) {
             const Version old = before == Before::earlierFile ? Version::older : Version::none;
             std::vector<Version> expected(3, old);
-            std::fill_n(expected.begin(), outcome.filesReplaced, Version::newer);
+            for (std::size_t file = 0; file < expected.size(); ++file) {
+                expected[file] = outcome.isReplaced.at(file) ? Version::newer : old;
+            }
             EXPECT_EQ(code, static_cast<int>(outcome.code));
             EXPECT_EQ(files.versions(), expected);
             EXPECT_TRUE(files.others().empty());

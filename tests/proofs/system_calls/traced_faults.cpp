@@ -49,12 +49,19 @@ std::optional<SystemCall> callOf(const TracedCall& call)
 
 Outcome Undisturbed::outcomeOf(std::size_t index, int error, bool fromThereOn) const
 {
+    Outcome outcome{.code = ExitCode::done, .isReplaced = {true, true, true}};
     for (std::size_t later = index; later < (fromThereOn ? calls_.size() : index + 1); ++later) {
-        if (calls_[later].name == calls_[index].name && !isAbsorbed(later, error)) {
-            return {.code = ExitCode::fileError, .filesReplaced = renamesBefore(later)};
+        if (calls_[later].name != calls_[index].name || isAbsorbed(later, error)) {
+            continue;
+        }
+        outcome.code = ExitCode::fileError;
+        if (renamesBefore(later) == 0) {
+            outcome.isReplaced = {false, false, false};  // no summary of a state that is not saved
+        } else if (const std::size_t file = fileOf(later); renamesBefore(later) == file) {
+            outcome.isReplaced.at(file) = false;
         }
     }
-    return {.code = ExitCode::done, .filesReplaced = 3};
+    return outcome;
 }
 
 bool Undisturbed::isAbsorbed(std::size_t index, int error) const
@@ -102,6 +109,16 @@ std::size_t Undisturbed::renamesBefore(std::size_t index) const
     return static_cast<std::size_t>(
         std::count_if(calls_.begin(), calls_.begin() + static_cast<std::ptrdiff_t>(index),
                       [](const TracedCall& call) { return callOf(call) == SystemCall::rename; }));
+}
+
+std::size_t Undisturbed::fileOf(std::size_t index) const
+{
+    std::size_t file = 0;
+    for (std::size_t earlier = 0; earlier < index; ++earlier) {
+        const bool isDone = renamesBefore(earlier) > file && callOf(calls_[earlier]) == SystemCall::close;
+        file += isDone ? 1 : 0;
+    }
+    return file;
 }
 
 std::vector<int> errorsToTry(const TracedCall& call)

@@ -1,6 +1,7 @@
 // Faults for the real program, and what each must lead to.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,7 +18,7 @@ std::optional<SystemCall> callOf(const TracedCall& call);
 /// What a fault must lead to.
 struct Outcome {
     cli::ExitCode code;
-    std::size_t filesReplaced;  ///< how many of the three are new
+    std::array<bool, 3> isReplaced;  ///< of the state, the agent's summary and the widget's
 };
 
 /// A run that nothing disturbs, and what a fault at each of its calls must lead to.
@@ -35,7 +36,11 @@ private:
     bool keepsVersion(std::size_t index) const;
     /// Whether the call is about the parent of a directory that was made before.
     bool holdsNewDirectory(std::size_t index) const;
+    /// The number of renames before a call.
     std::size_t renamesBefore(std::size_t index) const;
+    /// The file that a call is about, in the order of saving. The calls after its rename, up to the close of
+    /// the directory, belong to it.
+    std::size_t fileOf(std::size_t index) const;
 
     std::vector<TracedCall> calls_;
 };

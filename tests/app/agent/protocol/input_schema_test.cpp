@@ -1,4 +1,4 @@
-// Which arguments fit a schema, and what is said of those that do not.
+// Arguments that fit a schema, and the message about those that do not.
 #include "agent/protocol/input_schema.hpp"
 
 #include <gtest/gtest.h>
@@ -6,7 +6,7 @@
 namespace quillmere::agent::protocol {
 namespace {
 
-const Json schema = Json::parse(R"({
+const SortedJson schema = SortedJson::parse(R"({
     "type": "object",
     "additionalProperties": false,
     "required": ["text"],
@@ -24,10 +24,10 @@ constexpr const char* fitting[] = {
     R"({"text": "a", "count": 30.0})",
 };
 
-TEST(InputSchema, takesWhatFits)
+TEST(InputSchema, acceptsArgumentsThatFit)
 {
     for (const char* arguments : fitting) {
-        EXPECT_EQ(misfitOf(Json::parse(arguments), schema), "") << arguments;
+        EXPECT_EQ(misfitOf(SortedJson::parse(arguments), schema), "") << arguments;
     }
 }
 
@@ -51,17 +51,17 @@ constexpr struct {
     {R"({"text": "a", "other": 1})", "There is no argument \"other\"."},
 };
 
-TEST(InputSchema, saysWhatDoesNotFit)
+TEST(InputSchema, saysWhyAnArgumentDoesNotFit)
 {
     for (const auto& [arguments, misfit] : unfitting) {
-        EXPECT_EQ(misfitOf(Json::parse(arguments), schema), misfit) << arguments;
+        EXPECT_EQ(misfitOf(SortedJson::parse(arguments), schema), misfit) << arguments;
     }
 }
 
-TEST(InputSchema, takesNothingWhereNothingIsWanted)
+TEST(InputSchema, withoutPropertiesAcceptsNoArgument)
 {
-    const Json nothing = {{"type", "object"}, {"additionalProperties", false}};
-    EXPECT_EQ(misfitOf(Json::object(), nothing), "");
+    const SortedJson nothing = {{"type", "object"}, {"additionalProperties", false}};
+    EXPECT_EQ(misfitOf(SortedJson::object(), nothing), "");
     EXPECT_EQ(misfitOf({{"a", 1}}, nothing), "There is no argument \"a\".");
 }
 

@@ -1,4 +1,4 @@
-// Bytes to lines, in whatever pieces they come.
+// Lines out of pieces of any size.
 #include "agent/protocol/line_reader.hpp"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@ namespace {
 
 using Heard = std::vector<std::string>;
 
-/// What a reader of lines of at most eight bytes hears.
+/// A reader of lines of at most eight bytes, and the lines that it has read.
 class EightBytes {
 public:
     Heard heard;

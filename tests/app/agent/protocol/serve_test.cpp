@@ -1,4 +1,4 @@
-// How much is done at once for a client that sends much.
+// How far the loop works ahead for a client that sends much.
 #include "agent/protocol/serve.hpp"
 
 #include <fcntl.h>
@@ -62,7 +62,7 @@ public:
 
 constexpr int manyCalls = 100;
 
-/// A server whose only tool counts its calls; many of them wait in the pipe to it, in one piece.
+/// A server whose only tool counts its calls. Many calls are in its input before it runs.
 class ServeLoop : public testing::Test {
 protected:
     Pipe in;
@@ -129,7 +129,7 @@ TEST_F(ServeLoop, doesNotWorkFarAheadOfAClientThatReadsLate)
         }
         count = ::read(out.reader(), bytes.data(), bytes.size());
         const int made = calls;
-        // An answer has the text twice: one and a half are more than may wait.
+        // An answer has the text twice, so that two answers are more than the limit of unsent output.
         EXPECT_LE(made - read, 4);
         read += static_cast<int>(std::count(bytes.data(), bytes.data() + std::max<ssize_t>(count, 0), '\n'));
     }

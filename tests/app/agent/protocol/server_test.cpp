@@ -1,4 +1,5 @@
-// The conversation, line by line: both ways of the protocol, and whatever else a line may be.
+// The conversation line by line: versions with a handshake, stateless versions, and lines that are no
+// request.
 #include "agent/protocol/server.hpp"
 
 #include <gtest/gtest.h>
@@ -24,9 +25,9 @@ class ServerTest : public testing::Test {
 protected:
     Moment now = Moment();
     std::optional<std::string> said;
-    int looks = 0;  ///< of the calls that wait
+    int looks = 0;  ///< how often waiting calls were asked
 
-    /// All that the server says to one line.
+    /// All answers to one line.
     std::vector<Json> allSaidTo(const std::string& line)
     {
         transcript_.client(line);
@@ -34,7 +35,7 @@ protected:
         return heard();
     }
 
-    /// The one thing that it says to it.
+    /// The only answer to a line.
     Json saidTo(const std::string& line)
     {
         const std::vector<Json> all = allSaidTo(line);
@@ -178,7 +179,7 @@ TEST_F(ServerTest, discoversWithoutAHandshake)
     EXPECT_EQ(result.at("_meta").at("io.modelcontextprotocol/serverInfo").at("name"), "test");
 }
 
-TEST_F(ServerTest, servesBothWaysInOneConversation)
+TEST_F(ServerTest, servesHandshakeAndStatelessRequestsInOneConversation)
 {
     EXPECT_TRUE(resultOf("server/discover", stateless()).contains("supportedVersions"));
     EXPECT_EQ(shakeHands("2024-11-05").at("protocolVersion"), "2024-11-05");
@@ -187,7 +188,7 @@ TEST_F(ServerTest, servesBothWaysInOneConversation)
     EXPECT_FALSE(resultOf("tools/list").contains("resultType"));
 }
 
-TEST_F(ServerTest, wantsBothFieldsOfAStatelessRequest)
+TEST_F(ServerTest, requiresBothFieldsOfAStatelessRequest)
 {
     Json params = stateless();
     params["_meta"].erase("io.modelcontextprotocol/clientCapabilities");
@@ -200,7 +201,7 @@ TEST_F(ServerTest, wantsBothFieldsOfAStatelessRequest)
     EXPECT_EQ(errorOf(request(1, "server/discover")), -32602);
 }
 
-TEST_F(ServerTest, namesItsVersionsToWhoSpeaksAnother)
+TEST_F(ServerTest, answersAnUnknownVersionWithThoseThatItHas)
 {
     for (const char* version : {"2027-01-01", "2025-11-25", ""}) {
         Json params = stateless();
@@ -212,7 +213,7 @@ TEST_F(ServerTest, namesItsVersionsToWhoSpeaksAnother)
     }
 }
 
-TEST_F(ServerTest, hasNoMethodOfTheOtherWay)
+TEST_F(ServerTest, refusesMethodsThatTheVersionDoesNotHave)
 {
     EXPECT_EQ(errorOf(request(1, "ping", stateless())), -32601);
     EXPECT_EQ(errorOf(request(1, "initialize", stateless({{"protocolVersion", "2025-11-25"}}))), -32601);
@@ -258,7 +259,7 @@ TEST_F(ServerTest, readsAResource)
     EXPECT_EQ(resultOf("resources/read", {{"uri", "test://it"}}).at("contents"), expected);
 }
 
-TEST_F(ServerTest, saysWhichResourceThereIsNot)
+TEST_F(ServerTest, namesTheResourceThatIsNotFound)
 {
     const Json error = saidTo(request(1, "resources/read", {{"uri", "test://none"}})).at("error");
     EXPECT_EQ(error.at("code"), -32002);
@@ -308,7 +309,7 @@ TEST_F(ServerTest, hasTitlesForVersionsThatKnowThem)
     }
 }
 
-TEST_F(ServerTest, hasNoUnknownTool)
+TEST_F(ServerTest, refusesUnknownTools)
 {
     EXPECT_EQ(errorOf(request(1, "tools/call", toolCall("none", Json::object()))), -32602);
     EXPECT_EQ(errorOf(request(1, "tools/call")), -32602);
@@ -326,7 +327,7 @@ TEST_F(ServerTest, tellsTheModelWhichArgumentsDoNotFit)
     EXPECT_FALSE(resultOf("tools/call", {{"name", "echo"}}).contains("isError"));
 }
 
-TEST_F(ServerTest, takesNullForWhatIsLeftOut)
+TEST_F(ServerTest, takesNullAsLeftOut)
 {
     EXPECT_EQ(resultOf("ping", nullptr), Json::object());
     EXPECT_TRUE(resultOf("tools/list", {{"cursor", nullptr}}).contains("tools"));
@@ -336,7 +337,7 @@ TEST_F(ServerTest, takesNullForWhatIsLeftOut)
     }
 }
 
-TEST_F(ServerTest, survivesWhatAToolDoesNotExpect)
+TEST_F(ServerTest, answersAnExceptionOfAToolWithAnError)
 {
     EXPECT_EQ(errorOf(request(1, "tools/call", toolCall("fail", Json::object()))), -32603);
     EXPECT_EQ(resultOf("ping"), Json::object());
@@ -408,7 +409,7 @@ constexpr struct {
     {"-9223372036854775808", "9223372036854775808"},
 };
 
-TEST_F(ServerTest, takesNoOtherIdForTheOneThatIsCancelled)
+TEST_F(ServerTest, comparesTheIdsOfCancellationsExactly)
 {
     for (const auto& [id, cancelled] : otherIds) {
         said.reset();
@@ -421,7 +422,7 @@ TEST_F(ServerTest, takesNoOtherIdForTheOneThatIsCancelled)
     }
 }
 
-TEST_F(ServerTest, ignoresACancellationOfNothing)
+TEST_F(ServerTest, ignoresACancellationWithoutACall)
 {
     for (const char* params : {R"({"requestId":7})", R"({"requestId":null})", "{}", "[]", "5"}) {
         EXPECT_EQ(allSaidTo(std::string(R"({"jsonrpc":"2.0","method":"notifications/cancelled","params":)") +
@@ -431,7 +432,7 @@ TEST_F(ServerTest, ignoresACancellationOfNothing)
     }
 }
 
-TEST_F(ServerTest, letsNotMoreCallsWaitThanItCanKeep)
+TEST_F(ServerTest, refusesToLetMoreThan64CallsWait)
 {
     for (int number = 0; number < 64; ++number) {
         EXPECT_EQ(allSaidTo(request(number, "tools/call", toolCall("wait", {{"for", 5}})).dump()).size(), 0u);
@@ -439,7 +440,7 @@ TEST_F(ServerTest, letsNotMoreCallsWaitThanItCanKeep)
     EXPECT_EQ(resultOf("tools/call", toolCall("wait", {{"for", 5}})).at("isError"), true);
 }
 
-TEST_F(ServerTest, givesAnIdBackAsItCame)
+TEST_F(ServerTest, returnsAnIdUnchanged)
 {
     for (const Json& id : {Json(0), Json(-1), Json(9223372036854775807), Json(18446744073709551615u),
                            Json(""), Json("a\"\n\u2028"), Json("1"), Json(std::string(1024, 'x'))}) {
@@ -450,7 +451,7 @@ TEST_F(ServerTest, givesAnIdBackAsItCame)
     }
 }
 
-TEST_F(ServerTest, takesNoOtherIds)
+TEST_F(ServerTest, refusesOtherValuesAsIds)
 {
     const std::string tooLong = '"' + std::string(1025, 'x') + '"';
     for (const std::string& id :
@@ -476,7 +477,7 @@ TEST_F(ServerTest, neverAnswersNotifications)
     }
 }
 
-TEST_F(ServerTest, waitsForNoResponses)
+TEST_F(ServerTest, ignoresResponses)
 {
     EXPECT_EQ(allSaidTo(R"({"jsonrpc":"2.0","id":1,"result":{}})").size(), 0u);
     EXPECT_EQ(allSaidTo(R"({"jsonrpc":"2.0","id":1,"error":{"code":1,"message":"No"}})").size(), 0u);
@@ -508,7 +509,7 @@ TEST_F(ServerTest, saysThatALineIsNoJson)
     }
 }
 
-TEST_F(ServerTest, doesNotSayOfJsonThatItIsNone)
+TEST_F(ServerTest, explainsJsonThatItCannotRead)
 {
     const auto messageTo = [this](const std::string& value) {
         const Json error =
@@ -545,20 +546,20 @@ TEST_F(ServerTest, saysThatALineIsNoMessage)
     }
 }
 
-TEST_F(ServerTest, takesOnlyAnObjectForParams)
+TEST_F(ServerTest, refusesParamsThatAreNoObject)
 {
     for (const Json& params : {Json::array(), Json(5), Json("x")}) {
         EXPECT_EQ(errorOf(request(1, "ping", params)), -32602);
     }
 }
 
-TEST_F(ServerTest, refusesWhatNestsTooDeep)
+TEST_F(ServerTest, refusesMoreThan64Levels)
 {
     const auto nested = [](std::size_t levels, const std::string& innermost) {
         return R"({"jsonrpc":"2.0","id":1,"method":"ping","params":{"a":)" + std::string(levels, '[') +
                innermost + std::string(levels, ']') + "}}";
     };
-    // Two levels are those of the message itself and its params.
+    // Two levels are the message itself and its params.
     for (const char* innermost : {"", "1", "\"[[[\"", "\"\\\"[[\""}) {
         EXPECT_TRUE(saidTo(nested(62, innermost)).contains("result")) << innermost;
         EXPECT_EQ(saidTo(nested(63, innermost)).at("error").at("code"), -32600) << innermost;
@@ -571,7 +572,7 @@ TEST_F(ServerTest, refusesWhatNestsTooDeep)
     EXPECT_EQ(saidTo(objects).at("error").at("code"), -32600);
 }
 
-TEST_F(ServerTest, countsNoLevelThatIsClosedAgain)
+TEST_F(ServerTest, countsOnlyOpenLevels)
 {
     std::string lists;
     for (int number = 0; number < 100; ++number) {
@@ -592,7 +593,7 @@ TEST_F(ServerTest, readsAnObjectOfVeryManyMembers)
               Json::object());
 }
 
-TEST_F(ServerTest, writesNothingThatCouldBeTakenForTheEndOfALine)
+TEST_F(ServerTest, writesNoCharacterThatCouldEndALine)
 {
     const std::string text = "a\nb\r\u0085\u2028\u2029";
     EXPECT_EQ(resultOf("tools/call", toolCall("echo", {{"text", text}})).at("structuredContent").at("text"),

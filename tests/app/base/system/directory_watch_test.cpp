@@ -1,7 +1,9 @@
-// Changes of files are told, wherever the directory stands.
 #include "base/system/directory_watch.hpp"
 
-#include <poll.h>
+#include "base/system/wait.hpp"
+
+#include <array>
+#include <chrono>
 
 #include "program_testing.hpp"
 #include "support/file_system.hpp"
@@ -13,11 +15,11 @@ namespace {
 namespace fs = std::filesystem;
 using base::DirectoryWatch;
 
-/// The kernel tells of a change before the call that makes it returns, so nothing has to be waited for.
+/// The kernel reports a change before the call that makes it returns, so no test has to wait.
 bool isReadable(const DirectoryWatch& watch)
 {
-    pollfd poll{.fd = watch.descriptor(), .events = POLLIN, .revents = 0};
-    return ::poll(&poll, 1, 0) == 1;
+    std::array<base::PollSource, 1> sources = {{{watch.descriptor()}}};
+    return base::waitFor(sources, std::chrono::seconds(0));
 }
 
 TEST(DirectoryWatch, isQuietWhileNothingChanges)
@@ -30,7 +32,7 @@ TEST(DirectoryWatch, isQuietWhileNothingChanges)
     EXPECT_FALSE(watch.takeChanges());
 }
 
-TEST(DirectoryWatch, tellsOfEachChangeOnce)
+TEST(DirectoryWatch, reportsEachChangeOnce)
 {
     const TemporaryDirectory directory;
     const fs::path file = directory.path() / "file";
@@ -48,7 +50,7 @@ TEST(DirectoryWatch, tellsOfEachChangeOnce)
     }
 }
 
-TEST(DirectoryWatch, findsADirectoryThatIsMadeLater)
+TEST(DirectoryWatch, watchesADirectoryThatIsMadeLater)
 {
     const TemporaryDirectory above;
     const fs::path directory = above.path() / "one" / "two";
@@ -59,7 +61,7 @@ TEST(DirectoryWatch, findsADirectoryThatIsMadeLater)
     EXPECT_TRUE(watch.takeChanges());
 }
 
-TEST(DirectoryWatch, findsADirectoryThatGoesAndComesBack)
+TEST(DirectoryWatch, watchesADirectoryThatIsDeletedAndMadeAgain)
 {
     const TemporaryDirectory above;
     const fs::path directory = above.path() / "files";
@@ -73,7 +75,7 @@ TEST(DirectoryWatch, findsADirectoryThatGoesAndComesBack)
     EXPECT_TRUE(watch.takeChanges());
 }
 
-TEST(DirectoryWatch, followsTheNameWhenAnotherDirectoryTakesIt)
+TEST(DirectoryWatch, watchesAnotherDirectoryThatTakesTheName)
 {
     const TemporaryDirectory above;
     const fs::path directory = above.path() / "files";
@@ -86,11 +88,11 @@ TEST(DirectoryWatch, followsTheNameWhenAnotherDirectoryTakesIt)
     EXPECT_TRUE(watch.takeChanges());
 }
 
-TEST(DirectoryWatch, waitsForADirectoryUntilItMayBeRead)
+TEST(DirectoryWatch, watchesADirectoryOnceItMayBeRead)
 {
     const UnprivilegedUser user;
     if (!user.isOne()) {
-        GTEST_SKIP() << "permissions hold nobody back here";
+        GTEST_SKIP() << "permissions do not bind this user";
     }
     const TemporaryDirectory above;
     const fs::path directory = above.path() / "one";

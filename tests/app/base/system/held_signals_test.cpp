@@ -1,13 +1,13 @@
-// Signals that a program waits for with poll(2).
 #include "base/system/held_signals.hpp"
 
-#include <gtest/gtest.h>
-#include <poll.h>
-#include <signal.h>
-#include <unistd.h>
+#include "base/system/wait.hpp"
 
+#include <gtest/gtest.h>
+
+#include <array>
 #include <cerrno>
-#include <vector>
+#include <chrono>
+#include <functional>
 
 #include "pipe.hpp"
 #include "support/process.hpp"
@@ -20,9 +20,12 @@ using base::HeldSignals;
 
 bool isReadable(int descriptor)
 {
-    pollfd file{.fd = descriptor, .events = POLLIN, .revents = 0};
-    return ::poll(&file, 1, 0) == 1;
+    std::array<base::PollSource, 1> sources = {{{descriptor}}};
+    return base::waitFor(sources, std::chrono::seconds(0));
 }
+
+/// How a child process ends in which `work` runs.
+ProcessEnding endOf(const std::function<int()>& work) { return Process({.work = work}).wait(); }
 
 TEST(HeldSignals, canBeWaitedForAndHaveNoEffect)
 {
@@ -34,72 +37,72 @@ TEST(HeldSignals, canBeWaitedForAndHaveNoEffect)
     EXPECT_TRUE(signals.take().empty());
 }
 
-TEST(HeldSignals, thatAreNotTakenAreForgotten)
+TEST(HeldSignals, areDroppedAtTheEndWhenTheyWereNotTaken)
 {
-    const auto leavesASignal = [] {
-        const HeldSignals signals{SIGTERM};
-        ::raise(SIGTERM);
-        return 0;
-    };
-    EXPECT_EQ(run({.work = leavesASignal}).code, 0);
+    EXPECT_EQ(endOf([] {
+                  const HeldSignals signals{SIGTERM};
+                  ::raise(SIGTERM);
+                  return 0;
+              }).code,
+              0);
 }
 
-TEST(HeldSignals, haveTheirEffectAgainAfterwards)
+TEST(HeldSignals, haveTheirEffectAgainAfterTheEnd)
 {
-    const auto raisesLater = [] {
-        {
-            const HeldSignals signals{SIGTERM};
-        }
-        ::raise(SIGTERM);
-        return 0;
-    };
-    EXPECT_EQ(run({.work = raisesLater}).signal, SIGTERM);
+    EXPECT_EQ(endOf([] {
+                  {
+                      const HeldSignals signals{SIGTERM};
+                  }
+                  ::raise(SIGTERM);
+                  return 0;
+              }).signal,
+              SIGTERM);
 }
 
-TEST(HeldSignals, leaveOutThoseThatTheProgramWasStartedToIgnore)
+TEST(HeldSignals, stayIgnoredWhenTheProgramWasStartedSo)
 {
-    const auto ignores = [] {
-        ::signal(SIGHUP, SIG_IGN);
-        const HeldSignals signals{SIGHUP};
-        ::raise(SIGHUP);
-        return signals.take().empty() ? 0 : 1;
-    };
-    EXPECT_EQ(run({.work = ignores}).code, 0);
+    EXPECT_EQ(endOf([] {
+                  ::signal(SIGHUP, SIG_IGN);
+                  const HeldSignals signals{SIGHUP};
+                  ::raise(SIGHUP);
+                  return signals.take().empty() ? 0 : 1;
+              }).code,
+              0);
 }
 
-TEST(HeldSignals, canStillEndTheProcess)
+TEST(HaveUsualEffect, endsTheProcessByABlockedSignal)
 {
-    const auto ends = [] {
-        const HeldSignals signals{SIGHUP};
-        base::haveUsualEffect(SIGHUP);
-        return 0;
-    };
-    EXPECT_EQ(run({.work = ends}).signal, SIGHUP);
+    EXPECT_EQ(endOf([] {
+                  const HeldSignals signals{SIGHUP};
+                  base::haveUsualEffect(SIGHUP);
+                  return 0;
+              }).signal,
+              SIGHUP);
 }
 
-TEST(HeldSignals, canStillStopTheProcess)
+TEST(HaveUsualEffect, stopsTheProcessAndKeepsTheSignalBlockedAfterwards)
 {
-    const auto stops = [] {
+    // A child is the leader of a group that is not orphaned: SIGTSTP stops nothing in an orphaned group.
+    Process child({.work = [] {
         const HeldSignals signals{SIGTSTP};
         base::haveUsualEffect(SIGTSTP);
         ::raise(SIGTSTP);
         return signals.take().empty() ? 1 : 0;
-    };
-    Process child({.work = stops});
+    }});
     EXPECT_TRUE(child.waitForStop());
     child.send(SIGCONT);
-    EXPECT_EQ(child.wait().code, 0) << "it continues, and holds the signal as before";
+    EXPECT_EQ(child.wait().code, 0);
 }
 
-TEST(BrokenPipes, areErrorsAndEndNothing)
+TEST(BrokenPipesAreErrors, makesTheWriteFailInsteadOfEndingTheProcess)
 {
-    const auto writesToNobody = [] {
-        Pipe pipe;
-        pipe.closeReader();
-        const BrokenPipesAreErrors brokenPipes;
-        return ::write(pipe.writer(), "x", 1) == -1 && errno == EPIPE ? 0 : 1;
-    };
-    EXPECT_EQ(run({.work = writesToNobody}).code, 0);
+    EXPECT_EQ(endOf([] {
+                  Pipe pipe;
+                  pipe.closeReader();
+                  const BrokenPipesAreErrors brokenPipes;
+                  return ::write(pipe.writer(), "x", 1) == -1 && errno == EPIPE ? 0 : 1;
+              }).code,
+              0);
 }
 
 }  // namespace

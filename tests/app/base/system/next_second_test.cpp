@@ -1,4 +1,3 @@
-// When a shown clock moves on.
 #include "base/system/next_second.hpp"
 
 #include "program_testing.hpp"
@@ -6,19 +5,19 @@
 namespace quillmere::test {
 namespace {
 
-TEST(NextSecond, isNeverNowAndAtMostASecondAway)
+TEST(NextSecond, isOneMillisecondToOneSecondAway)
 {
     EXPECT_EQ(base::millisecondsToNextSecond(moment), 1'000);
     EXPECT_EQ(base::millisecondsToNextSecond(moment + 0.25), 750);
     EXPECT_EQ(base::millisecondsToNextSecond(moment + 0.9999), 1);
 }
 
-TEST(NextSecond, isRoundedUpSoThatTheSecondHasCome)
+TEST(NextSecond, isRoundedUpSoThatAWaitDoesNotEndBeforeIt)
 {
     EXPECT_EQ(base::millisecondsToNextSecond(moment + 0.2505), 750);
 }
 
-TEST(NextMinute, isNeverNowAndAtMostAMinuteAway)
+TEST(NextMinute, isAtMostAMinuteAway)
 {
     EXPECT_EQ(base::millisecondsToNextMinute(moment), 60'000);
     EXPECT_EQ(base::millisecondsToNextMinute(moment + 59.75), 250);

@@ -1,4 +1,4 @@
-// How much room a text takes on a terminal.
+// Texts within a number of terminal columns.
 #include "base/text/columns.hpp"
 
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-TEST(Columns, countWhatATerminalShows)
+TEST(ColumnsOf, areThoseThatATerminalNeeds)
 {
     struct Case {
         const char* text;
@@ -26,21 +26,21 @@ TEST(CutToColumns, leavesATextThatFits)
     EXPECT_EQ(base::cutToColumns("", 0), "");
 }
 
-TEST(CutToColumns, endsWhatItCutsWithAnEllipsis)
+TEST(CutToColumns, endsACutTextWithAnEllipsis)
 {
     EXPECT_EQ(base::cutToColumns("Outline", 4), "Out\u2026");
     EXPECT_EQ(base::cutToColumns("Outline", 1), "\u2026");
     EXPECT_EQ(base::cutToColumns("Outline", 0), "");
 }
 
-TEST(CutToColumns, neverCutsACharacterInTwo)
+TEST(CutToColumns, neverCutsWithinACharacter)
 {
-    // A wide one would need the column of the ellipsis.
+    // A second wide character would need the column of the ellipsis.
     EXPECT_EQ(base::cutToColumns("日本語", 4), "日\u2026");
     EXPECT_EQ(base::cutToColumns("ae\u0301iou", 3), "ae\u0301\u2026");
 }
 
-TEST(CutToColumns, hasABoundForWhatTakesNoColumns)
+TEST(CutToColumns, limitsTheBytesOfZeroWidthCharacters)
 {
     std::string marks = "a";
     std::string invisible;
@@ -62,13 +62,13 @@ TEST(CutToColumns, hasABoundForWhatTakesNoColumns)
               "Focus " + marks.substr(0, 11) + " b");
 }
 
-TEST(CutToColumns, leavesTheLongestCharactersThatPeopleWrite)
+TEST(CutToColumns, keepsLongEmoji)
 {
     const std::string family = "\U0001F468\u200D\U0001F469\u200D\U0001F467\u200D\U0001F466";
     EXPECT_EQ(base::cutToColumns(family, base::columnsOf(family)), family);
 }
 
-TEST(CutToBytes, neverCutsACharacterInTwo)
+TEST(CutToBytes, neverCutsWithinACharacter)
 {
     EXPECT_EQ(base::cutToBytes("Grüße", 7), "Grüße");
     EXPECT_EQ(base::cutToBytes("Grüße", 6), "Gr\u2026");

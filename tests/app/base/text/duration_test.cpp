@@ -1,4 +1,4 @@
-// Durations as persons write them.
+// Durations as people write them.
 #include "base/text/duration.hpp"
 
 #include <gtest/gtest.h>
@@ -32,7 +32,7 @@ constexpr Reading readings[] = {
     {"527040", 31'622'400},
 };
 
-TEST(DurationFromText, readsNumbersWithUnitsAndBareMinutes)
+TEST(DurationFromText, readsNumbersWithUnitsAndMinutesWithoutAUnit)
 {
     for (const Reading& reading : readings) {
         SCOPED_TRACE(reading.text);
@@ -113,7 +113,7 @@ constexpr Writing writings[] = {
     {90'061, "1 d 1 h 1 min 1 s"},
 };
 
-TEST(DurationText, namesTheUnitsThatCount)
+TEST(DurationText, leavesOutUnitsThatAreZero)
 {
     for (const Writing& writing : writings) {
         EXPECT_EQ(durationText(writing.seconds), writing.text);

@@ -1,4 +1,4 @@
-// Failures of the system in words.
+// Errors as messages.
 #include "base/text/failure.hpp"
 
 #include <quillmere/engine/workflow_error.hpp>
@@ -17,31 +17,31 @@ using std::filesystem::filesystem_error;
 
 const std::error_code denied = std::make_error_code(std::errc::permission_denied);
 
-TEST(FileErrorText, hasTheCallTheReasonAndThePath)
+TEST(FileErrorText, namesTheCallTheReasonAndThePath)
 {
     EXPECT_EQ(fileErrorText(filesystem_error("open", "/a b/c", denied)), "open: Permission denied: /a b/c");
 }
 
-TEST(FileErrorText, hasBothPathsWhereThereAreTwo)
+TEST(FileErrorText, namesBothPathsOfARename)
 {
     EXPECT_EQ(fileErrorText(filesystem_error("rename", "/a", "/b", denied)),
               "rename: Permission denied: /a: /b");
 }
 
-TEST(FileErrorText, hasNoPathWhereNoneIsKnown)
+TEST(FileErrorText, leavesOutUnknownPaths)
 {
     EXPECT_EQ(fileErrorText(filesystem_error("read", denied)), "read: Permission denied");
     EXPECT_EQ(fileErrorText(std::system_error(denied, "flock")), "flock: Permission denied");
     EXPECT_EQ(fileErrorText(std::system_error(denied)), "Permission denied");
 }
 
-TEST(FailureText, isTheEnginesOwnMessageForARefusal)
+TEST(FailureText, isTheMessageOfTheEngineForItsErrors)
 {
     const WorkflowError refusal = WorkflowError::missingSessionPlan;
     EXPECT_EQ(failureText(refusal), refusal.errorDescription());
 }
 
-TEST(FailureText, hasTheReasonOfASystemError)
+TEST(FailureText, namesTheReasonOfASystemError)
 {
     EXPECT_EQ(failureText(filesystem_error("open", "/a", denied)), "open: Permission denied: /a");
 }

@@ -1,4 +1,4 @@
-// Instants in the person's own time zone.
+// Instants in the local time zone.
 #include "base/text/local_time.hpp"
 
 #include "program_testing.hpp"
@@ -11,7 +11,7 @@ using base::localClockText;
 using base::localText;
 using base::localTextSeenFrom;
 
-TEST(LocalText, isThatOfThePersonsZone)
+TEST(LocalText, isInTheLocalTimeZone)
 {
     for (const auto& [zone, day, clock] : {std::tuple{"UTC", "2026-11-15 15:00", "15:00"},
                                            std::tuple{"Europe/Berlin", "2026-11-15 16:00", "16:00"},
@@ -35,7 +35,7 @@ TEST(LocalText, dropsSecondsTowardThePast)
     EXPECT_EQ(localText(Instant(253'402'300'799)), "9999-12-31 23:59");
 }
 
-TEST(LocalTextSeenFrom, hasTheDayWhenItIsAnother)
+TEST(LocalTextSeenFrom, namesAnotherDay)
 {
     const TimeZone here("Europe/Berlin");
     // Now it is 16:00 on 15 November.
@@ -147,7 +147,7 @@ TEST(InstantFromLocalText, followsTheChangeOfTheClocks)
         181 * 86'400 - 3600);
 }
 
-TEST(InstantFromLocalText, hasNoInstantOutsideTheYearsThatFilesCanName)
+TEST(InstantFromLocalText, isAbsentOutsideTheYearsOfTheFiles)
 {
     const TimeZone here("UTC");
     EXPECT_EQ(instantFromLocalText("0000-01-01 00:00", moment), Instant(-62'167'219'200));
@@ -159,7 +159,7 @@ TEST(InstantFromLocalText, hasNoInstantOutsideTheYearsThatFilesCanName)
     EXPECT_EQ(instantFromLocalText("0000-01-01 00:00", moment), std::nullopt);
 }
 
-TEST(InstantFromLocalText, hasNoInstantForATimeThatTheClocksSkip)
+TEST(InstantFromLocalText, isAbsentForATimeThatTheClocksSkip)
 {
     const TimeZone here("Europe/Berlin");
     for (const char* text : {"2026-03-29 02:00", "2026-03-29 02:30", "2026-03-29T02:59"}) {
@@ -190,10 +190,10 @@ constexpr HourThatComesTwice hoursThatComeTwice[] = {
     {-86'000, 0}, {-1800, 0}, {-60, 0}, {0, 0}, {60, 3600}, {1800, 3600}, {3540, 3600}, {3600, 3600},
 };
 
-TEST(InstantFromLocalText, findsTheNextTimeOfTwoThatTheClockShowsTheSame)
+TEST(InstantFromLocalText, findsTheNextOfTwoTimesThatTheClockShows)
 {
     const TimeZone here("Europe/Berlin");
-    // 02:30 comes at 00:30 and at 01:30 UTC that night.
+    // 02:30 occurs at 00:30 and at 01:30 UTC that night.
     const Instant first{1'792'888'200};
     for (const HourThatComesTwice& hour : hoursThatComeTwice) {
         SCOPED_TRACE(hour.secondsFromFirst);

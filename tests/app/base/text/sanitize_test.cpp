@@ -1,4 +1,4 @@
-// Texts on their way to a terminal.
+// Texts before they are printed on a terminal.
 #include "base/text/sanitize.hpp"
 
 #include <gtest/gtest.h>
@@ -35,7 +35,7 @@ TEST(Sanitized, replacesEveryControlCharacterOfEightBits)
     }
 }
 
-TEST(Sanitized, replacesEveryByteThatIsNoText)
+TEST(Sanitized, replacesIllFormedBytes)
 {
     for (int code = 0x80; code < 0x100; ++code) {
         const std::string byte(1, static_cast<char>(code));
@@ -48,18 +48,18 @@ struct Range {
     unsigned last;
 };
 
-// Marks, embeddings, overrides and isolates of direction, and separators of lines and paragraphs.
-constexpr Range deceptive[] = {{0x061C, 0x061C}, {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
+// Directional marks, embeddings, overrides and isolates, and separators of lines and paragraphs.
+constexpr Range replaced[] = {{0x061C, 0x061C}, {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
 
-TEST(Sanitized, replacesWhatTurnsTheDirectionOfTextOrBreaksItsLines)
+TEST(Sanitized, replacesDirectionalCharactersAndSeparators)
 {
     for (unsigned code = 0x0600; code < 0x2100; ++code) {
         std::string character;
         json::appendUtf8(character, code);
-        const bool isDeceptive =
-            std::any_of(std::begin(deceptive), std::end(deceptive),
+        const bool isReplaced =
+            std::any_of(std::begin(replaced), std::end(replaced),
                         [&](const Range& range) { return code >= range.first && code <= range.last; });
-        EXPECT_EQ(sanitized(character), isDeceptive ? replacement : character) << code;
+        EXPECT_EQ(sanitized(character), isReplaced ? replacement : character) << code;
     }
 }
 
@@ -80,7 +80,7 @@ constexpr Pair pairs[] = {
     {"\xC2\x9B"
      "31m",
      "\uFFFD31m"},
-    // A byte that is a control in older encodings, and forms of it that are longer than they may be.
+    // A byte that is a control character in Latin-1, and its overlong forms in UTF-8.
     {"\x9B"
      "31m",
      "\uFFFD31m"},
@@ -93,7 +93,7 @@ constexpr Pair pairs[] = {
     {"\uFFFD", "\uFFFD"},
 };
 
-TEST(Sanitized, keepsTextAndReplacesWhatATerminalWouldObey)
+TEST(Sanitized, keepsTextAndReplacesControlSequences)
 {
     for (const Pair& pair : pairs) {
         SCOPED_TRACE(testing::PrintToString(pair.text));
@@ -102,13 +102,13 @@ TEST(Sanitized, keepsTextAndReplacesWhatATerminalWouldObey)
     }
 }
 
-TEST(SanitizedJson, escapesTheControlsThatJsonAllows)
+TEST(SanitizedJson, escapesControlCharactersThatJsonAllows)
 {
     EXPECT_EQ(sanitizedJson("{\n  \"a\" : \"\x7F\xC2\x80\xC2\x9B\xC2\x9F\xC2\xA0é\"\n}"),
               "{\n  \"a\" : \"\\u007f\\u0080\\u009b\\u009f\xC2\xA0é\"\n}");
 }
 
-TEST(SanitizedJson, escapesWhatTurnsTheDirectionOfTextOrBreaksItsLines)
+TEST(SanitizedJson, escapesDirectionalCharactersAndSeparators)
 {
     EXPECT_EQ(sanitizedJson("\"\u061C\u200E\u2028\u202E\u2069\u2070€🙂\""),
               "\"\\u061c\\u200e\\u2028\\u202e\\u2069\u2070€🙂\"");

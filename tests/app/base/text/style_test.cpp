@@ -15,7 +15,7 @@ using base::Style;
 using base::wantsColour;
 using QuillmereDesign::Accent;
 
-TEST(WantsColour, onATerminalThatCanAndNotAgainstThePersonsWill)
+TEST(WantsColour, onATerminalWithColoursUnlessNoColorIsSet)
 {
     struct Case {
         bool outputIsTerminal;

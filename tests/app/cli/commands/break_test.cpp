@@ -11,7 +11,7 @@ Person personInABreak()
     return person;
 }
 
-TEST(BreakExtend, addsToTheBreakAndToEarlierExtensions)
+TEST(BreakExtend, addsUpExtensions)
 {
     const Person person = personInABreak();
     EXPECT_EQ(person.types({"break", "extend", "90s"}).code, ExitCode::done);
@@ -21,7 +21,7 @@ TEST(BreakExtend, addsToTheBreakAndToEarlierExtensions)
     EXPECT_TRUE(filesAgree(person));
 }
 
-TEST(BreakExtend, refusesWhatIsNoDuration)
+TEST(BreakExtend, refusesAnyOtherText)
 {
     const Person person = personInABreak();
     const auto before = pictureOf(person.directory());
@@ -29,13 +29,13 @@ TEST(BreakExtend, refusesWhatIsNoDuration)
         SCOPED_TRACE(duration);
         const Ending ending = person.types({"break", "extend", duration});
         EXPECT_EQ(ending.code, ExitCode::usage);
-        EXPECT_EQ(ending.err, "Say by how much, from 1 second to 366 days: 5m, 90s.\n");
+        EXPECT_EQ(ending.err, "The duration must be from 1 second to 366 days, such as 5m or 90s.\n");
     }
     EXPECT_EQ(person.types({"break", "extend"}).code, ExitCode::usage);
     EXPECT_EQ(pictureOf(person.directory()), before);
 }
 
-TEST(BreakExtend, stopsBeforeTheSumIsTooLong)
+TEST(BreakExtend, refusesASumOutsideTheLimits)
 {
     const Person person = personInABreak();
     QuillmereState state = person.state();
@@ -47,7 +47,7 @@ TEST(BreakExtend, stopsBeforeTheSumIsTooLong)
     EXPECT_EQ(pictureOf(person.directory()), before);
 }
 
-TEST(BreakEnd, leadsToTheNextSessionAndKeepsItsPlan)
+TEST(BreakEnd, keepsThePlanOfTheNextSession)
 {
     const Person person = personInABreak();
     EXPECT_EQ(person.types({"break", "end"}).code, ExitCode::done);
@@ -56,7 +56,7 @@ TEST(BreakEnd, leadsToTheNextSessionAndKeepsItsPlan)
     EXPECT_TRUE(filesAgree(person));
 }
 
-TEST(BreakSkip, isTheSameUnderAnotherName)
+TEST(BreakSkip, endsTheBreakToo)
 {
     const Person person = personInABreak();
     const Ending ending = person.types({"break", "skip", "--json"});
@@ -65,7 +65,7 @@ TEST(BreakSkip, isTheSameUnderAnotherName)
     EXPECT_EQ(person.state().plannedNextSession, samplePlan(2));
 }
 
-TEST(Break, needsToBeToldWhat)
+TEST(Break, needsASubcommand)
 {
     const Person person = personInABreak();
     EXPECT_EQ(person.types({"break"}).code, ExitCode::usage);

@@ -23,7 +23,7 @@ Person personWithHistory()
     return person;
 }
 
-TEST(History, showsABlockWithItsTimeInFocusPausesTakenOut)
+TEST(History, showsABlockWithItsTimeInFocusWithoutPauses)
 {
     const TimeZone here("Europe/Berlin");
     EXPECT_EQ(personWithHistory().types({"history", "--limit", "1"}).out,
@@ -45,7 +45,7 @@ TEST(History, showsAReviewWithoutAResultByItsCompletion)
     EXPECT_NE(person.types({"history"}).out.find("\n  Session 1: Half\n"), std::string::npos);
 }
 
-TEST(History, saysHowManyMoreThereAre)
+TEST(History, printsHowManyMoreThereAre)
 {
     const Person person = personWithHistory();
     const std::string more = "2 more; --limit 12 shows all\n";
@@ -64,7 +64,7 @@ std::size_t occurrences(const std::string& part, const std::string& text)
     return count;
 }
 
-TEST(History, showsTheNewestTenUnlessALimitIsGiven)
+TEST(History, showsTheTenNewestByDefault)
 {
     const Person person = personWithHistory();
     const std::string usual = person.types({"history"}).out;
@@ -75,7 +75,7 @@ TEST(History, showsTheNewestTenUnlessALimitIsGiven)
     EXPECT_EQ(person.types({"history", "--limit", "few"}).code, ExitCode::usage);
 }
 
-TEST(History, takesALimitOfOneOrMore)
+TEST(History, acceptsALimitFromOne)
 {
     const Person person = personWithHistory();
     for (const std::string limit : {"0", "-1", "-9223372036854775808"}) {
@@ -86,7 +86,7 @@ TEST(History, takesALimitOfOneOrMore)
     }
 }
 
-TEST(History, isListedForProgramsAsTheFileHasIt)
+TEST(History, printsTheRecordsOfTheFileAsJson)
 {
     const Person person = personWithHistory();
     const std::string all = person.types({"history", "--json", "--limit", "99"}).out;
@@ -95,7 +95,7 @@ TEST(History, isListedForProgramsAsTheFileHasIt)
               R"("Number 12")");
 }
 
-TEST(History, saysWhenThereIsNone)
+TEST(History, saysThatNoBlockIsFinished)
 {
     const Person person;
     EXPECT_EQ(person.types({"history"}).out, "No block is finished yet.\n");
@@ -104,7 +104,7 @@ TEST(History, saysWhenThereIsNone)
 
 TEST(History, countsNoTimeOfASessionThatNeverEndedOrEndedBeforeItBegan)
 {
-    // A clock that was set back, or another program.
+    // After the clock was set back, or by another program.
     const TimeZone here("UTC");
     const Person person = personWithHistory();
     QuillmereState state = person.state();

@@ -73,9 +73,8 @@ TEST(Plan, refusesOtherDurations)
             const Person person;
             const Ending ending = person.types({"plan", option, duration, "--start"});
             EXPECT_EQ(ending.code, ExitCode::usage);
-            EXPECT_EQ(ending.err, std::string(option) +
-                                      " is no duration from 1 second to 366 days, such as 25m or 1h30m: " +
-                                      duration + "\n");
+            EXPECT_EQ(ending.err, std::string(option) + ": \"" + duration +
+                                      "\" is no duration from 1 second to 366 days, such as 25m or 1h30m.\n");
             EXPECT_EQ(person.names(), Words{});
         }
     }
@@ -162,9 +161,8 @@ TEST(Plan, refusesOtherTimes)
         const Person person;
         const Ending ending = person.types({"plan", "--at", time});
         EXPECT_EQ(ending.code, ExitCode::usage);
-        EXPECT_EQ(
-            ending.err,
-            std::string("--at is no local time, such as 14:30, \"2026-11-15 09:00\" or +1h: ") + time + "\n");
+        EXPECT_EQ(ending.err, std::string("--at: \"") + time +
+                                  "\" is no local time, such as 14:30, 2026-11-15 09:00 or +1h.\n");
         EXPECT_EQ(person.names(), Words{});
     }
 }
@@ -188,8 +186,8 @@ TEST(Plan, refusesATimeThatNoFileCanName)
         const Person person;
         const Ending ending = person.types({"plan", "--at", time.text});
         EXPECT_EQ(ending.code, ExitCode::usage);
-        EXPECT_EQ(ending.err, "--at is no local time, such as 14:30, \"2026-11-15 09:00\" or +1h: " +
-                                  std::string(time.text) + "\n");
+        EXPECT_EQ(ending.err, "--at: \"" + std::string(time.text) +
+                                  "\" is no local time, such as 14:30, 2026-11-15 09:00 or +1h.\n");
         EXPECT_EQ(person.names(), Words{});
     }
 }
@@ -204,8 +202,8 @@ TEST(Plan, refusesATimeThatHasPassed)
         const Person person;
         const Ending ending = person.types({"plan", "--at", time});
         EXPECT_EQ(ending.code, ExitCode::usage);
-        EXPECT_EQ(ending.err, "--at has passed; name a time to come, or say --start to begin now: " +
-                                  std::string(time) + "\n");
+        EXPECT_EQ(ending.err, "--at: The time to begin, " + std::string(time) +
+                                  ", has passed; name a time to come, or begin now.\n");
         EXPECT_EQ(person.names(), Words{});
     }
 }

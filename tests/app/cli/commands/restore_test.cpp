@@ -1,4 +1,4 @@
-// Earlier versions are kept with every change, and brought back.
+// Earlier versions are kept with every change, listed, and restored.
 #include <functional>
 #include <sstream>
 #include <utility>
@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Somebody who has asked two questions, one after the other.
+/// A person who has asked two questions, which made two versions.
 Person personWithVersions()
 {
     Person person;
@@ -21,13 +21,13 @@ Person personWithVersions()
     return person;
 }
 
-/// Where the versions of the person's files are.
+/// The directory of the versions of the person's files.
 fs::path versionsOf(const Person& person)
 {
     return workspace::stateDirectory(person.directory(), person.stateHome()) / "versions";
 }
 
-/// The file of a version, while there is one version of the number.
+/// The file of the version with a number of these digits; fails the test when there is none.
 fs::path fileOfVersion(const Person& person, const std::string& digits)
 {
     for (const std::string& name : namesIn(versionsOf(person))) {
@@ -39,7 +39,7 @@ fs::path fileOfVersion(const Person& person, const std::string& digits)
     return {};
 }
 
-/// Output that does something at its first text, unless that has been done.
+/// A stream buffer that calls a function at the first output.
 class ActingOutput : public std::stringbuf {
 public:
     explicit ActingOutput(std::function<void()>& act) : act_(act) {}
@@ -57,7 +57,7 @@ private:
     std::function<void()>& act_;
 };
 
-/// Runs a command on a terminal, with a state home of its own; `act` is done as soon as it prints anything.
+/// Runs a command on a terminal with the given state home; calls `act` at the first output.
 Ending typesWith(const fs::path& stateHome, const Person& person, const Words& arguments,
                  std::function<void()> act = nullptr)
 {
@@ -91,10 +91,10 @@ TEST(Restore, listsTheVersionsThatChangesLeaveBehind)
     EXPECT_EQ(ending.out,
               "2  2026-11-15 15:01:00  Idle, 0 finished blocks\n"
               "1  2026-11-15 15:00:00  Idle, 0 finished blocks\n"
-              "quillmere restore NUMBER brings one back.\n");
+              "quillmere restore NUMBER restores one of them.\n");
 }
 
-TEST(Restore, saysWhatEachHolds)
+TEST(Restore, showsThePhaseAndTheOutcomeOfEachVersion)
 {
     const TimeZone zone("UTC");
     Person person;
@@ -108,13 +108,13 @@ TEST(Restore, saysWhatEachHolds)
                   "1  2026-11-15 15:00:00  Focus, 0 finished blocks: " +
                   outcome +
                   "\n"
-                  "quillmere restore NUMBER brings one back.\n");
+                  "quillmere restore NUMBER restores one of them.\n");
     const std::string list = person.types({"restore", "--json"}).out;
     EXPECT_EQ(jsonAt("/0/content/paused", list), "true");
     EXPECT_EQ(jsonAt("/1/content/paused", list), "false");
 }
 
-TEST(Restore, cutsOnATerminalWhatIsWiderThanThat)
+TEST(Restore, cutsLinesToTheWidthOfTheTerminal)
 {
     const TimeZone zone("UTC");
     const EnvironmentVariable width("COLUMNS", "40");
@@ -141,12 +141,12 @@ TEST(Restore, hasNothingToListAtFirst)
     EXPECT_TRUE(person.names().empty());
 }
 
-TEST(Restore, bringsAVersionBack)
+TEST(Restore, replacesTheStateByTheVersion)
 {
     const Person person = personWithVersions();
     const Ending ending = person.types({"restore", "2", "--yes"});
     EXPECT_EQ(ending.code, ExitCode::done);
-    EXPECT_EQ(ending.out.substr(0, 20), "Version 2 is back.\n\n");
+    EXPECT_EQ(ending.out.substr(0, 24), "Version 2 is restored.\n\n");
     EXPECT_EQ(questionCount(person), 1U);
     EXPECT_TRUE(filesAgree(person));
 }
@@ -172,16 +172,16 @@ TEST(Restore, asksFirstOnATerminal)
     EXPECT_EQ(questionCount(person), 0U);
 }
 
-TEST(Restore, wantsAYesWhereNobodyCanBeAsked)
+TEST(Restore, requiresYesWithoutATerminal)
 {
     const Person person = personWithVersions();
     const Ending ending = person.types({"restore", "1"});
     EXPECT_EQ(ending.code, ExitCode::usage);
-    EXPECT_EQ(ending.err, "Say --yes to replace what is there now.\n");
+    EXPECT_EQ(ending.err, "There is no terminal to confirm on: say --yes to replace the current state.\n");
     EXPECT_EQ(questionCount(person), 2U);
 }
 
-TEST(Restore, doesNotKnowAVersionThatIsNotThere)
+TEST(Restore, refusesANumberWithoutAVersion)
 {
     const Person person = personWithVersions();
     for (const char* number : {"0", "7", "-1"}) {
@@ -190,7 +190,7 @@ TEST(Restore, doesNotKnowAVersionThatIsNotThere)
     EXPECT_EQ(questionCount(person), 2U);
 }
 
-TEST(Restore, mendsAStateThatCannotBeRead)
+TEST(Restore, replacesAStateThatCannotBeRead)
 {
     const Person person = personWithVersions();
     writeText(person.store().stateURL(), "spoilt");
@@ -212,7 +212,7 @@ TEST(Restore, refusesAVersionThatCannotBeRead)
     EXPECT_EQ(pictureOf(person.directory()), before);
 }
 
-TEST(Restore, bringsBackADirectoryThatIsGone)
+TEST(Restore, createsADirectoryThatWasDeleted)
 {
     const Person person = personWithVersions();
     fs::remove_all(person.directory());
@@ -220,7 +220,7 @@ TEST(Restore, bringsBackADirectoryThatIsGone)
     EXPECT_EQ(questionCount(person), 1U);
 }
 
-TEST(Restore, listsWhatCannotBeReadAsThat)
+TEST(Restore, listsAVersionThatCannotBeRead)
 {
     const TimeZone zone("UTC");
     const Person person = personWithVersions();
@@ -238,11 +238,11 @@ TEST(Restore, listsWhatCannotBeReadAsThat)
     EXPECT_EQ(ending.out,
               "2  2026-11-15 15:01:00  cannot be read\n"
               "1  2026-11-15 15:00:00  Idle, 0 finished blocks\n"
-              "quillmere restore NUMBER brings one back.\n");
+              "quillmere restore NUMBER restores one of them.\n");
     EXPECT_EQ(jsonAt("/0/content", person.types({"restore", "--json"}).out), "null");
 }
 
-TEST(Restore, leavesOutWhatIsLetGoOfMeanwhile)
+TEST(Restore, leavesOutAVersionThatIsDeletedMeanwhile)
 {
     const TimeZone zone("UTC");
     const Person person = personWithVersions();
@@ -251,30 +251,30 @@ TEST(Restore, leavesOutWhatIsLetGoOfMeanwhile)
     EXPECT_EQ(ending.code, ExitCode::done) << ending.err;
     EXPECT_EQ(ending.out,
               "2  2026-11-15 15:01:00  Idle, 0 finished blocks\n"
-              "quillmere restore NUMBER brings one back.\n");
+              "quillmere restore NUMBER restores one of them.\n");
 }
 
-TEST(Restore, saysThatAVersionWasLetGoOfMeanwhile)
+TEST(Restore, saysThatAVersionWasDeletedMeanwhile)
 {
     Person person = personWithVersions();
     person.answers = "yes\n";
     const Ending ending = typesWith(person.stateHome(), person, {"restore", "1"},
                                     [&] { fs::remove(fileOfVersion(person, "000001")); });
     EXPECT_EQ(ending.code, ExitCode::usage);
-    EXPECT_NE(ending.err.find("There is no version 1 any more; quillmere restore lists them.\n"),
+    EXPECT_NE(ending.err.find("Version 1 was deleted meanwhile; quillmere restore lists the versions.\n"),
               std::string::npos)
         << ending.err;
     EXPECT_EQ(questionCount(person), 2U);
 }
 
-TEST(Restore, saysWhyNothingIsKeptWithoutAHome)
+TEST(Restore, saysWhyNoVersionsAreKeptWithoutAHome)
 {
     const Person person = personWithVersions();
     for (const Words& arguments : {Words{"restore"}, {"restore", "1", "--yes"}, {"restore", "--json"}}) {
         const Ending ending = typesWith("", person, arguments);
         EXPECT_EQ(ending.code, ExitCode::refused);
         EXPECT_EQ(ending.out, "");
-        EXPECT_NE(ending.err.find("Nothing is kept: set XDG_STATE_HOME, or HOME, to an absolute path."),
+        EXPECT_NE(ending.err.find("No versions are kept: set XDG_STATE_HOME, or HOME, to an absolute path."),
                   std::string::npos)
             << ending.err;
     }
@@ -292,9 +292,9 @@ TEST(Versions, areNotKeptAmongTheFilesThemselves)
         EXPECT_EQ(ending.code, ExitCode::done);
         EXPECT_EQ(ending.err, "");
         EXPECT_EQ(person.names(), (Words{"agent-state.json", "state.json", "widget-snapshot.json"}));
-        EXPECT_EQ(typesWith(place, person, {"restore"}).err, "Nothing is kept: the place for it, " +
-                                                                 (place / "quillmere").string() +
-                                                                 ", lies in the directory of the files.\n");
+        EXPECT_EQ(typesWith(place, person, {"restore"}).err,
+                  "No versions are kept: their directory, " + (place / "quillmere").string() +
+                      ", lies in the directory of the files. Set XDG_STATE_HOME to another one.\n");
     }
 }
 
@@ -309,7 +309,7 @@ TEST(Versions, areNotKeptInTheDirectoryOfTheFilesByAnyName)
     EXPECT_EQ(person.names(), (Words{"agent-state.json", "state.json", "widget-snapshot.json"}));
 }
 
-TEST(Versions, areNotMadeByLookingOrByARefusal)
+TEST(Versions, areNotMadeByReadingOrByARefusal)
 {
     const Person person = personWithVersions();
     const auto before = pictureOf(person.stateHome());
@@ -319,7 +319,7 @@ TEST(Versions, areNotMadeByLookingOrByARefusal)
     EXPECT_EQ(pictureOf(person.stateHome()), before);
 }
 
-TEST(Versions, areKeptOnceWhenTimeHasPassedToo)
+TEST(Versions, areKeptOnceForAnEventAndTheCommandAfterIt)
 {
     Person person;
     person.has(stateIn(WorkflowState::focusing));
@@ -329,7 +329,7 @@ TEST(Versions, areKeptOnceWhenTimeHasPassedToo)
     EXPECT_EQ(jsonAt("/0/number", list), "1");  // and no other
 }
 
-TEST(Versions, thatCannotBeKeptAreSpokenOfAndTheChangeIsMade)
+TEST(Versions, thatCannotBeKeptAreReportedAndTheChangeIsMade)
 {
     const Person person;
     person.types({"ask", "First?"});

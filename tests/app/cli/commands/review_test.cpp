@@ -31,7 +31,7 @@ TEST(Review, refusesAnyOtherCompletion)
                                Words{"review", "--completion", "", "--next-outcome", "More"}}) {
         const Ending ending = person.types(words);
         EXPECT_EQ(ending.code, ExitCode::usage);
-        EXPECT_EQ(ending.err, "Say --completion yes, half or no.\n");
+        EXPECT_EQ(ending.err, "--completion: Say whether it was completed: yes, half or no.\n");
     }
     EXPECT_EQ(pictureOf(person.directory()), before);
 }

@@ -1,4 +1,4 @@
-// A block that waits for its time.
+// A scheduled block.
 #include "program_testing.hpp"
 
 namespace quillmere::test {
@@ -41,7 +41,7 @@ TEST(Cancel, discardsAScheduledBlock)
     EXPECT_TRUE(filesAgree(person));
 }
 
-TEST(ScheduledBlock, beginsByItselfWhenItsTimeHasCome)
+TEST(ScheduledBlock, beginsByItselfWhenItIsDue)
 {
     const TimeZone here("UTC");
     Person person;
@@ -56,30 +56,7 @@ TEST(ScheduledBlock, beginsByItselfWhenItsTimeHasCome)
     EXPECT_TRUE(filesAgree(person));
 }
 
-TEST(ScheduledBlock, isFoundBegunByTheNextCommand)
-{
-    Person person;
-    person.types({"plan", "--at", "+1h"});
-    const Ending ending = person.typesLater(5000, {"--json", "focus", "--outcome", "An outline"});
-    EXPECT_EQ(ending.code, ExitCode::done);
-    EXPECT_EQ(jsonAt("/events", ending.out), R"([{"at":"2026-11-15T16:23:20Z","event":"block_started"}])");
-    EXPECT_EQ(person.state().workflowState, WorkflowState::focusing);
-}
-
-TEST(ScheduledBlock, isSavedAsBegunEvenWhenTheCommandIsRefused)
-{
-    Person person;
-    person.types({"plan", "--at", "+1h"});
-    const Ending ending = person.typesLater(5000, {"--json", "cancel"});
-    EXPECT_EQ(ending.code, ExitCode::refused);
-    EXPECT_EQ(ending.out, "");
-    EXPECT_EQ(jsonAt("/error/case", ending.err), R"("invalidTransition")");
-    EXPECT_EQ(jsonAt("/events/0/event", ending.err), R"("block_started")");
-    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionPlanning);
-    EXPECT_TRUE(filesAgree(person));
-}
-
-TEST(ScheduledBlock, isShownWithItsTimeWhileItWaits)
+TEST(ScheduledBlock, isShownWithItsTime)
 {
     const TimeZone here("Europe/Berlin");
     const Person person;

@@ -1,4 +1,4 @@
-// The tour: a whole block, shown to a newcomer.
+// The tour: a whole block, played and shown.
 #include "program_testing.hpp"
 
 namespace quillmere::test {
@@ -21,7 +21,7 @@ TEST(Tour, playsAWholeBlockThroughRealFiles)
     ASSERT_EQ(state.blockHistory.size(), 1u);
     const Block& block = state.blockHistory.front();
     ASSERT_EQ(block.sessions.size(), 2u);
-    // The pause, and the end that nobody saw.
+    // The pause, and the end that the next command recorded.
     EXPECT_EQ(block.sessions[0].accumulatedPausedSeconds, 90);
     EXPECT_EQ(*block.sessions[0].endedAt - block.sessions[0].startedAt, 1590);
     EXPECT_TRUE(block.sessions[1].review);
@@ -51,14 +51,14 @@ TEST(Tour, showsWhatThePersonTheWidgetAndTheAgentSee)
     }
 }
 
-TEST(Tour, takesTheDirectoryAsAnOptionToo)
+TEST(Tour, acceptsTheDirectoryAsAnOptionToo)
 {
     const Person person;
     EXPECT_EQ(person.types({"tour"}).code, ExitCode::done);
     EXPECT_EQ(person.state().blockHistory.size(), 1u);
 }
 
-TEST(Tour, makesAFreshDirectoryOtherwise)
+TEST(Tour, createsATemporaryDirectoryOtherwise)
 {
     const Person person;
     const EnvironmentVariable temporary("TMPDIR", person.directory().string());
@@ -84,7 +84,7 @@ TEST(Tour, refusesADirectoryWithAState)
     EXPECT_EQ(pictureOf(person.directory()).size(), before.size());
 }
 
-TEST(Tour, isOneArrayOfItsStepsForPrograms)
+TEST(Tour, printsOneJsonArrayOfItsSteps)
 {
     const Person person;
     const Ending ending = person.types({"tour", "--json"});
@@ -104,7 +104,7 @@ TEST(Tour, isOneArrayOfItsStepsForPrograms)
     EXPECT_EQ(jsonAt("/15/result/0/id", ending.out), '"' + person.state().blockHistory.at(0).id.text() + '"');
 }
 
-TEST(Tour, tellsProgramsWhyItEndedEarly)
+TEST(Tour, reportsAsJsonWhyItEndedEarly)
 {
     const Person person;
     writeText(person.directory() / "file", "a diary");
@@ -117,16 +117,16 @@ TEST(Tour, tellsProgramsWhyItEndedEarly)
                   ". mkdir: File exists: " + (person.directory() / "file").string() + "\"");
 }
 
-TEST(Tour, wantsOneDirectory)
+TEST(Tour, refusesTwoDirectories)
 {
     const Person person;
     const Ending ending = person.types({"tour", (person.directory() / "other").string()});
     EXPECT_EQ(ending.code, ExitCode::usage);
-    EXPECT_EQ(ending.err, "Two directories are given; the tour wants one.\n");
+    EXPECT_EQ(ending.err, "Two directories are given; name one, as an argument or by --directory.\n");
     EXPECT_EQ(person.names(), Words{});
 }
 
-TEST(Tour, asksNobodyAnything)
+TEST(Tour, asksNothing)
 {
     Person person;
     person.isAsked = true;

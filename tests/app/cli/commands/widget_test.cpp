@@ -1,4 +1,5 @@
-// The summary as a widget shows it.
+// The commands widget, agent and open.
+#include "base/text/sanitize.hpp"
 #include "program_testing.hpp"
 
 namespace quillmere::test {
@@ -37,7 +38,7 @@ TEST(Widget, showsTheSummaryWithItsTimeline)
               "Timeline:  16:10 15:00  16:25 00:00  (asks again at 16:25)\n");
 }
 
-TEST(Widget, showsTheDayInItsTimelineWhenItIsAnother)
+TEST(Widget, showsTheDayInItsTimelineWhenItIsAnotherDay)
 {
     // The session is over at 01:25 of the next day.
     const TimeZone here("Asia/Tokyo");
@@ -48,7 +49,7 @@ TEST(Widget, showsTheDayInItsTimelineWhenItIsAnother)
               "Timeline:  23:59 26:00  2026-11-16 00:25 00:00  (asks again at 2026-11-16 00:25)\n");
 }
 
-TEST(Widget, tellsProgramsTheSame)
+TEST(Widget, printsTheSameAsJson)
 {
     const std::string json = personInFocus().types({"widget", "--json"}).out;
     EXPECT_EQ(keysOf(json), (Words{"snapshot", "title", "caption", "block_progress", "hidden_open_questions",
@@ -64,7 +65,7 @@ TEST(Widget, tellsProgramsTheSame)
     EXPECT_EQ(jsonAt("/session_progress", json), "0.4");
 }
 
-TEST(Widget, readsItsOwnFileAlone)
+TEST(Widget, readsItsOwnFileOnly)
 {
     // A widget has no access to the state.
     const Person person = personInFocus();
@@ -72,7 +73,7 @@ TEST(Widget, readsItsOwnFileAlone)
     EXPECT_EQ(person.types({"widget"}).code, ExitCode::done);
 }
 
-TEST(Widget, countsUpWhenNobodyEvaluatedTheTimer)
+TEST(Widget, countsUpWhileTheTimerIsNotEvaluated)
 {
     Person person = personInFocus();
     person.now = moment + 1561;
@@ -91,7 +92,7 @@ TEST(Widget, isEmptyBeforeAnythingWasSaved)
     EXPECT_EQ(person.names(), Words{});
 }
 
-TEST(Widget, ofANewerProgramIsNotShown)
+TEST(Widget, refusesASummaryOfANewerProgram)
 {
     const Person person = personInFocus();
     const auto file = person.directory() / WidgetSnapshotStore::fileName;
@@ -103,7 +104,7 @@ TEST(Widget, ofANewerProgramIsNotShown)
     EXPECT_EQ(pictureOf(person.directory()), before);
 }
 
-TEST(Widget, thatCannotBeReadIsNotShown)
+TEST(Widget, refusesASummaryThatCannotBeRead)
 {
     const Person person = personInFocus();
     writeText(person.directory() / WidgetSnapshotStore::fileName, "{}");
@@ -112,30 +113,6 @@ TEST(Widget, thatCannotBeReadIsNotShown)
     EXPECT_EQ(ending.out, "");
     EXPECT_EQ(jsonAt("/error", ending.err),
               R"({"case":"unusableData","message":"The widget's summary cannot be read."})");
-}
-
-struct Poison {
-    const char* value;
-    const char* poisonous;
-};
-
-// Numbers that a computation would overflow on.
-constexpr Poison poisons[] = {
-    {R"("frozen_remaining_seconds":1500,"is_paused":false)",
-     R"("frozen_remaining_seconds":-9223372036854775808,"is_paused":true)"},
-    {R"("open_question_count":4)", R"("open_question_count":-9223372036854775808)"},
-};
-
-TEST(Widget, withPoisonousNumbersIsNotShown)
-{
-    for (const Poison& poison : poisons) {
-        SCOPED_TRACE(poison.poisonous);
-        const Person person = personInFocus();
-        const auto file = person.directory() / WidgetSnapshotStore::fileName;
-        writeText(file, replaced(textOf(file), poison.value, poison.poisonous));
-        EXPECT_EQ(person.types({"widget"}).code, ExitCode::unusableData);
-        EXPECT_EQ(person.types({"widget", "--json"}).code, ExitCode::unusableData);
-    }
 }
 
 TEST(Agent, printsTheSummaryAsOfNow)
@@ -148,7 +125,7 @@ TEST(Agent, printsTheSummaryAsOfNow)
     EXPECT_EQ(person.types({"agent", "--json"}).out, ending.out);
 }
 
-TEST(Agent, isToldOfASessionThatRanOutSinceTheLastSave)
+TEST(Agent, printsASessionThatRanOutSinceTheLastSaveAsEnded)
 {
     Person person = personInFocus();
     person.now = moment + 9999;
@@ -173,7 +150,7 @@ constexpr Link links[] = {
     {"QUILLMERE://open/block-review", "block-review"},
 };
 
-TEST(Open, saysWhichScreenALinkLeadsTo)
+TEST(Open, printsTheScreenThatALinkNames)
 {
     const Person person;
     for (const Link& link : links) {
@@ -185,13 +162,14 @@ TEST(Open, saysWhichScreenALinkLeadsTo)
     EXPECT_EQ(person.names(), Words{});
 }
 
-TEST(Open, refusesALinkThatLeadsNowhere)
+TEST(Open, refusesAnyOtherLink)
 {
     const Person person;
     for (const char* link : {"", "focus", "quillmere://open/elsewhere", "https://open/focus", "\xFF"}) {
         const Ending ending = person.types({"open", link});
         EXPECT_EQ(ending.code, ExitCode::usage);
-        EXPECT_EQ(ending.err, "This link leads nowhere; they look like quillmere://open/focus.\n");
+        EXPECT_EQ(ending.err, std::string("This is not a link of Quillmere: ") + base::sanitized(link) +
+                                  ". They look like quillmere://open/focus.\n");
     }
     EXPECT_EQ(person.types({"open"}).code, ExitCode::usage);
 }

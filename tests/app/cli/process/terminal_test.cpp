@@ -7,7 +7,7 @@ namespace {
 class Terminal : public testing::Test {
 protected:
     Person person;
-    // As on a usual terminal; tests say what differs.
+    // As on a usual terminal.
     const EnvironmentVariable noColour{"NO_COLOR", std::nullopt};
     const EnvironmentVariable terminal{"TERM", "xterm"};
 
@@ -19,7 +19,7 @@ protected:
     }
 };
 
-TEST_F(Terminal, hasThePersonAskedForABlock)
+TEST_F(Terminal, asksForTheFieldsOfABlock)
 {
     const ProcessEnding ending = types(
         {"plan"}, "Chapter one\nChapter two\n\nA deadline\nRead aloud\nMail\n2000 words\nBlue folder\n\n");
@@ -34,7 +34,7 @@ TEST_F(Terminal, hasThePersonAskedForABlock)
     EXPECT_EQ(state.currentBlock->contextNotes, "Blue folder");
 }
 
-TEST_F(Terminal, takesControlDForGivingUp)
+TEST_F(Terminal, endsThePromptsAtControlD)
 {
     EXPECT_EQ(types({"plan"}, "Chapter one\n\nA deadline\n\x04").code, 2);
     EXPECT_EQ(person.names(), Words{});
@@ -44,18 +44,6 @@ TEST_F(Terminal, seesColour)
 {
     EXPECT_NE(types({"status"}).out.find("\x1b[1mIdle\x1b[0m"), std::string::npos);
     EXPECT_EQ(types({"status", "--json"}).out.find('\x1b'), std::string::npos);
-}
-
-TEST_F(Terminal, seesNoColourAgainstThePersonsWill)
-{
-    const EnvironmentVariable unwanted("NO_COLOR", "1");
-    EXPECT_EQ(types({"status"}).out, "Idle  No active block\nNext: plan\n");
-}
-
-TEST_F(Terminal, seesNoColourWhereThereIsNone)
-{
-    const EnvironmentVariable plain("TERM", "dumb");
-    EXPECT_EQ(types({}).out, "Idle  No active block\nNext: plan\n");
 }
 
 }  // namespace

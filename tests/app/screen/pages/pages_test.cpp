@@ -1,8 +1,8 @@
-// What every screen has, whatever the size of the window.
+// The pages in windows of every size.
 #include "screen/pages/pages.hpp"
 
 #include "program_testing.hpp"
-#include "screen/layout.hpp"
+#include "screen/canvas/layout.hpp"
 #include "screen/screen.hpp"
 #include "screen/screen_testing.hpp"
 
@@ -16,7 +16,7 @@ std::string pictureOf(const QuillmereState& state, Size window, Charset charset 
     const Person person;
     person.has(state);
     Screen ui(workspace::Workspace::in(person.directory(), [&] { return person.now; }),
-              Drafts(person.stateHome()), std::nullopt);
+              work::Drafts(person.stateHome()), std::nullopt);
     ui.resize(window);
     return ui.picture(charset).text();
 }
@@ -40,7 +40,7 @@ QuillmereState withHostileTexts(QuillmereState state)
 constexpr Size windows[] = {
     smallWindow, {.rows = 18, .columns = 64}, usualWindow, {.rows = 40, .columns = 140}};
 
-TEST(Screens, haveTheirKeysInEveryWindow)
+TEST(Pages, showTheirKeysInEveryWindow)
 {
     for (const Size window : windows) {
         SCOPED_TRACE(testing::Message() << window.columns << " by " << window.rows);
@@ -56,7 +56,7 @@ TEST(Screens, haveTheirKeysInEveryWindow)
     }
 }
 
-TEST(Screens, showTheCountdownAndThePlanInEveryWindow)
+TEST(Pages, showTheCountdownAndThePlanInEveryWindow)
 {
     for (const Size window : windows) {
         const std::string picture = pictureOf(stateIn(WorkflowState::focusing), window, Charset::ascii);
@@ -67,7 +67,7 @@ TEST(Screens, showTheCountdownAndThePlanInEveryWindow)
     }
 }
 
-TEST(Screens, showTheWholePlanWhereTheLayoutHasRoomForIt)
+TEST(Pages, showTheWholePlanInLargeLayouts)
 {
     for (const Size window : windows) {
         const std::string picture = pictureOf(stateIn(WorkflowState::focusing), window);
@@ -75,7 +75,7 @@ TEST(Screens, showTheWholePlanWhereTheLayoutHasRoomForIt)
     }
 }
 
-TEST(Screens, areInAsciiWhereThereIsNothingElse)
+TEST(Pages, haveOnlyAsciiForAsciiTerminals)
 {
     for (const WorkflowState workflowState : allCases<WorkflowState>()) {
         for (const char character : pictureOf(stateIn(workflowState), usualWindow, Charset::ascii)) {
@@ -84,7 +84,7 @@ TEST(Screens, areInAsciiWhereThereIsNothingElse)
     }
 }
 
-TEST(Screens, keepTheirShapeWhateverStandsInTheFiles)
+TEST(Pages, sanitizeTheTextsOfTheFiles)
 {
     for (const WorkflowState workflowState :
          {WorkflowState::sessionPlanning, WorkflowState::focusing, WorkflowState::sessionReview,
@@ -97,17 +97,18 @@ TEST(Screens, keepTheirShapeWhateverStandsInTheFiles)
     }
 }
 
-TEST(Screens, saySoWhenTheWindowIsTooSmall)
+TEST(Pages, sayThatTheWindowIsTooSmall)
 {
     EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::focusing), {.rows = 11, .columns = 80}), "too small"));
     EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::focusing), {.rows = 24, .columns = 39}), "too small"));
     EXPECT_NO_FATAL_FAILURE(pictureOf(stateIn(WorkflowState::focusing), {.rows = 1, .columns = 1}));
 }
 
-TEST(Screens, countOvertimeWithAPlus)
+TEST(Pages, countOvertimeWithAPlus)
 {
     Canvas canvas(usualWindow, Charset::ascii);
-    drawCountdown(canvas, {3, 2, 18, 76}, {stateIn(WorkflowState::breaking), {}, moment + 375});
+    drawCountdown(canvas, {3, 2, 18, 76},
+                  work::SituationView::of({stateIn(WorkflowState::breaking), {}, moment + 375}));
     EXPECT_TRUE(shows(canvas.text(), "  ##    ##  ##")) << canvas.text();
     EXPECT_FALSE(shows(canvas.text(), "......"));
 }

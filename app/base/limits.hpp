@@ -1,0 +1,20 @@
+// The limits of the numbers that this program accepts: from a person, and in a file.
+#pragma once
+
+#include <cstdint>
+
+namespace quillmere::base {
+
+// The engine accepts any duration above zero, but its timers count whole seconds in 64 bits and stop the
+// program beyond that. No such duration gets into a state through this program, and none is accepted from a
+// file.
+inline constexpr double shortestDuration = 1;              ///< seconds
+inline constexpr double longestDuration = 366.0 * 86'400;  ///< seconds
+
+/// Seconds. For the sum of pauses, and of a break's extensions, which can grow with every command. An instant
+/// so much later still has a date.
+inline constexpr double longestSum = 1'000 * longestDuration;
+
+inline constexpr std::int64_t mostCycles = 1'000;
+
+}  // namespace quillmere::base

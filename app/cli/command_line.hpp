@@ -1,0 +1,24 @@
+// The command line: global options, commands, and the parsing of arguments.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace quillmere::cli {
+
+class Program;
+
+/// Adds the global options and all commands to `line`. The completions of shells take the kind of an option's
+/// value from the name of its type (CLI::Option::type_name): FILE, DIRECTORY, or a choice in braces,
+/// {yes,half,no}.
+void defineCommandLine(CLI::App& line, Program& program);
+
+/// Parses the arguments; the settings and the action of the program are then those that they ask for. Throws
+/// CLI::ParseError, and as CLI::Success when help or the version is asked for.
+void parse(const std::vector<std::string>& arguments, CLI::App& line);
+
+}  // namespace quillmere::cli

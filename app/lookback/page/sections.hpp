@@ -1,0 +1,16 @@
+// The parts of the page that show figures.
+#pragma once
+
+#include "figures/look_back.hpp"
+
+#include <string>
+
+namespace quillmere::lookback {
+
+/// The most important figures, in large.
+std::string keyFigures(const figures::LookBack& look);
+
+/// Everything else: charts with their tables, and the last sessions.
+std::string pageSections(const figures::LookBack& look);
+
+}  // namespace quillmere::lookback

@@ -1,0 +1,40 @@
+// A key press.
+#pragma once
+
+#include <string>
+#include <utility>
+
+namespace quillmere::screen {
+
+struct Key {
+    enum class Kind {
+        character,  ///< `text` is the typed character
+        paste,      ///< `text` is the pasted text: UTF-8, with "\n" between lines
+        control,    ///< `text` is the letter pressed with Control, in lower case
+        enter,
+        tab,
+        backTab,
+        backspace,
+        remove,  ///< the Delete key
+        left,
+        right,
+        up,
+        down,
+        home,
+        end,
+        pageUp,
+        pageDown,
+        escape,
+    };
+
+    Kind kind;
+    std::string text = {};
+
+    friend bool operator==(const Key&, const Key&) = default;
+};
+
+inline Key typed(std::string text) { return {Key::Kind::character, std::move(text)}; }
+inline Key pasted(std::string text) { return {Key::Kind::paste, std::move(text)}; }
+inline Key withControl(char letter) { return {Key::Kind::control, std::string(1, letter)}; }
+
+}  // namespace quillmere::screen

@@ -1,0 +1,188 @@
+#include "screen/keys/key_reader.hpp"
+
+#include <quillmere/records/json/utf8.hpp>
+
+#include <array>
+
+namespace quillmere::screen {
+namespace {
+
+constexpr unsigned char escapeByte = 0x1B;
+constexpr unsigned char afterAscii = 0x80;
+constexpr std::string_view pasteBegin = "[200~";
+constexpr std::string_view pasteEnd = "\x1b[201~";
+
+struct ControlKey {
+    unsigned char byte;
+    Key::Kind kind;
+};
+
+constexpr auto controlKeys = std::to_array<ControlKey>({
+    {'\r', Key::Kind::enter},
+    {'\n', Key::Kind::enter},
+    {'\t', Key::Kind::tab},
+    {'\b', Key::Kind::backspace},
+    {0x7F, Key::Kind::backspace},
+});
+
+bool isControl(unsigned char byte) { return byte < 0x20 || byte == 0x7F; }
+
+/// The C1 control characters: U+0080 to U+009F.
+bool isHighControl(std::string_view character)
+{
+    return character.size() == 2 && character[0] == '\xC2' && static_cast<unsigned char>(character[1]) < 0xA0;
+}
+
+bool canBeginCharacter(unsigned char byte) { return byte >= 0xC2 && byte <= 0xF4; }
+
+/// The text of a paste with "\n" as line break and without control characters other than tabs.
+std::string pastedText(std::string_view bytes, Charset charset)
+{
+    std::string text;
+    bool isAfterReturn = false;
+    for (std::string_view rest = bytes; !rest.empty();) {
+        const json::Utf8Sequence sequence = json::frontSequence(rest);
+        const std::string_view character = rest.substr(0, sequence.length);
+        const auto front = static_cast<unsigned char>(character.front());
+        rest.remove_prefix(sequence.length);
+        if (character == "\r" || (character == "\n" && !isAfterReturn)) {
+            text += '\n';
+        } else if (front >= afterAscii ? charset == Charset::unicode && !isHighControl(character)
+                                       : !isControl(front) || character == "\t") {
+            text += sequence.wellFormed ? character : json::replacementCharacter;
+        }
+        isAfterReturn = character == "\r";
+    }
+    return text;
+}
+
+}  // namespace
+
+void KeyReader::take(unsigned char byte)
+{
+    switch (place_) {
+        case Place::text: takeText(byte); break;
+        case Place::escape: takeAfterEscape(byte); break;
+        case Place::sequence: takeInSequence(byte); break;
+        case Place::paste: takeInPaste(byte); break;
+    }
+}
+
+void KeyReader::take(Key key)
+{
+    if (place_ == Place::paste) {
+        return;
+    }
+    pause();
+    if (place_ == Place::text) {
+        breakCharacterOff();
+    }
+    place_ = Place::text;
+    pending_.clear();
+    put(std::move(key));
+}
+
+void KeyReader::pause()
+{
+    if (place_ == Place::escape) {
+        place_ = Place::text;
+        put({Key::Kind::escape});
+    }
+}
+
+std::optional<Key> KeyReader::key()
+{
+    if (keys_.empty()) {
+        return std::nullopt;
+    }
+    Key key = std::move(keys_.front());
+    keys_.pop_front();
+    return key;
+}
+
+void KeyReader::takeText(unsigned char byte)
+{
+    if (!pending_.empty()) {
+        const std::string longer = pending_ + static_cast<char>(byte);
+        const json::Utf8Sequence sequence = json::frontSequence(longer);
+        if (sequence.length == longer.size()) {
+            pending_ = longer;
+            if (sequence.wellFormed) {
+                putCharacter(std::exchange(pending_, {}));
+            }
+            return;
+        }
+        breakCharacterOff();
+    }
+    if (byte == escapeByte) {
+        place_ = Place::escape;
+    } else if (isControl(byte)) {
+        for (const ControlKey& key : controlKeys) {
+            if (key.byte == byte) {
+                put({key.kind});
+                return;
+            }
+        }
+        if (byte >= 1 && byte <= 26) {
+            put(withControl(static_cast<char>('a' + byte - 1)));
+        }
+    } else if (canBeginCharacter(byte)) {
+        pending_ = static_cast<char>(byte);
+    } else {
+        putCharacter(byte < afterAscii ? std::string(1, static_cast<char>(byte))
+                                       : std::string(json::replacementCharacter));
+    }
+}
+
+void KeyReader::takeAfterEscape(unsigned char byte)
+{
+    if (byte == '[' || byte == 'O') {
+        place_ = Place::sequence;
+        pending_ = static_cast<char>(byte);
+    } else {
+        pause();
+        takeText(byte);
+    }
+}
+
+void KeyReader::takeInSequence(unsigned char byte)
+{
+    constexpr unsigned char firstFinal = 0x40;
+    const bool isPartOfIt = !isControl(byte) && byte < afterAscii;
+    if (isPartOfIt && byte < firstFinal) {
+        pending_ += static_cast<char>(byte);
+        return;
+    }
+    const bool isPaste = std::exchange(pending_, {}) + static_cast<char>(byte) == pasteBegin;
+    place_ = isPaste ? Place::paste : Place::text;
+    if (!isPartOfIt) {
+        takeText(byte);
+    }
+}
+
+void KeyReader::takeInPaste(unsigned char byte)
+{
+    pending_ += static_cast<char>(byte);
+    if (pending_.ends_with(pasteEnd)) {
+        pending_.resize(pending_.size() - pasteEnd.size());
+        place_ = Place::text;
+        put({Key::Kind::paste, pastedText(std::exchange(pending_, {}), charset_)});
+    }
+}
+
+void KeyReader::putCharacter(std::string character)
+{
+    const bool isAscii = static_cast<unsigned char>(character.front()) < afterAscii;
+    if (isAscii || (charset_ == Charset::unicode && !isHighControl(character))) {
+        put(typed(std::move(character)));
+    }
+}
+
+void KeyReader::breakCharacterOff()
+{
+    if (!std::exchange(pending_, {}).empty()) {
+        putCharacter(std::string(json::replacementCharacter));
+    }
+}
+
+}  // namespace quillmere::screen

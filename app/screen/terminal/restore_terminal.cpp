@@ -1,0 +1,58 @@
+#include "screen/terminal/restore_terminal.hpp"
+
+#include "screen/terminal/interruptible_write.hpp"
+
+// Makes curses declare functions instead of macros where it can.
+#define NCURSES_NOMACROS
+#include <curses.h>
+#include <term.h>
+#include <unistd.h>
+
+// Macros of curses that clash with names below.
+#undef columns
+#undef lines
+#undef tab
+
+namespace quillmere::screen {
+namespace {
+
+int writeByte(int byte)
+{
+    const char character = static_cast<char>(byte);
+    writeToTerminal({&character, 1});
+    return byte;
+}
+
+/// A string capability; null when the terminal lacks it.
+const char* capability(const char* name)
+{
+    const char* const text = ::tigetstr(name);
+    return text == reinterpret_cast<const char*>(-1) ? nullptr : text;
+}
+
+}  // namespace
+
+void writeToTerminal(std::string_view sequence)
+{
+    while (!sequence.empty()) {
+        const ssize_t written = ::write(STDOUT_FILENO, sequence.data(), sequence.size());
+        if (written <= 0) {
+            return;  // the terminal is gone
+        }
+        sequence.remove_prefix(static_cast<std::size_t>(written));
+    }
+}
+
+void leaveScreen()
+{
+    const InterruptibleWrite writing;
+    ::endwin();
+    writeToTerminal(markNoPastes);
+    // Without an alternate screen the picture stays visible, with the cursor in its last row.
+    const char* const clearRow = capability("el");
+    if (!capability("rmcup") && clearRow) {
+        ::tputs(clearRow, 1, writeByte);
+    }
+}
+
+}  // namespace quillmere::screen

@@ -1,0 +1,259 @@
+#include "screen/terminal/terminal.hpp"
+
+#include "base/refusal.hpp"
+#include "base/system/terminal_charset.hpp"
+#include "base/text/accents.hpp"
+#include "base/text/style.hpp"
+#include "screen/terminal/interruptible_write.hpp"
+#include "screen/terminal/restore_terminal.hpp"
+
+// Makes curses declare functions instead of macros where it can.
+#define NCURSES_NOMACROS
+#include <curses.h>
+#include <sys/ioctl.h>
+#include <term.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <clocale>
+#include <cstdlib>
+#include <cwchar>
+
+// Macros of curses that clash with names below.
+#undef columns
+#undef lines
+#undef tab
+
+namespace quillmere::screen {
+namespace {
+
+constexpr short pairOf(QuillmereDesign::Accent accent)
+{
+    return static_cast<short>(static_cast<int>(accent) + 1);
+}
+
+/// Defines the colour pairs that the terminal supports; returns whether it has colours.
+bool setUpColours()
+{
+    if (!base::wantsColour(true) || !::has_colors() || ::start_color() == ERR ||
+        ::use_default_colors() == ERR) {
+        return false;
+    }
+    for (const base::AccentColours& colours : base::accentColours) {
+        ::init_pair(pairOf(colours.value), COLORS >= 256 ? colours.of256 : colours.of16, base::usualColour);
+    }
+    return true;
+}
+
+struct KeyRow {
+    int code;
+    Key::Kind kind;
+};
+
+constexpr auto functionKeys = std::to_array<KeyRow>({
+    {KEY_ENTER, Key::Kind::enter},
+    {KEY_BTAB, Key::Kind::backTab},
+    {KEY_BACKSPACE, Key::Kind::backspace},
+    {KEY_DC, Key::Kind::remove},
+    {KEY_LEFT, Key::Kind::left},
+    {KEY_RIGHT, Key::Kind::right},
+    {KEY_UP, Key::Kind::up},
+    {KEY_DOWN, Key::Kind::down},
+    {KEY_HOME, Key::Kind::home},
+    {KEY_END, Key::Kind::end},
+    {KEY_PPAGE, Key::Kind::pageUp},
+    {KEY_NPAGE, Key::Kind::pageDown},
+});
+
+std::optional<Key> functionKey(int code)
+{
+    for (const KeyRow& row : functionKeys) {
+        if (row.code == code) {
+            return Key{row.kind};
+        }
+    }
+    return std::nullopt;
+}
+
+/// Sets the locale that curses draws by. C.UTF-8 stands in for one of UTF-8 that is not installed here.
+Charset takeOverLocale()
+{
+    if (!base::terminalUsesUtf8()) {
+        std::setlocale(LC_CTYPE, "");
+        return Charset::ascii;
+    }
+    const bool isSet = std::setlocale(LC_CTYPE, "") || std::setlocale(LC_CTYPE, "C.UTF-8");
+    return isSet ? Charset::unicode : Charset::ascii;
+}
+
+constexpr std::size_t mostCharactersOfCell = CCHARW_MAX;
+
+/// The characters of a cell for curses: one with a width, then combining ones. A question mark replaces a
+/// character whose width in the C library differs from ours.
+std::array<wchar_t, mostCharactersOfCell + 1> charactersOf(const Cell& cell)
+{
+    std::array<wchar_t, mostCharactersOfCell + 1> characters{};
+    std::size_t count = 0;
+    std::mbstate_t state{};
+    const char* rest = cell.text.data();
+    const char* const end = rest + cell.text.size();
+    while (rest < end && count < mostCharactersOfCell) {
+        wchar_t character = 0;
+        const std::size_t length =
+            std::mbrtowc(&character, rest, static_cast<std::size_t>(end - rest), &state);
+        if (length == 0 || length > cell.text.size()) {
+            break;
+        }
+        rest += length;
+        const int width = ::wcwidth(character);
+        if (count == 0 && width != static_cast<int>(cell.columns)) {
+            characters[0] = L'?';
+            return characters;
+        }
+        if (count == 0 || width == 0) {
+            characters[count++] = character;
+        }
+    }
+    return characters;
+}
+
+}  // namespace
+
+bool canShowScreens()
+{
+    int ignored = 0;
+    const char* const name = std::getenv("TERM");
+    if (!name || !*name || ::setupterm(name, STDOUT_FILENO, &ignored) == ERR) {
+        return false;
+    }
+    const char* const move = ::tigetstr("cup");
+    const bool canMove = move && move != reinterpret_cast<const char*>(-1);
+    ::del_curterm(cur_term);
+    return canMove;
+}
+
+void Terminal::Delete::operator()(::screen* terminal) const
+{
+    leaveScreen();
+    ::delscreen(terminal);
+}
+
+Terminal::Terminal() : charset_(takeOverLocale()), keyReader_(charset_)
+{
+    if (canShowScreens()) {
+        screen_.reset(::newterm(nullptr, stdout, stdin));
+    }
+    if (!screen_) {
+        throw base::Refusal(base::Refusal::Kind::invalidRequest,
+                            "This terminal cannot show a screen: TERM says nothing of moving a cursor. The "
+                            "commands work all the same (quillmere --help).");
+    }
+    constexpr int escapeMilliseconds = 50;
+    ::set_escdelay(escapeMilliseconds);
+    ::cbreak();
+    ::noecho();
+    ::nonl();
+    ::keypad(stdscr, TRUE);
+    ::nodelay(stdscr, TRUE);
+    // Curses uses LINES and COLUMNS, which may describe another window.
+    adaptToSize();
+    setInputModes();
+    writeToTerminal(markPastes);
+    coloured_ = setUpColours();
+}
+
+Terminal::~Terminal() = default;
+
+void Terminal::setInputModes()
+{
+    // Control-S saves here; by default it stops the output.
+    termios modes{};
+    if (::tcgetattr(STDIN_FILENO, &modes) == 0) {
+        modes.c_iflag &= ~static_cast<tcflag_t>(IXON);
+        ::tcsetattr(STDIN_FILENO, TCSADRAIN, &modes);
+        ::def_prog_mode();
+    }
+}
+
+Size Terminal::size() const
+{
+    return {.rows = static_cast<std::size_t>(std::max(getmaxy(stdscr), 1)),
+            .columns = static_cast<std::size_t>(std::max(getmaxx(stdscr), 1))};
+}
+
+void Terminal::adaptToSize()
+{
+    winsize window{};
+    if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &window) == 0 && window.ws_row > 0 && window.ws_col > 0) {
+        ::resize_term(window.ws_row, window.ws_col);
+        ::clearok(curscr, TRUE);
+    }
+}
+
+void Terminal::giveBack() { leaveScreen(); }
+
+void Terminal::takeBack()
+{
+    ::reset_prog_mode();
+    writeToTerminal(markPastes);
+    adaptToSize();
+    ::clearok(curscr, TRUE);
+    const InterruptibleWrite writing;
+    ::wrefresh(curscr);
+}
+
+void Terminal::show(const Canvas& canvas)
+{
+    ::werase(stdscr);
+    for (std::size_t row = 0; row < canvas.size().rows; ++row) {
+        for (std::size_t column = 0; column < canvas.size().columns; ++column) {
+            const Cell& cell = canvas.cell({row, column});
+            if (cell.columns == 0) {
+                continue;
+            }
+            const attr_t attributes =
+                (cell.look.bold ? A_BOLD : A_NORMAL) | (cell.look.dim ? A_DIM : A_NORMAL);
+            const short pair = coloured_ && cell.look.accent ? pairOf(*cell.look.accent) : short{0};
+            cchar_t character{};
+            ::setcchar(&character, charactersOf(cell).data(), attributes, pair, nullptr);
+            ::mvwadd_wchnstr(stdscr, static_cast<int>(row), static_cast<int>(column), &character, 1);
+        }
+    }
+    const std::optional<Place>& cursor = canvas.cursor();
+    ::curs_set(cursor ? 1 : 0);
+    if (cursor) {
+        ::wmove(stdscr, static_cast<int>(cursor->row), static_cast<int>(cursor->column));
+    }
+    const InterruptibleWrite writing;
+    ::wrefresh(stdscr);
+}
+
+void Terminal::ringBell() { ::beep(); }
+
+std::vector<Key> Terminal::takeKeys()
+{
+    // A limit, so that pictures are shown and signals handled during a long paste.
+    constexpr std::size_t mostKeys = 300;
+    constexpr int mostBytes = 10'000;
+    std::vector<Key> keys;
+    hasMoreKeys_ = true;
+    for (int count = 0; count < mostBytes && keys.size() < mostKeys && hasMoreKeys_; ++count) {
+        const int code = ::wgetch(stdscr);
+        if (code == ERR) {
+            hasMoreKeys_ = false;
+            keyReader_.pause();
+        } else if (code <= 0xFF) {
+            keyReader_.take(static_cast<unsigned char>(code));
+        } else if (std::optional<Key> key = functionKey(code)) {
+            keyReader_.take(*std::move(key));
+        }
+        while (std::optional<Key> key = keyReader_.key()) {
+            keys.push_back(*std::move(key));
+        }
+    }
+    return keys;
+}
+
+}  // namespace quillmere::screen

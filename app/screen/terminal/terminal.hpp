@@ -1,0 +1,61 @@
+// The terminal of this process in screen mode.
+#pragma once
+
+#include "screen/canvas/canvas.hpp"
+#include "screen/keys/key_reader.hpp"
+
+#include <memory>
+#include <vector>
+
+struct screen;  // of curses
+
+namespace quillmere::screen {
+
+/// Whether the terminal described by TERM can move its cursor.
+bool canShowScreens();
+
+/// Uses standard input and output during its lifetime and restores the terminal afterwards; CrashHandler
+/// restores it after a crash. Only one may exist at a time.
+class Terminal {
+public:
+    /// Throws Refusal when the terminal cannot show a screen.
+    Terminal();
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+    ~Terminal();
+
+    Charset charset() const { return charset_; }
+    Size size() const;
+
+    /// Shows a picture of the terminal's size.
+    void show(const Canvas& canvas);
+    void ringBell();
+
+    /// The keys pressed since the last call, without waiting; a few hundred at most. Unknown keys are
+    /// dropped.
+    std::vector<Key> takeKeys();
+    /// Whether more keys can be taken without waiting.
+    bool hasMoreKeys() const { return hasMoreKeys_; }
+
+    /// Adopts a new size of the window.
+    void adaptToSize();
+
+    /// Restores the terminal for a while; `takeBack` returns to screen mode and redraws everything.
+    void giveBack();
+    void takeBack();
+
+private:
+    void setInputModes();
+
+    struct Delete {
+        void operator()(::screen* terminal) const;
+    };
+
+    std::unique_ptr<::screen, Delete> screen_;
+    Charset charset_;
+    KeyReader keyReader_;
+    bool hasMoreKeys_ = false;
+    bool coloured_ = false;
+};
+
+}  // namespace quillmere::screen

@@ -1,0 +1,192 @@
+#include "work/fields/answers.hpp"
+
+#include "base/text/local_time.hpp"
+#include "work/fields/unacceptable.hpp"
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+
+namespace quillmere::work {
+namespace {
+
+std::string quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
+
+std::string lowerCase(std::string_view text)
+{
+    std::string lower;
+    for (const char letter : text) {
+        lower += static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+    }
+    return lower;
+}
+
+/// "1 h 30 min" as it is typed: "1h30m".
+std::string durationAsTyped(double seconds)
+{
+    std::string text;
+    for (const char character : base::durationText(seconds)) {
+        // The first letter of a unit's name is enough.
+        const bool isRestOfUnit = character >= 'a' && !text.empty() && text.back() >= 'a';
+        text += character == ' ' || isRestOfUnit ? std::string() : std::string(1, character);
+    }
+    return text;
+}
+
+// One overload a type of member.
+
+FieldValue valueOf(const std::string& text) { return text; }
+FieldValue valueOf(double seconds) { return durationAsTyped(seconds); }
+FieldValue valueOf(std::int64_t number) { return std::to_string(number); }
+FieldValue valueOf(CompletionResult result) { return std::string(rawValue(result)); }
+FieldValue valueOf(const std::optional<Instant>& start)
+{
+    return start ? base::localText(*start) : std::string();
+}
+FieldValue valueOf(const std::optional<Identifier>& id) { return id ? id->text() : std::string(); }
+FieldValue valueOf(const std::vector<Outcome>& outcomes)
+{
+    std::vector<ListItem> items;
+    for (const Outcome& outcome : outcomes) {
+        items.push_back({outcome.id.text(), outcome.title});
+    }
+    return items;
+}
+
+/// An answer with all that reading it depends on.
+struct Reading {
+    Answer answer;
+    const Prompt& prompt;
+    Instant now;
+};
+
+void set(std::string& member, const Reading& reading) { member = reading.answer.text; }
+void set(double& member, const Reading& reading) { member = durationFrom(reading.answer); }
+void set(std::int64_t& member, const Reading& reading)
+{
+    const bool isNothingChosen = reading.prompt.kind == FieldKind::choice && reading.answer.text.empty();
+    member = isNothingChosen ? member : numberFrom(reading.answer, reading.prompt.limits);
+}
+void set(CompletionResult& member, const Reading& reading) { member = completionFrom(reading.answer); }
+void set(std::optional<Instant>& member, const Reading& reading)
+{
+    member =
+        reading.answer.text.empty() ? std::nullopt : std::optional(startFrom(reading.answer, reading.now));
+}
+void set(std::optional<Identifier>& member, const Reading& reading)
+{
+    member = Identifier::fromText(reading.answer.text);
+}
+/// Lists are no texts; setFrom handles them.
+void set(std::vector<Outcome>&, const Reading&) {}
+
+}  // namespace
+
+double durationFrom(const Answer& answer)
+{
+    const std::optional<double> seconds = base::durationFromText(answer.text);
+    if (!seconds) {
+        throw Unacceptable(
+            answer.field,
+            quoted(answer.text) + " is no duration from 1 second to 366 days, such as 25m or 1h30m.");
+    }
+    return *seconds;
+}
+
+std::int64_t numberFrom(const Answer& answer, const Limits& limits)
+{
+    std::int64_t number = 0;
+    const char* const end = answer.text.data() + answer.text.size();
+    const auto [stop, error] = std::from_chars(answer.text.data(), end, number);
+    const bool isTooMany = limits.engineAcceptsMore && number > limits.most;
+    if (error != std::errc() || stop != end || isTooMany) {
+        const std::string range =
+            limits.most == 0 ? ""
+                             : " from " + std::to_string(limits.least) + " to " + std::to_string(limits.most);
+        throw Unacceptable(answer.field, quoted(answer.text) + " is no whole number" + range + ".");
+    }
+    return number;
+}
+
+CompletionResult completionFrom(const Answer& answer)
+{
+    for (const CompletionResult result : allCases<CompletionResult>()) {
+        if (lowerCase(rawValue(result)) == lowerCase(answer.text)) {
+            return result;
+        }
+    }
+    throw Unacceptable(answer.field, "Say whether it was completed: yes, half or no.");
+}
+
+Instant startFrom(const Answer& answer, Instant now)
+{
+    const std::optional<Instant> start = base::instantFromLocalText(answer.text, now);
+    if (!start) {
+        throw Unacceptable(
+            answer.field, quoted(answer.text) + " is no local time, such as 14:30, 2026-11-15 09:00 or +1h.");
+    }
+    return *start;
+}
+
+void requireToCome(const std::string& field, Instant start, Instant now)
+{
+    if (start < now) {
+        throw Unacceptable(field, "The time to begin, " + base::localText(start) +
+                                      ", has passed; name a time to come, or begin now.");
+    }
+}
+
+void requireQuestion(const std::string& field, std::string_view text)
+{
+    if (text.find_first_not_of(" \t\n\v\f\r") == std::string_view::npos) {
+        throw Unacceptable(field, "A question has a text.");
+    }
+}
+
+std::vector<Outcome> outcomesFrom(const std::vector<ListItem>& items)
+{
+    std::vector<Outcome> outcomes;
+    for (const ListItem& item : items) {
+        if (!item.text.empty()) {
+            const std::optional<Identifier> id = Identifier::fromText(item.key);
+            outcomes.push_back({.id = id ? *id : Identifier::random(), .title = item.text});
+        }
+    }
+    if (outcomes.empty()) {
+        outcomes.push_back({.id = Identifier::random(), .title = {}});
+    }
+    return outcomes;
+}
+
+template <class Record>
+FieldValue valueIn(const Record& record, const RecordField<Record>& field)
+{
+    return std::visit([&](const auto member) { return valueOf(record.*member); }, field.member);
+}
+
+template <class Record>
+void setFrom(Record& record, const RecordField<Record>& field, const std::string& id, const FieldValue& value,
+             Instant now)
+{
+    if (const auto* const list = std::get_if<std::vector<Outcome> Record::*>(&field.member)) {
+        record.** list = outcomesFrom(std::get<std::vector<ListItem>>(value));
+        return;
+    }
+    const Reading reading{{id, std::get<std::string>(value)}, field.prompt, now};
+    std::visit([&](const auto member) { set(record.*member, reading); }, field.member);
+}
+
+template FieldValue valueIn(const Block&, const RecordField<Block>&);
+template FieldValue valueIn(const SessionPlan&, const RecordField<SessionPlan>&);
+template FieldValue valueIn(const SessionReview&, const RecordField<SessionReview>&);
+template FieldValue valueIn(const BlockReview&, const RecordField<BlockReview>&);
+
+template void setFrom(Block&, const RecordField<Block>&, const std::string&, const FieldValue&, Instant);
+template void setFrom(SessionPlan&, const RecordField<SessionPlan>&, const std::string&, const FieldValue&,
+                      Instant);
+template void setFrom(SessionReview&, const RecordField<SessionReview>&, const std::string&,
+                      const FieldValue&, Instant);
+template void setFrom(BlockReview&, const RecordField<BlockReview>&, const std::string&, const FieldValue&,
+                      Instant);
+
+}  // namespace quillmere::work

@@ -1,0 +1,48 @@
+// From an answer to the member of a record and back: the only parser of each field, and its refusals.
+#pragma once
+
+#include "work/fields/field_value.hpp"
+#include "work/fields/fields.hpp"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillmere::work {
+
+/// A text that was given to a field; `field` is named by a refusal.
+struct Answer {
+    std::string field;
+    std::string text;
+};
+
+// Each throws Unacceptable when the text is no such value. Numbers outside their limits are left to the
+// engine to refuse, except those that only this program refuses.
+double durationFrom(const Answer& answer);
+std::int64_t numberFrom(const Answer& answer, const Limits& limits);
+/// Yes, half or no, in upper or lower case.
+CompletionResult completionFrom(const Answer& answer);
+/// A local time, also one that has passed.
+Instant startFrom(const Answer& answer, Instant now);
+
+/// Throws Unacceptable when the time has passed.
+void requireToCome(const std::string& field, Instant start, Instant now);
+
+/// Throws Unacceptable when the text of a question is blank.
+void requireQuestion(const std::string& field, std::string_view text);
+
+/// Drops untitled outcomes, but keeps at least one. Outcomes without a key get an identifier of their own.
+std::vector<Outcome> outcomesFrom(const std::vector<ListItem>& items);
+
+/// The member as an answer that would set it.
+template <class Record>
+FieldValue valueIn(const Record& record, const RecordField<Record>& field);
+
+/// Sets the member to an answer; `id` is the name of the field in its form or command. Empty texts mean: no
+/// planned start, no outcome served, and a rating that stays as it is. Throws Unacceptable.
+template <class Record>
+void setFrom(Record& record, const RecordField<Record>& field, const std::string& id, const FieldValue& value,
+             Instant now);
+
+}  // namespace quillmere::work

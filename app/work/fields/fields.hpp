@@ -1,0 +1,93 @@
+// What a person fills in: one table a record. The options of the commands, their prompts and the forms all
+// follow from these tables.
+#pragma once
+
+#include "base/text/duration.hpp"
+#include "work/fields/prompt.hpp"
+#include "workspace/screening.hpp"
+
+#include <quillmere/records/block.hpp>
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace quillmere::work {
+
+/// The member of a record that an answer is stored in.
+template <class Record>
+using Member = std::variant<std::string Record::*, double Record::*, std::int64_t Record::*,
+                            CompletionResult Record::*, std::optional<Instant> Record::*,
+                            std::optional<Identifier> Record::*, std::vector<Outcome> Record::*>;
+
+template <class Record>
+struct RecordField {
+    Prompt prompt;
+    Member<Record> member;
+};
+
+/// Durations are seconds.
+inline constexpr Limits durationLimits = {static_cast<std::int64_t>(base::shortestDuration),
+                                          static_cast<std::int64_t>(base::longestDuration)};
+inline constexpr Limits cycleLimits = {1, workspace::mostCycles, true};
+inline constexpr Limits ratingLimits = {1, 5};
+
+namespace field_tables {
+
+using enum FieldKind;
+
+// clang-format off
+inline constexpr auto block = std::to_array<RecordField<Block>>({
+    {{"outcome",   "What should come out of it?",           list, {}, "(may be given several times)"}, &Block::outcomes},
+    {{"why",       "Why does it matter?",                   text}, &Block::whyValue},
+    {{"done-test", "How will you know that it is done?",    line}, &Block::doneTest},
+    {{"hazards",   "What could get in the way?",            text}, &Block::hazards},
+    {{"check",     "What can be measured at the end?",      line}, &Block::measurableCheck},
+    {{"notes",     "What else should be at hand?",          text}, &Block::contextNotes},
+    {{"focus",     "How long is a focus session?",          line, durationLimits, "25m (usual), 1h30m"}, &Block::focusDurationSeconds},
+    {{"break",     "How long is a break?",                  line, durationLimits, "5m (usual)"}, &Block::breakDurationSeconds},
+    {{"cycles",    "How many focus sessions?",              line, cycleLimits, "8 (usual)"}, &Block::cycleCount},
+    {{"at",        "When does it begin?",                   line, {}, "14:30, \"2026-11-15 09:00\", +1h", "14:30, +1h; empty: now"}, &Block::plannedStart},
+});
+
+inline constexpr auto plan = std::to_array<RecordField<SessionPlan>>({
+    {{"outcome",      "What should this session bring about?",       line}, &SessionPlan::intendedOutcome},
+    {{"first-action", "What is the first action?",                   line}, &SessionPlan::firstAction},
+    {{"hazards",      "What could get in the way, and what then?",   text}, &SessionPlan::hazardsMitigation},
+    {{"framing",      "How will you look at it?",                    text}, &SessionPlan::nicuFraming},
+    {{"towards",      "Which outcome of the block does it serve?",   choice, {}, "(its number)"}, &SessionPlan::blockOutcomeID},
+    {{"energy",       "How much energy is there?",                   choice, ratingLimits, "1 to 5"}, &SessionPlan::energy},
+    {{"morale",       "How is the mood?",                            choice, ratingLimits, "1 to 5"}, &SessionPlan::morale},
+});
+
+inline constexpr auto review = std::to_array<RecordField<SessionReview>>({
+    {{"completion",   "Was it completed?",           choice, {}, {}, "yes, half, no"}, &SessionReview::completion},
+    {{"result",       "What came out of it?",        text}, &SessionReview::noteworthyResult},
+    {{"distractions", "What distracted you?",        text}, &SessionReview::distractions},
+    {{"improvement",  "What would you do better?",   text}, &SessionReview::improvement},
+});
+
+inline constexpr auto reflection = std::to_array<RecordField<BlockReview>>({
+    {{"output",      "What was produced?",                     text}, &BlockReview::outputProduced},
+    {{"comparison",  "How does it compare with the usual?",    text}, &BlockReview::normalComparison},
+    {{"bogged-down", "Where did it bog down?",                 text}, &BlockReview::boggedDown},
+    {{"went-well",   "What went well?",                        text}, &BlockReview::wentWell},
+    {{"lessons",     "What is to be learnt from it?",          text}, &BlockReview::lessons},
+});
+// clang-format on
+
+}  // namespace field_tables
+
+inline constexpr auto& blockFields = field_tables::block;
+inline constexpr auto& planFields = field_tables::plan;
+inline constexpr auto& reviewFields = field_tables::review;
+inline constexpr auto& reflectionFields = field_tables::reflection;
+
+/// What an answer to a question, and a new question, are asked by.
+inline constexpr Prompt answerPrompt = {"answer", "The answer", FieldKind::text};
+inline constexpr Prompt questionPrompt = {"question", "What is to be asked?", FieldKind::text};
+
+}  // namespace quillmere::work

@@ -1,0 +1,63 @@
+// The form of a block.
+#include "work/forms/record_forms.hpp"
+
+#include <quillmere/engine/workflow_engine.hpp>
+
+#include <utility>
+
+namespace quillmere::work {
+namespace {
+
+constexpr const char* startId = "at";
+/// The first field of the part about time.
+constexpr std::string_view firstOfTime = "focus";
+
+Block blockInPlanning(const QuillmereState& state, Instant now)
+{
+    return state.currentBlock ? *state.currentBlock : Block::default_(now);
+}
+
+/// The outcomes of a new block get other identifiers each time, so its items have no key: otherwise every
+/// draft would seem to be about changed outcomes.
+void removeKeys(FieldValue& value)
+{
+    if (auto* const items = std::get_if<std::vector<ListItem>>(&value)) {
+        for (ListItem& item : *items) {
+            item.key.clear();
+        }
+    }
+}
+
+}  // namespace
+
+bool hasPlannedStart(const Form& form) { return !form.text(startId).empty(); }
+
+void addBlockFields(Form& form, const QuillmereState& state, Instant now)
+{
+    const Block block = blockInPlanning(state, now);
+    for (const RecordField<Block>& row : blockFields) {
+        if (row.prompt.name == firstOfTime) {
+            form.addHeading("Its time");
+        }
+        Field field = fieldOf(row, "", block);
+        if (!state.currentBlock) {
+            removeKeys(field.value);
+        }
+        form.add(std::move(field));
+    }
+}
+
+void saveBlock(const Form& form, QuillmereState& state, Instant now)
+{
+    Block block = blockInPlanning(state, now);
+    applyFields(form, "", blockFields, block, now);
+    const WorkflowEngine engine;
+    if (block.plannedStart) {
+        requireToCome(startId, *block.plannedStart, now);
+        engine.scheduleBlock(state, std::move(block), now);
+    } else {
+        engine.startBlock(state, std::move(block), now);
+    }
+}
+
+}  // namespace quillmere::work

@@ -1,0 +1,141 @@
+#include "work/forms/drafts.hpp"
+
+#include "base/system/private_directory.hpp"
+
+#include <nlohmann/json.hpp>
+#include <quillmere/store/atomic_write.hpp>
+#include <quillmere/store/state_store.hpp>
+
+#include <algorithm>
+#include <chrono>
+
+namespace quillmere::work {
+namespace {
+
+namespace fs = std::filesystem;
+using Json = nlohmann::json;
+
+constexpr std::string_view namesBegin = "draft-";
+constexpr auto longestKept = std::chrono::hours(30 * 24);
+
+// An object with one member a changed field; its value has these members.
+constexpr const char* beginningName = "began";
+constexpr const char* valueName = "value";
+// Of the items of a list.
+constexpr const char* keyName = "key";
+constexpr const char* textName = "text";
+
+Json jsonOf(const FieldValue& value)
+{
+    if (const auto* const text = std::get_if<std::string>(&value)) {
+        return *text;
+    }
+    Json list = Json::array();
+    for (const ListItem& item : std::get<std::vector<ListItem>>(value)) {
+        list.push_back({{keyName, item.key}, {textName, item.text}});
+    }
+    return list;
+}
+
+bool hasText(const Json& item, const char* name)
+{
+    return item.is_object() && item.contains(name) && item[name].is_string();
+}
+
+/// Absent when the JSON is no value of a field.
+std::optional<FieldValue> valueFrom(const Json& json)
+{
+    if (json.is_string()) {
+        return json.get<std::string>();
+    }
+    std::vector<ListItem> items;
+    for (const Json& item : json.is_array() ? json : Json::array()) {
+        if (!hasText(item, keyName) || !hasText(item, textName)) {
+            return std::nullopt;
+        }
+        items.push_back({item[keyName], item[textName]});
+    }
+    return items.empty() ? std::nullopt : std::optional<FieldValue>(std::move(items));
+}
+
+std::vector<FieldChange> changesFrom(const Json& draft)
+{
+    std::vector<FieldChange> changes;
+    for (const auto& [id, json] : draft.items()) {
+        const std::optional<FieldValue> value =
+            json.is_object() && json.contains(valueName) ? valueFrom(json[valueName]) : std::nullopt;
+        if (value) {
+            changes.push_back({id, valueFrom(json.value(beginningName, Json())), *value});
+        }
+    }
+    return changes;
+}
+
+}  // namespace
+
+std::string Drafts::nameOf(const FormSubject& subject)
+{
+    return std::string(namesBegin) + std::string(rawValue(subject.kind)) + "-" + subject.name + ".json";
+}
+
+void Drafts::keep(const Form& form) const
+{
+    if (directory_.empty()) {
+        return;
+    }
+    Json draft = Json::object();
+    for (const FieldChange& change : form.changes()) {
+        draft[change.id] = {{beginningName, jsonOf(change.beginning.value_or(FieldValue()))},
+                            {valueName, jsonOf(change.value)}};
+    }
+    if (draft.empty()) {
+        forget(form.subject());
+        return;
+    }
+    base::createOwnersDirectory(directory_);
+    // Malformed UTF-8 is replaced: it must not cost the rest of the draft.
+    const std::string text = draft.dump(2, ' ', false, Json::error_handler_t::replace);
+    writeAtomically([&](const ByteSink& sink) { sink(text); }, fileOf(form.subject()),
+                    StateStore::renameReplacing);
+}
+
+BroughtBack Drafts::fillIn(Form& form) const
+{
+    if (directory_.empty()) {
+        return BroughtBack::nothing;
+    }
+    try {
+        const Bytes text = FileManager::standard().contents(fileOf(form.subject()));
+        const auto draft = Json::parse(text.view(), nullptr, false);
+        return draft.is_object() ? form.bringBack(changesFrom(draft)) : BroughtBack::nothing;
+    } catch (const std::system_error&) {
+        return BroughtBack::nothing;
+    }
+}
+
+void Drafts::removeOld(const std::vector<FormSubject>& current) const
+{
+    std::error_code ignored;
+    const auto isCurrent = [&](const std::string& name) {
+        return std::any_of(current.begin(), current.end(),
+                           [&](const FormSubject& subject) { return nameOf(subject) == name; });
+    };
+    const auto oldest = fs::file_time_type::clock::now() - longestKept;
+    for (auto entry = fs::directory_iterator(directory_, ignored); entry != fs::directory_iterator();
+         entry.increment(ignored)) {
+        const std::string name = entry->path().filename().string();
+        const auto writtenAt = entry->last_write_time(ignored);
+        if (!ignored && name.starts_with(namesBegin) && writtenAt < oldest && !isCurrent(name)) {
+            fs::remove(entry->path(), ignored);
+        }
+    }
+}
+
+void Drafts::forget(const FormSubject& subject) const
+{
+    if (!directory_.empty() && FileManager::standard().fileExists(fileOf(subject))) {
+        FileManager::standard().removeFile(fileOf(subject));
+    }
+}
+
+}  // namespace quillmere::work

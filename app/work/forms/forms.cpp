@@ -1,0 +1,132 @@
+#include "work/forms/forms.hpp"
+
+#include "work/forms/record_forms.hpp"
+
+#include <quillmere/engine/transition.hpp>
+#include <quillmere/engine/workflow_error.hpp>
+
+#include <utility>
+
+namespace quillmere::work {
+namespace {
+
+struct FormRow {
+    FormKind value;
+    void (*addFields)(Form&, const QuillmereState&, Instant);
+    void (*save)(const Form&, QuillmereState&, Instant);
+};
+
+constexpr auto formRows = std::to_array<FormRow>({
+    {FormKind::block, addBlockFields, saveBlock},
+    {FormKind::plan, addPlanFields, savePlan},
+    {FormKind::review, addReviewFields, saveReview},
+    {FormKind::reflection, addReflectionFields, saveReflection},
+    {FormKind::answer, addAnswerFields, saveAnswer},
+    {FormKind::question, addQuestionFields, saveQuestion},
+});
+static_assert(inCaseOrder(formRows) && formRows.size() == EnumerationTable<FormKind>::rows.size());
+
+/// A new block has no identifier before it is saved, so it is named by the block before it.
+std::string nameOfNewBlock(const QuillmereState& state)
+{
+    return "after-" + (state.blockHistory.empty() ? "none" : state.blockHistory.front().id.text());
+}
+
+/// Whether the form may be saved in this state.
+bool isCurrent(const FormSubject& subject, const QuillmereState& state)
+{
+    switch (subject.kind) {
+        case FormKind::block:
+        case FormKind::plan:
+        case FormKind::review:
+        case FormKind::reflection: return subjectFor(state) == subject;
+        case FormKind::answer:
+        case FormKind::question: break;
+    }
+    return true;
+}
+
+}  // namespace
+
+Field fieldOf(const Prompt& prompt, const std::string& prefix, FieldValue value)
+{
+    return {.id = prefix + std::string(prompt.name),
+            .question = std::string(prompt.question),
+            .kind = prompt.kind,
+            .value = std::move(value),
+            .hint = std::string(prompt.hint)};
+}
+
+std::optional<FormSubject> subjectFor(const QuillmereState& state)
+{
+    const std::optional<Block>& block = state.currentBlock;
+    const std::string blockName = block ? block->id.text() : nameOfNewBlock(state);
+    switch (state.workflowState) {
+        case WorkflowState::blockPlanning: return FormSubject{FormKind::block, blockName};
+        case WorkflowState::sessionPlanning: {
+            const std::size_t number = block ? block->sessions.size() + 1 : 1;
+            return FormSubject{FormKind::plan, blockName + "-" + std::to_string(number)};
+        }
+        case WorkflowState::sessionReview: {
+            const WorkSession* const session = state.currentSession();
+            return FormSubject{FormKind::review, session ? session->id.text() : blockName};
+        }
+        case WorkflowState::blockReview: return FormSubject{FormKind::reflection, blockName};
+        case WorkflowState::idle:
+        case WorkflowState::focusing:
+        case WorkflowState::breaking:
+        case WorkflowState::complete: break;
+    }
+    return std::nullopt;
+}
+
+FormSubject answerTo(const AgentQuestion& question) { return {FormKind::answer, question.id.text()}; }
+
+FormSubject newQuestion() { return {FormKind::question, "new"}; }
+
+std::vector<FormSubject> subjectsOf(const QuillmereState& state)
+{
+    std::vector<FormSubject> subjects = {newQuestion()};
+    if (const std::optional<FormSubject> subject = subjectFor(state)) {
+        subjects.push_back(*subject);
+    }
+    if (state.currentBlock) {
+        subjects.push_back({FormKind::block, state.currentBlock->id.text()});
+    }
+    for (const AgentQuestion& question : state.openQuestions()) {
+        subjects.push_back(answerTo(question));
+    }
+    return subjects;
+}
+
+Form formFor(const FormSubject& subject, const QuillmereState& state, Instant now)
+{
+    Form form(subject);
+    rowOf(formRows, subject.kind).addFields(form, state, now);
+    return form;
+}
+
+Step stepOf(const Form& form, const QuillmereState& state)
+{
+    switch (form.subject().kind) {
+        case FormKind::block: return hasPlannedStart(form) ? Step::scheduleBlock : Step::startBlock;
+        case FormKind::plan: return Step::startFocus;
+        case FormKind::review:
+            return isPossible(Step::saveLastReview, state) ? Step::saveLastReview
+                                                           : Step::saveReviewAndStartBreak;
+        case FormKind::reflection: return Step::completeBlockReview;
+        case FormKind::answer: return Step::answerQuestion;
+        case FormKind::question: break;
+    }
+    return Step::addQuestion;
+}
+
+void carryOut(const Form& form, QuillmereState& state, Instant now)
+{
+    if (!isCurrent(form.subject(), state)) {
+        throw WorkflowError(WorkflowError::invalidTransition);
+    }
+    rowOf(formRows, form.subject().kind).save(form, state, now);
+}
+
+}  // namespace quillmere::work

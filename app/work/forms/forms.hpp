@@ -1,0 +1,33 @@
+// The forms of all records: which one a state asks for, how it begins, and how it is saved.
+#pragma once
+
+#include "work/forms/form.hpp"
+
+#include <quillmere/engine/transition.hpp>
+#include <quillmere/records/quillmere_state.hpp>
+
+#include <optional>
+#include <vector>
+
+namespace quillmere::work {
+
+/// The form that the workflow waits for; absent where it waits for none.
+std::optional<FormSubject> subjectFor(const QuillmereState& state);
+
+FormSubject answerTo(const AgentQuestion& question);
+FormSubject newQuestion();
+
+/// All forms that may be opened in a state, now or after editing the scheduled block.
+std::vector<FormSubject> subjectsOf(const QuillmereState& state);
+
+/// The form with the values of the state.
+Form formFor(const FormSubject& subject, const QuillmereState& state, Instant now);
+
+/// The step that saving the form takes.
+Step stepOf(const Form& form, const QuillmereState& state);
+
+/// Saves the form. Throws WorkflowError when the state is no longer about the form's subject or when the
+/// engine refuses, and Unacceptable when a value cannot be used.
+void carryOut(const Form& form, QuillmereState& state, Instant now);
+
+}  // namespace quillmere::work

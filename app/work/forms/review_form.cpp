@@ -1,0 +1,90 @@
+// The form of a review, with the plan of the next session, and the form of the reflection on a block.
+#include "work/forms/record_forms.hpp"
+
+#include <quillmere/engine/transition.hpp>
+#include <quillmere/engine/workflow_engine.hpp>
+
+#include <utility>
+
+namespace quillmere::work {
+namespace {
+
+constexpr const char* nextPrefix = "next-";
+
+std::vector<Option> completions()
+{
+    std::vector<Option> options;
+    for (const CompletionResult result : allCases<CompletionResult>()) {
+        options.push_back({std::string(rawValue(result)), std::string(rawValue(result))});
+    }
+    return options;
+}
+
+SessionReview emptyReview()
+{
+    return {.id = Identifier::random(),
+            .completion = CompletionResult::no,
+            .noteworthyResult = {},
+            .distractions = {},
+            .improvement = {}};
+}
+
+/// The titles of the outcomes in one line.
+std::string titlesOf(const std::optional<Block>& block)
+{
+    std::string titles;
+    for (const Outcome& outcome : block ? block->outcomes : std::vector<Outcome>()) {
+        titles += (titles.empty() || outcome.title.empty() ? "" : " · ") + outcome.title;
+    }
+    return titles;
+}
+
+}  // namespace
+
+void addReviewFields(Form& form, const QuillmereState& state, Instant)
+{
+    if (const WorkSession* const session = state.currentSession()) {
+        form.setReminder(session->plan.intendedOutcome);
+    }
+    for (const RecordField<SessionReview>& row : reviewFields) {
+        Field field = fieldOf(row, "", emptyReview());
+        if (row.prompt.kind == FieldKind::choice) {
+            // Nothing is chosen for the person.
+            field.value = std::string();
+            field.options = completions();
+        }
+        form.add(std::move(field));
+    }
+    if (isPossible(Step::saveReviewAndStartBreak, state)) {
+        form.addHeading("The next session");
+        addPlan(form, nextPrefix, SessionPlan::blank(Identifier::random()), state.currentBlock);
+    }
+}
+
+void saveReview(const Form& form, QuillmereState& state, Instant now)
+{
+    SessionReview review = emptyReview();
+    applyFields(form, "", reviewFields, review, now);
+    std::optional<SessionPlan> next;
+    if (form.has(nextPrefix + std::string(planFields.front().prompt.name))) {
+        next = planFrom(form, nextPrefix, SessionPlan::blank(Identifier::random()), now);
+    }
+    WorkflowEngine().saveReviewAndStartBreak(state, std::move(review), std::move(next), now);
+}
+
+void addReflectionFields(Form& form, const QuillmereState& state, Instant)
+{
+    form.setReminder(titlesOf(state.currentBlock));
+    for (const RecordField<BlockReview>& row : reflectionFields) {
+        form.add(fieldOf(row, "", BlockReview{}));
+    }
+}
+
+void saveReflection(const Form& form, QuillmereState& state, Instant now)
+{
+    BlockReview reflection{};
+    applyFields(form, "", reflectionFields, reflection, now);
+    WorkflowEngine().completeBlockReview(state, std::move(reflection), now);
+}
+
+}  // namespace quillmere::work

@@ -1,0 +1,244 @@
+#include "work/presenter.hpp"
+
+#include "base/text/failure.hpp"
+#include "work/event_text.hpp"
+#include "work/fields/unacceptable.hpp"
+
+#include <quillmere/engine/timer_snapshot.hpp>
+#include <quillmere/engine/transition.hpp>
+
+#include <algorithm>
+#include <new>
+#include <system_error>
+
+namespace quillmere::work {
+namespace {
+
+std::string routeMessage(WidgetRoute route, WidgetRoute actual)
+{
+    return "The screen " + std::string(rawValue(route)) + " is not open now; the work is at " +
+           std::string(rawValue(actual)) + ".";
+}
+
+}  // namespace
+
+Presenter::Presenter(workspace::Workspace workspace, Drafts drafts, std::optional<WidgetRoute> route)
+    : files_(std::move(workspace)), drafts_(std::move(drafts))
+{
+    refresh();
+    if (route && isUsable()) {
+        const auto actual = fromWorkflowState<WidgetRoute>(state().workflowState);
+        if (*route != actual) {
+            say(routeMessage(*route, actual));
+        }
+    }
+}
+
+bool Presenter::countsSeconds() const
+{
+    if (!isUsable() || files_.isBehind()) {
+        return true;  // not everything that makes a file usable again can be watched
+    }
+    const auto timer = TimerSnapshot::derive(state(), situation().now);
+    const bool isScheduled = state().workflowState == WorkflowState::idle && state().currentBlock;
+    return isScheduled || (timer && !timer->isPaused);
+}
+
+void Presenter::refresh()
+{
+    keepDraft();
+    const bool wasUsable = isUsable();
+    const std::vector<workspace::Event> recorded = files_.refresh();
+    if (!isUsable()) {
+        return;
+    }
+    if (!wasUsable) {
+        message_.clear();  // the trouble that it was about is over
+    }
+    if (!std::exchange(areOldDraftsRemoved_, true)) {
+        drafts_.removeOld(subjectsOf(state()));
+    }
+    const std::optional<LastShown> before = std::exchange(lastShown_, LastShown::of(state()));
+    // An event that was shown before it could be recorded is not told again.
+    if (!before || *before != *lastShown_) {
+        const std::vector<workspace::Event> events =
+            recorded.empty() && before ? newsSince(*before, state()) : recorded;
+        if (before && events.empty()) {
+            message_ = "The work was moved on elsewhere.";
+        }
+        tell(events);
+    }
+    if (!recorded.empty()) {
+        warn();
+    }
+    followState();
+}
+
+void Presenter::tell(const std::vector<workspace::Event>& events)
+{
+    for (const workspace::Event& event : events) {
+        bell_ = true;
+        message_ = eventText(event, situation().now);
+    }
+}
+
+void Presenter::warn()
+{
+    if (const std::string& warning = situation().warning; !warning.empty()) {
+        say(warning);
+    }
+}
+
+void Presenter::say(std::string_view sentence)
+{
+    message_ += (message_.empty() ? "" : " ") + std::string(sentence);
+}
+
+void Presenter::followState()
+{
+    const std::optional<FormSubject> subject = subjectFor(state());
+    if (workForm_ && subject != workForm_->subject()) {
+        closeForm(workForm_);
+    }
+    if (subject && !workForm_) {
+        open(workForm_, *subject);
+    }
+    const std::vector<AgentQuestion> questions = state().openQuestions();
+    const auto isForForm = [&](const AgentQuestion& question) {
+        return questionForm_->subject() == answerTo(question);
+    };
+    if (questionForm_ && questionForm_->subject().kind == FormKind::answer &&
+        std::none_of(questions.begin(), questions.end(), isForForm)) {
+        say("This question was answered elsewhere.");
+        closeForm(questionForm_);
+    }
+    if (toConfirm_ && !isPossible(toConfirm_->step, state())) {
+        toConfirm_ = nullptr;
+    }
+}
+
+void Presenter::open(std::shared_ptr<Form>& place, const FormSubject& subject)
+{
+    place = std::make_shared<Form>(formFor(subject, state(), situation().now));
+    switch (drafts_.fillIn(*place)) {
+        case BroughtBack::nothing: break;
+        case BroughtBack::all: say("What you had written is back."); break;
+        case BroughtBack::overChanges:
+            say("What you had written is back, also where something else was written elsewhere since.");
+            break;
+    }
+    if (!drafts_.areKept() && !std::exchange(isToldOfNoDrafts_, true)) {
+        say("Only what is saved is kept: neither XDG_STATE_HOME nor HOME names a place for drafts.");
+    }
+}
+
+void Presenter::closeForm(std::shared_ptr<Form>& form)
+{
+    if (form->isTouched()) {
+        say(drafts_.areKept() ? "What you wrote is kept." : "What you wrote could not be kept.");
+        closedForms_.push_back(form->subject());
+    }
+    form.reset();
+}
+
+void Presenter::openAnswer(const AgentQuestion& question) { open(questionForm_, answerTo(question)); }
+
+void Presenter::closeQuestionForm()
+{
+    keepDraft();
+    questionForm_.reset();
+}
+
+void Presenter::noteChange(const std::shared_ptr<Form>& form)
+{
+    if (changedForm_ != form) {
+        keepDraft();
+    }
+    changedForm_ = form;
+}
+
+void Presenter::keepDraft()
+{
+    const std::shared_ptr<Form> form = std::exchange(changedForm_, nullptr);
+    if (!form) {
+        return;
+    }
+    try {
+        drafts_.keep(*form);
+    } catch (const std::system_error& error) {
+        say("The draft cannot be kept: " + base::failureText(error));
+    }
+}
+
+std::optional<std::string> Presenter::save(std::shared_ptr<Form> form)
+{
+    keepDraft();
+    const Saving& saving = savingFor(stepOf(*form, state()));
+    try {
+        const auto saveForm = [&](QuillmereState& fresh, Instant now) { carryOut(*form, fresh, now); };
+        if (!change(saveForm, saving.done)) {
+            return std::nullopt;
+        }
+    } catch (const Unacceptable& refusal) {
+        say(refusal.what());
+        return refusal.field();
+    }
+    try {
+        drafts_.forget(form->subject());
+    } catch (const std::system_error& error) {
+        say("The draft cannot be removed: " + base::failureText(error));
+    }
+    return std::nullopt;
+}
+
+void Presenter::request(const Action& action)
+{
+    // An action that the engine refuses anyway needs no confirmation.
+    if (!action.question.empty() && isPossible(action.step, state())) {
+        toConfirm_ = &action;
+    } else {
+        perform(action);
+    }
+}
+
+void Presenter::confirm(bool isAgreed)
+{
+    const Action* const action = std::exchange(toConfirm_, nullptr);
+    if (action && isAgreed) {
+        perform(*action);
+    }
+}
+
+bool Presenter::change(const workspace::Operation& operation, std::string_view done)
+{
+    std::vector<workspace::Event> events;
+    std::string outcome(done);
+    try {
+        events = files_.change(operation);
+    } catch (const Unacceptable&) {
+        throw;
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const workspace::ChangeSaved& error) {
+        events = files_.refresh();
+        outcome = error.what();
+    } catch (const std::exception& error) {
+        const std::string reason = base::failureText(error);
+        // The state may have changed, or the files may be unusable.
+        refresh();
+        say(reason);
+        return false;
+    }
+    lastShown_ = LastShown::of(state());
+    tell(events);
+    say(outcome);
+    warn();
+    questionForm_.reset();
+    if (workForm_ && subjectFor(state()) != workForm_->subject()) {
+        workForm_.reset();
+    }
+    followState();
+    return true;
+}
+
+}  // namespace quillmere::work

@@ -1,0 +1,101 @@
+// What a surface with forms shows while the work goes on: which forms are open, what is said, what waits for
+// a confirmation. Knows neither keys nor drawing.
+#pragma once
+
+#include "work/actions.hpp"
+#include "work/forms/drafts.hpp"
+#include "work/forms/forms.hpp"
+#include "work/state_change.hpp"
+#include "workspace/retrying_workspace.hpp"
+
+#include <quillmere/widget/widget_route.hpp>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace quillmere::work {
+
+class Presenter {
+public:
+    /// Removes old drafts once the files can be used. Where the work is not at the `route`, says so.
+    Presenter(workspace::Workspace workspace, Drafts drafts, std::optional<WidgetRoute> route);
+
+    /// For poll(2): readable when `refresh` is due.
+    int descriptor() const { return files_.descriptor(); }
+    /// Whether a visible value changes every second, so that `refresh` is due every second.
+    bool countsSeconds() const;
+    /// Reads the files and the clock, and follows what has changed.
+    void refresh();
+
+    /// Whether the files can be used; without that there is no situation that may be shown.
+    bool isUsable() const { return files_.situation() && !files_.trouble(); }
+    std::string trouble() const { return files_.trouble().value_or(""); }
+    const workspace::Situation& situation() const { return *files_.situation(); }
+    const QuillmereState& state() const { return situation().state; }
+
+    /// What the person should read now; empty: nothing.
+    const std::string& message() const { return message_; }
+    void clearMessage() { message_.clear(); }
+    /// Whether an event happened since the last call.
+    bool takeBell() { return std::exchange(bell_, false); }
+
+    /// The form that the workflow waits for; null: none. Another form is another object.
+    const std::shared_ptr<Form>& workForm() const { return workForm_; }
+    /// The form of an answer or a new question that the person has opened; null: none.
+    const std::shared_ptr<Form>& questionForm() const { return questionForm_; }
+    void openQuestion() { open(questionForm_, newQuestion()); }
+    void openAnswer(const AgentQuestion& question);
+    void closeQuestionForm();
+    /// The subjects of the forms that the person was filling in when the work moved on elsewhere, since the
+    /// last call. Typing that was meant for such a form must not reach what replaces it.
+    std::vector<FormSubject> takeClosedForms() { return std::exchange(closedForms_, {}); }
+
+    /// To be called after the person has changed a form; `keepDraft` then writes its draft.
+    void noteChange(const std::shared_ptr<Form>& form);
+    /// Writes the draft of the form that was changed, if any.
+    void keepDraft();
+    /// Saves a form; saving may close it. Returns the id of the field to correct when a value cannot be used.
+    std::optional<std::string> save(std::shared_ptr<Form> form);
+
+    /// Takes an action, or waits for its confirmation when it has a question and is possible.
+    void request(const Action& action);
+    /// The action that waits for a confirmation; null: none. It lapses when it is no longer possible.
+    const Action* toConfirm() const { return toConfirm_; }
+    /// Answers the question of the action that waits.
+    void confirm(bool isAgreed);
+
+private:
+    /// Applies an operation; says `done`, or why it was refused.
+    bool change(const workspace::Operation& operation, std::string_view done);
+    void perform(const Action& action) { change(action.apply, action.done); }
+    void tell(const std::vector<workspace::Event>& events);
+    /// Says the warning of the last change.
+    void warn();
+    /// Appends a sentence to the message.
+    void say(std::string_view sentence);
+
+    /// Opens and closes forms so that they fit the state.
+    void followState();
+    void open(std::shared_ptr<Form>& place, const FormSubject& subject);
+    /// Closes a form because the work moved on elsewhere.
+    void closeForm(std::shared_ptr<Form>& form);
+
+    workspace::RetryingWorkspace files_;
+    Drafts drafts_;
+    std::shared_ptr<Form> workForm_;
+    std::shared_ptr<Form> questionForm_;
+    std::shared_ptr<Form> changedForm_;  ///< its draft is to be written
+    std::vector<FormSubject> closedForms_;
+    const Action* toConfirm_ = nullptr;
+    std::optional<LastShown> lastShown_;
+    std::string message_;
+    bool areOldDraftsRemoved_ = false;
+    bool isToldOfNoDrafts_ = false;
+    bool bell_ = false;
+};
+
+}  // namespace quillmere::work

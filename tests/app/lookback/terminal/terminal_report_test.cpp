@@ -1,0 +1,189 @@
+// The look back in a terminal.
+#include "lookback/terminal/terminal_report.hpp"
+
+#include "base/text/columns.hpp"
+#include "figures_testing.hpp"
+#include "lookback/generated_year.hpp"
+#include "lookback/terminal/terminal_page.hpp"
+
+#include <algorithm>
+#include <sstream>
+
+namespace quillmere::test {
+namespace {
+
+using base::Style;
+using figures::statistics;
+using lookback::TerminalPage;
+using lookback::terminalReport;
+
+TerminalPage plainPage(std::size_t width)
+{
+    return {.style = Style(false), .width = width, .drawsBlocks = false};
+}
+
+LookBack reportOn(const QuillmereState& state) { return statistics(state, {}, day("2026-11-15")); }
+
+QuillmereState twoDays()
+{
+    QuillmereState state =
+        stateWith({session(local("2026-11-14 10:00"), 3600), session(local("2026-11-15 10:00"), 1860, 60)});
+    state.blockHistory[0].sessions[1].review->completion = CompletionResult::yes;
+    return state;
+}
+
+TEST(TerminalReport, hasFactsAndCharts)
+{
+    const TimeZone here("UTC");
+    const QuillmereState state = twoDays();
+    EXPECT_EQ(terminalReport(reportOn(state), plainPage(60)),
+              "Look back  up to 2026-11-15\n"
+              "\n"
+              "Focus        1 h 30 min on 2 days, in 2 sessions\n"
+              "Streak       2 days by now, longest 2 days (2026-11-14 to\n"
+              "             2026-11-15)\n"
+              "Completion   yes 1 (50 %), half 1 (50 %), no 0 (0 %)\n"
+              "Planned      50 min, worked 1 h 30 min (180 %)\n"
+              "Pauses       1 min in 1 session\n"
+              "Between      median 23 h between sessions of a block,\n"
+              "             planned 5 min\n"
+              "Energy       4.0 of 5 on average, morale 3.0\n"
+              "\n"
+              "The year to 2026-11-15\n"
+              "       Dec Jan Feb Mar  Apr May  Jun Jul Aug  Sep Oct Nov\n"
+              "Mon ....................................................."
+              "\n"
+              "Tue ....................................................."
+              "\n"
+              "Wed ....................................................."
+              "\n"
+              "Thu ....................................................."
+              "\n"
+              "Fri ....................................................."
+              "\n"
+              "Sat ....................................................#"
+              "\n"
+              "Sun ....................................................+"
+              "\n"
+              "    less .-+*# more; most 1 h\n"
+              "\n"
+              "Focus day by day\n"
+              "Sat 2026-11-14 ###################################### 1 h\n"
+              "Sun 2026-11-15 ################### 30 min\n"
+              "\n"
+              "Focus week by week, worked of planned\n"
+              "2026-W46       ######################## 1 h 30 min of 50 min\n"
+              "\n"
+              "Focus month by month, worked of planned\n"
+              "2026-11        ######################## 1 h 30 min of 50 min\n"
+              "\n"
+              "Energy and morale, month by month, of 5\n"
+              "               energy                morale\n"
+              "2026-11        4.0  #############    3.0  ##########\n"
+              "\n"
+              "Completion by energy and by morale\n"
+              "               # yes  + half  - no\n"
+              "energy 1       none\n"
+              "energy 2       none\n"
+              "energy 3       none\n"
+              "energy 4       ##########++++++++++ 1 yes, 1 half, 0 no\n"
+              "energy 5       none\n"
+              "morale 1       none\n"
+              "morale 2       none\n"
+              "morale 3       ##########++++++++++ 1 yes, 1 half, 0 no\n"
+              "morale 4       none\n"
+              "morale 5       none\n");
+}
+
+TEST(TerminalReport, comparesWorkedAndPlannedTimeOfTheSameSessions)
+{
+    // From Sunday to Monday: focus in both weeks, of a session that was planned in the first.
+    const TimeZone here("UTC");
+    const QuillmereState state = stateWith({session(local("2026-11-08 23:50"), 1500)});
+    const std::string text = terminalReport(reportOn(state), plainPage(60));
+    EXPECT_NE(text.find("########## 25 min of 25 min\n2026-W46       none\n"), std::string::npos) << text;
+}
+
+TEST(TerminalReport, drawsBlocksOfUnicodeWhereTheTerminalShowsThem)
+{
+    const TimeZone here("UTC");
+    const QuillmereState state = twoDays();
+    const std::string text =
+        terminalReport(reportOn(state), {.style = Style(false), .width = 61, .drawsBlocks = true});
+    EXPECT_NE(text.find("Sun 2026-11-15 ███████████████████▌ 30 min\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("less ·░▒▓█ more"), std::string::npos);
+    EXPECT_NE(text.find("energy 4       ██████████▒▒▒▒▒▒▒▒▒▒ 1 yes, 1 half, 0 no\n"), std::string::npos)
+        << text;
+}
+
+TEST(TerminalReport, isNeverWiderThanThePage)
+{
+    const TimeZone here("Europe/Berlin");
+    const QuillmereState state = generatedYear(moment);
+    for (const std::size_t width : {48u, 57u, 80u, 120u}) {
+        for (const bool drawsBlocks : {false, true}) {
+            std::istringstream lines(terminalReport(
+                reportOn(state), {.style = Style(false), .width = width, .drawsBlocks = drawsBlocks}));
+            for (std::string line; std::getline(lines, line);) {
+                EXPECT_LE(base::columnsOf(line), width) << line;
+                EXPECT_FALSE(line.ends_with(' ')) << line;
+            }
+        }
+    }
+}
+
+TEST(TerminalReport, isAsciiOnAPlainPage)
+{
+    const QuillmereState state = generatedYear(moment);
+    const std::string text = terminalReport(reportOn(state), plainPage(80));
+    EXPECT_TRUE(std::all_of(text.begin(), text.end(),
+                            [](char character) { return static_cast<unsigned char>(character) < 0x7F; }));
+}
+
+TEST(TerminalReport, isColouredWhereColourIsWanted)
+{
+    const TimeZone here("UTC");
+    const QuillmereState state = twoDays();
+    const std::string text =
+        terminalReport(reportOn(state), {.style = Style(true), .width = 60, .drawsBlocks = false});
+    EXPECT_NE(text.find("\x1b[1;31m###################\x1b[0m 30 min\n"), std::string::npos) << text;
+}
+
+TEST(TerminalReport, saysThatThereIsNothing)
+{
+    const QuillmereState state = QuillmereState::initial(moment);
+    EXPECT_EQ(terminalReport(reportOn(state), plainPage(80)), "No focus session has ended yet.\n");
+    EXPECT_EQ(terminalReport(
+                  statistics(state, {.since = day("2026-11-01"), .until = std::nullopt}, day("2026-11-15")),
+                  plainPage(80)),
+              "No focus session has ended in that time.\n");
+}
+
+TEST(TerminalReport, countsSessionsWithoutAKnownTime)
+{
+    const QuillmereState state = stateWith({session(moment, -5)});
+    EXPECT_NE(terminalReport(reportOn(state), plainPage(80))
+                  .find("Not counted  the time of 1 session, whose start and end cannot be right\n"),
+              std::string::npos);
+}
+
+TEST(TerminalPage, drawsBlocksWhereTheTerminalUsesUtf8)
+{
+    for (const auto& [locale, drawsBlocks] : {std::pair{"C.UTF-8", true}, std::pair{"C", false}}) {
+        const EnvironmentVariable variable("LC_ALL", locale);
+        EXPECT_EQ(lookback::terminalPage(Style(false), false).drawsBlocks, drawsBlocks);
+    }
+}
+
+TEST(TerminalPage, isAsWideAsTheTerminalWithinBounds)
+{
+    for (const auto& [columns, width] :
+         {std::pair{"100", 100u}, std::pair{"20", 48u}, std::pair{"500", 120u}}) {
+        const EnvironmentVariable variable("COLUMNS", columns);
+        EXPECT_EQ(lookback::terminalPage(Style(false), true).width, width);
+        EXPECT_EQ(lookback::terminalPage(Style(false), false).width, 80u);
+    }
+}
+
+}  // namespace
+}  // namespace quillmere::test

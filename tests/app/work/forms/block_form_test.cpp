@@ -1,0 +1,121 @@
+// The form of a block.
+#include "program_testing.hpp"
+#include "work/fields/unacceptable.hpp"
+#include "work/forms/form_testing.hpp"
+
+#include <quillmere/engine/workflow_error.hpp>
+
+namespace quillmere::test {
+namespace {
+
+using namespace work;
+
+/// A block in planning: a new block, or a scheduled one.
+class BlockForm : public testing::Test {
+protected:
+    const TimeZone utc{"UTC"};
+    QuillmereState state = stateIn(WorkflowState::blockPlanning);
+
+    Form form() const { return formOf(state); }
+    void takeScheduledBlock()
+    {
+        state = stateWithScheduledBlock();
+        state.workflowState = WorkflowState::blockPlanning;
+    }
+};
+
+TEST_F(BlockForm, beginsABlockWithEverythingThatWasFilledIn)
+{
+    Form filled = form();
+    fillList(filled, "outcome", {"One", "Two", ""});
+    fill(filled, "why", "Because\nit matters");
+    fill(filled, "focus", "50m");
+    fill(filled, "break", "10m");
+    fill(filled, "cycles", "2");
+    EXPECT_EQ(stepOf(filled, state), Step::startBlock);
+    carryOut(filled, state, moment);
+    ASSERT_EQ(state.workflowState, WorkflowState::sessionPlanning);
+    const Block& block = *state.currentBlock;
+    ASSERT_EQ(block.outcomes.size(), 2U);
+    EXPECT_EQ(block.outcomes[1].title, "Two");
+    EXPECT_EQ(block.whyValue, "Because\nit matters");
+    EXPECT_EQ(block.focusDurationSeconds, 3000);
+    EXPECT_EQ(block.breakDurationSeconds, 600);
+    EXPECT_EQ(block.cycleCount, 2);
+    EXPECT_FALSE(block.plannedStart);
+}
+
+TEST_F(BlockForm, schedulesABlockThatHasAPlannedStart)
+{
+    Form filled = form();
+    fill(filled, "at", "+1h");
+    EXPECT_EQ(stepOf(filled, state), Step::scheduleBlock);
+    carryOut(filled, state, moment);
+    EXPECT_EQ(state.workflowState, WorkflowState::idle);
+    EXPECT_EQ(state.currentBlock->plannedStart, moment + 3600);
+}
+
+TEST_F(BlockForm, changesNothingThatWasLeftAlone)
+{
+    takeScheduledBlock();
+    // More digits than a form shows.
+    state.currentBlock->plannedStart = moment + 3600.25;
+    state.currentBlock->focusDurationSeconds = 1500.5;
+    const Block before = *state.currentBlock;
+    carryOut(form(), state, moment);
+    EXPECT_EQ(*state.currentBlock, before);
+}
+
+TEST_F(BlockForm, keepsTheIdentityOfOutcomes)
+{
+    takeScheduledBlock();
+    const std::vector<Outcome> before = state.currentBlock->outcomes;
+    Form filled = form();
+    std::vector<ListItem> items = std::get<std::vector<ListItem>>(filled.field("outcome").value);
+    items[0].text = "Renamed";
+    filled.setValue(filled.indexOf("outcome").value(), items);
+    carryOut(filled, state, moment);
+    EXPECT_EQ(state.currentBlock->outcomes[0].id, before[0].id);
+    EXPECT_EQ(state.currentBlock->outcomes[0].title, "Renamed");
+    EXPECT_EQ(state.currentBlock->outcomes[1], before[1]);
+}
+
+TEST_F(BlockForm, namesTheFieldWhoseValueCannotBeUsed)
+{
+    const std::pair<const char*, const char*> slips[] = {
+        {"focus", "soon"}, {"break", "0"},     {"cycles", "many"},         {"cycles", "1001"},
+        {"cycles", "3x"},  {"at", "whenever"}, {"at", "2001-01-01 09:00"},
+    };
+    const QuillmereState before = state;
+    for (const auto& [field, text] : slips) {
+        Form filled = form();
+        fill(filled, field, text);
+        try {
+            carryOut(filled, state, moment);
+            ADD_FAILURE() << field << ": " << text;
+        } catch (const Unacceptable& slip) {
+            EXPECT_EQ(slip.field(), field);
+        }
+    }
+    EXPECT_EQ(state, before);
+}
+
+TEST_F(BlockForm, beginsABlockNowWhenTheTimeIsRemoved)
+{
+    takeScheduledBlock();
+    Form filled = form();
+    fill(filled, "at", "");
+    carryOut(filled, state, moment);
+    EXPECT_FALSE(state.currentBlock->plannedStart);
+    EXPECT_EQ(state.workflowState, WorkflowState::sessionPlanning);
+}
+
+TEST_F(BlockForm, leavesItToTheEngineToRefuseNoCycles)
+{
+    Form filled = form();
+    fill(filled, "cycles", "0");
+    EXPECT_THROW(carryOut(filled, state, moment), WorkflowError);
+}
+
+}  // namespace
+}  // namespace quillmere::test

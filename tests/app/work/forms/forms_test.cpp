@@ -1,0 +1,138 @@
+#include "work/forms/forms.hpp"
+
+#include "program_testing.hpp"
+#include "work/fields/unacceptable.hpp"
+#include "work/forms/form_testing.hpp"
+
+#include <quillmere/engine/workflow_engine.hpp>
+
+namespace quillmere::test {
+namespace {
+
+using namespace work;
+
+TEST(Forms, belongToTheWorkflowStatesThatNeedInput)
+{
+    const std::optional<FormKind> kinds[] = {std::nullopt,         FormKind::block,  FormKind::plan,
+                                             std::nullopt,         FormKind::review, std::nullopt,
+                                             FormKind::reflection, std::nullopt};
+    for (const WorkflowState workflowState : allCases<WorkflowState>()) {
+        const auto subject = subjectFor(stateIn(workflowState));
+        EXPECT_EQ(subject ? std::optional(subject->kind) : std::nullopt,
+                  kinds[static_cast<std::size_t>(workflowState)]);
+    }
+}
+
+TEST(Forms, belongToTheirBlockAndSession)
+{
+    QuillmereState state = stateIn(WorkflowState::sessionPlanning);
+    const auto first = subjectFor(state);
+    const WorkflowEngine engine;
+    engine.startFocus(state, samplePlan(1), moment);
+    engine.endFocus(state, moment);
+    engine.saveReviewAndStartBreak(state, sampleReview(1), samplePlan(2), moment);
+    engine.endBreak(state, moment);
+    EXPECT_NE(subjectFor(state), first);
+}
+
+TEST(Forms, areRefusedAfterTheWorkHasMovedOn)
+{
+    QuillmereState state = stateIn(WorkflowState::sessionReview);
+    Form review = formOf(state);
+    fill(review, "completion", "Yes");
+    state.currentBlock->sessions.back().id = identifier(77);
+    EXPECT_THROW(carryOut(review, state, moment), WorkflowError);
+}
+
+TEST(PlanForm, startsAFocusSessionWithItsValues)
+{
+    QuillmereState state = stateIn(WorkflowState::sessionPlanning);
+    Form form = formOf(state);
+    fill(form, "outcome", "Headings");
+    fill(form, "hazards", "Phone\nDoor");
+    fill(form, "towards", state.currentBlock->outcomes[1].id.text());
+    fill(form, "energy", "5");
+    carryOut(form, state, moment);
+    const SessionPlan& plan = state.currentSession()->plan;
+    EXPECT_EQ(plan.intendedOutcome, "Headings");
+    EXPECT_EQ(plan.hazardsMitigation, "Phone\nDoor");
+    EXPECT_EQ(plan.blockOutcomeID, state.currentBlock->outcomes[1].id);
+    EXPECT_EQ(plan.energy, 5);
+    EXPECT_EQ(plan.morale, 3);
+}
+
+TEST(PlanForm, startsFromThePlanThatWasSaved)
+{
+    QuillmereState state = stateIn(WorkflowState::sessionPlanning);
+    state.plannedNextSession = samplePlan(2);
+    carryOut(formOf(state), state, moment);
+    EXPECT_EQ(state.currentSession()->plan, samplePlan(2));
+}
+
+TEST(PlanForm, leavesARatingOutOfRangeToTheEngine)
+{
+    QuillmereState state = stateIn(WorkflowState::sessionPlanning);
+    state.plannedNextSession = samplePlan(2);
+    state.plannedNextSession->energy = 9;
+    EXPECT_THROW(carryOut(formOf(state), state, moment), WorkflowError);
+    Form form = formOf(state);
+    fill(form, "energy", "4");
+    carryOut(form, state, moment);
+    EXPECT_EQ(state.currentSession()->plan.energy, 4);
+}
+
+TEST(ReviewForm, savesTheReviewAndTheNextPlan)
+{
+    QuillmereState state = stateIn(WorkflowState::sessionReview);
+    Form form = formOf(state);
+    EXPECT_EQ(stepOf(form, state), Step::saveReviewAndStartBreak);
+    fill(form, "completion", "Half");
+    fill(form, "result", "Four stand");
+    fill(form, "next-outcome", "The fifth");
+    fill(form, "next-morale", "1");
+    carryOut(form, state, moment);
+    EXPECT_EQ(state.workflowState, WorkflowState::breaking);
+    EXPECT_EQ(state.currentSession()->review->completion, CompletionResult::half);
+    EXPECT_EQ(state.currentSession()->review->noteworthyResult, "Four stand");
+    EXPECT_EQ(state.plannedNextSession->intendedOutcome, "The fifth");
+    EXPECT_EQ(state.plannedNextSession->morale, 1);
+}
+
+TEST(ReviewForm, asksForNoPlanAfterTheLastSession)
+{
+    QuillmereState state = stateIn(WorkflowState::blockReview);
+    state.workflowState = WorkflowState::sessionReview;
+    Form form = formOf(state);
+    EXPECT_FALSE(form.has("next-outcome"));
+    EXPECT_EQ(stepOf(form, state), Step::saveLastReview);
+    EXPECT_THROW(carryOut(form, state, moment), Unacceptable);
+    fill(form, "completion", "Yes");
+    carryOut(form, state, moment);
+    EXPECT_EQ(state.workflowState, WorkflowState::blockReview);
+}
+
+TEST(ReflectionForm, finishesTheBlock)
+{
+    QuillmereState state = stateIn(WorkflowState::blockReview);
+    Form form = formOf(state);
+    fill(form, "lessons", "Close\nthe door");
+    carryOut(form, state, moment);
+    EXPECT_EQ(state.blockHistory.front().reflection->lessons, "Close\nthe door");
+}
+
+TEST(QuestionForms, answerAndAsk)
+{
+    QuillmereState state = stateIn(WorkflowState::focusing);
+    Form question = formFor(newQuestion(), state, moment);
+    EXPECT_THROW(carryOut(question, state, moment), Unacceptable);
+    fill(question, "question", "Why?");
+    carryOut(question, state, moment);
+    ASSERT_EQ(state.agentQuestions.size(), 1U);
+    Form answer = formFor(answerTo(state.agentQuestions[0]), state, moment);
+    fill(answer, "answer", "Because\nof it");
+    carryOut(answer, state, moment);
+    EXPECT_EQ(state.agentQuestions[0].answer, "Because\nof it");
+}
+
+}  // namespace
+}  // namespace quillmere::test

@@ -1,0 +1,180 @@
+// The presenter without any surface.
+#include "work/presenter.hpp"
+
+#include "program_testing.hpp"
+#include "work/forms/form_testing.hpp"
+
+namespace quillmere::test {
+namespace {
+
+using namespace work;
+
+class PresenterOfAPerson : public testing::Test {
+protected:
+    const TimeZone utc{"UTC"};
+    Person person;
+    std::unique_ptr<Presenter> presenter;
+
+    void opens(const QuillmereState& state, std::optional<WidgetRoute> route = std::nullopt)
+    {
+        person.has(state);
+        presenter = std::make_unique<Presenter>(
+            workspace::Workspace::in(person.directory(), [this] { return person.now; }),
+            Drafts(person.stateHome()), route);
+    }
+    void fills(const std::shared_ptr<Form>& form, std::string_view field, const std::string& text)
+    {
+        fill(*form, field, text);
+        presenter->noteChange(form);
+    }
+    /// Writes a draft file of a subject that is gone, last changed 31 days ago.
+    std::filesystem::path hasOldDraft() const
+    {
+        const std::filesystem::path file = person.stateHome() / "draft-plan-gone.json";
+        writeText(file, "{}");
+        std::filesystem::last_write_time(
+            file, std::filesystem::file_time_type::clock::now() - std::chrono::hours(31 * 24));
+        return file;
+    }
+};
+
+TEST_F(PresenterOfAPerson, removesOldDraftsOnEveryStart)
+{
+    const std::filesystem::path old = hasOldDraft();
+    opens(stateIn(WorkflowState::idle));
+    EXPECT_FALSE(std::filesystem::exists(old));
+}
+
+TEST_F(PresenterOfAPerson, removesOldDraftsWhenStartedByALink)
+{
+    const std::filesystem::path old = hasOldDraft();
+    opens(stateIn(WorkflowState::focusing), WidgetRoute::focus);
+    EXPECT_FALSE(std::filesystem::exists(old));
+}
+
+TEST_F(PresenterOfAPerson, removesNoDraftsBeforeTheFilesCanBeUsed)
+{
+    const std::filesystem::path old = hasOldDraft();
+    person.has(stateIn(WorkflowState::idle));
+    const std::string text = textOf(person.store().stateURL());
+    writeText(person.store().stateURL(), "spoilt");
+    presenter = std::make_unique<Presenter>(
+        workspace::Workspace::in(person.directory(), [this] { return person.now; }),
+        Drafts(person.stateHome()), std::nullopt);
+    EXPECT_FALSE(presenter->isUsable());
+    EXPECT_TRUE(std::filesystem::exists(old));
+    writeText(person.store().stateURL(), text);
+    presenter->refresh();
+    EXPECT_FALSE(std::filesystem::exists(old));
+}
+
+TEST_F(PresenterOfAPerson, opensTheFormThatTheWorkflowWaitsFor)
+{
+    opens(stateIn(WorkflowState::sessionPlanning));
+    ASSERT_TRUE(presenter->workForm());
+    EXPECT_EQ(presenter->workForm()->subject().kind, FormKind::plan);
+    opens(stateIn(WorkflowState::focusing));
+    EXPECT_FALSE(presenter->workForm());
+}
+
+TEST_F(PresenterOfAPerson, savesAFormAndForgetsItsDraft)
+{
+    opens(stateIn(WorkflowState::sessionPlanning));
+    fills(presenter->workForm(), "outcome", "Headings");
+    presenter->keepDraft();
+    EXPECT_EQ(namesIn(person.stateHome()).size(), 1U);
+    EXPECT_EQ(presenter->save(presenter->workForm()), std::nullopt);
+    EXPECT_EQ(person.state().currentSession()->plan.intendedOutcome, "Headings");
+    EXPECT_EQ(presenter->message(), "Focus.");
+    EXPECT_FALSE(presenter->workForm());
+    EXPECT_EQ(namesIn(person.stateHome()), Words{});
+}
+
+TEST_F(PresenterOfAPerson, namesTheFieldToCorrect)
+{
+    opens(stateIn(WorkflowState::blockPlanning));
+    fills(presenter->workForm(), "focus", "soon");
+    EXPECT_EQ(presenter->save(presenter->workForm()), "focus");
+    EXPECT_TRUE(presenter->workForm());
+    EXPECT_EQ(person.state().workflowState, WorkflowState::blockPlanning);
+}
+
+TEST_F(PresenterOfAPerson, keepsTheDraftOfTheFirstFormWhenASecondIsChanged)
+{
+    opens(stateIn(WorkflowState::sessionPlanning));
+    fills(presenter->workForm(), "outcome", "Headings");
+    presenter->openQuestion();
+    fills(presenter->questionForm(), "question", "Why?");
+    presenter->keepDraft();
+    EXPECT_EQ(namesIn(person.stateHome()).size(), 2U);
+}
+
+TEST_F(PresenterOfAPerson, reportsAFormThatIsClosedWhileItIsFilledIn)
+{
+    opens(stateIn(WorkflowState::sessionPlanning));
+    const FormSubject subject = presenter->workForm()->subject();
+    fills(presenter->workForm(), "outcome", "Headings");
+    ASSERT_EQ(person.types({"focus", "--outcome", "Another"}).code, ExitCode::done);
+    presenter->refresh();
+    EXPECT_EQ(presenter->takeClosedForms(), std::vector<FormSubject>{subject});
+    EXPECT_TRUE(presenter->takeClosedForms().empty());
+    EXPECT_EQ(presenter->message(), "The work was moved on elsewhere. What you wrote is kept.");
+}
+
+TEST_F(PresenterOfAPerson, reportsNoFormThatWasNotFilledIn)
+{
+    opens(stateIn(WorkflowState::sessionPlanning));
+    ASSERT_EQ(person.types({"focus", "--outcome", "Another"}).code, ExitCode::done);
+    presenter->refresh();
+    EXPECT_FALSE(presenter->workForm());
+    EXPECT_TRUE(presenter->takeClosedForms().empty());
+}
+
+TEST_F(PresenterOfAPerson, waitsForAConfirmationWhereSomethingIsLost)
+{
+    opens(stateIn(WorkflowState::focusing));
+    const Action* const end = actionFor(Step::endFocus, presenter->situation());
+    presenter->request(*end);
+    EXPECT_EQ(presenter->toConfirm(), end);
+    presenter->confirm(false);
+    EXPECT_EQ(person.state().workflowState, WorkflowState::focusing);
+    presenter->request(*end);
+    presenter->confirm(true);
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
+}
+
+TEST_F(PresenterOfAPerson, dropsAConfirmationThatIsNoLongerPossible)
+{
+    opens(stateIn(WorkflowState::focusing));
+    presenter->request(*actionFor(Step::endFocus, presenter->situation()));
+    ASSERT_EQ(person.types({"end"}).code, ExitCode::done);
+    presenter->refresh();
+    EXPECT_FALSE(presenter->toConfirm());
+}
+
+TEST_F(PresenterOfAPerson, closesAnAnswerThatWasGivenElsewhere)
+{
+    opens(stateIn(WorkflowState::focusing));
+    ASSERT_EQ(person.types({"ask", "Which build?"}).code, ExitCode::done);
+    presenter->refresh();
+    presenter->openAnswer(presenter->state().agentQuestions.at(0));
+    ASSERT_TRUE(presenter->questionForm());
+    ASSERT_EQ(person.types({"answer", "1", "The other"}).code, ExitCode::done);
+    presenter->refresh();
+    EXPECT_FALSE(presenter->questionForm());
+    EXPECT_TRUE(presenter->message().ends_with("This question was answered elsewhere."));
+}
+
+TEST_F(PresenterOfAPerson, tellsOfAnEventOnce)
+{
+    opens(stateIn(WorkflowState::focusing));
+    person.now = moment + 1'500;
+    presenter->refresh();
+    EXPECT_EQ(presenter->message(), "The focus session ended at 15:25.");
+    EXPECT_TRUE(presenter->takeBell());
+    presenter->refresh();
+    EXPECT_FALSE(presenter->takeBell());
+}
+
+}  // namespace
+}  // namespace quillmere::test
