@@ -1,8 +1,8 @@
-// What a run of `quillmere bar` takes of the processor, with little and with much history and with long
-// texts, beside other programs that say what is running: quillmere_bar_time PROGRAM [OTHER ARGUMENT…].
+// Measures the processor time of `quillmere bar` with little history, with much history and with long texts,
+// and compares it with other programs for status bars: quillmere_bar_time PROGRAM [OTHER ARGUMENT…].
 //
-// All take turns, each run is a process of its own, and the kernel tells what it took (getrusage(2)): the
-// start of a program, most of which is the dynamic linker's and the kernel's, is the greater part.
+// The commands run in turn, each run in a new process, measured by getrusage(2). Starting the program, which
+// is mostly work of the dynamic linker and the kernel, is the greater part of the time.
 #include "generated_state.hpp"
 
 #include <quillmere/store/state_store.hpp>
@@ -24,7 +24,7 @@
 #include <system_error>
 #include <vector>
 
-extern char** environ;  // NOLINT(readability-redundant-declaration): not everywhere declared
+extern char** environ;  // NOLINT(readability-redundant-declaration): not declared on every system
 
 namespace quillmere::bench {
 namespace {
@@ -34,14 +34,14 @@ namespace fs = std::filesystem;
 constexpr int rounds = 200;
 constexpr std::size_t muchHistory = 10'000;
 
-/// A command line, and the milliseconds that each of its runs took.
+/// A command line, and the milliseconds of each of its runs.
 struct Command {
     std::string name;
     std::vector<std::string> words;
     std::vector<double> times;
 };
 
-/// A directory for as long as the measurement lasts.
+/// A temporary directory for the measurement.
 class Place {
 public:
     Place()
@@ -67,7 +67,7 @@ double milliseconds(const timeval& time)
     return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
 }
 
-/// Runs a command to its end and returns what it took, in user and in system mode.
+/// Runs a command and returns its processor time in user and system mode.
 double timeOfRun(std::vector<std::string> words)
 {
     std::vector<char*> pointers;
@@ -103,7 +103,7 @@ void saveHistory(const fs::path& directory)
                 static_cast<double>(fs::file_size(directory / "state.json")) / 1e6);
 }
 
-/// A summary with texts of so many bytes wherever it may have them.
+/// Saves a summary with texts of `bytes` bytes in every text field.
 void saveLongTexts(const fs::path& directory, std::size_t bytes)
 {
     std::string text;

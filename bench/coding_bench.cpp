@@ -1,4 +1,4 @@
-// Bytes to records and back, against other libraries doing the same.
+// Reading and writing of records, compared with other libraries.
 #include "rivals/rivals.hpp"
 #include "sizes.hpp"
 
@@ -13,7 +13,7 @@ namespace {
 
 QuillmereState decode(const Bytes& file) { return StateStore::decoder().decode<QuillmereState>(file); }
 
-/// simdjson's tape and nothing more, with a fresh parser as a load has it.
+/// Only simdjson's tape, with a new parser as for each load.
 std::unique_ptr<simdjson::dom::parser> tapeOf(const Bytes& file)
 {
     auto parser = std::make_unique<simdjson::dom::parser>();
@@ -74,7 +74,7 @@ void encodeQuillmere(benchmark::State& run)
     timeEncoding(run, [&] { return StateStore::encoder().encode(state); });
 }
 
-/// The text in pieces, as a file takes it.
+/// The text in pieces, as for a file.
 void encodePieces(benchmark::State& run)
 {
     const QuillmereState state = stateOf(run);

@@ -20,7 +20,7 @@ constexpr auto words = std::to_array<std::string_view>({
     "means",  "merged", "with",    "a",       "green", "build",    "because", "without",
 });
 
-/// What a writer does not write as plain ASCII: names, quotations, links.
+/// Words with characters that are not plain ASCII, or are escaped: names, quotations, links.
 constexpr auto rareWords = std::to_array<std::string_view>({
     "Zoë",
     "café",
@@ -31,10 +31,10 @@ constexpr auto rareWords = std::to_array<std::string_view>({
     "C:\\drafts",
 });
 
-/// Writes prose; every state starts it afresh, so that states of one size hold the same texts.
+/// Generates prose. A new Author starts from the beginning, so that states of one size have the same texts.
 class Author {
 public:
-    /// Between `fewest` and `most` words, a line break after some sentences.
+    /// Between `fewest` and `most` words, with a line break after some sentences.
     std::string text(std::size_t fewest, std::size_t most)
     {
         std::string text;

@@ -1,4 +1,4 @@
-// Made-up histories to measure with.
+// Generated histories for the benchmarks.
 #pragma once
 
 #include <quillmere/records/quillmere_state.hpp>
@@ -7,9 +7,9 @@
 
 namespace quillmere::bench {
 
-/// A state with `finishedBlocks` blocks of eight reviewed sessions each in its history and a ninth
-/// session under way in a current block: prose of usual lengths, some of it in several lines, with
-/// quotes and letters beyond ASCII. The same for every call with the same count, identifiers apart.
+/// A state with `finishedBlocks` blocks of eight reviewed sessions each in its history, and a ninth session
+/// running in a current block. The texts are prose of usual lengths, some with several lines, with quotes and
+/// non-ASCII letters. Every call with the same count returns the same state, except for the identifiers.
 QuillmereState generatedState(std::size_t finishedBlocks);
 
 }  // namespace quillmere::bench

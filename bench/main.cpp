@@ -1,5 +1,5 @@
-// Runs every benchmark in a process of its own, all of them in turn and again, and prints tables.
-#include "apart.hpp"
+// Runs every benchmark in a child process, in several rounds, and prints tables.
+#include "child_process.hpp"
 #include "sizes.hpp"
 #include "times.hpp"
 
@@ -11,7 +11,7 @@
 namespace quillmere::bench {
 namespace {
 
-/// Noise comes and goes; a benchmark that is met by it in one round has others.
+/// Several rounds, because a disturbance of the machine usually affects only one of them.
 constexpr int rounds = 7;
 
 /// Writes a line "name nanoseconds" for every run.
@@ -30,10 +30,10 @@ public:
     }
 };
 
-/// What the benchmark library writes in a process of its own, for the benchmarks that match `filter`.
+/// The output of the benchmark library in a child process, for the benchmarks that match `filter`.
 std::string outputOf(const std::string& filter)
 {
-    return apart([&](int output) {
+    return inChildProcess([&](int output) {
         std::ostringstream lines;
         LineReporter reporter(lines);
         benchmark::RunSpecifiedBenchmarks(&reporter, filter);
@@ -41,10 +41,10 @@ std::string outputOf(const std::string& filter)
     });
 }
 
-/// The names of the benchmarks that the command line asks for.
+/// The names of the benchmarks that the command line selects.
 std::vector<std::string> chosenNames()
 {
-    std::istringstream listed(apart([](int output) {
+    std::istringstream listed(inChildProcess([](int output) {
         char program[] = "quillmere_bench";
         char list[] = "--benchmark_list_tests=true";
         char* arguments[] = {program, list};

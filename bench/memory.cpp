@@ -1,5 +1,5 @@
-// How much memory loading and saving take, and how many blocks of it. Prints the ratios.
-#include "apart.hpp"
+// Measures the memory and the number of allocations of loading and saving. Prints the ratios.
+#include "child_process.hpp"
 #include "generated_state.hpp"
 
 #include <quillmere/store/state_store.hpp>
@@ -34,7 +34,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A figure of this process in kilobytes: "VmHWM", the most that was resident, or "VmRSS".
+/// A value of this process in kilobytes: "VmHWM", its peak resident memory, or "VmRSS".
 double kilobytes(const std::string& figure)
 {
     std::ifstream status("/proc/self/status");
@@ -46,20 +46,20 @@ double kilobytes(const std::string& figure)
     return 0;
 }
 
-/// Rows of a table.
+/// The rows of a table.
 std::string measure(std::size_t blocks, const fs::path& directory)
 {
     std::string rows;
     const StateStore store(directory, StateStore::renameReplacing);
-    apart([&](int) { store.save(generatedState(blocks)); });
+    inChildProcess([&](int) { store.save(generatedState(blocks)); });
     const double fileKilobytes = static_cast<double>(fs::file_size(store.stateURL())) / 1024;
-    rows += apart([&](int output) {
+    rows += inChildProcess([&](int output) {
         const double before = kilobytes("VmRSS");
         const QuillmereState state = store.load();
         ::dprintf(output, "| %zu blocks: most resident in a load, over the file | 8 | %.2f |\n", blocks,
                   (kilobytes("VmHWM") - before) / fileKilobytes);
     });
-    rows += apart([&](int output) {
+    rows += inChildProcess([&](int output) {
         const QuillmereState state = store.load();
         std::ofstream("/proc/self/clear_refs") << "5";
         const double before = kilobytes("VmRSS");
@@ -68,7 +68,7 @@ std::string measure(std::size_t blocks, const fs::path& directory)
                   "| %zu blocks: most resident in a save beyond the state, over the file | 2.5 | %.2f |\n",
                   blocks, (kilobytes("VmHWM") - before) / fileKilobytes);
     });
-    rows += apart([&](int output) {
+    rows += inChildProcess([&](int output) {
         const Bytes file = FileManager::standard().contents(store.stateURL());
         blocksAllocated = 0;
         const QuillmereState state = StateStore::decoder().decode<QuillmereState>(file);

@@ -1,5 +1,5 @@
-// The same operations on a state without a history and on one with 10,000 blocks. All but the archiving
-// of a block are done and undone on one state, so that nothing is copied inside the measurement.
+// The same operations on a state without history and on one with 10,000 blocks. All except archiving a block
+// are done and undone on one state, so that the measurement includes no copy.
 #include "sizes.hpp"
 
 #include <quillmere/engine/workflow_engine.hpp>
@@ -10,7 +10,7 @@ namespace {
 
 const WorkflowEngine engine;
 
-/// The sample's state as a copy to work on, and an instant after its last change.
+/// A copy of the sample state, and an instant after its last change.
 struct Work {
     explicit Work(const benchmark::State& run) : state(stateOf(run)), now(state.updatedAt + 60) {}
 
@@ -44,7 +44,7 @@ void evaluateTimer(benchmark::State& run)
     }
 }
 
-/// A cycle: end, review, break with an extension, the next session; the session is taken off again.
+/// A cycle: end, review, break with an extension, next session. Then removes the new session.
 void cycle(benchmark::State& run)
 {
     Work work(run);
@@ -59,7 +59,7 @@ void cycle(benchmark::State& run)
     }
 }
 
-/// Planning, scheduling, editing, beginning.
+/// Planning, scheduling, editing, starting.
 void plan(benchmark::State& run)
 {
     Work work(run);
@@ -76,7 +76,7 @@ void plan(benchmark::State& run)
     }
 }
 
-/// The exception: the finished block goes to the front of the history.
+/// The exception: inserts the finished block at the front of the history.
 void completeBlockReview(benchmark::State& run)
 {
     Work work(run);

@@ -1,4 +1,4 @@
-// A whole save, against the least that a save can do.
+// A whole save, compared with the minimum work of a save.
 #include "sizes.hpp"
 
 #include <stdlib.h>
@@ -12,10 +12,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Where files are kept: as a person's are, or in memory, where there is less to wait for.
+/// The file system: the usual one, or one in memory, which waits less.
 enum class Place { usual, memory };
 
-/// A directory of its own.
+/// A temporary directory.
 class Directory {
 public:
     explicit Directory(Place place)
@@ -29,7 +29,7 @@ public:
     fs::path path;
 };
 
-/// The two ways by which a state gets into a file.
+/// The two ways to write a state to a file.
 class Saving {
 public:
     Saving(const benchmark::State& run, Place place)
@@ -77,7 +77,7 @@ void writeAndRename(benchmark::State& run)
 
 QUILLMERE_BENCH_SIZES(saveQuillmere<Place::usual>, "save/quillmere");
 QUILLMERE_BENCH_SIZES(writeAndRename<Place::usual>, "save/write_and_rename");
-// Long enough that the first of them, which finds no free memory yet, does not count for much.
+// Long enough that the first saves, which find no free memory yet, do not matter.
 QUILLMERE_BENCH_SIZES(saveQuillmere<Place::memory>, "save/in_memory/quillmere")->MinTime(0.5);
 QUILLMERE_BENCH_SIZES(writeAndRename<Place::memory>, "save/in_memory/write_and_rename")->MinTime(0.5);
 

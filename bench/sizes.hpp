@@ -1,4 +1,4 @@
-// The histories that are measured, made once each.
+// The histories to measure, each made once.
 #pragma once
 
 #include "generated_state.hpp"
@@ -13,7 +13,7 @@
 
 namespace quillmere::bench {
 
-/// The file of a history of so many finished blocks.
+/// The file of a history of `blocks` finished blocks.
 inline const Bytes& fileOf(std::int64_t blocks)
 {
     static std::map<std::int64_t, Bytes> files;
@@ -27,15 +27,14 @@ inline const Bytes& fileOf(std::int64_t blocks)
 
 inline const Bytes& fileOf(const benchmark::State& run) { return fileOf(run.range(0)); }
 
-/// The state of that file. Loaded, so that its texts lie in memory as they do after a load.
+/// The state of that file. Loaded, so that its texts are placed in memory as after every load.
 inline QuillmereState stateOf(const benchmark::State& run)
 {
     return StateStore::decoder().decode<QuillmereState>(fileOf(run));
 }
 
-/// Times `measured`, which returns what it makes, in turn with `other`, which is not timed: what is timed
-/// against each other meets the same caches and the same free memory. Letting go of what was made is not
-/// timed either.
+/// Times `measured`, and runs `other` untimed before each run, so that both of two compared functions meet
+/// the same caches and the same free memory. Destroying the result is not timed.
 template <class Measured, class Other>
 void timeInTurn(benchmark::State& run, Measured measured, Other other)
 {
@@ -52,12 +51,12 @@ void timeInTurn(benchmark::State& run, Measured measured, Other other)
     }
 }
 
-/// Names a benchmark and runs it for every size that is asked for.
+/// Names a benchmark and runs it for every size.
 #define QUILLMERE_BENCH(function, name) \
     BENCHMARK(function)->Name(name)->Unit(benchmark::kMillisecond)->UseRealTime()
 #define QUILLMERE_BENCH_SIZES(function, name) \
     QUILLMERE_BENCH(function, name)->Arg(10)->Arg(100)->Arg(1000)->Arg(10000)
-/// The first run in a process, as a program does it that loads, changes and saves once.
+/// Only the first run in a process, like a program that loads, changes and saves once.
 #define QUILLMERE_BENCH_ONCE(function, name) \
     QUILLMERE_BENCH(function, name)->Arg(100)->Arg(10000)->Iterations(1)
 

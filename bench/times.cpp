@@ -5,14 +5,14 @@
 namespace quillmere::bench {
 namespace {
 
-/// A promise: one benchmark's time over another's, or the other way round.
+/// A bound for the ratio of two benchmarks' times.
 struct Promise {
     const char* what;
     const char* over;
     const char* under;
     double bound;
     bool atLeast;      ///< otherwise at most
-    double times = 1;  ///< how many of the second one the first is held against
+    double times = 1;  ///< factor of the second time
 };
 
 constexpr Promise promises[] = {

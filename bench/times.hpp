@@ -1,4 +1,4 @@
-// Prints what was asked: ratios of best times, measured in one run.
+// Prints ratios of best times, measured in one run.
 #pragma once
 
 #include <map>
@@ -6,8 +6,8 @@
 
 namespace quillmere::bench {
 
-/// The best time of each benchmark, "decode/quillmere/1000", in nanoseconds. The best time is what the
-/// code takes; all above it is the machine.
+/// The best time of each benchmark, such as "decode/quillmere/1000", in nanoseconds. The best time is that of
+/// the code; everything above it is caused by the machine.
 using BestTimes = std::map<std::string, double>;
 
 void printTimes(const BestTimes& times);

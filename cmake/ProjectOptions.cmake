@@ -1,7 +1,7 @@
-# What every target of this project is compiled with, linked PRIVATE so that no consumer sees it.
+# Compiler options of all targets, linked PRIVATE so that no consumer gets them.
 add_library(quillmere_options INTERFACE)
 target_compile_features(quillmere_options INTERFACE cxx_std_20)
-# Fused multiply-add would give other bits on machines that have it.
+# Fused multiply-add would give different results on machines that have it.
 target_compile_options(quillmere_options INTERFACE -ffp-contract=off)
 
 if(PROJECT_IS_TOP_LEVEL)
@@ -16,8 +16,8 @@ if(PROJECT_IS_TOP_LEVEL)
     endif()
 endif()
 
-# A build of everything takes half the time when files share their headers; after a change of one file it takes
-# longer, and hides an include that is missing.
+# A full build takes half the time when several files are compiled as one. After a change of one file it takes
+# longer, and it hides missing includes.
 function(quillmere_compile_together target)
     if(QUILLMERE_UNITY_BUILD)
         set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 24)

@@ -1,9 +1,9 @@
-// Reads the records out of a document tree of another library, by the same tables and with the same
-// checks, so that only the libraries differ.
+// Reads the records from the document tree of another library, with the same tables and the same checks, so
+// that only the libraries differ.
 //
-// A `Dom` gives: Value; isObject, isArray, isString, isNull, isBool; find(object, key), which returns a
-// pointer or null; text, boolean; integer and number, which return nothing when it is none; forEach.
-// Keys are looked up in their usual spelling only, which is less work than this system does.
+// A `Dom` provides: Value; isObject, isArray, isString, isNull, isBool; find(object, key), which returns a
+// pointer or null; text, boolean; integer and number, which return nothing for another type; forEach. It
+// looks keys up only in their usual spelling, which is less work than this system does.
 #pragma once
 
 #include <quillmere/records/json/date_text.hpp>
@@ -23,7 +23,7 @@ inline void require(bool condition)
     }
 }
 
-/// An instant as files hold it, for libraries that write texts.
+/// An instant as written to files, for libraries that write texts.
 inline std::string dateText(Instant instant)
 {
     require(json::hasDateText(instant));

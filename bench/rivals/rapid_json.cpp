@@ -52,7 +52,8 @@ struct Dom {
     }
 };
 
-// Without its check of the encoding, which this class cannot be compiled with: less work, in its favour.
+// Without the check of the encoding, which does not compile with this class: less work, to RapidJSON's
+// advantage.
 using Writer = rapidjson::PrettyWriter<rapidjson::StringBuffer>;
 
 void writeText(Writer& writer, std::string_view text)

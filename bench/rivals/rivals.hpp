@@ -1,4 +1,4 @@
-// Other libraries doing this system's work.
+// Other libraries performing the same work.
 #pragma once
 
 #include <quillmere/records/quillmere_state.hpp>

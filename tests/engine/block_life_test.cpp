@@ -40,7 +40,7 @@ TEST(ABlock, goesFromItsPlanningToTheHistory)
     engine.beginBlockPlanning(state, moment + 1);
     engine.startBlock(state, shortBlock(), moment + 2);
 
-    // A session with a pause that the timer ends, and a break that is extended once it is over.
+    // A session with a pause, ended by the timer; and a break that is extended after its end.
     engine.startFocus(state, samplePlan(1), moment + 10);
     engine.pauseFocus(state, moment + 100);
     engine.resumeFocus(state, moment + 160);
@@ -52,7 +52,7 @@ TEST(ABlock, goesFromItsPlanningToTheHistory)
     EXPECT_EQ(engine.evaluateTimer(state, moment + 2020), TimerTransition::breakEnded);
     engine.endBreak(state, moment + 2100);
 
-    // A session by the saved plan, ended early while paused, with a question in between.
+    // A session with the saved plan, ended while paused, with a question in between.
     engine.startFocus(state, std::nullopt, moment + 2200);
     engine.addQuestion(state, "Which build fails?", moment + 2300);
     engine.pauseFocus(state, moment + 2400);

@@ -5,7 +5,7 @@
 namespace quillmere::test {
 namespace {
 
-/// Collects the names of what differs.
+/// Collects the names of differing fields.
 class Differences {
 public:
     template <class Value>
@@ -86,7 +86,7 @@ QuillmereState crowdedStateIn(WorkflowState workflowState)
 
 testing::AssertionResult isExactly(const QuillmereState& actual, const QuillmereState& expected)
 {
-    // The records' own equality decides; the rest only tells where to look.
+    // The equality of the records decides; the names only help to find the difference.
     if (actual == expected) {
         return testing::AssertionSuccess();
     }

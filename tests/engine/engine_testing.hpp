@@ -1,4 +1,4 @@
-// What the tests of the engine share.
+// Helpers of the engine's tests.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -13,21 +13,21 @@ namespace quillmere::test {
 
 inline constexpr WorkflowEngine engine;
 
-/// Later than every instant that the samples hold.
+/// Later than every instant in the samples.
 inline constexpr Instant now = moment + 10'000;
 
 inline constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 inline constexpr double infinity = std::numeric_limits<double>::infinity();
 inline constexpr Instant noInstant{notANumber};
 
-/// `fullState` in another workflow state: every field holds something, also where the engine never
-/// leaves it so, and a write too many shows.
+/// `fullState` in another workflow state: every field has a value, even where the engine would never leave
+/// one, so that every unnecessary write is detected.
 QuillmereState crowdedStateIn(WorkflowState workflowState);
 
-/// Whether all of two states is equal; names the fields that are not.
+/// Whether two states are equal; names the differing fields.
 testing::AssertionResult isExactly(const QuillmereState& actual, const QuillmereState& expected);
 
-/// The case that `operation` is refused with; absent when it succeeds.
+/// The case of the error that `operation` throws; absent when it succeeds.
 template <class Operation>
 std::optional<WorkflowError::Case> refusalOf(Operation operation)
 {
@@ -39,7 +39,7 @@ std::optional<WorkflowError::Case> refusalOf(Operation operation)
     return std::nullopt;
 }
 
-/// Whether `operation`, called with a copy of `before`, throws this error and leaves the copy as it was.
+/// Whether `operation`, called with a copy of `before`, throws this error and leaves the copy unchanged.
 template <class Operation>
 testing::AssertionResult isRefused(WorkflowError::Case expected, const QuillmereState& before,
                                    Operation operation)

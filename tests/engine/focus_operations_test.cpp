@@ -63,7 +63,7 @@ TEST(ResumeFocus, addsUpAllPauses)
     EXPECT_EQ(session(state).accumulatedPausedSeconds, 30.75);
 }
 
-/// A pause and what it adds.
+/// A pause and the paused seconds that it adds.
 struct Pause {
     Instant from;
     Instant to;
@@ -74,7 +74,7 @@ constexpr auto pauses = std::to_array<Pause>({
     {moment, moment + 30, 30},
     {moment, moment + 0.125, 0.125},
     {moment, moment, 0},
-    // The clock went back, by little and by much.
+    // The clock was set back, by little and by much.
     {moment, moment - 0.125, 0},
     {moment, moment - 86'400, 0},
     {moment, Instant(-infinity), 0},

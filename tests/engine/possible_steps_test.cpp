@@ -1,5 +1,5 @@
-// `isPossible` against the operations: a step is possible exactly when its operation, called with arguments
-// that it accepts, takes it.
+// `isPossible` compared with the operations: a step is possible exactly when its operation, called with valid
+// arguments, performs it.
 #include <quillmere/engine/workflow_engine.hpp>
 
 #include <map>
@@ -12,7 +12,7 @@
 namespace quillmere::test {
 namespace {
 
-/// Every timer has run out by then.
+/// After the end of every timer.
 constexpr Instant late = moment + 100'000;
 
 struct Schedule {
@@ -22,14 +22,14 @@ struct Schedule {
 
 const std::vector<Schedule> schedules = {{}, {moment, {}}, {moment, moment}, {{}, moment}};
 
-/// The last of the sessions.
+/// The progress of the last session.
 struct Progress {
     std::int64_t sessions;
     bool isPaused;
     bool isEnded;
 };
 
-/// Of a block with three cycles.
+/// For a block with three cycles.
 constexpr auto progresses = std::to_array<Progress>({
     {0, false, false},
     {1, false, false},
@@ -60,7 +60,7 @@ std::vector<std::optional<Block>> blocks()
     return all;
 }
 
-/// Every workflow state, and a value that is none of them.
+/// Every workflow state, and an invalid value.
 std::vector<WorkflowState> workflowStates()
 {
     const auto cases = allCases<WorkflowState>();
@@ -131,7 +131,7 @@ bool call(Step step, QuillmereState& state)
 
 bool isEvaluation(Step step) { return step == Step::evaluateSchedule || step == Step::announceBreakEnd; }
 
-/// Whether the workflow state is as the row of the step says.
+/// Whether the workflow state is that of the step's row.
 bool hasArrived(Step step, const QuillmereState& before, const QuillmereState& after)
 {
     return after.workflowState == transition(step).result.value_or(before.workflowState);

@@ -1,4 +1,4 @@
-// Blocks that wait for a planned start.
+// Blocks with a planned start.
 #include <quillmere/engine/workflow_engine.hpp>
 
 #include <array>
@@ -12,7 +12,7 @@ namespace {
 
 using enum WorkflowState;
 
-/// `idle`, with a full block that is due at `moment` and everything around it.
+/// `idle`, with a full block that is due at `moment`, and every other field filled.
 QuillmereState crowdedWaitingState()
 {
     QuillmereState state = crowdedStateIn(idle);
@@ -199,7 +199,7 @@ TEST(EvaluateSchedule, startsTheDueBlockAndKeepsItsPlannedStartAndThePlan)
     EXPECT_TRUE(isExactly(state, expected));
 }
 
-/// The planned start is `moment`; `offset` is how much later the evaluation comes.
+/// The planned start is `moment`; the evaluation is `offset` later.
 struct Evaluation {
     double offset;
     bool starts;

@@ -74,7 +74,7 @@ TEST(StrongGuarantee, keepsTheSavedPlanWhenTheSessionCannotBeStarted)
     QuillmereState state = crowdedStateIn(sessionPlanning);
     const std::size_t failures = failEveryAllocationOf(
         state, [](QuillmereState& changed) { engine.startFocus(changed, std::nullopt, now); });
-    // The copy of the plan, then the room for the session.
+    // The copy of the plan, and the capacity for the session.
     EXPECT_GE(failures, 2U);
     EXPECT_EQ(state.currentSession()->plan, samplePlan(3));
 }
@@ -127,7 +127,7 @@ TEST(Arguments, areMovedInAndNotCopied)
     planning = crowdedStateIn(blockPlanning);
     EXPECT_EQ(allocationsOf([&] { engine.startBlock(planning, std::move(block), now); }), 0U);
 
-    // Room for the session, in a list without any.
+    // Capacity for the session, in a full list.
     QuillmereState ready = crowdedStateIn(sessionPlanning);
     std::optional<SessionPlan> plan = samplePlan(9);
     EXPECT_EQ(allocationsOf([&] { engine.startFocus(ready, std::move(plan), now); }), 1U);
@@ -140,7 +140,7 @@ TEST(Arguments, areMovedInAndNotCopied)
               }),
               0U);
 
-    // Room for the block, in a list without any.
+    // Capacity for the block, in a full list.
     QuillmereState closing = crowdedStateIn(blockReview);
     BlockReview reflection = sampleReflection();
     EXPECT_EQ(allocationsOf([&] { engine.completeBlockReview(closing, std::move(reflection), now); }), 1U);

@@ -162,7 +162,7 @@ TEST(FocusTimer, isAbsentWithoutABlockOrASession)
 
 // The end of a session -------------------------------------------------------------------------------
 
-/// A session that began at `moment`, and whether its time ran out when it ended.
+/// A session that started at `moment`, and whether its time had run out when it ended.
 struct Ending {
     double planned;
     double paused;
@@ -216,7 +216,7 @@ TEST(TimeRanOut, isFalseForASessionThatHasNotEnded)
 
 // Break ----------------------------------------------------------------------------------------------
 
-/// One break: planned, extended, and looked at `offset` after its start.
+/// One break: planned and extended seconds, and the timer `offset` seconds after its start.
 struct Break {
     double planned;
     double extension;

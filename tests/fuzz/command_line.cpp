@@ -1,9 +1,8 @@
-// The program's command line: one run, in a directory with the files of one situation.
+// The program's command line: one run in a directory with the files of one situation.
 //
-// The first line's first byte chooses the situation and its second one how late it is. Each further line
-// is an argument, and what follows a zero byte stands on standard input, before which somebody sits.
-// Two kinds of word are left out, since with them a run goes to files elsewhere: "tour", and what
-// contains "--directory".
+// The first byte of the first line chooses the situation, the second byte how late it is. Each further line
+// is an argument. The text after a zero byte is standard input, which is then a terminal. Arguments that lead
+// to files elsewhere are ignored: "tour", and every one that contains "--directory".
 #include "cli/run.hpp"
 
 #include <quillmere/store/state_store.hpp>
@@ -33,7 +32,7 @@ namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
 using Files = std::map<std::string, std::string>;
 
-/// Removed at the end of the process.
+/// A temporary directory, removed at the end of the process.
 class Directory {
 public:
     Directory()
@@ -43,7 +42,7 @@ public:
             throw std::runtime_error("no temporary directory");
         }
         path_ = name;
-        // Local time is no part of an input.
+        // Makes local time independent of the machine.
         ::setenv("TZ", "UTC", 1);
     }
     Directory(const Directory&) = delete;
@@ -56,7 +55,7 @@ public:
 
     const fs::path& path() const { return path_; }
 
-    /// Leaves exactly these files there.
+    /// Makes these files the only ones in the directory.
     void fill(const Files& files) const
     {
         for (const fs::directory_entry& entry : fs::directory_iterator(path_)) {
@@ -82,7 +81,7 @@ private:
 };
 
 struct Input {
-    std::size_t situation;  ///< situationCount: nothing has been saved
+    std::size_t situation;  ///< situationCount: no saved files
     Instant now;
     Words words;
     std::string answers;
@@ -95,7 +94,7 @@ Input input(std::string_view text)
     const auto byteAt = [&](std::size_t index) {
         return index < text.size() ? static_cast<unsigned char>(text[index]) : 0U;
     };
-    // Between whole seconds, as clocks are.
+    // Between whole seconds, like a real clock.
     Input input{.situation = byteAt(0) % (situationCount + 1),
                 .now = moment + 0.75 + lateness.at(byteAt(1) % lateness.size()),
                 .words = {},
@@ -196,7 +195,8 @@ void run(const Directory& directory, const Input& input)
     const cli::ExitCode code = codeOf(arguments, input);
     const Files after = directory.files();
     if (code != cli::ExitCode::done && after != before) {
-        // What the time brought about has been kept. It is done with now, so a repetition shows the rest.
+        // The run has saved the effects of the passed time. A second run has no such effects, so it shows
+        // those of the command.
         require(codeOf(arguments, input) == code, "a failure is the same the second time");
         require(directory.files() == after, "a run that fails changes nothing");
     }

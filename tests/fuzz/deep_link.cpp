@@ -1,4 +1,4 @@
-// Deep links: whoever sends one, it opens a screen or nothing. An exception ends the target.
+// Deep links: any text opens a screen or nothing. An exception ends the target.
 #include <quillmere/widget/widget_route.hpp>
 
 #include <string>

@@ -1,4 +1,4 @@
-// An input as a row of decisions.
+// An input as a sequence of decisions.
 #pragma once
 
 #include <cstddef>
@@ -8,7 +8,7 @@
 
 namespace quillmere::test {
 
-/// Hands out the bytes of an input one after the other; zeros when there are no more.
+/// Returns the bytes of an input one after another, and then zeros.
 class Draws {
 public:
     Draws(const std::uint8_t* data, std::size_t size) : data_(data), left_(size) {}
@@ -27,7 +27,7 @@ public:
     /// A number below `limit`, which is at most 256.
     std::size_t below(std::size_t limit) { return byte() % limit; }
 
-    /// Up to 15 bytes as they are, so that texts may be ill-formed.
+    /// Up to 15 unchanged bytes, so texts may be ill-formed.
     std::string text()
     {
         std::string text;

@@ -1,7 +1,7 @@
-// A walk through the engine: each byte chooses an operation, an argument or what the clock does.
+// A walk through the engine: each byte chooses an operation, an argument or a change of the clock.
 //
-// Instants are whole seconds within a few years, and durations that are accepted stay below 1e9
-// seconds: beyond 64 bits of seconds a timer is a fatal error, as its documentation says.
+// Instants are whole seconds within a few years, and accepted durations stay below 1e9 seconds: a timer whose
+// seconds do not fit 64 bits is a fatal error, as documented.
 #include <quillmere/engine/workflow_engine.hpp>
 #include <quillmere/records/json/json_decoder.hpp>
 #include <quillmere/records/json/json_encoder.hpp>
@@ -104,7 +104,7 @@ private:
         return which < state_.agentQuestions.size() ? state_.agentQuestions[which].id : freshIdentifier();
     }
 
-    /// Calls the engine; whether it had something to do.
+    /// Calls the engine; returns whether the call had an effect.
     bool call()
     {
         switch (draws_.below(19)) {
@@ -186,7 +186,7 @@ private:
         }
     }
 
-    /// Texts may be ill-formed in memory, so the first writing may change them; the second may not.
+    /// Texts may be ill-formed in memory, so the first save may change them; the second must not.
     void requireSavable() const
     {
         const JsonEncoder encoder(JsonLayout::compact);

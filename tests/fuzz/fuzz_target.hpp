@@ -1,7 +1,7 @@
-// What the fuzz targets share.
+// Helpers of the fuzz targets.
 //
-// A target takes any bytes and aborts when one of its sentences does not hold of them. Built with
-// libFuzzer it is fed by that; built with replay_main.cpp it repeats the inputs of tests/corpus.
+// A target takes any bytes and aborts when one of its rules does not hold. Linked with libFuzzer, it gets
+// generated inputs; linked with replay_main.cpp, it repeats the inputs in tests/corpus.
 #pragma once
 
 #include <cstddef>
@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 namespace quillmere::test {
 
-/// Says which sentence is broken, and aborts.
+/// Unless the rule holds, prints it and aborts.
 inline void require(bool holds, const char* sentence)
 {
     if (!holds) {

@@ -1,4 +1,4 @@
-// Identifiers as text, against a plain reading of the canonical form.
+// Identifiers as text, compared with a simple reader of the canonical form.
 #include <quillmere/records/identifier.hpp>
 
 #include <cctype>

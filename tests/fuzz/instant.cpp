@@ -1,4 +1,4 @@
-// Instants as text, against a second reading of the calendar.
+// Instants as text, compared with an independent calendar.
 #include <quillmere/records/json/date_text.hpp>
 
 #include <cmath>

@@ -1,4 +1,4 @@
-// What holds of any bytes that are read as a record.
+// Rules for reading any bytes as a record.
 #pragma once
 
 #include <quillmere/records/json/coding_error.hpp>
@@ -15,7 +15,7 @@
 
 namespace quillmere::test {
 
-/// A path as files are pointed into: keys of small letters joined by points, and indices.
+/// Whether a path has the form of an error path: keys of small letters joined by points, and indices.
 inline bool looksLikePath(std::string_view path)
 {
     const auto isLetter = [](char c) { return c >= 'a' && c <= 'z'; };
@@ -25,7 +25,7 @@ inline bool looksLikePath(std::string_view path)
     return !path.empty() && isLetter(path.front()) && std::all_of(path.begin(), path.end(), mayStand);
 }
 
-/// A refusal says where, unless it is about the document as a whole, and says it in a text.
+/// A decoding error names the place, unless it concerns the whole document, and its message is valid text.
 inline void requireTold(const DecodingError& error)
 {
     const std::string& path = error.path();
@@ -37,8 +37,8 @@ inline void requireTold(const DecodingError& error)
     require(isUtf8(error.what()), "the message of a decoding error is a text");
 }
 
-/// What was read is written and read again without loss, to the same bytes: whole seconds, finite
-/// numbers and well-formed texts are all that a file can hold.
+/// A record that was read is written and read again without loss, and to the same bytes: a file can hold only
+/// whole seconds, finite numbers and well-formed texts.
 template <class Record>
 void requireRoundTrip(const Record& record, JsonLayout layout)
 {
@@ -49,7 +49,7 @@ void requireRoundTrip(const Record& record, JsonLayout layout)
     require(JsonEncoder(layout).encode(again).view() == written.view(), "and is written in the same bytes");
 }
 
-/// Any other exception than DecodingError ends the target: what was read can be written, too.
+/// Any exception other than DecodingError ends the target: a record that was read can also be written.
 template <class Record>
 void readAndWriteBack(const std::uint8_t* data, std::size_t size)
 {

@@ -1,4 +1,4 @@
-// Keys between camelCase and snake_case: any text goes in, whatever a file calls its members.
+// Keys between camelCase and snake_case: any text is accepted, because a file may contain any key.
 #include <quillmere/records/json/key_conversion.hpp>
 
 #include <algorithm>
@@ -16,8 +16,8 @@ std::string snakeCased(std::string_view key)
     return converted;
 }
 
-/// Whether a key is one that a record may have: words of letters and digits, each but the first with
-/// one capital in front.
+/// Whether a key is a possible key of a record: words of letters and digits, each but the first starting with
+/// one capital.
 bool isPlainKey(std::string_view key)
 {
     for (std::size_t index = 0; index < key.size(); ++index) {
@@ -30,7 +30,8 @@ bool isPlainKey(std::string_view key)
     return true;
 }
 
-/// The words between the underscores: the first as it is, each other one with a capital and then small.
+/// The words between the underscores joined: the first unchanged, each other one with a capital and then
+/// small letters.
 std::string joinedWords(std::string_view words)
 {
     std::string joined;
@@ -49,7 +50,7 @@ std::string joinedWords(std::string_view words)
     }
 }
 
-/// The camelCase form by its definition: what stands at the ends is set aside, the rest taken word by word.
+/// The camelCase form by its definition: keeps underscores at both ends, and joins the words between them.
 std::string expectedCamelCase(std::string_view key)
 {
     const std::size_t first = std::min(key.find_first_not_of('_'), key.size());
@@ -58,7 +59,7 @@ std::string expectedCamelCase(std::string_view key)
            std::string(key.substr(end));
 }
 
-/// What no conversion may change: the characters without their case and without underscores.
+/// The part that no conversion may change: the characters without case and underscores.
 std::string essence(std::string_view key)
 {
     std::string rest;

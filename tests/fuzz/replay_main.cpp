@@ -1,4 +1,4 @@
-// Repeats inputs of a fuzz target: each argument is a file, or a directory whose files are meant.
+// Runs a fuzz target on stored inputs: each argument is a file, or a directory of such files.
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -34,7 +34,7 @@ void replay(const fs::path& file)
     if (!stream) {
         throw std::runtime_error("cannot be read: " + file.string());
     }
-    // No longer than the file, so that a sanitizer sees what reads past it.
+    // Exactly as long as the file, so that a sanitizer detects a read past the end.
     std::vector<std::uint8_t> bytes(std::istreambuf_iterator<char>(stream), {});
     bytes.shrink_to_fit();
     std::cerr << file.string() << '\n';

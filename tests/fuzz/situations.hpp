@@ -1,4 +1,4 @@
-// Where a target may start from.
+// The initial states of the fuzz targets.
 #pragma once
 
 #include <quillmere/records/base/enumeration.hpp>
@@ -11,7 +11,7 @@ namespace quillmere::test {
 
 inline constexpr std::size_t situationCount = 11;
 
-/// One of `situationCount` states: in each workflow state, in the middle of much, waiting, or new.
+/// One of `situationCount` states: each workflow state, full states, a waiting block, and a new state.
 inline QuillmereState situation(std::size_t which)
 {
     switch (which) {

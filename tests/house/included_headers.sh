@@ -1,5 +1,5 @@
 #!/bin/sh
-# Headers that a folder must not include, whatever its floor (floors.py). included_headers.sh SOURCE
+# Headers that a folder must not include, independent of its layer (floors.py). included_headers.sh SOURCE
 set -eu
 cd "$1"
 status=0
@@ -11,7 +11,7 @@ if grep -rnE '#include <(chrono|ctime|filesystem|fstream|iostream|sstream|ostrea
     status=1
 fi
 
-# The program includes only headers of the library that are installed.
+# The program includes only the installed headers of the library.
 for header in $(grep -rhoE '#include <quillmere/[^>]+>' app examples | sed -E 's/.*<quillmere\/(.*)>/\1/' | sort -u); do
     grep -qE "^    $header\$" core/CMakeLists.txt || { echo "app includes $header, which is not public"; status=1; }
 done

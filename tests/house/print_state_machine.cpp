@@ -1,4 +1,4 @@
-// Prints docs/state-machine.md from the table that the engine runs on.
+// Prints docs/state-machine.md from the table that the engine uses.
 #include <quillmere/engine/transition.hpp>
 
 #include <iostream>

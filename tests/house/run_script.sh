@@ -1,6 +1,6 @@
 #!/bin/sh
-# script/run: what it passes on to the program. run_script.sh SOURCE
-# The script stands in a copy of its own, where building is nothing and the program prints its words.
+# The arguments that script/run passes to the program. run_script.sh SOURCE
+# Runs a copy of the script with a stub for the build and a program that prints its arguments.
 set -eu
 place=$(mktemp -d)
 trap 'rm -rf "$place"' EXIT
@@ -13,7 +13,7 @@ PATH=$place/tools:$PATH
 cd "$place"
 status=0
 
-# expect RULE WORDS COMMAND...: what the program got when the command was run.
+# expect RULE WORDS COMMAND...: compares the program's arguments with WORDS after running the command.
 expect() {
     rule=$1
     words=$2

@@ -12,7 +12,7 @@ def has_limit(test):
     return any(entry["name"] == "TIMEOUT" and entry["value"] > 0 for entry in test.get("properties", []))
 
 
-# A program that is not built yet stands for its tests.
+# A program that is not built yet is a single test here.
 unlimited = [test["name"] for test in tests if not has_limit(test) and not test["name"].endswith("_NOT_BUILT")]
 for name in unlimited[:20]:
     print(f"{name} has no limit: add it by quillmere_test, quillmere_add_test or quillmere_add_long_test")

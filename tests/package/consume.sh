@@ -1,5 +1,5 @@
 #!/bin/sh
-# Builds the example against the library as others get it, and runs it.
+# Builds the example with the library as a consumer gets it, and runs it.
 # consume.sh SOURCE WORK static|folder
 set -eu
 source=$1
@@ -11,7 +11,7 @@ mkdir -p "$work"
 configure() { cmake -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O0 "$@" >"$work/configure.log" || { cat "$work/configure.log"; exit 1; }; }
 build() { cmake --build "$1" -- --quiet; }
 
-# The example says where it stands and leaves both files behind.
+# The example prints the workflow state and leaves both files.
 check() {
     directory=$work/files-$1
     shift
@@ -31,7 +31,7 @@ fi
 prefix=$work/installed
 configure -S "$source" -B "$work/library" -DQUILLMERE_BUILD_PROGRAM=OFF -DQUILLMERE_BUILD_TESTS=OFF
 build "$work/library"
-# To a place that the configuration did not know of.
+# Installs to a prefix other than the configured one.
 cmake --install "$work/library" --prefix "$prefix" >"$work/install.log"
 
 configure -S "$source/tests/package/consumer" -B "$work/consumer" -DCMAKE_PREFIX_PATH="$prefix" \
@@ -39,7 +39,8 @@ configure -S "$source/tests/package/consumer" -B "$work/consumer" -DCMAKE_PREFIX
 build "$work/consumer"
 check cmake "$work/consumer/first_session"
 
-# by_pkg_config NAME DIRECTORY: builds the example with what pkg-config finds there, and checks it.
+# by_pkg_config NAME DIRECTORY: builds the example with the flags that pkg-config finds in DIRECTORY, and
+# checks it.
 by_pkg_config()
 {
     # shellcheck disable=SC2046 # the flags are words
@@ -49,17 +50,17 @@ by_pkg_config()
 }
 by_pkg_config pkg-config "$(dirname "$(find "$prefix" -name 'libQuillmereCore.*')")"
 
-# Libraries may be kept away from the headers; nothing is compiled again for that.
-cmake "$work/library" -DCMAKE_INSTALL_PREFIX="$work/headers" -DCMAKE_INSTALL_LIBDIR="$work/libraries" >"$work/apart.log"
-cmake --install "$work/library" >>"$work/apart.log"
-by_pkg_config apart "$work/libraries"
+# Libraries may be in another directory than the headers. The compiled files are reused.
+cmake "$work/library" -DCMAKE_INSTALL_PREFIX="$work/headers" -DCMAKE_INSTALL_LIBDIR="$work/libraries" >"$work/separate.log"
+cmake --install "$work/library" >>"$work/separate.log"
+by_pkg_config separate "$work/libraries"
 
-# Every installed header compiles by itself, out of the package alone.
+# Every installed header compiles by itself, with only the package.
 find "$prefix/include" -name '*.hpp' | while read -r header; do
     ${CXX:-g++} -std=c++20 -fsyntax-only -I"$prefix/include" -x c++ "$header" || exit 1
 done
 
-# No private header has slipped into the package.
+# The package contains no private header.
 if find "$prefix/include" -name '*.hpp' -exec grep -l simdjson {} + ; then
     echo "a public header names the JSON library"
     exit 1

@@ -1,10 +1,10 @@
 #!/bin/sh
-# The packages are built by one command. build_packages.sh SOURCE WORK
+# One command builds the packages. build_packages.sh SOURCE WORK
 set -eu
 . "$(dirname "$0")/needs.sh"
 needs dpkg-shlibdeps
 rm -rf "$2/packages"
-# Named as the caller sees it.
+# A path relative to the caller's directory.
 mkdir -p "$2"
 cd "$2"
 "$1/script/package" ../"$(basename "$2")" -DCMAKE_CXX_FLAGS=-O0

@@ -1,19 +1,19 @@
 #!/bin/sh
-# The packages can be installed, used and purged, in a root of their own. come_and_go.sh SOURCE WORK VERSION
+# The packages can be installed, used and purged, in a separate root. come_and_go.sh SOURCE WORK VERSION
 set -eu
 . "$(dirname "$0")/needs.sh"
 source=$1
 packages=$2/packages
 version=$3
 root=$2/root
-# Files of packages belong to root; where nobody is, fakeroot lets dpkg think so.
+# Files of packages belong to root; for an ordinary user, fakeroot simulates that.
 if [ "$(id -u)" != 0 ]; then
     needs fakeroot
     exec fakeroot "$0" "$@"
 fi
 rm -rf "$root"
 mkdir -p "$root/var/lib/dpkg/info" "$root/var/lib/dpkg/updates" "$root/var/lib/dpkg/triggers"
-# What the machine has counts as installed, so that what the packages depend on is looked for.
+# Packages of the machine count as installed, so that dependencies are checked.
 cp /var/lib/dpkg/status "$root/var/lib/dpkg/status"
 
 in_root()
@@ -39,7 +39,7 @@ grep -qx 'ExecStart=/usr/bin/quillmere watch' "$root/usr/lib/systemd/user/quillm
     { echo "the unit starts something else"; exit 1; }
 man -M "$root/usr/share/man" -w quillmere >/dev/null || { echo "there is no manual"; exit 1; }
 
-# The development files are enough to build on.
+# The development files are sufficient to build a program.
 # shellcheck disable=SC2046 # the flags are words
 g++ -std=c++20 "$source/examples/first_session.cpp" $(pkg-config --cflags --libs QuillmereCore) -o "$root/var/example"
 [ "$("$root/var/example" "$root/var/other")" = "Session 1 of 8" ] || { echo "the example says something else"; exit 1; }
@@ -49,7 +49,7 @@ cmake --build "$root/var/consumer" -- --quiet
 [ "$("$root/var/consumer/first_session" "$root/var/third")" = "Session 1 of 8" ] ||
     { echo "what CMake made of the example says something else"; exit 1; }
 
-# Nothing tells where it was built.
+# No file contains the path of the build directory.
 if grep -rlF "$source" "$root/usr"; then
     echo "these name the place where they were built"
     exit 1

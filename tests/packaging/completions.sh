@@ -1,5 +1,5 @@
 #!/bin/bash
-# A shell offers every command and option that the help names, and no others; and values where it can.
+# Completion offers every command and option in the help and no others, and values where possible.
 # completions.sh bash|zsh|fish WORK PREFIX
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
@@ -15,7 +15,7 @@ rm -rf "$work"
 mkdir -p "$work/place/folder" "$work/home"
 touch "$work/place/file"
 
-# rule LINE WORD…: what is to be offered at the end of the line, and nothing else.
+# rule LINE WORD…: exactly these words must be offered at the end of the line.
 rule()
 {
     printf '%s\n' "$1" >>"$work/lines"
@@ -23,7 +23,7 @@ rule()
     printf '%s\n' "$@" | LC_ALL=C sort -u | xargs >>"$work/expected"
 }
 
-# Rows of "words that were typed" and "what is offered".
+# Each row is a typed line and the words to be offered.
 rule "quillmere pau" pause
 rule "quillmere break " extend end skip
 rule "quillmere break e" extend end
@@ -49,7 +49,7 @@ rule "quillmere nonsense" # nothing begins so
     rule "quillmere " $(commands_in "")
     rule "quillmere -" $(options "")
     while read -r command; do
-        # Options of the commands above may follow too; one word fewer each time leads to all of them.
+        # Options of the parent commands may follow too; removing the last word repeatedly gives all parents.
         understood=$(options "" && options "$command")
         above=$command
         while [[ $above == *" "* ]]; do
@@ -65,13 +65,13 @@ case $shell in
     zsh) run=(zsh -f) ;;
     fish) run=(fish) ;;
 esac
-# At home there are no settings; the completion is found as an installed one is.
+# The home directory has no settings, so the shell finds the installed completion.
 cd "$work/place"
 env -u BASH_COMPLETION_USER_DIR HOME="$work/home" XDG_CONFIG_HOME="$work/home" XDG_DATA_HOME="$work/home" \
     XDG_DATA_DIRS="$prefix/share" PATH="$prefix/bin:$PATH" TERM=xterm LC_ALL=C.UTF-8 \
     "${run[@]}" "$here/candidates/candidates.$shell" "$prefix" <"$work/lines" >"$work/answers"
 
-# A directory may come with its slash, an option with what leads on to its value.
+# A directory may end with its slash, and an option with the equals sign before its value.
 while read -r answer; do
     tr ' ' '\n' <<<"$answer" | sed -E 's|[/=]$||' | LC_ALL=C sort -u | xargs
 done <"$work/answers" >"$work/offered"

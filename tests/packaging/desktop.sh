@@ -1,5 +1,5 @@
 #!/bin/sh
-# The entries of the desktop, the icon and the unit are well-formed, and lead to commands that there are.
+# The desktop entries, the icon and the unit are well-formed, and run existing commands.
 # desktop.sh WORK DESTINATION PREFIX
 set -eu
 here=$(dirname "$0")
@@ -29,12 +29,12 @@ for size in 16 48 256; do
         complain "the icon cannot be drawn"
 done
 
-# The unit names the program where it will be; here it is somewhere below.
+# The unit contains the final path of the program, which is below the destination here.
 unit=$work/quillmere-watch.service
 sed "s|^ExecStart=|ExecStart=$destination|" "$prefix/lib/systemd/user/quillmere-watch.service" >"$unit"
 said=$(MANPATH=$prefix/share/man XDG_RUNTIME_DIR=$work systemd-analyze --user verify "$unit" 2>&1) ||
     complain "the unit: $said"
-# It reads the machine's own units too, whose faults are no matter here.
+# systemd-analyze also reads the machine's own units, whose errors do not matter here.
 echo "$said" | grep -F quillmere && complain "the unit has faults"
 
 commands=" $(commands_below "" | tr '\n' ' ')"

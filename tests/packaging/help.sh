@@ -1,4 +1,4 @@
-# Sourced: what $program understands, read from its help alone.
+# Sourced: reads the commands and options of $program from its help.
 
 # part HEADING COMMAND: the lines under a heading of the command's help.
 part()
@@ -7,13 +7,13 @@ part()
     "$program" $2 --help | awk -v heading="$1:" '$0 == heading {on = 1; next} /^[^ ]/ {on = 0} on'
 }
 
-# options COMMAND: the names of its own options, one a line.
+# options COMMAND: the names of its own options, one per line.
 options() { part Options "$1" | sed -nE 's/^  (-[^ ]*).*/\1/p' | tr ',' '\n'; }
 
-# commands_in COMMAND: the words that may follow it.
+# commands_in COMMAND: the direct subcommands.
 commands_in() { part Subcommands "$1" | sed -nE 's/^  ([a-z][^ ]*).*/\1/p'; }
 
-# commands_below COMMAND: all commands below it, "break extend" for one.
+# commands_below COMMAND: all subcommands at every depth, such as "break extend".
 commands_below()
 {
     for name in $(commands_in "$1"); do

@@ -1,5 +1,5 @@
 #!/bin/sh
-# cmake --install puts there what it should, and nothing else.
+# cmake --install installs the expected files and nothing else.
 # install.sh SOURCE BUILD DESTINATION PREFIX LIBRARIES LIBRARY
 set -eu
 source=$1
@@ -39,7 +39,7 @@ END
     LC_ALL=C sort >"$destination/found"
 diff "$destination/expected" "$destination/found"
 
-# The unit starts the program where it was installed, though the configuration knew another place.
+# The unit contains the prefix of the installation, even if it differs from the configured one.
 started() { sed -n 's/^ExecStart=\([^ ]*\) .*/\1/p' "$1/lib/systemd/user/quillmere-watch.service"; }
 other=$destination/other
 cmake --install "$build" --prefix "$other" >/dev/null
@@ -49,14 +49,15 @@ rm -r "$other"
 [ "$(started "$destination$prefix")" = "$prefix/bin/quillmere" ] ||
     { echo "for $prefix the unit starts $(started "$destination$prefix")"; exit 1; }
 
-# Each file belongs to a component, of which packages are made; what does not would be in none.
+# Each file belongs to a component. Packages are made of components, so a file without one would be in no
+# package.
 DESTDIR=$destination/nowhere cmake --install "$build" --component Unspecified >/dev/null
 if find "$destination" -path "$destination/nowhere/*" -type f | grep .; then
     echo "these are in no package"
     exit 1
 fi
 
-# Everybody may read it, and nothing stands outside the prefix.
+# Every file is readable for everybody, and none is outside of the prefix.
 if find "$destination$prefix" ! -perm -a=r | grep .; then
     echo "not everybody may read these"
     exit 1

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Debian's checker has no error and no warning to tell. lintian.sh WORK
+# lintian reports no error and no warning. lintian.sh WORK
 set -eu
 . "$(dirname "$0")/needs.sh"
 needs lintian

@@ -1,5 +1,6 @@
 #!/bin/sh
-# The manual is well-formed, and has every command, option, exit code, file and environment variable.
+# The manual pages are well-formed and contain every command, option, exit code, file and environment
+# variable.
 # manual.sh SOURCE PREFIX
 set -eu
 here=$(dirname "$0")
@@ -18,13 +19,13 @@ for page in "$pages"/man*/*.gz; do
     [ -z "$said" ] || complain "$page: $said"
 done
 
-# Without the overstrikes for bold and underlined letters, and with no line broken.
+# Without overstrikes for bold and underlined letters, and with unbroken lines.
 text=$(mandoc -T ascii -O width=1000 "$pages/man1/quillmere.1.gz" | sed 's/.\x08//g')
 
-# section HEADING: what stands under a heading of the page.
+# section HEADING: the text under a heading of the page.
 section() { echo "$text" | awk -v heading="$1" '$0 == heading {on = 1; next} /^[^ ]/ {on = 0} on'; }
 
-# item COMMAND: what stands under one command.
+# item COMMAND: the text under a command.
 item()
 {
     section COMMANDS | awk -v command="$1" '
@@ -52,15 +53,16 @@ for command in $(commands_below "" | tr ' ' '+'); do
 done
 [ "$count" -ge 20 ] || complain "only $count commands were found in the help"
 
-# What may be left out has brackets of its own: options do not need an argument, nor an argument options.
+# Optional parts are in separate brackets: options are possible without arguments, and arguments without
+# options.
 heads=$(section COMMANDS | grep -E '^     [^ ]')
 echo "$heads" | grep -q '\[options\]' || complain "no command has [options]"
 ! echo "$heads" | grep -E '\[[^]]*[ []' || complain "these brackets hold more than one thing"
 
-# squeezed: text whose lines and gaps are of no account.
+# squeezed: the text with every run of white space as one space.
 squeezed() { tr -s ' \n' '  '; }
 
-# Two documents, one meaning.
+# Two documents with the same meaning.
 codes=$(section "EXIT STATUS" | squeezed)
 rows=$(tr -d '`' <"$source/README.md" | sed -nE 's/^\| ([0-9]+) \| (.*) \|$/\1 \2/p')
 [ -n "$rows" ] || complain "README.md has no exit codes"
@@ -68,12 +70,12 @@ echo "$rows" | while read -r row; do
     case $codes in *" $row "*) ;; *) echo "an exit code as README.md has it: $row"; exit 1 ;; esac
 done || complain "is not in the manual"
 
-[ -n "$(section FILES | grep -F '/.local/state/quillmere/')" ] || complain "what is kept beside the files is not in the manual"
+[ -n "$(section FILES | grep -F '/.local/state/quillmere/')" ] || complain "the state directory is not in the manual"
 for file in $(sed -nE 's/^\| `([a-z-]+\.json)` \|.*/\1/p' "$source/README.md"); do
     section FILES | grep -qF "/$file" || complain "$file is not in the manual"
 done
 
-# Names in capitals that are the one argument of a call, or in a list of names.
+# Names in capitals that are the only argument of a call, or in a list of names.
 for variable in $(grep -rhE '(getenv|isSet|absolutePathIn|variable)\("[A-Z]|const name : \{"[A-Z]' "$source/app" --include='*.cpp' |
     grep -oE '"[A-Z_]+"' | tr -d '"' | sort -u); do
     section ENVIRONMENT | grep -qE "^     (.*, )?$variable(,| |\$)" || complain "$variable is not in the manual"

@@ -1,4 +1,4 @@
-# Sourced: needs TOOL…: ends the test, saying so, where a tool is missing.
+# Sourced: needs TOOL…: skips the test with a message if a tool is missing.
 needs()
 {
     for tool in "$@"; do

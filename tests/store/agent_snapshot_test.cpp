@@ -11,7 +11,7 @@ namespace {
 
 AgentSnapshot summaryOf(const QuillmereState& state, std::optional<Instant> at = std::nullopt)
 {
-    // The directory does not exist: building a summary needs none.
+    // The directory does not exist: building a summary does not need it.
     return StateStore("/nowhere", StateStore::renameReplacing).agentSnapshot(state, at);
 }
 

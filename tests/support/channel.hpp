@@ -1,4 +1,4 @@
-// Where a standard channel of a child process leads.
+// The target of a standard channel of a child process.
 #pragma once
 
 #include <sys/types.h>
@@ -15,14 +15,14 @@ struct Channel {
         inherited,   ///< the same as this process's
         closed,      ///< not open
         file,        ///< a file; an output is created where it is missing, and appended to
-        descriptor,  ///< a descriptor of this process
+        descriptor,  ///< an open descriptor of this process
         text,        ///< input only: this text and then the end of input
         captured,    ///< output only: kept in memory, read with `Process::out` and `Process::err`
         pipe,        ///< a pipe between the test and the child
         fullPipe,    ///< output only: a small pipe, filled with line ends
-        socket,      ///< a stream socket instead of a pipe
+        socket,      ///< a stream socket
         terminal,    ///< the pseudo-terminal of the child (`ProcessOptions::terminal`)
-        sameAsOut,   ///< standard error only: where standard output leads
+        sameAsOut,   ///< standard error only: the same target as standard output
     };
 
     static Channel null() { return {}; }

@@ -1,4 +1,4 @@
-// Waiting for another process, or for anything else that happens by itself.
+// Waiting with a limit, for another process or any other condition.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,17 +9,17 @@
 
 namespace quillmere::test {
 
-/// How long a test waits. Far longer than anything takes, and shorter than a test may run, so that a test
-/// that waits in vain says what it saw.
+/// The usual limit. Far longer than any expected wait, but shorter than the limit of a test, so that a test
+/// that waits in vain can report the last state it saw.
 inline constexpr std::chrono::seconds patience{60};
 
-/// Calls `condition` again and again until it returns true; gives up after `limit`. The message of the
-/// failure ends with what `lastSeen` returns.
+/// Calls `condition` repeatedly until it returns true or `limit` is over. The failure message ends with the
+/// result of `lastSeen`.
 testing::AssertionResult eventually(const std::function<bool()>& condition,
                                     const std::function<std::string()>& lastSeen = nullptr,
                                     std::chrono::milliseconds limit = patience);
 
-/// Calls `look` again and again until it returns `expected`; the message of the failure shows the last value.
+/// Calls `look` repeatedly until it returns `expected`. The failure message shows the last value.
 template <class Look, class Value>
 testing::AssertionResult eventuallyEquals(Look look, const Value& expected,
                                           std::chrono::milliseconds limit = patience)

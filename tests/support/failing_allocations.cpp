@@ -12,7 +12,7 @@ thread_local bool failedOne = false;
 thread_local std::size_t made = 0;
 std::atomic<std::size_t> inUse = 0;
 
-/// Memory, or null when it is time to fail.
+/// Allocates, or returns null when this allocation must fail.
 void* allocate(std::size_t size, std::size_t alignment)
 {
     if (allocationsLeft != never && allocationsLeft-- == 0) {

@@ -1,7 +1,7 @@
-// Memory that runs out on purpose.
+// Allocations that fail on purpose.
 //
-// Linking this file replaces operator new and delete for the whole test program. Left alone they work
-// as usual and count the blocks that they give out and those that are in use.
+// Linking this file replaces operator new and delete for the whole test program. By default they work as
+// usual and count the allocated blocks.
 #pragma once
 
 #include <cstddef>
@@ -9,22 +9,21 @@
 
 namespace quillmere::test {
 
-/// Blocks from operator new that have not been given back.
+/// Blocks from operator new that are not freed yet.
 std::size_t blocksInUse();
 
-/// Blocks that operator new has given out on this thread since the program began; only differences mean
-/// something.
+/// Blocks allocated on this thread since the program started; only differences are meaningful.
 std::size_t allocationsMade();
 
-/// Lets the allocation after the next `count` ones fail, once, on this thread.
+/// Lets one allocation on this thread fail: the one after the next `count`.
 void failAllocationAfter(std::size_t count);
 
-/// Lets allocations succeed again; says whether one failed since `failAllocationAfter`.
+/// Lets allocations succeed again; returns whether one failed since `failAllocationAfter`.
 bool stopFailingAllocations();
 
-/// Runs `attempt` again and again, with its first allocation failing, then its second, and so on until
-/// it succeeds undisturbed. After each failure `attempt` must have thrown `std::bad_alloc` and
-/// `unchanged` is called to check what must not have changed. Returns how many allocations were failed.
+/// Runs `attempt` repeatedly, with its first allocation failing, then its second, and so on until it
+/// succeeds. After each failure `attempt` must have thrown `std::bad_alloc`, and `unchanged` checks the state
+/// that must not have changed. Returns the number of failed allocations.
 template <class Attempt, class Unchanged>
 std::size_t failEveryAllocation(Attempt attempt, Unchanged unchanged)
 {
@@ -36,7 +35,7 @@ std::size_t failEveryAllocation(Attempt attempt, Unchanged unchanged)
         } catch (const std::bad_alloc&) {
             threw = true;
         } catch (...) {
-            // Another error ends the attempts; whoever hears of it needs memory again.
+            // Another error ends the attempts; handling it needs memory.
             stopFailingAllocations();
             throw;
         }

@@ -42,7 +42,7 @@ void makeLinkLoop(const fs::path& path)
 
 std::size_t openFileCount()
 {
-    // /dev/fd lists the descriptors on every system that has it.
+    // /dev/fd lists the open descriptors.
     return static_cast<std::size_t>(
         std::distance(fs::directory_iterator("/dev/fd"), fs::directory_iterator()));
 }

@@ -1,4 +1,4 @@
-// What tests ask of a file system, and of calls that fail in one.
+// Files of unusual kinds, and the errors of calls.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,23 +10,23 @@
 
 namespace quillmere::test {
 
-/// The permissions of what is at `path`.
+/// The permissions of the entry at `path`.
 mode_t modeOf(const std::filesystem::path& path);
 
-/// A FIFO that nobody writes to.
+/// A FIFO without a writer.
 void makeFifo(const std::filesystem::path& path);
 
-/// A socket that nobody serves.
+/// A socket without a server.
 void makeSocket(const std::filesystem::path& path);
 
-/// Two links that lead to each other; the first has the name given.
+/// Two symbolic links to each other; the first has the given name.
 void makeLinkLoop(const std::filesystem::path& path);
 
-/// How many files this process has open.
+/// The number of open files of this process.
 std::size_t openFileCount();
 
-/// What `call` fails with: the code of a `std::system_error`, which must be one of POSIX. No code when
-/// nothing is thrown.
+/// The error of `call`: the code of a `std::system_error`, which must be a POSIX code. No code when `call`
+/// does not throw.
 template <class Call>
 std::error_code failureOf(Call call)
 {

@@ -5,14 +5,14 @@
 namespace quillmere::test {
 namespace {
 
-/// The parts of a member: its key with quotes at `begin`, its value from `value` to `end`.
+/// The position of a member: its key with quotes starts at `begin`, its value is from `value` to `end`.
 struct Place {
     std::size_t begin;
     std::size_t value;
     std::size_t end;
 };
 
-/// The first place behind a JSON string that begins at `index`.
+/// The position after a JSON string that starts at `index`.
 std::size_t behindString(std::string_view text, std::size_t index)
 {
     for (++index; text[index] != '"'; ++index) {
@@ -21,7 +21,7 @@ std::size_t behindString(std::string_view text, std::size_t index)
     return index + 1;
 }
 
-/// The first place behind the value that begins at `index`.
+/// The position after the value that starts at `index`.
 std::size_t behindValue(std::string_view text, std::size_t index)
 {
     int depth = 0;
@@ -60,7 +60,7 @@ std::string without(std::string_view key, std::string_view object)
     const Place place = find(key, object);
     const bool isLast = object[place.end] == '}';
     const bool isFirst = place.begin == 1;
-    // One comma goes with the member: the one behind it, or, behind the last, the one before.
+    // Removes one comma with the member: the one after it, or the one before it for the last member.
     const std::size_t begin = isLast && !isFirst ? place.begin - 1 : place.begin;
     const std::size_t end = isLast ? place.end : place.end + 1;
     return std::string(object.substr(0, begin)).append(object.substr(end));

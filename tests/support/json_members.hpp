@@ -1,4 +1,4 @@
-// Changes to JSON text, made without the reader and the writer that are being tested.
+// Edits JSON text without the tested reader and writer.
 #pragma once
 
 #include <string>
@@ -6,11 +6,11 @@
 
 namespace quillmere::test {
 
-/// `object`, compact JSON as the library writes it, without the member of its top level that has `key`.
-/// Fails the test when there is none.
+/// `object`, compact JSON as the library writes it, without its top-level member `key`. Fails the test if
+/// there is no such member.
 std::string without(std::string_view key, std::string_view object);
 
-/// The same with another value, given as JSON text, in place of the member's own.
+/// `object` with the value of its top-level member `key` replaced by the JSON text `value`.
 std::string with(std::string_view key, std::string_view value, std::string_view object);
 
 }  // namespace quillmere::test

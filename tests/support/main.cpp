@@ -1,4 +1,4 @@
-// Every test program: what programs keep beside the files goes to a directory that goes with the tests.
+// main of every test program. XDG_STATE_HOME is a temporary directory that is removed after the tests.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -10,7 +10,7 @@ int main(int count, char** arguments)
 {
     testing::InitGoogleTest(&count, arguments);
     const quillmere::test::TemporaryDirectory stateHome;
-    // Some tests go on as an ordinary user.
+    // Some tests change to an ordinary user.
     std::filesystem::permissions(stateHome.path(), std::filesystem::perms::all);
     const quillmere::test::EnvironmentVariable variable("XDG_STATE_HOME", stateHome.path().string());
     return RUN_ALL_TESTS();

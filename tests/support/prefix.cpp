@@ -1,1 +1,1 @@
-// Stands for nothing but the headers that are compiled before all tests.
+// Empty: its target holds the precompiled header of the tests.

@@ -20,7 +20,7 @@
 namespace quillmere::test {
 namespace {
 
-/// The whole of a file, whatever its offset.
+/// The whole content of a file, from its beginning.
 std::string contentOf(const Descriptor& file)
 {
     std::string text;
@@ -43,7 +43,7 @@ bool isReady(int descriptor, short events, std::chrono::milliseconds limit)
     return result == 1;
 }
 
-/// SIGPIPE held back while a test writes to a child that may have gone.
+/// Blocks SIGPIPE while a test writes to a child that may have exited.
 class WithoutBrokenPipeSignal {
 public:
     WithoutBrokenPipeSignal() : before_(std::signal(SIGPIPE, SIG_IGN)) {}
@@ -117,7 +117,7 @@ bool Process::readMore()
         return false;
     }
     std::array<char, 65'536> some;
-    // A terminal whose other side is closed gives an error in place of the end.
+    // Reading from a terminal whose other side is closed fails instead of returning 0.
     const ssize_t count = ::read(output_.get(), some.data(), some.size());
     unread_.append(some.data(), count > 0 ? static_cast<std::size_t>(count) : 0);
     return count > 0;
@@ -158,7 +158,7 @@ void Process::send(int signal) const
 void Process::killGroup() const
 {
     ::kill(-process_, SIGKILL);
-    // It may have left its group.
+    // The child may have left its process group.
     ::kill(process_, SIGKILL);
 }
 
@@ -179,7 +179,7 @@ bool Process::waitForStop()
 {
     siginfo_t info{};
     EXPECT_TRUE(eventually([&] {
-        // WNOWAIT leaves an end to be found by `hasEnded`.
+        // WNOWAIT keeps an exit available for `hasEnded`.
         constexpr int changes = WSTOPPED | WEXITED | WNOHANG | WNOWAIT;
         return ::waitid(P_PID, static_cast<id_t>(process_), &info, changes) == 0 && info.si_pid == process_;
     })) << name_;

@@ -5,7 +5,7 @@
 //     bar.send(SIGTERM);
 //     EXPECT_EQ(bar.wait().code, 0);
 //
-// Whatever waits has a limit; a child that still runs at the end of its object's life is killed.
+// Every wait has a limit. The destructor kills a child that still runs.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -36,73 +36,71 @@ struct TerminalSize {
 struct ProcessOptions {
     /// The program, looked up in PATH, and its arguments.
     std::vector<std::string> words = {};
-    /// Instead of `words`: runs in a copy of this process, which exits with the code that it returns, or with
-    /// 1 when it throws. Nothing that this process began is ended there: no destructor outside of `work`
-    /// runs.
+    /// Instead of `words`: a function that runs in a copy of this process, which exits with the returned
+    /// code, or with 1 on an exception. No destructor outside of `work` runs.
     std::function<int()> work = {};
     Channel input = Channel::null();
     Channel output = Channel::captured();
     Channel error = Channel::captured();
-    /// Variables that the child has besides this process's, or with another value; without one: not at all.
+    /// Variables to add to or change in this process's environment; without a value: to remove.
     std::map<std::string, std::optional<std::string>> environment = {};
     bool inheritsEnvironment = true;
     /// The working directory; empty: this process's.
     std::filesystem::path directory = {};
-    /// Last step in the child before it becomes the program: limits, signals, the user.
+    /// Runs in the child immediately before exec: sets limits, signals, the user.
     std::function<void()> inChild = {};
 
-    /// Of the pseudo-terminal to which `Channel::terminal` leads, and which controls the child.
+    /// The size of the pseudo-terminal for `Channel::terminal`, which controls the child.
     TerminalSize terminal = {};
-    /// Typed on it before the child starts.
+    /// Text typed on the terminal before the child starts.
     std::string typed = {};
 };
 
-/// How a child ended.
+/// The end of a child.
 struct ProcessEnding {
-    int code = -1;   ///< the exit code, or 128 and the signal, as shells say it
-    int signal = 0;  ///< that ended it; 0 for none
+    int code = -1;   ///< the exit code, or 128 plus the signal, as in a shell
+    int signal = 0;  ///< the signal that ended the child; 0 for none
     std::string out = {};
-    std::string err = {};        ///< what was captured
-    std::size_t mostMemory = 0;  ///< that it and its own children needed at once, in bytes
+    std::string err = {};        ///< the captured output
+    std::size_t mostMemory = 0;  ///< peak memory of the child and its own children, in bytes
 };
 
 class Process {
 public:
-    /// Starts the child, as the leader of a process group of its own. Throws `std::system_error` when the
-    /// program cannot be started.
+    /// Starts the child as the leader of a new process group. Throws `std::system_error` when the program
+    /// cannot be started.
     explicit Process(const ProcessOptions& options);
     Process(Process&& other) noexcept;
     Process& operator=(Process&&) = delete;
-    /// Kills the group of a child that nobody has waited for.
+    /// Kills the process group of a child whose end was not waited for.
     ~Process();
 
     pid_t number() const { return process_; }
 
-    /// Writes to its input: a pipe, a socket or the terminal. False when that is closed on either side.
-    /// Fails the test when the child does not read within the limit.
+    /// Writes to the child's input: a pipe, a socket or the terminal. Returns false when it is closed on
+    /// either side. Fails the test when the child does not read within the limit.
     bool write(std::string_view text);
     void closeInput() { input_.close(); }
 
-    /// The next line of its output, which is a pipe, a socket or the terminal; without the line end. Fails
-    /// the test when none comes.
+    /// The next line of the child's output (a pipe, a socket or the terminal), without the line end. Fails
+    /// the test when no line comes in time.
     std::string line();
-    /// All that follows until the output is closed on the child's side. Fails the test when that takes too
-    /// long.
+    /// The rest of the output, until the child closes it. Fails the test when that takes too long.
     std::string rest();
-    /// Whether something can be read from its output now.
+    /// Whether output can be read now.
     bool hasOutput() const;
     void closeOutput() { output_.close(); }
 
-    /// What was captured so far.
+    /// The output captured so far.
     std::string out() const;
     std::string err() const;
 
     void send(int signal) const;
     bool hasEnded();
-    /// Waits until a signal has stopped it; false when it ends instead.
+    /// Waits until a signal has stopped the child; returns false when the child ends instead.
     bool waitForStop();
-    /// Waits for the end. A child that does not end within the limit is killed and fails the test. Reads
-    /// nothing of a piped output: a child that writes much needs `rest` first.
+    /// Waits for the end. A child that does not end within the limit is killed and fails the test. Does not
+    /// read a piped output: call `rest` first if the child may fill the pipe.
     ProcessEnding wait(std::chrono::milliseconds limit = patience);
 
 private:
@@ -122,16 +120,16 @@ private:
 /// Starts a child and waits for its end.
 ProcessEnding run(const ProcessOptions& options, std::chrono::milliseconds limit = patience);
 
-/// The same for a command line of the shell.
+/// Runs a command line of the shell.
 ProcessEnding runShell(const std::string& line, ProcessOptions options = {});
 
-/// A text as one word of a shell's command line.
+/// A text quoted as one word of a shell command line.
 std::string shellWord(std::string_view text);
 
-/// Whether `words` can be started and exit with 0: "strace", "-V".
+/// Whether a command can be started and exits with 0, such as "strace -V".
 bool succeeds(const std::vector<std::string>& words);
 
-/// Both ends of a FIFO. Opening it never waits for a reader or a writer, nor does reading or writing.
+/// Opens both ends of a FIFO, so that neither opening, reading nor writing blocks.
 Descriptor openFifo(const std::filesystem::path& path);
 
 }  // namespace quillmere::test

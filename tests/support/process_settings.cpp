@@ -68,7 +68,7 @@ FileSizeLimit::~FileSizeLimit()
 UnprivilegedUser::UnprivilegedUser() : wasSuperuser_(::geteuid() == superuser)
 {
     if (wasSuperuser_) {
-        // Whether it worked is what isOne tells.
+        // isOne tells whether it worked.
         [[maybe_unused]] const int result = ::seteuid(nobody);
     }
 }

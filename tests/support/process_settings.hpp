@@ -1,4 +1,4 @@
-// Settings of the whole process, changed for as long as an object lives and then put back.
+// Settings of the whole process, changed for the lifetime of an object and then restored.
 #pragma once
 
 #include <sys/resource.h>
@@ -10,7 +10,7 @@
 
 namespace quillmere::test {
 
-/// An environment variable with another value, or with none.
+/// Sets or removes an environment variable.
 class EnvironmentVariable {
 public:
     EnvironmentVariable(const char* name, const std::optional<std::string>& value);
@@ -23,7 +23,7 @@ private:
     std::optional<std::string> before_;
 };
 
-/// The permissions that new files and directories do not get.
+/// The umask.
 class FileCreationMask {
 public:
     explicit FileCreationMask(mode_t mask);
@@ -35,7 +35,7 @@ private:
     mode_t before_;
 };
 
-/// Where relative paths begin.
+/// The working directory.
 class CurrentDirectory {
 public:
     explicit CurrentDirectory(const std::filesystem::path& directory);
@@ -47,8 +47,8 @@ private:
     std::filesystem::path before_;
 };
 
-/// A limit on the size of files: a write is cut short there, and the next one fails with EFBIG. It stands
-/// for a disk that is full.
+/// Limits the size of files: a write is cut short there, and the next one fails with EFBIG, similar to a full
+/// disk.
 class FileSizeLimit {
 public:
     explicit FileSizeLimit(rlim_t bytes);
@@ -61,7 +61,7 @@ private:
     void (*handlerBefore_)(int);
 };
 
-/// A user whom permissions hold back. Tests that run as any other than the superuser are one already.
+/// An effective user without special rights. No change if the tests run as an ordinary user.
 class UnprivilegedUser {
 public:
     UnprivilegedUser();
@@ -69,7 +69,7 @@ public:
     UnprivilegedUser& operator=(const UnprivilegedUser&) = delete;
     ~UnprivilegedUser();
 
-    /// False where the system does not let the superuser become anybody else.
+    /// False where the system does not let the superuser change the user.
     bool isOne() const;
 
 private:

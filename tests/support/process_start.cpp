@@ -59,7 +59,7 @@ Ends makeSocketPair()
     return {.read = Descriptor(ends[0]), .write = Descriptor(ends[1])};
 }
 
-/// A file without a name.
+/// Opens a file without a name.
 Descriptor makeAnonymousFile()
 {
 #ifdef __linux__
@@ -86,7 +86,7 @@ void writeAll(int descriptor, std::string_view text)
     }
 }
 
-/// The smallest pipe of the system without room for another byte.
+/// The smallest possible pipe, completely filled.
 Ends makeFullPipe()
 {
     Ends ends = makePipe();
@@ -109,7 +109,7 @@ Ends makeTerminal(const ProcessOptions& options)
         fail("unlockpt");
     }
     const char* const name = ::ptsname(ends.read.get());
-    // Open before anything is typed: a terminal that nobody has open forgets it.
+    // Opened before typing, because a terminal forgets its input while nobody has it open.
     ends.write = opened(::open(name, O_RDWR | O_NOCTTY | O_CLOEXEC), name);
     winsize size{};
     size.ws_row = options.terminal.rows;
@@ -119,12 +119,12 @@ Ends makeTerminal(const ProcessOptions& options)
     return ends;
 }
 
-/// The channels on both sides.
+/// Both sides of the channels.
 struct Channels {
-    StartedProcess test;              ///< what the test keeps
-    Ends terminal;                    ///< its read end is the test's side
-    std::array<Descriptor, 3> child;  ///< opened for the child
-    std::array<int, 3> sources;       ///< which descriptor becomes which channel; -1: closed
+    StartedProcess test;              ///< the test's side
+    Ends terminal;                    ///< the read end is the test's side
+    std::array<Descriptor, 3> child;  ///< the child's side
+    std::array<int, 3> sources;       ///< the descriptor for each channel; -1: closed
 };
 
 int inputOf(const Channel& channel, Channels& channels)
@@ -219,7 +219,7 @@ std::vector<std::string> environmentOf(const ProcessOptions& options)
     return all;
 }
 
-/// The pointers that exec(3) takes, with a null pointer at the end.
+/// The null-terminated array of pointers for exec(3).
 std::vector<char*> pointersTo(std::vector<std::string>& words)
 {
     std::vector<char*> pointers;
@@ -230,7 +230,7 @@ std::vector<char*> pointersTo(std::vector<std::string>& words)
     return pointers;
 }
 
-/// In the child: its three channels. Sources below 3 are moved out of the way first, so that none overwrites
+/// In the child: installs the three channels. Sources below 3 are moved away first, so that none overwrites
 /// another.
 void placeChannels(std::array<int, 3> sources)
 {
@@ -273,7 +273,7 @@ void placeChannels(std::array<int, 3> sources)
         ::setpgid(0, 0);
     }
     placeChannels(channels.sources);
-    // exec(3) closes these, a function that runs here does not: it would wait for the end of its own input.
+    // exec(3) closes the test's ends, but a function would keep them and never see the end of its own input.
     channels.test = {};
     environ = environment;
     bool isReady = options.directory.empty() || ::chdir(options.directory.c_str()) == 0;
@@ -301,9 +301,9 @@ StartedProcess startProcess(const ProcessOptions& options)
     std::vector<std::string> environment = environmentOf(options);
     const std::vector<char*> wordPointers = pointersTo(words);
     std::vector<char*> environmentPointers = pointersTo(environment);
-    // Closed by a successful exec(3).
+    // A successful exec(3) closes this pipe.
     Ends report = makePipe();
-    // A copy of this process must not print what this one has not printed yet.
+    // Otherwise the copy of this process would print the buffered output again.
     std::cout.flush();
     std::fflush(nullptr);
     const pid_t process = ::fork();

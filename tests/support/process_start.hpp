@@ -1,4 +1,4 @@
-// The first half of a child's life, from fork(2) to exec(3).
+// Starting a child process, from fork(2) to exec(3).
 #pragma once
 
 #include <sys/types.h>
@@ -11,8 +11,8 @@ namespace quillmere::test {
 /// The test's ends of the child's channels.
 struct StartedProcess {
     pid_t process = -1;
-    Descriptor input;   ///< to write to
-    Descriptor output;  ///< to read from
+    Descriptor input;   ///< the write end of the child's input
+    Descriptor output;  ///< the read end of the child's output
     Descriptor capturedOut;
     Descriptor capturedErr;
 };

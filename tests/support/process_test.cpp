@@ -168,7 +168,7 @@ TEST(AChildProcess, isKilledWithItsChildrenAtTheEndOfItsObject)
     const Descriptor reader(ends[0]);
     Descriptor writer(ends[1]);
     {
-        // Shell and sleeper hold the pipe open.
+        // The shell and its sleep command hold the pipe open.
         const Process shell({.words = {"sh", "-c", "sleep 100 & wait"}, .output = Channel::to(writer.get())});
         writer.close();
     }

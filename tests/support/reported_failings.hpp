@@ -1,4 +1,4 @@
-// What must hold of a call without lasting effects when memory runs out in it.
+// Expectations for a call without lasting effects when its allocations fail.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -7,18 +7,18 @@
 
 namespace quillmere::test {
 
-/// The JSON parser asks a second time for a buffer that it could not get.
+/// The JSON parser repeats a failed allocation of its buffer once.
 inline constexpr std::size_t parserAsksTwice = 1;
 
-/// Lets every allocation of `attempt` fail in turn, of which there must be `atLeast` so many. Each failure
-/// must come out as `std::bad_alloc`, and none may leave memory behind. Up to `madeGood` of them need not
-/// be heard of, because who asked for the memory asks a second time; `attempt` has judged its result then.
+/// Fails each allocation of `attempt` in turn, of which there must be at least `atLeast`. Each failure must
+/// be reported as `std::bad_alloc` and must not leak. Up to `recovered` failures may be unreported, because
+/// the caller repeats the allocation; `attempt` itself has checked its result then.
 template <class Attempt>
-void expectReportedFailings(std::size_t atLeast, Attempt attempt, std::size_t madeGood = 0)
+void expectReportedFailings(std::size_t atLeast, Attempt attempt, std::size_t recovered = 0)
 {
-    // Once undisturbed: what is made only once in a program stays.
+    // Once without failures, for the allocations that happen once per process.
     attempt();
-    // Counted here and judged at the end, because a judgement takes memory of its own.
+    // Counted here and compared at the end, because a failing expectation allocates.
     std::size_t unreported = 0;
     std::size_t leaking = 0;
     const std::size_t blocks = blocksInUse();
@@ -27,7 +27,7 @@ void expectReportedFailings(std::size_t atLeast, Attempt attempt, std::size_t ma
         leaking += blocksInUse() == blocks ? 0 : 1;
     });
     EXPECT_GE(total, atLeast);
-    EXPECT_LE(unreported, madeGood);
+    EXPECT_LE(unreported, recovered);
     EXPECT_EQ(leaking, 0u);
 }
 

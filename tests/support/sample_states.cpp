@@ -16,7 +16,7 @@ Identifier identifier(unsigned number)
 
 namespace {
 
-/// Sets the numbers of records apart: 100 identifiers each.
+/// Gives each kind of record its own range of 100 identifiers.
 Identifier numbered(unsigned kind, unsigned number) { return identifier(kind * 100 + number); }
 
 std::string text(const char* what, unsigned number) { return what + (" " + std::to_string(number)); }

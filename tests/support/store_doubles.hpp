@@ -1,4 +1,4 @@
-// Stand-ins for what is injected into the stores.
+// Test doubles for the dependencies of the stores.
 #pragma once
 
 #include <quillmere/store/file_manager.hpp>
@@ -15,7 +15,7 @@
 
 namespace quillmere::test {
 
-/// Knows the places it is given and refuses everything else: nothing but places may be asked of it.
+/// Returns the given places and throws at every other call.
 class PlacesOnly final : public FileManager {
 public:
     std::vector<std::filesystem::path> supportDirectories;
@@ -43,24 +43,24 @@ private:
     [[noreturn]] static void refuse() { throw std::logic_error("the file system must not be touched"); }
 };
 
-/// What a failing double throws: no error of the library's own, so that nobody else can have thrown it.
+/// Thrown by a failing double. The library never throws it.
 struct InjectedFailure : std::runtime_error {
     InjectedFailure() : std::runtime_error("injected") {}
 };
 
-/// What a `replaceItem` was called with, and what it saw then.
+/// The arguments of one call of `replaceItem`, and the directory at that time.
 struct Replacement {
     std::filesystem::path temporary;
     std::filesystem::path destination;
     std::string content;                   ///< of the temporary file
-    std::vector<std::string> namesAround;  ///< in the directory of the destination
+    std::vector<std::string> namesAround;  ///< names in the directory of the destination
 };
 
-/// A `replaceItem` that keeps a record and moves the file as usual, but for the calls that are to fail.
-/// Copies share one record.
+/// A `replaceItem` that records its calls and moves the file, except for the calls that must fail. Copies
+/// share one record.
 class RecordingReplaceItem {
 public:
-    /// Fails at the call of this number, counted from 1; 0 for none.
+    /// The number of the failing call, counted from 1; 0 for none.
     explicit RecordingReplaceItem(std::size_t failingCall = 0) : failingCall_(failingCall) {}
 
     void operator()(const std::filesystem::path& temporaryURL, const std::filesystem::path& destination) const
@@ -82,7 +82,7 @@ private:
     std::shared_ptr<std::vector<Replacement>> calls_ = std::make_shared<std::vector<Replacement>>();
 };
 
-/// A clock that stands still and counts how often it is read. Copies share the count.
+/// A stopped clock that counts its readings. Copies share the count.
 class StandingClock {
 public:
     explicit StandingClock(Instant instant) : instant_(instant) {}

@@ -18,15 +18,15 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Whether files can be made there by an ordinary user, who the superuser becomes in some tests.
+/// Whether an ordinary user can create files there; some tests change from superuser to ordinary user.
 bool isOpenToAll(const fs::path& directory)
 {
     const UnprivilegedUser user;
     return ::faccessat(AT_FDCWD, directory.c_str(), R_OK | W_OK | X_OK, AT_EACCESS) == 0;
 }
 
-/// The place for temporary files. The chosen one may be the superuser's own, closed to all others; then one
-/// that is not.
+/// The directory for temporary files. If the configured one is closed to other users, one that is open to
+/// all.
 fs::path place()
 {
     std::vector<fs::path> places = {"/tmp", "/var/tmp"};

@@ -1,4 +1,4 @@
-// A real directory for one test.
+// A temporary directory for one test.
 #pragma once
 
 #include <filesystem>
@@ -7,7 +7,7 @@
 
 namespace quillmere::test {
 
-/// Made empty, and removed with all that is in it at the end.
+/// Created empty, and removed with its content by the destructor.
 class TemporaryDirectory {
 public:
     TemporaryDirectory();
@@ -17,20 +17,20 @@ public:
 
     const std::filesystem::path& path() const { return path_; }
 
-    /// The names of all entries, hidden ones included, sorted.
+    /// The sorted names of all entries, including hidden ones.
     std::vector<std::string> names() const;
 
 private:
     std::filesystem::path path_;
 };
 
-/// The sorted names in any directory; none when it is missing.
+/// The sorted names in a directory; empty if it is missing.
 std::vector<std::string> namesIn(const std::filesystem::path& directory);
 
 /// The bytes of a file; fails the test when it cannot be read.
 std::string textOf(const std::filesystem::path& file);
 
-/// Writes a file as any other program would.
+/// Writes a file in the ordinary way, without the library.
 void writeText(const std::filesystem::path& file, const std::string& text);
 
 }  // namespace quillmere::test

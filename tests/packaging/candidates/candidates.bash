@@ -1,10 +1,10 @@
-# What bash offers at the end of each line: candidates.bash PREFIX <LINES
-# Found by bash-completion when the first line is completed, as it is for a person.
+# The words that bash offers at the end of each line: candidates.bash PREFIX <LINES. bash-completion loads the
+# completion at the first line, as it does for a user.
 . /usr/share/bash-completion/bash_completion
 __load_completion quillmere || { echo "bash-completion does not find the completion" >&2; exit 1; }
 
 while IFS= read -r line; do
-    # Words as bash has them: cut at the equals sign.
+    # bash also splits words at the equals sign.
     read -ra COMP_WORDS <<<"${line//=/ = }"
     [[ $line == *" " ]] && COMP_WORDS+=("")
     COMP_CWORD=$((${#COMP_WORDS[@]} - 1))

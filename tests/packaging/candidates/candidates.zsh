@@ -1,6 +1,5 @@
-# What zsh offers at the end of each line: candidates.zsh PREFIX <LINES
-# An interactive zsh on a terminal of its own completes: a key inserts all that is offered, another one sends what
-# then stands on the line.
+# The words that zsh offers at the end of each line: candidates.zsh PREFIX <LINES. An interactive zsh on a
+# pseudo-terminal completes: one key inserts all offered words, another key prints the line.
 zmodload zsh/zpty
 reports=$(mktemp -u)
 mkfifo $reports
@@ -15,8 +14,9 @@ while IFS= read -r line; do
     zpty -w -n shell "$line"$'\t\x14'
     IFS= read -r count <&3
     IFS= read -r answer <&3
-    # All but the words before the last one; nothing where nothing is offered, as the line then stays as it was.
+    # Removes the words of the original line except the last. Nothing remains if no word was offered, because
+    # the line is unchanged then.
     if ((count > 0)); then print -r -- "${answer#"${line% *} "}"; else print; fi
-    # What the terminal shows is not looked at, but has to be taken from it.
+    # The output of the terminal is ignored, but must be read so that zsh does not block.
     while zpty -r -t shell shown; do :; done
 done

@@ -1,4 +1,4 @@
-# The settings of the zsh that candidates.zsh talks to.
+# The settings of the zsh that candidates.zsh controls.
 PS1=
 unset zle_bracketed_paste
 fpath=($prefix/share/zsh/site-functions $fpath)

@@ -1,4 +1,4 @@
-// The questions that a crowd asks, and those that are found afterwards.
+// The questions that a crowd asks, and the questions found afterwards.
 #pragma once
 
 #include <cstdint>
@@ -8,10 +8,10 @@
 
 namespace quillmere::test {
 
-/// No two are alike.
+/// A different text for every asker and round.
 std::string questionOf(int asker, std::uint64_t round);
 
-/// How often each question stands in the state of a directory.
+/// The number of occurrences of each question in the state of a directory.
 std::map<std::string, int> questionsIn(const std::filesystem::path& directory);
 
 }  // namespace quillmere::test

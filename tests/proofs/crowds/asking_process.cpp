@@ -18,7 +18,7 @@ int ask(const std::filesystem::path& directory, const std::string& question)
     return code;
 }
 
-// The address sanitizer wants to be the first library, but gets along; what leaks is for other tests.
+// The address sanitizer normally insists on being the first library. Leaks are checked by other tests.
 Preloaded::Preloaded(const char* library, const char* variable, const std::string& value)
     : library_("LD_PRELOAD", library),
       value_(variable, value),

@@ -1,4 +1,4 @@
-// The real program as it raises a question.
+// The real program asking a question.
 #pragma once
 
 #include <filesystem>
@@ -10,17 +10,17 @@
 namespace quillmere::test {
 
 inline constexpr int isDone = 0;
-inline constexpr int isLockedOut = 75;  ///< nothing was written; trying again helps
+inline constexpr int isLockedOut = 75;  ///< nothing was written; the command can be repeated
 inline constexpr int isKilled = 128 + 9;
 
-/// Starts "quillmere ask QUESTION" in a directory. Nobody reads what it prints.
+/// Starts "quillmere ask QUESTION" in a directory and discards its output.
 Process startAsking(const std::filesystem::path& directory, const std::string& question);
 
-/// Asks, again and again as long as others keep the directory locked; the last exit code.
+/// Asks, and repeats while the directory is locked. Returns the last exit code.
 int ask(const std::filesystem::path& directory, const std::string& question);
 
-/// As long as it lives, programs that are started load `library` before all others, and find `value` in
-/// the environment.
+/// While an object exists, started programs preload `library` and have the environment variable `variable`
+/// set to `value`.
 class Preloaded {
 public:
     Preloaded(const char* library, const char* variable, const std::string& value);

@@ -7,7 +7,7 @@
 namespace quillmere::test {
 namespace {
 
-/// The long forms take minutes.
+/// The long forms run for minutes.
 constexpr std::chrono::hours longestWork{1};
 
 }  // namespace
@@ -36,7 +36,7 @@ bool Crowd::allSucceed()
     };
     const testing::AssertionResult result = eventually(endedTogether, nullptr, longestWork);
     EXPECT_TRUE(result);
-    // Kills those that are left.
+    // Kills the remaining processes.
     atWork_.clear();
     return result && succeed;
 }

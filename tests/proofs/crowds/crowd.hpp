@@ -1,4 +1,4 @@
-// Several processes at work at once.
+// Several child processes running at the same time.
 #pragma once
 
 #include <functional>
@@ -8,17 +8,17 @@
 
 namespace quillmere::test {
 
-/// How many processes make a crowd.
+/// The number of processes in a crowd.
 inline constexpr int crowdSize = 8;
 
-/// Kills those that are still at work at the end of its life.
+/// The destructor kills the processes that still run.
 class Crowd {
 public:
-    /// Begins `work` in a child process, which exits with the code that it returns.
+    /// Runs `work` in a child process, which exits with the returned code.
     void join(const std::function<int()>& work);
 
-    /// Waits until all have ended, and says whether all exited with 0. As soon as one does not, the others
-    /// are killed: they might wait for it.
+    /// Waits until all processes have ended and returns whether all exited with 0. After the first failure
+    /// kills the others, which might wait for the failed one.
     bool allSucceed();
 
 private:

@@ -1,7 +1,7 @@
-// Loaded into the program before all else: it dies at a chosen step of its save, where it holds the lock.
+// Preloaded into the program: kills it at a chosen step of its save, while it holds the lock.
 //
-// QUILLMERE_TEST_STEP says at which, counted from 1: each fsync and each rename is one, and is not done.
-// Those by which the version before is kept, in the state home, are none.
+// QUILLMERE_TEST_STEP is the step, counted from 1. Each fsync and each rename is a step; the chosen one is
+// not executed. Calls on the previous version kept in the state home are not counted.
 #include <dlfcn.h>
 #include <signal.h>
 #include <stdio.h>

@@ -1,4 +1,4 @@
-// Somebody holds the lock and does not give it back.
+// Another process holds the lock and does not release it.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
@@ -56,7 +56,7 @@ TEST(AHeldLock, turnsEverybodyAwayAfterFiveSecondsAndLeavesTheFilesAlone)
     EXPECT_TRUE(crowd.allSucceed());
     ::close(held);
 
-    // How much later than after five seconds depends on who else is at work; half a minute is no such delay.
+    // A busy machine delays the refusal. Half a minute is longer than any such delay.
     constexpr double longestWait = 30;
     double longest = 0;
     for (const LockedOut& one : *all) {

@@ -1,6 +1,7 @@
-// Some of those who ask are killed: a fixed seed says which, and where or after how long.
+// Some of the asking processes are killed. A fixed seed chooses which ones, and at which step or after which
+// delay.
 //
-// A part of them dies by its own hand at a step of its save, and so with certainty while it holds the lock.
+// Some of them kill themselves at a step of their save, so they certainly hold the lock then.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -25,19 +26,19 @@ constexpr std::uint64_t mostRounds = 250;
 
 std::uint64_t roundCount() { return amount(4, mostRounds); }
 
-/// What is done to one process that asks.
+/// Whether and how one asking process is killed.
 struct Fate {
     enum class Kind { spared, killedInItsSave, killedAtRandom };
 
     Kind kind;
-    int step;          ///< of its save: sync the file, replace, sync the directory, for each of three files
-    useconds_t delay;  ///< before it is killed at random
+    int step;          ///< of its save, for each of three files: sync the file, replace, sync the directory
+    useconds_t delay;  ///< until it is killed at random
 };
 
 constexpr int stepCount = 9;
 constexpr int stateIsReplacedAt = 2;
 
-/// Between 0.1 and 100 milliseconds, each power of ten as often as the next.
+/// Between 0.1 and 100 milliseconds, distributed evenly over the powers of ten.
 useconds_t delayFrom(std::mt19937_64& random)
 {
     const double share = static_cast<double>(random() >> 11) * 0x1p-53;
@@ -55,8 +56,8 @@ Fate fateOf(int asker, std::uint64_t round)
             .delay = delayFrom(random)};
 }
 
-/// Asks once more when it was locked out, and kills once more.
-int askAndSuffer(const std::filesystem::path& directory, const std::string& question, const Fate& fate)
+/// Asks, and kills the process if its fate says so. Repeats both while the directory is locked.
+int askWithFate(const std::filesystem::path& directory, const std::string& question, const Fate& fate)
 {
     if (fate.kind == Fate::Kind::spared) {
         return ask(directory, question);
@@ -71,13 +72,13 @@ int askAndSuffer(const std::filesystem::path& directory, const std::string& ques
     return process.wait().code;
 }
 
-/// How one question ended.
+/// The result of asking one question.
 struct Outcome {
     int asker;
     std::uint64_t round;
     Fate fate;
     int code;
-    int found;  ///< how often the question stands in the state
+    int found;  ///< occurrences of the question in the state
 };
 
 struct Aftermath {
@@ -90,7 +91,7 @@ struct Aftermath {
 
 using Codes = std::array<std::array<int, mostRounds>, crowdSize>;
 
-/// Made once in a process.
+/// Computed once per process.
 const Aftermath& aftermath()
 {
     static const Aftermath made = [] {
@@ -101,7 +102,7 @@ const Aftermath& aftermath()
             crowd.join([&] {
                 for (std::uint64_t round = 0; round < roundCount(); ++round) {
                     (*codes).at(static_cast<std::size_t>(asker)).at(round) =
-                        askAndSuffer(files.directory(), questionOf(asker, round), fateOf(asker, round));
+                        askWithFate(files.directory(), questionOf(asker, round), fateOf(asker, round));
                 }
                 return 0;
             });

@@ -1,4 +1,4 @@
-// Eight processes raise questions in one directory, each as fast as it can.
+// Eight processes ask questions in one directory, each as fast as possible.
 #include <gtest/gtest.h>
 
 #include "proofs/crowds/asked_questions.hpp"
@@ -15,7 +15,7 @@ using Questions = std::map<std::string, int>;
 
 std::uint64_t roundCount() { return amount(4, 250); }
 
-/// Every question of every asker, once.
+/// Every question of every asker, with a count of 1.
 Questions allQuestions()
 {
     Questions all;
@@ -27,7 +27,7 @@ Questions allQuestions()
     return all;
 }
 
-/// Lets a crowd ask all questions; says whether each was told that its question waits for an answer.
+/// Lets a crowd ask all questions; returns whether every command succeeded.
 bool allAsk(const std::filesystem::path& directory)
 {
     Crowd crowd;
@@ -52,7 +52,7 @@ public:
     const bool allSucceeded;
 };
 
-/// Made once in a process.
+/// Created once per process.
 const AskedByACrowd& asked()
 {
     static const AskedByACrowd made;
@@ -75,7 +75,8 @@ TEST(ACrowdOfAskers, leavesThreeFilesThatAgreeAndNothingElse)
     EXPECT_EQ(asked().files.others(), std::vector<std::string>{});
 }
 
-// In every round of eight, all have loaded before the first one saves: one question at the most remains.
+// In every round of eight, all processes have loaded before the first one saves, so at most one question
+// survives.
 TEST(ACrowdOfAskers, losesQuestionsWithoutTheLock)
 {
     const ThreeFiles files(Before::earlierFile);

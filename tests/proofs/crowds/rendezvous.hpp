@@ -1,4 +1,4 @@
-// A place where processes wait for each other.
+// A barrier for processes.
 #pragma once
 
 #include <unistd.h>
@@ -9,20 +9,20 @@
 
 namespace quillmere::test {
 
-/// Lies in memory that all of them share, zero at first. Whoever comes is one of a round of `size`, and goes
-/// on when the round is complete. Each must have left before it comes again.
+/// Lies in shared memory, initially zero. `meet` returns when `size` processes have called it. A process must
+/// return from it before the same process calls it again.
 class Rendezvous {
 public:
     void meet(std::uint64_t size)
     {
-        constexpr useconds_t littleWhile = 200;
-        constexpr int longestWait = 300'000;  // a minute of them: by then, somebody must be missing
+        constexpr useconds_t pollInterval = 200;
+        constexpr int longestWait = 300'000;  // one minute in total: by then a process must have died
         const std::uint64_t round = arrived_++ / size;
         for (int waited = 0; arrived_ < (round + 1) * size; ++waited) {
             if (waited == longestWait) {
                 std::abort();
             }
-            ::usleep(littleWhile);
+            ::usleep(pollInterval);
         }
     }
 

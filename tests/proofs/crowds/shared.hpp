@@ -1,4 +1,4 @@
-// Memory that processes share.
+// Memory shared between processes.
 #pragma once
 
 #include <sys/mman.h>
@@ -7,7 +7,8 @@
 
 namespace quillmere::test {
 
-/// A value that a process shares with those that it begins. What they change at the same time is atomic.
+/// A value that a process shares with its child processes. Members that several processes change must be
+/// atomic.
 template <class Value>
 class Shared {
 public:

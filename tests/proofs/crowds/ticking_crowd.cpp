@@ -21,7 +21,7 @@ namespace {
 namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
 
-/// Runs a command of the program in this process and adds the events that it reports; the exit code.
+/// Runs a command in this process, records the events that it reports and returns its exit code.
 int act(Stage& stage, const fs::path& directory, const Words& words, Clock clock)
 {
     Words all = {"--directory", directory.string(), "--json"};
@@ -44,13 +44,13 @@ int act(Stage& stage, const fs::path& directory, const Words& words, Clock clock
     return static_cast<int>(code);
 }
 
-/// The clock of the stage, which takes a while to be read. It is read between a load and a save, where
-/// nobody else may come in between.
+/// The clock of the stage, slow to read. The program reads it between load and save, where no other process
+/// may interfere.
 Clock slowClock(const Stage& stage)
 {
     return [&stage] {
-        constexpr useconds_t littleWhile = 500;
-        ::usleep(littleWhile);
+        constexpr useconds_t readingTime = 500;
+        ::usleep(readingTime);
         return Instant(stage.seconds);
     };
 }
@@ -66,14 +66,14 @@ int tickUntilOver(Stage& stage, const fs::path& directory, std::size_t self)
         } else {
             ++stage.lockOuts;
         }
-        // As long as a program takes to begin; somebody else can have the lock.
-        constexpr useconds_t littleWhile = 2'000;
-        ::usleep(littleWhile);
+        // About the start time of a program, so that other processes can take the lock.
+        constexpr useconds_t startTime = 2'000;
+        ::usleep(startTime);
     }
     return 0;
 }
 
-/// The one who does what does not come about by itself.
+/// Performs the steps that need a person.
 class PersonAtWork {
 public:
     PersonAtWork(Stage& stage, const fs::path& directory) : stage_(stage), directory_(directory) {}
@@ -110,7 +110,7 @@ private:
         }
     }
 
-    /// A block begins when somebody looks.
+    /// A block starts with the first tick after its planned start.
     void awaitStart()
     {
         const double due = stage_.seconds + 3600;
@@ -118,7 +118,7 @@ private:
         moveClock(due + late);
     }
 
-    /// A timer ends when its time has run out, however late somebody looks.
+    /// A timer ends at the instant when its duration is over, however late the tick is.
     void awaitEnd(double duration, const char* event)
     {
         const double due = stage_.seconds + duration;
@@ -126,7 +126,7 @@ private:
         moveClock(due + late);
     }
 
-    /// Waits until everybody has ticked since.
+    /// Waits until every process has ticked with the new time.
     void moveClock(double seconds)
     {
         stage_.seconds = seconds;

@@ -1,4 +1,4 @@
-// Processes that let time pass in one directory, all with one clock that does what it is told.
+// Processes that tick in one directory, all with one simulated clock.
 #pragma once
 
 #include <array>
@@ -15,12 +15,12 @@
 
 namespace quillmere::test {
 
-/// What came about, to which several processes add.
+/// Events that occurred. Several processes add to the list.
 class EventList {
 public:
     void add(const std::string& name, double seconds);
 
-    /// Each as "focus_ended at 1794756300".
+    /// For example "focus_ended at 1794756300".
     std::vector<std::string> sorted() const;
 
 private:
@@ -31,9 +31,9 @@ private:
     std::array<std::array<char, longestEvent>, mostEvents> events_;
 };
 
-/// What they share.
+/// Data shared by the processes.
 struct Stage {
-    std::atomic<double> seconds;  ///< of the clock
+    std::atomic<double> seconds;  ///< the time of the clock
     std::atomic<bool> isOver;
     std::array<std::atomic<std::uint64_t>, crowdSize> ticks;
     std::atomic<std::uint64_t> lockOuts;  ///< ticks that ended with exit code 75
@@ -42,12 +42,12 @@ struct Stage {
     Rendezvous rendezvous;
 };
 
-/// Lets the whole crowd tick while a person works through `blockCount` blocks of three sessions, each begun
-/// by its schedule; whether all went well.
+/// Lets the whole crowd tick while a person works through `blockCount` blocks of three sessions, each started
+/// by its schedule. Returns whether every command succeeded.
 bool tickThroughBlocks(Stage& stage, const std::filesystem::path& directory, std::uint64_t blockCount);
 
-/// Lets each of the crowd tick once, all of them between their load and their save at the same time, which
-/// no lock may prevent; whether all went well.
+/// Lets each process tick once, with all of them between their load and their save at the same time; the lock
+/// must be disabled. Returns whether every command succeeded.
 bool tickOnceTogether(Stage& stage, const std::filesystem::path& directory);
 
 }  // namespace quillmere::test

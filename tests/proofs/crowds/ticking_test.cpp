@@ -1,4 +1,4 @@
-// Eight processes let time pass in one directory, while a ninth works through its blocks.
+// Eight processes tick in one directory, while a ninth works through its blocks.
 #include <gtest/gtest.h>
 #include <sys/file.h>
 
@@ -9,7 +9,7 @@
 
 namespace {
 
-/// The linker sends the calls of flock(2) in this program here.
+/// The linker redirects this program's calls of flock(2) to the wrapper below.
 bool hasLocks = true;
 
 }  // namespace

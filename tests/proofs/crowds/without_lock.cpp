@@ -1,7 +1,7 @@
-// Loaded into the program before all else: there is no lock, and all of a crowd have loaded before any saves.
+// Preloaded into the program: disables the lock and lets no process save before the whole crowd has loaded.
 //
-// QUILLMERE_TEST_RENDEZVOUS names a file that holds a Rendezvous. A process comes to it with its first
-// rename, behind its load and before anything that others can see of its save.
+// QUILLMERE_TEST_RENDEZVOUS names a file that holds a Rendezvous. A process waits there before its first
+// rename: after its load, and before its save has any visible effect.
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <stdio.h>

@@ -38,15 +38,15 @@ struct Goal {
     bool isReached(const Counts& counts) const { return counts.saves >= saves && counts.loads >= loads; }
 };
 
-/// From small ones to some that take several texts. Often several in a row have one length: what is mixed of
-/// those can still be read.
+/// Various sizes, some of several texts. Often several versions in a row have the same length, so that a
+/// mixture of them could still be parsed.
 QuillmereState version(std::uint64_t number)
 {
     constexpr std::uint64_t rarely = 61;
     return numberedState(number, number % rarely == 0 ? 60'000 : 400 + number / 16 % 7 * 1'300);
 }
 
-/// The versions of one writer have numbers of their own.
+/// Each writer has its own version numbers.
 std::uint64_t writerOf(std::uint64_t number) { return number % writerCount; }
 
 void save(const fs::path& directory, std::uint64_t number)
@@ -58,7 +58,7 @@ void save(const fs::path& directory, std::uint64_t number)
     WidgetSnapshotStore(directory, replace).save(WidgetSnapshot::make(state, state.updatedAt));
 }
 
-/// What one load gave.
+/// The result of one load.
 struct Loaded {
     std::vector<std::string> texts;
     Instant updatedAt;
@@ -95,12 +95,12 @@ Loaded loadWidgetSummary(const fs::path& directory)
 
 constexpr std::array loadings = {loadState, loadAgentSummary, loadWidgetSummary};
 
-/// Somebody who reads one file again and again, and remembers.
+/// Reads one file repeatedly and checks each version against the earlier ones.
 class Reader {
 public:
     void judge(const Loaded& loaded, Counts& counts)
     {
-        // A store loads an initial state, without any text, where there is no file.
+        // Without a file, a store loads an initial state, which has no texts.
         if (loaded.texts.empty()) {
             ++counts.missing;
             return;

@@ -1,4 +1,4 @@
-// Processes that save versions as fast as they can, beside others that load them.
+// Processes that save versions as fast as possible, and others that load them at the same time.
 #pragma once
 
 #include <cstdint>
@@ -7,20 +7,20 @@
 
 namespace quillmere::test {
 
-/// What the readers found, and what was left.
+/// What the readers observed, and the files at the end.
 struct Findings {
     bool allEndedWell;
-    std::uint64_t saves;       ///< of all three files
-    std::uint64_t loads;       ///< of one file
-    std::uint64_t missing;     ///< loads of a file that was not there
-    std::uint64_t unreadable;  ///< loads that threw
-    std::uint64_t mixed;       ///< loads of what was not of one version
-    std::uint64_t backwards;   ///< loads of an earlier version than the reader had seen of the same writer
+    std::uint64_t saves;             ///< of all three files
+    std::uint64_t loads;             ///< of one file
+    std::uint64_t missing;           ///< loads of a file that was not there
+    std::uint64_t unreadable;        ///< loads that failed
+    std::uint64_t mixed;             ///< loads of a mixture of several versions
+    std::uint64_t backwards;         ///< loads of an earlier version of the same writer than before
     std::vector<std::string> names;  ///< in the directory at the end
 };
 
-/// Two writers without a lock and eight readers at work on one directory. All go on until `saves` and
-/// `loads` have been made between them, so that none is ever alone.
+/// Runs two writers without a lock and eight readers on one directory. All continue until `saves` and `loads`
+/// are reached in total, so no process ever runs alone.
 Findings findingsOf(std::uint64_t saves, std::uint64_t loads);
 
 }  // namespace quillmere::test

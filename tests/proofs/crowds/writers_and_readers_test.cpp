@@ -1,6 +1,6 @@
-// What readers see of two writers that know nothing of each other.
+// Readers beside two writers that do not coordinate.
 //
-// Without a lock the state and the summaries may be of different versions, and each of them is whole.
+// Without a lock the state and the summaries may be of different versions, but each file is whole.
 #include "proofs/crowds/writers_and_readers.hpp"
 
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-/// Made once in a process.
+/// Computed once per process.
 const Findings& findings()
 {
     static const Findings found = findingsOf(amount(250, 100'000), amount(2'500, 1'000'000));

@@ -1,7 +1,7 @@
-// Ten years of use, and twice and four times as much: what it takes to save and load them.
+// The cost of saving and loading ten years of use, and twice and four times as much.
 //
-// Whether that grows in proportion is judged by counts, which are the same on every machine: bytes of
-// the file, blocks of memory asked for, blocks that the state holds. Times are reported.
+// Growth is judged by counts, which are the same on every machine: bytes of the file, allocations, blocks in
+// the state. Times are only reported.
 #include <quillmere/store/state_store.hpp>
 
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@
 namespace quillmere::test {
 namespace {
 
-/// Of one amount of use.
+/// The cost of saving and loading one amount of use.
 struct Cost {
     std::uint64_t sessions;
     std::uint64_t fileBytes;
@@ -42,7 +42,7 @@ double millisecondsOf(Work work)
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
 }
 
-/// The state is saved twice, and the second time counts: it replaces a file of the same size.
+/// Saves the state twice and measures the second save, which replaces a file of the same size.
 Cost costOf(std::uint64_t blocks)
 {
     const TemporaryDirectory directory;
@@ -70,9 +70,9 @@ Cost costOf(std::uint64_t blocks)
     return cost;
 }
 
-using Costs = std::array<Cost, 3>;  // of one, two and four times as much
+using Costs = std::array<Cost, 3>;  // for one, two and four times the amount
 
-/// The step from two to four is twice that from one to two, but for `allowance`.
+/// Expects that the growth from two to four is twice the growth from one to two, within `allowance`.
 void expectProportional(const Costs& costs, std::uint64_t Cost::*count, std::int64_t allowance,
                         const char* what)
 {
@@ -114,18 +114,18 @@ void report(const Cost& cost)
 TEST(YearsOfUse, takeRoomAndMemoryInProportion)
 {
     const std::uint64_t blocks = amount(1'160, 29'000) / sessionsInABlock;
-    costOf(1);  // what is asked for once in the life of a process
+    costOf(1);  // allocations that happen once per process
     const Costs costs = {costOf(blocks), costOf(2 * blocks), costOf(4 * blocks)};
     expectProportional(costs, &Cost::fileBytes, 0, "bytes of the state file");
     expectProportional(costs, &Cost::blocksHeld, 0, "blocks held");
-    // Lists that double grow in steps: some dozens for a factor of two.
+    // Growing lists double their capacity: some dozens of allocations for a factor of two.
     expectProportional(costs, &Cost::loadingAllocations, 50, "allocations of a load");
-    // A save asks for one buffer after the other, each twice as large, whatever the state holds.
+    // A save allocates one growing buffer, whatever the state holds.
     EXPECT_LE(costs[2].savingAllocations, costs[0].savingAllocations + 10);
     for (const Cost& cost : costs) {
         report(cost);
     }
-    // The agent is told of the current work, not of the past.
+    // The agent's summary contains the current work, not the history.
     EXPECT_EQ(costs[0].agentFileBytes, costs[2].agentFileBytes);
 }
 

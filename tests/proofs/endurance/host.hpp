@@ -1,4 +1,4 @@
-// The application, as far as it matters here: it ticks, it acts for a person, and it saves what changed.
+// A minimal application: it ticks, acts for a person, and saves changes.
 #pragma once
 
 #include <quillmere/engine/workflow_engine.hpp>
@@ -9,9 +9,9 @@
 
 namespace quillmere::test {
 
-/// What one tick did.
+/// The effects of one tick.
 struct TickReport {
-    bool begun;  ///< the scheduled block
+    bool begun;  ///< whether the scheduled block started
     TimerTransition transition;
 
     bool isNothing() const { return !begun && transition == TimerTransition::noChange; }
@@ -38,7 +38,7 @@ public:
         return report;
     }
 
-    /// Lets a person do something: `action(engine, state)`.
+    /// Performs an action of the person: `action(engine, state)`.
     template <class Action>
     void act(Action action)
     {
@@ -46,10 +46,10 @@ public:
         save();
     }
 
-    /// What the file holds; a program started now would go on from it.
+    /// The state in the file, from which a restarted program continues.
     QuillmereState saved() const { return store_.load(); }
 
-    /// The program is closed and started again.
+    /// Simulates closing and starting the program.
     void restart() { state_ = saved(); }
 
 private:

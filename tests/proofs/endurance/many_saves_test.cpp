@@ -1,4 +1,4 @@
-// One process that saves for a very long time, as an application does that is never closed.
+// One process that saves many times, like an application that is never closed.
 #include <quillmere/engine/workflow_engine.hpp>
 #include <quillmere/store/state_store.hpp>
 #include <quillmere/widget/widget_snapshot.hpp>
@@ -16,7 +16,7 @@
 namespace quillmere::test {
 namespace {
 
-/// What must not grow.
+/// Resource use, which must not grow.
 struct Footprint {
     std::size_t blocks = blocksInUse();
     std::size_t files = openFileCount();
@@ -24,14 +24,13 @@ struct Footprint {
     friend bool operator==(const Footprint&, const Footprint&) = default;
 };
 
-/// An application in the middle of a session: each action is saved for everybody.
+/// An application in the middle of a session: each action saves all three files.
 class Application {
 public:
     explicit Application(const std::filesystem::path& directory)
         : store_(directory, StateStore::renameReplacing), widgetStore_(directory), state_(fullState())
     {
-        // Half a second would be lost in the widget's file, which names the instant that the time counts
-        // from.
+        // Whole seconds, because the widget's file holds the instant from which the time counts.
         state_.currentBlock->sessions.back().accumulatedPausedSeconds = 42;
     }
 
@@ -48,7 +47,7 @@ public:
         widgetStore_.save(WidgetSnapshot::make(state_, now_));
     }
 
-    /// Reads all back; whether it is what was saved last.
+    /// Reads all files back and returns whether they hold the last saved state.
     bool isSaved() const
     {
         return store_.load() == state_ && widgetStore_.load() == WidgetSnapshot::make(state_, now_);

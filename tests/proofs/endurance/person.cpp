@@ -16,7 +16,7 @@ constexpr double breakSeconds = 300;
 
 std::int64_t tickNotBefore(double time) { return static_cast<std::int64_t>(std::ceil(time)); }
 
-/// The first tick at which `seconds` whole seconds have gone by since `start`, and not before `now`.
+/// The first tick, not before `now`, at which `seconds` whole seconds have passed since `start`.
 std::int64_t tickAfter(double start, double seconds, double now)
 {
     return std::max(tickNotBefore(start) + static_cast<std::int64_t>(std::floor(seconds)),
@@ -25,7 +25,7 @@ std::int64_t tickAfter(double start, double seconds, double now)
 
 }  // namespace
 
-/// In the morning, or in the evening before for every third day.
+/// In the morning; every third day in the evening before.
 double Person::planningTime() const
 {
     return startOfDay() + (day_ % 3 == 0 && day_ > 0 ? -3 * hour : 7 * hour);
@@ -58,7 +58,7 @@ void Person::act(Host& host)
     }
 }
 
-/// The day's block is to begin at nine, in the middle of a second when the day was planned on the day.
+/// Plans the day's block for nine o'clock, with a fraction of a second when planned on the same day.
 void Person::planTheDay(Host& host)
 {
     const bool isPlannedOnTheDay = nextAction_ > startOfDay();
@@ -76,7 +76,7 @@ void Person::planTheDay(Host& host)
     nextAction_ = isToChange ? startOfDay() + 8 * hour + 0.25 : notBefore;
 }
 
-/// Put off by an hour, called off, or begun at once.
+/// Postpones the block by an hour, cancels it, or starts it now.
 void Person::changeTheSchedule(Host& host)
 {
     const double now = nextAction_;
@@ -129,8 +129,7 @@ void Person::startFocus(Host& host)
     nextAction_ = pauses ? startedAt_ + 600.5 : endsEarly ? startedAt_ + 700.25 : notBefore;
 }
 
-/// Every fourth session is paused, some of them twice, and one in sixteen is ended in the pause; every
-/// fourth is ended early.
+/// Pauses every fourth session, some twice, and ends one in sixteen while paused; ends every fourth early.
 void Person::pauseResumeOrEnd(Host& host)
 {
     const double now = nextAction_;
@@ -188,7 +187,7 @@ void Person::review(Host& host)
     nextAction_ = extends ? startedAt_ + 100 : skips ? startedAt_ + 50 : notBefore;
 }
 
-/// One break in five is lengthened before its end, one after it, and one is skipped.
+/// Extends one break in five before its end and one after it, and skips one.
 void Person::extendOrEndBreak(Host& host)
 {
     const double now = nextAction_;

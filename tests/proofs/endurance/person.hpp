@@ -1,5 +1,4 @@
-// A person who works through a year, and who works out with pencil and paper when the program should
-// speak up.
+// A person who works for a year, and who calculates independently when the program must act.
 #pragma once
 
 #include <cstdint>
@@ -10,25 +9,25 @@
 
 namespace quillmere::test {
 
-/// At which tick, counted from the first, something must happen; absent when nothing may.
+/// The tick, counted from the first, at which each event must happen; absent when it must not happen.
 struct Expected {
     std::optional<std::int64_t> begin;     ///< the scheduled block begins
     std::optional<std::int64_t> focusEnd;  ///< the focus time is used up
     std::optional<std::int64_t> breakEnd;  ///< the break's time is used up
 };
 
-/// All times are seconds from the first tick; the person acts between the ticks as well.
+/// All times are seconds since the first tick. The person also acts between ticks.
 class Person {
 public:
     explicit Person(Instant firstTick) : firstTick_(firstTick) {}
 
     const Expected& expected() const { return expected_; }
 
-    /// When the person does the next thing; infinite while they wait for the program.
+    /// The time of the person's next action; infinite while they wait for the program.
     double nextAction() const { return nextAction_; }
     void act(Host& host);
 
-    // What the person hears from the program, at a tick.
+    // The program's notices to the person, each at a tick.
     void blockBegan(std::int64_t tick);
     void focusEnded(std::int64_t tick);
     void breakEnded(std::int64_t tick);
@@ -36,7 +35,7 @@ public:
     std::uint64_t actions() const { return actions_; }
     std::uint64_t blocksFinished() const { return blocksFinished_; }
 
-    /// When each session ended, in order, in whole seconds from the first tick.
+    /// The end of each session, in order, in whole seconds since the first tick.
     const std::vector<std::int64_t>& sessionEnds() const { return sessionEnds_; }
 
 private:
@@ -56,8 +55,8 @@ private:
     Expected expected_;
     double nextAction_ = 25'200;
     std::int64_t day_ = 0;
-    std::uint64_t session_ = 0;  ///< of all
-    double startedAt_ = 0;       ///< of the session or the break
+    std::uint64_t session_ = 0;  ///< counted over all blocks
+    double startedAt_ = 0;       ///< the start of the session or the break
     double pausedAt_ = 0;
     double paused_ = 0;
     double extension_ = 0;

@@ -1,7 +1,7 @@
-// A tick a second for a year, while a person works.
+// One tick a second for a year, while a person works.
 //
-// At every tick the program must do what the person has worked out by themselves, and nothing else; the
-// file is written when something has changed, and the program is started anew from it every midnight.
+// At every tick the program must do exactly what the person calculated. The file is written when something
+// has changed, and the program is restarted from it every midnight.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -53,7 +53,7 @@ QuillmereState asInAFile(QuillmereState state)
     return state;
 }
 
-/// How often something happened that was to happen.
+/// How often each expected event happened.
 struct Happened {
     std::uint64_t begins = 0;
     std::uint64_t focusEnds = 0;
@@ -63,7 +63,7 @@ struct Happened {
     std::uint64_t total() const { return begins + focusEnds + breakEnds; }
 };
 
-/// One tick, judged by what the person expects of it.
+/// Performs one tick and compares it with the person's expectation.
 void tick(Host& host, Person& person, std::int64_t number, Happened& happened)
 {
     const Expected expected = person.expected();
@@ -90,7 +90,7 @@ void tick(Host& host, Person& person, std::int64_t number, Happened& happened)
     }
 }
 
-/// The history tells the same as the person's own notes.
+/// Compares the history with the person's own notes.
 void expectHistory(const QuillmereState& state, const Person& person)
 {
     ASSERT_EQ(state.blockHistory.size(), person.blocksFinished());
@@ -115,7 +115,7 @@ TEST(AYearOfTicks, doesEverythingOnceAtItsSecondAndWritesNothingElse)
     Person person(firstTick);
     Happened happened;
     std::uint64_t restarts = 0;
-    // Eight days have every kind of day in them.
+    // Eight days contain every kind of day.
     const auto ticks = static_cast<std::int64_t>(amount(8 * 86'400, 365 * 86'400));
     for (std::int64_t number = 0; number < ticks; ++number) {
         tick(host, person, number, happened);

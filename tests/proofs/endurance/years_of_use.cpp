@@ -12,7 +12,7 @@ namespace {
 
 constexpr WorkflowEngine engine;
 
-/// Three digits, so that all texts made with them are of one length.
+/// Three digits, so that all texts made with them have the same length.
 unsigned threeDigits(std::uint64_t number) { return static_cast<unsigned>(100 + number % 900); }
 
 /// One session, with a pause of two minutes, and the break after it.
@@ -35,7 +35,7 @@ void askAndAnswer(QuillmereState& state, Instant now)
     engine.answerQuestion(state, state.agentQuestions.back().id, "Yes, after six", now + 60);
 }
 
-/// Works through one block, which ends up in the history.
+/// Works through one block, which moves into the history.
 void workThroughBlock(QuillmereState& state, std::uint64_t number, Instant startedAt)
 {
     engine.beginBlockPlanning(state, startedAt);
@@ -62,8 +62,8 @@ QuillmereState stateAfter(std::uint64_t blocks)
     for (std::uint64_t number = 0; number < blocks; ++number) {
         const Instant morning = moment + 86'400 * static_cast<double>(number);
         workThroughBlock(state, number, morning);
-        // Taken out of the history until all are there: putting each before all others takes the square
-        // of their number.
+        // Collects the blocks and reverses them at the end: inserting each at the front would take quadratic
+        // time.
         oldestFirst.push_back(std::move(state.blockHistory.front()));
         state.blockHistory.clear();
     }

@@ -1,4 +1,4 @@
-// What one person leaves behind in years.
+// A state after years of use.
 #pragma once
 
 #include <quillmere/records/quillmere_state.hpp>
@@ -7,11 +7,11 @@
 
 namespace quillmere::test {
 
-/// Sessions in a block, worked to its end.
+/// Sessions in a finished block.
 inline constexpr std::uint64_t sessionsInABlock = 8;
 
-/// Idle, with `blocks` finished blocks in the history, made by the engine, and two answered questions a
-/// block. Every block takes as much room in a file as any other, and every instant is a whole second.
+/// An idle state with `blocks` finished blocks in the history, made by the engine, and two answered questions
+/// per block. All blocks take the same room in a file, and every instant is a whole second.
 QuillmereState stateAfter(std::uint64_t blocks);
 
 }  // namespace quillmere::test

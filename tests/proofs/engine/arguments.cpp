@@ -1,4 +1,4 @@
-// The arguments that every operation is called with.
+// The arguments for the calls of every operation.
 #include <limits>
 
 #include "proofs/engine/digits.hpp"
@@ -15,7 +15,7 @@ constexpr double smallest = std::numeric_limits<double>::denorm_min();
 constexpr auto ratings = std::to_array<std::int64_t>({0, 1, 5, 6});
 constexpr std::size_t planChoices = 1 + ratings.size() * ratings.size();
 
-/// Blocks to begin or schedule: in each, one thing is out of the ordinary.
+/// Blocks to start or schedule, each with one unusual property.
 constexpr auto givenDurations =
     std::to_array<double>({1'500, 0, -0.0, -1, notANumber, infinite, -infinite, smallest});
 constexpr auto givenCycles = std::to_array<std::int64_t>({1, 0, -1, INT64_MAX, INT64_MIN});
@@ -38,7 +38,7 @@ Block givenBlock(std::size_t number)
         block.cycleCount = givenCycles[number];
         return block;
     }
-    // One that was begun and worked on before; and that one with nothing in it that may be accepted.
+    // A block that was started before; for the last number the same block with invalid durations and cycles.
     block = blockInWork(2, 2);
     block.scheduledStartTriggeredAt = moment - 60;
     block.reflection = sampleReflection();

@@ -51,7 +51,7 @@ bool Answer::didSomething() const
 
 namespace {
 
-/// The reports of the two operations that have one go into `answer`.
+/// Stores the results of the two evaluating operations in `answer`.
 void perform(QuillmereState& state, const Call& call, Answer& answer)
 {
     constexpr WorkflowEngine engine;

@@ -1,4 +1,4 @@
-// One call of the engine as a value: which operation, with what, when, and what came of it.
+// One call of the engine as a value: the operation, its arguments, the instant and the result.
 #pragma once
 
 #include <quillmere/engine/workflow_engine.hpp>
@@ -39,7 +39,7 @@ constexpr std::size_t placeOf(Operation operation) { return static_cast<std::siz
 
 std::string_view nameOf(Operation operation);
 
-/// The arguments of every operation; each reads its own and no other.
+/// The arguments of all operations; each operation reads only its own.
 struct Call {
     Operation operation;
     Instant now;
@@ -51,11 +51,11 @@ struct Call {
     std::string text;                       ///< the question, or the answer
     std::optional<Identifier> question;     ///< answerQuestion
 
-    /// The operation at an instant, with no arguments yet.
+    /// A call without arguments.
     static Call of(Operation operation, Instant now);
 };
 
-/// Which error, and the sentence that the person reads.
+/// The error and its message to the person.
 struct Refusal {
     WorkflowError::Case reason;
     std::string message;
@@ -63,20 +63,20 @@ struct Refusal {
     friend bool operator==(const Refusal&, const Refusal&) = default;
 };
 
-/// What a call gives back, besides the state.
+/// The result of a call, besides the state.
 struct Answer {
     std::optional<Refusal> refusal;
     std::optional<bool> begun;                  ///< of evaluateSchedule
     std::optional<TimerTransition> transition;  ///< of evaluateTimer
 
-    /// Whether something was done: not refused, and not reported as nothing to do.
+    /// Whether the call had an effect: not refused, and not reported as nothing to do.
     bool didSomething() const;
 
     friend bool operator==(const Answer&, const Answer&) = default;
 };
 
-/// Makes the call. Both sentences of an error, the description and the one every exception has, must be
-/// the same; any other exception is passed on.
+/// Makes the call. Checks that both messages of an error, `errorDescription()` and `what()`, are equal.
+/// Passes any other exception on.
 Answer perform(QuillmereState& state, const Call& call);
 
 }  // namespace quillmere::test

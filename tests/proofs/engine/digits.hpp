@@ -7,7 +7,7 @@
 
 namespace quillmere::test {
 
-/// Reads one digit after the other off a number, each in a base of its own.
+/// Splits a number into digits, each in its own base.
 class Digits {
 public:
     explicit Digits(std::uint64_t number) : number_(number) {}

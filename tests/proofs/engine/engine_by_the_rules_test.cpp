@@ -1,20 +1,20 @@
-// Every operation in every situation, against the second statement of the rules.
+// Every operation in every situation, compared with the reference model.
 //
-// There are as many calls of an operation as situations times its arguments. The long form makes all of
-// them where there are no more than two million, two million otherwise; the short one two thousand of
-// each operation, spread evenly over all situations and arguments.
+// The calls of an operation are all combinations of its situations and arguments. The long form makes all of
+// them, but at most two million per operation. The short form makes two thousand per operation, spread
+// evenly.
 #include <gtest/gtest.h>
 
 #include <csignal>
 
-#include "proofs/engine/second_opinion.hpp"
+#include "proofs/engine/oracle.hpp"
 #include "proofs/engine/situations.hpp"
 #include "proofs/support/figures.hpp"
 
 namespace quillmere::test {
 namespace {
 
-/// All calls of one operation, in an order that jumps about: any run of them is a fair sample.
+/// All calls of one operation, in a scattered order: any contiguous part is a fair sample.
 class AllCalls {
 public:
     explicit AllCalls(Operation operation) : operation_(operation) {}
@@ -28,7 +28,7 @@ public:
 
     Case at(std::uint64_t place) const
     {
-        // A prime that divides no number of choices, so that every number comes up exactly once.
+        // A prime that divides no number of calls, so that every number occurs exactly once.
         constexpr std::uint64_t prime = 2'654'435'761;
         const std::uint64_t number = place * prime % count();
         Situation situation = situationAt(number % situationCount());
@@ -42,30 +42,30 @@ private:
 
 TEST(TheEngine, doesWhatTheRulesSayInEverySituation)
 {
-    SecondOpinion opinion;
+    Oracle oracle;
     for (std::size_t place = 0; place < operationCount && !HasFailure(); ++place) {
         const AllCalls calls(operationAt(place));
         const std::uint64_t wanted = std::min(calls.count(), amount(2'000, 2'000'000));
         for (std::uint64_t index = 0; index < wanted && !HasFailure(); ++index) {
             AllCalls::Case next = calls.at(index);
-            opinion.check(next.situation.state, next.call);
+            oracle.check(next.situation.state, next.call);
         }
     }
-    // Rules that hardly ever came up have not been tested.
+    // A rule that hardly ever applied has not been tested.
     for (std::size_t place = 0; place < operationCount; ++place) {
-        EXPECT_GT(opinion.of(operationAt(place)).acted, amount(2, 5)) << nameOf(operationAt(place));
+        EXPECT_GT(oracle.of(operationAt(place)).acted, amount(2, 5)) << nameOf(operationAt(place));
     }
     using enum WorkflowError::Case;
     for (const auto reason : {invalidTransition, missingSessionPlan, nextSessionPlanRequired,
                               ratingOutOfRange, invalidDuration}) {
-        EXPECT_GT(opinion.refused(reason), amount(0, 5)) << WorkflowError(reason).what();
+        EXPECT_GT(oracle.refused(reason), amount(0, 5)) << WorkflowError(reason).what();
     }
-    EXPECT_EQ(opinion.refused(missingBlock), 0) << "no operation throws it";
-    EXPECT_GT(opinion.compared(), amount(10'000, 100'000));
+    EXPECT_EQ(oracle.refused(missingBlock), 0) << "no operation throws it";
+    EXPECT_GT(oracle.compared(), amount(10'000, 100'000));
     const std::string promise = "The engine against a second statement of its rules";
     reportFigure(promise, "situations to choose from", situationCount());
-    reportFigure(promise, "calls compared", opinion.compared());
-    reportFigure(promise, "calls that must stop the program, left out", opinion.fatal());
+    reportFigure(promise, "calls compared", oracle.compared());
+    reportFigure(promise, "calls that must stop the program, left out", oracle.fatal());
 }
 
 TEST(TheEngineDeathTest, stopsTheProgramWhereTheRulesSaySo)
@@ -75,7 +75,7 @@ TEST(TheEngineDeathTest, stopsTheProgramWhereTheRulesSaySo)
     std::uint64_t stopped = 0;
     for (std::uint64_t place = 0; place < calls.count() && stopped < wanted; ++place) {
         AllCalls::Case next = calls.at(place);
-        if (ruling(next.situation.state, next.call).isFatal) {
+        if (expectedOutcome(next.situation.state, next.call).isFatal) {
             EXPECT_EXIT(perform(next.situation.state, next.call), testing::KilledBySignal(SIGABRT), "");
             ++stopped;
         }

@@ -58,7 +58,7 @@ void expectBreakFitsTheWorkflow(const QuillmereState& state)
         EXPECT_EQ(state.breakExtensionSeconds, 0);
         EXPECT_EQ(state.breakEndNotifiedAt, std::nullopt);
     }
-    // The next plan is written before a break, and lives until the next session starts.
+    // The next plan is saved before a break and kept until the next session starts.
     const bool isBetweenSessions =
         state.workflowState == breaking || (state.workflowState == sessionPlanning && state.currentSession());
     EXPECT_EQ(state.plannedNextSession.has_value(), isBetweenSessions);

@@ -1,23 +1,24 @@
-// What holds in every state that operations lead to from an initial one, whoever states the rules.
+// Invariants of every state that the engine can reach from an initial one, independent of the reference
+// model.
 #pragma once
 
 #include <quillmere/records/quillmere_state.hpp>
 
 namespace quillmere::test {
 
-/// Fails the test where block, sessions, break, next plan or history do not fit the workflow state.
+/// Fails the test unless block, sessions, break, next plan and history fit the workflow state.
 void expectSound(const QuillmereState& state);
 
-/// Fails the test where the agent's summary, the widget's and the timer say different things about `state` at
-/// `now`. Lengths of time must be such that the timer can be derived.
+/// Fails the test unless the agent's summary, the widget's and the timer agree about `state` at `now`. The
+/// durations must be such that the timer can be derived.
 void expectSummariesAgree(const QuillmereState& state, Instant now);
 
-/// Fails the test where the file of `state` does not read back to a state with the same file. A file holds
-/// whole seconds, so that the state itself may differ by fractions.
+/// Fails the test unless the file of `state` reads back to a state with the same file. A file holds whole
+/// seconds, so the state itself may differ by fractions.
 void expectReadsBack(const QuillmereState& state);
 
-/// Whether every length of time in `state` is finite. The engine accepts an infinite duration; no file holds
-/// one.
+/// Whether every duration in `state` is finite. The engine accepts an infinite duration, but a file cannot
+/// hold one.
 bool isFinite(const QuillmereState& state);
 
 }  // namespace quillmere::test

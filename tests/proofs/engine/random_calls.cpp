@@ -10,7 +10,7 @@ namespace {
 
 using enum Operation;
 
-/// What a person who knows the program would do next.
+/// The usual next operations in a workflow state.
 std::span<const Operation> sensible(WorkflowState workflowState)
 {
     static constexpr auto inIdle =
@@ -49,7 +49,7 @@ void RandomCalls::moveTheClock()
 
 Operation RandomCalls::operation(WorkflowState workflowState)
 {
-    // Questions are seldom asked, or they would pile up: nothing refuses them.
+    // Questions are rare, because they are never refused and would accumulate.
     if (below(3) != 0) {
         const std::span<const Operation> choices = sensible(workflowState);
         return choices[below(static_cast<std::uint32_t>(choices.size()))];
@@ -86,7 +86,7 @@ std::optional<SessionPlan> RandomCalls::maybePlan()
 
 Block RandomCalls::block(const QuillmereState& state)
 {
-    // Planning goes on from the block that was scheduled before, if there is one.
+    // Planning usually continues from the scheduled block, if there is one.
     Block block = state.currentBlock && !oneIn(4) ? *state.currentBlock : sampleBlock(below(50));
     block.sessions.clear();
     block.scheduledStartTriggeredAt.reset();

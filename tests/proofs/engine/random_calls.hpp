@@ -1,4 +1,4 @@
-// A person, an agent and a clock that do anything at all, though mostly what can be done.
+// Random actions of a person, an agent and a clock, most of them possible in the current state.
 #pragma once
 
 #include <cstdint>
@@ -8,13 +8,13 @@
 
 namespace quillmere::test {
 
-/// Calls drawn at random, the same on every machine. No block that is given has sessions: nobody edits a
-/// block from outside.
+/// Random calls, the same on every machine. Blocks given as arguments have no sessions: nobody edits a block
+/// from outside.
 class RandomCalls {
 public:
     explicit RandomCalls(std::uint32_t seed) : generator_(seed) {}
 
-    /// Moves the clock, back too at times, and draws a call for a state as it is.
+    /// Moves the clock, sometimes backwards, and draws a call for the current state.
     Call next(const QuillmereState& state);
 
     /// The clock of the last call.

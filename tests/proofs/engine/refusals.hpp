@@ -1,4 +1,4 @@
-// When a call is refused, in the second statement of the rules.
+// The conditions in which the reference model refuses a call.
 #pragma once
 
 #include <optional>
@@ -7,15 +7,15 @@
 
 namespace quillmere::test {
 
-/// Which error a call must end with; absent when it must succeed, and for the two evaluations.
+/// The error that a call must end with; absent when it must succeed, and for the two evaluations.
 std::optional<WorkflowError::Case> refusalOf(const QuillmereState& state, const Call& call);
 
-/// Whether a block waits for its planned start, come or not.
+/// Whether a block waits for its planned start, whether or not that has passed.
 bool waits(const QuillmereState& state);
 
 bool hasCyclesLeft(const Block& block);
 
-/// The plan that a session starts by: the one given, otherwise the one saved.
+/// The plan for a new session: the given one, otherwise the saved one.
 const std::optional<SessionPlan>& chosenPlan(const QuillmereState& state, const Call& call);
 
 }  // namespace quillmere::test

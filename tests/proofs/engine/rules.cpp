@@ -30,7 +30,7 @@ void forgetBreak(QuillmereState& state)
     state.breakEndNotifiedAt = std::nullopt;
 }
 
-/// A pause counts as long as it lasted, and not at all when it seems to end before it began.
+/// Adds the duration of the pause; a pause that seems to end before its start adds nothing.
 void closePause(WorkSession& session, Instant now)
 {
     const double lasted = now - session.pausedAt.value();
@@ -102,7 +102,7 @@ void answerFirst(QuillmereState& state, const Call& call)
     }
 }
 
-/// The operations that either refuse or act; not the two evaluations.
+/// The operations that either refuse or act: all but the two evaluations.
 void act(QuillmereState& state, const Call& call)
 {
     switch (call.operation) {
@@ -157,12 +157,12 @@ void act(QuillmereState& state, const Call& call)
     state.updatedAt = call.now;
 }
 
-void evaluateSchedule(Ruling& ruling, Instant now)
+void evaluateSchedule(ExpectedOutcome& expected, Instant now)
 {
-    QuillmereState& state = ruling.after;
+    QuillmereState& state = expected.after;
     const bool isDue = waits(state) && *state.currentBlock->plannedStart <= now &&
                        !state.currentBlock->scheduledStartTriggeredAt;
-    ruling.answer.begun = isDue;
+    expected.answer.begun = isDue;
     if (isDue) {
         state.currentBlock->scheduledStartTriggeredAt = now;
         state.workflowState = sessionPlanning;
@@ -170,16 +170,16 @@ void evaluateSchedule(Ruling& ruling, Instant now)
     }
 }
 
-void evaluateTimer(Ruling& ruling, Instant now)
+void evaluateTimer(ExpectedOutcome& expected, Instant now)
 {
-    QuillmereState& state = ruling.after;
-    ruling.answer.transition = TimerTransition::noChange;
+    QuillmereState& state = expected.after;
+    expected.answer.transition = TimerTransition::noChange;
     const std::optional<Reading> clock = reading(state, now);
     if (!clock) {
         return;
     }
     if (clock->isFatal) {
-        ruling.isFatal = true;
+        expected.isFatal = true;
         return;
     }
     if (clock->left >= 1) {
@@ -188,27 +188,29 @@ void evaluateTimer(Ruling& ruling, Instant now)
     if (clock->ofFocus) {
         closeSession(state, now);
         state.updatedAt = now;
-        ruling.answer.transition = TimerTransition::focusEnded;
+        expected.answer.transition = TimerTransition::focusEnded;
     } else if (!state.breakEndNotifiedAt) {
         state.breakEndNotifiedAt = now;
         state.updatedAt = now;
-        ruling.answer.transition = TimerTransition::breakEnded;
+        expected.answer.transition = TimerTransition::breakEnded;
     }
 }
 
-Ruling::Drawn drawnBy(Operation operation)
+ExpectedOutcome::Drawn drawnBy(Operation operation)
 {
     if (operation == Operation::startFocus) {
-        return Ruling::Drawn::session;
+        return ExpectedOutcome::Drawn::session;
     }
-    return operation == Operation::addQuestion ? Ruling::Drawn::question : Ruling::Drawn::nothing;
+    return operation == Operation::addQuestion ? ExpectedOutcome::Drawn::question
+                                               : ExpectedOutcome::Drawn::nothing;
 }
 
 }  // namespace
 
-Ruling ruling(const QuillmereState& before, const Call& call)
+ExpectedOutcome expectedOutcome(const QuillmereState& before, const Call& call)
 {
-    Ruling result{.isFatal = false, .answer = {}, .after = before, .drawn = Ruling::Drawn::nothing};
+    ExpectedOutcome result{
+        .isFatal = false, .answer = {}, .after = before, .drawn = ExpectedOutcome::Drawn::nothing};
     if (call.operation == Operation::evaluateSchedule) {
         evaluateSchedule(result, call.now);
     } else if (call.operation == Operation::evaluateTimer) {

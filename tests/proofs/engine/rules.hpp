@@ -1,8 +1,7 @@
-// The rules of the workflow, stated a second time.
+// The reference model of the workflow rules.
 //
-// Nothing here calls the engine or any function of the library: the record types alone are shared. Each
-// rule looks at the situation before a call and says what must come of it, in the order in which a
-// person would check it.
+// Independent of the library: calls no function of it and shares only the record types. Each rule looks at
+// the situation before a call and states the expected outcome, in the order in which a person would check it.
 #pragma once
 
 #include <optional>
@@ -11,30 +10,30 @@
 
 namespace quillmere::test {
 
-/// What must come of a call.
-struct Ruling {
-    bool isFatal;          ///< the program must stop; the rest says nothing then
+/// The expected outcome of a call.
+struct ExpectedOutcome {
+    bool isFatal;          ///< the program must stop; the other fields are meaningless then
     Answer answer;         ///< error or report
     QuillmereState after;  ///< the whole state
 
-    /// Which record of `after` carries an identifier that only the engine knows: it draws it. The one
-    /// that stands there is a placeholder.
+    /// The record of `after` that carries a newly drawn identifier, which only the engine knows. `after`
+    /// holds a placeholder in its place.
     enum class Drawn { nothing, session, question };
     Drawn drawn;
 };
 
-Ruling ruling(const QuillmereState& before, const Call& call);
+ExpectedOutcome expectedOutcome(const QuillmereState& before, const Call& call);
 
-/// What the clock that runs must show, in whole seconds.
+/// The expected display of the running clock, in whole seconds.
 struct Reading {
-    bool isFatal;  ///< a number of seconds that no 64 bits hold; the rest says nothing then
-    bool ofFocus;  ///< otherwise of a break
+    bool isFatal;  ///< the seconds do not fit 64 bits; the other fields are meaningless then
+    bool ofFocus;  ///< a focus clock, otherwise a break clock
     bool isPaused;
     std::int64_t elapsed;
     std::int64_t left;
 };
 
-/// Absent when no clock runs.
+/// Absent when no clock is running.
 std::optional<Reading> reading(const QuillmereState& state, Instant now);
 
 }  // namespace quillmere::test

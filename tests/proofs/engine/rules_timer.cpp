@@ -1,4 +1,4 @@
-// Whole seconds, counted in numbers twice as wide as needed so that nothing overflows before it is seen.
+// Whole seconds, calculated in integers of twice the width so that overflow can be detected.
 #include "proofs/engine/rules.hpp"
 
 namespace quillmere::test {
@@ -11,10 +11,10 @@ constexpr Wide least = INT64_MIN;
 
 constexpr bool fits(Wide value) { return value >= least && value <= most; }
 
-/// A number of whole seconds, or none because it cannot be had.
+/// A number of whole seconds; absent when it cannot be represented.
 using Whole = std::optional<Wide>;
 
-/// The greatest whole number that is not above `seconds`.
+/// The greatest integer not above `seconds`.
 Whole roundedDown(double seconds)
 {
     constexpr double twoTo63 = 9'223'372'036'854'775'808.0;
@@ -35,7 +35,7 @@ Whole difference(Whole minuend, Whole subtrahend)
 
 Whole atLeastZero(Whole value) { return value && *value < 0 ? Whole(0) : value; }
 
-/// What is left is shown without its sign as well, which the lowest number does not have.
+/// The remaining time is also shown as an absolute value, which the lowest integer does not have.
 Reading shown(bool ofFocus, bool isPaused, Whole total, Whole counted)
 {
     const Whole elapsed = atLeastZero(counted);

@@ -11,7 +11,7 @@ namespace {
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinite = std::numeric_limits<double>::infinity();
 constexpr double smallest = std::numeric_limits<double>::denorm_min();
-constexpr double lowest = -0x1p63;  // the lowest number of whole seconds there is
+constexpr double lowest = -0x1p63;  // The lowest representable number of whole seconds.
 
 constexpr auto workflowStates = std::to_array<WorkflowState>({
     WorkflowState::idle,
@@ -24,11 +24,11 @@ constexpr auto workflowStates = std::to_array<WorkflowState>({
     WorkflowState::complete,
 });
 
-/// What the clock shows, after the moment that the records are about. 1500 ends a session, 300 a break.
+/// Times of the clock, relative to the instant in the records. 1500 ends a session, 300 a break.
 constexpr auto clockSteps =
     std::to_array<double>({0, 0.3, 1, 300, 1'500, 10'000, -0.3, -10'000, notANumber, infinite});
 
-/// When a block waits to begin, as seen from the clock.
+/// The planned start of a waiting block, relative to the clock.
 struct Waiting {
     bool isScheduled;
     double untilStart;
@@ -43,7 +43,7 @@ constexpr auto blockShapes = std::to_array<Waiting>({
     {.isScheduled = false, .untilStart = 0, .wasBegun = true},
 });
 
-/// How many of the three sessions there are, and how far the last one is.
+/// The number of sessions (of three), and the progress of the last one.
 struct Progress {
     std::int64_t sessions;
     std::optional<double> pausedAfter;
@@ -77,7 +77,7 @@ constexpr auto breakShapes = std::to_array<Rest>({
     {.isStarted = false, .extension = infinite, .isNotified = true},
 });
 
-/// What the records say about lengths of time.
+/// The durations in the records.
 struct Lengths {
     double focus;
     double rest;
@@ -137,7 +137,7 @@ Block blockOf(const Waiting& waiting, const Progress& progress, const Lengths& i
 
 const std::vector<AgentQuestion>& questions()
 {
-    // The second and the third have the same identifier; the first of them is the one that is meant.
+    // The second and third question have the same identifier; an answer must go to the first of the two.
     static const std::vector<AgentQuestion> list = {
         {.id = identifier(601), .question = "?", .createdAt = moment, .answer = "!", .answeredAt = moment},
         {.id = identifier(602), .question = "1", .createdAt = moment, .answer = {}, .answeredAt = {}},
@@ -157,7 +157,7 @@ const Block& finishedBlock()
     return block;
 }
 
-/// Made once: every new state draws an identifier, which takes longer than all the rest.
+/// Made once: every new state draws a random identifier, which takes longer than the rest.
 const QuillmereState& emptyState()
 {
     static const QuillmereState state = stateIn(WorkflowState::idle);

@@ -1,8 +1,8 @@
 // Every situation that a call may find, and every call that may be made in it.
 //
-// A situation is one choice on each axis: the workflow state, the block and its sessions, the saved plan,
-// the break, the lengths of time that the records hold, and where the clock stands. Most could not arise
-// in use; a file may hold any of them.
+// A situation is one choice on each axis: the workflow state, the block and its sessions, the saved plan, the
+// break, the durations in the records, and the clock. Most could not arise in use, but a file may hold any of
+// them.
 #pragma once
 
 #include <cstdint>
@@ -18,13 +18,13 @@ struct Situation {
 
 std::uint64_t situationCount();
 
-/// The situation of a number below `situationCount`.
+/// The situation of an index below `situationCount`.
 Situation situationAt(std::uint64_t number);
 
-/// In how many ways an operation may be called.
+/// The number of argument combinations of an operation.
 std::uint64_t argumentCount(Operation operation);
 
-/// The call with the arguments of a number below `argumentCount`.
+/// The call with the argument combination of an index below `argumentCount`.
 Call callAt(Operation operation, std::uint64_t number, Instant now);
 
 }  // namespace quillmere::test

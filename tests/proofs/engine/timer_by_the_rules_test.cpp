@@ -1,4 +1,4 @@
-// The timer in every situation, against the second statement of the rules.
+// The timer in every situation, compared with the reference model.
 #include <quillmere/engine/timer_snapshot.hpp>
 
 #include <gtest/gtest.h>
@@ -13,14 +13,14 @@
 namespace quillmere::test {
 namespace {
 
-/// All situations, in an order that jumps about.
+/// All situations, in a scattered order.
 Situation drawn(std::uint64_t place)
 {
     constexpr std::uint64_t prime = 2'654'435'761;
     return situationAt(place * prime % situationCount());
 }
 
-/// The whole timer as it must be; absent when none runs.
+/// The expected timer; absent when none is running.
 std::optional<TimerSnapshot> expectedTimer(const std::optional<Reading>& clock)
 {
     if (!clock) {

@@ -1,5 +1,5 @@
-// Directories in which something is wrong, used by an ordinary user: save, load and the program do what the
-// table says, and nothing else changes in the tree around.
+// Directories in unusual conditions, used by an ordinary user: save, load and the program must behave as the
+// table says and change nothing else in the tree.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -20,9 +20,9 @@ namespace {
 
 constexpr const char* promise = "Hostile directories, as an ordinary user";
 
-/// The operations that are tried in a situation: all in the long form; in the short one two of the eight, by
-/// the number of the situation, one of the library's saves and loads and one of the program's commands or the
-/// widget's load. So each operation is tried in every fourth situation.
+/// The operations to try in a situation: all in the long form, two of the eight in the short form. The index
+/// of the situation chooses them: one save or load of the library, and one command of the program or the
+/// widget's load. So the short form tries each operation in every fourth situation.
 std::vector<std::size_t> chosenOperations(std::size_t situation)
 {
     const std::size_t stride = amount(4, 1);
@@ -39,8 +39,9 @@ std::string onOneLine(std::string text)
     return text;
 }
 
-/// Becomes an ordinary user and tries the operations; returns a line a fact, to pass from one process to
-/// another. Modes keep nothing from the superuser, who could not change back either.
+/// Becomes an ordinary user and tries the operations. Returns one result per line, to be passed to another
+/// process. The superuser ignores file modes, and an ordinary user cannot become superuser again, so a child
+/// process does this.
 std::string tryOperations(const std::vector<std::size_t>& numbers, const Situation& situation,
                           const std::filesystem::path& directory)
 {
@@ -54,8 +55,7 @@ std::string tryOperations(const std::vector<std::size_t>& numbers, const Situati
     return lines + std::to_string(memory) + '\n';
 }
 
-/// The facts in such lines: an outcome for each operation that was tried, with the memory that the largest
-/// took.
+/// Parses such lines: an outcome for each operation, each with the peak memory of them all.
 std::optional<std::vector<Outcome>> outcomesIn(const std::string& lines, std::size_t count)
 {
     std::istringstream stream(lines);
@@ -132,7 +132,7 @@ protected:
         writeTable(title, situations);
     }
 
-    std::size_t memory_ = 0;  ///< the most that a call took
+    std::size_t memory_ = 0;  ///< the largest peak memory of an operation
 };
 
 TEST_F(HostileDirectories, areMetAsTheTableSays) { expect("the directory", directorySituations()); }
@@ -140,7 +140,7 @@ TEST_F(HostileDirectories, areMetAsTheTableSays) { expect("the directory", direc
 TEST_F(HostileDirectories, withHostileFilesAreMetAsTheTableSays)
 {
     expect("a file", fileSituations());
-    // A file of a gigabyte is held once, and nothing is built from it.
+    // A file of a gigabyte is read into memory once and not decoded.
     if (inLongForm()) {
         constexpr std::size_t megabyte = 1'000'000;
         constexpr std::size_t most = 1'200 * megabyte;

@@ -22,7 +22,7 @@ struct stat statusOf(const fs::path& path)
     return status;
 }
 
-/// Gives an entry to its owner for as long as it lives, and then puts its mode back.
+/// Gives the owner access to an entry and restores its mode in the destructor.
 class Opened {
 public:
     Opened(const fs::path& path, mode_t mode) : path_(path), mode_(mode & 07777)
@@ -38,7 +38,7 @@ private:
     mode_t mode_;
 };
 
-/// The content of a file, or how it begins when it is large.
+/// The content of a file; only the beginning of a large one.
 std::string contentOf(const fs::path& file)
 {
     constexpr std::size_t most = 1 << 16;

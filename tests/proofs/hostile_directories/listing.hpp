@@ -1,4 +1,4 @@
-// What can be told from outside of a tree of files.
+// A snapshot of a tree of files, and the changes between two snapshots.
 #pragma once
 
 #include <sys/types.h>
@@ -10,27 +10,26 @@
 
 namespace quillmere::test {
 
-/// One entry: everything that shows that it was touched or put in another's place. A directory's size and
-/// time are left out, for its entries tell the same.
+/// One entry, with everything that shows a modification or a replacement. Size and time of a directory are
+/// left out, because its entries show the same changes.
 struct Entry {
-    std::string facts;  ///< kind, inode, owner, mode, and for all but directories size, time and content
+    std::string facts;  ///< kind, inode, owner, mode; size, time and content unless it is a directory
     mode_t mode;
 
     friend bool operator==(const Entry&, const Entry&) = default;
 };
 
-/// By path relative to the root, which is ".".
+/// By path relative to the root; the root is ".".
 using Listing = std::map<std::string, Entry>;
 
-/// All that is in a tree. What its modes keep from being looked at is opened for the look and closed again
-/// as it was.
+/// All entries of a tree. Temporarily changes modes that prevent reading, and restores them.
 Listing listingOf(const std::filesystem::path& root);
 
-/// An entry that appeared, went away or became another.
+/// A created, removed or changed entry.
 struct Change {
     std::string path;
     bool isGone;
-    mode_t mode;  ///< as it is now; 0 when gone
+    mode_t mode;  ///< the current mode; 0 when removed
 
     friend bool operator==(const Change&, const Change&) = default;
 };

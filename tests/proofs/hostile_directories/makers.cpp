@@ -19,10 +19,10 @@ void handOver(Scene& scene, const fs::path& place)
 {
     scene.place = place;
     scene.widgetPlace = place;
-    scene.handed = place;
+    scene.directoryOption = place;
 }
 
-/// A path of this many bytes below `from`, of names of 200 bytes.
+/// A path of exactly `length` bytes below `from`, with names of 200 bytes.
 fs::path longPath(const fs::path& from, std::size_t length)
 {
     constexpr std::size_t step = 200;
@@ -70,7 +70,7 @@ void aLinkToADirectory(Scene& scene)
     const fs::path link = scene.place;
     moveTo(scene, scene.root / "elsewhere");
     fs::create_symlink("elsewhere", link);
-    scene.handed = link;
+    scene.directoryOption = link;
 }
 
 void aNameTooLong(Scene& scene)
@@ -102,7 +102,7 @@ void aNameThatIsNoText(Scene& scene) { moveTo(scene, scene.root / "\xFF\xC3\xED\
 void aNameWithALeadingDash(Scene& scene)
 {
     moveTo(scene, scene.root / "-h");
-    scene.handed = "-h";
+    scene.directoryOption = "-h";
 }
 
 void aNameOf255Bytes(Scene& scene)
@@ -184,7 +184,7 @@ void sparseAt(const fs::path& file)
 
 void leftoversOf(const fs::path& file)
 {
-    // A third could be taken for the file, a third cannot be read, a third would never answer.
+    // A third looks like the file, a third cannot be read, and a third would block a reader forever.
     constexpr unsigned each = 100;
     const std::string foreign = textOf(file.parent_path().parent_path() / "outside" / file.filename());
     const auto leftover = [&file] {
@@ -204,15 +204,16 @@ namespace {
 
 using Value = std::optional<std::string>;
 
-/// Has the files stand where `support`, an application-support directory, leads, and nothing handed over.
-void standIn(Scene& scene, const fs::path& support)
+/// Moves the files to their usual places below `support`, an application-support directory, and passes no
+/// directory to the program.
+void moveToUsualPlaces(Scene& scene, const fs::path& support)
 {
     const fs::path container = support / "group-containers" / QuillmereAppGroup::identifier;
     fs::create_directories(container);
     moveTo(scene, support / "Quillmere");
     fs::rename(scene.place / widget, container / widget);
     scene.widgetPlace = container;
-    scene.handed.reset();
+    scene.directoryOption.reset();
 }
 
 void setNames(Scene& scene, const Value& home, const Value& data)
@@ -227,62 +228,62 @@ fs::path supportIn(const fs::path& home) { return home / ".local" / "share"; }
 
 void nothingNamesAHome(Scene& scene)
 {
-    standIn(scene, supportIn(scene.root));
+    moveToUsualPlaces(scene, supportIn(scene.root));
     setNames(scene, std::nullopt, std::nullopt);
 }
 
 void emptyNames(Scene& scene)
 {
-    standIn(scene, supportIn(scene.root));
+    moveToUsualPlaces(scene, supportIn(scene.root));
     setNames(scene, "", "");
 }
 
 void relativeHome(Scene& scene)
 {
-    standIn(scene, supportIn(scene.root / "home"));
+    moveToUsualPlaces(scene, supportIn(scene.root / "home"));
     setNames(scene, "home", std::nullopt);
 }
 
 void relativeHomeAndData(Scene& scene)
 {
-    standIn(scene, scene.root / "data");
+    moveToUsualPlaces(scene, scene.root / "data");
     setNames(scene, "home", "data");
 }
 
 void homeAlone(Scene& scene)
 {
-    standIn(scene, supportIn(scene.root / "home"));
+    moveToUsualPlaces(scene, supportIn(scene.root / "home"));
     setNames(scene, (scene.root / "home").string(), std::nullopt);
 }
 
 void homeWithEmptyData(Scene& scene)
 {
-    standIn(scene, supportIn(scene.root / "home"));
+    moveToUsualPlaces(scene, supportIn(scene.root / "home"));
     setNames(scene, (scene.root / "home").string(), "");
 }
 
 void homeWithRelativeData(Scene& scene)
 {
     fs::create_directory(scene.root / "data");
-    standIn(scene, supportIn(scene.root / "home"));
+    moveToUsualPlaces(scene, supportIn(scene.root / "home"));
     setNames(scene, (scene.root / "home").string(), "data");
 }
 
 void dataWithoutHome(Scene& scene)
 {
-    standIn(scene, scene.root / "data");
+    moveToUsualPlaces(scene, scene.root / "data");
     setNames(scene, std::nullopt, (scene.root / "data").string());
 }
 
 void dataWithRelativeHome(Scene& scene)
 {
-    standIn(scene, scene.root / "data");
+    moveToUsualPlaces(scene, scene.root / "data");
     setNames(scene, "home", (scene.root / "data").string());
 }
 
 void homeThatIsMissing(Scene& scene)
 {
-    scene.handed.reset();
+    scene.directoryOption.reset();
     fs::remove_all(scene.place);
     const fs::path support = supportIn(scene.root / "nobodys-home");
     scene.place = support / "Quillmere";

@@ -1,4 +1,4 @@
-// How each hostile situation is made.
+// Functions that create the hostile situations.
 #pragma once
 
 #include "scene.hpp"
@@ -52,7 +52,7 @@ void oneByteAt(const std::filesystem::path& file);
 void sparseAt(const std::filesystem::path& file);
 void leftoversOf(const std::filesystem::path& file);
 
-/// Puts something in the place of one file.
+/// Puts something in place of one file.
 template <const char* name, void (*put)(const std::filesystem::path&)>
 void at(Scene& scene)
 {
@@ -67,7 +67,7 @@ void withMask(Scene& scene)
     scene.mask = mask;
 }
 
-/// The same where there is nothing yet.
+/// The same with no directory yet.
 template <mode_t mask>
 void withMaskAndNothingYet(Scene& scene)
 {

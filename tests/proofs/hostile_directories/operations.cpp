@@ -12,7 +12,7 @@
 
 #include "support/sample_states.hpp"
 
-extern char** environ;  // NOLINT(readability-redundant-declaration): not everywhere declared
+extern char** environ;  // NOLINT(readability-redundant-declaration): not declared on every system
 
 namespace quillmere::test {
 namespace {
@@ -27,7 +27,7 @@ std::string nameOf(const std::error_code& code)
     return code.category() == std::generic_category() && name ? name : "no POSIX code";
 }
 
-/// The result of a call of the library: what it returned or threw.
+/// Describes the result of a library call: the returned value or the exception.
 template <class Call>
 std::string resultOf(Call call)
 {
@@ -48,8 +48,8 @@ constexpr Instant clockReading = moment + 5;
 
 StateStore storeIn(const Scene& scene, const ReplaceItem& replaceItem)
 {
-    const fs::path directory =
-        scene.handed ? *scene.handed : StateStore::defaultDirectory(FileManager::standard());
+    const fs::path directory = scene.directoryOption ? *scene.directoryOption
+                                                     : StateStore::defaultDirectory(FileManager::standard());
     return {directory, [] { return clockReading; },
             [&scene, replaceItem](const fs::path& temporaryURL, const fs::path& destination) {
                 if (scene.beforeMove) {
@@ -61,10 +61,10 @@ StateStore storeIn(const Scene& scene, const ReplaceItem& replaceItem)
 
 std::optional<WidgetSnapshotStore> widgetStoreIn(const Scene& scene)
 {
-    if (!scene.handed) {
+    if (!scene.directoryOption) {
         return WidgetSnapshotStore::shared(QuillmereAppGroup::identifier, FileManager::standard());
     }
-    return WidgetSnapshotStore(*scene.handed,
+    return WidgetSnapshotStore(*scene.directoryOption,
                                [&scene](const fs::path& temporaryURL, const fs::path& destination) {
                                    if (scene.beforeMove) {
                                        scene.beforeMove();
@@ -121,12 +121,12 @@ std::string loadWidget(const Scene& scene)
     });
 }
 
-/// Becomes the program; its exit code is the result.
+/// Replaces this process with the program, whose exit code is then the result.
 std::string run(const Scene& scene, std::vector<std::string> words)
 {
     words.insert(words.begin(), "quillmere");
-    if (scene.handed) {
-        words.insert(words.begin() + 1, "--directory=" + scene.handed->string());
+    if (scene.directoryOption) {
+        words.insert(words.begin() + 1, "--directory=" + scene.directoryOption->string());
     }
     std::vector<char*> pointers;
     for (std::string& word : words) {

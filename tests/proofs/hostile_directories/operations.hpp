@@ -1,4 +1,4 @@
-// What is tried in a scene.
+// The operations to try in a scene.
 #pragma once
 
 #include <array>
@@ -10,10 +10,10 @@
 
 namespace quillmere::test {
 
-/// One operation, and the files that it changes when all is well.
+/// One operation, and the files that a successful run changes.
 struct Operation {
     const char* title;
-    std::string (*act)(const Scene& scene);  ///< in a child process; its result in a few words
+    std::string (*act)(const Scene& scene);  ///< in a child process; describes its result
     std::vector<std::string> writes;         ///< sorted
 };
 
@@ -21,7 +21,7 @@ inline constexpr std::size_t operationCount = 8;
 
 const std::array<Operation, operationCount>& operations();
 
-/// Opens the program while this process may still do so: an ordinary user may not reach its directory.
+/// Opens the program's file in advance, because an ordinary user may not reach its directory.
 void openProgram();
 
 }  // namespace quillmere::test

@@ -24,7 +24,7 @@ constexpr uid_t superuser = 0;
 constexpr uid_t nobody = 65534;
 constexpr gid_t noGroup = 65534;
 
-/// Where temporary files may be: TMPDIR, memory, the usual directories.
+/// Candidates for temporary files: TMPDIR, memory, the usual directories.
 std::vector<fs::path> places()
 {
     std::vector<fs::path> all = {"/dev/shm", "/tmp", "/var/tmp"};
@@ -34,7 +34,7 @@ std::vector<fs::path> places()
     return all;
 }
 
-/// Whether an ordinary user can make files there.
+/// Whether an ordinary user can create files there.
 bool isReachable(const fs::path& directory)
 {
     const auto tryIt = [&]() -> std::string {
@@ -53,7 +53,7 @@ ChildResult resultOfChild(const std::function<std::string()>& work, unsigned sec
         std::cout << work();
         return 0;
     };
-    // The alarm comes first, and has its meaning.
+    // The alarm must end the child before the outer limit does.
     const ProcessEnding ending = run({.work = limited}, std::chrono::seconds(seconds) + patience);
     std::string result = ending.out;
     if (ending.signal != 0) {
@@ -71,7 +71,7 @@ bool becomeOrdinaryUser()
     }
     const bool done = ::setgroups(0, nullptr) == 0 && ::setresgid(noGroup, noGroup, noGroup) == 0 &&
                       ::setresuid(nobody, nobody, nobody) == 0;
-    // The sanitizers read their own /proc entry, which is closed after a change of the user.
+    // The sanitizers read /proc/self, which becomes inaccessible after a change of the user.
     ::prctl(PR_SET_DUMPABLE, 1);
     return done;
 }

@@ -1,4 +1,4 @@
-// Work done in a child process by an ordinary user, within a limited time.
+// Runs work in a child process as an ordinary user, with a time limit.
 #pragma once
 
 #include <cstddef>
@@ -9,22 +9,21 @@
 namespace quillmere::test {
 
 struct ChildResult {
-    std::string
-        result;  ///< what the work returned; otherwise "exit N", or the name of the signal that ended it
-    std::string errors;  ///< printed on standard error
-    std::size_t memory;  ///< the most that the child had in memory, in bytes
+    std::string result;  ///< the returned text, "exit N", or the name of the signal that ended the child
+    std::string errors;  ///< the child's standard error
+    std::size_t memory;  ///< the child's peak memory in bytes
 };
 
-/// Does `work` in a child process. A child that has not ended after `seconds` ends with SIGALRM, which shows
-/// that it waits for ever.
+/// Runs `work` in a child process. SIGALRM ends the child after `seconds`, which shows that it blocks
+/// forever.
 ChildResult resultOfChild(const std::function<std::string()>& work, unsigned seconds);
 
-/// Makes this process one of an ordinary user, for good; nothing happens when it is one already. False where
-/// the system does not let the superuser change.
+/// Makes this process permanently one of an ordinary user, unless it is one already. Returns false where the
+/// system does not allow the change.
 bool becomeOrdinaryUser();
 
-/// A temporary directory of the ordinary user, below directories that this user may enter. The superuser's
-/// own place for temporary files may be closed to all others.
+/// A temporary directory of an ordinary user, below directories that this user may enter. The superuser's
+/// temporary directory may be closed to others.
 class WritableDirectory {
 public:
     WritableDirectory();
@@ -32,7 +31,7 @@ public:
     WritableDirectory& operator=(const WritableDirectory&) = delete;
     ~WritableDirectory();
 
-    /// Empty where no such place was found.
+    /// Empty if no such directory was found.
     const std::filesystem::path& path() const { return path_; }
 
 private:

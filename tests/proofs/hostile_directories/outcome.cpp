@@ -18,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Far more than any call takes, on a machine that is busy.
+/// Far longer than any call takes, even on a busy machine.
 unsigned longestCall() { return static_cast<unsigned>(amount(30, 120)); }
 
 void setProcess(const Scene& scene)
@@ -53,7 +53,7 @@ bool isInside(const fs::path& path, const fs::path& place)
     return !relative.empty() && *relative.begin() != "..";
 }
 
-/// The name of a path of the tree in the table.
+/// The name of a path in the table.
 std::string nameIn(const Scene& scene, const std::string& path)
 {
     const fs::path whole = (scene.root / path).lexically_normal();
@@ -84,7 +84,7 @@ std::string octal(mode_t mode)
     return text.str();
 }
 
-/// The name, and what is unusual: that the entry is gone, or its mode.
+/// The name, with "gone" or an unusual mode.
 std::string describe(const Change& change, const std::string& name)
 {
     if (change.isGone) {
@@ -93,7 +93,7 @@ std::string describe(const Change& change, const std::string& name)
     return hasUsualMode(change, name) ? name : name + ' ' + octal(change.mode);
 }
 
-/// What changed and should not have, and what should have changed and did not.
+/// The unexpected changes, and the expected changes that are missing.
 std::string differences(const Scene& scene, const std::vector<Change>& changes,
                         std::vector<std::string> expected)
 {
@@ -117,7 +117,7 @@ std::string differences(const Scene& scene, const std::vector<Change>& changes,
     return text;
 }
 
-/// Whether a message is safe on a terminal: empty, or one line without control characters.
+/// Whether a message is safe to print on a terminal: empty, or one line without control characters.
 bool isSafeLine(const std::string& text)
 {
     const auto isControl = [](char character) {

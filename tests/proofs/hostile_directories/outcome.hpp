@@ -1,4 +1,4 @@
-// The outcome of an operation in a scene, in a few words.
+// A short description of an operation's outcome in a scene.
 #pragma once
 
 #include <cstddef>
@@ -9,16 +9,16 @@
 
 namespace quillmere::test {
 
-/// The result of the operation and, as far as it differs from the operation's purpose, what changed anywhere
-/// in the tree: "EISDIR + state.json" failed after it had replaced the state, "done - state.json" left the
-/// state alone. A mode is named where it is not the usual one. An operation that waits for ever is "SIGALRM".
+/// The result of the operation, and the changes in the tree that differ from those of a successful run:
+/// "EISDIR + state.json" failed after replacing the state, "done - state.json" left the state unchanged. An
+/// unusual mode is named. An operation that blocks forever is "SIGALRM".
 struct Outcome {
     std::string words;
-    std::string errors;  ///< what was printed on standard error
-    std::size_t memory;  ///< the most that the operation took, in bytes
+    std::string errors;  ///< printed on standard error
+    std::size_t memory;  ///< peak memory of the operation in bytes
 };
 
-/// Makes a scene below `directory`, tries the operation, and compares the tree before and after.
+/// Makes a scene below `directory`, runs the operation, and compares the tree before and after.
 Outcome outcomeOf(const Operation& operation, void (*make)(Scene&), const std::filesystem::path& directory);
 
 }  // namespace quillmere::test

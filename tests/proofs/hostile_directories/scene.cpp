@@ -56,7 +56,7 @@ Scene makeScene(const fs::path& root)
     return {.root = root,
             .place = place,
             .widgetPlace = place,
-            .handed = place,
+            .directoryOption = place,
             .variables = {{"HOME", (root / "nobodys-home").string()}, {"XDG_DATA_HOME", std::nullopt}}};
 }
 
@@ -65,7 +65,7 @@ void moveTo(Scene& scene, const fs::path& place)
     fs::rename(scene.place, place);
     scene.place = place;
     scene.widgetPlace = place;
-    scene.handed = place;
+    scene.directoryOption = place;
 }
 
 std::string textOfState(const QuillmereState& state)

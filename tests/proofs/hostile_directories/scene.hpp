@@ -1,4 +1,4 @@
-// A tree of files in which something is wrong, and who acts in it.
+// A tree of files in an unusual condition, and the settings of the process that uses it.
 #pragma once
 
 #include <quillmere/records/quillmere_state.hpp>
@@ -13,34 +13,34 @@
 
 namespace quillmere::test {
 
-/// The tree, and how the process is set that acts in it.
+/// The tree, and the settings of the process.
 struct Scene {
-    std::filesystem::path root;                   ///< all of it, and the working directory
-    std::filesystem::path place;                  ///< where the files are, or would be
-    std::filesystem::path widgetPlace;            ///< the same of the widget's summary
-    std::optional<std::filesystem::path> handed;  ///< what is handed over; absent: found by the environment
-    mode_t mask = 022;                            ///< the file creation mask
-    std::map<std::string, std::optional<std::string>> variables;  ///< of the environment
-    std::function<void()> beforeMove = {};    ///< runs inside a save, before a file takes its place
-    std::function<void()> betweenCalls = {};  ///< runs after a call, before the one that counts
+    std::filesystem::path root;                            ///< the whole tree, and the working directory
+    std::filesystem::path place;                           ///< the directory of the files, existing or not
+    std::filesystem::path widgetPlace;                     ///< the directory of the widget's summary
+    std::optional<std::filesystem::path> directoryOption;  ///< the `--directory` option
+    mode_t mask = 022;                                     ///< the file creation mask
+    std::map<std::string, std::optional<std::string>> variables;  ///< environment variables
+    std::function<void()> beforeMove = {};    ///< runs inside a save, before a file is moved to its place
+    std::function<void()> betweenCalls = {};  ///< runs between an earlier call and the tested one
 };
 
-/// What the files hold before anything is done: idle, so that nothing comes about by itself.
+/// The state in the files before the operation: idle, so that no timer changes it.
 const QuillmereState& stateBefore();
 
-/// What is saved.
+/// The state to save.
 const QuillmereState& stateToSave();
 
-/// What files hold that nobody may read or change: they lie outside, or are leftovers.
+/// The content of files that no operation may read or change: files outside the directory, and leftovers.
 const QuillmereState& foreignState();
 
-/// Makes the tree: "place" with the three files, and "outside" with files of others.
+/// Makes the tree: "place" with the three files, and "outside" with other files.
 Scene makeScene(const std::filesystem::path& root);
 
-/// Moves "place" with all that is in it to another name, and hands over that one.
+/// Renames "place" with its content, and passes the new name to the program.
 void moveTo(Scene& scene, const std::filesystem::path& place);
 
-/// The JSON of a state as its file has it.
+/// The JSON text of a state file.
 std::string textOfState(const QuillmereState& state);
 
 }  // namespace quillmere::test

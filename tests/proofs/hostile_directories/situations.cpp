@@ -7,7 +7,7 @@ namespace {
 
 using namespace makers;
 
-// In the order of the operations: save, durable save, load, widget's save, widget's load, status, widget,
+// The columns follow `operations()`: save, durable save, load, the widget's save and load, status, widget,
 // ask.
 
 // clang-format off

@@ -1,4 +1,4 @@
-// The table: what may be wrong with a directory, and what each operation does then.
+// The table of unusual conditions of a directory, and the expected outcome of each operation.
 #pragma once
 
 #include <array>
@@ -18,10 +18,10 @@ struct Situation {
 /// The directory itself.
 std::span<const Situation> directorySituations();
 
-/// What stands where a file should.
+/// Other things in place of a file.
 std::span<const Situation> fileSituations();
 
-/// The file creation mask and the environment, in which the directory is found.
+/// The file creation mask, and the environment that determines the directory.
 std::span<const Situation> processSituations();
 
 }  // namespace quillmere::test

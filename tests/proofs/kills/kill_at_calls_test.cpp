@@ -1,7 +1,7 @@
 // The program is killed at every system call of a save.
 //
-// strace lets SIGKILL arrive as the program makes a call, so that it dies between that call and the one
-// before. What the system has been told stays told: this is the death of a process, not of the machine.
+// strace delivers SIGKILL when the program enters a call, so the program dies between that call and the
+// previous one. Completed calls keep their effect: a process dies, not the machine.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -16,7 +16,7 @@ namespace {
 
 constexpr int killed = 128 + 9;
 
-/// What one kill left, and what the run after it made of it.
+/// The files after one kill, and after the next run.
 struct Aftermath {
     std::string call;
     Before before;
@@ -58,7 +58,7 @@ Aftermath killAt(const TracedCall& call, Before before)
     return aftermath;
 }
 
-/// Every kill; made once in a process.
+/// The results of all kills; made once per process.
 const std::vector<Aftermath>& aftermaths()
 {
     static const std::vector<Aftermath> all = [] {
@@ -67,7 +67,7 @@ const std::vector<Aftermath>& aftermaths()
             if (before == Before::noDirectory && !inLongForm()) {
                 continue;
             }
-            // The short form takes every fourth call: some before, between and after all three renames.
+            // The short form kills at every fourth call: before, between and after the three renames.
             const std::size_t stride = amount(4, 1);
             const ThreeFiles example(before);
             const std::vector<TracedCall> calls =
@@ -118,14 +118,14 @@ TEST_F(AKillAtACall, happensBetweenAllOfTheReplacements)
 TEST_F(AKillAtACall, leavesNoSummaryNewerThanTheState)
 {
     for (const Aftermath& aftermath : aftermaths()) {
-        // Newer files come first: the state, the agent's summary, the widget's.
+        // The state must be newest, then the agent's summary, then the widget's.
         EXPECT_TRUE(std::is_sorted(aftermath.versions.begin(), aftermath.versions.end(),
                                    [](Version left, Version right) { return left > right; }))
             << aftermath.call << ": " << testing::PrintToString(aftermath.versions);
     }
 }
 
-TEST_F(AKillAtACall, isMadeGoodByTheNextSave)
+TEST_F(AKillAtACall, isRepairedByTheNextSave)
 {
     for (const Aftermath& aftermath : aftermaths()) {
         EXPECT_EQ(aftermath.nextCode, 0) << aftermath.call;

@@ -1,8 +1,8 @@
-// A process that saves as fast as it can is killed at moments that nobody chose.
+// A process that saves as fast as possible is killed at random moments.
 //
-// A fixed seed gives the sizes and the delays; where in a save a delay ends is left to the machine, and
-// nothing that is expected here depends on it. What a save of one version and the next have in common is
-// nothing: every text of a version carries its number and a hash.
+// A fixed seed determines the sizes and the delays. The reached point of the save depends on the machine, and
+// no expectation depends on it. Successive versions share no text: every text carries the version's number
+// and a hash.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -21,7 +21,7 @@ namespace {
 
 constexpr std::size_t smallSize = 1'000;
 
-/// What one kill left, and what the save after it made of it.
+/// The files after one kill, and after the next save.
 struct Aftermath {
     std::uint64_t completed;
     std::uint64_t begun;
@@ -31,14 +31,14 @@ struct Aftermath {
     Numbers next;
 };
 
-/// Between 0.05 and 50 milliseconds, each power of ten as often as the next.
+/// Between 0.05 and 50 milliseconds, distributed evenly over the powers of ten.
 useconds_t delay(std::mt19937_64& random)
 {
     const double share = static_cast<double>(random() >> 11) * 0x1p-53;
     return static_cast<useconds_t>(50 * std::pow(1000, share));
 }
 
-/// Removes what the kill left, for there would be gigabytes of it in the end.
+/// Removes the files left by the kill, which would add up to gigabytes.
 std::vector<std::string> takeLeftovers(const TemporaryDirectory& directory)
 {
     std::vector<std::string> names = directory.names();
@@ -51,7 +51,7 @@ std::vector<std::string> takeLeftovers(const TemporaryDirectory& directory)
     return names;
 }
 
-/// All kills; made once in a process.
+/// The results of all kills; made once per process.
 const std::vector<Aftermath>& aftermaths()
 {
     static const std::vector<Aftermath> all = [] {
@@ -105,7 +105,7 @@ TEST(AKillAtRandom, leavesNoSummaryNewerThanTheState)
     }
 }
 
-TEST(AKillAtRandom, isMadeGoodByTheNextSave)
+TEST(AKillAtRandom, isRepairedByTheNextSave)
 {
     for (const Aftermath& aftermath : aftermaths()) {
         const std::uint64_t saved = aftermath.begun + 1;

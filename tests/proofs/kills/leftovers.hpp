@@ -1,4 +1,4 @@
-// What a process leaves that died while it was writing.
+// Files left by a process that died while writing.
 #pragma once
 
 #include <string>
@@ -6,7 +6,7 @@
 
 namespace quillmere::test {
 
-/// Whether all names are those of hidden temporary files of the three files: ".state.json.UUID.tmp".
+/// Whether all names are hidden temporary files of the three files: ".state.json.UUID.tmp".
 bool areHiddenTemporaries(const std::vector<std::string>& names);
 
 }  // namespace quillmere::test

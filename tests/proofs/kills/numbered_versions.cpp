@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t longestText = 50'000;
 
-/// Fowler, Noll and Vo, 1a, of 64 bits.
+/// The 64-bit FNV-1a hash.
 std::uint64_t hashOf(std::string_view text)
 {
     std::uint64_t hash = 14695981039346656037u;
@@ -21,7 +21,7 @@ std::uint64_t hashOf(std::string_view text)
     return hash;
 }
 
-/// "17 6B8A…  padding": the hash is of the number and the padding.
+/// "17 6B8A…  padding": the hash covers the number and the padding.
 std::string numberedText(std::uint64_t number, std::size_t size)
 {
     std::string padding(size, '\0');
@@ -33,7 +33,7 @@ std::string numberedText(std::uint64_t number, std::size_t size)
     return text.str();
 }
 
-/// The number in one text, if its hash is right.
+/// The number in one text; absent if the hash is wrong.
 std::optional<std::uint64_t> numberIn(const std::string& text)
 {
     std::istringstream stream(text);

@@ -1,4 +1,4 @@
-// States that can tell which version they are, and whether they are of one piece.
+// States that carry a version number and can detect a mixture of versions.
 #pragma once
 
 #include <quillmere/records/quillmere_state.hpp>
@@ -10,14 +10,13 @@
 
 namespace quillmere::test {
 
-/// A state of about `size` bytes of texts. Each of them begins with the number and a hash of all the rest.
+/// A state with about `size` bytes of texts. Each text starts with the number and a hash of the rest.
 QuillmereState numberedState(std::uint64_t number, std::size_t size);
 
-/// The number that all the texts carry; absent when they differ, when a hash is wrong, or when there are
-/// none.
+/// The common number of all texts; absent when they differ, when a hash is wrong, or without any text.
 std::optional<std::uint64_t> numberIn(const std::vector<std::string>& texts);
 
-/// The same of questions.
+/// The same for the texts of questions.
 std::optional<std::uint64_t> numberIn(const std::vector<AgentQuestion>& questions);
 
 }  // namespace quillmere::test

@@ -26,7 +26,7 @@ WidgetSnapshotStore widgetStoreIn(const fs::path& directory)
     return WidgetSnapshotStore(directory, StateStore::renameReplacingDurably);
 }
 
-/// What `load` gives; absent when it throws.
+/// The result of `load`; absent when it throws.
 template <class Load>
 std::optional<std::uint64_t> numberFrom(Load load)
 {

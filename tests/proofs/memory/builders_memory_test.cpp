@@ -1,4 +1,4 @@
-// Memory that runs out while something is built that no file sees: summaries, timelines, links.
+// Allocation failures while summaries, timelines and links are built, which involves no file.
 #include <quillmere/store/state_store.hpp>
 #include <quillmere/widget/widget_snapshot.hpp>
 #include <quillmere/widget/widget_timeline_plan.hpp>
@@ -11,8 +11,8 @@
 namespace quillmere::test {
 namespace {
 
-/// What the builders are given: each workflow state as the engine leaves it and with every field in use, and
-/// one that waits.
+/// Inputs of the builders: each workflow state as the engine makes it and with every field in use, and a
+/// state with a scheduled block.
 std::vector<QuillmereState> states()
 {
     std::vector<QuillmereState> all = {stateWithScheduledBlock()};
@@ -24,12 +24,12 @@ std::vector<QuillmereState> states()
     return all;
 }
 
-/// Runs out in `build`, which must come to what it comes to undisturbed.
+/// Fails each allocation in `build`, whose last, undisturbed result must equal the expected one.
 template <class Build>
 Tally runOutInBuilding(Build build)
 {
     const auto expected = build();
-    // Given back within the attempt, so that only what is lost stays.
+    // Destroys the result within the attempt, so that only leaks remain.
     const Tally tally = runOutIn([&] { static_cast<void>(build()); }, [](bool threw) { return threw; });
     EXPECT_EQ(build(), expected);
     return tally;

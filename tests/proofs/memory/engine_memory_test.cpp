@@ -1,4 +1,4 @@
-// Memory that runs out in the engine: std::bad_alloc, and the state as it was.
+// Allocation failures in the engine: std::bad_alloc, and an unchanged state.
 #include <quillmere/engine/workflow_engine.hpp>
 
 #include "../../engine/engine_testing.hpp"
@@ -8,8 +8,7 @@
 namespace quillmere::test {
 namespace {
 
-/// How many elements every list has room for beyond those that it holds; an operation that finds room
-/// allocates less.
+/// Spare capacity of every list. An operation that finds spare capacity allocates less.
 constexpr std::size_t rooms[] = {0, 1, 8};
 
 void makeRoom(QuillmereState& state, std::size_t room)
@@ -21,7 +20,7 @@ void makeRoom(QuillmereState& state, std::size_t room)
     }
 }
 
-/// Runs out in one operation, accepted or refused, and then lets it do its work undisturbed.
+/// Fails each allocation of one operation, accepted or refused, and finally lets it succeed.
 Tally runOutInWalking(const Arrow& arrow, WorkflowState workflowState, std::size_t room)
 {
     QuillmereState state = startOf(arrow, workflowState);

@@ -1,5 +1,5 @@
-// Memory that runs out in a run of the program: it ends in order, with exit 71 or as if nothing had been; the
-// files are all old or become new one after the other, each whole; and the next run works.
+// Allocation failures in a run of the program. It ends with exit code 71 or succeeds; the files change from
+// old to new one after another and are always whole; the next run works.
 #include <unistd.h>
 
 #include <cstdlib>
@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 constexpr Instant soon = moment + 60;
 constexpr Instant late = moment + 9999;
 
-/// A command, where it is typed, and how it ends when there is memory.
+/// A command, the state and the instant for it, and its exit code without failed allocations.
 struct Typed {
     const char* name;
     QuillmereState (*state)();
@@ -38,7 +38,7 @@ QuillmereState paused()
     return state;
 }
 
-/// Idle, with a block in the history and questions.
+/// An idle state with a block in the history and questions.
 QuillmereState withHistory()
 {
     QuillmereState state = fullState();
@@ -87,7 +87,7 @@ const std::vector<Typed>& everything()
     return all;
 }
 
-/// The three files, with every identifier replaced by "#": two runs of one command choose others.
+/// The three files, with every identifier replaced by "#", because each run draws different ones.
 struct Files {
     std::string state;
     std::string agent;
@@ -133,7 +133,7 @@ Files filesOf(const Person& person)
             .widget = text("widget-snapshot.json")};
 }
 
-/// Whether the files are some old ones and some new ones, none newer than the one that it follows from.
+/// Whether each file is old or new, and none is newer than the file that it is derived from.
 bool areInOrder(const Files& files, const Files& oldFiles, const Files& newFiles)
 {
     Files expected = oldFiles;
@@ -148,7 +148,7 @@ bool areInOrder(const Files& files, const Files& oldFiles, const Files& newFiles
     return files == expected || files == newFiles;
 }
 
-/// Whether a run with too little memory ended in order.
+/// Whether a run with a failed allocation ended as required.
 bool endedInOrder(const FailingRun& run, const Typed& typed, bool everythingIsDone)
 {
     if (run.code == ExitCode::outOfMemory) {
@@ -157,7 +157,7 @@ bool endedInOrder(const FailingRun& run, const Typed& typed, bool everythingIsDo
     return run.code == typed.code && everythingIsDone;
 }
 
-/// Fails allocations of a command, from the first to the last, each `step`-th.
+/// Fails every `step`-th allocation of a command.
 Tally runOutInProgram(const Typed& typed, std::size_t mostRuns)
 {
     const Person person;
@@ -170,7 +170,7 @@ Tally runOutInProgram(const Typed& typed, std::size_t mostRuns)
     words.insert(words.end(), typed.words.begin(), typed.words.end());
     const Files oldFiles = prepare();
     const auto names = person.names();
-    runFailing(undisturbed, words, typed.now);  // makes what is made once in a process
+    runFailing(undisturbed, words, typed.now);  // performs the allocations that happen once per process
     prepare();
     const FailingRun whole = runFailing(undisturbed, words, typed.now);
     EXPECT_EQ(whole.code, typed.code) << whole.err;
@@ -191,7 +191,7 @@ Tally runOutInProgram(const Typed& typed, std::size_t mostRuns)
         EXPECT_TRUE(inOrder) << "allocation " << allocation << ": exit " << static_cast<int>(run.code) << ' '
                              << run.err;
         tally += {.failed = run.failed ? std::size_t{1} : 0,
-                  .madeGood = run.failed && run.code != ExitCode::outOfMemory ? std::size_t{1} : 0,
+                  .recovered = run.failed && run.code != ExitCode::outOfMemory ? std::size_t{1} : 0,
                   .leaking = run.leaks ? std::size_t{1} : 0,
                   .changed = inOrder ? std::size_t{0} : 1};
     }
@@ -201,7 +201,7 @@ Tally runOutInProgram(const Typed& typed, std::size_t mostRuns)
     return tally;
 }
 
-/// Files are kept in memory where the system offers that, for the many saves.
+/// Keeps files in memory where possible, because there are many saves.
 std::optional<std::string> placeInMemory()
 {
     const char* const chosen = std::getenv("TMPDIR");

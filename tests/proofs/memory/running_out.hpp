@@ -1,4 +1,4 @@
-// Memory that runs out at every allocation of an attempt, counted.
+// Fails every allocation of an attempt in turn and counts the results.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,19 +10,20 @@
 
 namespace quillmere::test {
 
-/// What came of an area. Counted while memory is short and judged afterwards, because a judgement takes
-/// memory of its own.
+/// The results of one area. Counted during the failures and checked afterwards, because assertions allocate
+/// memory.
 struct Tally {
-    std::size_t failed = 0;    ///< allocations that were failed
-    std::size_t madeGood = 0;  ///< of them, those that nobody heard of
-    std::size_t leaking = 0;   ///< of them, those after which a block was not given back
-    std::size_t changed = 0;   ///< of them, those after which something was neither old nor new
+    std::size_t failed = 0;     ///< failed allocations
+    std::size_t recovered = 0;  ///< failures that the attempt recovered from without an exception
+    std::size_t leaking = 0;    ///< failures that leaked a block
+    std::size_t changed = 0;    ///< failures that left a mixture of old and new
 
     Tally& operator+=(const Tally& other);
 };
 
-/// Fails every allocation of `attempt` in turn, until it ends undisturbed. `isWhole`, told whether
-/// `std::bad_alloc` came out, says after each whether all is as it was, or entirely new, and puts it back.
+/// Fails each allocation of `attempt` in turn, until one attempt ends without a failure. After each,
+/// `isWhole(threw)` returns whether the result is entirely old or entirely new, and restores the old one;
+/// `threw` tells whether `std::bad_alloc` was thrown.
 template <class Attempt, class IsWhole>
 Tally runOutIn(Attempt attempt, IsWhole isWhole)
 {
@@ -30,15 +31,15 @@ Tally runOutIn(Attempt attempt, IsWhole isWhole)
     const std::size_t blocks = blocksInUse();
     tally.failed = failEveryAllocation(attempt, [&](bool threw) {
         tally.leaking += blocksInUse() == blocks ? 0 : 1;
-        tally.madeGood += threw ? 0 : 1;
+        tally.recovered += threw ? 0 : 1;
         tally.changed += isWhole(threw) ? 0 : 1;
     });
     return tally;
 }
 
-/// Expects of an area that at least so many allocations were failed, that nothing leaked, that all was whole,
-/// and that at most `mayBeMadeGood` failures were made good; reports how many there were.
+/// Expects at least `atLeast` failed allocations, no leaks, no mixtures and at most `mostRecovered` failures
+/// without an exception. Reports the number of failures.
 void expectWhole(const std::string& area, const Tally& tally, std::size_t atLeast,
-                 std::size_t mayBeMadeGood = 0);
+                 std::size_t mostRecovered = 0);
 
 }  // namespace quillmere::test

@@ -1,5 +1,4 @@
-// Memory that runs out in a save or a load: std::bad_alloc, every file the old or the new one, whole, and
-// nothing beside them.
+// Allocation failures in a save or a load: std::bad_alloc, every file whole, old or new, and no other file.
 #include <quillmere/store/state_store.hpp>
 #include <quillmere/widget/widget_snapshot_store.hpp>
 
@@ -25,8 +24,8 @@ Files filesIn(const fs::path& directory)
     return files;
 }
 
-/// Every file is the old or the new one, and none is too many. A file of the old ones that is missing is not
-/// whole; one of the new ones may not be there yet.
+/// Whether every file is the old or the new one, with no other file. A missing old file is an error; a
+/// missing new file is not written yet.
 bool areWhole(const Files& files, const Files& oldFiles, const Files& newFiles)
 {
     const auto isIn = [](const Files::value_type& file, const Files& set) {
@@ -46,7 +45,7 @@ bool areWhole(const Files& files, const Files& oldFiles, const Files& newFiles)
     return true;
 }
 
-/// Runs out in `save`, each time from the files that `prepare` leaves in `directory`.
+/// Fails each allocation in `save`, each time starting from the files that `prepare` puts into `directory`.
 template <class Prepare, class Save>
 Tally runOutInSaving(const fs::path& directory, Prepare prepare, Save save)
 {
@@ -57,7 +56,8 @@ Tally runOutInSaving(const fs::path& directory, Prepare prepare, Save save)
     const Files oldFiles = filesIn(directory);
     const Tally tally = runOutIn(save, [&](bool threw) {
         const Files files = filesIn(directory);
-        // What nobody hears of is the removal of a temporary file that has been moved already.
+        // The only failure without an exception is in the removal of a temporary file that has already been
+        // moved.
         const bool whole = areWhole(files, oldFiles, newFiles) && (threw || files == newFiles);
         prepare();
         return whole;
@@ -102,22 +102,22 @@ TEST_F(MemoryRunningOutInFiles, inASaveOfTheWidgetLeavesAWholeFile)
     expectWhole("widget's save", tally, atLeast, tally.failed / 2);
 }
 
-/// What a load comes to, without a comparison in it.
+/// The result of a load, without comparing the loaded value.
 enum class Loaded { something, refused };
 
-/// Runs out in `load`, which must leave the files alone.
+/// Fails each allocation in `load`, which must not change the files.
 template <class Load>
 Tally runOutInLoading(const fs::path& directory, Loaded expected, Load load)
 {
     const Files files = filesIn(directory);
-    load();  // once undisturbed: what is made only once in a program stays
+    load();  // once without failures, for the allocations that happen once per process
     std::optional<Loaded> loaded;
     const Tally tally = runOutIn(
         [&] {
             loaded.reset();
             loaded = load();
         },
-        // What the parser asks for a second time is made good: the load ends as if nothing had been.
+        // The parser repeats some failed allocations; the load then succeeds.
         [&](bool threw) { return (threw || loaded == expected) && filesIn(directory) == files; });
     EXPECT_EQ(loaded, expected);
     return tally;
@@ -141,13 +141,13 @@ TEST_F(MemoryRunningOutInFiles, inALoadIsReported)
     tally += runOutInLoading(inner, Loaded::something, load);
     std::string spoilt = text;
     spoilt.replace(spoilt.find("\"energy\" : 4"), 12, "\"energy\" : \"\"");
-    // A refusal builds a message, which takes memory as well.
+    // A refusal builds a message, which allocates too.
     for (const std::string& refused : {spoilt, text.substr(0, text.size() / 2), std::string(5000, '[')}) {
         writeText(store.stateURL(), refused);
         tally += runOutInLoading(inner, Loaded::refused, load);
     }
     constexpr std::size_t atLeast = 100;
-    constexpr std::size_t askedTwice = 4;  // once by each load that has a file
+    constexpr std::size_t askedTwice = 4;  // one for each load that has a file
     expectWhole("load", tally, atLeast, askedTwice);
 }
 

@@ -1,9 +1,9 @@
-// That the proof of the power cut can fail: replace operations with a part left out are found out.
+// Shows that the power-cut proof can fail: it detects replace operations with a missing step.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "proofs/power_cut/judgement.hpp"
+#include "proofs/power_cut/violations.hpp"
 #include "proofs/support/figures.hpp"
 
 namespace quillmere::test {

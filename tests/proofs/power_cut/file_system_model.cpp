@@ -17,7 +17,7 @@ std::string withoutIdentifier(const std::string& name)
 void overwrite(std::string& content, std::uint64_t offset, const std::string& data)
 {
     if (content.size() < offset + data.size()) {
-        content.resize(offset + data.size());  // with zeros, as a hole reads
+        content.resize(offset + data.size());  // fills a hole with zeros
     }
     content.replace(offset, data.size(), data);
 }
@@ -85,9 +85,9 @@ std::set<std::string> FileSystemModel::contentsOf(const File& file)
     }
     std::set<std::string> contents = {lasting};
     for (const auto& [offset, data] : file.unsynced) {
-        std::set<std::string> next = contents;  // lost
+        std::set<std::string> next = contents;  // the write is lost
         for (const std::string& before : contents) {
-            // The first boundary is the beginning of the write: zeros alone, or nothing.
+            // The first boundary is the start of the write: only zeros, or nothing.
             for (std::size_t kept = 0;; kept += sectorSize) {
                 const std::string prefix = data.substr(0, kept);
                 std::string cut = before;
@@ -108,7 +108,8 @@ std::set<std::string> FileSystemModel::contentsOf(const File& file)
 
 std::set<FileSystemModel::Entries> FileSystemModel::entriesAfterCut() const
 {
-    // Temporary files count as one a destination; by their names there would be too many of them.
+    // Temporary files are counted once per destination, because their random names would make every image
+    // different.
     const auto known = [](const Entries& entries) {
         Entries result;
         for (const auto& [name, file] : entries) {

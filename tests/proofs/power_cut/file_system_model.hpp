@@ -1,12 +1,12 @@
-// What a file system may leave after the power is cut.
+// A model of the possible file system contents after a power cut.
 //
-// The failure model. fsync of a file makes all that was written to it before lasting; fsync of a directory
-// makes all that was done to its entries before lasting. Nothing else lasts for certain. Of what was written
-// since, each write by itself is whole, lost, all zeros, or cut at a boundary of 512 bytes, with zeros or
-// with nothing behind the cut. Of what was done to entries since, each creation, rename and removal by itself
-// has happened or not, wholly: a rename never leaves a name without a file. The directory was there before
-// and stays: that the name of a new one is synced is shown with the system calls. What lasts is never
-// damaged, and no block holds what another file held once.
+// The failure model: fsync of a file makes all earlier writes to it durable; fsync of a directory makes all
+// earlier changes of its entries durable. Nothing else is certainly durable. Each later write is,
+// independently of the others, complete, lost, all zeros, or cut at a boundary of 512 bytes, followed by
+// zeros or by nothing. Each later creation, rename and removal has, independently of the others, happened
+// completely or not at all: a rename never leaves a name without a file. The directory itself exists before
+// and remains; the proof of the system calls shows that the name of a new directory is synced. Durable data
+// is never damaged, and no block contains old data of another file.
 #pragma once
 
 #include <cstddef>
@@ -21,21 +21,21 @@
 
 namespace quillmere::test {
 
-/// A directory as it may be found: the bytes of each file by its name. Temporary files, which nobody reads,
-/// count as one a destination, and as empty.
+/// The possible content of a directory: the bytes of each file by name. Temporary files, which nobody reads,
+/// are counted once per destination and as empty.
 using DirectoryImage = std::map<std::string, std::string>;
 
 class FileSystemModel {
 public:
     static constexpr std::size_t sectorSize = 512;
 
-    /// A directory whose files last.
+    /// A directory whose files are durable.
     FileSystemModel(std::filesystem::path directory, const DirectoryImage& lasting);
 
-    /// Does what a call did; false when that is nothing that the model knows of.
+    /// Applies a recorded call; returns false for a call that the model does not know.
     bool apply(const CallRecord& record);
 
-    /// Every directory that may be found if the power is cut now.
+    /// Every possible directory if the power is cut now.
     std::set<DirectoryImage> imagesAfterCut() const;
 
 private:
@@ -43,15 +43,15 @@ private:
         std::uint64_t offset;
         std::string data;
     };
-    /// What a name leads to.
+    /// The content of one file.
     struct File {
         std::vector<Write> lasting;
         std::vector<Write> unsynced;
     };
     struct EntryChange {
-        std::string removed;  ///< a name, or none
-        std::string set;      ///< a name, or none
-        std::size_t file;     ///< that it leads to then
+        std::string removed;  ///< the name removed; empty for none
+        std::string set;      ///< the name set; empty for none
+        std::size_t file;     ///< the index of the file that the set name refers to
     };
     using Entries = std::map<std::string, std::size_t>;
 
@@ -63,7 +63,7 @@ private:
     std::filesystem::path directory_;
     std::vector<File> files_;
     Entries lasting_;
-    Entries current_;  ///< as processes see them
+    Entries current_;  ///< the directory as processes see it
     std::vector<EntryChange> unsynced_;
 };
 

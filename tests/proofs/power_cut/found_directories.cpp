@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t mostVersions = 4;
 
-/// The number of the version that `isVersion` recognises.
+/// The number of the version for which `isVersion` is true.
 template <class IsVersion>
 FoundFile versionThat(IsVersion isVersion)
 {

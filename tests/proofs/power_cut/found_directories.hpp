@@ -1,4 +1,4 @@
-// What a person finds after the power was cut.
+// The directories that a person may find after a power cut.
 #pragma once
 
 #include <map>
@@ -8,17 +8,17 @@
 
 namespace quillmere::test {
 
-/// What became of a file.
+/// The condition of a file after a power cut.
 enum class Finding {
-    nothing,  ///< there is none, and loading gives an initial state
-    version,  ///< one that was saved
-    refused,  ///< it does not decode, and every byte was left
-    foreign,  ///< anything else
+    nothing,  ///< the file is missing, and loading gives an initial state
+    version,  ///< a saved version
+    refused,  ///< decoding fails, and all bytes are kept
+    foreign,  ///< any other content
 };
 
 struct FoundFile {
     Finding finding = Finding::foreign;
-    std::size_t number = 0;  ///< of the version
+    std::size_t number = 0;  ///< the number of the version
 };
 
 struct Found {
@@ -27,12 +27,12 @@ struct Found {
     FoundFile widget;  ///< the widget's
 };
 
-/// Builds directories and loads what is in them; each only once.
+/// Creates possible directories and loads their files. Remembers the result of each directory.
 class FoundDirectories {
 public:
     const Found& look(const DirectoryImage& image);
 
-    /// How many different ones there were.
+    /// The number of different directories.
     std::size_t count() const { return known_.size(); }
 
 private:

@@ -1,13 +1,13 @@
-// The power is cut at every moment of one, two and three saves in a row.
+// The power is cut at every moment of one, two and three successive saves.
 //
-// The failure model stands in file_system_model.hpp: what was not synced is lost, zeroed, cut short or kept,
-// each part of it by itself; syncs are believed. Every directory that this permits is built and loaded. What
-// holds when a disk lies about a sync, or damages what lasted, is not shown here, nor can it be. Replaced
-// plainly, even saves that returned may be lost: the file is then an earlier one, or, where none lasted,
-// there is none, and load() gives an initial state as it did before the first save.
+// file_system_model.hpp states the failure model: unsynced data is lost, zeroed, cut short or kept, each part
+// independently; syncs are trusted. Every directory that the model permits is created and loaded. Disks that
+// ignore a sync or damage durable data are outside of this proof. With plain replacement even completed saves
+// may be lost: the file is then an earlier version or, if none was durable, missing, and load() gives an
+// initial state as before the first save.
 #include <gtest/gtest.h>
 
-#include "proofs/power_cut/judgement.hpp"
+#include "proofs/power_cut/violations.hpp"
 #include "proofs/support/figures.hpp"
 
 namespace quillmere::test {
@@ -42,7 +42,7 @@ TEST(APowerCut, leavesNoStateThatLoadsAsSomethingElseWhenItIsReplacedPlainly)
         return isSavedOnceOrRefused(found.state, cut, hasEarlier) &&
                isSavedOnceOrRefused(found.agent, cut, hasEarlier);
     };
-    // Three plain saves leave fourteen times as many directories as two.
+    // Three plain saves have fourteen times as many possible directories as two.
     const Counts counts =
         countViolations(Scope::state, amount(2, mostSaves), StateStore::renameReplacing, holds);
     EXPECT_EQ(counts.violations, 0u);

@@ -1,4 +1,4 @@
-// Saves in a row, with the calls that they made.
+// Successive saves, with their recorded system calls.
 #pragma once
 
 #include <quillmere/store/state_store.hpp>
@@ -10,28 +10,28 @@
 
 namespace quillmere::test {
 
-/// Which files a save replaces.
+/// The files that a save replaces.
 enum class Scope { state, widget, all };
 
-/// What to save, and how.
+/// The saves to record.
 struct Saves {
     Scope scope;
-    bool hasEarlier;  ///< whether version 0 was saved long ago, and lasts
+    bool hasEarlier;  ///< whether version 0 was saved before and is durable
     std::size_t count;
     ReplaceItem replaceItem;
 };
 
-/// Of each version: the state, by its number. Version 0 is the earlier one.
+/// The state of each version. Version 0 is the earlier one.
 QuillmereState versionNumber(std::size_t number);
 
-/// A moment at which the power may be cut, and what may be found afterwards.
+/// A moment for a power cut, and the possible directories after it.
 struct CutMoment {
     std::size_t completed;  ///< the last version whose save had returned; 0 for none
-    std::size_t begun;      ///< the last version whose save had begun
+    std::size_t begun;      ///< the last version whose save had started
     std::set<DirectoryImage> images;
 };
 
-/// One moment a call, before and behind it.
+/// The moments before and after each call.
 std::vector<CutMoment> cutMoments(const Saves& saves);
 
 }  // namespace quillmere::test

@@ -1,7 +1,7 @@
-// How much a proof does, and what it reports.
+// The amount of work of a proof, and its reported figures.
 //
-// Every proof has two forms. The short one runs with all tests; the long one is what script/prove runs,
-// and its figures stand in docs/reliability.md.
+// Every proof has a short form, which runs with all tests, and a long form, which script/prove runs and whose
+// figures are in docs/reliability.md.
 #pragma once
 
 #include <concepts>
@@ -13,17 +13,17 @@ namespace quillmere::test {
 /// Whether the environment asks for the long form: QUILLMERE_PROOF_FORM is "long".
 bool inLongForm();
 
-/// One of two amounts of work, by the form that is asked for.
+/// The amount of work in the current form.
 inline std::uint64_t amount(std::uint64_t shortForm, std::uint64_t longForm)
 {
     return inLongForm() ? longForm : shortForm;
 }
 
-/// Adds a row to the table of figures, the file that QUILLMERE_PROOF_TABLE names; without one, prints it.
-/// `promise` says what was tested, `what` what was counted.
+/// Adds a row to the table of figures in the file QUILLMERE_PROOF_TABLE; prints it if the variable is not
+/// set. `promise` names the tested promise, `what` the counted things.
 void reportFigure(const std::string& promise, const std::string& what, const std::string& figure);
 
-/// With a comma between thousands.
+/// Formats the count with commas between thousands.
 void reportFigure(const std::string& promise, const std::string& what, std::integral auto count)
 {
     std::string digits = std::to_string(count);

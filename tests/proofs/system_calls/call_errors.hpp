@@ -1,4 +1,4 @@
-// What each call may fail with.
+// The errors that each call may fail with.
 #pragma once
 
 #include <vector>
@@ -7,15 +7,15 @@
 
 namespace quillmere::test {
 
-/// A number that no system gives and that has no name.
+/// An error number without a name, which no system returns.
 inline constexpr int unknownError = 4000;
 
-/// Every error that the manuals of Linux or POSIX name for a call of these arguments, with those that file
-/// systems of other makers add; the commonest first. A rename may also give the unknown one.
+/// Every error that the manuals of Linux or POSIX document for a call with these arguments, and those that
+/// other file systems add; the commonest first. A rename may also fail with `unknownError`.
 const std::vector<int>& errorsOf(SystemCall call);
 
-/// The same in the long form of the proof; in the short one two of them, others for each ordinal (the number
-/// of the call among those of its name), so that the calls of a save meet most errors between them.
+/// All of these errors in the long form. Two of them in the short form, chosen by the ordinal (the index of
+/// the call among the calls of its name), so that the calls of a save together cover most errors.
 std::vector<int> chosenErrorsOf(SystemCall call, std::size_t ordinal);
 
 /// "ENOSPC", or the number.

@@ -11,20 +11,21 @@ namespace {
 
 bool leadsNowhere(int error) { return error == ENOENT || error == ENOTDIR; }
 
-/// Whether a failure of the call changes nothing for the caller.
+/// Whether the save succeeds in spite of the failed call.
 bool isAbsorbed(const CallRecord& record, int error)
 {
     if (error == 0 || record.error == error) {
-        return true;  // falls short only, or says what the call says anyway
+        return true;  // a short transfer, or the error that the undisturbed call returns too
     }
     if (error == EINTR && (isContinued(record.call) || record.call == SystemCall::close)) {
         return true;
     }
-    // What is not there is made, and then turns out to be there. A removal is tried and no more.
+    // A directory that lstat does not find is created, and mkdir accepts an existing one. A failed removal is
+    // ignored.
     return record.call == SystemCall::unlink || (record.call == SystemCall::lstat && leadsNowhere(error));
 }
 
-/// Whether the call opens the directory that holds a new one, to sync it.
+/// Whether the call opens the parent of a new directory, to sync it.
 bool opensParentOfNew(const std::vector<CallRecord>& calls, std::size_t index)
 {
     const auto isParentOf = [&](const CallRecord& earlier) {
@@ -40,7 +41,7 @@ int reported(const CallRecord& record, int error)
     if (record.call == SystemCall::rename && error == unknownError) {
         return EIO;
     }
-    // A name that is taken and leads nowhere is in the way.
+    // An existing name whose target stat cannot find is an error: EEXIST.
     return record.call == SystemCall::stat && leadsNowhere(error) ? EEXIST : error;
 }
 
@@ -58,7 +59,7 @@ Expectation expectedOfSave(const Situation& situation, const std::vector<CallRec
     const std::size_t fileCount = situation.store == StoreKind::state ? 2 : 1;
     const Version before = situation.before == Before::earlierFile ? Version::older : Version::none;
     Expectation expected{.error = 0, .files = std::vector<Version>(fileCount, Version::newer)};
-    // Who may add a name to a directory need not be allowed to open it.
+    // The parent of a new directory may be writable but not readable.
     const bool mayNotOpen = fault.error == EACCES && !fault.fromThereOn && opensParentOfNew(calls, index);
     if (mayNotOpen || isAbsorbed(calls[index], fault.error)) {
         return expected;

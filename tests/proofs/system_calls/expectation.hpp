@@ -1,4 +1,4 @@
-// What a fault must lead to: the second statement of the rules, made from the calls of an undisturbed run.
+// The expected result of a fault, derived from the calls of an undisturbed run independently of the library.
 #pragma once
 
 #include <vector>
@@ -9,15 +9,15 @@
 namespace quillmere::test {
 
 struct Expectation {
-    int error;                   ///< that the caller hears of; 0 when the save is done all the same
-    std::vector<Version> files;  ///< afterwards
+    int error;                   ///< reported to the caller; 0 when the save succeeds anyway
+    std::vector<Version> files;  ///< the versions afterwards
 };
 
-/// What a save must lead to when `fault` befalls the call `calls[index]` of an undisturbed save.
+/// The expected result of a save in which `fault` hits the call `calls[index]` of an undisturbed save.
 Expectation expectedOfSave(const Situation& situation, const std::vector<CallRecord>& calls,
                            std::size_t index, const Fault& fault);
 
-/// Whether POSIX lets a signal interrupt the call so that nothing is done and it may be made again.
+/// Whether POSIX lets a signal interrupt the call without an effect, so that it can be repeated.
 bool isContinued(SystemCall call);
 
 }  // namespace quillmere::test

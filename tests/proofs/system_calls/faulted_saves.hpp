@@ -1,4 +1,4 @@
-// Every save that a fault can befall.
+// All saves in which a fault can occur.
 #pragma once
 
 #include <functional>
@@ -10,38 +10,38 @@
 
 namespace quillmere::test {
 
-/// A save in which one call failed or fell short, and the undisturbed one after it.
+/// A save with one failed or short call, and the undisturbed save after it.
 struct FaultedSave {
     Situation situation;
-    CallRecord record;  ///< of the call as it goes undisturbed
+    CallRecord record;  ///< the call of the undisturbed save
     Fault fault;
     Expectation expected;
-    int error;                ///< that the save threw; 0 for none, -1 for something that is no system_error
-    Content content;          ///< when it had ended
-    bool faultCame;           ///< whether the call was reached
-    bool closedNothing;       ///< a descriptor was closed that was not open
-    std::ptrdiff_t leftOpen;  ///< files more than before
-    int nextError;            ///< of the undisturbed save that followed
+    int error;                ///< error of the save; 0 for none, -1 for an exception other than system_error
+    Content content;          ///< after the save
+    bool faultCame;           ///< whether the save reached the call
+    bool closedNothing;       ///< closed a descriptor that was not open
+    std::ptrdiff_t leftOpen;  ///< number of additional open files
+    int nextError;            ///< error of the following undisturbed save
     Content nextContent;
 };
 
-/// For a test that fails: which one it was.
+/// Describes the save in a failed assertion.
 void PrintTo(const FaultedSave& save, std::ostream* stream);
 
-/// The calls of a save that nothing disturbs.
+/// The calls of an undisturbed save.
 std::vector<CallRecord> undisturbedCalls(const Situation& situation);
 
-/// Saves with this fault and those `besides`; `record` is the call that it befalls, the `index`th of `calls`.
+/// Saves with this fault and those in `besides`; `record` is the call that fails, the `index`th of `calls`.
 FaultedSave saveWith(const Situation& situation, const std::vector<CallRecord>& calls, std::size_t index,
                      const Fault& fault, const std::vector<Fault>& besides = {});
 
-/// Faults of a call, given what it is and its number among those of its name.
+/// The faults to try at a call, given its record and its index among the calls of its name.
 using FaultsOf = std::function<std::vector<Fault>(const CallRecord& record, std::size_t ordinal)>;
 
-/// Every situation, every call, every fault that `faultsOf` names: each in a directory of its own.
+/// Runs every situation with every fault of `faultsOf` at every call, each in a new directory.
 void forEveryFaultedSave(const FaultsOf& faultsOf, const std::function<void(const FaultedSave&)>& judge);
 
-/// Every error that the call can give, once and from there on.
+/// Every error of the call, once and from this call on.
 std::vector<Fault> everyError(const CallRecord& record, std::size_t ordinal);
 
 }  // namespace quillmere::test

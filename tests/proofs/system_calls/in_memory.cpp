@@ -1,5 +1,5 @@
-// Proofs make and remove many thousand files, and none of them is to last: they are kept in memory where the
-// system offers that, unless TMPDIR names another place.
+// Keeps the many thousand temporary files of the proofs in memory where the system offers that, unless TMPDIR
+// is set.
 #include <gtest/gtest.h>
 #include <stdlib.h>
 #include <unistd.h>

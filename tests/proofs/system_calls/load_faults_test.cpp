@@ -13,11 +13,11 @@
 namespace quillmere::test {
 namespace {
 
-/// How a load ended.
+/// The result of a load.
 struct LoadEnding {
     Version version = Version::foreign;
-    int error = 0;            ///< of a system_error
-    bool unreadable = false;  ///< the widget store's word for all of them
+    int error = 0;            ///< code of a system_error
+    bool unreadable = false;  ///< the widget store's error for all failures
 };
 
 LoadEnding endingOf(const Scene& scene)
@@ -98,7 +98,7 @@ std::vector<FaultedLoad> makeFaultedLoads()
     return loads;
 }
 
-/// The loads are made once in a process.
+/// The loads are made once per process.
 std::size_t forEveryFaultedLoad(const std::function<void(const FaultedLoad&)>& judge)
 {
     static const std::vector<FaultedLoad> loads = makeFaultedLoads();
@@ -113,7 +113,7 @@ bool saysThatNothingIsThere(const Fault& fault)
     return fault.call == SystemCall::lstat && (fault.error == ENOENT || fault.error == ENOTDIR);
 }
 
-/// What has been read is not lost because its file does not close well.
+/// A failed close does not lose the data that has been read.
 bool changesNothing(const Fault& fault)
 {
     return fault.call == SystemCall::close || (fault.error == EINTR && isContinued(fault.call));

@@ -1,4 +1,4 @@
-// Faults that nobody made up: a disk that is full, a file that may not grow, descriptors that run out.
+// Real faults: a full disk, a limited file size, and no free descriptors.
 #include <gtest/gtest.h>
 #include <sched.h>
 #include <sys/mount.h>
@@ -19,7 +19,7 @@ namespace {
 
 const std::vector<std::string> bothFiles = {"agent-state.json", "state.json"};
 
-/// A limit on how many files may be open.
+/// Limits the number of open files.
 class OpenFileLimit {
 public:
     explicit OpenFileLimit(rlim_t count)
@@ -48,7 +48,7 @@ TEST(AFileSizeLimit, ofAnyLengthLeavesTheOldFilesOrAllNewOnes)
             const FileSizeLimit inForce(limit);
             error = failureOf([&] { scene.save(); });
         }
-        // The summary is shorter than the state, so that it has room whenever the state has.
+        // The summary is shorter than the state, so it fits whenever the state does.
         const bool fits = limit >= longest;
         EXPECT_EQ(error, fits ? std::errc() : std::errc::file_too_large) << limit;
         EXPECT_EQ(scene.content().files, std::vector(2, fits ? Version::newer : Version::older)) << limit;
@@ -64,7 +64,7 @@ TEST(ALimitOfOpenFiles, leavesTheOldFiles)
     std::error_code error;
     std::error_code loadError;
     {
-        // Standard input is open, and stands for all that may be.
+        // Lets standard input be the only open file.
         const OpenFileLimit inForce(1);
         error = failureOf([&] { scene.save(); });
         loadError = failureOf([&] { scene.load(); });
@@ -77,7 +77,7 @@ TEST(ALimitOfOpenFiles, leavesTheOldFiles)
     EXPECT_EQ(scene.content().files, std::vector(2, Version::newer));
 }
 
-/// How the process on the full disk ended.
+/// The result of the process on the full disk.
 enum Verdict { good = 0, noPlaceOfItsOwn = 10, savedLittle, strangeError, strangeFiles, noSaveAfterwards };
 
 bool writeOneLine(const char* file, const std::string& line)
@@ -88,8 +88,8 @@ bool writeOneLine(const char* file, const std::string& line)
     return stream.good();
 }
 
-/// A file system in memory, of 256 KiB, that no other process sees. The superuser may mount; anybody else may
-/// where users may have namespaces of their own.
+/// Mounts a private file system in memory of 256 KiB. Needs the superuser, or a system that allows user
+/// namespaces.
 bool mountOwnDisk(const std::filesystem::path& place)
 {
     const uid_t user = ::geteuid();
@@ -108,14 +108,14 @@ bool mountOwnDisk(const std::filesystem::path& place)
            ::mount("tmpfs", place.c_str(), "tmpfs", 0, "size=256k") == 0;
 }
 
-/// Saves a state that grows until the disk is full, and then a small one again.
+/// Saves a growing state until the disk is full, and then a small one.
 Verdict fillDisk(const std::filesystem::path& place, ReplaceItem replaceItem)
 {
     const StateStore store(place / "store", std::move(replaceItem));
     QuillmereState state = fullState();
     QuillmereState saved = state;
     std::error_code error;
-    // The disk is full long before so many times.
+    // More saves than it takes to fill the disk.
     constexpr std::size_t mostSaves = 200;
     std::size_t count = 0;
     for (; !error && count < mostSaves; ++count) {
@@ -129,7 +129,7 @@ Verdict fillDisk(const std::filesystem::path& place, ReplaceItem replaceItem)
     if (error != std::errc::no_space_on_device) {
         return strangeError;
     }
-    // The state may have found room when its summary did not.
+    // The state may have been saved even though its summary was not.
     const QuillmereState loaded = store.load();
     if ((loaded != saved && loaded != state) || namesIn(store.directory()) != bothFiles) {
         return strangeFiles;
@@ -138,7 +138,7 @@ Verdict fillDisk(const std::filesystem::path& place, ReplaceItem replaceItem)
     return store.load() == fullState() ? good : noSaveAfterwards;
 }
 
-/// In a process of its own, because a process cannot come back from a namespace.
+/// Runs in a child process, because a process cannot leave a namespace.
 int verdictOnFullDisk(const std::filesystem::path& place, const ReplaceItem& replaceItem)
 {
     const auto work = [&]() -> int {

@@ -1,4 +1,4 @@
-// The same faults put upon the real program by strace, which knows nothing of this library.
+// The same faults in the real program, injected by strace.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -13,7 +13,7 @@ namespace {
 
 using cli::ExitCode;
 
-/// Goes through every fault at every call; the judge gets the program's exit code and the files.
+/// Injects every fault at every call, and passes the program's exit code and files to the judge.
 template <class Judge>
 std::size_t forEveryFault(Judge judge)
 {
@@ -52,8 +52,8 @@ protected:
     }
 };
 
-/// In the long form only. In the short one the faults are put upon the library in this process
-/// (save_faults_test.cpp), and that the program saves through the same calls is seen by tracing it once.
+/// Runs in the long form only. In the short form save_faults_test.cpp injects the faults into the library in
+/// this process, and one trace shows that the program makes the same calls.
 class TheProgramWithAFault : public TheTracedProgram {
 protected:
     void SetUp() override
@@ -86,7 +86,7 @@ TEST_F(TheProgramWithAFault, makesTheChangeWhenTheVersionBeforeItCannotBeKept)
 {
     std::size_t count = 0;
     const auto tracedKeeping = [](const ThreeFiles& files, const std::string& injection) {
-        // By this name a call is known to be about what is kept beside these files.
+        // The state directory's name identifies the calls on the kept versions.
         const std::string name = workspace::stateDirectory(files.directory(), "/").filename();
         return traced(files.directory(), ThreeFiles::asking(), name, injection);
     };

@@ -1,7 +1,7 @@
 // A fault at every system call of a save.
 //
-// What fails: each call in turn, with each error that it can give, undone; once, or that one and all others
-// of its name. What a crash of the process or of the machine does is shown elsewhere.
+// Each call in turn fails without effect, with each error that it can return, either once or together with
+// all later calls of the same name. Other proofs show crashes of the process and of the machine.
 #include <gtest/gtest.h>
 
 #include <cerrno>
@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Every save with a fault; made once in a process.
+/// The saves with each fault; made once per process.
 const std::vector<FaultedSave>& faultedSaves()
 {
     static const std::vector<FaultedSave> all = [] {
@@ -28,7 +28,7 @@ const std::vector<FaultedSave>& faultedSaves()
     return all;
 }
 
-/// Fails the test for every faulted save of which `holds` is false.
+/// Fails the test for every save for which `holds` returns false.
 template <class Holds>
 std::size_t expectOfEverySave(Holds holds)
 {
@@ -75,7 +75,7 @@ TEST(ASaveWithAFault, isTriedAtEveryCall)
         met.insert(save.fault.call);
         return save.faultCame;
     });
-    // A save reads nothing and knows the size of nothing.
+    // A save never calls read and fstat.
     EXPECT_EQ(met.size(), systemCallCount - 2);
     EXPECT_GE(count, amount(500, 1500));
     reportFigure("A fault at every system call of a save", "faulted saves", count);

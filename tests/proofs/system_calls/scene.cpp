@@ -28,7 +28,7 @@ ReplaceItem replaceItem(Replacing replacing)
     return replacing == Replacing::plainly ? StateStore::renameReplacing : StateStore::renameReplacingDurably;
 }
 
-/// What a save of a state writes, file by file.
+/// The texts that a save of a state writes, file by file.
 std::vector<std::string> textsOf(StoreKind store, const QuillmereState& state)
 {
     const TemporaryDirectory directory;

@@ -1,4 +1,4 @@
-// The situations in which a store saves and loads.
+// The situations for saves and loads of a store.
 #pragma once
 
 #include <quillmere/store/state_store.hpp>
@@ -21,17 +21,17 @@ struct Situation {
     Replacing replacing;
 };
 
-/// All of them.
+/// All combinations.
 std::vector<Situation> situations();
 
-/// What is in the directory of a store: its own files, in the order in which a save replaces them, and the
-/// names of everything else.
+/// The content of a store's directory: the versions of its own files in the order in which a save replaces
+/// them, and the names of other files.
 struct Content {
     std::vector<Version> files;
     std::vector<std::string> others;
 };
 
-/// A store in a situation, in a directory of its own, which is below a missing one when there is none.
+/// A store in a situation. Its directory is new, and below a missing one when the situation has no directory.
 class Scene {
 public:
     explicit Scene(const Situation& situation);
@@ -39,8 +39,7 @@ public:
     /// Saves the newer version.
     void save() const;
 
-    /// Loads; says which version it was. An initial state, and a summary that has not been written, are
-    /// `none`.
+    /// Loads and returns the version. An initial state and a missing summary are `none`.
     Version load() const;
 
     Content content() const;

@@ -1,4 +1,4 @@
-// Writes and reads that move less than they were asked to.
+// Writes and reads that transfer less than requested.
 #include <gtest/gtest.h>
 
 #include "proofs/support/figures.hpp"
@@ -14,7 +14,7 @@ std::vector<Fault> shortTransfers(SystemCall meant, const CallRecord& record, st
     std::vector<Fault> faults;
     for (const Shortfall shortfall : shortfalls) {
         for (const bool fromThereOn : {false, true}) {
-            // To be short again and again takes the short form too many calls, but for halves.
+            // Repeated short transfers need too many calls for the short form, except halves.
             const bool isSeen = inLongForm() || !fromThereOn || shortfall == Shortfall::half;
             if (record.call == meant && isSeen) {
                 faults.push_back(

@@ -1,7 +1,7 @@
-// The system calls of the library, watched and made to fail.
+// Observes the system calls of the library and makes them fail.
 //
-// A program that is linked with --wrap for each of these calls (see the CMakeLists.txt) sends them through
-// here; the library knows nothing of it. While no watch lives, every call is the system's own. One thread.
+// The linker option --wrap (see CMakeLists.txt) redirects each of these calls here; the library is unchanged.
+// While no SystemCallWatch exists, the real calls are made. Not thread-safe.
 #pragma once
 
 #include <cstddef>
@@ -13,42 +13,42 @@
 
 namespace quillmere::test {
 
-/// Every call that a save or a load makes.
+/// Every call that a save or a load may make.
 enum class SystemCall { mkdir, chmod, stat, lstat, fstat, open, read, write, fsync, close, rename, unlink };
 
 inline constexpr std::size_t systemCallCount = 12;
 
 std::string_view nameOf(SystemCall call);
 
-/// A call that was made.
+/// A recorded call.
 struct CallRecord {
     SystemCall call;
-    std::string path;              ///< given, or that which the descriptor was opened with
+    std::string path;              ///< the argument, or the path that the descriptor was opened with
     std::string destination = {};  ///< of a rename
     int error = 0;                 ///< 0 when it succeeded
-    bool creates = false;          ///< an open that makes the file
-    bool isExclusive = false;      ///< and fails when it is there
+    bool creates = false;          ///< an open that creates the file
+    bool isExclusive = false;      ///< an open that fails when the file exists
     std::uint64_t offset = 0;      ///< of a write
-    std::string data = {};         ///< what was written
+    std::string data = {};         ///< the written bytes
 };
 
-/// How much of a transfer is left out.
+/// The part of a transfer that is left out.
 enum class Shortfall { none, oneByte, half, allButOneByte, everything };
 
-/// What happens to a call.
+/// A fault to inject into a call.
 struct Fault {
     SystemCall call;
-    std::size_t ordinal;  ///< among those of the same name, from 0
-    int error = 0;        ///< that it fails with, undone; closing is done all the same
+    std::size_t ordinal;  ///< index among the calls of the same name, from 0
+    int error = 0;        ///< the error; the call has no effect, but close still closes
     Shortfall shortfall = Shortfall::none;
-    bool fromThereOn = false;  ///< or once
+    bool fromThereOn = false;  ///< this call and all later ones; otherwise once
 };
 
-/// A signal cannot interrupt for ever: a fault with EINTR from there on ends after so many calls.
+/// A signal cannot interrupt forever: a lasting fault with EINTR ends after so many calls.
 inline constexpr std::size_t mostInterruptions = 25;
 
-/// Watches the calls of this process for as long as it lives. There is one at a time. Syncs are taken note
-/// of and not made: nobody cuts the power.
+/// Records the calls of this process during its lifetime; only one may exist. Syncs are recorded but not
+/// made, for speed.
 class SystemCallWatch {
 public:
     explicit SystemCallWatch(std::vector<Fault> faults = {});
@@ -58,13 +58,13 @@ public:
 
     const std::vector<CallRecord>& calls() const { return calls_; }
 
-    /// How often a fault came to pass.
+    /// How often the fault occurred.
     std::size_t faultCount() const { return faultCount_; }
 
-    /// Whether a descriptor was closed that was not open.
+    /// Whether a descriptor that was not open was closed.
     bool sawCloseOfNothing() const { return sawCloseOfNothing_; }
 
-    // For the wrappers.
+    // Called by the wrappers.
     std::optional<Fault> nextFault(SystemCall call);
     void add(CallRecord record) { calls_.push_back(std::move(record)); }
     void opened(int descriptor, std::string path);

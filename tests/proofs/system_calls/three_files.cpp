@@ -9,7 +9,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// With something in it, and with nothing that comes about by itself.
+/// A state with content that no timer changes.
 QuillmereState quietState()
 {
     QuillmereState state = fullState();
@@ -22,7 +22,7 @@ QuillmereState quietState()
     return state;
 }
 
-/// Whether `state` is `older` with the question, and nothing else.
+/// Whether `state` is `older` with the question added, and no other change.
 bool isNewer(QuillmereState state, const QuillmereState& older, bool isFirst)
 {
     if (state.agentQuestions.empty() || state.agentQuestions.back().question != "May I?") {
@@ -80,7 +80,7 @@ std::vector<Version> ThreeFiles::versions() const
             versions[2] = Version::newer;
         }
     } catch (const std::exception&) {
-        // What cannot be loaded is foreign.
+        // A file that cannot be loaded is foreign.
     }
     return versions;
 }

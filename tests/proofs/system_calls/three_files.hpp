@@ -15,24 +15,24 @@ namespace quillmere::test {
 
 class ThreeFiles {
 public:
-    /// In a directory of their own; with an earlier version when `before` says so.
+    /// Makes a new directory; with an earlier version if `before` says so.
     explicit ThreeFiles(Before before);
 
-    /// The directory that the files' directory, or the missing one above it, is in; it holds nothing else.
+    /// The parent of the files' directory, or of the missing directory above it. Contains nothing else.
     const std::filesystem::path& home() const { return home_.path(); }
     const std::filesystem::path& directory() const { return directory_; }
 
-    /// The arguments that ask the question.
+    /// The arguments of the command that asks the question.
     static std::vector<std::string> asking() { return {"ask", "May I?"}; }
 
-    /// The state, the agent's summary and the widget's: older is byte-identical; newer is the earlier state
-    /// with the question, and what follows from it.
+    /// The versions of the state, the agent's summary and the widget's. `older` is byte-identical; `newer` is
+    /// the earlier state with the question, or a summary of that.
     std::vector<Version> versions() const;
 
-    /// Whether both summaries say what follows from the state, whatever that is.
+    /// Whether both summaries are those of the state, whatever the state is.
     bool agree() const;
 
-    /// The names of everything else.
+    /// The names of all other files.
     std::vector<std::string> others() const;
 
 private:
@@ -41,7 +41,7 @@ private:
     StateStore states_;
     WidgetSnapshotStore widget_;
     QuillmereState older_;
-    std::vector<std::string> olderTexts_;  ///< none where there was no file
+    std::vector<std::string> olderTexts_;  ///< empty for missing files
 };
 
 }  // namespace quillmere::test

@@ -15,7 +15,7 @@ using cli::ExitCode;
 
 namespace {
 
-/// The path that a call is about: what it has between its first quotes.
+/// The path argument of a call: the text between its first quotes.
 std::filesystem::path pathOf(const TracedCall& call)
 {
     std::istringstream text(call.text);
@@ -70,13 +70,13 @@ bool Undisturbed::isAbsorbed(std::size_t index, int error) const
     const std::optional<SystemCall> kind = callOf(call);
     const bool saysItAnyway = call.text.find("= -1 " + nameOfError(error)) != std::string::npos;
     if (!kind) {
-        return error == EINTR || error == EWOULDBLOCK;  // the lock is tried again
+        return error == EINTR || error == EWOULDBLOCK;  // taking the lock is tried again
     }
     const bool isLast = index + 1 == calls_.size();
     const bool wasRead = call.text.find("/state.json>") != std::string::npos;
     const bool isClosed = *kind == SystemCall::close && (error == EINTR || isLast || wasRead);
     const bool goesOn = error == EINTR && isContinued(*kind);
-    // Who may add a name to a directory need not be allowed to open it.
+    // The parent of a new directory may be writable but not readable.
     const bool mayNotOpen = error == EACCES && *kind == SystemCall::open && holdsNewDirectory(index);
     return saysItAnyway || isClosed || goesOn || mayNotOpen || *kind == SystemCall::unlink ||
            keepsVersion(index);
@@ -88,7 +88,7 @@ bool Undisturbed::keepsVersion(std::size_t index) const
         return callOf(call) != SystemCall::rename && (call.text.find("/state.json>") != std::string::npos ||
                                                       call.text.find("/state.json\"") != std::string::npos);
     };
-    // It begins with a look whether there is one, which is the last of them.
+    // Keeping the version starts with the last lstat of the state.
     const bool hasBegun = std::none_of(
         calls_.begin() + static_cast<std::ptrdiff_t>(index) + 1, calls_.end(),
         [&](const TracedCall& later) { return callOf(later) == SystemCall::lstat && concernsState(later); });
@@ -138,8 +138,7 @@ std::vector<int> errorsToTry(const TracedCall& call)
 bool mayLast([[maybe_unused]] const TracedCall& call)
 {
 #ifdef __SANITIZE_ADDRESS__
-    // The sanitizers write to pipes of their own to find out what may be read, and end the program with 0
-    // when they cannot.
+    // The sanitizers test addresses by writing to their own pipes, and exit with 0 when that fails.
     return callOf(call) != SystemCall::write;
 #else
     return true;

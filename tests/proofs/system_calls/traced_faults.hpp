@@ -1,4 +1,4 @@
-// Faults for the real program, and what each must lead to.
+// Faults for the real program, and the expected outcome of each.
 #pragma once
 
 #include <array>
@@ -12,16 +12,16 @@
 
 namespace quillmere::test {
 
-/// What a call of the system's is to the library; absent for flock.
+/// The corresponding call of the library; absent for flock.
 std::optional<SystemCall> callOf(const TracedCall& call);
 
-/// What a fault must lead to.
+/// The expected outcome of a fault.
 struct Outcome {
     cli::ExitCode code;
     std::array<bool, 3> isReplaced;  ///< of the state, the agent's summary and the widget's
 };
 
-/// A run that nothing disturbs, and what a fault at each of its calls must lead to.
+/// The calls of an undisturbed run, and the expected outcome of a fault at each of them.
 class Undisturbed {
 public:
     explicit Undisturbed(std::vector<TracedCall> calls) : calls_(std::move(calls)) {}
@@ -32,9 +32,9 @@ public:
 
 private:
     bool isAbsorbed(std::size_t index, int error) const;
-    /// Whether the call is for the version that is kept: when it was loaded, the state is read once more.
+    /// Whether the call belongs to keeping the previous version, which reads the state once more.
     bool keepsVersion(std::size_t index) const;
-    /// Whether the call is about the parent of a directory that was made before.
+    /// Whether the call operates on the parent of a directory that the run created.
     bool holdsNewDirectory(std::size_t index) const;
     /// The number of renames before a call.
     std::size_t renamesBefore(std::size_t index) const;
@@ -45,13 +45,13 @@ private:
     std::vector<TracedCall> calls_;
 };
 
-/// The errors to try at a call. That something is not there is no fault of a look-up but an answer.
+/// The errors to try at a call. For a look-up, a missing file is an answer and no fault.
 std::vector<int> errorsToTry(const TracedCall& call);
 
-/// Whether a fault that lasts can be put upon the call.
+/// Whether a lasting fault can be injected at the call.
 bool mayLast(const TracedCall& call);
 
-/// The fault as strace wants it to be said.
+/// The fault in the syntax of strace.
 std::string injectionOf(const TracedCall& call, int error, bool fromThereOn);
 
 }  // namespace quillmere::test

@@ -12,7 +12,7 @@
 namespace quillmere::test {
 namespace {
 
-/// Not every machine has all of them; the mark lets strace pass over those that it does not know.
+/// Some machines lack some of these calls; the question mark makes strace ignore unknown ones.
 constexpr const char* tracedNames =
     "trace=?mkdir,?mkdirat,?chmod,?fchmodat,?fchmodat2,?stat,?lstat,?fstat,?newfstatat,?fstatat64,?statx,?"
     "open,"
@@ -23,12 +23,12 @@ ProcessEnding runSilently(std::vector<std::string> words,
 {
     ProcessOptions options{
         .words = std::move(words), .output = Channel::null(), .error = Channel::null(), .environment = more};
-    // The search for leaks at the end would need to trace a process that is traced already.
+    // The leak check at exit needs ptrace, which strace already uses.
     options.environment["ASAN_OPTIONS"] = "detect_leaks=0";
     return run(options);
 }
 
-/// The name of the call on a line of the log, behind the number of its process; empty when there is none.
+/// The name of the call on a line of the log, after the process number; empty if the line has none.
 std::string nameOn(const std::string& line)
 {
     std::size_t begin = 0;
@@ -70,7 +70,7 @@ TracedRun traced(const std::filesystem::path& directory, const std::vector<std::
                  const std::filesystem::path& concerned, const std::string& injection)
 {
     const TemporaryDirectory place;
-    // Another one for every run, so that all make the same calls.
+    // A new one for every run, so that all runs make the same calls.
     const TemporaryDirectory stateHome;
     const std::filesystem::path log = place.path() / "log";
     std::vector<std::string> words = {"strace", "-f", "-y", "-o", log.string(), "-e", tracedNames};

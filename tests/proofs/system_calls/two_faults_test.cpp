@@ -1,4 +1,4 @@
-// A save that fails, and cannot clean up either.
+// A save that fails and cannot clean up.
 #include <gtest/gtest.h>
 
 #include <cerrno>
@@ -9,7 +9,7 @@
 namespace quillmere::test {
 namespace {
 
-/// Every save with a fault and a removal that fails besides.
+/// Every save with a fault and an additional failing removal.
 std::vector<FaultedSave> makeSavesThatCannotCleanUp()
 {
     std::vector<FaultedSave> saves;
@@ -29,7 +29,7 @@ std::vector<FaultedSave> makeSavesThatCannotCleanUp()
     return saves;
 }
 
-/// The saves are made once in a process.
+/// The saves are made once per process.
 template <class Judge>
 std::size_t forEverySaveThatCannotCleanUp(Judge judge)
 {
@@ -74,7 +74,7 @@ TEST(ASaveThatCannotCleanUp, doesNotStandInTheWayOfTheNext)
         EXPECT_EQ(save.nextError, 0) << testing::PrintToString(save);
         EXPECT_EQ(save.nextContent.files, (std::vector{Version::newer, Version::newer}))
             << testing::PrintToString(save);
-        // What was left is nobody's business any more.
+        // Later saves do not touch the leftovers.
         EXPECT_EQ(save.nextContent.others, save.content.others) << testing::PrintToString(save);
     });
 }

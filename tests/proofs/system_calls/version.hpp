@@ -1,14 +1,14 @@
-// Which version of a file there was, and which there is.
+// The versions of a file before and after a save.
 #pragma once
 
 #include <iosfwd>
 
 namespace quillmere::test {
 
-/// What is there before a save.
+/// The files before a save.
 enum class Before { noDirectory, noFile, earlierFile };
 
-/// What is there afterwards.
+/// A file after a save.
 enum class Version { none, older, newer, foreign };
 
 void PrintTo(Version version, std::ostream* stream);

@@ -1,5 +1,5 @@
-// What the linker puts in the place of each call: --wrap=open leads open here and leaves the system's own as
-// __real_open. Their names are the linker's.
+// The wrappers of the system calls: --wrap=open redirects open to __wrap_open and keeps the real one as
+// __real_open. The linker determines these names.
 #include "proofs/system_calls/wrappers.hpp"
 
 #include <fcntl.h>
@@ -16,7 +16,7 @@ SystemCallWatch* currentWatch = nullptr;
 
 namespace {
 
-/// Makes a call unless it is to fail, and records how it went.
+/// Makes a call, or fails it as the watch demands, and records the result.
 template <class Call>
 int made(CallRecord record, Call call)
 {
@@ -26,7 +26,7 @@ int made(CallRecord record, Call call)
     record.error = result == -1 ? (fails ? fault->error : errno) : 0;
     const int error = record.error;
     currentWatch->add(std::move(record));
-    // Recording takes memory, and that may change errno.
+    // Recording allocates memory, which may change errno.
     errno = error != 0 ? error : errno;
     return result;
 }
@@ -35,7 +35,7 @@ std::size_t shortened(std::size_t count, const std::optional<Fault>& fault)
 {
     switch (fault ? fault->shortfall : Shortfall::none) {
         case Shortfall::none: return count;
-        // One byte at least is moved: nothing would be something else.
+        // Transfers at least one byte: zero would have another meaning.
         case Shortfall::oneByte: return count > 1 ? count - 1 : count;
         case Shortfall::half: return count > 1 ? count / 2 : count;
         case Shortfall::allButOneByte: return count > 1 ? 1 : count;
@@ -44,7 +44,7 @@ std::size_t shortened(std::size_t count, const std::optional<Fault>& fault)
     return count;
 }
 
-/// The same for a call that moves bytes: all of them, some, or none.
+/// The same for a call that transfers bytes: all, some or none of them.
 template <class Transfer>
 ssize_t moved(CallRecord record, std::size_t count, Transfer transfer)
 {
@@ -171,7 +171,7 @@ int __wrap_close(int descriptor)
     if (!currentWatch) {
         return __real_close(descriptor);
     }
-    // Whatever it reports, the descriptor is gone.
+    // Even a close that reports an error has closed the descriptor.
     CallRecord record = onDescriptor(SystemCall::close, descriptor);
     currentWatch->closed(descriptor);
     const int result = __real_close(descriptor);

@@ -1,11 +1,11 @@
-// Where the wrapped calls find out that they are watched.
+// The watch that the wrappers report to.
 #pragma once
 
 #include "proofs/system_calls/system_calls.hpp"
 
 namespace quillmere::test {
 
-/// Null while nobody watches.
+/// Null while no watch exists.
 extern SystemCallWatch* currentWatch;
 
 }  // namespace quillmere::test

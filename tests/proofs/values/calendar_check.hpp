@@ -1,5 +1,5 @@
-// A second opinion on the calendar that shares nothing with the library: the year is walked day by
-// day, and the days before it are counted by the rule of leap years.
+// An independent calendar for checking the library's: walks through a year day by day, and counts the earlier
+// days by the rule of leap years.
 #pragma once
 
 #include <array>
@@ -17,19 +17,18 @@ constexpr std::int64_t daysOfMonth(std::int64_t year, std::int64_t month)
     return days.at(static_cast<std::size_t>(month - 1)) + (month == 2 && isLeapYear(year) ? 1 : 0);
 }
 
-/// Days from 0000-01-01 to the first of January of a year from 0.
+/// Days from 0000-01-01 to January 1st of a year >= 0.
 constexpr std::int64_t daysBeforeYear(std::int64_t year)
 {
-    // Year 0 is a leap year, and counted with the others that have gone by.
+    // Year 0 is a leap year and included in the count.
     const std::int64_t before = year - 1;
     return year == 0 ? 0 : 365 * year + before / 4 - before / 100 + before / 400 + 1;
 }
 
 constexpr std::int64_t daysBefore1970 = daysBeforeYear(1970);
 
-/// What a text `YYYY-MM-DDThh:mm:ss` with "Z" or `±hh:mm` stands for, in seconds since 1970; absent for
-/// any other text, for what the calendar or the clock does not have, and for what an offset moves out of
-/// the years 0000 to 9999.
+/// The seconds since 1970 of a text `YYYY-MM-DDThh:mm:ss` with "Z" or `±hh:mm`. Absent for any other text,
+/// for an impossible date or time, and for an instant outside of the years 0000 to 9999.
 constexpr std::optional<double> secondsOfDateText(std::string_view text)
 {
     constexpr std::string_view shape = "dddd-dd-ddTdd:dd:dd";

@@ -1,4 +1,4 @@
-// Bytes that are no text: in memory they do no harm to what is written, in a file they are refused.
+// Ill-formed UTF-8: in memory it is repaired when written, in a file it is refused.
 #include <quillmere/records/outcome.hpp>
 
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@
 namespace quillmere::test {
 namespace {
 
-/// Bytes on both sides of every border that UTF-8 and JSON draw.
+/// The bytes on both sides of every boundary in the rules of UTF-8 and JSON.
 constexpr auto borderBytes = std::to_array<unsigned char>(
     {0x00, 0x1F, 0x20, 0x22, 0x41, 0x5C, 0x7F, 0x80, 0x8F, 0x90, 0x9F, 0xA0, 0xBF, 0xC0, 0xC1, 0xC2,
      0xDF, 0xE0, 0xE1, 0xEC, 0xED, 0xEE, 0xEF, 0xF0, 0xF1, 0xF3, 0xF4, 0xF5, 0xF8, 0xFC, 0xFE, 0xFF});
@@ -27,11 +27,12 @@ std::string bytes(Byte... byte)
     return {static_cast<char>(byte)...};
 }
 
-/// Whether some well-formed character begins with these bytes.
+/// Whether these bytes are the beginning of a well-formed character.
 bool beginsCharacter(std::string_view front)
 {
     const std::string begun(front);
-    // Each first byte accepts at least one of these as its second, and all others accept the first.
+    // Each first byte accepts one of these as its second byte; the first of them is a valid third and fourth
+    // byte.
     for (const char* const second : {"\x80", "\x90", "\xA0"}) {
         const std::string completed = begun.size() == 1 ? begun + second : begun;
         for (std::size_t length = completed.size(); length <= 4; ++length) {
@@ -43,8 +44,8 @@ bool beginsCharacter(std::string_view front)
     return false;
 }
 
-/// What a text becomes in a file: each longest beginning of a character that does not go on, and each
-/// byte that begins none, gives way to one U+FFFD.
+/// The text as it is written to a file: each maximal incomplete beginning of a character, and each byte that
+/// cannot begin one, is replaced by one U+FFFD.
 std::string repaired(std::string_view text)
 {
     std::string result;
@@ -52,7 +53,7 @@ std::string repaired(std::string_view text)
         std::size_t length = 1;
         bool isCharacter = false;
         for (std::size_t tried = 1; tried <= std::min<std::size_t>(4, text.size()); ++tried) {
-            // One character has one first byte; more would be more characters.
+            // A character has only one first byte, so longer fronts would contain several characters.
             const std::string_view front = text.substr(0, tried);
             if (tried == 1 || static_cast<unsigned char>(front.front()) >= 0xC2) {
                 if (isUtf8(front) && !isCharacter) {
@@ -69,15 +70,15 @@ std::string repaired(std::string_view text)
     return result;
 }
 
-/// Whether a text in memory is written as a text, and reads back with nothing but its bad bytes replaced.
+/// Whether a title is written as text, and reads back with only its bad bytes replaced.
 bool isRepaired(const std::string& title)
 {
     const std::string file = compactText(Outcome{Identifier(Identifier::Bytes{}), title});
     return isUtf8(file) && decoded<Outcome>(file).title == repaired(title);
 }
 
-/// Whether a file with these bytes in a value, in a value that nobody asks for, in a key and outside of
-/// all strings is refused as no JSON.
+/// Whether a file with these bytes in a value, in an ignored value, in a key or outside of all strings is
+/// refused as invalid JSON.
 bool isRefused(const std::string& sequence, std::size_t place)
 {
     static const std::string id = "\"id\":\"00000000-0000-0000-0000-000000000000\"";
@@ -93,12 +94,13 @@ bool isRefused(const std::string& sequence, std::size_t place)
     return isMalformed(error) && isUtf8(error->what());
 }
 
-/// Sequences, seen one by one and many to a text.
+/// Checks sequences one by one and many in one text.
 class IllFormed : public testing::Test {
 protected:
     ~IllFormed() override { EXPECT_GT(refused_, 0U); }
 
-    /// Takes one in; well-formed ones are only written. `places` is where to put it in files, of four.
+    /// Checks a sequence; a well-formed one is only written. `places` is the number of places in a file to
+    /// try, of four.
     void see(const std::string& sequence, std::size_t places)
     {
         text_ += sequence + '|';
@@ -139,7 +141,8 @@ TEST_F(IllFormed, everyByteAndEveryPairOfBytes)
     for (unsigned first = 0; first < 256; ++first) {
         see(bytes(first), 4);
         for (unsigned second = 0; second < 256; ++second) {
-            // In files, the short form puts every eighth pair, which meets every first and every second byte.
+            // In files, the short form tries every eighth pair, which covers every first and every second
+            // byte.
             see(bytes(first, second), amount((first + second) % 8 == 0 ? 1 : 0, 4));
         }
         if (HasFatalFailure()) {
@@ -151,7 +154,7 @@ TEST_F(IllFormed, everyByteAndEveryPairOfBytes)
 
 TEST_F(IllFormed, everyTripleOfBytes)
 {
-    // All in the long form; in the short one those of the bytes at the borders.
+    // All bytes in the long form; the boundary bytes in the short form.
     std::vector<unsigned> chosen(borderBytes.begin(), borderBytes.end());
     if (inLongForm()) {
         chosen.clear();
@@ -162,7 +165,7 @@ TEST_F(IllFormed, everyTripleOfBytes)
     for (const unsigned first : chosen) {
         for (const unsigned second : chosen) {
             for (const unsigned third : chosen) {
-                // In files, the short form puts a part of them.
+                // In files, the short form tries every eighth one.
                 const bool isInFile = inLongForm() || (second + third) % 8 == 0;
                 see(bytes(first, second, third), isInFile ? 1 : 0);
             }
@@ -176,7 +179,7 @@ TEST_F(IllFormed, everyTripleOfBytes)
 
 TEST_F(IllFormed, fourBytesAtTheBordersAndCutShort)
 {
-    // Overlong forms, surrogates in pairs, what lies beyond U+10FFFF, and beginnings of all of them.
+    // Overlong forms, surrogate pairs, code points beyond U+10FFFF, and beginnings of all of these.
     for (unsigned first = 0xC0; first < 256; ++first) {
         if (!inLongForm() && std::find(borderBytes.begin(), borderBytes.end(), first) == borderBytes.end()) {
             continue;
@@ -217,7 +220,7 @@ TEST_F(IllFormed, fourBytesAtTheBordersAndCutShort)
     report("4 bytes");
 }
 
-/// The end of the text may be in the middle of a character, at any distance from 16 bytes.
+/// A text may end inside a character, at any distance from a multiple of 16 bytes.
 TEST_F(IllFormed, charactersCutShortAtTheEndOfTheText)
 {
     const std::string character = "\xF0\x9F\x99\x82";

@@ -1,8 +1,8 @@
 // Instants: every second of the years 0000 to 9999.
 //
-// There are 315 thousand million of them, but a text has two parts that know nothing of each other: the
-// date depends on the day alone, the time on the second within the day alone, and an instant is their
-// sum. So it is enough to see every day at a few seconds, and every second at a few days.
+// These are 315 thousand million instants, but a text has two independent parts: the date depends only on the
+// day, the time only on the second within the day, and an instant is their sum. So the proof tests every day
+// at a few seconds, and every second on a few days.
 #include <quillmere/records/json/date_text.hpp>
 #include <quillmere/records/quillmere_state.hpp>
 
@@ -42,7 +42,7 @@ void putDigits(std::string& text, std::size_t at, std::size_t count, std::int64_
     }
 }
 
-/// Goes through the calendar from 0000-01-01 day by day.
+/// Iterates over the days of the calendar from 0000-01-01.
 class Calendar {
 public:
     void nextDay()
@@ -89,7 +89,7 @@ std::string written(double seconds)
     return text;
 }
 
-/// Whether an instant is written as `text`, with any fraction too, and `text` is read as the instant.
+/// Whether an instant is written as `text`, also with any fraction, and `text` is read as the instant.
 bool survives(double seconds, const std::string& text)
 {
     return written(seconds) == text && written(seconds + 0.25) == text &&
@@ -97,7 +97,7 @@ bool survives(double seconds, const std::string& text)
            json::instantFromDateText(text) == Instant(seconds);
 }
 
-/// The same through a whole state.
+/// The same test with a whole state.
 bool survivesInRecord(double seconds, const std::string& text)
 {
     static QuillmereState state = QuillmereState::initial(Instant(0));
@@ -107,8 +107,8 @@ bool survivesInRecord(double seconds, const std::string& text)
            decoded<QuillmereState>(file).updatedAt == Instant(seconds);
 }
 
-/// The long form sees every day. The short one sees every 17th, which meets every day of every month, and the
-/// ends of February and of the year.
+/// The long form tests every day. The short one tests every 17th, which covers every day of every month, and
+/// the ends of February and of the year.
 bool isSeen(const Calendar& calendar, const std::string& text)
 {
     const std::string_view date = std::string_view(text).substr(4, 6);
@@ -145,7 +145,7 @@ TEST(EveryInstant, readsBackEqualOnEveryDay)
 
 TEST(EveryInstant, readsBackEqualInEverySecondOfADay)
 {
-    // The ends of the calendar, leap days, and both sides of 1970.
+    // The limits of the calendar, leap days, and both sides of 1970.
     const std::vector<std::string> days =
         inLongForm()
             ? std::vector<std::string>{"0000-01-01", "0000-02-29", "1582-10-15", "1900-02-28", "1969-12-31",
@@ -218,7 +218,7 @@ TEST(EveryInstant, isRefusedBeyondTheCalendar)
     }
 }
 
-/// Every month and day of two digits, in years of every kind.
+/// Every month and day of two digits, in every kind of year.
 TEST(EveryInstant, isReadOnDaysOfTheCalendarOnly)
 {
     std::uint64_t accepted = 0;

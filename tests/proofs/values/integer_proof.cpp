@@ -34,7 +34,7 @@ bool survives(std::int64_t value)
     return scalarOf(text, "energy") == std::to_string(value) && decoded<SessionPlan>(text).energy == value;
 }
 
-/// What a file with this spelling gives.
+/// The number read from a file with this spelling.
 std::optional<std::int64_t> read(const std::string& spelling)
 {
     try {
@@ -44,7 +44,7 @@ std::optional<std::int64_t> read(const std::string& spelling)
     }
 }
 
-/// Every power of two and of ten and both ends, with what lies next to them, in both signs.
+/// Every power of two and of ten and the limits, with their neighbours, in both signs.
 std::vector<std::int64_t> boundaries()
 {
     std::vector<std::uint64_t> magnitudes = {0, std::uint64_t{1} << 63};
@@ -73,7 +73,7 @@ TEST(EveryInteger, readsBackEqual)
     }
     std::mt19937_64 bits(3);
     for (std::uint64_t left = amount(5'000, 2'000'000); left > 0; --left) {
-        // Of every length, not only of the longest.
+        // Shifted, to cover every length and not only the longest.
         const std::uint64_t drawn = bits();
         const auto value = static_cast<std::int64_t>(drawn) >> (drawn % 64);
         ASSERT_TRUE(survives(value)) << value;
@@ -87,7 +87,7 @@ TEST(EveryInteger, isReadFromEverySpellingOfIt)
     for (const std::int64_t value : boundaries()) {
         const std::string digits = std::to_string(value);
         ASSERT_EQ(read(digits + ".0"), value);
-        // Nothing but a point may follow a zero at the front.
+        // After a leading zero only a point may follow.
         ASSERT_TRUE(value == 0 || read(digits + "00e-2") == value) << value;
         ASSERT_EQ(read(digits + "E+0"), value);
         const std::size_t first = value < 0 ? 2 : 1;

@@ -1,4 +1,4 @@
-// Identifiers, and enumerations with their raw texts.
+// Identifiers, and enumerations with their raw values.
 #include <quillmere/engine/timer_snapshot.hpp>
 #include <quillmere/records/completion_result.hpp>
 #include <quillmere/records/outcome.hpp>
@@ -30,7 +30,7 @@ std::string changed(std::string text, int (*change)(int))
     return text;
 }
 
-/// The canonical text, spelled by the C library.
+/// The canonical text, formatted by the C library.
 std::string canonical(const Identifier::Bytes& bytes)
 {
     std::string text;
@@ -89,7 +89,7 @@ TEST(EveryIdentifier, isRefusedWithAnyOtherCharacterOrLength)
     ASSERT_FALSE(Identifier::fromText(text + "0"));
 }
 
-/// Everything that is one slip of the keyboard away from a text.
+/// Every text that differs by one typing error.
 std::set<std::string> nearMisses(const std::string& text)
 {
     std::set<std::string> misses = {"", changed(text, std::toupper), changed(text, std::tolower)};
@@ -111,7 +111,7 @@ std::set<std::string> nearMisses(const std::string& text)
     return misses;
 }
 
-/// Counts the near misses that were refused.
+/// Counts the refused near misses.
 template <class Enumeration>
 std::uint64_t refusedBesideCasesOf()
 {

@@ -1,4 +1,4 @@
-// Doubles: what is written is the shortest text that reads back to the same bits.
+// Doubles: the written text is the shortest that reads back to the same bits.
 #include <quillmere/records/json/number_text.hpp>
 #include <quillmere/records/json/writer.hpp>
 #include <quillmere/records/quillmere_state.hpp>
@@ -26,7 +26,7 @@ bool sameBits(double left, double right)
     return std::bit_cast<std::uint64_t>(left) == std::bit_cast<std::uint64_t>(right);
 }
 
-/// From 2^63 an exponent must stand in the text, or it would look like an integer too large to be read.
+/// From 2^63 on the text needs an exponent, because without one it would be an integer that is too large.
 std::size_t shortestLength(double value)
 {
     char text[64];
@@ -37,7 +37,8 @@ std::size_t shortestLength(double value)
     return static_cast<std::size_t>(end - text);
 }
 
-/// Whether a finite number is written shortest and read back, by the library and by the C library.
+/// Whether a finite number is written with the shortest text and read back, by the library and by the C
+/// library.
 bool survives(double value)
 {
     char text[json::longestToken + 1];
@@ -51,7 +52,7 @@ bool survives(double value)
     return read && sameBits(*read, value) && sameBits(std::strtod(text, nullptr), value);
 }
 
-/// The same through a whole state.
+/// The same test with a whole state.
 bool survivesInRecord(double value)
 {
     static QuillmereState state = QuillmereState::initial(Instant(0));
@@ -71,7 +72,7 @@ bool isRefused(double value)
     return false;
 }
 
-/// A number, and the three next to it on each side.
+/// Adds a number and its three neighbours on each side.
 void addWithNeighbours(std::vector<double>& values, double value)
 {
     constexpr double infinity = std::numeric_limits<double>::infinity();
@@ -121,7 +122,7 @@ TEST(EveryDouble, readsBackAtThePowersOfTwoAndTenAndBesideThem)
     std::uint64_t count = 0;
     for (const double magnitude : values) {
         for (const double value : {magnitude, -magnitude}) {
-            // In a whole record the short form puts every fourth.
+            // The short form tests every fourth in a whole state.
             const bool isInRecord = inLongForm() || count % 4 == 0;
             const bool asPromised = std::isfinite(value)
                                         ? survives(value) && (!isInRecord || survivesInRecord(value))
@@ -135,7 +136,7 @@ TEST(EveryDouble, readsBackAtThePowersOfTwoAndTenAndBesideThem)
 
 TEST(EveryDouble, readsBackWhereItIsWhole)
 {
-    // Durations are whole seconds nearly always, and those have a way of their own.
+    // Durations are nearly always whole seconds, which are written by separate code.
     const auto most = static_cast<std::int64_t>(amount(30'000, 20'000'000));
     for (std::int64_t whole = 0; whole <= most; ++whole) {
         const auto value = static_cast<double>(whole);
@@ -144,8 +145,8 @@ TEST(EveryDouble, readsBackWhereItIsWhole)
     }
 }
 
-/// Whether the nearest decimal of one digit less is another number, judged by the C library. Not asked
-/// of whole numbers in digits alone: those may have more, and be shorter for the want of an exponent.
+/// Whether the nearest decimal with one digit less is another number, according to the C library. Not for
+/// whole numbers without an exponent: these may have more digits and still be shorter.
 bool hasFewestDigits(double value)
 {
     char text[json::longestToken];

@@ -1,7 +1,7 @@
 // Texts: every Unicode scalar value.
 //
-// Characters go in rows of 256, a row a text, with up to 16 letters in front: texts are taken 16 bytes
-// at a time, so what happens to a character may depend on where it stands.
+// One text holds a row of 256 characters, with up to 16 letters in front: the library processes texts in
+// pieces of 16 bytes, so the position of a character may matter.
 #include <quillmere/records/json/utf8.hpp>
 #include <quillmere/records/outcome.hpp>
 
@@ -23,7 +23,7 @@ constexpr std::uint32_t rowLength = 256;
 constexpr std::size_t steps = 17;
 constexpr std::uint64_t scalarValues = 1'112'064;
 
-/// The bytes of a character, by the definition of UTF-8.
+/// The UTF-8 bytes of a character, by the definition.
 std::string utf8(std::uint32_t codePoint)
 {
     std::string text;
@@ -40,7 +40,7 @@ std::string utf8(std::uint32_t codePoint)
     return text;
 }
 
-/// One UTF-16 unit as an escape, in digits of either case.
+/// One UTF-16 unit as an escape, in upper-case or lower-case digits.
 std::string unitEscape(std::uint32_t unit, bool inCapitals)
 {
     char text[8];
@@ -48,7 +48,7 @@ std::string unitEscape(std::uint32_t unit, bool inCapitals)
     return text;
 }
 
-/// A character as escapes: two of them beyond U+FFFF.
+/// A character as an escape, or two escapes beyond U+FFFF.
 std::string escape(std::uint32_t codePoint, bool inCapitals)
 {
     if (codePoint < 0x10000) {
@@ -58,7 +58,7 @@ std::string escape(std::uint32_t codePoint, bool inCapitals)
     return unitEscape(0xD800 + beyond / 0x400, inCapitals) + unitEscape(0xDC00 + beyond % 0x400, !inCapitals);
 }
 
-/// How a character stands in a file: as itself, unless it is a quote, a backslash or a control character.
+/// A character as written to a file: itself, unless it is a quote, a backslash or a control character.
 std::string spelling(std::uint32_t codePoint)
 {
     switch (codePoint) {
@@ -84,7 +84,7 @@ std::string written(const std::string& title)
     return compactText(Outcome{Identifier(Identifier::Bytes{}), title});
 }
 
-/// Some characters in all their forms.
+/// Some characters in all their spellings.
 struct Row {
     std::string text;
     std::string spelled;
@@ -122,7 +122,7 @@ Row row(std::uint32_t first, std::uint32_t length, std::size_t lettersInFront)
 TEST(EveryCharacter, isWrittenAndReadAsItself)
 {
     const std::size_t stepsPerRow = amount(1, steps);
-    // The short form takes every row up to the end of the kana, then every ninth, and those of the
+    // The short form tests every row up to the end of the kana, then every ninth, and the rows next to the
     // surrogates.
     const auto isSeen = [](std::uint32_t first) {
         const bool isBesideSurrogates = first >= 0xD700 && first <= 0xE000;
@@ -149,7 +149,8 @@ TEST(EveryCharacter, isWrittenAndReadAsItself)
 
 TEST(EveryCharacter, isWrittenAndReadAsItselfAlone)
 {
-    // In the short form every one of the first two bytes' worth, where all escapes are, then some.
+    // The short form tests all characters of one or two bytes, which include all escapes, and some of the
+    // others.
     std::uint64_t count = 0;
     const std::uint32_t stride = inLongForm() ? 1 : 997;
     for (std::uint32_t codePoint = 0; codePoint < endOfUnicode; codePoint += codePoint < 0x800 ? 1 : stride) {
@@ -180,7 +181,8 @@ TEST(EveryCharacter, isTakenApartAndPutTogetherAsUtf8)
 
 TEST(EverySurrogate, isRefusedAloneAndInTheWrongOrder)
 {
-    // Both ends of both halves are among every 1,023rd, which the stride of the short form divides.
+    // Both ranges span 1,023 steps, a multiple of the short stride, so their first and last units are
+    // included.
     const std::uint32_t stride = inLongForm() ? 1 : 11;
     for (std::uint32_t unit = 0xD800; unit < 0xE000; unit += unit % 0x400 == 0x3FF ? 1 : stride) {
         const std::string half = unitEscape(unit, true);

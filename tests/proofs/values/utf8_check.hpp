@@ -1,5 +1,5 @@
-// A second opinion on UTF-8 that shares nothing with the library: it decodes each character by
-// arithmetic and asks whether it is a scalar value in its shortest form.
+// An independent check of UTF-8: decodes each character by arithmetic and tests that it is a scalar value in
+// its shortest form.
 #pragma once
 
 #include <cstddef>
@@ -8,7 +8,7 @@
 
 namespace quillmere::test {
 
-/// How many bytes the shortest form of a code point takes.
+/// The number of bytes of the shortest form of a code point.
 constexpr std::size_t utf8Length(std::uint32_t codePoint)
 {
     return codePoint < 0x80 ? 1 : codePoint < 0x800 ? 2 : codePoint < 0x10000 ? 3 : 4;
@@ -29,7 +29,8 @@ constexpr bool isUtf8(std::string_view text)
         std::uint32_t codePoint = byteAt(at);
         std::size_t length = 1;
         if (codePoint >= 0x80) {
-            // As many leading ones as there are bytes; what is behind them belongs to the character.
+            // The first byte has as many leading one bits as the character has bytes; its other bits belong
+            // to the code point.
             while (length < 5 && (codePoint & (0x80U >> length)) != 0) {
                 ++length;
             }

@@ -25,7 +25,7 @@ json jsonOf(const std::vector<Element>& list);
 template <class Value>
 json jsonOf(const std::optional<Value>& value);
 
-/// A value as JSON. A record is built by visiting its fields.
+/// Converts a value to JSON; a record by visiting its fields.
 template <class Value>
 json jsonOf(const Value& value)
 {

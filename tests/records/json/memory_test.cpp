@@ -33,7 +33,7 @@ template <class Attempt>
 Outcomes failEveryAllocation(Attempt attempt)
 {
     Outcomes outcomes;
-    attempt();  // what is made once and kept is made now
+    attempt();  // performs the allocations that happen once
     const std::size_t inUse = test::blocksInUse();
     outcomes.failures = test::failEveryAllocation(attempt, [&](bool threw) {
         outcomes.silent += threw ? 0 : 1;
@@ -94,7 +94,7 @@ TEST(Decoding, leavesHardlyMoreBlocksInUseThanACopyOfItsResult)
 {
     const QuillmereState state = test::fullState();
     const Bytes bytes = JsonEncoder(JsonLayout::pretty).encode(state);
-    JsonDecoder().decode<QuillmereState>(bytes);  // what is made once and kept is made now
+    JsonDecoder().decode<QuillmereState>(bytes);  // performs the allocations that happen once
     const std::size_t atFirst = test::blocksInUse();
     const QuillmereState copy = state;
     const std::size_t withCopy = test::blocksInUse();

@@ -1,5 +1,5 @@
-// Measurements in processes of their own, where nothing earlier counts: neither the memory that
-// another library has used nor the free lists that it leaves behind.
+// Measurements in child processes, independent of earlier ones: neither the memory that another library has
+// used nor its free lists matter.
 #pragma once
 
 #include <sys/wait.h>
@@ -13,9 +13,9 @@
 
 namespace quillmere::bench {
 
-/// Runs `measurement` in a child process and returns what it writes to the descriptor that it is given.
+/// Runs `measurement` in a child process and returns the text that it writes to the given descriptor.
 template <class Measurement>
-std::string apart(Measurement measurement)
+std::string inChildProcess(Measurement measurement)
 {
     int ends[2];
     std::fflush(stdout);

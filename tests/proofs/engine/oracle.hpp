@@ -1,4 +1,4 @@
-// The engine and the second statement of its rules, asked the same.
+// Compares the engine with the reference model of its rules.
 #pragma once
 
 #include <array>
@@ -11,21 +11,21 @@
 
 namespace quillmere::test {
 
-/// Equal in every field, where a length of time or an instant that is not a number equals another such.
+/// Equality of all fields, where NaN equals NaN.
 bool isSame(const QuillmereState& left, const QuillmereState& right);
 
-/// What came of the calls of one operation.
+/// Counts of the results of one operation.
 struct Tally {
     std::uint64_t acted;
     std::uint64_t reportedNothing;
     std::array<std::uint64_t, 6> refused;  ///< by case
-    std::uint64_t fatal;                   ///< not made
+    std::uint64_t fatal;                   ///< calls not made, because they must stop the program
 };
 
-class SecondOpinion {
+class Oracle {
 public:
-    /// Makes `call` and fails the test unless error, report and the whole state are what the rules say.
-    /// A call that must stop the program is counted and not made: absent then.
+    /// Makes `call` and fails the test unless error, report and state are as the reference model says. A call
+    /// that must stop the program is counted and not made; the result is absent then.
     std::optional<Answer> check(QuillmereState& state, const Call& call);
 
     const Tally& of(Operation operation) const { return tallies_[placeOf(operation)]; }
@@ -35,7 +35,7 @@ public:
     std::uint64_t refused(WorkflowError::Case reason) const;
 
 private:
-    void takeOverIdentifier(Ruling& ruling, const QuillmereState& state);
+    void takeOverIdentifier(ExpectedOutcome& expected, const QuillmereState& state);
     void count(Operation operation, const Answer& answer);
 
     std::array<Tally, operationCount> tallies_{};

@@ -1,4 +1,4 @@
-#include "proofs/engine/second_opinion.hpp"
+#include "proofs/engine/oracle.hpp"
 
 #include <gtest/gtest.h>
 
@@ -11,13 +11,13 @@
 namespace quillmere::test {
 namespace {
 
-// A number that no test uses, in place of what is not a number.
-constexpr double standIn = -98'765.4321;
+// Replaces NaN in comparisons; no test uses this number.
+constexpr double nanSubstitute = -98'765.4321;
 
-void replace(double& number) { number = std::isnan(number) ? standIn : number; }
+void replace(double& number) { number = std::isnan(number) ? nanSubstitute : number; }
 void replace(Instant& instant)
 {
-    instant = std::isnan(instant.secondsSince1970()) ? Instant(standIn) : instant;
+    instant = std::isnan(instant.secondsSince1970()) ? Instant(nanSubstitute) : instant;
 }
 void replace(std::optional<Instant>& instant)
 {
@@ -92,7 +92,7 @@ std::string differences(const QuillmereState& before, const QuillmereState& afte
     return names;
 }
 
-/// Random bits in the form of version 4, and none of those that the samples are made with.
+/// Whether an identifier is a random UUID of version 4 and not one of the samples.
 bool looksDrawn(const Identifier& id)
 {
     const Identifier::Bytes sample = identifier(0).bytes();
@@ -107,9 +107,9 @@ bool isSame(const QuillmereState& left, const QuillmereState& right)
     return left == right || replaced(left) == replaced(right);
 }
 
-std::optional<Answer> SecondOpinion::check(QuillmereState& state, const Call& call)
+std::optional<Answer> Oracle::check(QuillmereState& state, const Call& call)
 {
-    Ruling expected = ruling(state, call);
+    ExpectedOutcome expected = expectedOutcome(state, call);
     if (expected.isFatal) {
         ++tallies_[placeOf(call.operation)].fatal;
         return std::nullopt;
@@ -128,28 +128,28 @@ std::optional<Answer> SecondOpinion::check(QuillmereState& state, const Call& ca
     return answer;
 }
 
-void SecondOpinion::takeOverIdentifier(Ruling& ruling, const QuillmereState& state)
+void Oracle::takeOverIdentifier(ExpectedOutcome& expected, const QuillmereState& state)
 {
-    if (ruling.drawn == Ruling::Drawn::nothing) {
+    if (expected.drawn == ExpectedOutcome::Drawn::nothing) {
         return;
     }
-    const bool isSession = ruling.drawn == Ruling::Drawn::session;
+    const bool isSession = expected.drawn == ExpectedOutcome::Drawn::session;
     const bool isThere = isSession ? state.currentSession() != nullptr : !state.agentQuestions.empty();
     if (!isThere) {
-        return;  // the comparison of the states will tell
+        return;  // the comparison of the states will fail
     }
     const Identifier id = isSession ? state.currentSession()->id : state.agentQuestions.back().id;
     if (!looksDrawn(id) || !drawn_.insert(id).second) {
-        return;  // the placeholder stays, and the states differ
+        return;  // keep the placeholder, so that the comparison of the states fails
     }
     if (isSession) {
-        ruling.after.currentBlock->sessions.back().id = id;
+        expected.after.currentBlock->sessions.back().id = id;
     } else {
-        ruling.after.agentQuestions.back().id = id;
+        expected.after.agentQuestions.back().id = id;
     }
 }
 
-void SecondOpinion::count(Operation operation, const Answer& answer)
+void Oracle::count(Operation operation, const Answer& answer)
 {
     Tally& tally = tallies_[placeOf(operation)];
     if (answer.refusal) {
@@ -161,7 +161,7 @@ void SecondOpinion::count(Operation operation, const Answer& answer)
     }
 }
 
-std::uint64_t SecondOpinion::fatal() const
+std::uint64_t Oracle::fatal() const
 {
     std::uint64_t sum = 0;
     for (const Tally& tally : tallies_) {
@@ -170,7 +170,7 @@ std::uint64_t SecondOpinion::fatal() const
     return sum;
 }
 
-std::uint64_t SecondOpinion::refused(WorkflowError::Case reason) const
+std::uint64_t Oracle::refused(WorkflowError::Case reason) const
 {
     std::uint64_t sum = 0;
     for (const Tally& tally : tallies_) {

@@ -1,4 +1,4 @@
-#include "proofs/power_cut/judgement.hpp"
+#include "proofs/power_cut/violations.hpp"
 
 namespace quillmere::test {
 

@@ -1,4 +1,4 @@
-// What may be found after the power was cut.
+// The permitted file versions after a power cut.
 #pragma once
 
 #include "proofs/power_cut/found_directories.hpp"
@@ -11,8 +11,8 @@ struct Counts {
     std::size_t violations = 0;
 };
 
-/// Judges every directory that may be found at every moment of so many saves in a row, those of fewer being
-/// the moments before.
+/// Counts the violations in every possible directory at every moment of `saveCount` successive saves. Moments
+/// of fewer saves are included as earlier moments.
 template <class Holds>
 Counts countViolations(Scope scope, std::size_t saveCount, const ReplaceItem& replaceItem, Holds holds)
 {
@@ -30,17 +30,17 @@ Counts countViolations(Scope scope, std::size_t saveCount, const ReplaceItem& re
     return counts;
 }
 
-/// Whether a file is of the last version whose save had returned, or of one whose save had begun.
+/// Whether a file is the last completely saved version, or a later one whose save had started.
 bool isOldOrNew(const FoundFile& file, const CutMoment& cut, bool hasEarlier);
 
-/// Whether a file is of a version that was saved, now or earlier, or is refused. Where nothing lasted before,
-/// nothing may be found.
+/// Whether a file is any version saved before, or cannot be decoded. If no earlier version was durable, the
+/// file may also be missing.
 bool isSavedOnceOrRefused(const FoundFile& file, const CutMoment& cut, bool hasEarlier);
 
-/// Whether a summary is there only when that which it goes by is, and is not newer.
+/// Whether a summary is missing, or its source exists and is not older.
 bool isNotNewer(const FoundFile& summary, const FoundFile& source);
 
-/// The same of the state alone.
+/// isOldOrNew for the state alone.
 bool isStateOldOrNew(const Found& found, const CutMoment& cut, bool hasEarlier);
 
 }  // namespace quillmere::test
