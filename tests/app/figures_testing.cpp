@@ -3,11 +3,6 @@
 #include "base/text/local_time.hpp"
 #include "lookback/day_text.hpp"
 
-#include <sys/wait.h>
-
-#include <array>
-#include <cstdio>
-
 namespace quillmere::test {
 
 const std::string hostileText =
@@ -77,22 +72,6 @@ std::string focusOf(const LookBack& look, Unit unit)
                 std::to_string(static_cast<long>(period.tally.focusSeconds));
     }
     return text;
-}
-
-std::string outputOf(const std::string& command)
-{
-    std::string text;
-    std::FILE* const stream = ::popen(command.c_str(), "r");
-    EXPECT_NE(stream, nullptr);
-    if (!stream) {
-        return text;
-    }
-    std::array<char, 4096> piece{};
-    while (const std::size_t count = std::fread(piece.data(), 1, piece.size(), stream)) {
-        text.append(piece.data(), count);
-    }
-    const int status = ::pclose(stream);
-    return text + "exit " + std::to_string(WIFEXITED(status) ? WEXITSTATUS(status) : -1) + "\n";
 }
 
 }  // namespace quillmere::test

@@ -1,4 +1,4 @@
-// Sessions for figures and reports, and a shell for programs that read the exports.
+// Sessions for figures and reports.
 #pragma once
 
 #include "figures/statistics.hpp"
@@ -36,8 +36,5 @@ extern const std::string hostileText;
 
 /// "2026-11-15 1500, 2026-11-16 60": the focus of each period, for comparisons.
 std::string focusOf(const LookBack& look, Unit unit);
-
-/// What a command of the shell prints to standard output, and its exit code on a line of its own.
-std::string outputOf(const std::string& command);
 
 }  // namespace quillmere::test

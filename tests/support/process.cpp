@@ -7,8 +7,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <csignal>
 #include <system_error>
 #include <utility>
@@ -31,9 +33,10 @@ std::string contentOf(const Descriptor& file)
     return text;
 }
 
-bool canRead(int descriptor, std::chrono::milliseconds limit)
+/// Waits until a read (POLLIN) or a write (POLLOUT) returns at once; false when that takes too long.
+bool isReady(int descriptor, short events, std::chrono::milliseconds limit)
 {
-    pollfd poll{.fd = descriptor, .events = POLLIN, .revents = 0};
+    pollfd poll{.fd = descriptor, .events = events, .revents = 0};
     int result = -1;
     while ((result = ::poll(&poll, 1, static_cast<int>(limit.count()))) == -1 && errno == EINTR) {
     }
@@ -89,21 +92,27 @@ Process::~Process()
 bool Process::write(std::string_view text)
 {
     const WithoutBrokenPipeSignal quietly;
-    while (!text.empty()) {
-        const ssize_t count = ::write(input_.get(), text.data(), text.size());
+    while (input_.isOpen() && !text.empty()) {
+        if (!isReady(input_.get(), POLLOUT, patience)) {
+            ADD_FAILURE() << name_ << " reads nothing; not written: " << text.size() << " bytes";
+            return false;
+        }
+        // No more than there is room for in a pipe that is ready.
+        const ssize_t count =
+            ::write(input_.get(), text.data(), std::min<std::size_t>(text.size(), PIPE_BUF));
         if (count == -1 && errno != EINTR) {
             return false;
         }
         text.remove_prefix(count > 0 ? static_cast<std::size_t>(count) : 0);
     }
-    return true;
+    return input_.isOpen();
 }
 
-bool Process::hasOutput() const { return !unread_.empty() || canRead(output_.get(), {}); }
+bool Process::hasOutput() const { return !unread_.empty() || isReady(output_.get(), POLLIN, {}); }
 
 bool Process::readMore()
 {
-    if (!canRead(output_.get(), patience)) {
+    if (!isReady(output_.get(), POLLIN, patience)) {
         ADD_FAILURE() << name_ << " printed nothing more within the limit; unread: " << unread_ << err();
         return false;
     }
@@ -159,9 +168,9 @@ bool Process::hasEnded()
     rusage used{};
     if (!ending_ && ::wait4(process_, &status, WNOHANG, &used) == process_) {
         constexpr std::size_t kilobyte = 1024;
-        ending_ = Ending{.code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status),
-                         .signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0,
-                         .mostMemory = static_cast<std::size_t>(used.ru_maxrss) * kilobyte};
+        ending_ = ProcessEnding{.code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status),
+                                .signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0,
+                                .mostMemory = static_cast<std::size_t>(used.ru_maxrss) * kilobyte};
     }
     return ending_.has_value();
 }
@@ -177,7 +186,7 @@ bool Process::waitForStop()
     return info.si_code == CLD_STOPPED;
 }
 
-Ending Process::wait(std::chrono::milliseconds limit)
+ProcessEnding Process::wait(std::chrono::milliseconds limit)
 {
     const auto printed = [&] { return name_ + " still runs and has printed: " + out() + err(); };
     const testing::AssertionResult ended = eventually([&] { return hasEnded(); }, printed, limit);
@@ -188,18 +197,18 @@ Ending Process::wait(std::chrono::milliseconds limit)
             ::usleep(1'000);
         }
     }
-    Ending ending = *ending_;
+    ProcessEnding ending = *ending_;
     ending.out = out();
     ending.err = err();
     return ending;
 }
 
-Ending run(const ProcessOptions& options, std::chrono::milliseconds limit)
+ProcessEnding run(const ProcessOptions& options, std::chrono::milliseconds limit)
 {
     return Process(options).wait(limit);
 }
 
-Ending runShell(const std::string& line, ProcessOptions options)
+ProcessEnding runShell(const std::string& line, ProcessOptions options)
 {
     options.words = {"/bin/sh", "-c", line};
     return run(options);

@@ -57,7 +57,7 @@ struct ProcessOptions {
 };
 
 /// The end of a child.
-struct Ending {
+struct ProcessEnding {
     int code = -1;   ///< the exit code, or 128 plus the signal, as in a shell
     int signal = 0;  ///< the signal that ended the child; 0 for none
     std::string out = {};
@@ -77,8 +77,8 @@ public:
 
     pid_t number() const { return process_; }
 
-    /// Writes to the child's input: a pipe, a socket or the terminal. Returns false when nobody reads it any
-    /// more.
+    /// Writes to the child's input: a pipe, a socket or the terminal. Returns false when it is closed on
+    /// either side. Fails the test when the child does not read within the limit.
     bool write(std::string_view text);
     void closeInput() { input_.close(); }
 
@@ -101,7 +101,7 @@ public:
     bool waitForStop();
     /// Waits for the end. A child that does not end within the limit is killed and fails the test. Does not
     /// read a piped output: call `rest` first if the child may fill the pipe.
-    Ending wait(std::chrono::milliseconds limit = patience);
+    ProcessEnding wait(std::chrono::milliseconds limit = patience);
 
 private:
     bool readMore();
@@ -114,14 +114,14 @@ private:
     Descriptor capturedOut_;
     Descriptor capturedErr_;
     std::string unread_;
-    std::optional<Ending> ending_;
+    std::optional<ProcessEnding> ending_;
 };
 
 /// Starts a child and waits for its end.
-Ending run(const ProcessOptions& options, std::chrono::milliseconds limit = patience);
+ProcessEnding run(const ProcessOptions& options, std::chrono::milliseconds limit = patience);
 
 /// Runs a command line of the shell.
-Ending runShell(const std::string& line, ProcessOptions options = {});
+ProcessEnding runShell(const std::string& line, ProcessOptions options = {});
 
 /// A text quoted as one word of a shell command line.
 std::string shellWord(std::string_view text);

@@ -23,7 +23,7 @@ using namespace std::chrono_literals;
 
 TEST(AChildProcess, endsWithItsCodeAndItsOutput)
 {
-    const Ending ending = runShell("echo printed; echo reported >&2; exit 3");
+    const ProcessEnding ending = runShell("echo printed; echo reported >&2; exit 3");
     EXPECT_EQ(ending.code, 3);
     EXPECT_EQ(ending.signal, 0);
     EXPECT_EQ(ending.out, "printed\n");
@@ -33,7 +33,7 @@ TEST(AChildProcess, endsWithItsCodeAndItsOutput)
 
 TEST(AChildProcess, endedByASignalHas128PlusTheSignal)
 {
-    const Ending ending = runShell("kill -TERM $$");
+    const ProcessEnding ending = runShell("kill -TERM $$");
     EXPECT_EQ(ending.code, 128 + SIGTERM);
     EXPECT_EQ(ending.signal, SIGTERM);
 }
@@ -135,10 +135,10 @@ TEST(AChildProcess, canRunAFunction)
         std::cout << "from the child";
         return 5;
     };
-    const Ending ending = run({.work = work});
+    const ProcessEnding ending = run({.work = work});
     EXPECT_EQ(ending.code, 5);
     EXPECT_EQ(ending.out, "from the child");
-    const Ending thrown = run({.work = []() -> int { throw std::runtime_error("why"); }});
+    const ProcessEnding thrown = run({.work = []() -> int { throw std::runtime_error("why"); }});
     EXPECT_EQ(thrown.code, 1);
     EXPECT_EQ(thrown.err, "why\n");
 }

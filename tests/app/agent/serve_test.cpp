@@ -24,7 +24,7 @@ protected:
     {
         Words all = {"--directory", person.directory().string()};
         all.insert(all.end(), words.begin(), words.end());
-        return RealProgram(all).wait();
+        return runProgram(all);
     }
 
     std::string asks(ServedProgram& server) const
@@ -49,9 +49,8 @@ TEST_F(Serve, answersTheLinesOfAFile)
     const TemporaryDirectory place;
     writeText(place.path() / "input", request(1, "initialize", {{"protocolVersion", "2025-11-25"}}).dump() +
                                           "\n" + request(2, "tools/list").dump() + "\n");
-    RealProgram program({"--directory", person.directory().string(), "agent", "serve"},
-                        {.in = {.kind = Channel::Kind::file, .file = place.path() / "input"}});
-    const ProcessEnding ending = program.wait();
+    const ProcessEnding ending = runProgram({"--directory", person.directory().string(), "agent", "serve"},
+                                            {.in = Channel::toFile(place.path() / "input")});
     EXPECT_EQ(ending.code, 0);
     EXPECT_EQ(ending.err, "");
     std::istringstream lines(ending.out);
@@ -153,9 +152,9 @@ TEST_F(Serve, losesNoAnswerForAClientThatReadsLate)
 TEST_F(Serve, endsAtOnceWithoutItsChannels)
 {
     const Words words = {"--directory", person.directory().string(), "agent", "serve"};
-    EXPECT_EQ(RealProgram(words, {.in = closed}).wait().code, 0);
-    EXPECT_EQ(RealProgram(words, {.out = closed}).wait().code, 0);
-    EXPECT_EQ(RealProgram(words, {.in = closed, .out = closed, .err = closed}).wait().code, 0);
+    EXPECT_EQ(runProgram(words, {.in = Channel::closed()}).code, 0);
+    EXPECT_EQ(runProgram(words, {.out = Channel::closed()}).code, 0);
+    EXPECT_EQ(runProgram(words, noChannels()).code, 0);
 }
 
 TEST_F(Serve, usesOnlyTheDescriptorsOfItsEnvironment)

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "program_testing.hpp"
+#include "support/process.hpp"
 
-#include <sys/types.h>
-
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -12,45 +12,41 @@
 
 namespace quillmere::test {
 
-/// A client at the other end of its channels. Whatever is waited for must come within half a minute, or the
-/// test fails.
+/// The program and its client: the test writes to a socket that is the program's input, and reads its output
+/// from a pipe. The messages of both go to the transcript of the test.
 class ServedProgram {
 public:
-    explicit ServedProgram(const std::filesystem::path& directory, const Words& more = {});
+    explicit ServedProgram(const std::filesystem::path& directory, const Words& options = {});
     ServedProgram(const ServedProgram&) = delete;
     ServedProgram& operator=(const ServedProgram&) = delete;
+    /// Expects that the program ends when its input ends.
     ~ServedProgram();
 
-    /// Any bytes; a message that is written in this way is to be noted first.
-    void write(std::string_view bytes);
+    /// Writes any bytes; use `note` first for a message that belongs in the transcript.
+    void write(std::string_view bytes) { process_.write(bytes); }
     void note(const Json& message) { transcript_.client(message.dump()); }
-    /// A message, on a line of its own.
+    /// Sends a message on a line of its own.
     void send(const Json& message);
+    /// The next message; fails the test when none comes.
     Json receive();
-    /// Sends a request and returns what is received next.
+    /// Sends a request and returns the next message.
     Json asked(const Json& request);
     /// The structured content of a tool call.
     Json called(const std::string& tool, const Json& arguments = Json::object());
 
-    void closeInput();
-    void closeOutput();
-    void sendSignal(int signal);
+    void closeInput() { process_.closeInput(); }
+    void closeOutput() { process_.closeOutput(); }
+    void sendSignal(int signal) const { process_.send(signal); }
 
-    /// All that is left until the program closes its output.
-    std::string rest();
-    /// Waits for the end: the exit code, or 128 and the signal, as shells say it.
-    int end();
+    /// All that follows until the program closes its output.
+    std::string rest() { return process_.rest(); }
+    /// Waits for the end; returns the exit code, or 128 and the signal.
+    int end() { return process_.wait().code; }
 
 private:
-    /// Another piece of the output; false at its end.
-    bool readMore();
-
+    Process process_;
     Transcript transcript_;
-    int toServer_ = -1;
-    int fromServer_ = -1;
-    pid_t process_ = -1;
     int requests_ = 0;
-    std::string unread_;
 };
 
 }  // namespace quillmere::test

@@ -102,8 +102,8 @@ TEST(Bar, writesNoFileAndNeedsNoLock)
     Person person;
     person.has(stateIn(WorkflowState::focusing));
     person.now = moment + 100'000;
-    const int descriptor = ::open(person.directory().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    ASSERT_EQ(::flock(descriptor, LOCK_EX | LOCK_NB), 0);
+    const Descriptor locked(::open(person.directory().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    ASSERT_EQ(::flock(locked.get(), LOCK_EX | LOCK_NB), 0);
     const auto before = pictureOf(person.directory());
     for (const std::string& format : formats) {
         SCOPED_TRACE(format);
@@ -111,7 +111,6 @@ TEST(Bar, writesNoFileAndNeedsNoLock)
         EXPECT_EQ(code, format == "i3blocks" ? ExitCode::urgent : ExitCode::done);
     }
     EXPECT_EQ(pictureOf(person.directory()), before);
-    ::close(descriptor);
 }
 
 TEST(Bar, worksInADirectoryThatCannotBeWritten)
@@ -136,9 +135,9 @@ TEST(Bar, exitsWith74WhenTheOutputCannotBeWritten)
     for (const Words& words : {Words{"bar"}, Words{"bar", "--follow"}}) {
         Words line = {"--directory", directory};
         line.insert(line.end(), words.begin(), words.end());
-        EXPECT_EQ(RealProgram(line, {.out = fullDevice}).wait().code, 74);
-        EXPECT_EQ(RealProgram(line, {.out = closed}).wait().code, 74);
-        EXPECT_EQ(RealProgram(line, {.in = closed, .out = closed, .err = closed}).wait().code, 74);
+        EXPECT_EQ(runProgram(line, {.out = fullDevice()}).code, 74);
+        EXPECT_EQ(runProgram(line, {.out = Channel::closed()}).code, 74);
+        EXPECT_EQ(runProgram(line, noChannels()).code, 74);
     }
 }
 

@@ -3,14 +3,16 @@
 #include <signal.h>
 #include <sys/file.h>
 #include <time.h>
-#include <unistd.h>
 
-#include <cstdlib>
-#include <quillmere/widget/design.hpp>
+#include <filesystem>
+#include <iterator>
 #include <regex>
+#include <string>
 
-#include "bar/running_process.hpp"
+#include "bar/process_status.hpp"
 #include "hostile_texts.hpp"
+#include "program_testing.hpp"
+#include "support/process.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -48,17 +50,39 @@ protected:
 
     fs::path file() const { return directory.path() / WidgetSnapshotStore::fileName; }
 
-    Words bar(const Words& words = {}) const
+    /// The words that start `quillmere bar --follow` in this directory.
+    Words followWords(const Words& options = {}) const
     {
-        Words all = {"--directory", directory.path().string()};
-        all.insert(all.end(), words.begin(), words.end());
-        return followingBar(all);
+        Words words = {QUILLMERE_PROGRAM, "bar", "--follow", "--directory", directory.path().string()};
+        words.insert(words.end(), options.begin(), options.end());
+        return words;
+    }
+    /// Starts it; the test reads its lines as a bar does.
+    Process follow(const Words& options = {}) const
+    {
+        return Process({.words = followWords(options), .output = Channel::pipe()});
+    }
+    /// Before a bar that reads nothing, so that there is no room for any line.
+    Process followWithoutReader() const
+    {
+        return Process({.words = followWords(), .output = Channel::fullPipe()});
+    }
+    /// Under strace, with these options of it.
+    Process followTraced(const Words& straceOptions, const std::string& log) const
+    {
+        Words words = {"strace", "-o", log};
+        words.insert(words.end(), straceOptions.begin(), straceOptions.end());
+        const Words followed = followWords();
+        words.insert(words.end(), followed.begin(), followed.end());
+        // LeakSanitizer does not work under strace.
+        return Process(
+            {.words = words, .output = Channel::pipe(), .environment = {{"ASAN_OPTIONS", "detect_leaks=0"}}});
     }
 };
 
 TEST_F(Follow, printsALineAtOnceAndAtEachChangeOfTheFile)
 {
-    RunningProcess bar(this->bar());
+    Process bar = follow();
     EXPECT_EQ(bar.line(), nothingToDo);
     has(paused(60));
     EXPECT_EQ(bar.line().substr(0, 18), "Focus 01:00 paused");
@@ -66,14 +90,14 @@ TEST_F(Follow, printsALineAtOnceAndAtEachChangeOfTheFile)
     EXPECT_EQ(bar.line().substr(0, 18), "Focus 00:59 paused");
     fs::remove(file());
     EXPECT_EQ(bar.line(), nothingToDo);
-    EXPECT_FALSE(bar.hasMore());
+    EXPECT_FALSE(bar.hasOutput());
 }
 
-TEST_F(Follow, printsALineAtAChangeThatTheLineDoesNotShow)
+TEST_F(Follow, printsALineAtAChangeThatLeavesTheLineTheSame)
 {
     WidgetSnapshot summary = paused(60);
     has(summary);
-    RunningProcess bar(this->bar());
+    Process bar = follow();
     const std::string first = bar.line();
     summary.firstAction = "Another";
     has(summary);
@@ -83,12 +107,12 @@ TEST_F(Follow, printsALineAtAChangeThatTheLineDoesNotShow)
 TEST_F(Follow, printsNothingWhenAnotherFileChanges)
 {
     has(paused(60));
-    RunningProcess bar(this->bar());
+    Process bar = follow();
     bar.line();
     for (int change = 0; change < 10; ++change) {
-        const long before = bar.sleeps();
+        const long before = sleepCount(bar);
         writeText(directory.path() / "state.json", "{}");
-        bar.awaitSleepAfter(before);
+        ASSERT_TRUE(eventually([&] { return sleepCount(bar) > before; }));
     }
     // A line because of the other file would come before this one.
     has(paused(59));
@@ -98,7 +122,7 @@ TEST_F(Follow, printsNothingWhenAnotherFileChanges)
 TEST_F(Follow, countsDownByItself)
 {
     has(countdown(1'000));
-    RunningProcess bar(this->bar({"--format", "json"}));
+    Process bar = follow({"--format", "json"});
     const std::int64_t first = std::stoll(jsonAt("/remaining_seconds", bar.line()));
     EXPECT_LT(std::stoll(jsonAt("/remaining_seconds", bar.line())), first);
 }
@@ -108,10 +132,10 @@ TEST_F(Follow, exitsWith0AtASignal)
     for (const int signal : {SIGTERM, SIGINT}) {
         for (const WidgetSnapshot& summary : {paused(60), countdown(1'000)}) {
             has(summary);
-            RunningProcess bar(this->bar());
+            Process bar = follow();
             bar.line();
             bar.send(signal);
-            EXPECT_EQ(bar.wait(), 0);
+            EXPECT_EQ(bar.wait().code, 0);
         }
     }
 }
@@ -120,50 +144,50 @@ TEST_F(Follow, exitsWith0WhenItsReaderIsGone)
 {
     // Without a change, this one would write nothing for half an hour.
     has(paused(60));
-    RunningProcess sleeping(bar());
+    Process sleeping = follow();
     sleeping.line();
-    sleeping.stopReading();
-    EXPECT_EQ(sleeping.wait(), 0);
+    sleeping.closeOutput();
+    EXPECT_EQ(sleeping.wait().code, 0);
 
     has(countdown(1'000));
-    RunningProcess counting(bar());
+    Process counting = follow();
     counting.line();
-    counting.stopReading();
-    EXPECT_EQ(counting.wait(), 0);
+    counting.closeOutput();
+    EXPECT_EQ(counting.wait().code, 0);
 
-    RunningProcess beginning(bar(), /*pipeIsFull=*/true);
-    beginning.stopReading();
-    EXPECT_EQ(beginning.wait(), 0);
+    Process beginning = followWithoutReader();
+    beginning.closeOutput();
+    EXPECT_EQ(beginning.wait().code, 0);
 }
 
 TEST_F(Follow, exitsWith0AtASignalWhileItsReaderIsSlow)
 {
     has(countdown(1'000));
-    RunningProcess bar(this->bar(), /*pipeIsFull=*/true);
-    bar.awaitHoldingBack(SIGTERM);
+    Process bar = followWithoutReader();
+    ASSERT_TRUE(eventually([&] { return blocksSignal(bar, SIGTERM); }));
     bar.send(SIGTERM);
-    EXPECT_EQ(bar.wait(), 0);
+    EXPECT_EQ(bar.wait().code, 0);
 }
 
 TEST_F(Follow, givesASlowReaderNoOutdatedLine)
 {
     has(paused(60));
-    RunningProcess bar(this->bar(), /*pipeIsFull=*/true);
-    bar.awaitHoldingBack(SIGTERM);
-    bar.awaitSleep();
+    Process bar = followWithoutReader();
+    ASSERT_TRUE(eventually([&] { return blocksSignal(bar, SIGTERM); }));
+    ASSERT_TRUE(eventually([&] { return isAsleep(bar); }));
     has(paused(59));
     std::string line;
     while (line.empty() && !HasFailure()) {
         line = bar.line();
     }
     EXPECT_EQ(line.substr(0, 18), "Focus 00:59 paused");
-    EXPECT_FALSE(bar.hasMore());
+    EXPECT_FALSE(bar.hasOutput());
 }
 
 TEST_F(Follow, printsThatTheFileCannotBeReadAndGoesOn)
 {
     has(paused(60));
-    RunningProcess bar(this->bar());
+    Process bar = follow();
     bar.line();
     writeText(file(), "{}");
     // Between two steps of writing, the file was empty, which gives the same line.
@@ -175,7 +199,7 @@ TEST_F(Follow, printsThatTheFileCannotBeReadAndGoesOn)
 TEST_F(Follow, beginsWithAFileThatCannotBeRead)
 {
     writeText(file(), "{}");
-    RunningProcess bar(this->bar({"--format", "waybar"}));
+    Process bar = follow({"--format", "waybar"});
     EXPECT_EQ(
         bar.line(),
         R"({"text":"The widget&#39;s summary cannot be read.","alt":"unreadable",)"
@@ -187,31 +211,30 @@ TEST_F(Follow, beginsWithAFileThatCannotBeRead)
 TEST_F(Follow, findsTheContainerThatIsMadeLater)
 {
     const EnvironmentVariable data("XDG_DATA_HOME", (directory.path() / "data").string());
-    RunningProcess bar(followingBar({}));
+    Process bar({.words = {QUILLMERE_PROGRAM, "bar", "--follow"}, .output = Channel::pipe()});
     EXPECT_EQ(bar.line(), nothingToDo);
     const Person person;
     EXPECT_EQ(person.runs({"plan", "--outcome", "Chapter", "--start"}).code, ExitCode::done);
     EXPECT_EQ(bar.line(), "Planning \u00B7 Plan the next session \u00B7 Chapter");
     bar.send(SIGTERM);
-    EXPECT_EQ(bar.wait(), 0);
+    EXPECT_EQ(bar.wait().code, 0);
 }
 
 TEST_F(Follow, writesNoFileAndNeedsNoLock)
 {
     has(countdown(1'000));
-    const int descriptor = ::open(directory.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    ASSERT_EQ(::flock(descriptor, LOCK_EX | LOCK_NB), 0);
+    const Descriptor locked(::open(directory.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    ASSERT_EQ(::flock(locked.get(), LOCK_EX | LOCK_NB), 0);
     const auto before = pictureOf(directory.path());
-    RunningProcess bar(this->bar());
+    Process bar = follow();
     bar.line();
     bar.line();
     bar.send(SIGTERM);
-    EXPECT_EQ(bar.wait(), 0);
+    EXPECT_EQ(bar.wait().code, 0);
     EXPECT_EQ(pictureOf(directory.path()), before);
-    ::close(descriptor);
 }
 
-bool canTrace() { return std::system("strace -o /dev/null true 2>/dev/null") == 0; }
+bool canTrace() { return succeeds({"strace", "-o", "/dev/null", "true"}); }
 
 /// The number of matches of `pattern` in a text.
 std::ptrdiff_t occurrences(const std::string& text, const std::string& pattern)
@@ -225,25 +248,19 @@ TEST_F(Follow, exitsWith0WhenItsReaderIsGoneAtTheMomentOfWriting)
     if (!canTrace()) {
         GTEST_SKIP() << "strace is not installed, or may not trace here";
     }
-    const EnvironmentVariable sanitizer("ASAN_OPTIONS", "detect_leaks=0");
     const TemporaryDirectory beside;
     const std::string log = (beside.path() / "log").string();
-    const auto traced = [&](const std::string& expression) {
-        Words words = {"strace", "-o", log, "-e", expression};
-        const Words followed = bar();
-        words.insert(words.end(), followed.begin(), followed.end());
-        return words;
-    };
-    RunningProcess undisturbed(traced("trace=write"));
+    Process undisturbed = followTraced({"-e", "trace=write"}, log);
     undisturbed.line();
-    undisturbed.stopReading();
-    EXPECT_EQ(undisturbed.wait(), 0);
-    // Sanitizers write to their own pipes before.
+    undisturbed.closeOutput();
+    EXPECT_EQ(undisturbed.wait().code, 0);
+    // Sanitizers write to pipes of their own before.
     const std::string calls = textOf(log);
     const auto first = occurrences(calls.substr(0, calls.find("write(1,")), R"(write\()") + 1;
-    // As the system does it: sends the signal and fails the call.
-    RunningProcess disturbed(traced("inject=write:error=EPIPE:signal=PIPE:when=" + std::to_string(first)));
-    EXPECT_EQ(disturbed.wait(), 0);
+    // As the system does for a reader that has gone: it sends the signal and fails the call.
+    Process disturbed =
+        followTraced({"-e", "inject=write:error=EPIPE:signal=PIPE:when=" + std::to_string(first)}, log);
+    EXPECT_EQ(disturbed.wait().code, 0);
 }
 
 TEST_F(Follow, sleepsWhileNothingRunsAndReadsTheFileOnlyWhenItChanges)
@@ -251,20 +268,15 @@ TEST_F(Follow, sleepsWhileNothingRunsAndReadsTheFileOnlyWhenItChanges)
     if (!canTrace()) {
         GTEST_SKIP() << "strace is not installed, or may not trace here";
     }
-    const EnvironmentVariable sanitizer("ASAN_OPTIONS", "detect_leaks=0");
     has(paused(60));
     const TemporaryDirectory beside;
     const std::string log = (beside.path() / "log").string();
-    Words words = {"strace", "-o", log, "-e", "trace=ppoll,openat"};
-    for (const std::string& word : bar()) {
-        words.push_back(word);
-    }
-    RunningProcess bar(words);
+    Process bar = followTraced({"-e", "trace=ppoll,openat"}, log);
     bar.line();
     has(paused(59));
     bar.line();
-    bar.stopReading();
-    EXPECT_EQ(bar.wait(), 0);
+    bar.closeOutput();
+    EXPECT_EQ(bar.wait().code, 0);
     const std::string calls = textOf(log);
     // A wait for a change has a limit of half an hour; a wait for the reader has none.
     const auto sleeping = occurrences(calls, R"(ppoll\(.*tv_sec=(1800|1799))");

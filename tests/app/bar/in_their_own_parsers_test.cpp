@@ -1,14 +1,13 @@
 // The lines in the bars' own parsers: each shows the sanitized and cut text unchanged.
 #include <pango/pango.h>
-#include <unistd.h>
 
-#include <cstdlib>
 #include <nlohmann/json.hpp>
-#include <tuple>
+#include <string>
 
 #include "bar/bar_format.hpp"
-#include "bar/running_process.hpp"
 #include "hostile_texts.hpp"
+#include "program_testing.hpp"
+#include "support/process.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -73,8 +72,8 @@ TEST(AnyProgram, readsTheTextsFromJsonUnchanged)
     }
 }
 
-/// Our block in a line of i3blocks, an element of the endless array that it has i3bar show; null where it is
-/// not shown yet.
+/// Quillmere's block in a line of i3blocks, an element of the endless array for i3bar; null while it is
+/// missing.
 nlohmann::json blockIn(const std::string& line)
 {
     if (line.starts_with(",[")) {
@@ -89,7 +88,7 @@ nlohmann::json blockIn(const std::string& line)
 
 TEST(I3blocks, passesTheTextOnUnchanged)
 {
-    if (!isInstalled("i3blocks")) {
+    if (!succeeds({"i3blocks", "-V"})) {
         GTEST_SKIP() << "i3blocks is not installed";
     }
     const TemporaryDirectory files;
@@ -108,7 +107,7 @@ TEST(I3blocks, passesTheTextOnUnchanged)
             WidgetSnapshotStore(files.path()).save(summary);
             const BarContent content = bar::barContent(summary, moment, width);
             const std::string lines = barText(BarFormat::i3blocks, content, pace);
-            RunningProcess blocks({"i3blocks", "-c", config});
+            Process blocks({.words = {"i3blocks", "-c", config}, .output = Channel::pipe()});
             nlohmann::json shown;
             while (shown.is_null() && !HasFailure()) {
                 shown = blockIn(blocks.line());
@@ -128,63 +127,62 @@ class TmuxInTmux : public testing::Test {
 protected:
     void SetUp() override
     {
-        if (!isInstalled("tmux")) {
+        if (!succeeds({"tmux", "-V"})) {
             GTEST_SKIP() << "tmux is not installed";
         }
-        inner("new-session -d -x 200 -y 6");
-        inner("set -g status-right-length 180");
-        inner("set -g status-left ''");
-        outer("new-session -d -x 200 -y 6 'env -u TMUX tmux -u -S " + socket("inner") + " attach'");
-        outer("set -g status off");
+        inner({"new-session", "-d", "-x", "200", "-y", "6"});
+        inner({"set", "-g", "status-right-length", "180"});
+        inner({"set", "-g", "status-left", ""});
+        outer({"new-session", "-d", "-x", "200", "-y", "6",
+               "env -u TMUX tmux -u -S " + socket("inner") + " attach"});
+        outer({"set", "-g", "status", "off"});
     }
 
     void TearDown() override
     {
-        if (isInstalled("tmux")) {
-            outer("kill-server");
-            inner("kill-server");
+        if (!IsSkipped()) {
+            outer({"kill-server"});
+            inner({"kill-server"});
         }
     }
 
     std::string socket(const char* name) const { return (place.path() / name).string(); }
 
-    std::string at(const char* server, const std::string& command) const
-    {
-        const auto answer = place.path() / "answer";
-        // Ending a server ends its clients too.
-        std::ignore = std::system(
-            ("tmux -u -f /dev/null -S " + socket(server) + " " + command + " >" + answer.string() + " 2>&1")
-                .c_str());
-        return textOf(answer);
-    }
+    std::string inner(const Words& command) const { return tmux("inner", command); }
+    std::string outer(const Words& command) const { return tmux("outer", command); }
 
-    std::string inner(const std::string& command) const { return at("inner", command); }
-    std::string outer(const std::string& command) const { return at("outer", command); }
-
-    /// The status line for the output of a command.
+    /// How the status line shows a line that a command prints.
     std::string shown(const std::string& line)
     {
         const std::string number = std::to_string(++count_);
         const std::string file = (place.path() / ("line" + number)).string();
         writeText(file, line);
-        inner("set -g status-right '#(cat " + file + ") end" + number + "'");
+        inner({"set", "-g", "status-right", "#(cat " + file + ") end" + number});
         std::string screen;
-        for (int attempt = 0; attempt < 6'000; ++attempt) {
-            screen = outer("capture-pane -p -J");
-            const std::size_t begin = screen.find("Focus");
-            const std::size_t end = screen.find(" end" + number);
-            if (begin < end && end != std::string::npos) {
-                return screen.substr(begin, end - begin);
-            }
-            ::usleep(10'000);
-        }
-        return "nothing but " + screen;
+        std::size_t begin = 0;
+        std::size_t end = 0;
+        const auto isThere = [&] {
+            screen = outer({"capture-pane", "-p", "-J"});
+            begin = screen.find("Focus");
+            end = screen.find(" end" + number);
+            return begin < end && end != std::string::npos;
+        };
+        const testing::AssertionResult appeared = eventually(isThere, [&] { return screen; });
+        EXPECT_TRUE(appeared);
+        return appeared ? screen.substr(begin, end - begin) : std::string();
     }
 
     TemporaryDirectory place;
 
 private:
-    // The directory in which a command in a text would write.
+    std::string tmux(const char* server, const Words& command) const
+    {
+        Words words = {"tmux", "-u", "-f", "/dev/null", "-S", socket(server)};
+        words.insert(words.end(), command.begin(), command.end());
+        return run({.words = words, .error = Channel::sameAsOut()}).out;
+    }
+
+    // A command in a text that is not escaped would run here.
     const CurrentDirectory here_{place.path()};
     // Before the servers begin: they take no part in a session in which the tests run.
     const EnvironmentVariable noSession_{"TMUX", std::nullopt};
@@ -221,7 +219,7 @@ TEST_F(TmuxInTmux, showsOneHashForADoubledOne)
     EXPECT_EQ(shown("Focus a##b ##{pid} ##[fg=red]c\n"), "Focus a#b #{pid} #[fg=red]c");
 }
 
-TEST_F(TmuxInTmux, obeysATextThatIsNotEscaped)
+TEST_F(TmuxInTmux, obeysTextsThatAreNotEscaped)
 {
     // Proves that the tests above would see it.
     EXPECT_EQ(shown("Focus #[fg=red]red #{?,yes,no}\n"), "Focus red no");

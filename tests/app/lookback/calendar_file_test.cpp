@@ -3,6 +3,7 @@
 
 #include "base/version.hpp"
 #include "figures_testing.hpp"
+#include "support/process.hpp"
 
 #include <sstream>
 
@@ -167,41 +168,48 @@ TEST(CalendarLine, endsForBytesThatAreNoText)
     EXPECT_EQ(calendarLine("A", std::string(300, '\xBF')).size(), 302u + 2 + 4 * 3);
 }
 
-std::string readByAnotherProgram(const std::string& calendar, const std::string& expected, const char* script)
+/// How a program of others ends that reads the calendar: the script has its events, and `expected` as `text`.
+ProcessEnding readByAnotherProgram(const std::string& calendar, const std::string& expected,
+                                   const std::string& script)
 {
     const TemporaryDirectory directory;
-    writeText(directory.path() / "sessions.ics", calendar);
-    writeText(directory.path() / "expected", expected);
-    return outputOf(std::string("/usr/bin/python3 -c '\n"
-                                "import icalendar, sys\n"
-                                "calendar = icalendar.Calendar.from_ical(open(sys.argv[1], \"rb\").read())\n"
-                                "events = calendar.walk(\"VEVENT\")\n"
-                                "text = open(sys.argv[2], newline=\"\", encoding=\"utf-8\").read()\n") +
-                    script + "' " + (directory.path() / "sessions.ics").string() + " " +
-                    (directory.path() / "expected").string() + " 2>&1");
+    const std::string calendarFile = (directory.path() / "sessions.ics").string();
+    const std::string expectedFile = (directory.path() / "expected").string();
+    writeText(calendarFile, calendar);
+    writeText(expectedFile, expected);
+    const std::string reading =
+        "import icalendar, sys\n"
+        "calendar = icalendar.Calendar.from_ical(open(sys.argv[1], 'rb').read())\n"
+        "events = calendar.walk('VEVENT')\n"
+        "text = open(sys.argv[2], newline='', encoding='utf-8').read()\n";
+    return run({.words = {"/usr/bin/python3", "-c", reading + script, calendarFile, expectedFile}});
 }
 
 TEST(Calendar, isReadBackAsItWasWrittenByAnotherProgram)
 {
     std::string text = replaced(replaced(hostileText, "\x1b", "\uFFFD"), "\x01", "\uFFFD");
     text = replaced(text, "\r\n", "\n");
-    EXPECT_EQ(
+    const ProcessEnding ending =
         readByAnotherProgram(calendarAt(hostileState()), text,
                              "event = events[0]\n"
                              "assert len(events) == 1 and not event.errors, event.errors\n"
-                             "assert str(event[\"SUMMARY\"]) == text, (event[\"SUMMARY\"], text)\n"
-                             "assert str(event[\"DESCRIPTION\"]).count(text) == 4\n"
-                             "print(event[\"UID\"], event.decoded(\"DTSTART\"), event.decoded(\"DTEND\"),\n"
-                             "      event.decoded(\"DTSTAMP\"))\n"),
-        "9F1C2A4E-0B7D-4C55-8E21-0000000002BC 2026-11-15 15:00:00+00:00 2026-11-15 15:25:00+00:00 "
-        "2026-11-15 17:00:00+00:00\nexit 0\n");
+                             "assert str(event['SUMMARY']) == text, (event['SUMMARY'], text)\n"
+                             "assert str(event['DESCRIPTION']).count(text) == 4\n"
+                             "print(event['UID'], event.decoded('DTSTART'), event.decoded('DTEND'),\n"
+                             "      event.decoded('DTSTAMP'))\n");
+    EXPECT_EQ(ending.code, 0) << ending.err;
+    EXPECT_EQ(ending.out,
+              "9F1C2A4E-0B7D-4C55-8E21-0000000002BC 2026-11-15 15:00:00+00:00 2026-11-15 15:25:00+00:00 "
+              "2026-11-15 17:00:00+00:00\n");
 }
 
-TEST(Calendar, isOneWithoutSessionsToo)
+TEST(Calendar, isReadableWithoutSessionsToo)
 {
-    EXPECT_EQ(readByAnotherProgram(calendarAt(QuillmereState::initial(moment)), "",
-                                   "print(len(events), [part.name for part in calendar.subcomponents])\n"),
-              "0 ['VTIMEZONE']\nexit 0\n");
+    const ProcessEnding ending =
+        readByAnotherProgram(calendarAt(QuillmereState::initial(moment)), "",
+                             "print(len(events), [part.name for part in calendar.subcomponents])\n");
+    EXPECT_EQ(ending.code, 0) << ending.err;
+    EXPECT_EQ(ending.out, "0 ['VTIMEZONE']\n");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include "lookback/csv.hpp"
 
 #include "figures_testing.hpp"
+#include "support/process.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -98,23 +99,23 @@ TEST(Csv, isReadBackAsItWasWrittenByAnotherProgram)
     const auto file = directory.path() / "sessions.csv";
     const auto expected = directory.path() / "expected";
     writeText(file, csvAt(hostileState()));
-    // What is in the file is the text behind an apostrophe, without what no terminal should get.
+    // The file has an apostrophe before the text, which is sanitized.
     std::string text = "'" + hostileText;
     text = replaced(replaced(text, "\x1b", "\uFFFD"), "\x01", "\uFFFD");
     writeText(expected, text);
-    EXPECT_EQ(
-        outputOf(
-            "/usr/bin/python3 -c '\n"
-            "import csv, sys\n"
-            "rows = list(csv.DictReader(open(sys.argv[1], newline=\"\", encoding=\"utf-8\"), strict=True))\n"
-            "text = open(sys.argv[2], newline=\"\", encoding=\"utf-8\").read()\n"
-            "assert len(rows) == 1, rows\n"
-            "for name in [\"block_outcome\", \"intended_outcome\", \"first_action\", \"result\",\n"
-            "             \"distractions\", \"improvement\"]:\n"
-            "    assert rows[0][name] == text, (name, rows[0][name], text)\n"
-            "print(rows[0][\"worked_seconds\"], len(rows[0]))' " +
-            file.string() + " " + expected.string() + " 2>&1"),
-        "1500 18\nexit 0\n");
+    const char* const script =
+        "import csv, sys\n"
+        "rows = list(csv.DictReader(open(sys.argv[1], newline='', encoding='utf-8'), strict=True))\n"
+        "text = open(sys.argv[2], newline='', encoding='utf-8').read()\n"
+        "assert len(rows) == 1, rows\n"
+        "for name in ['block_outcome', 'intended_outcome', 'first_action', 'result', 'distractions',\n"
+        "             'improvement']:\n"
+        "    assert rows[0][name] == text, (name, rows[0][name], text)\n"
+        "print(rows[0]['worked_seconds'], len(rows[0]))\n";
+    const ProcessEnding ending =
+        run({.words = {"/usr/bin/python3", "-c", script, file.string(), expected.string()}});
+    EXPECT_EQ(ending.code, 0) << ending.err;
+    EXPECT_EQ(ending.out, "1500 18\n");
 }
 
 }  // namespace

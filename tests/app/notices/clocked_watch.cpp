@@ -4,7 +4,7 @@
 
 #include <chrono>
 
-#include "desktop.hpp"
+#include "support/eventually.hpp"
 
 namespace quillmere::test {
 
@@ -58,7 +58,7 @@ void ClockedWatch::untilIdle()
     ADD_FAILURE() << "a watch does not come to rest: " << said();
 }
 
-bool ClockedWatch::roundsUntil(const std::function<bool()>& condition)
+testing::AssertionResult ClockedWatch::roundsUntil(const std::function<bool()>& condition)
 {
     return eventually([&] {
         round();

@@ -30,8 +30,8 @@ public:
     void round() { watch_.round(moment()); }
     /// Runs rounds until nothing is left to do at this moment; fails the test when that takes too many.
     void untilIdle();
-    /// Runs rounds until `condition` holds, for what real processes do; false when it takes too long.
-    bool roundsUntil(const std::function<bool()>& condition);
+    /// Runs rounds until `condition` holds, which depends on real processes.
+    testing::AssertionResult roundsUntil(const std::function<bool()>& condition);
 
     notices::Waiting waiting() const { return watch_.waiting(moment()); }
     bool isIdle() const { return watch_.isIdle(moment()); }

@@ -1,11 +1,8 @@
 #include "desktop.hpp"
 
-#include "workspace/state_home.hpp"
-
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/inotify.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
@@ -13,25 +10,10 @@
 #include <cmath>
 #include <fstream>
 #include <sstream>
-#include <thread>
-#include <utility>
 
 namespace quillmere::test {
 
 namespace fs = std::filesystem;
-using namespace std::chrono_literals;
-
-bool eventually(const std::function<bool()>& condition)
-{
-    const auto limit = std::chrono::steady_clock::now() + 30s;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > limit) {
-            return false;
-        }
-        std::this_thread::sleep_for(10ms);
-    }
-    return true;
-}
 
 Instant presentSecond()
 {
@@ -69,17 +51,10 @@ QuillmereState asking(QuillmereState state, unsigned number, const std::string& 
     return state;
 }
 
-Pipe makePipe()
-{
-    int ends[2] = {-1, -1};
-    EXPECT_EQ(::pipe2(ends, O_CLOEXEC), 0);
-    return {.from = base::Descriptor(ends[0]), .to = base::Descriptor(ends[1])};
-}
-
 FileEvents fileEventsDuring(const fs::path& directory, const std::string& name,
                             const std::function<void()>& act)
 {
-    const base::Descriptor events(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+    const Descriptor events(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
     EXPECT_NE(::inotify_add_watch(events.get(), directory.c_str(), IN_OPEN | IN_CREATE), -1);
     act();
     FileEvents counts;
@@ -96,28 +71,10 @@ FileEvents fileEventsDuring(const fs::path& directory, const std::string& name,
     return counts;
 }
 
-Process::~Process()
+int endBy(Process& process, int signal)
 {
-    if (child_ != -1) {
-        base::killChild(child_);
-    }
-}
-
-int Process::endBy(int signal)
-{
-    ::kill(child_, signal);
-    return wait();
-}
-
-int Process::wait()
-{
-    int status = 0;
-    if (!eventually([&] { return ::waitpid(child_, &status, WNOHANG) == child_; })) {
-        ADD_FAILURE() << "a process does not end";
-        return -1;
-    }
-    child_ = -1;
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    process.send(signal);
+    return process.wait().code;
 }
 
 std::string childrenOf(pid_t process)
@@ -131,64 +88,52 @@ std::string childrenOf(pid_t process)
 
 namespace {
 
-/// Starts a program and waits for its first line.
-std::unique_ptr<Process> readyProcess(base::ChildProgram program)
+ProcessOptions busDaemon(const fs::path& socket, const fs::path& settings)
 {
-    Pipe output = makePipe();
-    program.output = output.to.get();
-    auto process = std::make_unique<Process>(program);
-    output.to = base::Descriptor();
-    char character = 0;
-    while (character != '\n') {
-        if (::read(output.from.get(), &character, 1) <= 0) {
-            ADD_FAILURE() << program.words.front() << " did not get ready";
-            break;
-        }
-    }
-    return process;
+    writeText(settings, "<busconfig><type>session</type><listen>unix:path=" + socket.string() +
+                            "</listen><policy context=\"default\"><allow send_destination=\"*\"/><allow "
+                            "own=\"*\"/><allow receive_sender=\"*\"/></policy></busconfig>");
+    return {.words = {"dbus-daemon", "--nofork", "--print-address=1", "--config-file=" + settings.string()},
+            .output = Channel::pipe()};
 }
 
-/// A word for the shell.
-std::string quoted(const std::string& word)
+ProcessOptions notificationService(const std::string& address, const fs::path& log,
+                                   const ServiceSettings& settings)
 {
-    std::string text = "'";
-    for (const char character : word) {
-        text += character == '\'' ? std::string("'\\''") : std::string(1, character);
-    }
-    return text + "'";
+    Words words = {NOTIFICATION_SERVICE, log.string(), settings.behaviour};
+    words.insert(words.end(), settings.capabilities.begin(), settings.capabilities.end());
+    return {.words = words,
+            .input = Channel::pipe(),
+            .output = Channel::pipe(),
+            .environment = {{"DBUS_SESSION_BUS_ADDRESS", address}}};
+}
+
+/// In a child: a signal ignored and a file left open.
+void ignoreSignalAndLeaveFileOpen()
+{
+    ::signal(SIGPIPE, SIG_IGN);
+    const int file = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+    // Never in the place of a standard channel that is closed.
+    ::fcntl(file, F_DUPFD, STDERR_FILENO + 1);
+    ::close(file);
 }
 
 }  // namespace
 
-SessionBus::SessionBus(const fs::path& socket)
+SessionBus::SessionBus(const fs::path& socket) : daemon_(busDaemon(socket, directory_.path() / "bus.conf"))
 {
-    const fs::path settings = directory_.path() / "bus.conf";
-    writeText(settings, "<busconfig><type>session</type><listen>unix:path=" + socket.string() +
-                            "</listen><policy context=\"default\"><allow send_destination=\"*\"/><allow "
-                            "own=\"*\"/><allow receive_sender=\"*\"/></policy></busconfig>");
-    // It complains about limits that do not matter here.
-    daemon_ = readyProcess({.words = {"/bin/sh", "-c",
-                                      "exec dbus-daemon --nofork --print-address=1 --config-file=\"$0\" "
-                                      "2>/dev/null",
-                                      settings.string()}});
+    // It prints its address when it is ready.
+    EXPECT_NE(daemon_.line(), "");
 }
 
 NotificationService::NotificationService(const std::string& address, const fs::path& log,
                                          const ServiceSettings& settings)
+    : process_(notificationService(address, log, settings))
 {
-    Words words = {NOTIFICATION_SERVICE, log.string(), settings.behaviour};
-    words.insert(words.end(), settings.capabilities.begin(), settings.capabilities.end());
-    Pipe orders = makePipe();
-    process_ = readyProcess(
-        {.words = words, .variables = {"DBUS_SESSION_BUS_ADDRESS=" + address}, .input = orders.from.get()});
-    orders_ = std::move(orders.to);
+    EXPECT_EQ(process_.line(), "ready");
 }
 
-void NotificationService::signals(const std::string& order) const
-{
-    const std::string line = order + "\n";
-    EXPECT_EQ(::write(orders_.get(), line.data(), line.size()), static_cast<ssize_t>(line.size()));
-}
+void NotificationService::signals(const std::string& order) { EXPECT_TRUE(process_.write(order + "\n")); }
 
 void Desktop::hasService(const ServiceSettings& settings)
 {
@@ -213,55 +158,32 @@ std::vector<nlohmann::json> Desktop::notices() const
     return calls;
 }
 
-std::string Desktop::watchCommand(const Words& options) const
+ProcessOptions Desktop::watchOptions(const Words& options, const std::string& name) const
 {
-    // With a signal ignored and a file left open, as a program may be started.
-    std::string command = "trap '' PIPE; exec 7</dev/null; exec " + quoted(QUILLMERE_PROGRAM) +
-                          " --directory " + quoted(person.directory().string()) + " watch";
-    for (const std::string& option : options) {
-        command += " " + quoted(option);
-    }
-    return command;
-}
-
-Words Desktop::variables() const
-{
-    return {"DBUS_SESSION_BUS_ADDRESS=unix:path=" + socket().string(),
-            "XDG_STATE_HOME=" + person.stateHome().string(), "TZ=UTC"};
-}
-
-Process Desktop::watching(const Words& options, const std::string& name) const
-{
-    const std::string command = watchCommand(options) + " >" + quoted(file(name + ".out").string()) + " 2>" +
-                                quoted(file(name + ".err").string());
-    return Process({.words = {"/bin/sh", "-c", command}, .variables = variables()});
-}
-
-Process Desktop::watchingElsewhere(const std::string& name) const
-{
-    Words there = variables();
-    there.front() = "DBUS_SESSION_BUS_ADDRESS=unix:path=" + elsewhere().string();
-    const std::string command = watchCommand() + " >" + quoted(file(name + ".out").string()) + " 2>" +
-                                quoted(file(name + ".err").string());
-    return Process({.words = {"/bin/sh", "-c", command}, .variables = there});
+    Words words = {QUILLMERE_PROGRAM, "--directory", person.directory().string(), "watch"};
+    words.insert(words.end(), options.begin(), options.end());
+    // Left by an earlier watch.
+    fs::remove(file(name + ".out"));
+    fs::remove(file(name + ".err"));
+    return {.words = words,
+            .output = Channel::toFile(file(name + ".out")),
+            .error = Channel::toFile(file(name + ".err")),
+            .environment = {{"DBUS_SESSION_BUS_ADDRESS", "unix:path=" + socket().string()},
+                            {"XDG_STATE_HOME", person.stateHome().string()},
+                            {"TZ", "UTC"}},
+            .inChild = ignoreSignalAndLeaveFileOpen};
 }
 
 void Desktop::watchesOnce(const Words& options) const
 {
     Words all = {"--once"};
     all.insert(all.end(), options.begin(), options.end());
-    EXPECT_EQ(watching(all).wait(), 0) << said();
+    EXPECT_EQ(run(watchOptions(all)).code, 0) << said();
 }
 
 std::string Desktop::textIn(const std::string& name) const
 {
     return fs::exists(file(name)) ? textOf(file(name)) : std::string();
-}
-
-std::size_t Desktop::recordCount() const
-{
-    const fs::path records = workspace::stateDirectory(person.directory(), person.stateHome()) / "notices";
-    return fs::exists(records) ? namesIn(records).size() : 0;
 }
 
 std::size_t countOf(const std::string& part, const std::string& text)

@@ -1,7 +1,6 @@
 // The person's programs that run at each event.
 #include "notices/subprocesses.hpp"
 
-#include <fcntl.h>
 #include <signal.h>
 #include <unistd.h>
 
@@ -19,13 +18,10 @@ using notices::Moment;
 using notices::Subprocesses;
 using std::chrono::seconds;
 
-/// A FIFO, open for both directions, so that neither opening nor writing waits for the other end.
-base::Descriptor makeOpenFifo(const std::filesystem::path& path)
+Descriptor makeOpenFifo(const std::filesystem::path& path)
 {
     makeFifo(path);
-    base::Descriptor fifo(::open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC));
-    EXPECT_NE(fifo.get(), -1);
-    return fifo;
+    return openFifo(path);
 }
 
 class Hook : public testing::Test {
@@ -124,7 +120,7 @@ TEST_F(Hook, runsWithSevenOthersAtMost)
         state = asking(state, number, "May I?");
     }
     person.has(state);
-    const base::Descriptor gate = makeOpenFifo(file("gate"));
+    const Descriptor gate = makeOpenFifo(file("gate"));
     // Opened for both directions here as well, before the hook is counted: one line releases one hook.
     const std::string hook =
         "exec 3<> '" + file("gate").string() + "'; echo begun" + into("runs") + "; read line <&3";
@@ -176,12 +172,12 @@ TEST_F(Hook, thatFailsIsNamed)
     EXPECT_EQ(countOf("The hook \"kill -9 $$\" failed: it was ended by signal 9.\n", said), 1U) << said;
 }
 
-/// Hooks of a real `quillmere watch`, which is started with SIGPIPE ignored and a file left open.
+/// Hooks of a real `quillmere watch`.
 class HookOfAProcess : public Desktop {};
 
 TEST_F(HookOfAProcess, thatHangsStopsNothing)
 {
-    const base::Descriptor fifo = makeOpenFifo(file("fifo"));
+    const Descriptor fifo = makeOpenFifo(file("fifo"));
     const std::string hang = "exec 3<> '" + file("fifo").string() + "'; echo hangs >> '" +
                              file("hanging").string() + "'; read line <&3";
     const std::string note = "echo \"$1\" >> '" + file("events").string() + "'";
@@ -190,7 +186,7 @@ TEST_F(HookOfAProcess, thatHangsStopsNothing)
     EXPECT_TRUE(eventually([&] { return textIn("events") == "focus_ended\n"; })) << said();
     person.has(breakOver(5));
     EXPECT_TRUE(eventually([&] { return textIn("events") == "focus_ended\nbreak_ended\n"; })) << said();
-    EXPECT_EQ(watch.endBy(SIGTERM), 0);
+    EXPECT_EQ(endBy(watch, SIGTERM), 0);
     // Both have the FIFO open, so the lines reach them: no hook is left running.
     EXPECT_TRUE(eventually([&] { return textIn("hanging") == "hangs\nhangs\n"; }));
     EXPECT_EQ(::write(fifo.get(), "\n\n", 2), 2);
@@ -205,22 +201,6 @@ TEST_F(HookOfAProcess, hasNoFileOpenButItsStandardChannelsAndItsSignalsByDefault
     EXPECT_EQ(textIn("open"), "0\n1\n2\n");
     EXPECT_EQ(countOf("The hook \"kill -PIPE $$\" failed: it was ended by signal 13.\n", said()), 1U)
         << said();
-}
-
-TEST(ChildProcess, hasNoSignalHeldBackThoughItsParentHoldsSome)
-{
-    const TemporaryDirectory directory;
-    const base::Descriptor output(
-        ::open((directory.path() / "out").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
-    sigset_t held;
-    ::sigemptyset(&held);
-    ::sigaddset(&held, SIGTERM);
-    sigset_t before;
-    ::pthread_sigmask(SIG_BLOCK, &held, &before);
-    Process child({.words = {"grep", "^SigBlk", "/proc/self/status"}, .output = output.get()});
-    ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
-    EXPECT_EQ(child.wait(), 0);
-    EXPECT_EQ(textOf(directory.path() / "out"), "SigBlk:\t0000000000000000\n");
 }
 
 }  // namespace

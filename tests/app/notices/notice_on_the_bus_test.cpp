@@ -64,18 +64,18 @@ TEST_F(NoticeOnTheBus, comesOnceWhenTwoWatchesRunAndATickRecordsTheEvent)
     Process one = watching({"--hook", hookOf("one")}, "one");
     Process two = watching({"--hook", hookOf("two")}, "two");
     person.has(focusOver(1));
-    EXPECT_EQ(RealProgram({"--directory", person.directory().string(), "tick"}).wait().code, 0);
+    EXPECT_EQ(runProgram({"--directory", person.directory().string(), "tick"}).code, 0);
     EXPECT_TRUE(eventually([&] { return seen("one") == "focus_ended\n" && seen("two") == "focus_ended\n"; }));
     // Before the next event, after which this one stands no more.
     EXPECT_TRUE(eventually([&] { return hasNotices(1); }));
     person.has(breakOver(1));
-    EXPECT_EQ(RealProgram({"--directory", person.directory().string(), "tick"}).wait().code, 0);
+    EXPECT_EQ(runProgram({"--directory", person.directory().string(), "tick"}).code, 0);
     EXPECT_TRUE(eventually([&] {
         return seen("one") == "focus_ended\nbreak_ended\n" && seen("two") == "focus_ended\nbreak_ended\n";
     }));
     EXPECT_TRUE(eventually([&] { return notices().size() >= 2; }));
-    EXPECT_EQ(one.endBy(SIGTERM), 0);
-    EXPECT_EQ(two.endBy(SIGTERM), 0);
+    EXPECT_EQ(endBy(one, SIGTERM), 0);
+    EXPECT_EQ(endBy(two, SIGTERM), 0);
     ASSERT_TRUE(hasNotices(2));
     EXPECT_EQ(notices()[0]["summary"], "Focus is over");
     EXPECT_EQ(notices()[1]["summary"], "The break is over");
@@ -88,7 +88,7 @@ TEST_F(NoticeOnTheBus, comesFromTheSecondWatchWhenTheFirstIsKilled)
     person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
     EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said("first");
     const Process second = watching({"--open-command", "/nowhere/opener"}, "second");
-    first.endBy(SIGKILL);
+    endBy(first, SIGKILL);
     person.has(asking(person.state(), 2, "Which build?"));
     EXPECT_TRUE(eventually([&] { return hasNotices(2); })) << said("second");
     EXPECT_EQ(notices()[1]["replaces"], 1);

@@ -18,11 +18,11 @@ namespace quillmere::test {
 namespace {
 
 /// Accepts connections and never answers.
-base::Descriptor silentBus(const std::filesystem::path& path)
+Descriptor silentBus(const std::filesystem::path& path)
 {
     sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
     std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
-    base::Descriptor bus(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    Descriptor bus(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
     EXPECT_EQ(::bind(bus.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
     EXPECT_EQ(::listen(bus.get(), 10), 0);
     return bus;
@@ -50,21 +50,21 @@ TEST_F(UnreachableBus, doesNotKeepTimeFromPassingWhenThereIsNone)
     expectTimeToPass();
     EXPECT_TRUE(eventually([&] { return !said().empty(); }));
     EXPECT_EQ(said(), "Notices cannot be given now: Failed to open bus (No such file or directory).\n");
-    EXPECT_EQ(watch.endBy(SIGTERM), 0);
+    EXPECT_EQ(endBy(watch, SIGTERM), 0);
 }
 
 TEST_F(UnreachableBus, doesNotKeepTheProgramFromEnding)
 {
-    const base::Descriptor bus = silentBus(socket());
+    const Descriptor bus = silentBus(socket());
     person.has(focusOver(90));
     Process watch = watching();
     EXPECT_TRUE(eventually([&] { return !printed().empty(); }));
-    EXPECT_EQ(watch.endBy(SIGINT), 0);
+    EXPECT_EQ(endBy(watch, SIGINT), 0);
 }
 
 TEST_F(UnreachableBus, doesNotKeepTheNotifierAliveWhenTheWatchIsKilled)
 {
-    const base::Descriptor bus = silentBus(socket());
+    const Descriptor bus = silentBus(socket());
     person.has(focusOver(90));
     Process watch = watching();
     std::string notifier;
@@ -77,7 +77,7 @@ TEST_F(UnreachableBus, doesNotKeepTheNotifierAliveWhenTheWatchIsKilled)
         return std::string(std::istreambuf_iterator<char>(status), {}).find("(quillmere-notif) S") !=
                std::string::npos;
     }));
-    watch.endBy(SIGKILL);
+    endBy(watch, SIGKILL);
     EXPECT_TRUE(eventually([&] {
         // Where no process reaps orphans, it stays as a zombie.
         std::ifstream status(process / "stat");
@@ -91,12 +91,9 @@ TEST_F(UnreachableBus, isReportedByAWatchThatDoesNotFindItsNotifier)
     // The program alone, without its notifier beside it.
     std::filesystem::copy(QUILLMERE_PROGRAM, file("quillmere"));
     person.has(focusOver(90));
-    Process watch(
-        {.words = {"/bin/sh", "-c",
-                   "exec '" + file("quillmere").string() + "' --directory '" + person.directory().string() +
-                       "' watch --once >/dev/null 2>'" + file("watch.err").string() + "'"},
-         .variables = {"XDG_STATE_HOME=" + person.stateHome().string()}});
-    EXPECT_EQ(watch.wait(), 0);
+    ProcessOptions options = watchOptions({"--once"});
+    options.words.front() = file("quillmere").string();
+    EXPECT_EQ(run(options).code, 0);
     EXPECT_TRUE(said().starts_with("Notices cannot be given now: ")) << said();
     EXPECT_TRUE(said().ends_with("quillmere-notifier: No such file or directory.\n")) << said();
     EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
@@ -115,7 +112,7 @@ protected:
 
 TEST_F(UnreachableBusOnAClock, doesNotKeepTimeFromPassingWhenItAcceptsAndNeverAnswers)
 {
-    const base::Descriptor bus = silentBus(socket());
+    const Descriptor bus = silentBus(socket());
     person.has(focusOver(90));
     watch.round();
     EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);

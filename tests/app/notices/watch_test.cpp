@@ -3,9 +3,7 @@
 
 #include "workspace/directory_lock.hpp"
 
-#include <fcntl.h>
 #include <signal.h>
-#include <unistd.h>
 
 #include <chrono>
 #include <optional>
@@ -303,7 +301,7 @@ TEST_F(WatchProcess, endsWithSuccessOnASignal)
         person.has(focusOver(5));
         Process watch = watching();
         EXPECT_TRUE(eventually([&] { return person.state().workflowState == WorkflowState::sessionReview; }));
-        EXPECT_EQ(watch.endBy(signal), 0);
+        EXPECT_EQ(endBy(watch, signal), 0);
     }
 }
 
@@ -322,7 +320,7 @@ TEST_F(WatchProcess, reportsNothingWhenASignalEndsItsNotifierToo)
     ::kill(std::stoi(notifier), SIGKILL);
     ::kill(watch.number(), SIGINT);
     ::kill(watch.number(), SIGCONT);
-    EXPECT_EQ(watch.wait(), 0);
+    EXPECT_EQ(watch.wait().code, 0);
     EXPECT_EQ(said(), before);
 }
 
@@ -331,25 +329,18 @@ TEST_F(WatchProcess, continuesWhenNobodyReadsItsOutput)
     hasBus();
     hasService();
     for (const bool isGone : {false, true}) {
-        Pipe pipe = makePipe();
-        if (isGone) {
-            pipe.from = base::Descriptor();
-        } else {
-            // Full to the last byte.
-            ::fcntl(pipe.to.get(), F_SETFL, O_NONBLOCK);
-            while (::write(pipe.to.get(), "full", 1) == 1) {
-            }
-            ::fcntl(pipe.to.get(), F_SETFL, 0);
-        }
         // A hook that fails makes the watch write a message too.
-        Process watch({.words = {QUILLMERE_PROGRAM, "--directory", person.directory().string(), "watch",
-                                 "--hook", "exit 3"},
-                       .variables = variables(),
-                       .output = pipe.to.get()});
+        ProcessOptions options = watchOptions({"--hook", "exit 3"});
+        options.output = isGone ? Channel::pipe() : Channel::fullPipe();
+        options.error = Channel::sameAsOut();
+        Process watch(options);
+        if (isGone) {
+            watch.closeOutput();
+        }
         const std::size_t before = notices().size();
         person.has(asking(stateIn(WorkflowState::idle), isGone ? 1 : 2, "May I?"));
         EXPECT_TRUE(eventually([&] { return hasNotices(before + 1); }));
-        EXPECT_EQ(watch.endBy(SIGTERM), 0);
+        EXPECT_EQ(endBy(watch, SIGTERM), 0);
     }
 }
 
@@ -358,16 +349,15 @@ TEST_F(WatchProcess, continuesWithoutStandardChannels)
     hasBus();
     hasService();
     person.has(focusOver(90));
-    Process watch(
-        {.words = {"/bin/sh", "-c",
-                   watchCommand({"--hook", "cat > '" + file("summary").string() + "'"}) + " <&- >&- 2>&-"},
-         .variables = variables()});
+    ProcessOptions options = watchOptions({"--hook", "cat > " + shellWord(file("summary").string())});
+    options.input = options.output = options.error = Channel::closed();
+    Process watch(options);
     EXPECT_TRUE(eventually([&] { return hasNotices(1) && !textIn("summary").empty(); }));
     for (const char* channel : {"0", "1", "2"}) {
         const std::string files = "/proc/" + std::to_string(watch.number()) + "/fd/";
         EXPECT_EQ(std::filesystem::read_symlink(files + channel), "/dev/null") << channel;
     }
-    EXPECT_EQ(watch.endBy(SIGTERM), 0);
+    EXPECT_EQ(endBy(watch, SIGTERM), 0);
 }
 
 }  // namespace

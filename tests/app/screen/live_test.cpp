@@ -1,12 +1,7 @@
 // The real program on a real terminal.
-#include <poll.h>
-#include <pty.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <signal.h>
 
 #include <algorithm>
-#include <array>
-#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <regex>
@@ -21,12 +16,12 @@ class LiveScreen : public testing::Test {
 protected:
     Person person;
 
-    /// Somebody else at work in the same directory, on the wall clock.
+    /// Runs the program in another process on the same directory; returns the exit code.
     int elsewhere(const Words& words) const
     {
         Words all = {"--directory", person.directory().string()};
         all.insert(all.end(), words.begin(), words.end());
-        return RealProgram(all).wait().code;
+        return runProgram(all).code;
     }
     void isFocusing(const std::string& duration = "25m") const
     {
@@ -35,16 +30,16 @@ protected:
                   0);
         ASSERT_EQ(elsewhere({"focus", "--outcome", "Headings"}), 0);
     }
-    bool comesTo(WorkflowState workflowState) const
+    testing::AssertionResult comesTo(WorkflowState workflowState) const
     {
-        return TerminalWindow::waitUntil([&] { return person.state().workflowState == workflowState; });
+        return eventually([&] { return person.state().workflowState == workflowState; });
     }
-    /// The process that the shell waits for (proc(5)); 0 when there is none.
+    /// The process that the shell waits for (proc(5)).
     static pid_t processIn(const TerminalWindow& window)
     {
         const std::string shell = std::to_string(std::stol(window.variable("pane_pid")));
         pid_t found = 0;
-        EXPECT_TRUE(TerminalWindow::waitUntil([&] {
+        EXPECT_TRUE(eventually([&] {
             std::ifstream children("/proc/" + shell + "/task/" + shell + "/children");
             return static_cast<bool>(children >> found);
         }));
@@ -172,7 +167,7 @@ TEST_F(LiveScreen, takesAPasteAsTextAndNotAsCommands)
     window.pastes("First line\nSecond: \u65E5\u672C");
     EXPECT_TRUE(window.shows("Second: \u65E5\u672C"));
     window.presses("C-s");
-    ASSERT_TRUE(TerminalWindow::waitUntil([&] { return person.state().agentQuestions.size() == 1; }));
+    ASSERT_TRUE(eventually([&] { return person.state().agentQuestions.size() == 1; }));
     EXPECT_EQ(person.state().agentQuestions[0].question, "First line\nSecond: \u65E5\u672C");
     EXPECT_FALSE(person.state().interruptible());
     EXPECT_EQ(person.state().workflowState, WorkflowState::focusing);
@@ -204,7 +199,7 @@ std::string settingsOf(const TerminalWindow& window)
     const TemporaryDirectory directory;
     const std::string file = (directory.path() / "settings").string();
     window.runs("stty -g >" + file + ".new; mv " + file + ".new " + file);
-    EXPECT_TRUE(TerminalWindow::waitUntil([&] { return std::filesystem::exists(file); }));
+    EXPECT_TRUE(eventually([&] { return std::filesystem::exists(file); }));
     return textOf(file) + window.variable("cursor_flag") + window.variable("alternate_on") +
            window.variable("keypad_cursor_flag");
 }
@@ -268,53 +263,19 @@ TEST_F(LiveScreen, isAsLargeAsTheWindowWhateverTheEnvironmentSays)
     EXPECT_TRUE(window.shows("What should this session bring about?   \u00B7"));
 }
 
-/// The program on a terminal that accepts no output.
-class StuckProgram {
-public:
-    explicit StuckProgram(const Person& person)
-    {
-        const std::string directory = person.directory().string();
-        const std::string stateHome = "XDG_STATE_HOME=" + person.stateHome().string();
-        const winsize window{.ws_row = 300, .ws_col = 900, .ws_xpixel = 0, .ws_ypixel = 0};
-        process_ = ::forkpty(&screen_, nullptr, nullptr, &window);
-        if (process_ == 0) {
-            ::execle(QUILLMERE_PROGRAM, "quillmere", "--directory", directory.c_str(), nullptr,
-                     std::to_array<const char*>({"TERM=xterm", "LC_ALL=C.UTF-8", stateHome.c_str(), nullptr})
-                         .data());
-            ::_exit(127);
-        }
-    }
-    StuckProgram(const StuckProgram&) = delete;
-    StuckProgram& operator=(const StuckProgram&) = delete;
-    ~StuckProgram()
-    {
-        if (process_ > 0) {
-            ::kill(process_, SIGKILL);
-            ::waitpid(process_, nullptr, 0);
-        }
-        ::close(screen_);
-    }
-
-    bool hasBegunToDraw() const
-    {
-        pollfd source{screen_, POLLIN, 0};
-        return ::poll(&source, 1, 0) == 1;
-    }
-    void get(int signal) const { ::kill(process_, signal); }
-    /// Whether it has ended by that signal.
-    bool endsBy(int signal)
-    {
-        int status = 0;
-        const bool hasEnded =
-            TerminalWindow::waitUntil([&] { return ::waitpid(process_, &status, WNOHANG) == process_; });
-        process_ = hasEnded ? -1 : process_;
-        return hasEnded && WIFSIGNALED(status) && WTERMSIG(status) == signal;
-    }
-
-private:
-    int screen_ = -1;
-    pid_t process_ = -1;
-};
+/// Starts the program on a terminal that nobody reads from.
+Process stuckProgram(const Person& person)
+{
+    const Channel terminal = Channel::terminal();
+    ProcessOptions options = realProgram({"--directory", person.directory().string()},
+                                         {.in = terminal, .out = terminal, .err = terminal});
+    options.environment = {
+        {"TERM", "xterm"}, {"LC_ALL", "C.UTF-8"}, {"XDG_STATE_HOME", person.stateHome().string()}};
+    options.inheritsEnvironment = false;
+    // More than the terminal holds unread.
+    options.terminal = {.rows = 300, .columns = 900};
+    return Process(options);
+}
 
 TEST_F(LiveScreen, canBeEndedWhileTheTerminalDoesNotRead)
 {
@@ -325,10 +286,10 @@ TEST_F(LiveScreen, canBeEndedWhileTheTerminalDoesNotRead)
     }
     person.has(state);
     for (const int signal : {SIGTERM, SIGHUP}) {
-        StuckProgram program(person);
-        ASSERT_TRUE(TerminalWindow::waitUntil([&] { return program.hasBegunToDraw(); }));
-        program.get(signal);
-        EXPECT_TRUE(program.endsBy(signal));
+        Process program = stuckProgram(person);
+        ASSERT_TRUE(eventually([&] { return program.hasOutput(); }));
+        program.send(signal);
+        EXPECT_EQ(program.wait().signal, signal);
     }
 }
 
@@ -339,7 +300,7 @@ TEST_F(LiveScreen, hasNoColourWhenThePersonWantsNone)
         const TerminalWindow window(person, settings);
         window.runs("$Q ui");
         EXPECT_TRUE(window.shows("p pause"));
-        // Of colours only the usual ones, 39 and 49, may be named.
+        // Any colour but the default ones, 39 and 49.
         return std::regex_search(window.screen(true), std::regex("\x1b\\[[0-9;]*(3[0-8]|4[0-8]|9[0-7])[;m]"));
     };
     EXPECT_TRUE(coloursOn({}));
@@ -354,7 +315,7 @@ TEST_F(LiveScreen, refusesToOpenWithoutATerminal)
     EXPECT_TRUE(window.shows("ended 2"));
     window.runs("$Q");
     EXPECT_TRUE(window.shows("Next: plan"));
-    const ProcessEnding ending = RealProgram({"--directory", person.directory().string(), "ui"}).wait();
+    const ProcessEnding ending = runProgram({"--directory", person.directory().string(), "ui"});
     EXPECT_EQ(ending.code, 2);
     EXPECT_EQ(ending.err, "The screen takes a terminal; see quillmere status.\n");
 }

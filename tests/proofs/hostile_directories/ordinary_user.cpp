@@ -54,7 +54,7 @@ ChildResult resultOfChild(const std::function<std::string()>& work, unsigned sec
         return 0;
     };
     // The alarm must end the child before the outer limit does.
-    const Ending ending = run({.work = limited}, std::chrono::seconds(seconds) + patience);
+    const ProcessEnding ending = run({.work = limited}, std::chrono::seconds(seconds) + patience);
     std::string result = ending.out;
     if (ending.signal != 0) {
         result = std::string("SIG") + ::sigabbrev_np(ending.signal);

@@ -18,8 +18,8 @@ constexpr const char* tracedNames =
     "open,"
     "?openat,read,write,fsync,close,?rename,?renameat,?renameat2,?unlink,?unlinkat,flock";
 
-Ending runSilently(std::vector<std::string> words,
-                   const std::map<std::string, std::optional<std::string>>& more = {})
+ProcessEnding runSilently(std::vector<std::string> words,
+                          const std::map<std::string, std::optional<std::string>>& more = {})
 {
     ProcessOptions options{
         .words = std::move(words), .output = Channel::null(), .error = Channel::null(), .environment = more};
@@ -79,7 +79,8 @@ TracedRun traced(const std::filesystem::path& directory, const std::vector<std::
     }
     words.insert(words.end(), {QUILLMERE_PROGRAM, "--directory", directory.string()});
     words.insert(words.end(), arguments.begin(), arguments.end());
-    const Ending ending = runSilently(std::move(words), {{"XDG_STATE_HOME", stateHome.path().string()}});
+    const ProcessEnding ending =
+        runSilently(std::move(words), {{"XDG_STATE_HOME", stateHome.path().string()}});
     return {.code = ending.code, .calls = callsIn(log, concerned.string())};
 }
 

@@ -3,17 +3,20 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <thread>
 #include <utility>
 
 #include "said.hpp"
+#include "support/eventually.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -117,11 +120,18 @@ TEST_F(ServeLoop, doesNotWorkFarAheadOfAClientThatReadsLate)
     std::jthread serving([&] { serve([&] { return Json{{"text", text}}; }); });
     std::array<char, 65536> bytes;
     int read = 0;
-    for (ssize_t count = 0; (count = ::read(out.reader(), bytes.data(), bytes.size())) > 0;) {
+    for (ssize_t count = 1; count > 0;) {
+        pollfd answers{.fd = out.reader(), .events = POLLIN, .revents = 0};
+        if (::poll(&answers, 1, static_cast<int>(std::chrono::milliseconds(patience).count())) != 1) {
+            ADD_FAILURE() << "the server sends nothing more";
+            ending.write("!");
+            break;
+        }
+        count = ::read(out.reader(), bytes.data(), bytes.size());
         const int made = calls;
         // An answer has the text twice, so that two answers are more than the limit of unsent output.
         EXPECT_LE(made - read, 4);
-        read += static_cast<int>(std::count(bytes.data(), bytes.data() + count, '\n'));
+        read += static_cast<int>(std::count(bytes.data(), bytes.data() + std::max<ssize_t>(count, 0), '\n'));
     }
     EXPECT_EQ(read, manyCalls);
 }

@@ -25,7 +25,7 @@ bool isReadable(int descriptor)
 }
 
 /// How a child process ends in which `work` runs.
-Ending endOf(const std::function<int()>& work) { return Process({.work = work}).wait(); }
+ProcessEnding endOf(const std::function<int()>& work) { return Process({.work = work}).wait(); }
 
 TEST(HeldSignals, canBeWaitedForAndHaveNoEffect)
 {

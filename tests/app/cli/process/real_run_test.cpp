@@ -10,10 +10,10 @@ ProcessEnding ran(const Person& person, const Words& words, const Channels& chan
 {
     Words all = {"--directory", person.directory().string()};
     all.insert(all.end(), words.begin(), words.end());
-    return RealProgram(all, channels).wait();
+    return runProgram(all, channels);
 }
 
-TEST(RealProgramRun, endsWith0WhenDone)
+TEST(RealProgram, endsWith0WhenDone)
 {
     const Person person;
     const ProcessEnding ending = ran(person, {"plan", "--outcome", "Chapter", "--start"});
@@ -24,44 +24,44 @@ TEST(RealProgramRun, endsWith0WhenDone)
     EXPECT_EQ(person.state().workflowState, WorkflowState::sessionPlanning);
 }
 
-TEST(RealProgramRun, endsWith74WhenTheResultCannotBeWritten)
+TEST(RealProgram, endsWith74WhenTheResultCannotBeWritten)
 {
     const Person person;
-    const ProcessEnding ending = ran(person, {"ask", "Why?"}, {.out = fullDevice});
+    const ProcessEnding ending = ran(person, {"ask", "Why?"}, {.out = fullDevice()});
     EXPECT_EQ(ending.code, 74);
     EXPECT_EQ(ending.err, "The result cannot be written to standard output; the command was carried out.\n");
     EXPECT_EQ(person.state().agentQuestions.size(), 1u);
-    const ProcessEnding look = ran(person, {"status"}, {.out = fullDevice});
+    const ProcessEnding look = ran(person, {"status"}, {.out = fullDevice()});
     EXPECT_EQ(look.code, 74);
     EXPECT_EQ(look.err, "The result cannot be written to standard output.\n");
-    EXPECT_EQ(ran(person, {"history", "--json"}, {.out = fullDevice}).code, 74);
-    EXPECT_EQ(ran(person, {"--help"}, {.out = fullDevice}).code, 74);
-    EXPECT_EQ(ran(person, {"--version"}, {.out = fullDevice}).code, 74);
+    EXPECT_EQ(ran(person, {"history", "--json"}, {.out = fullDevice()}).code, 74);
+    EXPECT_EQ(ran(person, {"--help"}, {.out = fullDevice()}).code, 74);
+    EXPECT_EQ(ran(person, {"--version"}, {.out = fullDevice()}).code, 74);
 }
 
 TEST(ClosedChannel, doesNoHarm)
 {
     // Files that the program opens would get the numbers of the standard descriptors.
     const Person person;
-    EXPECT_EQ(ran(person, {"ask", "First?"}, {.in = closed}).code, 0);
-    EXPECT_EQ(ran(person, {"ask", "Second?"}, {.out = closed}).code, 74);
-    EXPECT_EQ(ran(person, {"ask", "Third?"}, {.err = closed}).code, 0);
-    EXPECT_EQ(ran(person, {"ask", "Fourth?"}, {.in = closed, .out = closed, .err = closed}).code, 74);
-    EXPECT_EQ(ran(person, {"pause"}, {.in = closed, .out = closed, .err = closed}).code, 1);
-    EXPECT_EQ(ran(person, {"plan"}, {.in = closed}).code, 2);
+    EXPECT_EQ(ran(person, {"ask", "First?"}, {.in = Channel::closed()}).code, 0);
+    EXPECT_EQ(ran(person, {"ask", "Second?"}, {.out = Channel::closed()}).code, 74);
+    EXPECT_EQ(ran(person, {"ask", "Third?"}, {.err = Channel::closed()}).code, 0);
+    EXPECT_EQ(ran(person, {"ask", "Fourth?"}, noChannels()).code, 74);
+    EXPECT_EQ(ran(person, {"pause"}, noChannels()).code, 1);
+    EXPECT_EQ(ran(person, {"plan"}, {.in = Channel::closed()}).code, 2);
     EXPECT_EQ(person.state().agentQuestions.size(), 4u);
     EXPECT_EQ(person.names().size(), 3u);
-    EXPECT_EQ(ran(person, {"questions"}, {.in = closed, .err = closed}).code, 0);
+    EXPECT_EQ(ran(person, {"questions"}, {.in = Channel::closed(), .err = Channel::closed()}).code, 0);
 }
 
 TEST(FullErrorChannel, changesNoExitCode)
 {
     const Person person;
-    EXPECT_EQ(ran(person, {"pause"}, {.err = fullDevice}).code, 1);
-    EXPECT_EQ(ran(person, {"ask", "Why?"}, {.err = fullDevice}).code, 0);
+    EXPECT_EQ(ran(person, {"pause"}, {.err = fullDevice()}).code, 1);
+    EXPECT_EQ(ran(person, {"ask", "Why?"}, {.err = fullDevice()}).code, 0);
 }
 
-TEST(RealProgramRun, takesTheWallClock)
+TEST(RealProgram, takesTheWallClock)
 {
     const Person person;
     const double before = static_cast<double>(::time(nullptr));
@@ -72,7 +72,7 @@ TEST(RealProgramRun, takesTheWallClock)
     EXPECT_LE(asked, after);
 }
 
-TEST(RealProgramRun, asksNothingWithoutATerminal)
+TEST(RealProgram, asksNothingWithoutATerminal)
 {
     const Person person;
     EXPECT_EQ(ran(person, {"plan", "--start"}).err, "");

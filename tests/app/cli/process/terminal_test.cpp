@@ -15,7 +15,7 @@ protected:
     {
         Words all = {"--directory", person.directory().string()};
         all.insert(all.end(), words.begin(), words.end());
-        return onTerminal(all, typed);
+        return runOnTerminal(all, typed);
     }
 };
 

@@ -3,7 +3,9 @@
 #include "lookback/page/html_page.hpp"
 
 #include "lookback/generated_year.hpp"
+#include "support/process.hpp"
 
+#include <chrono>
 #include <sstream>
 
 namespace quillmere::test {
@@ -84,15 +86,16 @@ struct Rendered {
 Rendered rendered(const std::filesystem::path& file)
 {
     const TemporaryDirectory profile;
-    const std::filesystem::path log = profile.path() / "log";
-    Rendered result;
-    result.document = outputOf(
-        "timeout 100 chromium --headless --no-sandbox --disable-gpu --disable-quic --no-first-run "
-        "--disable-background-networking --disable-component-update --disable-sync --enable-logging=stderr "
-        "--hide-scrollbars --window-size=1300,900 --disable-web-security --allow-file-access-from-files "
-        "--user-data-dir=" +
-        profile.path().string() + " --dump-dom file://" + file.string() + " 2>" + log.string());
-    std::istringstream lines(textOf(log));
+    constexpr std::chrono::seconds limit{100};
+    const ProcessEnding ending = run(
+        {.words = {"chromium", "--headless", "--no-sandbox", "--disable-gpu", "--disable-quic",
+                   "--no-first-run", "--disable-background-networking", "--disable-component-update",
+                   "--disable-sync", "--enable-logging=stderr", "--hide-scrollbars", "--window-size=1300,900",
+                   "--disable-web-security", "--allow-file-access-from-files",
+                   "--user-data-dir=" + profile.path().string(), "--dump-dom", "file://" + file.string()}},
+        limit);
+    Rendered result{.document = ending.out, .messages = {}};
+    std::istringstream lines(ending.err);
     for (std::string line; std::getline(lines, line);) {
         if (line.find("CONSOLE") != std::string::npos) {
             result.messages.push_back(line);

@@ -5,6 +5,7 @@
 #include "lookback/page/markup.hpp"
 
 #include "lookback/generated_year.hpp"
+#include "support/process.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -20,11 +21,12 @@ std::string pageAt(const QuillmereState& state) { return htmlPage(statistics(sta
 bool holds(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
 /// The messages and the exit code of a parser of XML.
-std::string xmllintOf(const std::string& page)
+ProcessEnding xmllintOf(const std::string& page)
 {
     const TemporaryDirectory directory;
     writeText(directory.path() / "page.html", page);
-    return outputOf("xmllint --nonet --noout " + (directory.path() / "page.html").string() + " 2>&1");
+    return run({.words = {"xmllint", "--nonet", "--noout", (directory.path() / "page.html").string()},
+                .error = Channel::sameAsOut()});
 }
 
 TEST(Markup, sanitizesAndEscapesTexts)
@@ -52,9 +54,11 @@ TEST(Page, isWellFormedWhateverTextItShows)
          {QuillmereState::initial(moment), hostileState(), generatedYear(moment),
           stateWith({session(moment, -5)}),
           stateWith({session(Instant(-62'167'219'200), 1500), session(Instant(253'402'300'000), 799)})}) {
-        EXPECT_EQ(xmllintOf(pageAt(state)), "exit 0\n");
+        const ProcessEnding ending = xmllintOf(pageAt(state));
+        EXPECT_EQ(ending.code, 0);
+        EXPECT_EQ(ending.out, "");
     }
-    EXPECT_NE(xmllintOf("<html><br></html>"), "exit 0\n");
+    EXPECT_NE(xmllintOf("<html><br></html>").code, 0);
 }
 
 TEST(Page, showsTextsAsTheyWereWritten)
