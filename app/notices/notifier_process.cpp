@@ -1,6 +1,7 @@
 #include "notices/notifier_process.hpp"
 
 #include "base/system/child_process.hpp"
+#include "notices/installed_notifier.hpp"
 #include "notices/notifier_protocol.hpp"
 
 #include <sys/socket.h>
@@ -26,7 +27,7 @@ fs::path notifierProgram()
 {
     const fs::path here = fs::read_symlink("/proc/self/exe").parent_path();
     const fs::path beside = here / "quillmere-notifier";
-    return fs::exists(beside) ? beside : (here / QUILLMERE_NOTIFIER_FROM_BIN).lexically_normal();
+    return fs::exists(beside) ? beside : (here / installedNotifier).lexically_normal();
 }
 
 NotifierProcess::NotifierProcess(fs::path program, const NotifierPatience& patience)

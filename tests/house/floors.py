@@ -45,7 +45,7 @@ def included(rows, path):
     for name, in_brackets in re.findall(r'#include (?:"([^"]+)"|<quillmere/([^>]+)>)', path.read_text()):
         if in_brackets:
             yield "core/" + in_brackets
-        elif (source / "app" / name).exists() or name == "base/version.hpp":
+        elif (source / "app" / name).exists() or (source / "app" / f"{name}.in").exists():
             yield "app/" + name
         else:
             problems.append(f"{path.relative_to(source)} includes {name}, which is not in app/")

@@ -122,8 +122,8 @@ Instant startFrom(const Answer& answer, Instant now)
 {
     const std::optional<Instant> start = base::instantFromLocalText(answer.text, now);
     if (!start) {
-        throw Unacceptable(
-            answer.field, inQuotes(answer.text) + " is no local time, such as 14:30, 2026-11-15 09:00 or +1h.");
+        throw Unacceptable(answer.field, inQuotes(answer.text) +
+                                             " is no local time, such as 14:30, 2026-11-15 09:00 or +1h.");
     }
     return *start;
 }
