@@ -20,7 +20,7 @@ struct Work {
 
 SessionReview review()
 {
-    return {.id = Identifier(Identifier::Bytes{}),
+    return {.id = Identifier(Identifier::Octets{}),
             .completion = CompletionResult::yes,
             .noteworthyResult = {},
             .distractions = {},
@@ -48,7 +48,7 @@ void evaluateTimer(benchmark::State& run)
 void cycle(benchmark::State& run)
 {
     Work work(run);
-    const SessionPlan plan = SessionPlan::blank(Identifier(Identifier::Bytes{}));
+    const SessionPlan plan = SessionPlan::blank(Identifier(Identifier::Octets{}));
     for (auto _ : run) {
         engine.endFocus(work.state, work.now);
         engine.saveReviewAndStartBreak(work.state, review(), plan, work.now);

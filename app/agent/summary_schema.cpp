@@ -8,7 +8,7 @@ namespace {
 
 using base::SortedJson;
 
-/// What a model is told about a property; the names of the properties say the rest.
+/// Descriptions of properties, for the model; the names of the other properties say enough.
 struct Description {
     const char* definition;  ///< empty: of the summary itself
     const char* property;

@@ -14,7 +14,7 @@ namespace quillmere::bar {
 /// The default width of the line, in columns.
 inline constexpr std::size_t usualBarWidth = 60;
 
-/// What a program may want to know besides the line. Texts are sanitized and cut.
+/// Facts for programs, besides the line. Texts are sanitized and cut.
 struct BarFacts {
     std::string title;
     std::string caption;

@@ -1,4 +1,4 @@
-// What the commands of a run share: settings, the workspace, and the ways to change it and to print.
+// Shared by the commands of a run: settings, the workspace, and the ways to change it and to print.
 #pragma once
 
 #include "base/environment.hpp"

@@ -16,7 +16,7 @@ void printStatus(std::ostream& out, const workspace::Situation& situation, const
 void printHeadline(std::ostream& out, const WidgetSnapshot& snapshot, Instant now,
                    std::optional<double> progress, const base::Style& style);
 
-/// What is asked of the person, as a heading and a text; nothing when the text is empty.
+/// Prints a heading and a text, or nothing when the text is empty.
 void printField(std::ostream& out, std::string_view heading, std::string_view text);
 
 }  // namespace quillmere::cli

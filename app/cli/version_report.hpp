@@ -11,7 +11,7 @@
 
 namespace quillmere::cli {
 
-/// What helps a person to recognise a version.
+/// A short summary by which a person recognises a version.
 struct VersionContent {
     std::string_view phase;  ///< "Focus"
     bool isPaused;

@@ -1,5 +1,5 @@
-// What `quillmere report` shows: the figures as texts, in a terminal, on a page and in files. Its user sees a
-// "look back". This header has the words that the terminal and the page share.
+// The output of `quillmere report`: the figures as texts, in a terminal, on a page and in files. Its user
+// sees a "look back". This header has the words that the terminal and the page share.
 #pragma once
 
 #include "figures/look_back.hpp"

@@ -1,7 +1,7 @@
 // When to try again after a failure.
 #pragma once
 
-#include "notices/moment.hpp"
+#include "base/moment.hpp"
 
 #include <algorithm>
 #include <chrono>
@@ -11,20 +11,20 @@ namespace quillmere::notices {
 /// The pause after a failure: two seconds, doubled by each further failure, at most a minute.
 class Backoff {
 public:
-    void failed(Moment now)
+    void failed(base::Moment now)
     {
         ends_ = now + next_;
         next_ = std::min(next_ * 2, longest);
     }
     void succeeded() { *this = Backoff(); }
-    bool isPausing(Moment now) const { return now < ends_; }
+    bool isPausing(base::Moment now) const { return now < ends_; }
 
 private:
     static constexpr std::chrono::seconds shortest{2};
     static constexpr std::chrono::seconds longest{60};
 
     std::chrono::seconds next_ = shortest;
-    Moment ends_{};
+    base::Moment ends_{};
 };
 
 }  // namespace quillmere::notices

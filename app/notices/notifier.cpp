@@ -58,7 +58,7 @@ Notifier::Notifier(const NotifierSettings& settings, DeliveryLog& deliveryLog, N
 {
 }
 
-void Notifier::notify(const Events& events, Moment now)
+void Notifier::notify(const Events& events, base::Moment now)
 {
     due_ = dueNotices(events);
     // Notices of an earlier process may be on the screen; only a running channel hears of choices on them.
@@ -98,14 +98,14 @@ std::vector<Notifier::Events> Notifier::dueNotices(const Events& events) const
     return notices;
 }
 
-bool Notifier::mayTry(const Events& notice, Moment now) const
+bool Notifier::mayTry(const Events& notice, base::Moment now) const
 {
     const auto failure = failures_.find(subjectOf(notice.front().kind));
     return failure == failures_.end() || failure->second.keys != keysOf(notice) ||
            !failure->second.backoff.isPausing(now);
 }
 
-void Notifier::startChannel(Moment now)
+void Notifier::startChannel(base::Moment now)
 {
     if (connecting_.isPausing(now)) {
         return;
@@ -126,7 +126,7 @@ bool Notifier::tryToLead()
     return leaderLock_.isHeld();
 }
 
-void Notifier::send(const Events& notice, Moment now)
+void Notifier::send(const Events& notice, base::Moment now)
 {
     underWay_ = notice;
     const Notice text = noticeOf(notice);
@@ -138,7 +138,7 @@ void Notifier::send(const Events& notice, Moment now)
                   now);
 }
 
-std::vector<NoticeAction> Notifier::takeActions(Moment now)
+std::vector<NoticeAction> Notifier::takeActions(base::Moment now)
 {
     std::vector<NoticeAction> actions;
     for (const NotifierMessage& message : channel_.takeMessages(now)) {
@@ -147,7 +147,7 @@ std::vector<NoticeAction> Notifier::takeActions(Moment now)
     return actions;
 }
 
-void Notifier::handle(const NotifierMessage& message, Moment now, std::vector<NoticeAction>& actions)
+void Notifier::handle(const NotifierMessage& message, base::Moment now, std::vector<NoticeAction>& actions)
 {
     switch (message.kind) {
         case NotifierMessageKind::ready:
@@ -205,7 +205,7 @@ void Notifier::recordDelivery()
     underWay_.clear();
 }
 
-void Notifier::postponeDelivery(Moment now)
+void Notifier::postponeDelivery(base::Moment now)
 {
     if (!underWay_.empty()) {
         Failure& failure = failures_[subjectOf(underWay_.front().kind)];
@@ -225,7 +225,7 @@ void Notifier::reportError(const NotifierMessage& message)
     }
 }
 
-bool Notifier::isIdle(Moment now) const
+bool Notifier::isIdle(base::Moment now) const
 {
     return underWay_.empty() && (connecting_.isPausing(now) ||
                                  std::none_of(due_.begin(), due_.end(),

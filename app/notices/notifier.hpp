@@ -41,16 +41,16 @@ public:
 
     /// Gives the notices for `events` that can be given now. One notice at a time is under way; the next
     /// follows in a later call.
-    void notify(const std::vector<StandingEvent>& events, Moment now);
+    void notify(const std::vector<StandingEvent>& events, base::Moment now);
 
     /// Handles the notifier's messages; returns the person's choices.
-    std::vector<NoticeAction> takeActions(Moment now);
+    std::vector<NoticeAction> takeActions(base::Moment now);
 
     /// For `base::waitFor`; -1: nothing to wait for.
     int descriptor() const { return channel_.descriptor(); }
 
     /// Whether no notice is under way and none could be tried at once.
-    bool isIdle(Moment now) const;
+    bool isIdle(base::Moment now) const;
 
 private:
     using Events = std::vector<StandingEvent>;  ///< the events of one notice
@@ -62,16 +62,16 @@ private:
     };
 
     std::vector<Events> dueNotices(const Events& events) const;
-    bool mayTry(const Events& notice, Moment now) const;
-    void startChannel(Moment now);
+    bool mayTry(const Events& notice, base::Moment now) const;
+    void startChannel(base::Moment now);
     bool tryToLead();
-    void send(const Events& notice, Moment now);
-    void handle(const NotifierMessage& message, Moment now, std::vector<NoticeAction>& actions);
+    void send(const Events& notice, base::Moment now);
+    void handle(const NotifierMessage& message, base::Moment now, std::vector<NoticeAction>& actions);
     void handleAction(const NotifierMessage& message, std::vector<NoticeAction>& actions) const;
     /// Records the events of the notice under way.
     void recordDelivery();
     /// Leaves the notice under way, if there is one, for a later try.
-    void postponeDelivery(Moment now);
+    void postponeDelivery(base::Moment now);
     void reportError(const NotifierMessage& message);
 
     Urgency urgency_;

@@ -1,7 +1,7 @@
 // The notifier program as Notifier uses it.
 #pragma once
 
-#include "notices/moment.hpp"
+#include "base/moment.hpp"
 #include "notices/notifier_message.hpp"
 
 #include <vector>
@@ -21,14 +21,14 @@ public:
     virtual int descriptor() const = 0;
 
     /// Starts the notifier; throws `std::system_error` when that fails.
-    virtual void start(Moment now) = 0;
+    virtual void start(base::Moment now) = 0;
 
     /// Requests a notice. Only while the notifier is ready and no other request is under way.
-    virtual void send(const NoticeRequest& request, Moment now) = 0;
+    virtual void send(const NoticeRequest& request, base::Moment now) = 0;
 
     /// The messages since the last call. A notifier that leaves its start or a request unanswered for too
     /// long is killed. However it ends, the last message is `ended`.
-    virtual std::vector<NotifierMessage> takeMessages(Moment now) = 0;
+    virtual std::vector<NotifierMessage> takeMessages(base::Moment now) = 0;
 };
 
 }  // namespace quillmere::notices

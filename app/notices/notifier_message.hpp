@@ -1,4 +1,4 @@
-// What `quillmere watch` and `quillmere-notifier` send each other.
+// The messages between `quillmere watch` and `quillmere-notifier`.
 #pragma once
 
 #include <cstdint>

@@ -37,7 +37,7 @@ NotifierProcess::NotifierProcess(fs::path program, const NotifierPatience& patie
 
 NotifierProcess::~NotifierProcess() { stop(); }
 
-void NotifierProcess::start(Moment now)
+void NotifierProcess::start(base::Moment now)
 {
     std::array<int, 2> ends{};
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) == -1) {
@@ -54,7 +54,7 @@ void NotifierProcess::start(Moment now)
     deadline_ = now + patience_.capabilities + margin;
 }
 
-void NotifierProcess::send(const NoticeRequest& request, Moment now)
+void NotifierProcess::send(const NoticeRequest& request, base::Moment now)
 {
     const std::string line = protocolLine(request);
     // The result is ignored: a line is far shorter than a socket's buffer, and a notifier that is gone or far
@@ -63,7 +63,7 @@ void NotifierProcess::send(const NoticeRequest& request, Moment now)
     deadline_ = now + patience_.capabilities + patience_.notice + margin;
 }
 
-std::vector<NotifierMessage> NotifierProcess::takeMessages(Moment now)
+std::vector<NotifierMessage> NotifierProcess::takeMessages(base::Moment now)
 {
     std::vector<NotifierMessage> messages;
     const bool isOpen = !isRunning() || receive();

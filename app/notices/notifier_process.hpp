@@ -40,9 +40,9 @@ public:
     bool isRunning() const override { return child_ != -1; }
     bool isReady() const override { return isReady_; }
     int descriptor() const override { return socket_.get(); }
-    void start(Moment now) override;
-    void send(const NoticeRequest& request, Moment now) override;
-    std::vector<NotifierMessage> takeMessages(Moment now) override;
+    void start(base::Moment now) override;
+    void send(const NoticeRequest& request, base::Moment now) override;
+    std::vector<NotifierMessage> takeMessages(base::Moment now) override;
 
 private:
     void handle(const NotifierMessage& message);
@@ -57,7 +57,7 @@ private:
     base::Descriptor socket_;
     std::string received_;
     bool isReady_ = false;
-    std::optional<Moment> deadline_;  ///< for the answer to the start or to the request under way
+    std::optional<base::Moment> deadline_;  ///< for the answer to the start or to the request under way
 };
 
 }  // namespace quillmere::notices

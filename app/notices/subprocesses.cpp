@@ -39,7 +39,7 @@ base::Descriptor memoryFile(std::string_view text)
 
 }  // namespace
 
-bool Subprocesses::mayRunHook(Moment now)
+bool Subprocesses::mayRunHook(base::Moment now)
 {
     const auto count = std::count_if(running_.begin(), running_.end(),
                                      [](const Running& process) { return process.isHook; });
@@ -51,7 +51,7 @@ bool Subprocesses::mayRunHook(Moment now)
 }
 
 bool Subprocesses::runHook(const std::string& command, std::string_view event, std::string_view summary,
-                           Moment now)
+                           base::Moment now)
 {
     try {
         // A file and not a pipe: a hook that does not read would block the writer.

@@ -1,10 +1,10 @@
 // The person's programs: hooks, and the program that opens links.
 #pragma once
 
+#include "base/moment.hpp"
 #include "base/system/line_writer.hpp"
 #include "notices/backoff.hpp"
 #include "notices/error_throttle.hpp"
-#include "notices/moment.hpp"
 
 #include <sys/types.h>
 
@@ -15,19 +15,20 @@
 namespace quillmere::notices {
 
 /// Starts programs and reaps them. No operation waits; a program that cannot be started or fails is reported.
-/// What the programs print goes where this process's messages go. Programs still running at the end of this
-/// object keep running.
+/// The output of the programs goes where this process's messages go. Programs still running at the end of
+/// this object keep running.
 class Subprocesses {
 public:
     explicit Subprocesses(base::LineWriter& messages) : messages_(messages), hookErrors_(messages) {}
 
     /// Whether another hook may be started: at most eight run at a time, and a failed start is followed by a
     /// pause.
-    bool mayRunHook(Moment now);
+    bool mayRunHook(base::Moment now);
 
     /// Starts `command` in a shell, with the event's name as its first argument and in QUILLMERE_EVENT, and
     /// with `summary` on its standard input. False when it cannot be started.
-    bool runHook(const std::string& command, std::string_view event, std::string_view summary, Moment now);
+    bool runHook(const std::string& command, std::string_view event, std::string_view summary,
+                 base::Moment now);
 
     /// To be called when no hook waits: ends the error that was reported for waiting hooks.
     void reportNoHookWaits();

@@ -60,7 +60,7 @@ bool isReadable(int descriptor)
     return base::waitFor({&source, 1}, 0ns);
 }
 
-Moment steadyNow() { return std::chrono::steady_clock::now(); }
+base::Moment steadyNow() { return std::chrono::steady_clock::now(); }
 
 }  // namespace
 
@@ -87,10 +87,10 @@ void Watch::run()
     // SIGCHLD wakes the loop, and each round reaps.
     const base::HeldSignals signals{SIGTERM, SIGINT, SIGHUP, SIGCHLD};
     const base::BrokenPipesAreErrors whenNobodyReads;
-    const Moment limit = steadyNow() + longestOnce;
+    const base::Moment limit = steadyNow() + longestOnce;
     while (true) {
         round(steadyNow());
-        const Moment now = steadyNow();
+        const base::Moment now = steadyNow();
         if (settings_.once && (isIdle(now) || now >= limit)) {
             return;
         }
@@ -104,7 +104,7 @@ void Watch::run()
     }
 }
 
-void Watch::round(Moment now)
+void Watch::round(base::Moment now)
 {
     subprocesses_.reap();
     if (canRecord_ || now >= restEnds_) {
@@ -118,21 +118,21 @@ void Watch::round(Moment now)
     }
 }
 
-Waiting Watch::waiting(Moment now) const
+Waiting Watch::waiting(base::Moment now) const
 {
     const bool rests = now < restEnds_;
-    const Moment nextSecond = now + std::chrono::milliseconds(base::millisecondsToNextSecond(clock_()));
+    const base::Moment nextSecond = now + std::chrono::milliseconds(base::millisecondsToNextSecond(clock_()));
     return {.sources = {{.descriptor = notifier_.descriptor()},
                         {.descriptor = open_ && !rests ? open_->descriptor() : -1}},
             .until = rests ? std::min(restEnds_, nextSecond) : nextSecond};
 }
 
-bool Watch::isIdle(Moment now) const
+bool Watch::isIdle(base::Moment now) const
 {
     return subprocesses_.isIdle() && !hooksWait_ && notifier_.isIdle(now);
 }
 
-void Watch::refresh(Moment now)
+void Watch::refresh(base::Moment now)
 {
     bool directoryHasChanged = false;
     try {
@@ -167,7 +167,7 @@ void Watch::reportWarning(const workspace::Situation& situation)
     }
 }
 
-void Watch::handleRefreshError(const std::exception& error, Moment now)
+void Watch::handleRefreshError(const std::exception& error, base::Moment now)
 {
     fileErrors_.report(errorKind(error), base::failureText(error));
     canRecord_ = false;
@@ -183,7 +183,7 @@ void Watch::handleRefreshError(const std::exception& error, Moment now)
     restEnds_ = now + restAfterError;
 }
 
-void Watch::deliver(Moment now)
+void Watch::deliver(base::Moment now)
 {
     const QuillmereState& state = situation().state;
     std::vector<StandingEvent> events = standingEvents(state);
@@ -196,7 +196,7 @@ void Watch::deliver(Moment now)
     print(events);
 }
 
-void Watch::runHooks(const std::vector<StandingEvent>& events, Moment now)
+void Watch::runHooks(const std::vector<StandingEvent>& events, base::Moment now)
 {
     hooksWait_ = false;
     for (const StandingEvent& event : events) {

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "base/environment.hpp"
+#include "base/moment.hpp"
 #include "base/system/line_writer.hpp"
 #include "base/system/wait.hpp"
 #include "notices/delivery_log.hpp"
 #include "notices/error_throttle.hpp"
-#include "notices/moment.hpp"
 #include "notices/notifier.hpp"
 #include "notices/notifier_channel.hpp"
 #include "notices/subprocesses.hpp"
@@ -30,10 +30,10 @@ struct WatchSettings {
     std::chrono::milliseconds lockPatience = workspace::DirectoryLock::usualPatience;
 };
 
-/// What a watch waits for between two rounds.
+/// The events that end the wait between two rounds.
 struct Waiting {
     std::vector<base::PollSource> sources;
-    Moment until;  ///< at the latest
+    base::Moment until;  ///< at the latest
 };
 
 /// One loop without threads: it sleeps until the next whole second, a change of the files, a message of the
@@ -54,22 +54,22 @@ public:
 
     /// Records the events up to the present, delivers them, and handles what has arrived. Waits for nothing
     /// but the directory's lock.
-    void round(Moment now);
+    void round(base::Moment now);
 
-    /// What to wait for before the next round.
-    Waiting waiting(Moment now) const;
+    /// The descriptors, and the latest moment, to wait for before the next round.
+    Waiting waiting(base::Moment now) const;
 
     /// Whether nothing is under way and nothing could be tried at once.
-    bool isIdle(Moment now) const;
+    bool isIdle(base::Moment now) const;
 
 private:
-    void refresh(Moment now);
-    void handleRefreshError(const std::exception& error, Moment now);
+    void refresh(base::Moment now);
+    void handleRefreshError(const std::exception& error, base::Moment now);
     void reportWarning(const workspace::Situation& situation);
     /// As recorded or, while recording fails, as it would be recorded.
     const workspace::Situation& situation() const { return unrecorded_ ? *unrecorded_ : open_->situation(); }
-    void deliver(Moment now);
-    void runHooks(const std::vector<StandingEvent>& events, Moment now);
+    void deliver(base::Moment now);
+    void runHooks(const std::vector<StandingEvent>& events, base::Moment now);
     void print(const std::vector<StandingEvent>& events);
     void print(const StandingEvent& event);
     void perform(NoticeAction action);
@@ -85,7 +85,8 @@ private:
     std::optional<workspace::Situation> unrecorded_;  ///< while recording fails and reading works
     bool canDeliver_ = false;                         ///< whether `situation` is that of the present
     bool canRecord_ = true;
-    Moment restEnds_{};  ///< until then changes of the directory are ignored, and errors not tried again
+    base::Moment
+        restEnds_{};  ///< until then changes of the directory are ignored, and errors not tried again
     DeliveryLog deliveryLog_;
     bool isLogPruned_ = false;
     std::set<std::string> printed_;

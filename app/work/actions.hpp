@@ -27,7 +27,7 @@ std::vector<const Action*> actionsFor(const workspace::Situation& situation);
 /// other place, and for steps that need input.
 const Action* actionFor(Step step, const workspace::Situation& situation);
 
-/// What saving a form is called.
+/// The names of saving a form.
 struct Saving {
     Step step;
     std::string_view label;

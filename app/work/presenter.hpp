@@ -1,5 +1,5 @@
-// What a surface with forms shows while the work goes on: which forms are open, what is said, what waits for
-// a confirmation. Knows neither keys nor drawing.
+// State of a surface with forms while the work goes on: the open forms, the message, the action that waits
+// for a confirmation. Knows neither keys nor drawing.
 #pragma once
 
 #include "work/actions.hpp"
@@ -37,7 +37,7 @@ public:
     const workspace::Situation& situation() const { return *files_.situation(); }
     const QuillmereState& state() const { return situation().state; }
 
-    /// What the person should read now; empty: nothing.
+    /// The message for the person; may be empty.
     const std::string& message() const { return message_; }
     void clearMessage() { message_.clear(); }
     /// Whether an event happened since the last call.

@@ -15,7 +15,7 @@ struct Situation {
     QuillmereState state;
     std::vector<Event> events;  ///< happened by themselves since the state was saved
     Instant now;                ///< in whole seconds, as files keep instants
-    /// What the person should know although the change was made; usually empty.
+    /// A problem beside the change that was made, for the person; usually empty.
     std::string warning = {};
 };
 

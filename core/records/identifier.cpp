@@ -61,7 +61,7 @@ Digits gather(const char* text)
 
 Identifier Identifier::random()
 {
-    Bytes bytes{};
+    Octets bytes{};
     // Not std::random_device: its constructor executes cpuid, which is slow on virtual machines.
     if (::getentropy(bytes.data(), bytes.size()) == -1) {
         throw std::system_error(errno, std::generic_category(), "getentropy");
@@ -88,14 +88,14 @@ std::optional<Identifier> Identifier::fromText(std::string_view text) noexcept
     Lanes bad{};
     front = valuesOf(front, bad);
     back = valuesOf(back, bad);
-    if (std::bit_cast<Bytes>(bad) != Bytes{}) {
+    if (std::bit_cast<Octets>(bad) != Octets{}) {
         return std::nullopt;
     }
     const Lanes high =
         __builtin_shufflevector(front, back, 0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30);
     const Lanes low =
         __builtin_shufflevector(front, back, 1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21, 23, 25, 27, 29, 31);
-    return Identifier(std::bit_cast<Bytes>(high << 4 | low));
+    return Identifier(std::bit_cast<Octets>(high << 4 | low));
 }
 
 void Identifier::writeText(char* text) const noexcept

@@ -16,12 +16,12 @@ namespace quillmere {
 /// from a text, or made from its bytes.
 class Identifier {
 public:
-    using Bytes = std::array<std::uint8_t, 16>;
+    using Octets = std::array<std::uint8_t, 16>;
 
     /// Characters in the text form.
     static constexpr std::size_t textLength = 36;
 
-    explicit constexpr Identifier(const Bytes& bytes) noexcept : bytes_(bytes) {}
+    explicit constexpr Identifier(const Octets& bytes) noexcept : bytes_(bytes) {}
 
     /// A new random identifier (version 4). Throws `std::system_error` when getentropy(3) fails.
     static Identifier random();
@@ -36,13 +36,13 @@ public:
     /// Writes the same text to `textLength` characters at `text`, without a terminator.
     void writeText(char* text) const noexcept;
 
-    constexpr const Bytes& bytes() const noexcept { return bytes_; }
+    constexpr const Octets& bytes() const noexcept { return bytes_; }
 
     friend constexpr bool operator==(const Identifier&, const Identifier&) = default;
     friend constexpr auto operator<=>(const Identifier&, const Identifier&) = default;
 
 private:
-    Bytes bytes_;
+    Octets bytes_;
 };
 
 }  // namespace quillmere

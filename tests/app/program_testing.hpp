@@ -76,7 +76,7 @@ private:
 /// Whether both summaries say what follows from the state at the person's present.
 testing::AssertionResult filesAgree(const Person& person);
 
-/// What can be told from outside of all that is in a directory, by relative path: which file it is, when it
+/// All that a directory shows from outside, by relative path: which file it is, when it
 /// was changed, what is in it. The directory itself is ".".
 std::map<std::string, std::string> pictureOf(const std::filesystem::path& directory);
 

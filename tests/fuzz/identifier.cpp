@@ -48,7 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     using namespace quillmere;
     test::readText(test::textOf(data, size));
-    Identifier::Bytes bytes{};
+    Identifier::Octets bytes{};
     if (size >= bytes.size()) {
         std::memcpy(bytes.data(), data, bytes.size());
         const Identifier identifier(bytes);

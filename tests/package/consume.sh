@@ -8,7 +8,8 @@ kind=$3
 rm -rf "$work"
 mkdir -p "$work"
 
-configure() { cmake -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O0 "$@" >"$work/configure.log" || { cat "$work/configure.log"; exit 1; }; }
+# All files of a target as one, which takes a quarter of the time.
+configure() { cmake -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O0 -DCMAKE_UNITY_BUILD=ON -DCMAKE_UNITY_BUILD_BATCH_SIZE=0 "$@" >"$work/configure.log" || { cat "$work/configure.log"; exit 1; }; }
 build() { cmake --build "$1" -- --quiet; }
 
 # The example prints the workflow state and leaves both files.

@@ -8,19 +8,19 @@
 namespace quillmere {
 namespace {
 
-constexpr Identifier::Bytes sampleBytes{0x9F, 0x1C, 0x2A, 0x4E, 0x0B, 0x7D, 0x4C, 0x55,
-                                        0x8E, 0x21, 0x3A, 0x6B, 0x5D, 0x0C, 0x7F, 0x10};
+constexpr Identifier::Octets sampleBytes{0x9F, 0x1C, 0x2A, 0x4E, 0x0B, 0x7D, 0x4C, 0x55,
+                                         0x8E, 0x21, 0x3A, 0x6B, 0x5D, 0x0C, 0x7F, 0x10};
 constexpr std::string_view sampleText = "9F1C2A4E-0B7D-4C55-8E21-3A6B5D0C7F10";
 
 static_assert(!std::is_default_constructible_v<Identifier>);
 static_assert(!std::is_convertible_v<std::string_view, Identifier>);
-static_assert(!std::is_convertible_v<Identifier::Bytes, Identifier>);
+static_assert(!std::is_convertible_v<Identifier::Octets, Identifier>);
 static_assert(sizeof(Identifier) == 16 && std::is_trivially_copyable_v<Identifier>);
 
 TEST(Identifier, isWrittenInUpperCaseGroupsOf8And4And4And4And12Digits)
 {
     EXPECT_EQ(Identifier(sampleBytes).text(), sampleText);
-    EXPECT_EQ(Identifier(Identifier::Bytes{}).text(), "00000000-0000-0000-0000-000000000000");
+    EXPECT_EQ(Identifier(Identifier::Octets{}).text(), "00000000-0000-0000-0000-000000000000");
 }
 
 TEST(Identifier, writesItsTextIntoTheGivenCharactersAndNoFurther)
@@ -106,8 +106,8 @@ TEST(Identifier, acceptsExactlyTheHexadecimalDigitsAtEveryPlace)
 
 TEST(Identifier, isRandomOfVersionFourWhenDrawn)
 {
-    Identifier::Bytes everSet{};
-    Identifier::Bytes alwaysSet;
+    Identifier::Octets everSet{};
+    Identifier::Octets alwaysSet;
     alwaysSet.fill(0xFF);
     for (int count = 0; count < 500; ++count) {
         const Identifier drawn = Identifier::random();
@@ -117,11 +117,11 @@ TEST(Identifier, isRandomOfVersionFourWhenDrawn)
         }
     }
     // Every bit is seen both set and clear, except the bits of version (0100) and variant (10).
-    Identifier::Bytes expectedEverSet;
+    Identifier::Octets expectedEverSet;
     expectedEverSet.fill(0xFF);
     expectedEverSet[6] = 0x4F;
     expectedEverSet[8] = 0xBF;
-    Identifier::Bytes expectedAlwaysSet{};
+    Identifier::Octets expectedAlwaysSet{};
     expectedAlwaysSet[6] = 0x40;
     expectedAlwaysSet[8] = 0x80;
     EXPECT_EQ(everSet, expectedEverSet);
@@ -140,7 +140,7 @@ TEST(Identifier, isAnotherOneEveryTimeItIsDrawn)
 TEST(Identifier, isComparedByteByByteFromTheFront)
 {
     for (std::size_t index = 0; index < sampleBytes.size(); ++index) {
-        Identifier::Bytes bytes = sampleBytes;
+        Identifier::Octets bytes = sampleBytes;
         bytes[index] = static_cast<std::uint8_t>(bytes[index] + 1);
         SCOPED_TRACE(index);
         EXPECT_NE(Identifier(bytes), Identifier(sampleBytes));

@@ -6,7 +6,7 @@ namespace quillmere::test {
 
 Identifier identifier(unsigned number)
 {
-    Identifier::Bytes bytes{0x9F, 0x1C, 0x2A, 0x4E, 0x0B, 0x7D, 0x4C, 0x55, 0x8E, 0x21};
+    Identifier::Octets bytes{0x9F, 0x1C, 0x2A, 0x4E, 0x0B, 0x7D, 0x4C, 0x55, 0x8E, 0x21};
     for (std::size_t index = 15; index >= 12; --index) {
         bytes[index] = static_cast<std::uint8_t>(number);
         number >>= 8;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/json.hpp"
+#include "base/moment.hpp"
 
 #include <nlohmann/json.hpp>
 
@@ -17,8 +18,7 @@ namespace quillmere::agent::protocol {
 /// Every value of the protocol, because a client may send an object with a million keys.
 using base::SortedJson;
 
-/// On a clock that is never set (monotonic).
-using Moment = std::chrono::steady_clock::time_point;
+using base::Moment;
 
 /// The result of a tool call.
 struct ToolResult {

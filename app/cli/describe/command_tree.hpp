@@ -6,7 +6,7 @@
 
 namespace quillmere::cli::describe {
 
-/// What a shell can offer for a value.
+/// The candidates that a shell can offer for a value.
 enum class ValueKind {
     none,       ///< a flag, which has no value
     text,       ///< any text: the shell offers nothing

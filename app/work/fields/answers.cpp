@@ -172,8 +172,12 @@ void setFrom(Record& record, const RecordField<Record>& field, const std::string
         record.** list = outcomesFrom(std::get<std::vector<ListItem>>(value));
         return;
     }
-    const Reading reading{{id, std::get<std::string>(value)}, field.prompt, now};
-    std::visit([&](const auto member) { set(record.*member, reading); }, field.member);
+    const Answer answer{id, std::get<std::string>(value)};
+    std::visit(
+        [&](const auto member) {
+            set(record.*member, Reading{answer, field.prompt, now});
+        },
+        field.member);
 }
 
 template FieldValue valueIn(const Block&, const RecordField<Block>&);

@@ -1,5 +1,5 @@
-// What a person fills in: one table a record. The options of the commands, their prompts and the forms all
-// follow from these tables.
+// The fields that a person fills in: one table a record. The options of the commands, their prompts and the
+// forms all follow from these tables.
 #pragma once
 
 #include "base/text/duration.hpp"
@@ -86,7 +86,7 @@ inline constexpr auto& planFields = field_tables::plan;
 inline constexpr auto& reviewFields = field_tables::review;
 inline constexpr auto& reflectionFields = field_tables::reflection;
 
-/// What an answer to a question, and a new question, are asked by.
+/// The prompts for an answer to a question and for a new question.
 inline constexpr Prompt answerPrompt = {"answer", "The answer", FieldKind::text};
 inline constexpr Prompt questionPrompt = {"question", "What is to be asked?", FieldKind::text};
 

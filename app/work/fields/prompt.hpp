@@ -1,4 +1,4 @@
-// What a person is asked for one value.
+// The prompt for one value.
 #pragma once
 
 #include <cstdint>

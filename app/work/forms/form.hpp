@@ -1,4 +1,4 @@
-// What a person fills in at one sitting, as a value: fields with what they held at first and hold now.
+// A form as a value: fields, each with its first and its present value.
 #pragma once
 
 #include "work/fields/field_value.hpp"
@@ -69,7 +69,7 @@ struct FieldChange {
     friend bool operator==(const FieldChange&, const FieldChange&) = default;
 };
 
-/// What a draft changed in a form.
+/// The effect of a draft on a form.
 enum class BroughtBack {
     nothing,
     all,

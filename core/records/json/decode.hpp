@@ -37,7 +37,7 @@ Value blank()
         }
         (std::make_index_sequence<std::tuple_size_v<Fields<Value>>>{});
     } else if constexpr (std::is_same_v<Value, Identifier>) {
-        return Identifier(Identifier::Bytes{});
+        return Identifier(Identifier::Octets{});
     } else if constexpr (std::is_same_v<Value, Instant>) {
         return Instant(0);
     } else {

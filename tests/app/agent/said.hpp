@@ -1,4 +1,4 @@
-// What tests hear from the server, kept so that a validator of JSON Schema can look at all of it afterwards.
+// Keeps the output of the server, so that a validator of JSON Schema can check all of it afterwards.
 #pragma once
 
 #include "base/json.hpp"

@@ -1,4 +1,4 @@
-// What the kernel reports about a child process (proc(5)).
+// The status of a child process, from the kernel (proc(5)).
 #pragma once
 
 #include "support/process.hpp"

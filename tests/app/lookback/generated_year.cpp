@@ -67,7 +67,7 @@ private:
 
     Identifier identifier()
     {
-        Identifier::Bytes bytes{};
+        Identifier::Octets bytes{};
         std::generate(bytes.begin(), bytes.end(), [this] { return static_cast<std::uint8_t>(next(256)); });
         bytes[6] = static_cast<std::uint8_t>((bytes[6] & 0x0F) | 0x40);  // version 4
         bytes[8] = static_cast<std::uint8_t>((bytes[8] & 0x3F) | 0x80);

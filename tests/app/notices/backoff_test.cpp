@@ -6,12 +6,12 @@
 namespace quillmere::test {
 namespace {
 
+using base::Moment;
 using notices::Backoff;
-using notices::Moment;
 using std::chrono::seconds;
 
 /// The length in seconds of the pause that begins now.
-int pauseOf(const Backoff& backoff, Moment now)
+int pauseOf(const Backoff& backoff, base::Moment now)
 {
     int count = 0;
     while (backoff.isPausing(now + seconds(count))) {
@@ -23,7 +23,7 @@ int pauseOf(const Backoff& backoff, Moment now)
 TEST(Backoff, doublesItsPausesUpToAMinute)
 {
     Backoff backoff;
-    Moment now{seconds(100)};
+    base::Moment now{seconds(100)};
     EXPECT_FALSE(backoff.isPausing(now));
     for (const int pause : {2, 4, 8, 16, 32, 60, 60}) {
         backoff.failed(now);
@@ -35,7 +35,7 @@ TEST(Backoff, doublesItsPausesUpToAMinute)
 TEST(Backoff, startsAgainAfterASuccess)
 {
     Backoff backoff;
-    const Moment now{seconds(100)};
+    const base::Moment now{seconds(100)};
     backoff.failed(now);
     backoff.failed(now);
     backoff.succeeded();

@@ -8,7 +8,7 @@
 
 namespace quillmere::test {
 
-using notices::Moment;
+using base::Moment;
 
 std::filesystem::path deliveryLogOf(const Person& person)
 {
@@ -39,12 +39,12 @@ ClockedWatch::ClockedWatch(const Person& person, notices::NotifierChannel& chann
 {
 }
 
-Moment ClockedWatch::moment() const
+base::Moment ClockedWatch::moment() const
 {
     // Far enough from zero that no test's day lies before it.
-    constexpr Moment start{std::chrono::hours(24 * 365 * 100)};
+    constexpr base::Moment start{std::chrono::hours(24 * 365 * 100)};
     const std::chrono::duration<double> since(person_.now - test::moment);
-    return start + std::chrono::duration_cast<Moment::duration>(since);
+    return start + std::chrono::duration_cast<base::Moment::duration>(since);
 }
 
 void ClockedWatch::untilIdle()

@@ -26,7 +26,7 @@ public:
                  const notices::WatchSettings& settings, const std::filesystem::path& directory,
                  const std::filesystem::path& stateHome);
 
-    notices::Moment moment() const;
+    base::Moment moment() const;
     void round() { watch_.round(moment()); }
     /// Runs rounds until nothing is left to do at this moment; fails the test when that takes too many.
     void untilIdle();

@@ -6,8 +6,8 @@
 namespace quillmere::test {
 namespace {
 
-using Kind = FakeNotifier::Kind;
 using notices::NoticeRequest;
+using notices::NotifierMessageKind;
 
 /// "Focus is over for 0": the heading, and the number of the notice that is replaced.
 Words headings(const std::vector<NoticeRequest>& requests)
@@ -152,7 +152,7 @@ TEST_F(Delivery, replacesNoNoticeThatThePersonClosed)
     person.has(stateIn(WorkflowState::focusing));
     ClockedWatch watch(person, notifier);
     watch.untilIdle();
-    notifier.sends({.kind = Kind::closed, .number = 1});
+    notifier.sends({.kind = NotifierMessageKind::closed, .number = 1});
     watch.untilIdle();
     person.has(stateIn(WorkflowState::breaking));
     watch.untilIdle();
@@ -200,12 +200,13 @@ TEST_F(Delivery, isOneForADirectoryHoweverItsPathIsSpelled)
 
 TEST_F(Delivery, ofOneSubjectGoesOnWhileAnotherIsRefused)
 {
-    notifier.answersWith({.kind = Kind::failed, .text = "no, for the 1st time", .error = "Refused"});
+    notifier.answersWith(
+        {.kind = NotifierMessageKind::failed, .text = "no, for the 1st time", .error = "Refused"});
     person.has(stateIn(WorkflowState::focusing));
     ClockedWatch watch(person, notifier);
     watch.untilIdle();
     EXPECT_EQ(recordCount(), 0U);
-    notifier.answersWith({.kind = Kind::given, .number = 7});
+    notifier.answersWith({.kind = NotifierMessageKind::given, .number = 7});
     person.has(asking(person.state(), 1, "May I?"));
     watch.untilIdle();
     EXPECT_EQ(headings(notifier.requests), (Words{"Focus is over for 0", "A question waits for 0"}));
@@ -214,7 +215,7 @@ TEST_F(Delivery, ofOneSubjectGoesOnWhileAnotherIsRefused)
 
 TEST_F(Delivery, isTriedAgainWithGrowingPauses)
 {
-    notifier.answersWith({.kind = Kind::failed, .text = "no", .error = "Refused"});
+    notifier.answersWith({.kind = NotifierMessageKind::failed, .text = "no", .error = "Refused"});
     person.has(stateIn(WorkflowState::focusing));
     ClockedWatch watch(person, notifier);
     const Instant begin = person.now;
@@ -234,13 +235,13 @@ TEST_F(Delivery, reportsAnErrorOnceAndItsEndOnce)
     person.has(stateIn(WorkflowState::focusing));
     ClockedWatch watch(person, notifier);
     for (const char* text : {"no, for the 1st time", "no, for the 2nd time"}) {
-        notifier.answersWith({.kind = Kind::failed, .text = text, .error = "Refused"});
+        notifier.answersWith({.kind = NotifierMessageKind::failed, .text = text, .error = "Refused"});
         watch.untilIdle();
         person.now = person.now + 100;
     }
     EXPECT_EQ(notifier.requests.size(), 2U);
     EXPECT_EQ(watch.said(), "Notices cannot be given now: no, for the 1st time.\n");
-    notifier.answersWith({.kind = Kind::given, .number = 1});
+    notifier.answersWith({.kind = NotifierMessageKind::given, .number = 1});
     watch.untilIdle();
     EXPECT_EQ(watch.said(),
               "Notices cannot be given now: no, for the 1st time.\nNotices can be given again.\n");
@@ -248,7 +249,8 @@ TEST_F(Delivery, reportsAnErrorOnceAndItsEndOnce)
 
 TEST_F(Delivery, happensOnceForANoticeThatMayBeOnTheScreen)
 {
-    notifier.answersWith({.kind = Kind::unanswered, .text = "the notification service does not answer"});
+    notifier.answersWith(
+        {.kind = NotifierMessageKind::unanswered, .text = "the notification service does not answer"});
     person.has(stateIn(WorkflowState::focusing));
     watchesOnce();
     EXPECT_EQ(recordCount(), 1U);
@@ -258,7 +260,8 @@ TEST_F(Delivery, happensOnceForANoticeThatMayBeOnTheScreen)
 
 TEST_F(Delivery, isLeftToTheNextWatchWhenTheNotifierEndsFirst)
 {
-    notifier.answersWith({.kind = Kind::ended, .text = "the notification service does not answer"});
+    notifier.answersWith(
+        {.kind = NotifierMessageKind::ended, .text = "the notification service does not answer"});
     person.has(stateIn(WorkflowState::focusing));
     watchesOnce();
     EXPECT_EQ(recordCount(), 0U);

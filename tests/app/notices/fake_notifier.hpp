@@ -53,14 +53,14 @@ public:
     bool isReady() const override { return isReady_; }
     int descriptor() const override { return -1; }
 
-    void start(notices::Moment) override
+    void start(base::Moment) override
     {
         ++startCount;
         isRunning_ = true;
         sends(onStart_);
     }
 
-    void send(const notices::NoticeRequest& request, notices::Moment) override
+    void send(const notices::NoticeRequest& request, base::Moment) override
     {
         requests.push_back(request);
         if (isSilent_) {
@@ -72,7 +72,7 @@ public:
         sends(answer_);
     }
 
-    std::vector<Message> takeMessages(notices::Moment) override
+    std::vector<Message> takeMessages(base::Moment) override
     {
         for (const Message& message : messages_) {
             isReady_ = message.kind != Kind::ended && (isReady_ || message.kind == Kind::ready);

@@ -14,7 +14,7 @@
 namespace quillmere::test {
 namespace {
 
-using notices::Moment;
+using base::Moment;
 using notices::Subprocesses;
 using std::chrono::seconds;
 
@@ -143,7 +143,7 @@ TEST_F(Hook, thatCannotBeStartedIsTriedAgainAfterAPause)
     std::ostringstream text;
     base::LineWriter messages(text, -1);
     Subprocesses subprocesses(messages);
-    const Moment now{seconds(100)};
+    const base::Moment now{seconds(100)};
     {
         // The summary is a file in memory, which has a size limit too.
         const FileSizeLimit nothing(0);

@@ -11,9 +11,8 @@ namespace {
 using notices::Notice;
 using notices::noticeOf;
 using notices::StandingEvent;
-using Kind = work::EventKind;
 
-StandingEvent eventSaying(Kind kind, const std::string& text)
+StandingEvent eventSaying(work::EventKind kind, const std::string& text)
 {
     return {.kind = kind, .key = "key", .at = moment, .text = text};
 }
@@ -22,18 +21,18 @@ std::vector<StandingEvent> questions(std::size_t count)
 {
     std::vector<StandingEvent> events;
     for (std::size_t number = 1; number <= count; ++number) {
-        events.push_back(eventSaying(Kind::questionRaised, "Question " + std::to_string(number)));
+        events.push_back(eventSaying(work::EventKind::questionRaised, "Question " + std::to_string(number)));
     }
     return events;
 }
 
 TEST(NoticeText, namesTheEventAndQuotesItsText)
 {
-    EXPECT_EQ(noticeOf({eventSaying(Kind::focusEnded, "Five headings")}),
+    EXPECT_EQ(noticeOf({eventSaying(work::EventKind::focusEnded, "Five headings")}),
               (Notice{.heading = "Focus is over", .body = "Five headings", .mayExtendBreak = false}));
-    EXPECT_EQ(noticeOf({eventSaying(Kind::breakEnded, "The fifth")}),
+    EXPECT_EQ(noticeOf({eventSaying(work::EventKind::breakEnded, "The fifth")}),
               (Notice{.heading = "The break is over", .body = "The fifth", .mayExtendBreak = true}));
-    EXPECT_EQ(noticeOf({eventSaying(Kind::blockStarted, "")}),
+    EXPECT_EQ(noticeOf({eventSaying(work::EventKind::blockStarted, "")}),
               (Notice{.heading = "The scheduled block has begun", .body = "", .mayExtendBreak = false}));
     EXPECT_EQ(noticeOf(questions(1)),
               (Notice{.heading = "A question waits", .body = "Question 1", .mayExtendBreak = false}));
@@ -57,7 +56,7 @@ TEST(NoticeText, quotesTenQuestionsAndCountsTheRest)
 TEST(NoticeText, isSanitized)
 {
     const std::string hostile = "\x1b[31m red\nline\x07 \xE2\x80\xAEturned \xFF";
-    EXPECT_EQ(noticeOf({eventSaying(Kind::questionRaised, hostile)}).body,
+    EXPECT_EQ(noticeOf({eventSaying(work::EventKind::questionRaised, hostile)}).body,
               "\xEF\xBF\xBD[31m red line\xEF\xBF\xBD \xEF\xBF\xBDturned \xEF\xBF\xBD");
 }
 
@@ -113,20 +112,22 @@ TEST(NoticeText, hasNoNoncharacters)
          "b"},  // U+1EFFF
     };
     for (const Example& example : examples) {
-        EXPECT_EQ(noticeOf({eventSaying(Kind::questionRaised, example.text)}).body, example.expected);
+        EXPECT_EQ(noticeOf({eventSaying(work::EventKind::questionRaised, example.text)}).body,
+                  example.expected);
     }
 }
 
 TEST(NoticeText, isShort)
 {
-    const std::string wide = noticeOf({eventSaying(Kind::questionRaised, std::string(100'000, 'x'))}).body;
+    const std::string wide =
+        noticeOf({eventSaying(work::EventKind::questionRaised, std::string(100'000, 'x'))}).body;
     EXPECT_EQ(base::columnsOf(wide), 200U);
     // A hundred thousand combining characters on one letter take one column.
     std::string tall = "e";
     for (int count = 0; count < 100'000; ++count) {
         tall += "\xCC\x81";
     }
-    EXPECT_LE(noticeOf({eventSaying(Kind::questionRaised, tall)}).body.size(), 1'010U);
+    EXPECT_LE(noticeOf({eventSaying(work::EventKind::questionRaised, tall)}).body.size(), 1'010U);
 }
 
 }  // namespace

@@ -13,9 +13,8 @@ namespace quillmere::test {
 namespace {
 
 using namespace std::chrono_literals;
-using Kind = notices::NotifierMessageKind;
+using base::Moment;
 using nlohmann::json;
-using notices::Moment;
 using notices::NoticeRequest;
 using notices::NotifierMessage;
 using notices::NotifierProcess;
@@ -32,7 +31,7 @@ const NoticeRequest simpleRequest{
 class NotifierOnTheBus : public Desktop {
 protected:
     const EnvironmentVariable address{"DBUS_SESSION_BUS_ADDRESS", "unix:path=" + socket().string()};
-    const Moment now{1h};
+    const base::Moment now{1h};
     NotifierProcess notifier{builtNotifier(), {.capabilities = 300ms, .notice = 300ms}};
 
     /// The next message that the notifier sends.
@@ -45,7 +44,7 @@ protected:
             return !unread_.empty();
         }));
         if (unread_.empty()) {
-            return {.kind = Kind::ended, .text = "nothing came"};
+            return {.kind = notices::NotifierMessageKind::ended, .text = "nothing came"};
         }
         const NotifierMessage first = unread_.front();
         unread_.erase(unread_.begin());
@@ -57,7 +56,7 @@ protected:
     {
         notifier.start(now);
         const NotifierMessage first = message();
-        EXPECT_EQ(first.kind, Kind::ready) << first.text;
+        EXPECT_EQ(first.kind, notices::NotifierMessageKind::ready) << first.text;
         return first.text;
     }
 
@@ -81,7 +80,7 @@ TEST_F(NotifierOnTheBus, givesTheNoticeThatIsRequested)
                                              .body = "Five headings",
                                              .urgency = 2,
                                              .actions = {"default", "Open"}});
-    EXPECT_EQ(answer.kind, Kind::given);
+    EXPECT_EQ(answer.kind, notices::NotifierMessageKind::given);
     EXPECT_EQ(answer.number, 1U);
     EXPECT_EQ(notices(), (std::vector<json>{{{"name", "Quillmere"},
                                              {"replaces", 0},
@@ -111,7 +110,7 @@ TEST_F(NotifierOnTheBus, escapesMarkupWhereTheServiceReadsIt)
     starts();
     NoticeRequest request = simpleRequest;
     request.body = "<b>bold</b> & \"quoted\"";
-    EXPECT_EQ(answerTo(request).kind, Kind::given);
+    EXPECT_EQ(answerTo(request).kind, notices::NotifierMessageKind::given);
     EXPECT_EQ(notices()[0]["body"], "&lt;b&gt;bold&lt;/b&gt; &amp; &quot;quoted&quot;");
 }
 
@@ -123,7 +122,7 @@ TEST_F(NotifierOnTheBus, leavesMarkupAndActionsOutWhereTheServiceHasNone)
     NoticeRequest request = simpleRequest;
     request.body = "<b>bold</b>";
     request.actions = {"default", "Open"};
-    EXPECT_EQ(answerTo(request).kind, Kind::given);
+    EXPECT_EQ(answerTo(request).kind, notices::NotifierMessageKind::given);
     EXPECT_EQ(notices()[0]["body"], "<b>bold</b>");
     EXPECT_EQ(notices()[0]["actions"], json::array());
 }
@@ -135,12 +134,12 @@ TEST_F(NotifierOnTheBus, reportsChoicesAndClosedNotices)
     starts();
     service().signals("action 7 extend");
     const NotifierMessage action = message();
-    EXPECT_EQ(action.kind, Kind::action);
+    EXPECT_EQ(action.kind, notices::NotifierMessageKind::action);
     EXPECT_EQ(action.number, 7U);
     EXPECT_EQ(action.text, "extend");
     service().signals("closed 7");
     const NotifierMessage closed = message();
-    EXPECT_EQ(closed.kind, Kind::closed);
+    EXPECT_EQ(closed.kind, notices::NotifierMessageKind::closed);
     EXPECT_EQ(closed.number, 7U);
 }
 
@@ -152,10 +151,10 @@ TEST_F(NotifierOnTheBus, endsWhenAnotherServiceTakesOverThoughTheFirstIsStillThe
     service().signals("release");
     const NotificationService other("unix:path=" + socket().string(), file("other-log"), {});
     const NotifierMessage last = message();
-    EXPECT_EQ(last.kind, Kind::ended);
+    EXPECT_EQ(last.kind, notices::NotifierMessageKind::ended);
     EXPECT_EQ(last.text, "");
     EXPECT_NE(starts(), first);
-    EXPECT_EQ(answerTo(simpleRequest).kind, Kind::given);
+    EXPECT_EQ(answerTo(simpleRequest).kind, notices::NotifierMessageKind::given);
     EXPECT_EQ(countOf("Focus is over", textIn("other-log")), 1U);
 }
 
@@ -165,7 +164,7 @@ TEST_F(NotifierOnTheBus, namesTheErrorOfANoticeThatIsRefused)
     hasService({.behaviour = "picky"});
     starts();
     const NotifierMessage answer = answerTo(simpleRequest);
-    EXPECT_EQ(answer.kind, Kind::failed);
+    EXPECT_EQ(answer.kind, notices::NotifierMessageKind::failed);
     EXPECT_EQ(answer.text, "no, for the 1. time");
     EXPECT_EQ(answer.error, "org.example.Refused");
 }
@@ -174,7 +173,7 @@ TEST_F(NotifierOnTheBus, endsWhereThereIsNoBus)
 {
     notifier.start(now);
     const NotifierMessage last = message();
-    EXPECT_EQ(last.kind, Kind::ended);
+    EXPECT_EQ(last.kind, notices::NotifierMessageKind::ended);
     EXPECT_EQ(last.text, "Failed to open bus (No such file or directory)");
     EXPECT_FALSE(notifier.isRunning());
 }
@@ -185,7 +184,7 @@ TEST_F(NotifierOnTheBus, endsWhereTheServiceNeverAnswers)
     hasService({.behaviour = "mute"});
     notifier.start(now);
     const NotifierMessage last = message();
-    EXPECT_EQ(last.kind, Kind::ended);
+    EXPECT_EQ(last.kind, notices::NotifierMessageKind::ended);
     EXPECT_EQ(last.text, "the notification service does not answer");
 }
 
@@ -195,7 +194,7 @@ TEST_F(NotifierOnTheBus, endsWhenTheServiceFallsSilentBeforeANotice)
     hasService({.behaviour = "tired"});
     starts();
     const NotifierMessage last = answerTo(simpleRequest);
-    EXPECT_EQ(last.kind, Kind::ended);
+    EXPECT_EQ(last.kind, notices::NotifierMessageKind::ended);
     EXPECT_EQ(last.text, "the notification service does not answer");
 }
 
@@ -203,13 +202,14 @@ TEST_F(NotifierOnTheBus, tellsANoticeWithoutAnAnswerFromOneThatWasNotGiven)
 {
     struct Example {
         std::string behaviour;
-        Kind kind;
+        notices::NotifierMessageKind kind;
         std::string text;
     };
     const Example examples[] = {
-        {"numb", Kind::unanswered, "the notification service does not answer"},
-        {"garbled", Kind::unanswered, "the answer of the notification service cannot be read"},
-        {"frail", Kind::failed, "the notification service has gone"},
+        {"numb", notices::NotifierMessageKind::unanswered, "the notification service does not answer"},
+        {"garbled", notices::NotifierMessageKind::unanswered,
+         "the answer of the notification service cannot be read"},
+        {"frail", notices::NotifierMessageKind::failed, "the notification service has gone"},
     };
     hasBus();
     for (const Example& example : examples) {
@@ -219,7 +219,7 @@ TEST_F(NotifierOnTheBus, tellsANoticeWithoutAnAnswerFromOneThatWasNotGiven)
         EXPECT_EQ(answer.kind, example.kind) << example.behaviour;
         EXPECT_EQ(answer.text, example.text) << example.behaviour;
         hasService();
-        EXPECT_EQ(message().kind, Kind::ended) << example.behaviour;
+        EXPECT_EQ(message().kind, notices::NotifierMessageKind::ended) << example.behaviour;
     }
 }
 
@@ -227,7 +227,7 @@ TEST_F(NotifierOnTheBus, tellsANoticeWithoutAnAnswerFromOneThatWasNotGiven)
 class ScriptedNotifier : public testing::Test {
 protected:
     TemporaryDirectory directory;
-    const Moment now{1h};
+    const base::Moment now{1h};
 
     std::filesystem::path program(const std::string& script) const
     {
@@ -253,7 +253,7 @@ TEST_F(ScriptedNotifier, isKilledWhenItDoesNotGetReadyInTime)
     EXPECT_TRUE(notifier.isRunning());
     const auto messages = notifier.takeMessages(now + 5s);
     ASSERT_EQ(messages.size(), 1U);
-    EXPECT_EQ(messages[0].kind, Kind::ended);
+    EXPECT_EQ(messages[0].kind, notices::NotifierMessageKind::ended);
     EXPECT_EQ(messages[0].text, "the session bus does not answer");
     EXPECT_FALSE(notifier.isRunning());
     EXPECT_EQ(notifier.descriptor(), -1);
@@ -264,7 +264,7 @@ TEST_F(ScriptedNotifier, isKilledWhenItLeavesARequestUnanswered)
     NotifierProcess notifier(program(
         "echo '{\"kind\":\"ready\",\"number\":0,\"text\":\"bus:1.1\",\"error\":\"\"}'; exec sleep 600"));
     notifier.start(now);
-    EXPECT_EQ(messagesOf(notifier)[0].kind, Kind::ready);
+    EXPECT_EQ(messagesOf(notifier)[0].kind, notices::NotifierMessageKind::ready);
     EXPECT_TRUE(notifier.takeMessages(now + 1h).empty());
     notifier.send(simpleRequest, now);
     EXPECT_TRUE(notifier.takeMessages(now + 14s).empty());

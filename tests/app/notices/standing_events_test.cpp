@@ -15,7 +15,6 @@ namespace {
 using notices::mayBeDelivered;
 using notices::StandingEvent;
 using notices::standingEvents;
-using Kind = work::EventKind;
 
 const WorkflowEngine engine;
 
@@ -52,7 +51,7 @@ TEST(StandingEvents, includeASessionWhoseTimeRanOut)
 {
     const auto events = standingEvents(endedByTimer());
     ASSERT_EQ(events.size(), 1U);
-    EXPECT_EQ(events[0], (StandingEvent{.kind = Kind::focusEnded,
+    EXPECT_EQ(events[0], (StandingEvent{.kind = work::EventKind::focusEnded,
                                         .key = "focus-" + identifier(401).text(),
                                         .at = moment + 1'500,
                                         .text = "Outcome of session 1"}));
@@ -110,7 +109,7 @@ TEST(StandingEvents, includeABreakWhoseEndIsRecorded)
 {
     const auto events = standingEvents(breakAnnounced());
     ASSERT_EQ(events.size(), 1U);
-    EXPECT_EQ(events[0].kind, Kind::breakEnded);
+    EXPECT_EQ(events[0].kind, work::EventKind::breakEnded);
     EXPECT_EQ(events[0].at, moment + 300);
     EXPECT_EQ(events[0].text, "Outcome of session 2");
 }
@@ -131,7 +130,7 @@ TEST(StandingEvents, includeABlockThatBeganBySchedule)
 {
     const auto events = standingEvents(begunBySchedule());
     ASSERT_EQ(events.size(), 1U);
-    EXPECT_EQ(events[0].kind, Kind::blockStarted);
+    EXPECT_EQ(events[0].kind, work::EventKind::blockStarted);
     EXPECT_EQ(events[0].at, moment + 3'600);
     EXPECT_EQ(events[0].text, "Chapter one");
 }
@@ -163,7 +162,7 @@ TEST(StandingEvents, includeEveryOpenQuestion)
     engine.answerQuestion(state, state.agentQuestions[0].id, "The nightly", moment + 2);
     const auto events = standingEvents(state);
     ASSERT_EQ(events.size(), 1U);
-    EXPECT_EQ(events[0], (StandingEvent{.kind = Kind::questionRaised,
+    EXPECT_EQ(events[0], (StandingEvent{.kind = work::EventKind::questionRaised,
                                         .key = "question-" + state.agentQuestions[1].id.text(),
                                         .at = moment + 1,
                                         .text = "May I?"}));
@@ -197,10 +196,11 @@ TEST(StandingEvents, areNoneInAStateThatLacksTheirBlockOrSession)
 TEST(StandingEvents, mayBeDeliveredInFocusUnlessTheyAreQuestions)
 {
     const StandingEvent question{
-        .kind = Kind::questionRaised, .key = "question-1", .at = moment, .text = "May I?"};
+        .kind = work::EventKind::questionRaised, .key = "question-1", .at = moment, .text = "May I?"};
     QuillmereState state = stateIn(WorkflowState::focusing);
     EXPECT_FALSE(mayBeDelivered(question, state));
-    for (const Kind kind : {Kind::focusEnded, Kind::breakEnded, Kind::blockStarted}) {
+    for (const work::EventKind kind :
+         {work::EventKind::focusEnded, work::EventKind::breakEnded, work::EventKind::blockStarted}) {
         EXPECT_TRUE(mayBeDelivered({.kind = kind, .key = "key", .at = moment, .text = ""}, state));
     }
     engine.pauseFocus(state, moment + 1);

@@ -107,7 +107,7 @@ protected:
                                       "quillmere-notifier"};
     ClockedWatch watch{person, notifier};
 
-    void pass(double seconds) { person.now = person.now + seconds; }
+    void pass(double elapsed) { person.now = person.now + elapsed; }
 };
 
 TEST_F(UnreachableBusOnAClock, doesNotKeepTimeFromPassingWhenItAcceptsAndNeverAnswers)

@@ -10,13 +10,11 @@ namespace {
 using namespace work;
 using workspace::Event;
 
-const WorkflowEngine engine;
-
 TEST(News, haveTheStartOfAScheduledBlock)
 {
     QuillmereState state = stateWithScheduledBlock();
     const LastShown before = LastShown::of(state);
-    engine.evaluateSchedule(state, moment + 3600);
+    WorkflowEngine().evaluateSchedule(state, moment + 3600);
     const std::vector<Event> events = newsSince(before, state);
     ASSERT_EQ(events.size(), 1U);
     EXPECT_EQ(events[0].kind, Event::Kind::blockStarted);
@@ -27,7 +25,7 @@ TEST(News, haveTheEndOfASessionWhoseTimeRanOut)
 {
     QuillmereState state = stateIn(WorkflowState::focusing);
     const LastShown before = LastShown::of(state);
-    engine.endFocus(state, moment + 1500);
+    WorkflowEngine().endFocus(state, moment + 1500);
     const std::vector<Event> events = newsSince(before, state);
     ASSERT_EQ(events.size(), 1U);
     EXPECT_EQ(events[0].kind, Event::Kind::focusEnded);
@@ -50,7 +48,7 @@ TEST(News, haveTheEndOfABreak)
 {
     QuillmereState state = stateIn(WorkflowState::breaking);
     const LastShown before = LastShown::of(state);
-    engine.evaluateTimer(state, moment + 300);
+    WorkflowEngine().evaluateTimer(state, moment + 300);
     ASSERT_EQ(newsSince(before, state).size(), 1U);
     EXPECT_EQ(newsSince(before, state)[0].kind, Event::Kind::breakEnded);
     EXPECT_TRUE(newsSince(LastShown::of(state), state).empty());
@@ -60,11 +58,11 @@ TEST(News, haveNothingThatAPersonDid)
 {
     QuillmereState focusing = stateIn(WorkflowState::focusing);
     const LastShown running = LastShown::of(focusing);
-    engine.endFocus(focusing, moment + 60);
+    WorkflowEngine().endFocus(focusing, moment + 60);
     EXPECT_TRUE(newsSince(running, focusing).empty());
     QuillmereState scheduled = stateWithScheduledBlock();
     const LastShown waiting = LastShown::of(scheduled);
-    engine.startScheduledBlockNow(scheduled, moment);
+    WorkflowEngine().startScheduledBlockNow(scheduled, moment);
     EXPECT_TRUE(newsSince(waiting, scheduled).empty());
     EXPECT_NE(LastShown::of(scheduled), waiting);
 }

@@ -1,4 +1,4 @@
-// What is written, and what is reported, when one of the three files cannot be written.
+// The files written, and the error reported, when one of the three cannot be written.
 #include <quillmere/engine/workflow_engine.hpp>
 
 #include "program_testing.hpp"

@@ -95,7 +95,7 @@ std::string differences(const QuillmereState& before, const QuillmereState& afte
 /// Whether an identifier is a random UUID of version 4 and not one of the samples.
 bool looksDrawn(const Identifier& id)
 {
-    const Identifier::Bytes sample = identifier(0).bytes();
+    const Identifier::Octets sample = identifier(0).bytes();
     const bool isSample = std::equal(id.bytes().begin(), id.bytes().begin() + 10, sample.begin());
     return id.bytes()[6] >> 4 == 4 && id.bytes()[8] >> 6 == 2 && !isSample;
 }

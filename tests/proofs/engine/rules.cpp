@@ -53,7 +53,7 @@ void closeSession(QuillmereState& state, Instant now)
 void openSession(QuillmereState& state, const Call& call)
 {
     Block& block = *state.currentBlock;
-    const Identifier placeholder{Identifier::Bytes{}};
+    const Identifier placeholder{Identifier::Octets{}};
     block.sessions.push_back({.id = placeholder,
                               .number = static_cast<std::int64_t>(block.sessions.size()) + 1,
                               .plan = chosenPlan(state, call).value(),
@@ -144,7 +144,7 @@ void act(QuillmereState& state, const Call& call)
             break;
         case completeBlockReview: archive(state, call); break;
         case addQuestion:
-            state.agentQuestions.push_back({.id = Identifier(Identifier::Bytes{}),
+            state.agentQuestions.push_back({.id = Identifier(Identifier::Octets{}),
                                             .question = call.text,
                                             .createdAt = call.now,
                                             .answer = std::nullopt,

@@ -73,7 +73,7 @@ std::string repaired(std::string_view text)
 /// Whether a title is written as text, and reads back with only its bad bytes replaced.
 bool isRepaired(const std::string& title)
 {
-    const std::string file = compactText(Outcome{Identifier(Identifier::Bytes{}), title});
+    const std::string file = compactText(Outcome{Identifier(Identifier::Octets{}), title});
     return isUtf8(file) && decoded<Outcome>(file).title == repaired(title);
 }
 

@@ -21,14 +21,14 @@ constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
 
 const std::string& planText()
 {
-    static const std::string text = compactText(SessionPlan::blank(Identifier(Identifier::Bytes{})));
+    static const std::string text = compactText(SessionPlan::blank(Identifier(Identifier::Octets{})));
     return text;
 }
 
 /// Whether a plan with this energy is written with exactly its digits and read back.
 bool survives(std::int64_t value)
 {
-    SessionPlan plan = SessionPlan::blank(Identifier(Identifier::Bytes{}));
+    SessionPlan plan = SessionPlan::blank(Identifier(Identifier::Octets{}));
     plan.energy = value;
     const std::string text = compactText(plan);
     return scalarOf(text, "energy") == std::to_string(value) && decoded<SessionPlan>(text).energy == value;

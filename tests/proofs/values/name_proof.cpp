@@ -31,7 +31,7 @@ std::string changed(std::string text, int (*change)(int))
 }
 
 /// The canonical text, formatted by the C library.
-std::string canonical(const Identifier::Bytes& bytes)
+std::string canonical(const Identifier::Octets& bytes)
 {
     std::string text;
     for (std::size_t index = 0; index < bytes.size(); ++index) {
@@ -45,7 +45,7 @@ std::string canonical(const Identifier::Bytes& bytes)
 
 Identifier drawn(std::mt19937_64& random)
 {
-    Identifier::Bytes bytes{};
+    Identifier::Octets bytes{};
     for (std::uint8_t& byte : bytes) {
         byte = static_cast<std::uint8_t>(random());
     }

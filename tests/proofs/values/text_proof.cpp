@@ -75,13 +75,13 @@ std::string spelling(std::uint32_t codePoint)
 
 std::string fileWith(const std::string& inside)
 {
-    static const std::string id = Identifier(Identifier::Bytes{}).text();
+    static const std::string id = Identifier(Identifier::Octets{}).text();
     return "{\"id\":\"" + id + "\",\"title\":\"" + inside + "\"}";
 }
 
 std::string written(const std::string& title)
 {
-    return compactText(Outcome{Identifier(Identifier::Bytes{}), title});
+    return compactText(Outcome{Identifier(Identifier::Octets{}), title});
 }
 
 /// Some characters in all their spellings.

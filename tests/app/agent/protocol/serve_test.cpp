@@ -60,7 +60,7 @@ public:
     void take() override {}
 };
 
-constexpr int manyCalls = 100;
+constexpr int manyCalls = 30;
 
 /// A server whose only tool counts its calls. Many calls are in its input before it runs.
 class ServeLoop : public testing::Test {

@@ -39,7 +39,7 @@ public:
         ::fcntl(writer(), F_SETFL, 0);
     }
 
-    /// What is in the pipe now. Never waits.
+    /// The bytes that are in the pipe now. Never waits.
     std::string take() const
     {
         std::string text;

@@ -28,7 +28,7 @@ double luminance(std::string_view colour)
 
 double contrast(std::string_view one, std::string_view other)
 {
-    const auto [dark, light] = std::minmax(luminance(one), luminance(other));
+    const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
     return (light + 0.05) / (dark + 0.05);
 }
 

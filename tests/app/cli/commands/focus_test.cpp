@@ -151,7 +151,7 @@ TEST(End, closesARunningPauseFirst)
 
 TEST(End, isRecordedInWholeSeconds)
 {
-    // What is kept in memory would not be what stands in the file.
+    // The state in memory would differ from the file.
     Person person;
     person.has(stateIn(WorkflowState::focusing));
     person.now = moment + 10.999;

@@ -1,4 +1,4 @@
-// What a person before a terminal is asked.
+// Prompts on a terminal.
 #include "program_testing.hpp"
 
 namespace quillmere::test {

@@ -75,7 +75,7 @@ TEST(Status, showsTheShareOfABreakWithItsExtension)
 
 TEST(Status, offersOnlyWhatIsNotRefused)
 {
-    // What each command needs beside its words.
+    // The options that each command needs.
     const std::map<std::string, Words> needs = {
         {"plan", {"--start"}},
         {"focus", {"--outcome", "More"}},

@@ -1,4 +1,4 @@
-// What only a process of its own shows: standard descriptors, exit codes from main, the wall clock.
+// Behaviour that needs a real process: standard descriptors, exit codes from main, the wall clock.
 #include <time.h>
 
 #include "real_program.hpp"

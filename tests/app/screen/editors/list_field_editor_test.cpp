@@ -26,7 +26,8 @@ protected:
     std::string texts() const
     {
         std::string all;
-        for (const work::ListItem& item : std::get<std::vector<work::ListItem>>(field.value())) {
+        const work::FieldValue value = field.value();
+        for (const work::ListItem& item : std::get<std::vector<work::ListItem>>(value)) {
             all += item.text + "|";
         }
         return all;

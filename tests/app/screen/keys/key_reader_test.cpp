@@ -12,7 +12,7 @@ class KeyReaderOfBytes : public testing::Test {
 protected:
     KeyReader reader{Charset::unicode};
 
-    /// What comes at once; then nothing for a while.
+    /// Bytes that arrive at once, with a pause after them.
     void comes(std::string_view bytes)
     {
         for (const char byte : bytes) {
