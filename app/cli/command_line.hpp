@@ -17,7 +17,7 @@ class Program;
 /// {yes,half,no}.
 void defineCommandLine(CLI::App& line, Program& program);
 
-/// Parses the arguments; the settings and the action of the program are then those that they ask for. Throws
+/// Parses the arguments into the settings and the action of the program. Throws
 /// CLI::ParseError, and as CLI::Success when help or the version is asked for.
 void parse(const std::vector<std::string>& arguments, CLI::App& line);
 

@@ -116,7 +116,7 @@ struct LookBack {
     ByRating byMorale{};
     BetweenSessions between = {};
     std::optional<Streak> longestStreak = {};  ///< the latest of equally long ones
-    /// The one that ends today, or yesterday, because today is not over.
+    /// The streak that ends today or yesterday. Yesterday counts too, because today is not over.
     std::optional<Streak> currentStreak = {};
 
     const std::vector<Period>& periods(Unit unit) const;

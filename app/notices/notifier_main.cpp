@@ -63,8 +63,8 @@ std::string reason(const sdbus::Error& error)
     return isTimeout(error) ? "the notification service does not answer" : error.getMessage();
 }
 
-/// The notification service on the session bus: the one that owns the name at the start. A service that takes
-/// the name over later is another one, which does not know this one's notices.
+/// The notification service that owns the name on the session bus at the start. A later owner of the name is
+/// another service and does not know these notices.
 class Service {
 public:
     /// Connects to the bus and calls the service, which the bus may start; throws sdbus::Error.

@@ -26,7 +26,7 @@ public:
     /// readable; reads no file when nothing has changed. Returns the events that this instance recorded and
     /// has not returned before.
     ///
-    /// Throws what reading and saving throw; the situation is then the last one that could be read, and the
+    /// Throws what reading and saving throw; the situation then stays as it was last read, and the
     /// next call tries again. When the lock is not free within `patience`, throws Refusal (`busy`): the
     /// situation is up to date, but its events are not recorded yet.
     std::vector<Event> refresh(std::chrono::milliseconds patience = DirectoryLock::usualPatience);

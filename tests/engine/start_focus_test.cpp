@@ -138,7 +138,7 @@ TEST(StartFocus, isRefusedWhenAllCyclesAreUsed)
 
 TEST(StartFocus, checksInTheOrderStateBlockCyclesPlanRatings)
 {
-    // Each of these has one more condition fulfilled than the one before.
+    // Each case fulfils one condition more than the case before it.
     QuillmereState state = crowdedStateIn(idle);
     state.plannedNextSession.reset();
     state.currentBlock.reset();

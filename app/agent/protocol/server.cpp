@@ -127,7 +127,7 @@ void Server::answer(Request& request, Moment now)
 
 void Server::notice(const Request& notification)
 {
-    // Every other notification, and one that comes too late, is ignored.
+    // Other notifications, and cancellations of calls that have ended, are ignored.
     if (notification.method == "notifications/cancelled") {
         const std::optional<SortedJson> id = idIn(notification.params, "requestId");
         // Compared as text: as numbers, -1 and the greatest integer of 64 bits would be equal.

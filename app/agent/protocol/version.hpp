@@ -29,8 +29,8 @@ SortedJson statelessVersionNames();
 /// The result of a handshake that asks for a version: that version, or else the newest with a handshake.
 const ProtocolVersion& versionAfterHandshake(std::string_view asked);
 
-/// The version of a request: the one that it names, otherwise `agreed`. Throws ProtocolError when it names
-/// one that is not stateless, or lacks a field that every stateless request has.
+/// The version named in a request, or `agreed` when the request names none. Throws ProtocolError when the
+/// named version is not stateless, or when a field that stateless requests must have is missing.
 const ProtocolVersion& versionOf(const SortedJson& params, const ProtocolVersion& agreed);
 
 }  // namespace quillmere::agent::protocol

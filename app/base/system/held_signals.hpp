@@ -31,7 +31,8 @@ private:
     Descriptor file_;
 };
 
-/// While it lives, a write that nobody can read fails with EPIPE instead of ending the process by SIGPIPE.
+/// Ignores SIGPIPE during its lifetime: writing to a pipe without a reader fails with EPIPE and does not end
+/// the process.
 class BrokenPipesAreErrors {
 public:
     BrokenPipesAreErrors();

@@ -6,8 +6,8 @@
 
 namespace quillmere::base {
 
-/// The file that `replaceFile` would create or replace: all links are followed, also a last one that leads to
-/// nothing. Throws Refusal (`invalidRequest`) for an open file of a process, such as /dev/stdout: the file
+/// The file that `replaceFile` would create or replace. Follows all links, even if the last one is broken.
+/// Throws Refusal (`invalidRequest`) for an open file of a process, such as /dev/stdout: the file
 /// behind it would be replaced and the open one left empty. Throws `std::system_error` for links in a circle.
 std::filesystem::path destinationOf(const std::filesystem::path& file);
 

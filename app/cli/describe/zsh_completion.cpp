@@ -38,7 +38,7 @@ std::string action(const Argument& argument)
     return " ";
 }
 
-/// One specification for each name; it excludes the other names.
+/// Prints one line of _arguments for each name of the option; each excludes the other names.
 void printOption(std::ostream& out, const Argument& option)
 {
     for (const std::string& name : option.names) {

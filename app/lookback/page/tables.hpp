@@ -18,7 +18,7 @@ std::string tableHead(const Cells& texts);
 /// too.
 std::string foldedTable(const std::string& caption, const Cells& head, const std::vector<Cells>& rows);
 
-/// A column of the table of a chart, besides the one that names the day, week or month.
+/// A value column in the table below a chart. The first column names the day, week or month.
 struct TallyColumn {
     const char* name;
     std::string (*text)(const figures::Tally&);

@@ -106,7 +106,7 @@ public:
     /// Whether the person has changed anything, now or in a draft.
     bool isTouched() const { return isTouched_; }
 
-    /// The fields whose values are not those that they began with.
+    /// The fields whose values have changed since the form was opened.
     std::vector<FieldChange> changes() const;
     /// Sets the fields of a draft. Values that do not fit their field are left out.
     BroughtBack bringBack(const std::vector<FieldChange>& changes);
