@@ -41,7 +41,7 @@ base::SortedJson asked(const workspace::Workspace& workspace, const std::string&
     };
     try {
         const workspace::Situation situation = workspace.change([](const std::vector<workspace::Event>&) {},
-                                                                add, {.patience = 0s, .keepsVersion = false});
+                                                                add, {.patience = 0s, .keeping = workspace::Keeping::no});
         return {{"id", id->text()}, {"interruptible", situation.state.interruptible()}};
     } catch (const base::Refusal& error) {
         // The state is saved before the summaries, so the question may be saved although the change failed.

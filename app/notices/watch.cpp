@@ -116,6 +116,9 @@ void Watch::round(base::Moment now)
     if (canDeliver_) {
         deliver(now);
     }
+    if (open_ && canRecord_ && !settings_.once) {
+        open_->compressVersion();
+    }
 }
 
 Waiting Watch::waiting(base::Moment now) const

@@ -62,6 +62,9 @@ private:
         if ((!isReady && !hasKeys) || sources[2].isReady()) {
             screen_.refresh();
         }
+        if (!isReady && !hasKeys) {
+            screen_.compressVersion();
+        }
         if (hasKeys && ending_ == 0) {
             takeKeys();
         }

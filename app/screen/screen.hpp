@@ -22,6 +22,8 @@ public:
     bool countsSeconds() const { return presenter_.countsSeconds(); }
     /// Reads the files and the clock.
     void refresh();
+    /// Presenter::compressVersion.
+    void compressVersion() { presenter_.compressVersion(); }
 
     void resize(Size window) { window_ = window; }
     void press(const Key& key);

@@ -31,6 +31,9 @@ public:
     /// Reads the files and the clock, and follows what has changed.
     void refresh();
 
+    /// Compresses an earlier version of the state after a save. To be called when the person does nothing.
+    void compressVersion() { files_.compressVersion(); }
+
     /// Whether the files can be used; without that there is no situation that may be shown.
     bool isUsable() const { return files_.situation() && !files_.trouble(); }
     std::string trouble() const { return files_.trouble().value_or(""); }

@@ -15,7 +15,9 @@ OpenWorkspace::OpenWorkspace(Workspace workspace)
 
 std::vector<Event> OpenWorkspace::refresh(std::chrono::milliseconds patience)
 {
-    isStale_ = watch_.takeChanges() || isStale_;
+    const bool hasChanged = watch_.takeChanges();
+    hasNewSave_ = hasChanged || hasNewSave_;
+    isStale_ = hasChanged || isStale_;
     if (isStale_) {
         situation_ = workspace_.look();
         isStale_ = !situation_.events.empty();
@@ -37,6 +39,13 @@ std::vector<Event> OpenWorkspace::change(const Operation& operation, std::chrono
     situation_.events.clear();
     isStale_ = false;
     return std::exchange(recorded_, {});
+}
+
+void OpenWorkspace::compressVersion()
+{
+    if (std::exchange(hasNewSave_, false)) {
+        workspace_.compressVersion();
+    }
 }
 
 }  // namespace quillmere::workspace

@@ -36,12 +36,16 @@ public:
     std::vector<Event> change(const Operation& operation,
                               std::chrono::milliseconds patience = DirectoryLock::usualPatience);
 
+    /// Compresses one version after each save, by whatever program. To be called when nobody waits.
+    void compressVersion();
+
 private:
     Workspace workspace_;
     base::DirectoryWatch watch_;
     Situation situation_;
     std::vector<Event> recorded_;  ///< not returned yet
     bool isStale_ = false;         ///< the files must be read, or events must be recorded
+    bool hasNewSave_ = false;      ///< the files have changed since a version was compressed
 };
 
 }  // namespace quillmere::workspace

@@ -48,6 +48,13 @@ std::vector<Event> RetryingWorkspace::refresh()
     }
 }
 
+void RetryingWorkspace::compressVersion()
+{
+    if (open_) {
+        open_->compressVersion();
+    }
+}
+
 std::vector<Event> RetryingWorkspace::change(const Operation& operation)
 {
     return open_->change(operation, patienceOfChange);

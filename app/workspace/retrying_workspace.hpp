@@ -32,6 +32,9 @@ public:
     /// only when there is a situation.
     std::vector<Event> change(const Operation& operation);
 
+    /// OpenWorkspace::compressVersion, once the files are open.
+    void compressVersion();
+
 private:
     void open();
 

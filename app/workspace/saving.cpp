@@ -1,76 +1,201 @@
 #include "workspace/saving.hpp"
 
+#include "base/refusal.hpp"
+#include "base/system/private_umask.hpp"
 #include "base/text/failure.hpp"
-#include "workspace/summaries.hpp"
+#include "workspace/stale_files.hpp"
 
 #include <quillmere/records/json/json_encoder.hpp>
-#include <quillmere/store/atomic_write.hpp>
+#include <quillmere/store/state_store.hpp>
 #include <quillmere/widget/widget_snapshot_store.hpp>
 
 #include <algorithm>
-#include <filesystem>
+#include <cerrno>
+#include <functional>
+#include <new>
+#include <string_view>
 #include <system_error>
+#include <utility>
 
 namespace quillmere::workspace {
 namespace {
 
-std::string failureToWrite(const std::filesystem::path& file, const std::system_error& error)
+namespace fs = std::filesystem;
+
+std::string failureToWrite(const fs::path& file, const std::string& reason)
 {
-    return file.string() + " could not be written: " + base::fileErrorText(error);
+    return file.string() + " could not be written: " + reason;
 }
 
-std::string saveState(const StateStore& states, const QuillmereState& state)
+bool isWantOfRoom(const std::error_code& code)
 {
-    try {
-        writeAtomically(StateStore::encoder().source(state), states.stateURL(),
-                        StateStore::renameReplacingDurably);
-        return {};
-    } catch (const std::system_error& error) {
-        // The new file is in place when only the sync of the directory failed.
-        if (!fileHolds(states.stateURL(), StateStore::encoder().encode(state).view())) {
-            throw;
+    return code == std::errc::no_space_on_device || code.value() == EDQUOT;
+}
+
+std::string reasonOf(const std::exception& error)
+{
+    if (const auto* const failed = dynamic_cast<const std::system_error*>(&error)) {
+        return failed->code().message();  // what() names the temporary file
+    }
+    return dynamic_cast<const std::bad_alloc*>(&error) ? "not enough memory" : error.what();
+}
+
+/// One save; `states_` and the widget's store move their files by `replacement_`.
+class Save {
+public:
+    Save(const FilePlaces& places, const ReplacedState& replaced)
+        : places_(places),
+          replacement_(replaced, places.versions),
+          states_(places.directory, std::ref(replacement_))
+    {
+    }
+
+    SaveResult all(const QuillmereState& state, Instant now)
+    {
+        const WidgetSnapshot summary = summaryOf(state, now);
+        const WidgetSnapshotStore widget = widgetStore();
+        writeState(state);
+        writeWidgetSummary(widget, summary);
+        cleanUp(widget, now);
+        return result();
+    }
+
+    SaveResult summaries(const QuillmereState& state, Instant now)
+    {
+        const WidgetSnapshot summary = summaryOf(state, now);
+        const WidgetSnapshotStore widget = widgetStore();
+        writeAgentSummary(state);
+        writeWidgetSummary(widget, summary);
+        return result();
+    }
+
+private:
+    static WidgetSnapshot summaryOf(const QuillmereState& state, Instant now)
+    {
+        WidgetSnapshot summary = WidgetSnapshot::make(state, std::max(now, state.updatedAt));
+        // A summary without a JSON form must be found before the state is written.
+        JsonEncoder(JsonLayout::compact).encode(summary);
+        return summary;
+    }
+
+    WidgetSnapshotStore widgetStore()
+    {
+        WidgetSnapshotStore store(places_.widget.created(), std::ref(replacement_));
+        if (places_.widget.closeToOthers()) {
+            warn(store.directory().string() +
+                 " could be read by other users of this machine; now it is yours alone.");
         }
-        return failureToWrite(states.stateURL(), error);
+        return store;
     }
-}
 
-std::string saveAgentSummary(const StateStore& states, const QuillmereState& state)
-{
-    try {
-        states.saveAgentSnapshot(state, state.updatedAt);
-        return {};
-    } catch (const std::system_error& error) {
-        return failureToWrite(states.agentStateURL(), error);
+    void writeState(const QuillmereState& state)
+    {
+        try {
+            withRoom([&] { states_.save(state); });
+        } catch (const std::exception& error) {
+            if (replacement_.isStateReplaced()) {
+                writeAgentSummary(state);
+            } else if (dynamic_cast<const std::system_error*>(&error)) {
+                throw base::Refusal(
+                    base::Refusal::Kind::fileError,
+                    failureToWrite(states_.stateURL(), reasonOf(error)) + "; it is as it was.");
+            } else {
+                throw;
+            }
+        }
     }
-}
 
-std::string saveWidgetSummary(const WidgetSnapshotStore& widget, const WidgetSnapshot& summary)
-{
-    try {
-        widget.save(summary);
-        return {};
-    } catch (const std::system_error& error) {
-        return failureToWrite(widget.snapshotURL(), error);
+    void writeAgentSummary(const QuillmereState& state)
+    {
+        tryToWrite(states_.agentStateURL(), [&] { states_.saveAgentSnapshot(state, state.updatedAt); });
     }
-}
+
+    void writeWidgetSummary(const WidgetSnapshotStore& store, const WidgetSnapshot& summary)
+    {
+        tryToWrite(store.snapshotURL(), [&] { store.save(summary); });
+    }
+
+    /// A write after that of the state: a failure is noted.
+    template <class Write>
+    void tryToWrite(const fs::path& file, const Write& write)
+    {
+        try {
+            withRoom(write);
+        } catch (const std::exception& error) {
+            result_.unwritten.push_back(failureToWrite(file, reasonOf(error)));
+        }
+    }
+
+    /// Writes again as long as versions give way for it. The state is never written twice: `write` has
+    /// failed for good once it is replaced.
+    template <class Write>
+    void withRoom(const Write& write)
+    {
+        const bool wasReplaced = replacement_.isStateReplaced();
+        for (;;) {
+            try {
+                write();
+                return;
+            } catch (const std::system_error& error) {
+                if (!isWantOfRoom(error.code()) || wasReplaced != replacement_.isStateReplaced() ||
+                    !places_.versions.giveWay(places_.directory)) {
+                    throw;
+                }
+                ++deletedForRoom_;
+            }
+        }
+    }
+
+    void cleanUp(const WidgetSnapshotStore& widget, Instant now)
+    {
+        std::error_code error;
+        const std::uintmax_t size = fs::file_size(states_.stateURL(), error);
+        if (!error) {
+            places_.versions.prune(size);
+        }
+        for (const fs::path& file : {states_.stateURL(), states_.agentStateURL(), widget.snapshotURL()}) {
+            removeStaleTemporaries(file.parent_path(), file.filename().string(), now);
+        }
+    }
+
+    SaveResult result()
+    {
+        if (!replacement_.unsynced().empty()) {
+            result_.unwritten.push_back(replacement_.unsynced() +
+                                        "; a power cut may bring the earlier state back");
+        }
+        if (!replacement_.unkept().empty()) {
+            warn("The version before this change could not be kept: " + replacement_.unkept());
+        }
+        if (deletedForRoom_ > 0) {
+            warn("There was no room: " + std::to_string(deletedForRoom_) +
+                 (deletedForRoom_ == 1 ? " earlier version was" : " earlier versions were") + " deleted.");
+        }
+        return std::move(result_);
+    }
+
+    void warn(std::string sentence) { result_.warnings.push_back(std::move(sentence)); }
+
+    const base::PrivateUmask ownersOnly_;
+    const FilePlaces& places_;
+    FileReplacement replacement_;
+    StateStore states_;
+    SaveResult result_;
+    std::size_t deletedForRoom_ = 0;
+};
 
 }  // namespace
 
-std::string saveAll(const StateStore& states, const WidgetPlace& place, const QuillmereState& state,
-                    Instant now)
+SaveResult saveAll(const FilePlaces& places, const ReplacedState& replaced, const QuillmereState& state,
+                   Instant now)
 {
-    const WidgetSnapshot summary = WidgetSnapshot::make(state, std::max(now, state.updatedAt));
-    // A summary without a JSON form, or without a directory, must be found before the state is written.
-    JsonEncoder(JsonLayout::compact).encode(summary);
-    const WidgetSnapshotStore widget(place.created(), StateStore::renameReplacingDurably);
-    const std::string ofState = saveState(states, state);
-    const std::string ofAgent = saveAgentSummary(states, state);
-    const std::string ofWidget = saveWidgetSummary(widget, summary);
-    std::string unwritten;
-    for (const std::string& failure : {ofState, ofAgent, ofWidget}) {
-        unwritten += (unwritten.empty() || failure.empty() ? "" : "; ") + failure;
-    }
-    return unwritten;
+    return Save(places, replaced).all(state, now);
+}
+
+SaveResult saveSummaries(const FilePlaces& places, const QuillmereState& state, Instant now)
+{
+    const ReplacedState none{.file = {}, .savedAt = state.updatedAt, .keeping = Keeping::no};
+    return Save(places, none).summaries(state, now);
 }
 
 }  // namespace quillmere::workspace

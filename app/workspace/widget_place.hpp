@@ -24,6 +24,10 @@ public:
     /// The path, with the shared container created where it is missing. Throws `std::system_error`.
     std::filesystem::path created() const;
 
+    /// Takes the rights of all others from the shared container, which earlier releases made with the default
+    /// mode; returns whether there were any. A chosen directory is left as it is.
+    bool closeToOthers() const;
+
 private:
     WidgetPlace() = default;
 

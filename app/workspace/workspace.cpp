@@ -1,6 +1,8 @@
 #include "workspace/workspace.hpp"
 
-#include "base/text/failure.hpp"
+#include "base/system/private_umask.hpp"
+#include "workspace/changeable.hpp"
+#include "workspace/loading.hpp"
 #include "workspace/saving.hpp"
 #include "workspace/screening.hpp"
 #include "workspace/state_home.hpp"
@@ -44,16 +46,24 @@ void apply(const Operation& operation, Situation& situation)
     requireUsable(situation.state);
 }
 
-/// `saved` says what was saved nevertheless.
-std::string saveFailureText(const std::string& saved, const std::string& unwritten)
+/// Throws unless every file is written. `saved` says what is saved nevertheless.
+template <class Error = base::Refusal>
+void requireAllWritten(const std::string& saved, const SaveResult& result)
 {
-    return saved + "; " + unwritten + ". quillmere tick tries again.";
+    if (result.unwritten.empty()) {
+        return;
+    }
+    std::string text = saved;
+    for (const std::string& failure : result.unwritten) {
+        text += "; " + failure;
+    }
+    throw Error(base::Refusal::Kind::fileError, text + ". quillmere tick tries again.");
 }
 
-void requireAllWritten(const std::string& saved, const std::string& unwritten)
+void warn(Situation& situation, const SaveResult& result)
 {
-    if (!unwritten.empty()) {
-        throw base::Refusal(base::Refusal::Kind::fileError, saveFailureText(saved, unwritten));
+    for (const std::string& sentence : result.warnings) {
+        situation.warning += (situation.warning.empty() ? "" : " ") + sentence;
     }
 }
 
@@ -78,8 +88,9 @@ QuillmereState stateToRestore(const Version& version)
 
 Workspace::Workspace(const fs::path& directory, WidgetPlace widget, Clock clock, const fs::path& stateHome)
     : states_(directory, clock, StateStore::renameReplacingDurably),
-      widget_(std::move(widget)),
       stateDirectory_(workspace::stateDirectory(directory, stateHome)),
+      places_{directory, std::move(widget),
+              Versions(stateDirectory_.empty() ? fs::path() : stateDirectory_ / "versions")},
       clock_(std::move(clock))
 {
 }
@@ -102,20 +113,16 @@ Workspace Workspace::ofThisUser(Clock clock, const fs::path& stateHome)
             wholeSecondsOf(std::move(clock)), stateHome};
 }
 
-Versions Workspace::versions() const
-{
-    return Versions(stateDirectory_.empty() ? fs::path() : stateDirectory_ / "versions");
-}
-
 Instant Workspace::now() const { return clock_(); }
 
-Situation Workspace::look() const { return caughtUp(states_.load()); }
+Situation Workspace::look() const { return caughtUp(load(states_)); }
 
-WidgetSnapshot Workspace::widgetSnapshot(Instant now) const { return widgetSummary(widget_, now); }
+WidgetSnapshot Workspace::widgetSnapshot(Instant now) const { return widgetSummary(places_.widget, now); }
 
 Situation Workspace::change(const EventReport& report, const Operation& operation,
                             const ChangeManner& manner) const
 {
+    requireChangeable(states_.stateURL());
     if (!FileManager::standard().fileExists(directory())) {
         // A refused operation must not leave a directory behind, so it is tried before there is one.
         Situation first = look();
@@ -125,28 +132,25 @@ Situation Workspace::change(const EventReport& report, const Operation& operatio
         apply(operation, first);
     }
     const DirectoryLock held = lock(manner.patience);
-    QuillmereState loaded = states_.load();
-    const Instant replacedAt = loaded.updatedAt;
+    QuillmereState loaded = load(states_);
+    Instant replacedAt = loaded.updatedAt;
     Situation situation = caughtUp(std::move(loaded));
     const bool hasEvents = !situation.events.empty();
     if (hasEvents) {
-        situation.warning = keepVersion(replacedAt);
-        const std::string unwritten = save(situation);
+        const SaveResult result = save(situation, replacedAt, Keeping::ifPossible);
         report(situation.events);
-        requireAllWritten("The time that passed is recorded, and nothing else was done", unwritten);
+        requireAllWritten("The time that passed is recorded, and nothing else was done", result);
+        replacedAt = situation.state.updatedAt;
     }
     if (operation) {
         apply(operation, situation);
-        if (!hasEvents && manner.keepsVersion) {
-            situation.warning = keepVersion(replacedAt);
-        }
-        if (const std::string unwritten = save(situation); !unwritten.empty()) {
-            throw ChangeSaved(base::Refusal::Kind::fileError,
-                              saveFailureText("The change itself is saved", unwritten));
-        }
+        requireAllWritten<ChangeSaved>("The change itself is saved",
+                                       save(situation, replacedAt, manner.keeping));
     } else if (!hasEvents && FileManager::standard().fileExists(states_.stateURL()) &&
-               !summariesAgree(states_, widget_, situation.state)) {
-        requireAllWritten("The state is as it was", save(situation));
+               !summariesAgree(states_, places_.widget, situation.state)) {
+        const SaveResult result = saveSummaries(places_, situation.state, situation.now);
+        requireAllWritten("The state is as it was", result);
+        warn(situation, result);
     }
     return situation;
 }
@@ -154,18 +158,30 @@ Situation Workspace::change(const EventReport& report, const Operation& operatio
 Situation Workspace::restore(const Version& version, const EventReport& report) const
 {
     QuillmereState state = stateToRestore(version);
+    requireChangeable(states_.stateURL());
     const DirectoryLock held = lock();
     const Instant replacedAt = savedAt();
     // Catches up before `updatedAt` changes: catchUp takes no timer as run out before `updatedAt`.
     Situation situation = caughtUp(std::move(state));
     situation.state.updatedAt = std::max({situation.now, situation.state.updatedAt, replacedAt});
-    versions().keep(states_.stateURL(), replacedAt);
-    const std::string unwritten = save(situation);
+    const SaveResult result = save(situation, replacedAt, Keeping::necessarily);
     if (!situation.events.empty()) {
         report(situation.events);
     }
-    requireAllWritten("Version " + std::to_string(version.number) + " is restored", unwritten);
+    requireAllWritten("Version " + std::to_string(version.number) + " is restored", result);
     return situation;
+}
+
+void Workspace::compressVersion() const
+{
+    try {
+        if (const std::optional<DirectoryLock> held = DirectoryLock::tryTake(directory())) {
+            places_.versions.compressOne();
+        }
+    } catch (const std::system_error&) {
+        // A whole version is as good.
+    } catch (const std::bad_alloc&) {
+    }
 }
 
 Situation Workspace::caughtUp(QuillmereState state) const
@@ -179,31 +195,24 @@ Situation Workspace::caughtUp(QuillmereState state) const
 DirectoryLock Workspace::lock(std::chrono::milliseconds patience) const
 {
     constexpr mode_t ownerOnly = 0700;
+    const base::PrivateUmask ownersParents;
     FileManager::standard().createDirectory(directory(), ownerOnly);
     return DirectoryLock(directory(), patience);
 }
 
-std::string Workspace::keepVersion(Instant savedAt) const
+SaveResult Workspace::save(Situation& situation, Instant replacedAt, Keeping keeping) const
 {
-    try {
-        versions().keep(states_.stateURL(), savedAt);
-        return {};
-    } catch (const std::system_error& error) {
-        // The change matters more to the person than the way back from it.
-        return "The version before this change could not be kept: " + base::fileErrorText(error);
-    }
-}
-
-std::string Workspace::save(const Situation& situation) const
-{
-    return saveAll(states_, widget_, situation.state, situation.now);
+    const ReplacedState replaced{.file = states_.stateURL(), .savedAt = replacedAt, .keeping = keeping};
+    SaveResult result = saveAll(places_, replaced, situation.state, situation.now);
+    warn(situation, result);
+    return result;
 }
 
 Instant Workspace::savedAt() const
 {
     try {
-        return states_.load().updatedAt;
-    } catch (const CodingError&) {
+        return load(states_).updatedAt;
+    } catch (const base::Refusal&) {
         return clock_();  // restoring a version is the way out of a state that cannot be decoded
     }
 }

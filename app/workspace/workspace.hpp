@@ -4,6 +4,7 @@
 #include "base/refusal.hpp"
 #include "workspace/catching_up.hpp"
 #include "workspace/directory_lock.hpp"
+#include "workspace/saving.hpp"
 #include "workspace/situation.hpp"
 #include "workspace/versions.hpp"
 #include "workspace/widget_place.hpp"
@@ -38,7 +39,7 @@ public:
 struct ChangeManner {
     std::chrono::milliseconds patience = DirectoryLock::usualPatience;  ///< longest wait for the lock
     /// Whether the state before the operation is kept as a version, as it is before recorded events.
-    bool keepsVersion = true;
+    Keeping keeping = Keeping::ifPossible;
 };
 
 class Workspace {
@@ -57,7 +58,7 @@ public:
     /// (workspace::stateDirectory).
     const std::filesystem::path& stateDirectory() const { return stateDirectory_; }
 
-    Versions versions() const;
+    const Versions& versions() const { return places_.versions; }
 
     /// The situation now. Neither locks nor writes.
     Situation look() const;
@@ -66,18 +67,19 @@ public:
     WidgetSnapshot widgetSnapshot(Instant now) const;
 
     /// The directory of the widget's summary, whether or not it exists: to watch it.
-    std::filesystem::path widgetPlace() const { return widget_.path(); }
+    std::filesystem::path widgetPlace() const { return places_.widget.path(); }
 
     /// Under the lock: loads the state and catches up. If events happened, saves and calls `report`. Then
     /// applies `operation`, if there is one, and saves. Without an operation and without events, writes the
     /// summaries again when they do not agree with the state.
     ///
     /// When the operation throws, its change is not written and no directory is created. A file that cannot
-    /// be loaded, or is outside the limits, is never overwritten. The state before is kept as a version; a
-    /// failure to keep it becomes the warning of the situation.
+    /// be loaded, or is outside the limits, is never overwritten. What each save replaces is kept as a
+    /// version; a failure to keep it becomes the warning of the situation.
     ///
-    /// Throws Refusal (`fileError`) when the state was saved and a summary could not be written; as
-    /// ChangeSaved if the operation had been applied.
+    /// Throws Refusal (`fileError`) when the state file is a symbolic link or could not be written, and when
+    /// it was saved and another file could not be written; then as ChangeSaved if the operation had been
+    /// applied.
     Situation change(const EventReport& report, const Operation& operation,
                      const ChangeManner& manner = {}) const;
 
@@ -89,6 +91,10 @@ public:
     /// version was deleted meanwhile.
     Situation restore(const Version& version, const EventReport& report) const;
 
+    /// Compresses one version (Versions::compressOne), unless another program holds the lock. Where that
+    /// fails the version stays whole. For long-lived programs, when nobody waits.
+    void compressVersion() const;
+
     Instant now() const;
 
 private:
@@ -99,16 +105,14 @@ private:
     Situation caughtUp(QuillmereState state) const;
     /// Creates the directory where it is missing, and locks it.
     DirectoryLock lock(std::chrono::milliseconds patience = DirectoryLock::usualPatience) const;
-    /// Keeps the state file as a version. Returns the failure in words; empty on success.
-    std::string keepVersion(Instant savedAt) const;
-    /// Every save goes through here (workspace::saveAll).
-    std::string save(const Situation& situation) const;
+    /// Every save of the state goes through here (workspace::saveAll). Adds warnings to the situation.
+    SaveResult save(Situation& situation, Instant replacedAt, Keeping keeping) const;
     /// `updatedAt` of the state file; the present when the file is missing or cannot be decoded.
     Instant savedAt() const;
 
     StateStore states_;
-    WidgetPlace widget_;
     std::filesystem::path stateDirectory_;
+    FilePlaces places_;
     Clock clock_;
 };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -38,9 +39,15 @@ public:
     const std::string& expected() const noexcept { return expected_; }
     const std::string& found() const noexcept { return found_; }
 
+    /// The byte of the text at which the value begins, or the object that lacks a key. Absent when the text
+    /// is not well-formed.
+    std::optional<std::size_t> offset() const noexcept { return offset_; }
+    void setOffset(std::size_t offset) noexcept { offset_ = offset; }
+
 private:
     std::string expected_;
     std::string found_;
+    std::optional<std::size_t> offset_;
 };
 
 /// A value cannot be written as JSON: a duration or an instant that is not finite, or an instant outside the

@@ -87,7 +87,7 @@ void readInto(Node<Json>& node, std::vector<Element>& list, std::size_t depth)
         mismatch(node, expected(noValue<std::vector<Element>>), depth);
     }
     list.clear();
-    std::optional<DecodingError> firstError;
+    std::optional<Mismatch> firstError;
     for (auto result : node.list()) {
         Node element(checked(std::move(result)));
         if (list.empty()) {
@@ -97,7 +97,7 @@ void readInto(Node<Json>& node, std::vector<Element>& list, std::size_t depth)
         list.emplace_back(Blank<Element>());
         try {
             readInto(element, list.back(), depth + 1);
-        } catch (DecodingError& error) {
+        } catch (Mismatch& error) {
             error.prependIndex(list.size() - 1);
             firstError = firstError ? std::move(firstError) : std::move(error);
         }
@@ -130,9 +130,10 @@ bool readField(Node<ondemand::value>& value, typename Field::Record& record, std
     return true;
 }
 
-/// Sets a field whose key is missing by its rule; throws when the field is required.
+/// Sets a field whose key is missing by its rule; throws when the field is required. `place` points to the
+/// object.
 template <class Field>
-void supplyMissing(typename Field::Record& record)
+void supplyMissing(typename Field::Record& record, [[maybe_unused]] const char* place)
 {
     if constexpr (isMadeWhenMissing<typename Field::Rule>) {
         record.*Field::member = Field::Rule::value(record);
@@ -140,7 +141,7 @@ void supplyMissing(typename Field::Record& record)
         // The key of the object may occur twice, and the first object may have set this field.
         (record.*Field::member).reset();
     } else {
-        DecodingError error(expected(noValue<typename Field::Value>), "nothing");
+        Mismatch error(expected(noValue<typename Field::Value>), "nothing", place);
         error.prependKey(Field::fileKey.view());
         throw error;
     }
@@ -149,7 +150,7 @@ void supplyMissing(typename Field::Record& record)
 template <HasTable Record>
 struct RecordRows {
     using ReadRow = bool (*)(Node<ondemand::value>&, Record&, std::size_t);
-    using SupplyRow = void (*)(Record&);
+    using SupplyRow = void (*)(Record&, const char*);
 
     struct Row {
         std::string_view key;
@@ -233,7 +234,7 @@ void readInto(Node<Json>& node, Record& record, std::size_t depth)
     }
     constexpr auto& rows = RecordRows<Record>::rows;
     std::bitset<rows.size()> present;
-    std::map<std::size_t, DecodingError> errors;
+    std::map<std::size_t, Mismatch> errors;
     RowFinder<Record> finder;
     for (auto result : node.object()) {
         ondemand::field field = checked(std::move(result));
@@ -248,7 +249,7 @@ void readInto(Node<Json>& node, Record& record, std::size_t depth)
             if (!errors.empty()) {
                 errors.erase(row);
             }
-        } catch (DecodingError& error) {
+        } catch (Mismatch& error) {
             error.prependKey(rows[row].fileKey);
             errors.insert_or_assign(row, std::move(error));
         }
@@ -261,7 +262,7 @@ void readInto(Node<Json>& node, Record& record, std::size_t depth)
             throw std::move(found->second);
         }
         if (!present[row]) {
-            rows[row].supply(record);
+            rows[row].supply(record, node.token().data());
         }
     }
 }

@@ -36,6 +36,21 @@ private:
     const char* reason_;  ///< static text
 };
 
+/// A value that is not as its field expects, or is missing, while the text is being read.
+class Mismatch : public DecodingError {
+public:
+    /// `place` points to the value in the text, or to the object that lacks it.
+    Mismatch(std::string expected, std::string found, const char* place)
+        : DecodingError(std::move(expected), std::move(found)), place_(place)
+    {
+    }
+
+    const char* place() const noexcept { return place_; }
+
+private:
+    const char* place_;
+};
+
 [[noreturn]] void throwParserError(simdjson::error_code code);
 
 /// The value of a parser's result; throws MalformedText, or `std::bad_alloc`, when it holds an error.
@@ -154,18 +169,19 @@ void walk(Node<Json>& node, std::size_t depth);
 /// A short form of a token for messages.
 std::string excerpt(std::string_view token);
 
-/// Throws the DecodingError for a node that is not as `expected`, after it has checked that the node is
+/// Throws the Mismatch for a node that is not as `expected`, after it has checked that the node is
 /// well-formed.
 template <class Json>
 [[noreturn]] void mismatch(Node<Json>& node, std::string expected, std::size_t depth)
 {
     walk(node, depth);
+    const char* const place = node.token().data();
     switch (node.kind()) {
-        case NodeKind::object: throw DecodingError(std::move(expected), "an object");
-        case NodeKind::list: throw DecodingError(std::move(expected), "a list");
+        case NodeKind::object: throw Mismatch(std::move(expected), "an object", place);
+        case NodeKind::list: throw Mismatch(std::move(expected), "a list", place);
         case NodeKind::scalar: break;
     }
-    throw DecodingError(std::move(expected), excerpt(node.token()));
+    throw Mismatch(std::move(expected), excerpt(node.token()), place);
 }
 
 /// Parses `text` and calls `read` with the document. `read` must read the whole value; no text may follow.
@@ -182,9 +198,10 @@ void readDocument(const Bytes& text, Read read)
         std::optional<DecodingError> mismatched;
         try {
             read(document);
-        } catch (DecodingError& error) {
+        } catch (Mismatch& error) {
             // Thrown below: first the rest of the text is checked, because malformed text is the more
             // important error.
+            error.setOffset(static_cast<std::size_t>(error.place() - text.view().data()));
             mismatched = std::move(error);
         }
         if (!document.atEnd(text.view())) {

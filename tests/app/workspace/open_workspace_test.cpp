@@ -93,8 +93,8 @@ TEST(OpenWorkspace, keepsTheLastSituationWhenTheFileCannotBeRead)
     OpenWorkspace open = opened(person);
     const std::string text = textOf(person.store().stateURL());
     writeText(person.store().stateURL(), "spoilt");
-    EXPECT_THROW(open.refresh(), CodingError);
-    EXPECT_THROW(open.refresh(), CodingError);
+    EXPECT_THROW(open.refresh(), base::Refusal);
+    EXPECT_THROW(open.refresh(), base::Refusal);
     EXPECT_EQ(open.situation().state.workflowState, WorkflowState::focusing);
     EXPECT_EQ(textOf(person.store().stateURL()), "spoilt");
     writeText(person.store().stateURL(), text);

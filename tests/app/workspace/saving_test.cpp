@@ -74,9 +74,10 @@ TEST(Saving, writesNoSummaryOfAStateThatCouldNotBeWritten)
     person.has(before);
     block(person.store().stateURL());
     const auto picture = pictureOf(person.directory());
-    EXPECT_THROW(workspace::saveAll(person.store(), workspace::WidgetPlace(person.directory()),
-                                    stateIn(WorkflowState::idle), moment),
-                 std::system_error);
+    const workspace::FilePlaces places{person.directory(), workspace::WidgetPlace(person.directory()),
+                                       workspace::Versions({})};
+    const workspace::ReplacedState replaced{person.store().stateURL(), moment, workspace::Keeping::no};
+    EXPECT_THROW(workspace::saveAll(places, replaced, stateIn(WorkflowState::idle), moment), base::Refusal);
     auto after = pictureOf(person.directory());
     EXPECT_EQ(after["agent-state.json"], picture.at("agent-state.json"));
     EXPECT_EQ(after["widget-snapshot.json"], picture.at("widget-snapshot.json"));
@@ -91,7 +92,8 @@ TEST(Saving, saysNothingOfAChangeWhenTheStateCouldNotBeWritten)
         const FileSizeLimit limit(200);
         ending = person.types({"ask", "Why?"});
     }
-    EXPECT_EQ(ending.err.substr(0, 23), "write: File too large: ");
+    EXPECT_EQ(ending.err, person.store().stateURL().string() +
+                              " could not be written: File too large; it is as it was.\n");
 }
 
 TEST(Saving, leavesEveryFileWholeOnAFullDisk)

@@ -1,4 +1,4 @@
-// Which versions are retained.
+// How versions are kept, listed, compressed and deleted.
 #include "workspace/versions.hpp"
 
 #include <unistd.h>
@@ -18,10 +18,13 @@ constexpr double day = 86'400;
 /// A file that changes, with its versions.
 class Kept {
 public:
+    /// Saves a text and keeps it as a version, as the save that follows would.
     void keep(const std::string& text, Instant savedAt)
     {
+        fs::remove(file());
         writeText(file(), text);
         versions().keep(file(), savedAt);
+        versions().prune(text.size());
     }
 
     fs::path file() const { return files_.path() / "state.json"; }
@@ -209,6 +212,7 @@ TEST(Versions, areKeptThoughAnExpiredOneCannotBeDeleted)
     for (int number = 0; number < 10; ++number) {
         kept.keep("more", moment);
     }
+    fs::remove(kept.file());
     // With the sticky bit, everyone may create files and delete only their own.
     fs::permissions(kept.directory(), fs::perms::all | fs::perms::sticky_bit);
     for (const fs::path& above : {kept.file().parent_path(), kept.directory().parent_path()}) {
@@ -220,6 +224,7 @@ TEST(Versions, areKeptThoughAnExpiredOneCannotBeDeleted)
         GTEST_SKIP() << "there is no ordinary user here";
     }
     kept.versions().keep(kept.file(), moment);
+    kept.versions().prune(1);
     EXPECT_EQ(kept.texts().front(), "the last");
     EXPECT_EQ(kept.texts().size(), 11U);
 }
@@ -260,6 +265,74 @@ TEST(Versions, areNotMadeWithoutADirectory)
     writeText(kept.file(), "one");
     Versions({}).keep(kept.file(), moment);
     EXPECT_TRUE(Versions({}).list().empty());
+}
+
+std::vector<bool> areCompressed(const Versions& versions)
+{
+    std::vector<bool> compressed;
+    for (const Version& version : versions.list()) {
+        compressed.push_back(version.isCompressed);
+    }
+    return compressed;
+}
+
+TEST(Versions, beforeTheLastThreeAreCompressedOneAtATime)
+{
+    Kept kept;
+    for (const char* text : {"one", "two", "three", "four", "five"}) {
+        kept.keep(text, moment);
+    }
+    EXPECT_TRUE(kept.versions().compressOne());
+    EXPECT_EQ(areCompressed(kept.versions()), (std::vector<bool>{false, false, false, true, false}));
+    EXPECT_TRUE(kept.versions().compressOne());
+    EXPECT_FALSE(kept.versions().compressOne());
+    EXPECT_EQ(namesIn(kept.directory())[0], "000001_2026-11-15T15:00:00Z.json.zst");
+}
+
+TEST(Versions, areReadAlsoWhenTheyAreCompressed)
+{
+    Kept kept;
+    const QuillmereState state = fullState();
+    for (int number = 0; number < 4; ++number) {
+        kept.keep(std::string(StateStore::encoder().encode(state).view()), moment + number);
+    }
+    kept.versions().compressOne();
+    EXPECT_EQ(workspace::stateOf(kept.versions().list().back()), state);
+}
+
+TEST(Versions, areListedOnceWhenAProcessDiedWhileItCompressedOne)
+{
+    Kept kept;
+    for (const char* text : {"one", "two", "three", "four"}) {
+        kept.keep(text, moment);
+    }
+    const fs::path whole = kept.versions().list().back().file;
+    kept.versions().compressOne();
+    writeText(whole, "one");
+    EXPECT_EQ(areCompressed(kept.versions()), (std::vector<bool>(4, false)));
+    EXPECT_TRUE(kept.versions().compressOne());
+    EXPECT_FALSE(fs::exists(whole));
+}
+
+TEST(Versions, giveWayFromTheOldestButNeverTheNewest)
+{
+    Kept kept;
+    for (const char* text : {"one", "two", "three"}) {
+        kept.keep(text, moment);
+    }
+    EXPECT_TRUE(kept.versions().giveWay(kept.directory()));
+    EXPECT_EQ(kept.texts(), (Words{"three", "two"}));
+    EXPECT_TRUE(kept.versions().giveWay(kept.directory()));
+    EXPECT_FALSE(kept.versions().giveWay(kept.directory()));
+    EXPECT_EQ(kept.texts(), Words{"three"});
+}
+
+TEST(Versions, giveNoWayForAnotherFileSystem)
+{
+    Kept kept;
+    kept.keep("one", moment);
+    kept.keep("two", moment);
+    EXPECT_FALSE(kept.versions().giveWay("/proc"));
 }
 
 }  // namespace
