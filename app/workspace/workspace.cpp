@@ -1,6 +1,7 @@
 #include "workspace/workspace.hpp"
 
 #include "base/text/failure.hpp"
+#include "workspace/file_clock.hpp"
 #include "workspace/saving.hpp"
 #include "workspace/screening.hpp"
 #include "workspace/state_home.hpp"
@@ -10,7 +11,6 @@
 #include <quillmere/store/file_manager.hpp>
 
 #include <algorithm>
-#include <cmath>
 #include <system_error>
 #include <utility>
 
@@ -30,12 +30,6 @@ fs::path absolutePath(const fs::path& path)
         }
     }
     return whole;
-}
-
-/// The clock with the precision of the files, so that memory and file agree.
-Clock wholeSecondsOf(Clock clock)
-{
-    return [clock = std::move(clock)] { return Instant(std::floor(clock().secondsSince1970())); };
 }
 
 void apply(const Operation& operation, Situation& situation)
@@ -87,7 +81,7 @@ Workspace::Workspace(const fs::path& directory, WidgetPlace widget, Clock clock,
 Workspace Workspace::in(const fs::path& directory, Clock clock, const fs::path& stateHome)
 {
     const fs::path whole = absolutePath(directory);
-    return {whole, WidgetPlace(whole), wholeSecondsOf(std::move(clock)), stateHome};
+    return {whole, WidgetPlace(whole), fileClock(std::move(clock)), stateHome};
 }
 
 Workspace Workspace::ofThisUser(Clock clock, const fs::path& stateHome)
@@ -99,7 +93,7 @@ Workspace Workspace::ofThisUser(Clock clock, const fs::path& stateHome)
                             "path, or use --directory.");
     }
     return {StateStore::defaultDirectory(fileManager), WidgetPlace::sharedContainer(),
-            wholeSecondsOf(std::move(clock)), stateHome};
+            fileClock(std::move(clock)), stateHome};
 }
 
 Versions Workspace::versions() const
@@ -178,6 +172,7 @@ Situation Workspace::caughtUp(QuillmereState state) const
 
 DirectoryLock Workspace::lock(std::chrono::milliseconds patience) const
 {
+    clock_();  // a clock that cannot be used is refused before anything is made
     constexpr mode_t ownerOnly = 0700;
     FileManager::standard().createDirectory(directory(), ownerOnly);
     return DirectoryLock(directory(), patience);
