@@ -64,8 +64,11 @@ void requireRoom(const QuillmereState& state, Instant now)
             "again when some have been answered.");
     }
     // Files have whole seconds, so a question that looks 60 seconds old may be younger. A question in the
-    // future, left by a clock that was set back, counts too.
-    const auto isRecent = [now](const AgentQuestion& question) { return now - question.createdAt <= 60; };
+    // future was asked before the clock was set back, at a time that nobody knows. Counted as recent, it
+    // would keep all agents out until its date; the limit of open questions holds for it too.
+    const auto isRecent = [now](const AgentQuestion& question) {
+        return question.createdAt <= now && now - question.createdAt <= 60;
+    };
     const auto recent = std::count_if(state.agentQuestions.begin(), state.agentQuestions.end(), isRecent);
     if (static_cast<std::size_t>(recent) >= mostAMinute) {
         throw ToolRefusal(

@@ -137,7 +137,7 @@ BarContent barContent(const WidgetSnapshot& summary, Instant now, std::size_t wi
         .facts = factsOf(summary, remaining),
         .error = {},
     };
-    if (const std::optional<double> progress = summary.sessionProgress(now)) {
+    if (const std::optional<double> progress = work::usedShare(summary, now)) {
         content.percentage = std::lround(*progress * 100);
     }
     return content;

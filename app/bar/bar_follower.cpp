@@ -7,6 +7,8 @@
 #include "base/system/wait.hpp"
 #include "base/system/write.hpp"
 
+#include <quillmere/widget/widget_timeline_plan.hpp>
+
 #include <fcntl.h>
 
 #include <algorithm>
@@ -24,11 +26,12 @@ namespace {
     throw std::system_error(code, std::generic_category(), "write: standard output");
 }
 
-/// At most a day, which any type of duration can hold; the loop then looks at its clock and waits again.
+/// At most as long as between two readings; the loop then looks at its clock and waits again. More seconds
+/// are left when the clock was set back just now.
 std::chrono::nanoseconds timeToWait(double seconds)
 {
-    constexpr double day = 86'400;
-    const std::chrono::duration<double> time(seconds > 0 ? std::min(seconds, day) : 0);
+    constexpr double longest = WidgetTimelinePlan::idleRefreshInterval;
+    const std::chrono::duration<double> time(seconds > 0 ? std::min(seconds, longest) : 0);
     return std::chrono::ceil<std::chrono::nanoseconds>(time);
 }
 
@@ -42,7 +45,7 @@ public:
           // Before the first reading, so that no change is missed between the two.
           watch_(workspace.widgetPlace()),
           begin_(workspace.now()),
-          nextReading_(begin_),
+          readings_{.last = begin_, .next = begin_},
           nextLine_(begin_)
     {
     }
@@ -79,12 +82,13 @@ private:
     bool readIfDue(Instant now)
     {
         const bool changed = watch_.takeChanges();
-        if (!changed && now < nextReading_) {
+        if (!changed && !isBarReadingDue(readings_, now)) {
             return false;
         }
         const BarReading before = std::exchange(reading_, read());
-        nextReading_ =
-            reading_.summary ? nextBarReading(*reading_.summary, now) : nextBarReadingAfterFailure(now);
+        readings_ = {.last = now,
+                     .next = reading_.summary ? nextBarReading(*reading_.summary, now)
+                                              : nextBarReadingAfterFailure(now)};
         return reading_ != before;
     }
 
@@ -97,7 +101,7 @@ private:
             unwritten_ = text;
             written_ = std::move(text);
         }
-        nextLine_ = reading_.summary ? nextBarLine(*reading_.summary, now, nextReading_) : nextReading_;
+        nextLine_ = reading_.summary ? nextBarLine(*reading_.summary, now, readings_.next) : readings_.next;
     }
 
     /// Waits until the output has room; false when following is over first.
@@ -153,7 +157,7 @@ private:
     const base::BrokenPipesAreErrors brokenPipes_;
     base::DirectoryWatch watch_;
     const Instant begin_;
-    Instant nextReading_;
+    BarReadingTimes readings_;
     Instant nextLine_;
     BarReading reading_;
     std::string written_;    ///< the last lines

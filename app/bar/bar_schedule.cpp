@@ -19,6 +19,11 @@ Instant nextBarReading(const WidgetSnapshot& summary, Instant now)
     return WidgetTimelinePlan::refreshDate(summary, now);
 }
 
+bool isBarReadingDue(const BarReadingTimes& times, Instant now)
+{
+    return now >= times.next || now < times.last;
+}
+
 Instant nextBarReadingAfterFailure(Instant now)
 {
     constexpr double seconds = 60;

@@ -1,11 +1,12 @@
 #include "cli/run.hpp"
 #include "workspace/state_home.hpp"
 
+#include <quillmere/store/wall_clock.hpp>
+
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <chrono>
 #include <iostream>
 
 namespace {
@@ -27,15 +28,11 @@ void reserveStandardDescriptors()
 int main(int count, char** arguments)
 {
     reserveStandardDescriptors();
-    const auto wallClock = [] {
-        const auto sinceEpoch = std::chrono::system_clock::now().time_since_epoch();
-        return quillmere::Instant(std::chrono::duration<double>(sinceEpoch).count());
-    };
     quillmere::base::Environment environment{
         .in = std::cin,
         .out = std::cout,
         .err = std::cerr,
-        .clock = wallClock,
+        .clock = quillmere::wallClock,
         .inputIsTerminal = ::isatty(STDIN_FILENO) == 1,
         .outputIsTerminal = ::isatty(STDOUT_FILENO) == 1,
         .stateHome = quillmere::workspace::stateHomeOfThisUser(),

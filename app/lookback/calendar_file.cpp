@@ -1,7 +1,7 @@
 #include "lookback/calendar_file.hpp"
 
+#include "base/text/sanitize.hpp"
 #include "base/version.hpp"
-#include "lookback/export_text.hpp"
 #include "lookback/words.hpp"
 
 #include <quillmere/records/json/date_text.hpp>
@@ -102,7 +102,7 @@ std::string calendarText(std::string_view text)
 {
     std::string value;
     char before = '\0';
-    for (const char character : withoutControls(text)) {
+    for (const char character : base::sanitizedLines(text)) {
         const bool isLineEnd = character == '\n' || character == '\r';
         if (isLineEnd) {
             value += character == '\n' && before == '\r' ? "" : "\\n";

@@ -14,7 +14,8 @@ namespace quillmere::lookback {
 /// Lines end with CR LF and have at most 75 octets.
 std::string calendarOf(const figures::LookBack& look);
 
-/// A text of the user as a value of type TEXT (3.3.11).
+/// A text of the user as a value of type TEXT (3.3.11). Control characters other than tabs and line ends, and
+/// characters that change the direction of text, become U+FFFD (base::sanitizedLines).
 std::string calendarText(std::string_view text);
 
 /// A content line, folded between characters (3.1), with its line end.

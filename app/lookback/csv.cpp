@@ -1,7 +1,7 @@
 #include "lookback/csv.hpp"
 
+#include "base/text/sanitize.hpp"
 #include "lookback/day_text.hpp"
-#include "lookback/export_text.hpp"
 #include "lookback/words.hpp"
 
 #include <quillmere/records/base/checked_arithmetic.hpp>
@@ -162,7 +162,7 @@ void addCsvLine(std::string& text, Cell cell)
 std::string csvText(std::string_view text)
 {
     std::string cell = "\"";
-    const std::string plain = withoutControls(text);
+    const std::string plain = base::sanitizedLines(text);
     for (std::size_t index = 0; index < plain.size(); ++index) {
         const bool beginsCell = index == 0 || cellEnds.find(plain[index - 1]) != std::string_view::npos;
         cell += beginsCell && mayBeFormula(std::string_view(plain).substr(index)) ? "'" : "";

@@ -15,7 +15,8 @@ std::string csvOf(const figures::LookBack& look);
 /// A cell with a text of the user, always in quotes. Text that a spreadsheet would take for a formula,
 /// because it begins with =, +, - or @ (also in full width), gets an apostrophe in front, which marks it as
 /// text: at the beginning, and after semicolons, tabs and line ends, at which some spreadsheets begin a new
-/// cell even within quotes. Control characters other than tabs and line ends become U+FFFD.
+/// cell even within quotes. Control characters other than tabs and line ends, and characters that change the
+/// direction of text, become U+FFFD (base::sanitizedLines).
 std::string csvText(std::string_view text);
 
 }  // namespace quillmere::lookback

@@ -1,12 +1,12 @@
 #include "notices/delivery_log.hpp"
 
+#include "base/system/file_age.hpp"
 #include "base/system/private_directory.hpp"
 #include "base/text/failure.hpp"
 
 #include <quillmere/store/file_manager.hpp>
 
 #include <algorithm>
-#include <chrono>
 #include <system_error>
 #include <utility>
 
@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr auto retention = std::chrono::hours(24 * 40);
+constexpr double retention = 40 * 86'400;  // seconds
 
 /// Creates the file; false when it exists.
 bool createRecord(const fs::path& directory, const std::string& key)
@@ -85,14 +85,12 @@ void DeliveryLog::remove(const std::string& key)
 
 void DeliveryLog::prune(const std::vector<std::string>& standing) const
 {
-    const fs::file_time_type oldest = fs::file_time_type::clock::now() - retention;
     std::error_code ignored;
     for (const fs::directory_entry& entry : fs::directory_iterator(directory_, ignored)) {
         const std::string name = entry.path().filename();
         const bool stands = std::any_of(standing.begin(), standing.end(),
                                         [&](const std::string& key) { return name.ends_with(key); });
-        const fs::file_time_type madeAt = entry.last_write_time(ignored);
-        if (!ignored && madeAt < oldest && !stands) {
+        if (!stands && base::secondsSinceWritten(entry.path()) > retention) {
             fs::remove(entry.path(), ignored);
         }
     }

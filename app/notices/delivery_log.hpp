@@ -33,7 +33,7 @@ public:
     /// Removes a record that this object made.
     void remove(const std::string& key);
 
-    /// Removes records older than forty days, by the clock of the file system, but those of the `standing`
+    /// Removes records older than forty days, by the clock of the system, but those of the `standing`
     /// events: they would be delivered again.
     void prune(const std::vector<std::string>& standing) const;
 

@@ -8,7 +8,8 @@ namespace quillmere::workspace {
 namespace {
 
 /// The instant at which the running timer reached zero; `now` while it has not. Never before the last change
-/// of the state: at that change, the timer had not been evaluated as run out.
+/// of the state: at that change, the timer had not been evaluated as run out. A last change in the future was
+/// made before the clock was set back, and says nothing about the present clock.
 Instant runOutInstant(const QuillmereState& state, Instant now)
 {
     const std::optional<TimerSnapshot> timer = TimerSnapshot::derive(state, now);
@@ -17,7 +18,8 @@ Instant runOutInstant(const QuillmereState& state, Instant now)
     }
     const WorkSession* session = state.currentSession();
     const Instant reading = timer->isPaused ? *session->pausedAt : now;
-    return std::min(std::max(reading + static_cast<double>(timer->remainingSeconds), state.updatedAt), now);
+    const Instant zero = reading + static_cast<double>(timer->remainingSeconds);
+    return std::min(state.updatedAt <= now ? std::max(zero, state.updatedAt) : zero, now);
 }
 
 }  // namespace

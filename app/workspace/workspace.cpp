@@ -2,6 +2,7 @@
 
 #include "base/system/private_umask.hpp"
 #include "workspace/changeable.hpp"
+#include "workspace/file_clock.hpp"
 #include "workspace/loading.hpp"
 #include "workspace/saving.hpp"
 #include "workspace/screening.hpp"
@@ -12,7 +13,6 @@
 #include <quillmere/store/file_manager.hpp>
 
 #include <algorithm>
-#include <cmath>
 #include <system_error>
 #include <utility>
 
@@ -32,12 +32,6 @@ fs::path absolutePath(const fs::path& path)
         }
     }
     return whole;
-}
-
-/// The clock with the precision of the files, so that memory and file agree.
-Clock wholeSecondsOf(Clock clock)
-{
-    return [clock = std::move(clock)] { return Instant(std::floor(clock().secondsSince1970())); };
 }
 
 void apply(const Operation& operation, Situation& situation)
@@ -98,7 +92,7 @@ Workspace::Workspace(const fs::path& directory, WidgetPlace widget, Clock clock,
 Workspace Workspace::in(const fs::path& directory, Clock clock, const fs::path& stateHome)
 {
     const fs::path whole = absolutePath(directory);
-    return {whole, WidgetPlace(whole), wholeSecondsOf(std::move(clock)), stateHome};
+    return {whole, WidgetPlace(whole), fileClock(std::move(clock)), stateHome};
 }
 
 Workspace Workspace::ofThisUser(Clock clock, const fs::path& stateHome)
@@ -110,7 +104,7 @@ Workspace Workspace::ofThisUser(Clock clock, const fs::path& stateHome)
                             "path, or use --directory.");
     }
     return {StateStore::defaultDirectory(fileManager), WidgetPlace::sharedContainer(),
-            wholeSecondsOf(std::move(clock)), stateHome};
+            fileClock(std::move(clock)), stateHome};
 }
 
 Instant Workspace::now() const { return clock_(); }
@@ -194,6 +188,7 @@ Situation Workspace::caughtUp(QuillmereState state) const
 
 DirectoryLock Workspace::lock(std::chrono::milliseconds patience) const
 {
+    clock_();  // a clock that cannot be used is refused before anything is made
     constexpr mode_t ownerOnly = 0700;
     const base::PrivateUmask ownersParents;
     FileManager::standard().createDirectory(directory(), ownerOnly);

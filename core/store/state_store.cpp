@@ -1,18 +1,12 @@
 #include <quillmere/records/base/fatal_error.hpp>
 #include <quillmere/store/atomic_write.hpp>
 #include <quillmere/store/state_store.hpp>
+#include <quillmere/store/wall_clock.hpp>
 
-#include <chrono>
 #include <utility>
 
 namespace quillmere {
 namespace {
-
-Instant wallClock()
-{
-    const auto sinceEpoch = std::chrono::system_clock::now().time_since_epoch();
-    return Instant(std::chrono::duration<double>(sinceEpoch).count());
-}
 
 constexpr mode_t ownerOnly = 0700;
 

@@ -6,9 +6,19 @@
 namespace quillmere::test {
 
 const std::string hostileText =
-    "=<b>\"It's\"</b>&amp;</style></svg><script>alert(1)</script>,;\\x\\\r\n\tz\x1b[2J\x01\u202Eabc\u2066"
+    "=<b>\"It's\"</b>&amp;</style></svg><script>alert(1)</"
+    "script>,;\\x\\\r\n\tz\x1b[2J\x01\xC2\x9B\u202Eabc\u2066"
     "\uFFFE\u6F22\u5B57\U0001F600" +
     std::string(90, 'w') + "\u00E9\u00E9";
+
+std::string hostileTextInExports()
+{
+    std::string text = hostileText;
+    for (const char* const control : {"\x1b", "\x01", "\xC2\x9B", "\u202E", "\u2066"}) {
+        text = replaced(text, control, "\uFFFD");
+    }
+    return text;
+}
 
 Day day(const std::string& text)
 {

@@ -34,6 +34,10 @@ QuillmereState hostileState();
 /// n: some parsers of calendars take an escaped backslash and an n for a line break.
 extern const std::string hostileText;
 
+/// The same as tables and calendars show it: U+FFFD in place of control characters and of characters that
+/// change the direction of text.
+std::string hostileTextInExports();
+
 /// "2026-11-15 1500, 2026-11-16 60": the focus of each period, for comparisons.
 std::string focusOf(const LookBack& look, Unit unit);
 

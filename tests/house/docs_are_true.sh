@@ -25,6 +25,17 @@ if [ $# -ge 3 ]; then
     esac
 fi
 
+# "Set back during a session" is the row of the test setBackDuringASession.
+rows=$(sed -n 's/^| \(Set [^|]*[^ |]\) *|.*/\1/p' docs/clocks.md | sed -E 's/ (.)/\U\1/g; s/^(.)/\l\1/')
+tests=$(sed -n 's/^TEST_F(Clocks, \(.*\))$/\1/p' tests/app/cli/clocks_test.cpp)
+if [ -z "$tests" ] || [ "$rows" != "$tests" ]; then
+    echo "docs/clocks.md has other rows than there are tests:"
+    printf '%s\n' "$rows" >"${TMPDIR:-/tmp}/quillmere-rows-$$"
+    printf '%s\n' "$tests" | diff "${TMPDIR:-/tmp}/quillmere-rows-$$" - || true
+    rm -f "${TMPDIR:-/tmp}/quillmere-rows-$$"
+    status=1
+fi
+
 for number in 1 2 3; do
     file=$(printf 'state.json\nagent-state.json\nwidget-snapshot.json\n' | sed -n "${number}p")
     # A fenced block ends with a line break, the file does not.

@@ -86,11 +86,13 @@ std::optional<Instant> nextTimeOfDay(const std::tm& fields, Instant now)
 
 }  // namespace
 
-std::string localDayText(Instant instant) { return formatted(instant, "%F"); }
+// The C library pads a year before 1000 only when it is told to.
 
-std::string localText(Instant instant) { return formatted(instant, "%Y-%m-%d %H:%M"); }
+std::string localDayText(Instant instant) { return formatted(instant, "%04Y-%m-%d"); }
 
-std::string localTextToTheSecond(Instant instant) { return formatted(instant, "%Y-%m-%d %H:%M:%S"); }
+std::string localText(Instant instant) { return formatted(instant, "%04Y-%m-%d %H:%M"); }
+
+std::string localTextToTheSecond(Instant instant) { return formatted(instant, "%04Y-%m-%d %H:%M:%S"); }
 
 std::string localClockText(Instant instant) { return formatted(instant, "%H:%M"); }
 

@@ -55,6 +55,12 @@ bool isControl(std::string_view character)
                        [code](const Range& range) { return code >= range.first && code <= range.last; });
 }
 
+/// The character, or U+FFFD in its place.
+std::string_view harmless(std::string_view character, bool wellFormed)
+{
+    return wellFormed && !isControl(character) ? character : replacement;
+}
+
 }  // namespace
 
 std::string sanitized(std::string_view text)
@@ -67,11 +73,19 @@ std::string sanitized(std::string_view text)
         }
         if (character == "\n" || character == "\t") {
             result += ' ';
-        } else if (!wellFormed || isControl(character)) {
-            result += replacement;
         } else {
-            result += character;
+            result += harmless(character, wellFormed);
         }
+    });
+    return result;
+}
+
+std::string sanitizedLines(std::string_view text)
+{
+    std::string result;
+    forEachCharacter(text, [&](std::string_view character, bool wellFormed) {
+        const bool isLayout = character == "\t" || character == "\n" || character == "\r";
+        result += isLayout ? character : harmless(character, wellFormed);
     });
     return result;
 }

@@ -1,4 +1,4 @@
-// Texts of users and agents before they are printed on a terminal.
+// Texts of users and agents before they are printed on a terminal or written into files of other formats.
 #pragma once
 
 #include <string>
@@ -11,6 +11,9 @@ namespace quillmere::base {
 /// terminal or change the order of what is shown. Line breaks (LF, CR LF) and tabs become spaces: the result
 /// is one line.
 std::string sanitized(std::string_view text);
+
+/// The same, but keeps line breaks (LF, CR) and tabs, for files in which a text may have several lines.
+std::string sanitizedLines(std::string_view text);
 
 /// JSON text with the same characters escaped, as far as JSON allows them inside strings.
 std::string sanitizedJson(std::string_view json);

@@ -1,5 +1,6 @@
 #include "work/forms/drafts.hpp"
 
+#include "base/system/file_age.hpp"
 #include "base/system/private_directory.hpp"
 
 #include <nlohmann/json.hpp>
@@ -7,7 +8,6 @@
 #include <quillmere/store/state_store.hpp>
 
 #include <algorithm>
-#include <chrono>
 
 namespace quillmere::work {
 namespace {
@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 using Json = nlohmann::json;
 
 constexpr std::string_view namesBegin = "draft-";
-constexpr auto longestKept = std::chrono::hours(30 * 24);
+constexpr double longestKept = 30 * 86'400;  // seconds
 
 // An object with one member a changed field; its value has these members.
 constexpr const char* beginningName = "began";
@@ -120,12 +120,11 @@ void Drafts::removeOld(const std::vector<FormSubject>& current) const
         return std::any_of(current.begin(), current.end(),
                            [&](const FormSubject& subject) { return nameOf(subject) == name; });
     };
-    const auto oldest = fs::file_time_type::clock::now() - longestKept;
     for (auto entry = fs::directory_iterator(directory_, ignored); entry != fs::directory_iterator();
          entry.increment(ignored)) {
         const std::string name = entry->path().filename().string();
-        const auto writtenAt = entry->last_write_time(ignored);
-        if (!ignored && name.starts_with(namesBegin) && writtenAt < oldest && !isCurrent(name)) {
+        const bool isOld = base::secondsSinceWritten(entry->path()) > longestKept;
+        if (isOld && name.starts_with(namesBegin) && !isCurrent(name)) {
             fs::remove(entry->path(), ignored);
         }
     }

@@ -31,11 +31,23 @@ TEST(RequireRoom, allowsTenQuestionsAMinute)
     EXPECT_NO_THROW(requireRoom(stateWithQuestions(10, moment, true), moment + 61));
 }
 
-TEST(RequireRoom, countsQuestionsInTheFutureAsRecent)
+TEST(RequireRoom, doesNotCountQuestionsInTheFutureAsRecent)
 {
-    EXPECT_THROW(requireRoom(stateWithQuestions(10, moment + 30, true), moment), ToolRefusal);
-    EXPECT_THROW(requireRoom(stateWithQuestions(10, moment + 3600, true), moment), ToolRefusal);
-    EXPECT_NO_THROW(requireRoom(stateWithQuestions(9, moment + 3600, true), moment));
+    for (const double ahead : {1.0, 30.0, 3600.0, 4 * 366 * 86'400.0}) {
+        SCOPED_TRACE(ahead);
+        QuillmereState state = stateWithQuestions(20, moment + ahead, true);
+        EXPECT_NO_THROW(requireRoom(state, moment));
+        const QuillmereState asked = stateWithQuestions(10, moment, true);
+        state.agentQuestions.insert(state.agentQuestions.end(), asked.agentQuestions.begin(),
+                                    asked.agentQuestions.end());
+        EXPECT_THROW(requireRoom(state, moment), ToolRefusal);
+    }
+}
+
+TEST(RequireRoom, countsQuestionsInTheFutureAsOpen)
+{
+    EXPECT_NO_THROW(requireRoom(stateWithQuestions(49, moment + 3600, false), moment));
+    EXPECT_THROW(requireRoom(stateWithQuestions(50, moment + 3600, false), moment), ToolRefusal);
 }
 
 TEST(RequireRoom, allowsFiftyOpenQuestions)

@@ -27,6 +27,7 @@ Instant present() { return Instant(static_cast<double>(::time(nullptr))); }
 WidgetSnapshot countdown(double seconds)
 {
     WidgetSnapshot summary = summaryWith("Chapter");
+    summary.updatedAt = present();
     summary.countdown = WidgetCountdown{.endsAt = present() + seconds,
                                         .startedAt = present() - 100,
                                         .isPaused = false,

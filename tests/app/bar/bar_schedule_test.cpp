@@ -60,6 +60,16 @@ TEST(BarSchedule, readsAgainInTheMiddleOfOvertime)
     EXPECT_EQ(nextBarLine(summary, moment + 10.5, reading) - moment, 11);
 }
 
+TEST(BarSchedule, readsAgainWhenTheClockWasSetBack)
+{
+    const bar::BarReadingTimes times{.last = moment, .next = moment + 1800};
+    EXPECT_FALSE(bar::isBarReadingDue(times, moment));
+    EXPECT_FALSE(bar::isBarReadingDue(times, moment + 1799.75));
+    EXPECT_TRUE(bar::isBarReadingDue(times, moment + 1800));
+    EXPECT_TRUE(bar::isBarReadingDue(times, moment - 1));
+    EXPECT_TRUE(bar::isBarReadingDue(times, moment - 1e9));
+}
+
 TEST(BarSchedule, triesAgainSoonAfterAFailure)
 {
     EXPECT_EQ(bar::nextBarReadingAfterFailure(moment) - moment, 60);

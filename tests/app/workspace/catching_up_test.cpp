@@ -102,10 +102,18 @@ TEST(CatchUp, neverRecordsAnEndBeforeTheLastChange)
 
 TEST(CatchUp, neverRecordsAnEndInTheFuture)
 {
+    // Another program paused the session after it had run out; then the clock was set back to before its end.
+    QuillmereState state = stateIn(WorkflowState::focusing);
+    state.currentBlock->sessions.back().pausedAt = moment + 1600;
+    EXPECT_EQ(eventOf(state, moment + 1000).at, moment + 1000);
+}
+
+TEST(CatchUp, recordsAnEndAtItsInstantAlsoWhenTheLastChangeIsInTheFuture)
+{
     // The clock was set back after the last change.
     QuillmereState state = stateIn(WorkflowState::focusing);
     state.updatedAt = moment + 50'000;
-    EXPECT_EQ(eventOf(state, moment + 2000).at, moment + 2000);
+    EXPECT_EQ(eventOf(state, moment + 2000).at, moment + 1500);
 }
 
 TEST(CatchUp, waitsAgainAfterTheClockWasSetBack)

@@ -35,6 +35,31 @@ TEST(LocalText, dropsSecondsTowardThePast)
     EXPECT_EQ(localText(Instant(253'402'300'799)), "9999-12-31 23:59");
 }
 
+TEST(LocalText, hasFourDigitsInEveryYearOfTheFiles)
+{
+    // Seven days into the year, so that no zone is in another one.
+    for (const auto& [text, seconds] :
+         {std::pair{"0000-01-08 00:00", -62'166'614'400.0}, std::pair{"0005-01-08 00:00", -62'008'761'600.0},
+          std::pair{"0999-12-31 00:00", -30'610'310'400.0}, std::pair{"2262-04-12 00:00", 9'223'372'800.0},
+          std::pair{"2500-07-01 00:00", 16'740'864'000.0},
+          std::pair{"9999-12-31 00:00", 253'402'214'400.0}}) {
+        SCOPED_TRACE(text);
+        {
+            const TimeZone here("UTC");
+            EXPECT_EQ(localText(Instant(seconds)), text);
+        }
+        for (const char* const zone : {"UTC", "Europe/Berlin", "America/New_York"}) {
+            const TimeZone here(zone);
+            const Instant now(seconds - 86'400);
+            const std::string shown = localText(Instant(seconds));
+            EXPECT_EQ(base::localDayText(Instant(seconds)), shown.substr(0, 10));
+            // Zones had odd seconds before they had rules.
+            EXPECT_NEAR(instantFromLocalText(shown, now).value_or(Instant(0)) - Instant(seconds), 0, 59)
+                << shown;
+        }
+    }
+}
+
 TEST(LocalTextSeenFrom, namesAnotherDay)
 {
     const TimeZone here("Europe/Berlin");

@@ -14,6 +14,7 @@ namespace {
 using base::isText;
 using base::sanitized;
 using base::sanitizedJson;
+using base::sanitizedLines;
 
 constexpr const char* replacement = "\uFFFD";
 
@@ -100,6 +101,23 @@ TEST(Sanitized, keepsTextAndReplacesControlSequences)
         EXPECT_EQ(sanitized(pair.text), pair.sanitized);
         EXPECT_EQ(sanitized(sanitized(pair.text)), pair.sanitized);
     }
+}
+
+TEST(SanitizedLines, keepsLineBreaksAndTabs)
+{
+    EXPECT_EQ(sanitizedLines("one\r\ntwo\n\tthree\rfour"), "one\r\ntwo\n\tthree\rfour");
+}
+
+TEST(SanitizedLines, replacesTheSameCharactersAsSanitizedOtherwise)
+{
+    for (unsigned code = 0; code < 0x2100; ++code) {
+        std::string character;
+        json::appendUtf8(character, code);
+        if (code != '\t' && code != '\n' && code != '\r') {
+            EXPECT_EQ(sanitizedLines(character), sanitized(character)) << code;
+        }
+    }
+    EXPECT_EQ(sanitizedLines("a\x9Bz"), "a\uFFFDz");
 }
 
 TEST(SanitizedJson, escapesControlCharactersThatJsonAllows)

@@ -40,13 +40,11 @@ TEST(Widget, showsTheSummaryWithItsTimeline)
 
 TEST(Widget, showsTheDayInItsTimelineWhenItIsAnotherDay)
 {
-    // The session is over at 01:25 of the next day.
-    const TimeZone here("Asia/Tokyo");
-    Person person = personInFocus();
-    person.now = moment - 60;
-    const std::string out = person.types({"widget"}).out;
+    // The session began at 23:45 and is over at 00:10 of the next day.
+    const TimeZone here("Australia/Eucla");
+    const std::string out = personInFocus().types({"widget"}).out;
     EXPECT_EQ(out.substr(out.find("Timeline:")),
-              "Timeline:  23:59 26:00  2026-11-16 00:25 00:00  (asks again at 2026-11-16 00:25)\n");
+              "Timeline:  23:55 15:00  2026-11-16 00:10 00:00  (asks again at 2026-11-16 00:10)\n");
 }
 
 TEST(Widget, printsTheSameAsJson)

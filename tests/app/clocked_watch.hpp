@@ -3,6 +3,7 @@
 
 #include "notices/watch.hpp"
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <sstream>
@@ -16,7 +17,8 @@ namespace quillmere::test {
 /// Where the records of notices and hooks are.
 std::filesystem::path deliveryLogOf(const Person& person);
 
-/// Runs on the person's clock: `Person::now` is the time of day and moves the steady clock as well.
+/// Runs on the person's clock: `Person::now` is the time of day and moves the steady clock as well, but never
+/// back.
 class ClockedWatch {
 public:
     ClockedWatch(const Person& person, notices::NotifierChannel& channel,
@@ -41,6 +43,8 @@ public:
 
 private:
     const Person& person_;
+    mutable Instant seenAt_{test::moment};
+    mutable base::Moment moment_{std::chrono::hours(24 * 365)};
     std::istringstream in_;
     std::ostringstream out_;
     std::ostringstream err_;

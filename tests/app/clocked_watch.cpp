@@ -2,6 +2,7 @@
 
 #include "workspace/state_home.hpp"
 
+#include <algorithm>
 #include <chrono>
 
 #include "support/eventually.hpp"
@@ -41,10 +42,12 @@ ClockedWatch::ClockedWatch(const Person& person, notices::NotifierChannel& chann
 
 base::Moment ClockedWatch::moment() const
 {
-    // Far enough from zero that no test's day lies before it.
-    constexpr base::Moment start{std::chrono::hours(24 * 365 * 100)};
-    const std::chrono::duration<double> since(person_.now - test::moment);
-    return start + std::chrono::duration_cast<base::Moment::duration>(since);
+    // The steady clock counts nanoseconds in 64 bits, which are 292 years.
+    constexpr double longest = 366 * 86'400;
+    const std::chrono::duration<double> passed(std::clamp(person_.now - seenAt_, 0.0, longest));
+    seenAt_ = person_.now;
+    moment_ += std::chrono::duration_cast<base::Moment::duration>(passed);
+    return moment_;
 }
 
 void ClockedWatch::untilIdle()
