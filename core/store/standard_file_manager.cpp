@@ -107,7 +107,7 @@ bool makeDirectory(const fs::path& path, mode_t mode)
     return false;
 }
 
-/// Whether a directory has no entries. False when it may not be opened.
+/// Whether a directory has no entries. False when it may not be opened, and when there is no directory.
 bool isEmptyDirectory(const fs::path& path)
 {
     // Not std::filesystem: its iterators end the process when memory runs out.
@@ -116,7 +116,7 @@ bool isEmptyDirectory(const fs::path& path)
         directory.reset(::opendir(path.c_str()));
     } while (!directory && errno == EINTR);
     if (!directory) {
-        if (errno == EACCES) {
+        if (errno == EACCES || errno == ENOENT || errno == ENOTDIR) {
             return false;
         }
         throwErrno("opendir", path);
