@@ -1,14 +1,12 @@
 #include "workspace/directory_lock.hpp"
 
-#include "base/refusal.hpp"
+#include "workspace/lock_wait.hpp"
 
 #include <fcntl.h>
 #include <sys/file.h>
 
 #include <cerrno>
-#include <chrono>
 #include <system_error>
-#include <thread>
 
 namespace quillmere::workspace {
 namespace {
@@ -37,24 +35,12 @@ bool tryLock(int descriptor)
     return false;
 }
 
-void waitForLock(int descriptor, const std::filesystem::path& directory, std::chrono::milliseconds patience)
-{
-    const auto deadline = std::chrono::steady_clock::now() + patience;
-    while (!tryLock(descriptor)) {
-        if (std::chrono::steady_clock::now() >= deadline) {
-            throw base::Refusal(base::Refusal::Kind::busy,
-                                "Another program is at work in " + directory.string() + "; try again.");
-        }
-        std::this_thread::sleep_for(DirectoryLock::pauseBetweenTries);
-    }
-}
-
 }  // namespace
 
 DirectoryLock::DirectoryLock(const std::filesystem::path& directory, std::chrono::milliseconds patience)
     : directory_(openDirectory(directory))
 {
-    waitForLock(directory_.get(), directory, patience);
+    waitForLock([this] { return tryLock(directory_.get()); }, directory, patience);
 }
 
 std::optional<DirectoryLock> DirectoryLock::tryTake(const std::filesystem::path& directory)

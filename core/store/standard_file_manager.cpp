@@ -2,9 +2,11 @@
 #include <quillmere/store/file_manager.hpp>
 #include <quillmere/store/sync.hpp>
 
+#include <dirent.h>
 #include <sys/stat.h>
 
 #include <cstdlib>
+#include <memory>
 #include <string>
 
 namespace quillmere {
@@ -105,17 +107,31 @@ bool makeDirectory(const fs::path& path, mode_t mode)
     return false;
 }
 
-/// Syncs the parent of a new directory, so that its name survives a power cut. A process may be allowed to
-/// write to the parent but not to open it (mode -wx); then it cannot sync it.
-void syncName(const fs::path& path)
+/// Whether a directory has no entries. False when it may not be opened, and when there is no directory.
+bool isEmptyDirectory(const fs::path& path)
 {
-    try {
-        syncDirectory(path.parent_path());
-    } catch (const std::system_error& error) {
-        if (error.code() != std::errc::permission_denied) {
-            throw;
+    // Not std::filesystem: its iterators end the process when memory runs out.
+    std::unique_ptr<DIR, int (*)(DIR*)> directory(nullptr, ::closedir);
+    do {
+        directory.reset(::opendir(path.c_str()));
+    } while (!directory && errno == EINTR);
+    if (!directory) {
+        if (errno == EACCES || errno == ENOENT || errno == ENOTDIR) {
+            return false;
+        }
+        throwErrno("opendir", path);
+    }
+    errno = 0;
+    while (const dirent* const entry = ::readdir(directory.get())) {
+        const std::string_view name = entry->d_name;
+        if (name != "." && name != "..") {
+            return false;
         }
     }
+    if (errno != 0) {
+        throwErrno("readdir", path);
+    }
+    return true;
 }
 
 class StandardFileManager final : public FileManager {
@@ -210,23 +226,32 @@ public:
         constexpr mode_t defaultMode = 0777;
         const fs::path directory = withoutTrailingDots(path);
         const fs::path parent = directory.parent_path();
-        if (!parent.empty() && parent != directory && !fileExists(parent)) {
-            createDirectory(parent, std::nullopt);
+        if (!parent.empty() && parent != directory && !fileExists(directory)) {
+            createParent(parent);
         }
-        if (!makeDirectory(directory, mode.value_or(defaultMode))) {
-            return;
-        }
+        const bool isNew = makeDirectory(directory, mode.value_or(defaultMode));
         // mkdir(2) applies the umask to the mode.
-        if (mode && uninterrupted([&] { return ::chmod(directory.c_str(), *mode); }) == -1) {
+        if (isNew && mode && uninterrupted([&] { return ::chmod(directory.c_str(), *mode); }) == -1) {
             throwErrno("chmod", directory);
         }
-        syncName(directory);
+        if (isNew || isEmptyDirectory(directory)) {
+            syncDirectory(parent);
+        }
     }
 
     void removeFile(const fs::path& path) const override
     {
         if (::unlink(path.c_str()) == -1) {
             throwErrno("unlink", path);
+        }
+    }
+
+private:
+    /// Also syncs the name of an empty parent: an earlier attempt may have created it and then failed.
+    void createParent(const fs::path& parent) const
+    {
+        if (!fileExists(parent) || isEmptyDirectory(parent)) {
+            createDirectory(parent, std::nullopt);
         }
     }
 };

@@ -147,7 +147,7 @@ TEST(RenameReplacingDurably, failsBeforeTheMoveWhenTheFileCannotBeSynced)
     EXPECT_EQ(textOf(directory.path() / "destination"), "old");
 }
 
-TEST(RenameReplacingDurably, failsAfterTheMoveWhenTheDirectoryCannotBeSynced)
+TEST(RenameReplacingDurably, movesTheFileWhereTheDirectoryMayNotBeOpenedToSyncIt)
 {
     const TemporaryDirectory directory;
     writeText(directory.path() / "temporary", "new");
@@ -166,7 +166,7 @@ TEST(RenameReplacingDurably, failsAfterTheMoveWhenTheDirectoryCannotBeSynced)
         });
     }
     fs::permissions(directory.path(), fs::perms(0700));
-    EXPECT_EQ(error, std::errc::permission_denied);
+    EXPECT_FALSE(error);
     EXPECT_EQ(directory.names(), std::vector<std::string>{"destination"});
     EXPECT_EQ(textOf(directory.path() / "destination"), "new");
 }

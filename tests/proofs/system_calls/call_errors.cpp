@@ -26,7 +26,7 @@ const std::vector<Row> rows = {
                           ETXTBSY, EWOULDBLOCK, EINVAL}},
     {SystemCall::read,   {EIO, EISDIR, EINVAL, EINTR, EAGAIN, EBADF, EFAULT, ENOMEM, ESTALE}},
     {SystemCall::write,  {ENOSPC, EDQUOT, EFBIG, EINTR, EIO, EAGAIN, EBADF, EFAULT, EINVAL, ENOMEM, EPERM, ESTALE}},
-    {SystemCall::fsync,  {EIO, ENOSPC, EINVAL, EINTR, EBADF, EDQUOT, EROFS, ESTALE}},
+    {SystemCall::fsync,  {EIO, ENOSPC, EINVAL, EINTR, ENOTSUP, EBADF, EDQUOT, EROFS, ESTALE}},
     {SystemCall::close,  {EIO, ENOSPC, EDQUOT, EINTR, EBADF, ESTALE}},
     {SystemCall::rename, {EXDEV, EISDIR, unknownError, EINTR, ENOSPC, EACCES, EBUSY, EDQUOT, EEXIST, EINVAL, EIO,
                           ELOOP, EMLINK, ENAMETOOLONG, ENOENT, ENOMEM, ENOTDIR, ENOTEMPTY, EPERM, EROFS, ESTALE}},

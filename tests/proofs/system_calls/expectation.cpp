@@ -1,6 +1,5 @@
 #include "proofs/system_calls/expectation.hpp"
 
-#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 
@@ -10,6 +9,19 @@ namespace quillmere::test {
 namespace {
 
 bool leadsNowhere(int error) { return error == ENOENT || error == ENOTDIR; }
+
+/// Whether the call operates on a directory: saves open and sync nothing else but temporary files.
+bool isOnDirectory(const CallRecord& record)
+{
+    return std::filesystem::path(record.path).extension() != ".tmp";
+}
+
+/// Whether the error says that a directory cannot be synced here, which is no failure.
+bool meansNotOffered(const CallRecord& record, int error)
+{
+    const bool syncs = record.call == SystemCall::open || record.call == SystemCall::fsync;
+    return syncs && isOnDirectory(record) && (error == EACCES || error == EINVAL || error == ENOTSUP);
+}
 
 /// Whether the save succeeds in spite of the failed call.
 bool isAbsorbed(const CallRecord& record, int error)
@@ -22,18 +34,20 @@ bool isAbsorbed(const CallRecord& record, int error)
     }
     // A directory that lstat does not find is created, and mkdir accepts an existing one. A failed removal is
     // ignored.
-    return record.call == SystemCall::unlink || (record.call == SystemCall::lstat && leadsNowhere(error));
+    return meansNotOffered(record, error) || record.call == SystemCall::unlink ||
+           (record.call == SystemCall::lstat && leadsNowhere(error));
 }
 
-/// Whether the call opens the parent of a new directory, to sync it.
-bool opensParentOfNew(const std::vector<CallRecord>& calls, std::size_t index)
+/// The index of the first call of the fault that fails the save, or the number of calls.
+std::size_t firstFailing(const std::vector<CallRecord>& calls, std::size_t index, const Fault& fault)
 {
-    const auto isParentOf = [&](const CallRecord& earlier) {
-        return earlier.call == SystemCall::mkdir && earlier.error == 0 &&
-               std::filesystem::path(earlier.path).parent_path() == calls[index].path;
-    };
-    const auto end = calls.begin() + static_cast<std::ptrdiff_t>(index);
-    return calls[index].call == SystemCall::open && std::any_of(calls.begin(), end, isParentOf);
+    const std::size_t end = fault.fromThereOn ? calls.size() : index + 1;
+    for (std::size_t hit = index; hit < end; ++hit) {
+        if (calls[hit].call == fault.call && !isAbsorbed(calls[hit], fault.error)) {
+            return hit;
+        }
+    }
+    return calls.size();
 }
 
 int reported(const CallRecord& record, int error)
@@ -59,14 +73,13 @@ Expectation expectedOfSave(const Situation& situation, const std::vector<CallRec
     const std::size_t fileCount = situation.store == StoreKind::state ? 2 : 1;
     const Version before = situation.before == Before::earlierFile ? Version::older : Version::none;
     Expectation expected{.error = 0, .files = std::vector<Version>(fileCount, Version::newer)};
-    // The parent of a new directory may be writable but not readable.
-    const bool mayNotOpen = fault.error == EACCES && !fault.fromThereOn && opensParentOfNew(calls, index);
-    if (mayNotOpen || isAbsorbed(calls[index], fault.error)) {
+    const std::size_t failing = firstFailing(calls, index, fault);
+    if (failing == calls.size()) {
         return expected;
     }
-    expected.error = reported(calls[index], fault.error);
+    expected.error = reported(calls[failing], fault.error);
     std::size_t replaced = 0;
-    for (std::size_t earlier = 0; earlier < index; ++earlier) {
+    for (std::size_t earlier = 0; earlier < failing; ++earlier) {
         replaced += calls[earlier].call == SystemCall::rename ? 1 : 0;
     }
     for (std::size_t file = replaced; file < fileCount; ++file) {

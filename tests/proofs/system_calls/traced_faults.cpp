@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <filesystem>
 #include <sstream>
 
 #include "proofs/system_calls/call_errors.hpp"
@@ -15,14 +14,9 @@ using cli::ExitCode;
 
 namespace {
 
-/// The path argument of a call: the text between its first quotes.
-std::filesystem::path pathOf(const TracedCall& call)
+bool opensDirectory(const TracedCall& call)
 {
-    std::istringstream text(call.text);
-    std::string path;
-    std::getline(text, path, '"');
-    std::getline(text, path, '"');
-    return path;
+    return call.name.starts_with("open") && call.text.find("O_DIRECTORY") != std::string::npos;
 }
 
 }  // namespace
@@ -76,10 +70,36 @@ bool Undisturbed::isAbsorbed(std::size_t index, int error) const
     const bool wasRead = call.text.find("/state.json>") != std::string::npos;
     const bool isClosed = *kind == SystemCall::close && (error == EINTR || isLast || wasRead);
     const bool goesOn = error == EINTR && isContinued(*kind);
-    // The parent of a new directory may be writable but not readable.
-    const bool mayNotOpen = error == EACCES && *kind == SystemCall::open && holdsNewDirectory(index);
-    return saysItAnyway || isClosed || goesOn || mayNotOpen || *kind == SystemCall::unlink ||
-           keepsVersion(index);
+    return saysItAnyway || isClosed || goesOn || *kind == SystemCall::unlink || keepsVersion(index) ||
+           meansNotOffered(index, error) || isAbsorbedByListing(index, error);
+}
+
+bool Undisturbed::meansNotOffered(std::size_t index, int error) const
+{
+    const TracedCall& call = calls_[index];
+    const bool isForLock = index + 1 < calls_.size() && calls_[index + 1].name == "flock";
+    const bool opens = opensDirectory(call) && !isForLock && !isListing(index);
+    const bool syncs = call.name == "fsync" && call.text.find(".tmp>") == std::string::npos;
+    return (opens || syncs) && (error == EACCES || error == EINVAL || error == ENOTSUP);
+}
+
+bool Undisturbed::isListing(std::size_t index) const
+{
+    // opendir(3) opens without blocking; fstat and close follow.
+    constexpr std::size_t callsOfListing = 3;
+    for (std::size_t back = 0; back < callsOfListing && back <= index; ++back) {
+        const TracedCall& call = calls_[index - back];
+        if (call.name.starts_with("open")) {
+            return opensDirectory(call) && call.text.find("O_NONBLOCK") != std::string::npos;
+        }
+    }
+    return false;
+}
+
+bool Undisturbed::isAbsorbedByListing(std::size_t index, int error) const
+{
+    const bool isRepeated = error == EINTR;
+    return isListing(index) && (error == EACCES || isRepeated || callOf(calls_[index]) == SystemCall::close);
 }
 
 bool Undisturbed::keepsVersion(std::size_t index) const
@@ -93,15 +113,6 @@ bool Undisturbed::keepsVersion(std::size_t index) const
         calls_.begin() + static_cast<std::ptrdiff_t>(index) + 1, calls_.end(),
         [&](const TracedCall& later) { return callOf(later) == SystemCall::lstat && concernsState(later); });
     return hasBegun && concernsState(calls_[index]);
-}
-
-bool Undisturbed::holdsNewDirectory(std::size_t index) const
-{
-    return std::any_of(calls_.begin(), calls_.begin() + static_cast<std::ptrdiff_t>(index),
-                       [&](const TracedCall& earlier) {
-                           return callOf(earlier) == SystemCall::mkdir &&
-                                  pathOf(earlier).parent_path() == pathOf(calls_[index]);
-                       });
 }
 
 std::size_t Undisturbed::renamesBefore(std::size_t index) const

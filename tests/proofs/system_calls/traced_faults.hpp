@@ -34,8 +34,12 @@ private:
     bool isAbsorbed(std::size_t index, int error) const;
     /// Whether the call belongs to keeping the previous version, which reads the state once more.
     bool keepsVersion(std::size_t index) const;
-    /// Whether the call operates on the parent of a directory that the run created.
-    bool holdsNewDirectory(std::size_t index) const;
+    /// Whether the error says that a directory cannot be synced here, which is no failure.
+    bool meansNotOffered(std::size_t index, int error) const;
+    /// Whether the call belongs to the look whether a directory is empty.
+    bool isListing(std::size_t index) const;
+    /// Whether that look goes on with the error.
+    bool isAbsorbedByListing(std::size_t index, int error) const;
     /// The number of renames before a call.
     std::size_t renamesBefore(std::size_t index) const;
     /// The index of the file that a call belongs to, in the order of saving. The calls after its rename
