@@ -18,9 +18,8 @@ Stage stageOf(const QuillmereState& state)
     return waits ? Stage::waiting : Stage::inWork;
 }
 
-/// The change that brought the block of the state to its stage. A block that comes out of planning was begun
-/// there and then, whatever schedule it had before.
-Change arrival(const QuillmereState& state, bool isFromPlanning)
+/// The change that brought the block of the state to its stage.
+Change arrival(const QuillmereState& state)
 {
     const Block& block = *state.currentBlock;
     Change change{.kind = blockBegun, .text = nameOf(block)};
@@ -31,10 +30,10 @@ Change arrival(const QuillmereState& state, bool isFromPlanning)
             change.at = block.plannedStart;
             break;
         case Stage::inWork:
-            if (!isFromPlanning && beganBySchedule(block)) {
+            if (beganBySchedule(block)) {
                 change.kind = scheduledBlockStarted;
                 change.at = block.scheduledStartTriggeredAt;
-            } else if (!isFromPlanning && block.scheduledStartTriggeredAt) {
+            } else if (block.scheduledStartTriggeredAt) {
                 change.kind = scheduledBlockBegun;
             }
             break;
@@ -49,7 +48,7 @@ void addSameBlock(Changes& changes, const QuillmereState& before, const Quillmer
     const Block& later = *after.currentBlock;
     const Stage stage = stageOf(before);
     if (stage != stageOf(after) || (stage == Stage::waiting && earlier.plannedStart != later.plannedStart)) {
-        changes.push_back(arrival(after, stage == Stage::inPlanning));
+        changes.push_back(arrival(after));
     }
     const std::string fields = differingFields<Block>(earlier, later, blockFields);
     if (!fields.empty() && (stage != Stage::inPlanning || stageOf(after) == stage)) {
@@ -104,7 +103,7 @@ void addNewBlock(Changes& changes, const QuillmereState& before, const Quillmere
         addSessions(changes, finished->sessions, block.sessions);
         changes.push_back({.kind = blockTakenUpAgain, .text = nameOf(block)});
     } else {
-        changes.push_back(arrival(after, false));
+        changes.push_back(arrival(after));
         addSessions(changes, {}, block.sessions);
     }
 }

@@ -73,7 +73,11 @@ std::vector<OperationExample> examples()
          [](auto& s) { workflow.scheduleBlock(s, scheduledBlock(), moment); },
          "block scheduled for 16:00: Chapter one"},
         {Step::scheduleBlock, inEditing(),
-         [](auto& s) { workflow.scheduleBlock(s, scheduledBlock(), moment); },
+         [](auto& s) {
+             Block block = scheduledBlock();
+             block.whyValue = "Another reason";
+             workflow.scheduleBlock(s, block, moment);
+         },
          "block scheduled for 16:00: Chapter one"},
         {Step::editScheduledBlock, stateWithScheduledBlock(),
          [](auto& s) { workflow.editScheduledBlock(s, moment); },
@@ -163,6 +167,33 @@ TEST(Describe, hasASentenceForEachOfSeveralChangesInTheirOrder)
         (Sentences{"break skipped", "focus session 2 started", "focus session 2 paused for 1 min",
                    "focus session 2 ended at 15:28", "review of session 2 saved", "break extended by 10 min",
                    "question was asked at 15:01: May I?", "question answered: May I?"}));
+}
+
+TEST(Describe, namesTheStartOfABlockThatWasScheduledMeanwhile)
+{
+    const TimeZone utc("UTC");
+    for (const QuillmereState& before : {inEditing(), stateIn(WorkflowState::blockPlanning)}) {
+        QuillmereState state = before;
+        workflow.scheduleBlock(state, scheduledBlock(), moment);
+        workspace::catchUp(state, moment + 3'600);
+        EXPECT_EQ(work::describe(before, state), Sentences{"scheduled block started at 16:00: Chapter one"});
+    }
+}
+
+TEST(Describe, namesTheSessionsOfABlockThatBeganOrFinishedMeanwhile)
+{
+    const TimeZone utc("UTC");
+    QuillmereState inWork = stateIn(WorkflowState::sessionPlanning);
+    workflow.startFocus(inWork, samplePlan(1), moment);
+    const Sentences begun = {"block begun: Chapter one", "focus session 1 started"};
+    EXPECT_EQ(work::describe(stateIn(WorkflowState::blockPlanning), inWork), begun);
+    QuillmereState finished = inLastReview();
+    workflow.saveReviewAndStartBreak(finished, sampleReview(3), {}, moment);
+    workflow.completeBlockReview(finished, sampleReflection(), moment);
+    EXPECT_EQ(work::describe(inLastReview(), finished),
+              (Sentences{"review of session 3 saved", "block finished: Chapter one"}));
+    EXPECT_EQ(work::describe(finished, inLastReview()),
+              (Sentences{"review of session 3 removed", "finished block taken up again: Chapter one"}));
 }
 
 TEST(Describe, namesWholeBlocksOnly)
@@ -259,6 +290,15 @@ std::vector<HandEdit> handEditsOfBlocks()
     };
 }
 
+/// Another block in the place of one that was in a break.
+QuillmereState withAnotherBlock()
+{
+    return edited(stateIn(WorkflowState::sessionPlanning), [](QuillmereState& state) {
+        state.currentBlock = sampleBlock(2);
+        state.currentBlock->outcomes.clear();
+    });
+}
+
 std::vector<HandEdit> handEditsOfSessions()
 {
     using enum WorkflowState;
@@ -309,6 +349,9 @@ std::vector<HandEdit> otherHandEdits()
              s.breakStartedAt = moment;
          },
          {"break begun at 15:00"}},
+        {stateIn(breaking),
+         [](auto& s) { s = withAnotherBlock(); },
+         {"block dropped: Chapter one", "block begun"}},
         {edited(stateIn(breaking), [](auto& s) { workflow.extendBreak(s, 300, moment); }),
          [](auto& s) { s.breakExtensionSeconds = 60; },
          {"break shortened by 4 min"}},
