@@ -1,5 +1,7 @@
 #include "notices/standing_events.hpp"
 
+#include "work/state_change.hpp"
+
 #include <quillmere/engine/timer_snapshot.hpp>
 #include <quillmere/records/base/checked_arithmetic.hpp>
 #include <quillmere/widget/widget_snapshot.hpp>
@@ -40,9 +42,9 @@ std::optional<StandingEvent> standingWork(const QuillmereState& state)
             }
             break;
         case WorkflowState::sessionPlanning:
-            // A block that the person began has no planned start any more.
-            if (const auto& at = block.scheduledStartTriggeredAt; at && block.plannedStart && !session) {
-                return event(Kind::blockStarted, keyAt("block", block.id, *at), *at);
+            if (work::beganBySchedule(block) && !session) {
+                const Instant at = *block.scheduledStartTriggeredAt;
+                return event(Kind::blockStarted, keyAt("block", block.id, at), at);
             }
             break;
         case WorkflowState::idle:

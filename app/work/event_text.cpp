@@ -1,6 +1,6 @@
 #include "work/event_text.hpp"
 
-#include "base/text/local_time.hpp"
+#include "work/changes/change_text.hpp"
 
 #include <quillmere/records/base/enumeration.hpp>
 
@@ -13,17 +13,16 @@ struct EventRow {
     EventKind value;
     std::string_view name;
     std::string_view heading;
-    std::string_view sentence;  ///< up to the time
+    std::string_view article;
+    ChangeKind change;
 };
-
-using enum EventKind;
 
 // clang-format off
 constexpr auto eventRows = std::to_array<EventRow>({
-    {blockStarted,   "block_started",   "The scheduled block has begun", "The scheduled block started at"},
-    {focusEnded,     "focus_ended",     "Focus is over",                 "The focus session ended at"},
-    {breakEnded,     "break_ended",     "The break is over",             "The break was over at"},
-    {questionRaised, "question_raised", "A question waits",              "A question was asked at"},
+    {EventKind::blockStarted,   "block_started",   "The scheduled block has begun", "The", ChangeKind::scheduledBlockStarted},
+    {EventKind::focusEnded,     "focus_ended",     "Focus is over",                 "The", ChangeKind::focusEnded},
+    {EventKind::breakEnded,     "break_ended",     "The break is over",             "The", ChangeKind::breakOver},
+    {EventKind::questionRaised, "question_raised", "A question waits",              "A",   ChangeKind::questionAsked},
 });
 // clang-format on
 static_assert(inCaseOrder(eventRows));
@@ -46,7 +45,8 @@ std::string_view eventHeading(EventKind kind) { return rowOf(eventRows, kind).he
 
 std::string eventText(EventKind kind, Instant at, Instant now)
 {
-    return std::string(rowOf(eventRows, kind).sentence) + " " + base::localTextSeenFrom(now, at) + ".";
+    const EventRow& row = rowOf(eventRows, kind);
+    return std::string(row.article) + " " + changeText({.kind = row.change, .at = at}, now) + ".";
 }
 
 std::string eventText(const workspace::Event& event, Instant now)

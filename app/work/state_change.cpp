@@ -3,6 +3,7 @@
 #include <quillmere/engine/timer_snapshot.hpp>
 
 namespace quillmere::work {
+
 LastShown LastShown::of(const QuillmereState& state)
 {
     const WorkSession* const session = state.currentSession();
@@ -16,13 +17,14 @@ LastShown LastShown::of(const QuillmereState& state)
     };
 }
 
+bool beganBySchedule(const Block& block) { return block.scheduledStartTriggeredAt && block.plannedStart; }
+
 std::vector<workspace::Event> newsSince(const LastShown& before, const QuillmereState& after)
 {
     const LastShown now = LastShown::of(after);
     std::vector<workspace::Event> events;
-    // An early start by a person removes the planned start.
-    if (now.block && now.block == before.block && now.startTriggeredAt && !before.startTriggeredAt &&
-        after.currentBlock->plannedStart) {
+    if (now.block && now.block == before.block && !before.startTriggeredAt &&
+        beganBySchedule(*after.currentBlock)) {
         events.push_back({workspace::Event::Kind::blockStarted, *now.startTriggeredAt});
     }
     if (before.workflowState == WorkflowState::focusing && now.workflowState != WorkflowState::focusing &&

@@ -24,6 +24,9 @@ struct LastShown {
     friend bool operator==(const LastShown&, const LastShown&) = default;
 };
 
+/// Whether the block was begun by its schedule: an early start by a person removes the planned start.
+bool beganBySchedule(const Block& block);
+
 /// The events since the state was shown; what a person did is no event.
 std::vector<workspace::Event> newsSince(const LastShown& before, const QuillmereState& after);
 

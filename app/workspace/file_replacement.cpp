@@ -45,6 +45,7 @@ void FileReplacement::replaceState(const fs::path& temporary)
     const std::optional<Version> leftOver = versions_.newestEqualTo(replaced_.file, replaced_.savedAt);
     const std::optional<Version> kept = isKept && !leftOver ? keep() : std::nullopt;
     try {
+        replaced_.lock.follow(temporary);
         StateStore::renameReplacing(temporary, replaced_.file);
     } catch (const std::system_error&) {
         if (kept) {

@@ -1,6 +1,7 @@
 // How a save moves its finished files into place.
 #pragma once
 
+#include "workspace/state_lock.hpp"
 #include "workspace/versions.hpp"
 
 #include <quillmere/records/instant.hpp>
@@ -24,6 +25,7 @@ struct ReplacedState {
     std::filesystem::path file;
     Instant savedAt;  ///< `updatedAt` of the state in it
     Keeping keeping;
+    StateLock& lock;  ///< held by this program
 };
 
 /// The `replaceItem` of one save (see ReplaceItem): gives each file mode 0600, syncs it and renames it. The

@@ -192,9 +192,9 @@ SaveResult saveAll(const FilePlaces& places, const ReplacedState& replaced, cons
     return Save(places, replaced).all(state, now);
 }
 
-SaveResult saveSummaries(const FilePlaces& places, const QuillmereState& state, Instant now)
+SaveResult saveSummaries(const FilePlaces& places, const QuillmereState& state, Instant now, StateLock& lock)
 {
-    const ReplacedState none{.file = {}, .savedAt = state.updatedAt, .keeping = Keeping::no};
+    const ReplacedState none{.file = {}, .savedAt = state.updatedAt, .keeping = Keeping::no, .lock = lock};
     return Save(places, none).summaries(state, now);
 }
 

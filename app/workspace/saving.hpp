@@ -41,6 +41,6 @@ SaveResult saveAll(const FilePlaces& places, const ReplacedState& replaced, cons
                    Instant now);
 
 /// Replaces the two summaries alone, in the same way.
-SaveResult saveSummaries(const FilePlaces& places, const QuillmereState& state, Instant now);
+SaveResult saveSummaries(const FilePlaces& places, const QuillmereState& state, Instant now, StateLock& lock);
 
 }  // namespace quillmere::workspace

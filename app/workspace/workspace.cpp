@@ -10,9 +10,13 @@
 #include "workspace/summaries.hpp"
 
 #include <quillmere/records/json/coding_error.hpp>
+#include <quillmere/store/atomic_write.hpp>
 #include <quillmere/store/file_manager.hpp>
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <system_error>
 #include <utility>
 
@@ -117,21 +121,22 @@ Situation Workspace::change(const EventReport& report, const Operation& operatio
                             const ChangeManner& manner) const
 {
     requireChangeable(states_.stateURL());
-    if (!FileManager::standard().fileExists(directory())) {
-        // A refused operation must not leave a directory behind, so it is tried before there is one.
+    if (!FileManager::standard().fileExists(states_.stateURL())) {
+        // A refused operation must not leave a directory or a first state behind, so it is tried before there
+        // is one.
         Situation first = look();
         if (!operation) {
             return first;
         }
         apply(operation, first);
     }
-    const DirectoryLock held = lock(manner.patience);
+    StateLock held = lock(manner.patience);
     QuillmereState loaded = load(states_);
     Instant replacedAt = loaded.updatedAt;
     Situation situation = caughtUp(std::move(loaded));
     const bool hasEvents = !situation.events.empty();
     if (hasEvents) {
-        const SaveResult result = save(situation, replacedAt, Keeping::ifPossible);
+        const SaveResult result = save(situation, replacedAt, Keeping::ifPossible, held);
         report(situation.events);
         requireAllWritten("The time that passed is recorded, and nothing else was done", result);
         replacedAt = situation.state.updatedAt;
@@ -139,10 +144,10 @@ Situation Workspace::change(const EventReport& report, const Operation& operatio
     if (operation) {
         apply(operation, situation);
         requireAllWritten<ChangeSaved>("The change itself is saved",
-                                       save(situation, replacedAt, manner.keeping));
+                                       save(situation, replacedAt, manner.keeping, held));
     } else if (!hasEvents && FileManager::standard().fileExists(states_.stateURL()) &&
                !summariesAgree(states_, places_.widget, situation.state)) {
-        const SaveResult result = saveSummaries(places_, situation.state, situation.now);
+        const SaveResult result = saveSummaries(places_, situation.state, situation.now, held);
         requireAllWritten("The state is as it was", result);
         warn(situation, result);
     }
@@ -153,12 +158,12 @@ Situation Workspace::restore(const Version& version, const EventReport& report) 
 {
     QuillmereState state = stateToRestore(version);
     requireChangeable(states_.stateURL());
-    const DirectoryLock held = lock();
+    StateLock held = lock();
     const Instant replacedAt = savedAt();
     // Catches up before `updatedAt` changes: catchUp takes no timer as run out before `updatedAt`.
     Situation situation = caughtUp(std::move(state));
     situation.state.updatedAt = std::max({situation.now, situation.state.updatedAt, replacedAt});
-    const SaveResult result = save(situation, replacedAt, Keeping::necessarily);
+    const SaveResult result = save(situation, replacedAt, Keeping::necessarily, held);
     if (!situation.events.empty()) {
         report(situation.events);
     }
@@ -186,18 +191,33 @@ Situation Workspace::caughtUp(QuillmereState state) const
     return situation;
 }
 
-DirectoryLock Workspace::lock(std::chrono::milliseconds patience) const
+StateLock Workspace::lock(std::chrono::milliseconds patience) const
 {
     clock_();  // a clock that cannot be used is refused before anything is made
     constexpr mode_t ownerOnly = 0700;
     const base::PrivateUmask ownersParents;
     FileManager::standard().createDirectory(directory(), ownerOnly);
-    return DirectoryLock(directory(), patience);
+    return StateLock(
+        directory(), states_.stateURL(), [this] { makeFirstState(); }, patience);
 }
 
-SaveResult Workspace::save(Situation& situation, Instant replacedAt, Keeping keeping) const
+void Workspace::makeFirstState() const
 {
-    const ReplacedState replaced{.file = states_.stateURL(), .savedAt = replacedAt, .keeping = keeping};
+    const base::PrivateUmask ownersOnly;
+    const auto link = [](const fs::path& temporary, const fs::path& destination) {
+        // Unlike rename(2), link(2) does not replace a state that another program has saved meanwhile.
+        if (::link(temporary.c_str(), destination.c_str()) != 0 && errno != EEXIST) {
+            throw fs::filesystem_error("link", destination, {errno, std::generic_category()});
+        }
+    };
+    writeAtomically(StateStore::encoder().source(QuillmereState::initial(clock_())), states_.stateURL(),
+                    link);
+}
+
+SaveResult Workspace::save(Situation& situation, Instant replacedAt, Keeping keeping, StateLock& lock) const
+{
+    const ReplacedState replaced{
+        .file = states_.stateURL(), .savedAt = replacedAt, .keeping = keeping, .lock = lock};
     SaveResult result = saveAll(places_, replaced, situation.state, situation.now);
     warn(situation, result);
     return result;

@@ -6,6 +6,7 @@
 #include "workspace/directory_lock.hpp"
 #include "workspace/saving.hpp"
 #include "workspace/situation.hpp"
+#include "workspace/state_lock.hpp"
 #include "workspace/versions.hpp"
 #include "workspace/widget_place.hpp"
 
@@ -104,9 +105,11 @@ private:
     /// Checks the limits of a loaded state and catches up.
     Situation caughtUp(QuillmereState state) const;
     /// Creates the directory where it is missing, and locks it.
-    DirectoryLock lock(std::chrono::milliseconds patience = DirectoryLock::usualPatience) const;
+    StateLock lock(std::chrono::milliseconds patience = DirectoryLock::usualPatience) const;
+    /// Saves an initial state unless there is a state.
+    void makeFirstState() const;
     /// Every save of the state goes through here (workspace::saveAll). Adds warnings to the situation.
-    SaveResult save(Situation& situation, Instant replacedAt, Keeping keeping) const;
+    SaveResult save(Situation& situation, Instant replacedAt, Keeping keeping, StateLock& lock) const;
     /// `updatedAt` of the state file; the present when the file is missing or cannot be decoded.
     Instant savedAt() const;
 

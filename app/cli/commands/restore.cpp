@@ -6,6 +6,7 @@
 #include "cli/prompt.hpp"
 #include "cli/text_options.hpp"
 #include "cli/version_report.hpp"
+#include "workspace/catching_up.hpp"
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
@@ -24,7 +25,16 @@ constexpr auto anyWidth = std::numeric_limits<std::size_t>::max();
 struct RestoreCommand {
     std::optional<std::int64_t> number;
     bool isConfirmed = false;
+    bool comparesOnly = false;
 };
+
+void printVersion(std::ostream& out, const ListedVersion& listed, std::size_t width)
+{
+    out << base::cutToColumns(versionText(listed), width) << '\n';
+    if (const std::string then = replacementText(listed); !then.empty()) {
+        out << base::cutToColumns(then, width) << '\n';
+    }
+}
 
 void listVersions(Program& program)
 {
@@ -32,21 +42,23 @@ void listVersions(Program& program)
     const std::size_t width = isForTerminal ? base::terminalWidth().value_or(anyWidth) : anyWidth;
     std::ostream& out = program.environment().out;
     base::Json list = base::Json::array();
+    VersionWalk walk(program.workspace());
     for (const workspace::Version& version : program.workspace().versions().list()) {
-        const std::optional<ListedVersion> listed = listedVersion(version);
+        const std::optional<ListedVersion> listed = walk.next(version);
         if (!listed) {
             continue;
         }
         list.push_back(versionJson(*listed));
         if (!program.settings().json) {
-            out << base::cutToColumns(versionText(*listed), width) << '\n';
+            printVersion(out, *listed, width);
         }
     }
     if (program.settings().json) {
         program.print(list);
     } else {
         out << (list.empty() ? "There is no earlier version yet.\n"
-                             : "quillmere restore NUMBER restores one of them.\n");
+                             : "quillmere restore NUMBER restores one of them; "
+                               "with --diff it says what that would change.\n");
     }
 }
 
@@ -64,6 +76,12 @@ void requireVersionsKept(Program& program)
                                  ", lies in the directory of the files. Set XDG_STATE_HOME to another one.");
 }
 
+ProgramError noVersion(std::int64_t number)
+{
+    return {ExitCode::usage,
+            "There is no version " + std::to_string(number) + "; quillmere restore lists the versions."};
+}
+
 workspace::Version versionNumbered(std::int64_t number, const workspace::Workspace& workspace)
 {
     const std::vector<workspace::Version> versions = workspace.versions().list();
@@ -71,8 +89,7 @@ workspace::Version versionNumbered(std::int64_t number, const workspace::Workspa
         std::find_if(versions.begin(), versions.end(),
                      [number](const workspace::Version& version) { return version.number == number; });
     if (found == versions.end()) {
-        throw ProgramError(ExitCode::usage, "There is no version " + std::to_string(number) +
-                                                "; quillmere restore lists the versions.");
+        throw noVersion(number);
     }
     return *found;
 }
@@ -89,12 +106,29 @@ bool isConfirmed(const RestoreCommand& command, const workspace::Version& versio
                            "There is no terminal to confirm on: say --yes to replace the current state.");
     }
     const std::string question =
-        versionText(listedVersion(version).value_or(ListedVersion{version, std::nullopt})) +
+        versionText(VersionWalk().next(version).value_or(ListedVersion{version, {}, {}})) +
         "\nReplace the current state by it? The current state is kept as a version. "
         "(yes, no)";
     const std::string answer = askUntil(
         environment, question, [](const std::string& word) { return word == "yes" || word == "no"; });
     return answer == "yes";
+}
+
+/// As the version would be restored: with the time that has passed since recorded.
+void compare(const workspace::Version& version, Program& program)
+{
+    std::optional<QuillmereState> state = workspace::stateOf(version);
+    if (!state) {
+        throw noVersion(version.number);
+    }
+    const workspace::Situation present = program.workspace().look();
+    workspace::catchUp(*state, present.now);
+    const work::WayBack way = work::describeWayBack(*state, present.state, present.now);
+    if (program.settings().json) {
+        program.print(wayBackJson(version, way));
+    } else {
+        program.environment().out << wayBackText(version, way);
+    }
 }
 
 void restore(const RestoreCommand& command, Program& program)
@@ -105,6 +139,10 @@ void restore(const RestoreCommand& command, Program& program)
         return;
     }
     const workspace::Version version = versionNumbered(*command.number, program.workspace());
+    if (command.comparesOnly) {
+        compare(version, program);
+        return;
+    }
     if (!isConfirmed(command, version, program.environment())) {
         throw ProgramError(ExitCode::refused, "Nothing was changed.");
     }
@@ -118,9 +156,14 @@ void addRestore(CLI::App& line, Program& program)
     const auto command = std::make_shared<RestoreCommand>();
     CLI::App* const app = addCommand(line, program, "restore", "List earlier versions, or restore one",
                                      [command, &program] { restore(*command, program); });
-    app->add_option("version", command->number, "The number of the version to restore")
-        ->transform(wholeNumber());
-    app->add_flag("--yes", command->isConfirmed, "Replace the current state without asking");
+    CLI::Option* const number =
+        app->add_option("version", command->number, "The number of the version to restore")
+            ->transform(wholeNumber());
+    CLI::Option* const yes =
+        app->add_flag("--yes", command->isConfirmed, "Replace the current state without asking");
+    app->add_flag("--diff", command->comparesOnly, "Say what restoring it would change, and change nothing")
+        ->needs(number)
+        ->excludes(yes);
 }
 
 }  // namespace quillmere::cli

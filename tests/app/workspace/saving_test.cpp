@@ -76,7 +76,8 @@ TEST(Saving, writesNoSummaryOfAStateThatCouldNotBeWritten)
     const auto picture = pictureOf(person.directory());
     const workspace::FilePlaces places{person.directory(), workspace::WidgetPlace(person.directory()),
                                        workspace::Versions({})};
-    const workspace::ReplacedState replaced{person.store().stateURL(), moment, workspace::Keeping::no};
+    workspace::StateLock lock(person.directory(), person.store().stateURL(), [] {});
+    const workspace::ReplacedState replaced{person.store().stateURL(), moment, workspace::Keeping::no, lock};
     EXPECT_THROW(workspace::saveAll(places, replaced, stateIn(WorkflowState::idle), moment), base::Refusal);
     auto after = pictureOf(person.directory());
     EXPECT_EQ(after["agent-state.json"], picture.at("agent-state.json"));

@@ -11,6 +11,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
+const std::string hint =
+    "quillmere restore NUMBER restores one of them; with --diff it says what that would change.\n";
+
 /// A person who has asked two questions, which made two versions.
 Person personWithVersions()
 {
@@ -90,8 +93,10 @@ TEST(Restore, listsTheVersionsThatChangesLeaveBehind)
     EXPECT_EQ(ending.code, ExitCode::done);
     EXPECT_EQ(ending.out,
               "2  2026-11-15 15:01:00  Idle, 0 finished blocks\n"
+              "    then: question was asked at 15:02: Second?\n"
               "1  2026-11-15 15:00:00  Idle, 0 finished blocks\n"
-              "quillmere restore NUMBER restores one of them.\n");
+              "    then: question was asked at 15:01: First?\n" +
+                  hint);
 }
 
 TEST(Restore, showsThePhaseAndTheOutcomeOfEachVersion)
@@ -104,11 +109,9 @@ TEST(Restore, showsThePhaseAndTheOutcomeOfEachVersion)
     const std::string outcome = person.widgetSummary().intendedOutcome;
     EXPECT_EQ(person.types({"restore"}).out,
               "2  2026-11-15 15:00:00  Focus (paused), 0 finished blocks: " + outcome +
-                  "\n"
+                  "\n    then: focus session 1 resumed\n"
                   "1  2026-11-15 15:00:00  Focus, 0 finished blocks: " +
-                  outcome +
-                  "\n"
-                  "quillmere restore NUMBER restores one of them.\n");
+                  outcome + "\n    then: focus session 1 paused\n" + hint);
     const std::string list = person.types({"restore", "--json"}).out;
     EXPECT_EQ(jsonAt("/0/content/paused", list), "true");
     EXPECT_EQ(jsonAt("/1/content/paused", list), "false");
@@ -132,6 +135,76 @@ TEST(Restore, listsThemForPrograms)
     EXPECT_EQ(jsonAt("/0/number", ending.out), "2");
     EXPECT_EQ(jsonAt("/1/saved_at", ending.out), R"("2026-11-15T15:00:00Z")");
     EXPECT_EQ(jsonAt("/1/content/finished_blocks", ending.out), "0");
+}
+
+TEST(Restore, listsTheChangesThatReplacedAVersionForPrograms)
+{
+    const TimeZone zone("UTC");
+    const std::string list = personWithVersions().types({"restore", "--json"}).out;
+    EXPECT_EQ(jsonAt("/0/replaced_by", list), R"(["question was asked at 15:02: Second?"])");
+    EXPECT_EQ(jsonAt("/1/replaced_by", list), R"(["question was asked at 15:01: First?"])");
+}
+
+TEST(Restore, namesTheFirstOfManyChangesThatReplacedAVersion)
+{
+    Person person = personWithVersions();
+    QuillmereState state = person.state();
+    for (const char* question : {"Third?", "Fourth?", "Fifth?", "Sixth?", "Seventh?"}) {
+        state.agentQuestions.push_back(state.agentQuestions[0]);
+        state.agentQuestions.back().id = Identifier::random();
+        state.agentQuestions.back().question = question;
+    }
+    person.has(state);
+    const std::string list = person.types({"restore"}).out;
+    EXPECT_NE(list.find("Second?; question was asked at "), std::string::npos) << list;
+    EXPECT_NE(list.find("Fourth?; and 3 more\n1  "), std::string::npos) << list;
+}
+
+TEST(Restore, saysWhatItWouldChange)
+{
+    const TimeZone zone("UTC");
+    Person person;
+    person.has(stateWithScheduledBlock());
+    person.types({"cancel"});
+    person.typesLater(60, {"ask", "May I?"});
+    const auto before = pictureOf(person.directory());
+    const auto versions = pictureOf(person.stateHome());
+    const Ending ending = person.types({"restore", "--diff", "1"});
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_EQ(ending.out,
+              "Would go:\n"
+              "  question was asked at 15:01: May I?\n"
+              "Would come back:\n"
+              "  block scheduled for 16:00: Chapter one\n");
+    const std::string json = person.types({"restore", "1", "--diff", "--json"}).out;
+    EXPECT_EQ(keysOf(json), (Words{"number", "saved_at", "would_go", "would_come_back"}));
+    EXPECT_EQ(jsonAt("/would_go", json), R"(["question was asked at 15:01: May I?"])");
+    EXPECT_EQ(jsonAt("/would_come_back", json), R"(["block scheduled for 16:00: Chapter one"])");
+    EXPECT_EQ(pictureOf(person.directory()), before);
+    EXPECT_EQ(pictureOf(person.stateHome()), versions);
+}
+
+TEST(Restore, countsTheTimeThatPassedOnBothSidesOfAComparison)
+{
+    Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    person.types({"pause"});
+    person.types({"resume"});
+    person.typesLater(3'600, {"tick"});
+    EXPECT_EQ(person.types({"restore", "--diff", "1"}).out, "Version 1 is the same as the present state.\n");
+}
+
+TEST(Restore, comparesOnlyWithAVersionThatIsThere)
+{
+    Person person = personWithVersions();
+    person.answers = "yes\n";
+    for (const Words& arguments :
+         {Words{"restore", "--diff"}, {"restore", "--diff", "7"}, {"restore", "--diff", "1", "--yes"}}) {
+        EXPECT_EQ(person.types(arguments).code, ExitCode::usage);
+    }
+    EXPECT_EQ(questionCount(person), 2U);
+    writeText(fileOfVersion(person, "000001"), "spoilt");
+    EXPECT_EQ(person.types({"restore", "--diff", "1"}).code, ExitCode::unusableData);
 }
 
 TEST(Restore, hasNothingToListAtFirst)
@@ -237,8 +310,9 @@ TEST(Restore, listsAVersionThatCannotBeRead)
     EXPECT_EQ(ending.code, ExitCode::done) << ending.err;
     EXPECT_EQ(ending.out,
               "2  2026-11-15 15:01:00  cannot be read\n"
-              "1  2026-11-15 15:00:00  Idle, 0 finished blocks\n"
-              "quillmere restore NUMBER restores one of them.\n");
+              "1  2026-11-15 15:00:00  Idle, 0 finished blocks\n" +
+                  hint);
+    EXPECT_EQ(jsonAt("/1/replaced_by", person.types({"restore", "--json"}).out), "null");
     EXPECT_EQ(jsonAt("/0/content", person.types({"restore", "--json"}).out), "null");
 }
 
@@ -251,7 +325,8 @@ TEST(Restore, leavesOutAVersionThatIsDeletedMeanwhile)
     EXPECT_EQ(ending.code, ExitCode::done) << ending.err;
     EXPECT_EQ(ending.out,
               "2  2026-11-15 15:01:00  Idle, 0 finished blocks\n"
-              "quillmere restore NUMBER restores one of them.\n");
+              "    then: question was asked at 15:02: Second?\n" +
+                  hint);
 }
 
 TEST(Restore, saysThatAVersionWasDeletedMeanwhile)

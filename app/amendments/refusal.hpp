@@ -1,0 +1,51 @@
+// Why an amendment is not made, and what is possible instead.
+#pragma once
+
+#include <quillmere/records/instant.hpp>
+#include <quillmere/records/quillmere_state.hpp>
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <variant>
+
+namespace quillmere::amendments {
+
+/// The instants that would be accepted, both ends included.
+struct PossibleTimes {
+    Instant earliest;
+    Instant latest;
+
+    friend bool operator==(const PossibleTimes&, const PossibleTimes&) = default;
+};
+
+/// The lengths that would be accepted, in seconds, both ends included.
+struct PossibleLengths {
+    double shortest;
+    double longest;
+
+    friend bool operator==(const PossibleLengths&, const PossibleLengths&) = default;
+};
+
+using Possible = std::variant<std::monostate, PossibleTimes, PossibleLengths>;
+
+/// Thrown by every amendment before anything is written. The message says in sentences for the person why,
+/// and what is possible. Times and lengths that are possible are values, since only a surface knows how to
+/// write them.
+class Refusal : public std::runtime_error {
+public:
+    explicit Refusal(const std::string& message, Possible possible = {})
+        : std::runtime_error(message), possible_(possible)
+    {
+    }
+
+    const Possible& possible() const noexcept { return possible_; }
+
+private:
+    Possible possible_;
+};
+
+/// Refuses an amendment that does not fit where the work stands; adds those that do.
+[[noreturn]] void refuseHere(const QuillmereState& state, const std::string& reason);
+
+}  // namespace quillmere::amendments
