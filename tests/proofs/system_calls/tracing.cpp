@@ -16,13 +16,12 @@ namespace {
 constexpr const char* tracedNames =
     "trace=?mkdir,?mkdirat,?chmod,?fchmodat,?fchmodat2,?stat,?lstat,?fstat,?newfstatat,?fstatat64,?statx,?"
     "open,"
-    "?openat,read,write,fsync,close,?rename,?renameat,?renameat2,?unlink,?unlinkat,flock";
+    "?openat,read,write,fsync,close,?rename,?renameat,?renameat2,?link,?linkat,?unlink,?unlinkat,flock";
 
 ProcessEnding runSilently(std::vector<std::string> words,
                           const std::map<std::string, std::optional<std::string>>& more = {})
 {
-    ProcessOptions options{
-        .words = std::move(words), .output = Channel::null(), .error = Channel::null(), .environment = more};
+    ProcessOptions options{.words = std::move(words), .output = Channel::null(), .environment = more};
     // The leak check at exit needs ptrace, which strace already uses.
     options.environment["ASAN_OPTIONS"] = "detect_leaks=0";
     return run(options);
@@ -67,11 +66,12 @@ bool canTrace()
 }
 
 TracedRun traced(const std::filesystem::path& directory, const std::vector<std::string>& arguments,
-                 const std::filesystem::path& concerned, const std::string& injection)
+                 const std::filesystem::path& concerned, const std::string& injection,
+                 const std::filesystem::path& stateHome)
 {
     const TemporaryDirectory place;
-    // A new one for every run, so that all runs make the same calls.
-    const TemporaryDirectory stateHome;
+    const TemporaryDirectory newHome;
+    const std::filesystem::path& home = stateHome.empty() ? newHome.path() : stateHome;
     const std::filesystem::path log = place.path() / "log";
     std::vector<std::string> words = {"strace", "-f", "-y", "-o", log.string(), "-e", tracedNames};
     if (!injection.empty()) {
@@ -79,9 +79,8 @@ TracedRun traced(const std::filesystem::path& directory, const std::vector<std::
     }
     words.insert(words.end(), {QUILLMERE_PROGRAM, "--directory", directory.string()});
     words.insert(words.end(), arguments.begin(), arguments.end());
-    const ProcessEnding ending =
-        runSilently(std::move(words), {{"XDG_STATE_HOME", stateHome.path().string()}});
-    return {.code = ending.code, .calls = callsIn(log, concerned.string())};
+    const ProcessEnding ending = runSilently(std::move(words), {{"XDG_STATE_HOME", home.string()}});
+    return {.code = ending.code, .calls = callsIn(log, concerned.string()), .err = ending.err};
 }
 
 }  // namespace quillmere::test

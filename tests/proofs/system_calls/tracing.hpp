@@ -23,11 +23,14 @@ struct TracedCall {
 struct TracedRun {
     int code;  ///< the exit code, or 128 plus the signal
     std::vector<TracedCall> calls;
+    std::string err = {};
 };
 
 /// Runs "quillmere --directory D" with more arguments. Returns the calls that name `concerned` or anything in
-/// it. `injection` is an injection of strace ("write:error=EIO:when=3"), or empty.
+/// it. `injection` is an injection of strace ("write:error=EIO:when=3"), or empty. Versions are kept in
+/// `stateHome`; when it is empty, in a new directory for every run, so that all runs make the same calls.
 TracedRun traced(const std::filesystem::path& directory, const std::vector<std::string>& arguments,
-                 const std::filesystem::path& concerned, const std::string& injection = {});
+                 const std::filesystem::path& concerned, const std::string& injection = {},
+                 const std::filesystem::path& stateHome = {});
 
 }  // namespace quillmere::test

@@ -1,0 +1,193 @@
+// Changes by the real program that fail or run out of room: what they keep, and what they say.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+
+#include "proofs/support/figures.hpp"
+#include "proofs/system_calls/call_errors.hpp"
+#include "proofs/system_calls/traced_faults.hpp"
+#include "support/sample_states.hpp"
+#include "support/temporary_directory.hpp"
+#include "workspace/state_home.hpp"
+#include "workspace/versions.hpp"
+
+namespace quillmere::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Change {
+    std::vector<std::string> words;
+    QuillmereState state;  ///< before it
+};
+
+/// By a person, by the clock, and by both.
+std::vector<Change> changes()
+{
+    QuillmereState idle = stateIn(WorkflowState::idle);
+    return {
+        {{"ask", "May I?"}, idle},
+        {{"plan", "--outcome", "A chapter", "--start"}, idle},
+        {{"tick"}, stateIn(WorkflowState::focusing)},
+        {{"review", "--completion", "yes", "--next-outcome", "More"}, stateIn(WorkflowState::focusing)},
+        {{"reflect", "--lessons", "Close the door"}, stateIn(WorkflowState::blockReview)},
+        {{"restore", "1", "--yes"}, idle},
+    };
+}
+
+/// A directory with a state that is the third: two versions are kept.
+class Files {
+public:
+    explicit Files(const QuillmereState& state)
+    {
+        const StateStore states(directory(), StateStore::renameReplacing);
+        states.save(state);
+        for (const double age : {200.0, 100.0}) {
+            fs::path earlier = home_.path() / "earlier.json";
+            QuillmereState older = state;
+            older.updatedAt = state.updatedAt - age;
+            writeText(earlier, std::string(StateStore::encoder().encode(older).view()));
+            versions().keep(earlier, older.updatedAt);
+            fs::remove(earlier);
+        }
+        before_ = textOf(directory() / "state.json");
+        listBefore_ = list();
+    }
+
+    fs::path directory() const { return home_.path() / "files"; }
+    fs::path stateHome() const { return home_.path() / "kept"; }
+    const fs::path& home() const { return home_.path(); }
+
+    TracedRun run(const std::vector<std::string>& words, const std::string& injection = {}) const
+    {
+        return traced(directory(), words, home(), injection, stateHome());
+    }
+
+    bool hasChanged() const { return textOf(directory() / "state.json") != before_; }
+    bool hasSameVersions() const { return list() == listBefore_; }
+
+    std::vector<workspace::Version> versionList() const { return versions().list(); }
+
+private:
+    workspace::Versions versions() const
+    {
+        return workspace::Versions(workspace::stateDirectory(directory(), stateHome()) / "versions");
+    }
+    std::map<std::string, std::string> list() const
+    {
+        std::map<std::string, std::string> texts;
+        for (const workspace::Version& version : versions().list()) {
+            texts[version.file.string()] = textOf(version.file);
+        }
+        return texts;
+    }
+
+    TemporaryDirectory home_;
+    std::string before_;
+    std::map<std::string, std::string> listBefore_;
+};
+
+/// Whether a message tells a person that the change, or the time that passed, is recorded.
+bool saysThatItIsSaved(const std::string& message)
+{
+    return message.find("The change itself is saved") != std::string::npos ||
+           message.find("The time that passed is recorded") != std::string::npos ||
+           message.find("Version 1 is restored") != std::string::npos;
+}
+
+class AChangeOfTheRealProgram : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (!canTrace()) {
+            GTEST_SKIP() << cannotTrace;
+        }
+    }
+};
+
+TEST_F(AChangeOfTheRealProgram, thatFailsSaysWhatIsSavedAndKeepsNoVersionOfWhatIsNot)
+{
+    std::size_t failed = 0;
+    for (const Change& change : changes()) {
+        const Files example(change.state);
+        const std::vector<TracedCall> calls = example.run(change.words).calls;
+        // The short form tries one rename only.
+        for (const TracedCall& call : calls) {
+            if (!inLongForm() && callOf(call) != SystemCall::rename) {
+                continue;
+            }
+            for (const int error : inLongForm() ? errorsToTry(call) : std::vector<int>{EIO}) {
+                for (const bool fromThereOn : {false, true}) {
+                    if (fromThereOn && !mayBePermanent(call)) {
+                        continue;
+                    }
+                    const Files files(change.state);
+                    const std::string injection = injectionOf(call, error, fromThereOn);
+                    SCOPED_TRACE(change.words[0] + " " + injection + "   " + call.text);
+                    const TracedRun run = files.run(change.words, injection);
+                    EXPECT_LT(run.code, 128);
+                    EXPECT_EQ(run.code != 0 && files.hasChanged(), saysThatItIsSaved(run.err)) << run.err;
+                    EXPECT_TRUE(files.hasChanged() || files.hasSameVersions()) << run.err;
+                    EXPECT_EQ(run.err.find(".tmp"), std::string::npos) << run.err;
+                    failed += run.code != 0 ? 1 : 0;
+                }
+            }
+            if (!inLongForm()) {
+                break;
+            }
+        }
+    }
+    EXPECT_GE(failed, changes().size());
+    reportFigure("A fault at every system call of the program, by strace",
+                 "failed changes, all said what is saved", failed);
+}
+
+TEST_F(AChangeOfTheRealProgram, writesNoByteOfTheStateTwice)
+{
+    const Files files(stateIn(WorkflowState::idle));
+    const TracedRun run = files.run({"ask", "May I?"});
+    std::size_t written = 0;
+    for (const TracedCall& call : run.calls) {
+        if (callOf(call) == SystemCall::write) {
+            written += std::stoul(call.text.substr(call.text.rfind("= ") + 2));
+        }
+    }
+    std::size_t size = 0;
+    for (const char* const name : {"state.json", "agent-state.json", "widget-snapshot.json"}) {
+        size += fs::file_size(files.directory() / name);
+    }
+    EXPECT_EQ(written, size);
+}
+
+TEST_F(AChangeOfTheRealProgram, takesTheRoomOfTheOldestVersion)
+{
+    const Files files(stateIn(WorkflowState::idle));
+    const std::vector<TracedCall> calls = files.run({"ask", "Why?"}).calls;
+    const auto write = std::find_if(calls.begin(), calls.end(),
+                                    [](const TracedCall& call) { return callOf(call) == SystemCall::write; });
+    ASSERT_NE(write, calls.end());
+    const TracedRun run = files.run({"ask", "May I?"}, injectionOf(*write, ENOSPC, false));
+    EXPECT_EQ(run.code, 0);
+    EXPECT_EQ(run.err, "There was no room: 1 earlier version was deleted.\n");
+    // Of three versions the oldest is gone, and the replaced state is kept.
+    ASSERT_EQ(files.versionList().size(), 3U);
+    EXPECT_EQ(files.versionList().back().number, 2);
+}
+
+TEST_F(AChangeOfTheRealProgram, withoutAnyRoomLeavesTheNewestVersion)
+{
+    const Files files(stateIn(WorkflowState::idle));
+    const std::vector<TracedCall> calls = files.run({"ask", "Why?"}).calls;
+    const auto open = std::find_if(calls.begin(), calls.end(), [](const TracedCall& call) {
+        return callOf(call) == SystemCall::open && call.text.find("O_EXCL") != std::string::npos;
+    });
+    ASSERT_NE(open, calls.end());
+    const TracedRun run = files.run({"ask", "May I?"}, injectionOf(*open, ENOSPC, true));
+    EXPECT_EQ(run.code, static_cast<int>(cli::ExitCode::fileError));
+    ASSERT_EQ(files.versionList().size(), 1U);
+    EXPECT_EQ(files.versionList().front().number, 3);
+}
+
+}  // namespace
+}  // namespace quillmere::test
