@@ -196,10 +196,12 @@ TEST_F(HookOfAProcess, hasNoFileOpenButItsStandardChannelsAndItsSignalsByDefault
 {
     person.has(focusOver(90));
     // `ls` runs in a shell below the one whose files it lists, so that its redirection is not listed.
-    watchesOnce(
-        {"--hook", "(ls /proc/$$/fd) >> '" + file("open").string() + "'; true", "--hook", "kill -PIPE $$"});
+    watchesOnce({"--hook", "(ls /proc/$$/fd) >> '" + file("open").string() + "'; true", "--hook",
+                 "kill -PIPE $$", "--hook", "kill -XFSZ $$"});
     EXPECT_EQ(textIn("open"), "0\n1\n2\n");
     EXPECT_EQ(countOf("The hook \"kill -PIPE $$\" failed: it was ended by signal 13.\n", said()), 1U)
+        << said();
+    EXPECT_EQ(countOf("The hook \"kill -XFSZ $$\" failed: it was ended by signal 25.\n", said()), 1U)
         << said();
 }
 
