@@ -78,7 +78,8 @@ Watch::Watch(workspace::Workspace workspace, base::Environment& environment, Wat
                  .shownFile = placeOf("shown-notices.json", workspace_.stateDirectory())},
                 deliveryLog_, channel, messages_),
       fileErrors_(messages_),
-      versionErrors_(messages_)
+      versionErrors_(messages_),
+      watchErrors_(messages_)
 {
 }
 
@@ -161,6 +162,15 @@ void Watch::refresh(base::Moment now)
     }
     fileErrors_.resolve("The files can be used again.");
     reportWarning(open_->situation());
+    reportWatchTrouble();
+}
+
+void Watch::reportWatchTrouble()
+{
+    // Each round reads what has changed, and there is a round every second.
+    if (!settings_.once && !open_->watchTrouble().empty()) {
+        watchErrors_.report("watch", open_->watchTrouble());
+    }
 }
 
 void Watch::reportWarning(const workspace::Situation& situation)

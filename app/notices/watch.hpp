@@ -66,6 +66,7 @@ private:
     void refresh(base::Moment now);
     void handleRefreshError(const std::exception& error, base::Moment now);
     void reportWarning(const workspace::Situation& situation);
+    void reportWatchTrouble();
     /// As recorded or, while recording fails, as it would be recorded.
     const workspace::Situation& situation() const { return unrecorded_ ? *unrecorded_ : open_->situation(); }
     void deliver(base::Moment now);
@@ -95,6 +96,7 @@ private:
     Notifier notifier_;
     ErrorThrottle fileErrors_;
     ErrorThrottle versionErrors_;
+    ErrorThrottle watchErrors_;
 };
 
 }  // namespace quillmere::notices
