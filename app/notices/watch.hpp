@@ -10,6 +10,7 @@
 #include "notices/notifier.hpp"
 #include "notices/notifier_channel.hpp"
 #include "notices/subprocesses.hpp"
+#include "workspace/leader_lock.hpp"
 #include "workspace/open_workspace.hpp"
 
 #include <chrono>
@@ -71,6 +72,9 @@ private:
     const workspace::Situation& situation() const { return unrecorded_ ? *unrecorded_ : open_->situation(); }
     void deliver(base::Moment now);
     void runHooks(const std::vector<StandingEvent>& events, base::Moment now);
+    /// Runs a hook that has not been run for the event; false when it must wait.
+    bool runHook(const std::string& command, const StandingEvent& event, workspace::LeaderLock& lock,
+                 base::Moment now);
     void print(const std::vector<StandingEvent>& events);
     void print(const StandingEvent& event);
     void perform(NoticeAction action);
