@@ -14,8 +14,12 @@ void AnswerWatch::require()
     try {
         if (!watch_) {
             watch_.emplace(directory_);
+            dropWithoutDescriptor();
         }
     } catch (const std::system_error&) {
+        // Refused below.
+    }
+    if (!watch_) {
         throw ToolRefusal("Nothing can be waited for on this system now. Look again later with get_answer.");
     }
 }
@@ -26,8 +30,17 @@ void AnswerWatch::take()
 {
     try {
         watch_->takeChanges();
+        dropWithoutDescriptor();
     } catch (const std::system_error&) {
-        // The waiting calls are asked again now. They call `require`, which begins anew or refuses.
+        watch_.reset();
+    }
+    // Without a watch, the waiting calls are asked again now. They call `require`, which begins anew or
+    // refuses.
+}
+
+void AnswerWatch::dropWithoutDescriptor()
+{
+    if (!watch_->trouble().empty()) {
         watch_.reset();
     }
 }

@@ -22,6 +22,9 @@ public:
     void take() override;
 
 private:
+    /// Drops a watch that wakes nobody.
+    void dropWithoutDescriptor();
+
     std::filesystem::path directory_;
     std::optional<base::DirectoryWatch> watch_;
 };

@@ -21,6 +21,9 @@
 namespace quillmere::bar {
 namespace {
 
+/// Where changes cannot be watched.
+constexpr std::chrono::nanoseconds pauseBetweenLooks = std::chrono::seconds(1);
+
 [[noreturn]] void failToWrite(int code)
 {
     throw std::system_error(code, std::generic_category(), "write: standard output");
@@ -37,11 +40,13 @@ std::chrono::nanoseconds timeToWait(double seconds)
 
 class BarFollower {
 public:
-    BarFollower(const workspace::Workspace& workspace, const Clock& clock, const BarLines& lines, int output)
+    BarFollower(const workspace::Workspace& workspace, const Clock& clock, const BarLines& lines, int output,
+                base::LineWriter& messages)
         : workspace_(workspace),
           clock_(clock),
           lines_(lines),
           output_(output),
+          messages_(messages),
           // Before the first reading, so that no change is missed between the two.
           watch_(workspace.widgetPlace()),
           begin_(workspace.now()),
@@ -115,7 +120,22 @@ private:
     }
 
     /// Waits until there may be another line.
-    void awaitNews() { wait({.output = 0, .watch = POLLIN, .limit = timeToWait(nextLine_ - clock_())}); }
+    void awaitNews()
+    {
+        std::chrono::nanoseconds limit = timeToWait(nextLine_ - clock_());
+        if (!watch_.trouble().empty()) {
+            sayOnce(watch_.trouble());
+            limit = std::min(limit, pauseBetweenLooks);
+        }
+        wait({.output = 0, .watch = POLLIN, .limit = limit});
+    }
+
+    void sayOnce(const std::string& trouble)
+    {
+        if (!std::exchange(hasSaidTrouble_, true)) {
+            messages_.say(trouble);
+        }
+    }
 
     /// The events that end a wait, besides the end of following.
     struct Wakers {
@@ -153,6 +173,7 @@ private:
     const Clock& clock_;
     const BarLines& lines_;
     const int output_;
+    base::LineWriter& messages_;
     const base::HeldSignals signals_{SIGTERM, SIGINT};
     const base::BrokenPipesAreErrors brokenPipes_;
     base::DirectoryWatch watch_;
@@ -162,18 +183,20 @@ private:
     BarReading reading_;
     std::string written_;    ///< the last lines
     std::string unwritten_;  ///< the part of them that is not written yet
+    bool hasSaidTrouble_ = false;
     bool isOver_ = false;
 };
 
 }  // namespace
 
-void followBar(const workspace::Workspace& workspace, const Clock& clock, const BarLines& lines, int output)
+void followBar(const workspace::Workspace& workspace, const Clock& clock, const BarLines& lines, int output,
+               base::LineWriter& messages)
 {
     // The number of a closed output would otherwise go to a descriptor that is opened here.
     if (::fcntl(output, F_GETFD) == -1) {
         failToWrite(errno);
     }
-    BarFollower(workspace, clock, lines, output).run();
+    BarFollower(workspace, clock, lines, output, messages).run();
 }
 
 }  // namespace quillmere::bar

@@ -1,6 +1,7 @@
 // The loop of `quillmere bar --follow`.
 #pragma once
 
+#include "base/system/line_writer.hpp"
 #include "workspace/workspace.hpp"
 
 #include <functional>
@@ -25,6 +26,10 @@ using BarLines = std::function<std::string(const BarReading& reading, Instant no
 /// on SIGTERM, on SIGINT and when the reader is gone, also while it sleeps or waits for a slow reader. A
 /// summary that cannot be read becomes a line, and following goes on. Throws `std::system_error` when the
 /// directory cannot be watched or the output cannot be written.
-void followBar(const workspace::Workspace& workspace, const Clock& clock, const BarLines& lines, int output);
+///
+/// Where the system offers no more watches (DirectoryWatch::trouble), says so once in `messages`, and looks
+/// for changes every second.
+void followBar(const workspace::Workspace& workspace, const Clock& clock, const BarLines& lines, int output,
+               base::LineWriter& messages);
 
 }  // namespace quillmere::bar

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <csignal>
 #include <iostream>
 
 namespace {
@@ -28,6 +29,9 @@ void reserveStandardDescriptors()
 int main(int count, char** arguments)
 {
     reserveStandardDescriptors();
+    // A file that would grow beyond the limit (setrlimit(2), RLIMIT_FSIZE) is an error of write(2), EFBIG.
+    // The signal would end the program and leave the unfinished file.
+    std::signal(SIGXFSZ, SIG_IGN);
     quillmere::base::Environment environment{
         .in = std::cin,
         .out = std::cout,

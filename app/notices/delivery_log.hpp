@@ -12,8 +12,9 @@
 namespace quillmere::notices {
 
 /// One empty file per record, created exclusively (open(2), O_EXCL): of all processes that try, exactly one
-/// creates it. A notice is recorded after it was given, a hook just before it starts. Where no files can be
-/// created, records are kept in this process alone; that is reported once.
+/// creates it. A notice is recorded just before it is given, so that it is given at most once; a hook just
+/// after its start, so that it is started at least once. Where no files can be created, records are kept in
+/// this process alone; that is reported once.
 class DeliveryLog {
 public:
     /// `directory` is created when the first record is. Empty: records are kept in memory only.

@@ -128,6 +128,9 @@ bool Notifier::tryToLead()
 
 void Notifier::send(const Events& notice, base::Moment now)
 {
+    if (!recordDelivery(notice)) {
+        return;
+    }
     underWay_ = notice;
     const Notice text = noticeOf(notice);
     channel_.send({.replaces = shown_.numberOf(subjectOf(notice.front().kind)),
@@ -156,12 +159,12 @@ void Notifier::handle(const NotifierMessage& message, base::Moment now, std::vec
             break;
         case NotifierMessageKind::given:
             shown_.show(subjectOf(underWay_.front().kind), message.number);
-            recordDelivery();
+            completeDelivery();
             errors_.resolve("Notices can be given again.");
             break;
         case NotifierMessageKind::unanswered:
             // The notice may be on the screen; it is not given a second time.
-            recordDelivery();
+            completeDelivery();
             reportError(message);
             break;
         case NotifierMessageKind::failed:
@@ -196,11 +199,19 @@ void Notifier::handleAction(const NotifierMessage& message, std::vector<NoticeAc
     }
 }
 
-void Notifier::recordDelivery()
+bool Notifier::recordDelivery(const Events& notice)
 {
-    for (const StandingEvent& event : underWay_) {
-        deliveryLog_.record(event.key);
+    for (const StandingEvent& event : notice) {
+        if (deliveryLog_.record(event.key)) {
+            recorded_.push_back(event.key);
+        }
     }
+    return !recorded_.empty();
+}
+
+void Notifier::completeDelivery()
+{
+    recorded_.clear();
     failures_.erase(subjectOf(underWay_.front().kind));
     underWay_.clear();
 }
@@ -214,6 +225,9 @@ void Notifier::postponeDelivery(base::Moment now)
         }
         failure.backoff.failed(now);
         underWay_.clear();
+    }
+    for (const std::string& key : std::exchange(recorded_, {})) {
+        deliveryLog_.remove(key);
     }
 }
 

@@ -29,11 +29,12 @@ struct NotifierSettings {
     std::filesystem::path shownFile;  ///< for ShownNotices
 };
 
-/// Gives one notice per subject for the events that have no record, and records them once it was given. Of
-/// all notifiers of a directory one is the leader and gives notices: the first whose channel is ready, for as
-/// long as that lasts. Bus and service may be absent, slow or broken: a notice that could not be given is
-/// tried again with growing pauses while its events stand. An error is reported once, and so is its end. No
-/// operation waits.
+/// Gives one notice per subject for the events that have no record. They are recorded just before, and the
+/// records are removed when the notice could not be given: a notice is given at most once, even when this
+/// process is killed. Of all notifiers of a directory one is the leader and gives notices: the first whose
+/// channel is ready, for as long as that lasts. Bus and service may be absent, slow or broken: a notice that
+/// could not be given is tried again with growing pauses while its events stand. An error is reported once,
+/// and so is its end. No operation waits.
 class Notifier {
 public:
     Notifier(const NotifierSettings& settings, DeliveryLog& deliveryLog, NotifierChannel& channel,
@@ -68,8 +69,10 @@ private:
     void send(const Events& notice, base::Moment now);
     void handle(const NotifierMessage& message, base::Moment now, std::vector<NoticeAction>& actions);
     void handleAction(const NotifierMessage& message, std::vector<NoticeAction>& actions) const;
-    /// Records the events of the notice under way.
-    void recordDelivery();
+    /// Records the events; false when another process has recorded them all meanwhile.
+    bool recordDelivery(const Events& notice);
+    /// Ends the notice under way, which was given.
+    void completeDelivery();
     /// Leaves the notice under way, if there is one, for a later try.
     void postponeDelivery(base::Moment now);
     void reportError(const NotifierMessage& message);
@@ -84,6 +87,7 @@ private:
     ErrorThrottle errors_;
     std::vector<Events> due_;  ///< as of the last `notify`
     Events underWay_;
+    std::vector<std::string> recorded_;  ///< the keys that were recorded for the notice under way
     std::map<NoticeSubject, Failure> failures_;
     Backoff connecting_;
 };

@@ -78,7 +78,8 @@ Watch::Watch(workspace::Workspace workspace, base::Environment& environment, Wat
                  .shownFile = placeOf("shown-notices.json", workspace_.stateDirectory())},
                 deliveryLog_, channel, messages_),
       fileErrors_(messages_),
-      versionErrors_(messages_)
+      versionErrors_(messages_),
+      watchErrors_(messages_)
 {
 }
 
@@ -161,6 +162,15 @@ void Watch::refresh(base::Moment now)
     }
     fileErrors_.resolve("The files can be used again.");
     reportWarning(open_->situation());
+    reportWatchTrouble();
+}
+
+void Watch::reportWatchTrouble()
+{
+    // Each round reads what has changed, and there is a round every second.
+    if (!settings_.once && !open_->watchTrouble().empty()) {
+        watchErrors_.report("watch", open_->watchTrouble());
+    }
 }
 
 void Watch::reportWarning(const workspace::Situation& situation)
@@ -202,28 +212,40 @@ void Watch::deliver(base::Moment now)
 void Watch::runHooks(const std::vector<StandingEvent>& events, base::Moment now)
 {
     hooksWait_ = false;
+    workspace::LeaderLock lock(workspace_.stateDirectory());
     for (const StandingEvent& event : events) {
         for (const std::string& command : settings_.hooks) {
-            const std::string key = "hook-" + base::digest(command) + "-" + event.key;
-            if (deliveryLog_.has(key)) {
-                continue;
-            }
-            if (!subprocesses_.mayRunHook(now)) {
-                hooksWait_ = true;
-                return;
-            }
-            const Bytes summary = JsonEncoder(JsonLayout::compact)
-                                      .encode(WidgetSnapshot::make(situation().state, situation().now));
-            // Recorded before the start, so that no other watch runs it too.
-            if (deliveryLog_.record(key) &&
-                !subprocesses_.runHook(command, work::eventName(event.kind), summary.view(), now)) {
-                deliveryLog_.remove(key);
+            if (!runHook(command, event, lock, now)) {
                 hooksWait_ = true;
                 return;
             }
         }
     }
     subprocesses_.reportNoHookWaits();
+}
+
+bool Watch::runHook(const std::string& command, const StandingEvent& event, workspace::LeaderLock& lock,
+                    base::Moment now)
+{
+    const std::string key = "hook-" + base::digest(command) + "-" + event.key;
+    if (deliveryLog_.has(key)) {
+        return true;
+    }
+    // Recorded after the start, under a lock: a watch that is killed in between leaves the hook to the next
+    // one, and no other watch starts it at the same time.
+    if (!subprocesses_.mayRunHook(now) || !lock.tryAcquire()) {
+        return false;
+    }
+    if (deliveryLog_.has(key)) {
+        return true;
+    }
+    const Bytes summary =
+        JsonEncoder(JsonLayout::compact).encode(WidgetSnapshot::make(situation().state, situation().now));
+    if (!subprocesses_.runHook(command, work::eventName(event.kind), summary.view(), now)) {
+        return false;
+    }
+    deliveryLog_.record(key);
+    return true;
 }
 
 void Watch::print(const std::vector<StandingEvent>& events)

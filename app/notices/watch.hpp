@@ -10,6 +10,7 @@
 #include "notices/notifier.hpp"
 #include "notices/notifier_channel.hpp"
 #include "notices/subprocesses.hpp"
+#include "workspace/leader_lock.hpp"
 #include "workspace/open_workspace.hpp"
 
 #include <chrono>
@@ -66,10 +67,14 @@ private:
     void refresh(base::Moment now);
     void handleRefreshError(const std::exception& error, base::Moment now);
     void reportWarning(const workspace::Situation& situation);
+    void reportWatchTrouble();
     /// As recorded or, while recording fails, as it would be recorded.
     const workspace::Situation& situation() const { return unrecorded_ ? *unrecorded_ : open_->situation(); }
     void deliver(base::Moment now);
     void runHooks(const std::vector<StandingEvent>& events, base::Moment now);
+    /// Runs a hook that has not been run for the event; false when it must wait.
+    bool runHook(const std::string& command, const StandingEvent& event, workspace::LeaderLock& lock,
+                 base::Moment now);
     void print(const std::vector<StandingEvent>& events);
     void print(const StandingEvent& event);
     void perform(NoticeAction action);
@@ -95,6 +100,7 @@ private:
     Notifier notifier_;
     ErrorThrottle fileErrors_;
     ErrorThrottle versionErrors_;
+    ErrorThrottle watchErrors_;
 };
 
 }  // namespace quillmere::notices

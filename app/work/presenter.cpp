@@ -36,7 +36,7 @@ Presenter::Presenter(workspace::Workspace workspace, Drafts drafts, std::optiona
 
 bool Presenter::countsSeconds() const
 {
-    if (!isUsable() || files_.isBehind()) {
+    if (!isUsable() || files_.isBehind() || !files_.watchTrouble().empty()) {
         return true;  // not everything that makes a file usable again can be watched
     }
     const auto timer = TimerSnapshot::derive(state(), situation().now);
@@ -72,6 +72,7 @@ void Presenter::refresh()
         warn();
     }
     followState();
+    warnOfNoWatch();
 }
 
 void Presenter::tell(const std::vector<workspace::Event>& events)
@@ -86,6 +87,14 @@ void Presenter::warn()
 {
     if (const std::string& warning = situation().warning; !warning.empty()) {
         say(warning);
+    }
+}
+
+void Presenter::warnOfNoWatch()
+{
+    if (const std::string& trouble = files_.watchTrouble();
+        !trouble.empty() && !std::exchange(isToldOfNoWatch_, true)) {
+        say(trouble);
     }
 }
 

@@ -26,7 +26,7 @@ public:
 
     /// For poll(2): readable when `refresh` is due.
     int descriptor() const { return files_.descriptor(); }
-    /// Whether a visible value changes every second, so that `refresh` is due every second.
+    /// Whether `refresh` is due every second: a visible value changes, or the files cannot be watched.
     bool countsSeconds() const;
     /// Reads the files and the clock, and follows what has changed.
     void refresh();
@@ -78,6 +78,8 @@ private:
     void tell(const std::vector<workspace::Event>& events);
     /// Says the warning of the last change.
     void warn();
+    /// Says once that the files cannot be watched.
+    void warnOfNoWatch();
     /// Appends a sentence to the message.
     void say(std::string_view sentence);
 
@@ -98,6 +100,7 @@ private:
     std::string message_;
     bool areOldDraftsRemoved_ = false;
     bool isToldOfNoDrafts_ = false;
+    bool isToldOfNoWatch_ = false;
     bool bell_ = false;
 };
 

@@ -4,6 +4,7 @@
 #include "base/system/directory_watch.hpp"
 #include "workspace/workspace.hpp"
 
+#include <string>
 #include <vector>
 
 namespace quillmere::workspace {
@@ -21,6 +22,8 @@ public:
 
     /// For poll(2): readable when `refresh` has something to read.
     int descriptor() const noexcept { return watch_.descriptor(); }
+    /// Why changes are found by `refresh` alone (DirectoryWatch::trouble); usually empty.
+    const std::string& watchTrouble() const noexcept { return watch_.trouble(); }
 
     /// Brings the situation up to the present. To be called once a second and when the descriptor is
     /// readable; reads no file when nothing has changed. Returns the events that this instance recorded and

@@ -38,7 +38,7 @@ base::Descriptor openFile(const fs::path& file)
 
 enum class Answer { taken, busy, notOffered };
 
-Answer lock(const base::Descriptor& file)
+Answer tryToLock(const base::Descriptor& file)
 {
     struct flock whole {};
     whole.l_type = F_WRLCK;
@@ -65,7 +65,7 @@ void ReplacedFileLock::follow(const fs::path& replacement)
         fail("open", replacement);
     }
     // Nobody else knows the file yet.
-    if (lock(file) != Answer::taken) {
+    if (tryToLock(file) != Answer::taken) {
         fail("fcntl", replacement);
     }
     locked_.push_back(std::move(file));
@@ -81,7 +81,7 @@ bool ReplacedFileLock::tryLock(const std::function<void()>& makeFile)
     if (file.get() == -1) {
         return false;
     }
-    switch (lock(file)) {
+    switch (tryToLock(file)) {
         case Answer::notOffered: refuse();
         case Answer::busy: return false;
         case Answer::taken: break;

@@ -24,6 +24,8 @@ public:
     bool isBehind() const { return isBehind_; }
     /// For poll(2): readable when `refresh` has something to read.
     int descriptor() const { return open_ ? open_->descriptor() : watch_->descriptor(); }
+    /// Why changes are found by `refresh` alone (DirectoryWatch::trouble); usually empty.
+    const std::string& watchTrouble() const { return open_ ? open_->watchTrouble() : watch_->trouble(); }
 
     /// Reads the files if they changed, without waiting for the lock. Returns events as OpenWorkspace does.
     std::vector<Event> refresh();

@@ -11,6 +11,21 @@ ProcessOptions realProgram(const Words& arguments, const Channels& channels)
     return {.words = words, .input = channels.in, .output = channels.out, .error = channels.err};
 }
 
+bool canTrace()
+{
+    static const bool can = succeeds({"strace", "-o", "/dev/null", "true"});
+    return can;
+}
+
+ProcessOptions traced(ProcessOptions options, const Words& straceOptions)
+{
+    options.words.insert(options.words.begin(), straceOptions.begin(), straceOptions.end());
+    options.words.insert(options.words.begin(), "strace");
+    // The leak check at exit needs ptrace, which strace already uses.
+    options.environment["ASAN_OPTIONS"] = "detect_leaks=0";
+    return options;
+}
+
 ProcessEnding runProgram(const Words& arguments, const Channels& channels)
 {
     return run(realProgram(arguments, channels));

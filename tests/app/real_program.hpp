@@ -24,6 +24,14 @@ inline Channels noChannels() { return {Channel::closed(), Channel::closed(), Cha
 /// How the program is started with these arguments.
 ProcessOptions realProgram(const Words& arguments, const Channels& channels = {});
 
+/// Whether strace is installed and may trace a program; otherwise tests are skipped.
+bool canTrace();
+
+inline constexpr const char* cannotTrace = "strace is not installed or not allowed to trace";
+
+/// The same start under strace, with these options of it.
+ProcessOptions traced(ProcessOptions options, const Words& straceOptions);
+
 /// Runs the program to its end.
 ProcessEnding runProgram(const Words& arguments, const Channels& channels = {});
 

@@ -48,7 +48,7 @@ private:
     posix_spawn_file_actions_t actions_;
 };
 
-/// No signal blocked and SIGPIPE at its default, whatever this program has set for itself.
+/// No signal blocked, SIGPIPE and SIGXFSZ at their defaults, whatever this program has set for itself.
 class UsualSignals {
 public:
     UsualSignals()
@@ -58,6 +58,7 @@ public:
         sigset_t usual;
         ::sigemptyset(&usual);
         ::sigaddset(&usual, SIGPIPE);
+        ::sigaddset(&usual, SIGXFSZ);
         ::posix_spawnattr_init(&attributes_);
         ::posix_spawnattr_setsigmask(&attributes_, &none);
         ::posix_spawnattr_setsigdefault(&attributes_, &usual);

@@ -16,8 +16,9 @@ struct ChildProgram {
     int output = -1;                          ///< its standard output; -1: where its messages go
 };
 
-/// Starts a program with its three standard channels open and nothing else, and with no signal blocked.
-/// Throws `std::system_error` when it cannot be started.
+/// Starts a program with its three standard channels open and nothing else, with no signal blocked, and with
+/// the signals that this program ignores at their defaults. Throws `std::system_error` when it cannot be
+/// started.
 pid_t startChild(const ChildProgram& program);
 
 /// How a child has ended.

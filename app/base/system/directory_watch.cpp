@@ -22,18 +22,41 @@ constexpr std::uint32_t everyChange =
     throw std::system_error(errno, std::generic_category(), "inotify: " + path.string());
 }
 
+/// Whether the error says that the system has no inotify, or that a limit of it is reached.
+bool meansNoMoreWatches(int error)
+{
+    return error == EMFILE || error == ENFILE || error == ENOSPC || error == ENOMEM || error == ENOSYS;
+}
+
+std::string troubleText(const fs::path& directory, int error)
+{
+    return "Changes in " + directory.string() +
+           " are looked for once a second only, because the system offers no more watches (inotify: " +
+           std::generic_category().message(error) + ").";
+}
+
 }  // namespace
 
 DirectoryWatch::DirectoryWatch(fs::path directory)
     : directory_(std::move(directory)), events_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
 {
     if (events_.get() == -1) {
-        fail(directory_);
+        goOnWithoutWatch(directory_);
+    } else {
+        watchNearest();
     }
-    watchNearest();
 }
 
 bool DirectoryWatch::takeChanges()
+{
+    if (events_.get() != -1) {
+        return takeEvents();
+    }
+    const DirectoryFingerprint before = std::exchange(fingerprint_, fingerprintOf(directory_));
+    return fingerprint_ != before;
+}
+
+bool DirectoryWatch::takeEvents()
 {
     bool changed = false;
     // Events of every file count: one needless reading costs less than a missed change.
@@ -66,7 +89,8 @@ bool DirectoryWatch::tryToWatchNearest()
     while ((watch = ::inotify_add_watch(events_.get(), nearest.c_str(), everyChange)) < 0) {
         isBelowMissing = errno == ENOENT || errno == ENOTDIR;
         if (!(isBelowMissing || errno == EACCES) || !nearest.has_relative_path()) {
-            fail(nearest);
+            goOnWithoutWatch(nearest);
+            return true;
         }
         below = nearest;
         nearest = nearest.parent_path();
@@ -77,6 +101,16 @@ bool DirectoryWatch::tryToWatchNearest()
     watch_ = watch;
     std::error_code ignored;
     return !(isBelowMissing && fs::is_directory(below, ignored));
+}
+
+void DirectoryWatch::goOnWithoutWatch(const fs::path& path)
+{
+    if (!meansNoMoreWatches(errno)) {
+        fail(path);
+    }
+    trouble_ = troubleText(directory_, errno);
+    events_ = Descriptor();
+    fingerprint_ = fingerprintOf(directory_);
 }
 
 }  // namespace quillmere::base

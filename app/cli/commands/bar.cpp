@@ -1,6 +1,7 @@
 // Prints the line for a status bar. Reads the widget's summary only.
 #include "bar/bar_follower.hpp"
 #include "bar/bar_format.hpp"
+#include "base/system/line_writer.hpp"
 #include "cli/commands/commands.hpp"
 #include "cli/text_options.hpp"
 
@@ -54,7 +55,9 @@ void follow(const BarCommand& command, Program& program)
                             bar::BarPace::following);
     };
     // By its descriptor: a stream does not tell whether the reader is still there.
-    bar::followBar(program.workspace(), program.environment().clock, lines, STDOUT_FILENO);
+    base::Environment& environment = program.environment();
+    base::LineWriter messages(environment.err, environment.error);
+    bar::followBar(program.workspace(), environment.clock, lines, STDOUT_FILENO, messages);
 }
 
 void showBar(const BarCommand& command, Program& program)

@@ -12,6 +12,7 @@
 #include "bar/process_status.hpp"
 #include "hostile_texts.hpp"
 #include "program_testing.hpp"
+#include "real_program.hpp"
 #include "support/process.hpp"
 
 namespace quillmere::test {
@@ -71,13 +72,9 @@ protected:
     /// Under strace, with these options of it.
     Process followTraced(const Words& straceOptions, const std::string& log) const
     {
-        Words words = {"strace", "-o", log};
-        words.insert(words.end(), straceOptions.begin(), straceOptions.end());
-        const Words followed = followWords();
-        words.insert(words.end(), followed.begin(), followed.end());
-        // LeakSanitizer does not work under strace.
-        return Process(
-            {.words = words, .output = Channel::pipe(), .environment = {{"ASAN_OPTIONS", "detect_leaks=0"}}});
+        Words options = {"-o", log};
+        options.insert(options.end(), straceOptions.begin(), straceOptions.end());
+        return Process(traced({.words = followWords(), .output = Channel::pipe()}, options));
     }
 };
 
@@ -235,8 +232,6 @@ TEST_F(Follow, writesNoFileAndNeedsNoLock)
     EXPECT_EQ(pictureOf(directory.path()), before);
 }
 
-bool canTrace() { return succeeds({"strace", "-o", "/dev/null", "true"}); }
-
 /// The number of matches of `pattern` in a text.
 std::ptrdiff_t occurrences(const std::string& text, const std::string& pattern)
 {
@@ -247,7 +242,7 @@ std::ptrdiff_t occurrences(const std::string& text, const std::string& pattern)
 TEST_F(Follow, exitsWith0WhenItsReaderIsGoneAtTheMomentOfWriting)
 {
     if (!canTrace()) {
-        GTEST_SKIP() << "strace is not installed, or may not trace here";
+        GTEST_SKIP() << cannotTrace;
     }
     const TemporaryDirectory beside;
     const std::string log = (beside.path() / "log").string();
@@ -264,10 +259,31 @@ TEST_F(Follow, exitsWith0WhenItsReaderIsGoneAtTheMomentOfWriting)
     EXPECT_EQ(disturbed.wait().code, 0);
 }
 
+TEST_F(Follow, looksOnceASecondAndSaysSoOnceWhereTheFileCannotBeWatched)
+{
+    if (!canTrace()) {
+        GTEST_SKIP() << cannotTrace;
+    }
+    for (const char* const call : {"inotify_init1:error=EMFILE", "inotify_add_watch:error=ENOSPC"}) {
+        SCOPED_TRACE(call);
+        has(paused(60));
+        const TemporaryDirectory beside;
+        Process bar = followTraced({"-e", std::string("inject=") + call}, (beside.path() / "log").string());
+        bar.line();
+        has(paused(59));
+        EXPECT_EQ(bar.line().substr(0, 18), "Focus 00:59 paused");
+        has(paused(58));
+        EXPECT_EQ(bar.line().substr(0, 18), "Focus 00:58 paused");
+        bar.closeOutput();
+        EXPECT_EQ(bar.wait().code, 0);
+        EXPECT_EQ(occurrences(bar.err(), "once a second"), 1) << bar.err();
+    }
+}
+
 TEST_F(Follow, sleepsWhileNothingRunsAndReadsTheFileOnlyWhenItChanges)
 {
     if (!canTrace()) {
-        GTEST_SKIP() << "strace is not installed, or may not trace here";
+        GTEST_SKIP() << cannotTrace;
     }
     has(paused(60));
     const TemporaryDirectory beside;

@@ -77,6 +77,19 @@ TEST_F(Delivery, isOnePerEventHoweverManyWatchesFollow)
     EXPECT_EQ(headings(notifier.requests), (Words{"Focus is over for 0", "A question waits for 0"}));
 }
 
+TEST_F(Delivery, isNotRepeatedWhenAWatchIsKilledWhileItGivesTheNotice)
+{
+    person.has(stateIn(WorkflowState::focusing));
+    notifier.fallsSilent();
+    {
+        ClockedWatch killed(person, notifier);
+        EXPECT_TRUE(killed.roundsUntil([&] { return notifier.requests.size() == 1; }));
+    }
+    FakeNotifier next;
+    watchesOnce(next);
+    EXPECT_EQ(headings(next.requests), Words{});
+}
+
 TEST_F(Delivery, includesWhatAnotherProgramRecorded)
 {
     person.has(stateIn(WorkflowState::focusing));

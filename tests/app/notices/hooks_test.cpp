@@ -1,5 +1,6 @@
 // The person's programs that run at each event.
 #include "notices/subprocesses.hpp"
+#include "workspace/leader_lock.hpp"
 
 #include <signal.h>
 #include <unistd.h>
@@ -8,6 +9,7 @@
 
 #include "clocked_watch.hpp"
 #include "desktop.hpp"
+#include "real_program.hpp"
 #include "support/file_system.hpp"
 #include "support/process_settings.hpp"
 
@@ -101,6 +103,22 @@ TEST_F(Hook, runsOncePerEventAndCommand)
     EXPECT_EQ(textIn("runs"), "one\ntwo\n");
 }
 
+TEST_F(Hook, waitsWhileAnotherWatchStartsHooks)
+{
+    person.has(stateIn(WorkflowState::focusing));
+    ClockedWatch watch(person, notifier, {.hooks = {"echo one" + into("runs")}});
+    {
+        workspace::LeaderLock other(deliveryLogOf(person).parent_path());
+        ASSERT_TRUE(other.tryAcquire());
+        watch.round();
+        EXPECT_FALSE(watch.isIdle());
+        EXPECT_EQ(namesIn(deliveryLogOf(person)), Words{});
+    }
+    EXPECT_TRUE(watch.roundsUntil([&] { return watch.isIdle(); }));
+    EXPECT_EQ(textIn("runs"), "one\n");
+    EXPECT_EQ(watch.said(), "");
+}
+
 TEST_F(Hook, waitsWithAQuestionUntilThePersonMayBeInterrupted)
 {
     person.now = moment + 100;
@@ -192,14 +210,33 @@ TEST_F(HookOfAProcess, thatHangsStopsNothing)
     EXPECT_EQ(::write(fifo.get(), "\n\n", 2), 2);
 }
 
+TEST_F(HookOfAProcess, runsAtTheNextWatchWhenOneIsKilledBeforeItsStart)
+{
+    if (!canTrace()) {
+        GTEST_SKIP() << cannotTrace;
+    }
+    const Words hook = {"--hook", "echo \"$1\" >> '" + file("events").string() + "'"};
+    person.has(focusOver(90));
+    // The summary is put into a file in memory just before the start.
+    ProcessOptions killed = traced(watchOptions({"--once", hook[0], hook[1]}),
+                                   {"-o", "/dev/null", "-e", "inject=memfd_create:signal=KILL"});
+    EXPECT_EQ(run(killed).signal, SIGKILL);
+    EXPECT_EQ(textIn("events"), "");
+    watchesOnce(hook);
+    watchesOnce(hook);
+    EXPECT_EQ(textIn("events"), "focus_ended\n");
+}
+
 TEST_F(HookOfAProcess, hasNoFileOpenButItsStandardChannelsAndItsSignalsByDefault)
 {
     person.has(focusOver(90));
     // `ls` runs in a shell below the one whose files it lists, so that its redirection is not listed.
-    watchesOnce(
-        {"--hook", "(ls /proc/$$/fd) >> '" + file("open").string() + "'; true", "--hook", "kill -PIPE $$"});
+    watchesOnce({"--hook", "(ls /proc/$$/fd) >> '" + file("open").string() + "'; true", "--hook",
+                 "kill -PIPE $$", "--hook", "kill -XFSZ $$"});
     EXPECT_EQ(textIn("open"), "0\n1\n2\n");
     EXPECT_EQ(countOf("The hook \"kill -PIPE $$\" failed: it was ended by signal 13.\n", said()), 1U)
+        << said();
+    EXPECT_EQ(countOf("The hook \"kill -XFSZ $$\" failed: it was ended by signal 25.\n", said()), 1U)
         << said();
 }
 

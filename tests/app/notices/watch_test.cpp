@@ -5,6 +5,7 @@
 
 #include <signal.h>
 
+#include <cerrno>
 #include <chrono>
 #include <optional>
 #include <sstream>
@@ -12,6 +13,7 @@
 
 #include "clocked_watch.hpp"
 #include "desktop.hpp"
+#include "refused_inotify.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -54,6 +56,20 @@ TEST_F(WatchOnAClock, catchesUpAtOnceAfterTheMachineHasSlept)
     EXPECT_EQ(*state.currentSession()->endedAt, moment + 1'500);
     EXPECT_EQ(watch.printed(), "15:25  Focus is over: Outcome of session 1\n");
     EXPECT_TRUE(filesAgree(person));
+}
+
+TEST_F(WatchOnAClock, looksEverySecondAndSaysSoOnceWhereFilesCannotBeWatched)
+{
+    const RefusedInotify refused(EMFILE);
+    person.has(stateIn(WorkflowState::idle));
+    ClockedWatch watch(person, notifier);
+    watch.round();
+    person.now = person.now + 1;
+    ASSERT_EQ(person.types({"ask", "Which build?"}).code, ExitCode::done);
+    watch.round();
+    EXPECT_EQ(countOf("Which build?", watch.printed()), 1U) << watch.printed();
+    EXPECT_EQ(countOf("once a second", watch.said()), 1U) << watch.said();
+    EXPECT_LE(watch.waiting().until, watch.moment() + std::chrono::seconds(1));
 }
 
 TEST_F(WatchOnAClock, beginsABlockAndEndsABreakWhenTheirTimeHasCome)

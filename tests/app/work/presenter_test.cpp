@@ -1,7 +1,10 @@
 // The presenter without any surface.
 #include "work/presenter.hpp"
 
+#include <cerrno>
+
 #include "program_testing.hpp"
+#include "refused_inotify.hpp"
 #include "work/forms/form_testing.hpp"
 
 namespace quillmere::test {
@@ -37,6 +40,19 @@ protected:
         return file;
     }
 };
+
+TEST_F(PresenterOfAPerson, looksEverySecondAndSaysSoOnceWhereFilesCannotBeWatched)
+{
+    const RefusedInotify refused(EMFILE);
+    opens(stateIn(WorkflowState::sessionReview));
+    EXPECT_TRUE(presenter->countsSeconds());
+    EXPECT_NE(presenter->message().find("once a second"), std::string::npos) << presenter->message();
+    presenter->clearMessage();
+    ASSERT_EQ(person.types({"ask", "Which build?"}).code, ExitCode::done);
+    presenter->refresh();
+    EXPECT_EQ(presenter->state().agentQuestions.size(), 1U);
+    EXPECT_EQ(presenter->message().find("once a second"), std::string::npos) << presenter->message();
+}
 
 TEST_F(PresenterOfAPerson, removesOldDraftsOnEveryStart)
 {

@@ -3,9 +3,14 @@
 #include "base/system/wait.hpp"
 
 #include <array>
+#include <cerrno>
 #include <chrono>
+#include <functional>
+#include <utility>
+#include <vector>
 
 #include "program_testing.hpp"
+#include "refused_inotify.hpp"
 #include "support/file_system.hpp"
 #include "support/process_settings.hpp"
 
@@ -109,6 +114,64 @@ TEST(DirectoryWatch, watchesADirectoryOnceItMayBeRead)
     EXPECT_TRUE(watch.takeChanges());
     writeText(directory / "file", "two");
     EXPECT_TRUE(watch.takeChanges());
+}
+
+TEST(DirectoryWatch, comparesTheEntriesWhereTheSystemOffersNoMoreWatches)
+{
+    const std::vector<std::pair<int, int>> errorsOfInitAndAdd = {
+        {EMFILE, 0}, {ENFILE, 0}, {ENOSYS, 0}, {0, ENOSPC}};
+    for (const auto& [errorOfInit, errorOfAdd] : errorsOfInitAndAdd) {
+        SCOPED_TRACE(errorOfInit);
+        const TemporaryDirectory above;
+        const fs::path directory = above.path() / "files";
+        const fs::path file = directory / "file";
+        const RefusedInotify refused(errorOfInit, errorOfAdd);
+        DirectoryWatch watch(directory);
+        EXPECT_EQ(watch.descriptor(), -1);
+        EXPECT_NE(watch.trouble().find(directory.string()), std::string::npos) << watch.trouble();
+        EXPECT_FALSE(watch.takeChanges());
+        const std::vector<std::function<void()>> changes = {
+            [&] { fs::create_directory(directory); },
+            [&] { writeText(file, "one"); },
+            [&] { writeText(file, "three"); },
+            [&] { writeText(directory / "other", "three"); },
+            [&] { fs::rename(directory / "other", file); },
+            [&] { fs::permissions(file, fs::perms(0600)); },
+            [&] { fs::remove(file); },
+            [&] { fs::remove(directory); },
+        };
+        for (std::size_t change = 0; change < changes.size(); ++change) {
+            SCOPED_TRACE(change);
+            changes[change]();
+            EXPECT_TRUE(watch.takeChanges());
+            EXPECT_FALSE(watch.takeChanges());
+        }
+    }
+}
+
+TEST(DirectoryWatch, comparesTheEntriesFromThenOnWhenWatchesRunOutLater)
+{
+    const TemporaryDirectory above;
+    const fs::path directory = above.path() / "files";
+    DirectoryWatch watch(directory);
+    EXPECT_EQ(watch.trouble(), "");
+    const RefusedInotify refused(0, ENOSPC);
+    fs::create_directory(directory);
+    EXPECT_TRUE(watch.takeChanges());
+    EXPECT_NE(watch.trouble(), "");
+    EXPECT_EQ(watch.descriptor(), -1);
+    EXPECT_FALSE(watch.takeChanges());
+    writeText(directory / "file", "one");
+    EXPECT_TRUE(watch.takeChanges());
+}
+
+TEST(DirectoryWatch, failsWhenWatchingFailsForAnotherReason)
+{
+    const TemporaryDirectory directory;
+    for (const auto& [errorOfInit, errorOfAdd] : {std::pair(EINVAL, 0), std::pair(0, EPERM)}) {
+        const RefusedInotify refused(errorOfInit, errorOfAdd);
+        EXPECT_TRUE(failureOf([&] { const DirectoryWatch watch(directory.path()); }));
+    }
 }
 
 TEST(DirectoryWatch, leavesNoDescriptorBehind)

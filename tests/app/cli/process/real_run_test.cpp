@@ -1,5 +1,9 @@
 // Behaviour that needs a real process: standard descriptors, exit codes from main, the wall clock.
+#include <sys/resource.h>
 #include <time.h>
+
+#include <filesystem>
+#include <string>
 
 #include "real_program.hpp"
 
@@ -59,6 +63,26 @@ TEST(FullErrorChannel, changesNoExitCode)
     const Person person;
     EXPECT_EQ(ran(person, {"pause"}, {.err = fullDevice()}).code, 1);
     EXPECT_EQ(ran(person, {"ask", "Why?"}, {.err = fullDevice()}).code, 0);
+}
+
+TEST(RealProgram, endsWith74AndLeavesTheFilesWhenOneWouldBeTooLarge)
+{
+    const Person person;
+    person.has(fullState());
+    ProcessOptions options = realProgram({"--directory", person.directory().string(), "ask", "Why?"});
+    options.environment["XDG_STATE_HOME"] = person.stateHome().string();
+    options.inChild = [] {
+        const rlimit tooSmall{.rlim_cur = 100, .rlim_max = 100};
+        ::setrlimit(RLIMIT_FSIZE, &tooSmall);
+    };
+    const ProcessEnding ending = run(options);
+    EXPECT_EQ(ending.code, 74);
+    EXPECT_NE(ending.err.find("File too large"), std::string::npos) << ending.err;
+    EXPECT_EQ(person.names(), (Words{"agent-state.json", "state.json", "widget-snapshot.json"}));
+    EXPECT_TRUE(person.state() == fullState());
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(person.stateHome())) {
+        EXPECT_FALSE(entry.is_regular_file()) << entry.path();
+    }
 }
 
 TEST(RealProgram, takesTheWallClock)
