@@ -210,8 +210,8 @@ void Workspace::makeFirstState() const
             throw fs::filesystem_error("link", destination, {errno, std::generic_category()});
         }
     };
-    writeAtomically(StateStore::encoder().source(QuillmereState::initial(clock_())), states_.stateURL(),
-                    link);
+    const QuillmereState first = QuillmereState::initial(clock_());
+    writeAtomically(StateStore::encoder().source(first), states_.stateURL(), link);
 }
 
 SaveResult Workspace::save(Situation& situation, Instant replacedAt, Keeping keeping, StateLock& lock) const
