@@ -16,7 +16,7 @@ enum class ExitCode {
     urgent = 33,        ///< done, and i3blocks is to mark its block as urgent
     unusableData = 65,  ///< a file does not hold what it should
     outOfMemory = 71,
-    fileError = 74,  ///< the system refused to read or write
+    fileError = 74,  ///< the system refused to read or write, or its clock shows no date of the files
     lockBusy = 75,   ///< another program holds the directory; trying again helps
 };
 

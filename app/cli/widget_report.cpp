@@ -5,6 +5,7 @@
 #include "cli/status.hpp"
 #include "work/countdown.hpp"
 
+#include <quillmere/records/json/date_text.hpp>
 #include <quillmere/widget/widget_timeline_plan.hpp>
 
 #include <cmath>
@@ -18,6 +19,13 @@ std::string entryText(const WidgetTimelinePlan::Entry& entry)
 {
     const auto remaining = work::remainingSeconds(entry.snapshot, entry.date);
     return remaining ? QuillmereDesign::timeText(*remaining) : QuillmereDesign::caption(entry.snapshot);
+}
+
+/// In the last half hour of the year 9999 the widget would ask again at an instant without a date.
+base::Json refreshDateJson(const WidgetSnapshot& snapshot, Instant now)
+{
+    const Instant date = WidgetTimelinePlan::refreshDate(snapshot, now);
+    return json::hasDateText(date) ? base::instantJson(date) : base::Json(nullptr);
 }
 
 }  // namespace
@@ -36,7 +44,7 @@ base::Json widgetJson(const WidgetSnapshot& snapshot, Instant now)
         {"hidden_open_questions", snapshot.hiddenOpenQuestionCount()},
         {"link", url(snapshot.route)},
         {"timeline", timeline},
-        {"refresh_date", base::instantJson(WidgetTimelinePlan::refreshDate(snapshot, now))},
+        {"refresh_date", refreshDateJson(snapshot, now)},
     };
     if (const auto remaining = work::remainingSeconds(snapshot, now)) {
         json["time_text"] = QuillmereDesign::timeText(*remaining);

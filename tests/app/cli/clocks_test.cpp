@@ -100,7 +100,9 @@ private:
 
     std::string shownByScreen() const
     {
-        EXPECT_EQ(screen->trouble(), "");
+        if (!screen->isUsable()) {
+            return screen->trouble();
+        }
         const auto view = work::SituationView::of(screen->situation());
         const auto& timer = view.timer;
         return line(rawValue(view.phase), timer ? std::optional(timer->remainingSeconds) : std::nullopt,

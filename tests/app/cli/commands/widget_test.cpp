@@ -47,6 +47,16 @@ TEST(Widget, showsTheDayInItsTimelineWhenItIsAnotherDay)
               "Timeline:  23:55 15:00  2026-11-16 00:10 00:00  (asks again at 2026-11-16 00:10)\n");
 }
 
+TEST(Widget, hasNoRefreshDateWhereDatesEnd)
+{
+    Person person;
+    constexpr Instant endOfDates{253'402'300'800};
+    person.now = endOfDates - 1801;
+    EXPECT_EQ(jsonAt("/refresh_date", person.types({"widget", "--json"}).out), R"("9999-12-31T23:59:59Z")");
+    person.now = endOfDates - 1800;
+    EXPECT_EQ(jsonAt("/refresh_date", person.types({"widget", "--json"}).out), "null");
+}
+
 TEST(Widget, printsTheSameAsJson)
 {
     const std::string json = personInFocus().types({"widget", "--json"}).out;
