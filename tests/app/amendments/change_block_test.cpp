@@ -143,7 +143,15 @@ TEST(ChangeBlock, letsTheEndOfABreakBeAnnouncedAgainWhenItLiesAhead)
     ASSERT_TRUE(over.breakEndNotifiedAt);
     EXPECT_FALSE(changed(over, {.breakDurationSeconds = 61}).breakEndNotifiedAt);
     EXPECT_TRUE(changed(over, {.breakDurationSeconds = 60}).breakEndNotifiedAt);
-    EXPECT_TRUE(changed(over, {.texts = {.whyValue = "why"}}).breakEndNotifiedAt);
+}
+
+TEST(ChangeBlock, announcesNoEndAgainForATextWhenTheClockWasSetBack)
+{
+    const QuillmereState over = edited(stateIn(WorkflowState::breaking),
+                                       [](auto& s) { WorkflowEngine().evaluateTimer(s, moment + 300); });
+    const QuillmereState state =
+        amended(over, soon, [](auto& s) { changeBlock(s, {.texts = {.whyValue = "why"}}, soon); });
+    EXPECT_EQ(state.breakEndNotifiedAt, moment + 300);
 }
 
 TEST(ChangeBlock, needsMoreSessionsThanHaveBegun)

@@ -62,6 +62,14 @@ TEST(GoOn, continuesASessionThatWasEndedByHand)
     EXPECT_EQ(remainingSeconds(state), 1'500 - 60 + 600);
 }
 
+TEST(GoOn, makesNoSessionShorter)
+{
+    const QuillmereState slip =
+        edited(stateIn(WorkflowState::focusing), [](auto& s) { WorkflowEngine().endFocus(s, moment + 60); });
+    EXPECT_EQ(refusal(slip, [](auto& s) { goOn(s, -60, countsAsPause, goingOn); }).possible(),
+              Possible(PossibleLengths{1, amendments::longestDuration - 1'500}));
+}
+
 TEST(GoOn, addsNoPauseWhenTheClockWasSetBack)
 {
     const QuillmereState state =
