@@ -4,6 +4,16 @@
 
 namespace quillmere::amendments {
 
+Possible timesBetween(Instant earliest, Instant latest)
+{
+    return earliest <= latest ? Possible(PossibleTimes{earliest, latest}) : Possible();
+}
+
+Possible lengthsBetween(double shortest, double longest)
+{
+    return shortest <= longest ? Possible(PossibleLengths{shortest, longest}) : Possible();
+}
+
 void refuseHere(const QuillmereState& state, const std::string& reason)
 {
     std::string names;

@@ -29,6 +29,10 @@ struct PossibleLengths {
 
 using Possible = std::variant<std::monostate, PossibleTimes, PossibleLengths>;
 
+// Nothing is possible between bounds in the wrong order.
+Possible timesBetween(Instant earliest, Instant latest);
+Possible lengthsBetween(double shortest, double longest);
+
 /// Thrown by every amendment before anything is written. The message says in sentences for the person why,
 /// and what is possible. Times and lengths that are possible are values, since only a surface knows how to
 /// write them.

@@ -13,6 +13,10 @@
 
 namespace quillmere::test {
 
+// When the amendments of the tests are made; the work stands as at `moment`.
+inline constexpr Instant soon = moment + 60;
+inline constexpr Instant later = moment + 1'200;
+
 using Amend = std::function<void(QuillmereState&)>;
 
 /// The state after an amendment at `now`. Fails the test unless `updatedAt` is `now`, and the state is

@@ -11,7 +11,6 @@ namespace {
 
 using amendments::backOut;
 
-const Instant soon = moment + 60;
 const Instant late = moment + 3'600;
 
 /// Its start is an hour after `moment`.

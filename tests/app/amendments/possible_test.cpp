@@ -26,6 +26,9 @@ TEST(PossibleAmendments, followFromWhereTheWorkStands)
         {stateIn(breaking), {"finish", "change", "amend"}},
         {stateIn(blockReview), {"change", "amend"}},
         {stateIn(complete), {"reset"}},
+        {edited(stateIn(sessionReview), [](auto& s) { s.currentBlock->sessions.back().endedAt.reset(); }),
+         {"review --finish", "change"}},
+        {edited(stateIn(breaking), [](auto& s) { s.currentBlock.reset(); }), {}},
         {edited(stateIn(idle), [](auto& s) { s.blockHistory = {blockInWork(1, 3)}; }), {"amend", "delete"}},
     };
     for (const Example& example : examples) {
