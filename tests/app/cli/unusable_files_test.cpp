@@ -68,7 +68,7 @@ TEST(UndecodableState, isReportedWithTheKeyAndTheWayOut)
     writeText(person.store().stateURL(),
               replaced(textOf(person.store().stateURL()), "\"focusing\"", "\"dancing\\u001b[31m\""));
     const std::string message = person.types({"status"}).err;
-    EXPECT_EQ(message.substr(0, 41), "The state cannot be used: workflow_state:");
+    EXPECT_NE(message.find(": workflow_state: expected"), std::string::npos) << message;
     EXPECT_TRUE(message.ends_with("Nothing was changed; quillmere restore lists earlier versions.\n"))
         << message;
     EXPECT_EQ(message.find('\x1b'), std::string::npos);

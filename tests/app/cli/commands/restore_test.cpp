@@ -394,14 +394,14 @@ TEST(Versions, areNotMadeByReadingOrByARefusal)
     EXPECT_EQ(pictureOf(person.stateHome()), before);
 }
 
-TEST(Versions, areKeptOnceForAnEventAndTheCommandAfterIt)
+TEST(Versions, areKeptForAnEventAndForTheCommandAfterIt)
 {
     Person person;
     person.has(stateIn(WorkflowState::focusing));
     person.typesLater(1'600, {"ask", "First?"});
     const std::string list = person.types({"restore", "--json"}).out;
-    EXPECT_EQ(jsonAt("/0/content/phase", list), R"("Focus")");
-    EXPECT_EQ(jsonAt("/0/number", list), "1");  // and no other
+    EXPECT_EQ(jsonAt("/0/content/phase", list), R"("Review")");
+    EXPECT_EQ(jsonAt("/1/content/phase", list), R"("Focus")");
 }
 
 TEST(Versions, thatCannotBeKeptAreReportedAndTheChangeIsMade)
