@@ -53,10 +53,11 @@ private:
     {
         std::array<base::PollSource, 3> sources{
             {{STDIN_FILENO}, {signals_.descriptor()}, {screen_.descriptor()}}};
-        const int timeout = terminal_.hasMoreKeys()   ? 0
-                            : screen_.countsSeconds() ? base::millisecondsToNextSecond(clock_())
-                                                      : base::millisecondsToNextMinute(clock_());
-        const bool isReady = base::waitFor(sources, std::chrono::milliseconds(timeout));
+        const std::chrono::milliseconds limit = terminal_.hasMoreKeys() ? std::chrono::milliseconds(0)
+                                                : screen_.countsSeconds()
+                                                    ? base::millisecondsToNextSecond(clock_())
+                                                    : base::millisecondsToNextMinute(clock_());
+        const bool isReady = base::waitFor(sources, limit);
         takeSignals();
         const bool hasKeys = terminal_.hasMoreKeys() || sources[0].isReady();
         if ((!isReady && !hasKeys) || sources[2].isReady()) {
