@@ -16,7 +16,8 @@ void AnswerWatch::require()
             watch_.emplace(directory_);
         }
     } catch (const std::system_error&) {
-        throw ToolRefusal("Nothing can be waited for on this system now. Look again later with get_answer.");
+        throw ToolRefusal(
+            "The files cannot be watched now, so there is no waiting. Look again later with get_answer.");
     }
 }
 
@@ -27,7 +28,7 @@ void AnswerWatch::take()
     try {
         watch_->takeChanges();
     } catch (const std::system_error&) {
-        // The waiting calls are asked again now. They call `require`, which begins anew or refuses.
+        // The waiting calls are asked again next. They call `require`, which starts a new watch or refuses.
         watch_.reset();
     }
 }

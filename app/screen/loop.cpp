@@ -125,7 +125,7 @@ void showScreen(const workspace::Workspace& workspace, const base::Environment& 
 {
     if (!environment.inputIsTerminal || !environment.outputIsTerminal) {
         throw base::Refusal(base::Refusal::Kind::invalidRequest,
-                            "The screen takes a terminal; see quillmere status.");
+                            "The live screen needs a terminal. quillmere status works without one.");
     }
     int ending = 0;
     {
