@@ -20,7 +20,8 @@ void AnswerWatch::require()
         // Refused below.
     }
     if (!watch_) {
-        throw ToolRefusal("Nothing can be waited for on this system now. Look again later with get_answer.");
+        throw ToolRefusal(
+            "The files cannot be watched now, so there is no waiting. Look again later with get_answer.");
     }
 }
 

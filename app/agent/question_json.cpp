@@ -12,7 +12,7 @@
 namespace quillmere::agent {
 namespace {
 
-/// Describes what `questionJson` makes of the members of a question, and its status.
+/// The schema of the objects that `questionJson` returns.
 base::SortedJson makeQuestionSchema()
 {
     base::SortedJson schema =
@@ -38,7 +38,7 @@ const AgentQuestion& questionIn(const QuillmereState& state, const std::string& 
     const std::optional<Identifier> id = Identifier::fromText(idText);
     if (!id) {
         throw ToolRefusal(
-            "That is no id of a question. Take the one that ask_question or list_questions gave.");
+            "That is no id of a question. Use an id that ask_question or list_questions has returned.");
     }
     const auto found = std::find_if(state.agentQuestions.begin(), state.agentQuestions.end(),
                                     [&](const AgentQuestion& question) { return question.id == *id; });

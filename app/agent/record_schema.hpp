@@ -18,7 +18,7 @@
 
 namespace quillmere::agent {
 
-/// How identifiers and instants are described; both are strings in JSON.
+/// The schemas of identifiers and instants; both are strings in JSON.
 struct TextSchemas {
     base::SortedJson identifier;
     base::SortedJson instant;
@@ -58,7 +58,7 @@ base::SortedJson enumerationSchema()
     return {{"enum", texts}};
 }
 
-/// The schema of a value that is there. A record is referred to by its definition.
+/// The schema of a value that is not null. A record is referred to by its definition.
 template <class Value>
 base::SortedJson valueSchema(std::type_identity<Value>, const TextSchemas& texts)
 {

@@ -23,12 +23,13 @@ constexpr Description descriptions[] = {
     {"", "interruptible",
      "Whether the person may be interrupted: always, but for a focus session that is not paused."},
     {"", "remaining_seconds",
-     "Left on the running focus session or break at updated_at; negative in overtime, null when no timer "
+     "Time left of the running focus session or break at updated_at; negative in overtime, null when no "
+     "timer "
      "runs."},
     {"", "updated_at", "The moment that the summary describes."},
     {"", "block", "The block of work in hand, or scheduled."},
     {"", "outcomes", "What the block should bring about."},
-    {"", "tasks", "One a session of the block, then the planned next one."},
+    {"", "tasks", "One for each session of the block, then the planned next one."},
     {"", "sessions", "The focus sessions of the block, in order of starting."},
     {"", "current_session", "The last of the sessions, ended or not."},
     {"", "next_session", "What the person plans for the next session."},

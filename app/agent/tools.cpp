@@ -61,7 +61,7 @@ constexpr const char* listArgument = R"json({
     "properties": {
         "open_only": {
             "type": "boolean", "default": true,
-            "description": "Whether to leave out those that have an answer."
+            "description": "Whether to leave out questions that have an answer."
         }
     }
 })json";
@@ -197,9 +197,11 @@ protocol::Tool listQuestions(const workspace::Workspace& workspace)
         .name = "list_questions",
         .title = "Questions",
         .description =
-            "The questions that wait for an answer, by whatever agent or by the person, in order of "
-            "asking; with open_only false those that have one too. Look here before you ask what may "
-            "have been asked already, or when you have lost an id.",
+            "All questions that wait for an answer, of every agent and of the person, in order of asking; "
+            "with "
+            "open_only false also those that have an answer. Look here before you ask what may have been "
+            "asked "
+            "already, or when you have lost an id.",
         .inputSchema = base::SortedJson::parse(listArgument),
         .outputSchema = listOfQuestions(),
         .hints = looks,

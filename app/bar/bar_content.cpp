@@ -1,6 +1,7 @@
 #include "bar/bar_content.hpp"
 
 #include "base/text/columns.hpp"
+#include "base/text/count.hpp"
 #include "base/text/sanitize.hpp"
 #include "work/countdown.hpp"
 
@@ -38,11 +39,6 @@ std::string timeInWords(const WidgetSnapshot& summary, std::int64_t remaining)
     return QuillmereDesign::timeText(remaining) + (isPaused(summary) ? " paused" : "");
 }
 
-std::string questionsInWords(std::int64_t count)
-{
-    return std::to_string(count) + (count == 1 ? " question" : " questions");
-}
-
 /// "Focus 15:00 paused".
 std::string shortLine(const WidgetSnapshot& summary, std::optional<std::int64_t> remaining)
 {
@@ -59,7 +55,7 @@ std::string fullLine(const WidgetSnapshot& summary, std::optional<std::int64_t> 
         line.append(separator).append(caption);
     }
     if (summary.openQuestionCount > 0) {
-        line.append(separator).append(questionsInWords(summary.openQuestionCount));
+        line.append(separator).append(base::countText(summary.openQuestionCount, "question"));
     }
     if (!summary.intendedOutcome.empty()) {
         line.append(separator).append(cut(summary.intendedOutcome, width));
@@ -79,7 +75,7 @@ std::vector<std::string> detailsOf(const WidgetSnapshot& summary, std::optional<
         addDetail(details, "Asked", question);
     }
     if (const std::int64_t hidden = summary.hiddenOpenQuestionCount(); hidden > 0) {
-        details.push_back("and " + std::to_string(hidden) + " more");
+        details.push_back(base::moreText(hidden));
     }
     return details;
 }

@@ -1,4 +1,4 @@
-// The content of a status bar, before it takes the form of some bar.
+// The content of a line in a status bar, in the format of no bar yet.
 #pragma once
 
 #include <quillmere/widget/design.hpp>
@@ -42,7 +42,8 @@ struct BarContent {
     std::string error;                       ///< why there is no summary; empty with one
 };
 
-/// The content for a summary at an instant. A countdown goes on by its dates; a paused one stands still.
+/// The content for a summary at an instant. Computes a running countdown from its dates; a paused one stands
+/// still.
 BarContent barContent(const WidgetSnapshot& summary, Instant now, std::size_t width);
 
 /// The content for a summary that cannot be read.

@@ -11,7 +11,7 @@
 namespace quillmere::bar {
 namespace {
 
-/// A part of a text that a bar would take for a command, and what stands for it.
+/// A part of a text that a bar would interpret, and its replacement.
 struct BarEscape {
     std::string_view part;
     std::string_view shown;
@@ -103,7 +103,7 @@ constexpr std::size_t mostBytesForI3 = 900;
 std::string i3blocksLines(const BarContent& content, BarPace pace)
 {
     std::string lines = base::cutToBytes(content.text, mostBytesForI3) + '\n';
-    // From a run that stays, i3blocks takes each line for a new text.
+    // While a run stays, i3blocks shows each of its lines as a new text.
     if (pace == BarPace::once) {
         lines.append(content.shortText).append("\n");
         if (const std::string_view colour = colourForI3(content.accent); !colour.empty()) {

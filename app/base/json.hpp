@@ -11,7 +11,7 @@
 namespace quillmere::base {
 
 /// An object keeps its members in the order in which they were added, for output that a person may read too.
-/// A member is looked up by going through all before it, so this is not for objects from outside.
+/// A look-up goes through all members before the one it finds, so this is not for objects from outside.
 using Json = nlohmann::ordered_json;
 
 /// An object has its members sorted by key. A look-up is fast also in an object with a million keys.

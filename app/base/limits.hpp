@@ -11,8 +11,8 @@ namespace quillmere::base {
 inline constexpr double shortestDuration = 1;              ///< seconds
 inline constexpr double longestDuration = 366.0 * 86'400;  ///< seconds
 
-/// Seconds. For the sum of pauses, and of a break's extensions, which can grow with every command. An instant
-/// so much later still has a date.
+/// Seconds. For the sum of pauses and the sum of a break's extensions, which can grow with every command. An
+/// instant that is so much later can still be written as a date.
 inline constexpr double longestSum = 1'000 * longestDuration;
 
 inline constexpr std::int64_t mostCycles = 1'000;

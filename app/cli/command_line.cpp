@@ -34,7 +34,7 @@ std::vector<std::string> withEmptyValues(const std::vector<std::string>& argumen
 
 void defineCommandLine(CLI::App& line, Program& program)
 {
-    line.add_option("--directory", program.settings().directory, "Keep the files there instead of at home")
+    line.add_option("--directory", program.settings().directory, "Keep the files in this directory")
         ->type_name("DIRECTORY")
         ->check([](const std::string& path) { return std::string(path.empty() ? "is empty" : ""); });
     line.add_flag("--json", program.settings().json, "Print JSON, for programs");

@@ -63,10 +63,7 @@ ExitCode reportCurrentException(Program& program)
     } catch (const base::Refusal& refusal) {
         return reportError(exitCodeOf(refusal.kind()), refusal.what(), program);
     } catch (const CodingError& error) {
-        return reportError(
-            ExitCode::unusableData,
-            base::failureText(error) + ". Nothing was changed; quillmere restore lists earlier versions.",
-            program);
+        return reportError(ExitCode::unusableData, base::failureText(error), program);
     } catch (const std::system_error& error) {
         return reportError(ExitCode::fileError, base::failureText(error), program);
     }

@@ -5,6 +5,7 @@
 #include "base/text/local_time.hpp"
 #include "base/text/sanitize.hpp"
 #include "work/countdown.hpp"
+#include "work/event_text.hpp"
 #include "work/situation_view.hpp"
 
 #include <nlohmann/json.hpp>
@@ -26,8 +27,7 @@ void printNextCommands(std::ostream& out, const work::SituationView& view, const
 void printQuestions(std::ostream& out, std::size_t count)
 {
     if (count > 0) {
-        out << (count == 1 ? "A question waits" : std::to_string(count) + " questions wait")
-            << " (quillmere questions)\n";
+        out << work::waitingQuestionsText(count) << " (quillmere questions)\n";
     }
 }
 

@@ -1,5 +1,7 @@
 #include "lookback/words.hpp"
 
+#include "base/text/count.hpp"
+#include "base/text/duration.hpp"
 #include "lookback/day_text.hpp"
 
 #include <array>
@@ -10,19 +12,20 @@ namespace quillmere::lookback {
 namespace {
 
 constexpr double secondsPerMinute = 60;
-constexpr std::int64_t minutesPerHour = 60;
 
 std::string streakText(const figures::LookBack& look)
 {
     if (!look.longestStreak) {
         return "none";
     }
-    const std::string now = look.currentStreak ? countText(look.currentStreak->days, "day") + " by now" : "";
+    const std::string now =
+        look.currentStreak ? base::countText(look.currentStreak->days, "day") + " by now" : "";
     const figures::Streak& longest = *look.longestStreak;
     const std::string days = longest.days == 1 ? labelOf(figures::Unit::day, longest.first)
                                                : labelOf(figures::Unit::day, longest.first) + " to " +
                                                      labelOf(figures::Unit::day, longest.last());
-    return (now.empty() ? "" : now + ", ") + "longest " + countText(longest.days, "day") + " (" + days + ")";
+    return (now.empty() ? "" : now + ", ") + "longest " + base::countText(longest.days, "day") + " (" + days +
+           ")";
 }
 
 std::string completionFact(const figures::Completions& completions)
@@ -46,17 +49,7 @@ std::string focusText(double seconds)
     if (!(seconds > 0)) {
         return "none";
     }
-    const auto minutes = static_cast<std::int64_t>(seconds / secondsPerMinute);
-    const std::int64_t hours = minutes / minutesPerHour;
-    const std::int64_t rest = minutes % minutesPerHour;
-    if (minutes == 0) {
-        return "less than 1 min";
-    }
-    std::string text = hours > 0 ? std::to_string(hours) + " h" : "";
-    if (rest > 0) {
-        text += (text.empty() ? "" : " ") + std::to_string(rest) + " min";
-    }
-    return text;
+    return seconds < secondsPerMinute ? "less than 1 min" : base::hoursText(seconds);
 }
 
 std::string meanText(const figures::Ratings& ratings)
@@ -74,11 +67,6 @@ std::string meanText(const figures::Ratings& ratings)
 std::string shareText(double part, double whole)
 {
     return whole > 0 ? std::to_string(std::llround(part / whole * 100)) + " %" : "-";
-}
-
-std::string countText(std::int64_t count, const std::string& thing)
-{
-    return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
 }
 
 std::string rangeText(const figures::LookBack& look)
@@ -118,15 +106,15 @@ std::vector<Fact> factsOf(const figures::LookBack& look)
 {
     const figures::Tally& all = look.total;
     std::vector<Fact> facts = {
-        {"Focus", focusText(all.focusSeconds) + " on " + countText(look.focusDays, "day") + ", in " +
-                      countText(all.sessions, "session")},
+        {"Focus", focusText(all.focusSeconds) + " on " + base::countText(look.focusDays, "day") + ", in " +
+                      base::countText(all.sessions, "session")},
         {"Streak", streakText(look)},
         {"Completion", completionFact(all.completions)},
         {"Planned", focusText(all.plannedSeconds) + ", worked " + focusText(all.workedSeconds) + " (" +
                         shareText(all.workedSeconds, all.plannedSeconds) + ")"},
-        {"Pauses", all.pausedSessions == 0
-                       ? "none"
-                       : focusText(all.pausedSeconds) + " in " + countText(all.pausedSessions, "session")},
+        {"Pauses", all.pausedSessions == 0 ? "none"
+                                           : focusText(all.pausedSeconds) + " in " +
+                                                 base::countText(all.pausedSessions, "session")},
     };
     if (look.between.count > 0) {
         facts.push_back({"Between", "median " + focusText(look.between.medianSeconds) +
@@ -135,7 +123,8 @@ std::vector<Fact> factsOf(const figures::LookBack& look)
     }
     facts.push_back({"Energy", meanText(all.energy) + " of 5 on average, morale " + meanText(all.morale)});
     if (look.sessionsWithoutTime > 0) {
-        facts.push_back({"Not counted", "the time of " + countText(look.sessionsWithoutTime, "session") +
+        facts.push_back({"Not counted", "the time of " +
+                                            base::countText(look.sessionsWithoutTime, "session") +
                                             ", whose start and end cannot be right"});
     }
     return facts;

@@ -18,9 +18,6 @@ std::string meanText(const figures::Ratings& ratings);
 /// "60 %"; "-" when the whole is zero.
 std::string shareText(double part, double whole);
 
-/// "1 day", "4 days".
-std::string countText(std::int64_t count, const std::string& thing);
-
 /// "2026-11-01 to 2026-11-21", "up to 2026-11-21": the days of the look back.
 std::string rangeText(const figures::LookBack& look);
 

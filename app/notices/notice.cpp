@@ -1,11 +1,13 @@
 #include "notices/notice.hpp"
 
 #include "base/text/columns.hpp"
+#include "base/text/count.hpp"
 #include "base/text/sanitize.hpp"
 
 #include <quillmere/records/json/utf8.hpp>
 
 #include <algorithm>
+#include <cstdint>
 
 namespace quillmere::notices {
 namespace {
@@ -58,14 +60,14 @@ Notice noticeOf(const std::vector<StandingEvent>& events)
                   .body = line(events.front().text),
                   .mayExtendBreak = kind == work::EventKind::breakEnded};
     if (events.size() > 1) {
-        notice.heading = std::to_string(events.size()) + " questions wait";
+        notice.heading = work::waitingQuestionsText(events.size());
     }
     const std::size_t shown = std::min(events.size(), mostTexts);
     for (std::size_t index = 1; index < shown; ++index) {
         notice.body += '\n' + line(events[index].text);
     }
     if (shown < events.size()) {
-        notice.body += "\nand " + std::to_string(events.size() - shown) + " more";
+        notice.body += '\n' + base::moreText(static_cast<std::int64_t>(events.size() - shown));
     }
     return notice;
 }

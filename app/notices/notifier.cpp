@@ -61,7 +61,7 @@ Notifier::Notifier(const NotifierSettings& settings, DeliveryLog& deliveryLog, N
 void Notifier::notify(const Events& events, base::Moment now)
 {
     due_ = dueNotices(events);
-    // Notices of an earlier process may be on the screen; only a running channel hears of choices on them.
+    // Notices of an earlier process may be on the screen; choices on them arrive only while the channel runs.
     const bool mustListen = offersActions_ && !shown_.isEmpty();
     if (!underWay_.empty() || (due_.empty() && !mustListen)) {
         return;
@@ -69,7 +69,7 @@ void Notifier::notify(const Events& events, base::Moment now)
     if (!channel_.isRunning()) {
         startChannel(now);
     } else if (channel_.isReady() && tryToLead()) {
-        // The leader before may have given some of them.
+        // The previous leader may have given some of them.
         due_ = dueNotices(events);
         const auto next =
             std::find_if(due_.begin(), due_.end(), [&](const Events& notice) { return mayTry(notice, now); });

@@ -18,7 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
-// Time for what the notifier does besides waiting for the service; more than its limit for calls to the bus.
+// The time that the notifier gets besides waiting for the service; more than its limit for calls to the bus.
 constexpr auto margin = 2s;
 
 }  // namespace

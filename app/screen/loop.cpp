@@ -53,10 +53,11 @@ private:
     {
         std::array<base::PollSource, 3> sources{
             {{STDIN_FILENO}, {signals_.descriptor()}, {screen_.descriptor()}}};
-        const int timeout = terminal_.hasMoreKeys()   ? 0
-                            : screen_.countsSeconds() ? base::millisecondsToNextSecond(clock_())
-                                                      : base::millisecondsToNextMinute(clock_());
-        const bool isReady = base::waitFor(sources, std::chrono::milliseconds(timeout));
+        const std::chrono::milliseconds limit = terminal_.hasMoreKeys() ? std::chrono::milliseconds(0)
+                                                : screen_.countsSeconds()
+                                                    ? base::millisecondsToNextSecond(clock_())
+                                                    : base::millisecondsToNextMinute(clock_());
+        const bool isReady = base::waitFor(sources, limit);
         takeSignals();
         const bool hasKeys = terminal_.hasMoreKeys() || sources[0].isReady();
         if ((!isReady && !hasKeys) || sources[2].isReady()) {
@@ -124,7 +125,7 @@ void showScreen(const workspace::Workspace& workspace, const base::Environment& 
 {
     if (!environment.inputIsTerminal || !environment.outputIsTerminal) {
         throw base::Refusal(base::Refusal::Kind::invalidRequest,
-                            "The screen takes a terminal; see quillmere status.");
+                            "The live screen needs a terminal. quillmere status works without one.");
     }
     int ending = 0;
     {

@@ -1,4 +1,5 @@
 // The picture of the live screen.
+#include "base/text/count.hpp"
 #include "screen/action_keys.hpp"
 #include "screen/canvas/flow.hpp"
 #include "screen/canvas/layout.hpp"
@@ -6,12 +7,14 @@
 #include "work/forms/forms.hpp"
 #include "work/situation_view.hpp"
 
+#include <iterator>
+
 namespace quillmere::screen {
 
 std::string Screen::questionCount() const
 {
-    const std::size_t count = state().openQuestions().size();
-    return count == 0 ? "" : count == 1 ? "1 question" : std::to_string(count) + " questions";
+    const auto count = std::ssize(state().openQuestions());
+    return count == 0 ? "" : base::countText(count, "question");
 }
 
 std::vector<KeyHint> Screen::keysOfForm() const
@@ -96,7 +99,7 @@ Canvas Screen::picture(Charset charset) const
     Canvas canvas(window_, charset);
     if (!isLargeEnough(window_)) {
         Flow(canvas, canvas.area())
-            .paragraph("This window is too small: it takes 40 columns and 12 rows. q quits.");
+            .paragraph("This window is too small: Quillmere needs 40 columns and 12 rows. q quits.");
         return canvas;
     }
     const Frame surrounding = frame();

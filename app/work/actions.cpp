@@ -1,6 +1,7 @@
 #include "work/actions.hpp"
 
 #include "work/break_extension.hpp"
+#include "work/done_text.hpp"
 
 #include <quillmere/engine/timer_snapshot.hpp>
 #include <quillmere/engine/transition.hpp>
@@ -48,27 +49,27 @@ static_assert(usualBreakExtension == 5 * 60, "the label of the extension says 5 
 // clang-format off
 constexpr auto actions = std::to_array<Action>({
     {Step::beginBlockPlanning,     "plan a block",   "", "What is this block about?", atAnyTime, run<&Engine::beginBlockPlanning>},
-    {Step::startScheduledBlockNow, "start it now",   "", "The block has begun.", atAnyTime, run<&Engine::startScheduledBlockNow>},
-    {Step::editScheduledBlock,     "edit it",        "", "The block is back in planning.", atAnyTime, run<&Engine::editScheduledBlock>},
-    {Step::cancelScheduledBlock,   "cancel it",      "Discard the scheduled block?", "The scheduled block is discarded.", atAnyTime, run<&Engine::cancelScheduledBlock>},
-    {Step::pauseFocus,             "pause",          "", "Paused.", atAnyTime, run<&Engine::pauseFocus>},
-    {Step::resumeFocus,            "resume",         "", "Focus.", atAnyTime, run<&Engine::resumeFocus>},
-    {Step::endFocus,               "end",            "End the session before its time?", "The session has ended.", atAnyTime, run<&Engine::endFocus>},
-    {Step::extendBreak,            "extend by 5 min", "", "The break is longer now.", isNotLongOver, extendBreakALittle},
-    {Step::extendBreak,            "extend by 5 min", "", "The break is longer now, and still over.", isLongOver, extendBreakALittle},
-    {Step::endBreak,               "skip the break", "", "The break is skipped.", isBeforeTime, run<&Engine::skipBreak>},
-    {Step::endBreak,               "end the break",  "", "The break has ended.", isOvertime, run<&Engine::endBreak>},
+    {Step::startScheduledBlockNow, "start it now",   "", done::blockBegun, atAnyTime, run<&Engine::startScheduledBlockNow>},
+    {Step::editScheduledBlock,     "edit it",        "", done::scheduleEdited, atAnyTime, run<&Engine::editScheduledBlock>},
+    {Step::cancelScheduledBlock,   "cancel it",      "Discard the scheduled block?", done::scheduleCancelled, atAnyTime, run<&Engine::cancelScheduledBlock>},
+    {Step::pauseFocus,             "pause",          "", done::focusPaused, atAnyTime, run<&Engine::pauseFocus>},
+    {Step::resumeFocus,            "resume",         "", done::focusResumed, atAnyTime, run<&Engine::resumeFocus>},
+    {Step::endFocus,               "end",            "End the session before its time?", done::focusEnded, atAnyTime, run<&Engine::endFocus>},
+    {Step::extendBreak,            "extend by 5 min", "", done::breakExtended, isNotLongOver, extendBreakALittle},
+    {Step::extendBreak,            "extend by 5 min", "", done::breakExtendedAndOver, isLongOver, extendBreakALittle},
+    {Step::endBreak,               "skip the break", "", done::breakSkipped, isBeforeTime, run<&Engine::skipBreak>},
+    {Step::endBreak,               "end the break",  "", done::breakEnded, isOvertime, run<&Engine::endBreak>},
 });
 
 constexpr auto savings = std::to_array<Saving>({
-    {Step::startBlock,              "begin now",        "The block has begun."},
-    {Step::scheduleBlock,           "schedule",         "The block is scheduled."},
-    {Step::startFocus,              "start focus",      "Focus."},
-    {Step::saveReviewAndStartBreak, "save, have a break", "The review is saved."},
-    {Step::saveLastReview,          "save",             "The review is saved."},
-    {Step::completeBlockReview,     "finish the block", "The block is finished."},
-    {Step::addQuestion,             "ask",              "The question waits for an answer."},
-    {Step::answerQuestion,          "answer",           "Answered."},
+    {Step::startBlock,              "begin now",        done::blockBegun},
+    {Step::scheduleBlock,           "schedule",         done::blockScheduled},
+    {Step::startFocus,              "start focus",      done::focusStarted},
+    {Step::saveReviewAndStartBreak, "save, have a break", done::reviewSaved},
+    {Step::saveLastReview,          "save",             done::reviewSaved},
+    {Step::completeBlockReview,     "finish the block", done::blockFinished},
+    {Step::addQuestion,             "ask",              done::questionAsked},
+    {Step::answerQuestion,          "answer",           done::questionAnswered},
 });
 // clang-format on
 

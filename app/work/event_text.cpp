@@ -1,10 +1,12 @@
 #include "work/event_text.hpp"
 
+#include "base/text/count.hpp"
 #include "work/changes/change_text.hpp"
 
 #include <quillmere/records/base/enumeration.hpp>
 
 #include <array>
+#include <cstdint>
 
 namespace quillmere::work {
 namespace {
@@ -42,6 +44,12 @@ EventKind kindOf(const workspace::Event& event)
 std::string_view eventName(EventKind kind) { return rowOf(eventRows, kind).name; }
 
 std::string_view eventHeading(EventKind kind) { return rowOf(eventRows, kind).heading; }
+
+std::string waitingQuestionsText(std::size_t count)
+{
+    return count == 1 ? std::string(eventHeading(EventKind::questionRaised))
+                      : base::countText(static_cast<std::int64_t>(count), "question") + " wait";
+}
 
 std::string eventText(EventKind kind, Instant at, Instant now)
 {

@@ -3,6 +3,7 @@
 
 #include "workspace/catching_up.hpp"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,9 @@ std::string_view eventName(EventKind kind);
 
 /// A few words without a time: "Focus is over".
 std::string_view eventHeading(EventKind kind);
+
+/// The heading for several questions at once: "3 questions wait". For one it is the heading of its event.
+std::string waitingQuestionsText(std::size_t count);
 
 /// A sentence with the local time, as short as it is clear at `now`: "The focus session ended at 15:25."
 std::string eventText(EventKind kind, Instant at, Instant now);

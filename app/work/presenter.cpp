@@ -64,7 +64,7 @@ void Presenter::refresh()
         const std::vector<workspace::Event> events =
             recorded.empty() && before ? newsSince(*before, state()) : recorded;
         if (before && events.empty()) {
-            message_ = "The work was moved on elsewhere.";
+            message_ = "Another program has moved the work on.";
         }
         tell(events);
     }
@@ -118,7 +118,7 @@ void Presenter::followState()
     };
     if (questionForm_ && questionForm_->subject().kind == FormKind::answer &&
         std::none_of(questions.begin(), questions.end(), isForForm)) {
-        say("This question was answered elsewhere.");
+        say("Another program has answered this question.");
         closeForm(questionForm_);
     }
     if (toConfirm_ && !isPossible(toConfirm_->step, state())) {
@@ -133,11 +133,11 @@ void Presenter::open(std::shared_ptr<Form>& place, const FormSubject& subject)
         case BroughtBack::nothing: break;
         case BroughtBack::all: say("What you had written is back."); break;
         case BroughtBack::overChanges:
-            say("What you had written is back, also where something else was written elsewhere since.");
+            say("What you had written is back. It replaces what another program has written since.");
             break;
     }
     if (!drafts_.areKept() && !std::exchange(isToldOfNoDrafts_, true)) {
-        say("Only what is saved is kept: neither XDG_STATE_HOME nor HOME names a place for drafts.");
+        say("Drafts are not kept: neither XDG_STATE_HOME nor HOME names a directory for them.");
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "base/limits.hpp"
 #include "base/refusal.hpp"
+#include "base/text/failure.hpp"
 
 #include <string>
 
@@ -18,9 +19,7 @@ void requireWithin(double value, double least, double most, const std::string& k
 {
     if (!isWithin(value, least, most)) {
         throw base::Refusal(base::Refusal::Kind::unusableData,
-                            "The state cannot be used: " + key +
-                                " is out of bounds. Nothing was changed; "
-                                "quillmere restore lists earlier versions.");
+                            base::unusableStateText(key + " is out of bounds"));
     }
 }
 

@@ -10,7 +10,7 @@
 namespace quillmere::test {
 namespace {
 
-/// Takes what is printed without asking for memory, as a standard output does.
+/// Collects the output without allocating memory, as standard output does.
 class FixedBuffer final : public std::streambuf {
 public:
     FixedBuffer() { setp(characters_.data(), characters_.data() + characters_.size()); }

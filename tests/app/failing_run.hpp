@@ -7,20 +7,20 @@
 
 namespace quillmere::test {
 
-/// How one run ended.
+/// The end of one run.
 struct FailingRun {
     ExitCode code;
-    bool failed;              ///< whether an allocation did
-    bool leaks;               ///< whether a block was not given back
-    std::size_t allocations;  ///< that were made
+    bool failed;              ///< whether the run reached the allocation that fails
+    bool leaks;               ///< whether memory was not freed
+    std::size_t allocations;  ///< the number of allocations made
     std::string err;
 };
 
 /// No allocation has this number.
 inline constexpr auto undisturbed = static_cast<std::size_t>(-2);
 
-/// Runs the program with its allocation of this number failing. Without --json, mostly: the library that
-/// prints JSON loses memory of its own when there is none.
+/// Runs the program, in which the allocation of this number fails. Mostly for runs without --json: the
+/// library that prints JSON leaks memory when an allocation fails.
 FailingRun runFailing(std::size_t allocation, const Words& words, Instant now);
 
 }  // namespace quillmere::test

@@ -1,4 +1,4 @@
-// Texts that would do harm in some bar, were it to obey them.
+// Texts that do harm in a bar that interprets them.
 #pragma once
 
 #include <quillmere/widget/widget_snapshot.hpp>

@@ -36,14 +36,14 @@ struct Ending {
     std::string err;
 };
 
-/// Somebody who types commands. Nothing happens by itself: the clock stands still between them.
+/// A person who types commands. The clock stands still unless the test sets `now`.
 class Person {
 public:
-    /// Of the clock; between whole seconds, as clocks are.
+    /// The time on the person's clock. Usually between whole seconds, as on real clocks.
     Instant now = moment + 0.75;
-    bool isAsked = false;     ///< sits before a terminal, and is asked there
-    bool seesColour = false;  ///< has the results on a terminal
-    std::string answers;      ///< what stands on standard input
+    bool isAsked = false;     ///< standard input is a terminal, so the program may ask
+    bool seesColour = false;  ///< standard output is a terminal that shows colours
+    std::string answers;      ///< the content of standard input
 
     const std::filesystem::path& directory() const { return directory_->path(); }
     const std::filesystem::path& stateHome() const { return stateHome_->path(); }
@@ -55,10 +55,10 @@ public:
     /// Runs the program with exactly these arguments.
     Ending runs(const Words& arguments) const;
 
-    /// Lets some time pass first.
+    /// The same after some seconds.
     Ending typesLater(double seconds, const Words& arguments);
 
-    /// Saves a state as another program of theirs would, with both summaries.
+    /// Saves a state and both summaries, as another program of the person would.
     void has(const QuillmereState& state) const;
 
     StateStore store() const;
@@ -73,11 +73,11 @@ private:
     std::unique_ptr<TemporaryDirectory> stateHome_ = std::make_unique<TemporaryDirectory>();
 };
 
-/// Whether both summaries say what follows from the state at the person's present.
+/// Whether both summaries are those of the state at the person's `now`.
 testing::AssertionResult filesAgree(const Person& person);
 
-/// All that a directory shows from outside, by relative path: which file it is, when it
-/// was changed, what is in it. The directory itself is ".".
+/// Every entry of a directory by relative path: its inode, the time of its last change and its content. The
+/// directory itself is ".".
 std::map<std::string, std::string> pictureOf(const std::filesystem::path& directory);
 
 /// The value at a JSON pointer (RFC 6901), as compact JSON; fails the test when there is none.
@@ -86,10 +86,10 @@ std::string jsonAt(const std::string& pointer, const std::string& json);
 /// The keys of an object, in order; fails the test when it is none.
 std::vector<std::string> keysOf(const std::string& json);
 
-/// Puts `replacement` in the place of the one `part` of a text; fails the test unless there is one.
+/// The text with its only `part` replaced; fails the test unless there is exactly one.
 std::string replaced(std::string text, const std::string& part, const std::string& replacement);
 
-/// Local time, for as long as it lives.
+/// Sets the local time zone for its lifetime.
 class TimeZone {
 public:
     explicit TimeZone(const char* name);

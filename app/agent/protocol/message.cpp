@@ -73,7 +73,8 @@ std::optional<SortedJson> idIn(const SortedJson& object, const char* key)
 std::optional<Request> requestIn(SortedJson message)
 {
     if (message.is_array()) {
-        throw ProtocolError(ErrorCode::invalidRequest, "Batches are not accepted: send one message a line.");
+        throw ProtocolError(ErrorCode::invalidRequest,
+                            "Batches are not accepted: send one message on each line.");
     }
     if (!message.is_object() || memberIn(message, "jsonrpc") != "2.0") {
         throw ProtocolError(ErrorCode::invalidRequest, "The line is no JSON-RPC 2.0 message.");

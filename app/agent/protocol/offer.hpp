@@ -15,7 +15,7 @@
 
 namespace quillmere::agent::protocol {
 
-/// Every value of the protocol, because a client may send an object with a million keys.
+/// The type of all JSON values of the protocol, because a client may send an object with a million keys.
 using base::SortedJson;
 
 using base::Moment;

@@ -13,7 +13,7 @@ struct ChildProgram {
     std::vector<std::string> words;           ///< the program, looked up in PATH, and its arguments
     std::vector<std::string> variables = {};  ///< NAME=value, on top of the environment
     int input = -1;                           ///< its standard input; -1: /dev/null
-    int output = -1;                          ///< its standard output; -1: where its messages go
+    int output = -1;                          ///< its standard output; -1: the same as standard error
 };
 
 /// Starts a program with its three standard channels open and nothing else, with no signal blocked, and with

@@ -4,24 +4,30 @@
 #include <quillmere/records/instant.hpp>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 
 namespace quillmere::base {
 
-/// Milliseconds until a clock that changes every `period` seconds changes next; at least 1. A reading so far
-/// from 1970 that a double has no fractions of it waits no longer either.
-inline int millisecondsToNextMultiple(Instant now, double period)
+/// Until a clock that changes every `period` seconds changes next; at least 1 ms. Rounded up, so that a wait
+/// does not end before the change. A reading so far from 1970 that a double has no fractions of it waits no
+/// longer either.
+inline std::chrono::milliseconds millisecondsToNextMultiple(Instant now, double period)
 {
     const double periods = now.secondsSince1970() / period;
     const double left = (std::floor(periods) + 1 - periods) * period;
-    return static_cast<int>(std::ceil(std::clamp(left, 0.001, period) * 1'000));
+    return std::chrono::ceil<std::chrono::milliseconds>(
+        std::chrono::duration<double>(std::clamp(left, 0.001, period)));
 }
 
-/// Milliseconds until the clock shows the next second, 1 to 1000.
-inline int millisecondsToNextSecond(Instant now) { return millisecondsToNextMultiple(now, 1); }
+/// Until the clock shows the next second, 1 to 1000 ms.
+inline std::chrono::milliseconds millisecondsToNextSecond(Instant now)
+{
+    return millisecondsToNextMultiple(now, 1);
+}
 
-/// Milliseconds until the clock shows the next minute, 1 to 60,000.
-inline int millisecondsToNextMinute(Instant now)
+/// Until the clock shows the next minute, 1 to 60,000 ms.
+inline std::chrono::milliseconds millisecondsToNextMinute(Instant now)
 {
     constexpr double minute = 60;
     return millisecondsToNextMultiple(now, minute);

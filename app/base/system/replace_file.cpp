@@ -70,7 +70,7 @@ void replaceFile(const fs::path& file, std::string_view content)
     try {
         writeAtomically([content](const ByteSink& sink) { sink(content); }, place, moveOver);
     } catch (const std::system_error& error) {
-        // By the name that the user gave, not by that of the temporary file.
+        // The error names the path that the user gave, not the temporary file.
         throw fs::filesystem_error("write", file, error.code());
     }
 }

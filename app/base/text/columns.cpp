@@ -68,7 +68,7 @@ std::string_view withoutTrailingSpaces(std::string_view text)
     return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
-/// Adds a line; one of several characters that is still too long is a single word and is broken.
+/// Adds a line. If it is too long, it is a single word: breaks it into several lines.
 void addLine(std::vector<std::string>& lines, std::string_view line, std::size_t most)
 {
     std::string_view rest = withoutTrailingSpaces(line);

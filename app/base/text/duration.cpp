@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <span>
 
 namespace quillmere::base {
 namespace {
@@ -31,6 +32,21 @@ std::optional<std::int64_t> takeNumber(std::string_view& text)
     }
     text.remove_prefix(static_cast<std::size_t>(end - text.data()));
     return number;
+}
+
+/// Whole numbers of these units, without the units that are zero; the rest is left out.
+std::string inUnits(std::span<const Unit> chosen, double seconds)
+{
+    auto left = static_cast<std::int64_t>(std::floor(seconds));
+    std::string text;
+    for (const Unit& unit : chosen) {
+        const std::int64_t count = left / unit.seconds;
+        left -= count * unit.seconds;
+        if (count > 0) {
+            text += (text.empty() ? "" : " ") + std::to_string(count) + " " + std::string(unit.name);
+        }
+    }
+    return text;
 }
 
 bool isAcceptable(double seconds) { return seconds >= shortestDuration && seconds <= longestDuration; }
@@ -62,16 +78,14 @@ std::optional<double> durationFromText(std::string_view text)
 
 std::string durationText(double seconds)
 {
-    auto left = static_cast<std::int64_t>(std::floor(seconds));
-    std::string text;
-    for (const Unit& unit : units) {
-        const std::int64_t count = left / unit.seconds;
-        left -= count * unit.seconds;
-        if (count > 0) {
-            text += (text.empty() ? "" : " ") + std::to_string(count) + " " + std::string(unit.name);
-        }
-    }
+    const std::string text = inUnits(units, seconds);
     return text.empty() ? "0 s" : text;
+}
+
+std::string hoursText(double seconds)
+{
+    const std::string text = inUnits(std::span(units).subspan<1, 2>(), seconds);
+    return text.empty() ? "0 min" : text;
 }
 
 }  // namespace quillmere::base

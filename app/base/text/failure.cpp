@@ -19,13 +19,20 @@ std::string fileErrorText(const std::system_error& error)
     return text;
 }
 
+std::string unusableStateText(std::string_view reason)
+{
+    return std::string("The state cannot be used: ")
+        .append(reason)
+        .append(". Nothing was changed; quillmere restore lists earlier versions.");
+}
+
 std::string failureText(const std::exception& error)
 {
     if (const auto* const refused = dynamic_cast<const WorkflowError*>(&error)) {
         return refused->errorDescription();
     }
     if (dynamic_cast<const CodingError*>(&error)) {
-        return std::string("The state cannot be used: ") + error.what();
+        return unusableStateText(error.what());
     }
     if (const auto* const failed = dynamic_cast<const std::system_error*>(&error)) {
         return fileErrorText(*failed);

@@ -13,14 +13,6 @@
 namespace quillmere::base {
 namespace {
 
-std::tm localFields(Instant instant)
-{
-    const auto seconds = static_cast<std::time_t>(std::floor(instant.secondsSince1970()));
-    std::tm fields{};
-    ::localtime_r(&seconds, &fields);
-    return fields;
-}
-
 std::string formatted(Instant instant, const char* format)
 {
     const std::tm fields = localFields(instant);
@@ -86,8 +78,15 @@ std::optional<Instant> nextTimeOfDay(const std::tm& fields, Instant now)
 
 }  // namespace
 
-// The C library pads a year before 1000 only when it is told to.
+std::tm localFields(Instant instant)
+{
+    const auto seconds = static_cast<std::time_t>(std::floor(instant.secondsSince1970()));
+    std::tm fields{};
+    ::localtime_r(&seconds, &fields);
+    return fields;
+}
 
+// The C library pads a year before 1000 only when it is told to.
 std::string localDayText(Instant instant) { return formatted(instant, "%04Y-%m-%d"); }
 
 std::string localText(Instant instant) { return formatted(instant, "%04Y-%m-%d %H:%M"); }

@@ -3,11 +3,15 @@
 
 #include <quillmere/records/instant.hpp>
 
+#include <ctime>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace quillmere::base {
+
+/// The local date and time, to the second.
+std::tm localFields(Instant instant);
 
 /// "2026-11-15".
 std::string localDayText(Instant instant);

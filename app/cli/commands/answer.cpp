@@ -2,6 +2,7 @@
 #include "cli/commands/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/text_options.hpp"
+#include "work/done_text.hpp"
 
 #include <charconv>
 #include <memory>
@@ -33,7 +34,7 @@ void addAnswer(CLI::App& line, Program& program)
     const auto name = std::make_shared<std::string>();
     const auto answer = std::make_shared<std::string>();
     CLI::App* const command = addCommand(line, program, "answer", "Answer a question", [=, &program] {
-        program.change("Answered.", [&](QuillmereState& state, Instant now) {
+        program.change(work::done::questionAnswered, [&](QuillmereState& state, Instant now) {
             WorkflowEngine().answerQuestion(state, questionNamed(*name, state), *answer, now);
         });
     });

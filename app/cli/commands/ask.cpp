@@ -1,6 +1,7 @@
 // Raises a question for the person, on behalf of an agent.
 #include "cli/commands/commands.hpp"
 #include "cli/text_options.hpp"
+#include "work/done_text.hpp"
 #include "work/fields/answers.hpp"
 #include "work/fields/unacceptable.hpp"
 
@@ -30,10 +31,9 @@ void addAsk(CLI::App& line, Program& program)
     const auto question = std::make_shared<std::string>();
     addCommand(line, program, "ask", "Raise a question",
                [question, &program] {
-                   program.change("The question waits for an answer.",
-                                  [&](QuillmereState& state, Instant now) {
-                                      WorkflowEngine().addQuestion(state, *question, now);
-                                  });
+                   program.change(work::done::questionAsked, [&](QuillmereState& state, Instant now) {
+                       WorkflowEngine().addQuestion(state, *question, now);
+                   });
                })
         ->add_option(std::string(work::questionPrompt.name), *question,
                      std::string(work::questionPrompt.question))

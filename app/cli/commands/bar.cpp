@@ -91,10 +91,10 @@ void addBar(CLI::App& line, Program& program)
                 showBar(*command, program);
             }
         });
-    app->add_option("--format", command->format, "For which bar")
+    app->add_option("--format", command->format, "The format of the bar")
         ->type_name("{" + barFormatNames(",") + "}")
         ->check(barFormatName());
-    app->add_option("--width", command->width, "How many columns at most")
+    app->add_option("--width", command->width, "The limit of the line in columns")
         ->transform(wholeNumber())
         ->check(widthOfABar())
         ->capture_default_str();

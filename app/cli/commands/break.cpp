@@ -4,6 +4,7 @@
 #include "cli/exit_code.hpp"
 #include "cli/text_options.hpp"
 #include "work/break_extension.hpp"
+#include "work/done_text.hpp"
 
 #include <CLI/CLI.hpp>
 
@@ -15,12 +16,11 @@ namespace {
 void extendBreak(const std::string& text, Program& program)
 {
     const std::optional<double> by = base::durationFromText(text);
-    program.change("The break is longer now.", [&](QuillmereState& state, Instant now) {
+    program.change(work::done::breakExtended, [&](QuillmereState& state, Instant now) {
         // First the engine, with any duration: its refusal is reported before an error of the command line.
         work::extendBreak(state, by.value_or(base::shortestDuration), now);
         if (!by) {
-            throw ProgramError(ExitCode::usage,
-                               "The duration must be from 1 second to 366 days, such as 5m or 90s.");
+            throw ProgramError(ExitCode::usage, "Give a " + std::string(base::acceptedDurations) + ".");
         }
     });
 }
@@ -37,11 +37,11 @@ void addBreak(CLI::App& line, Program& program)
         ->required()
         ->check(wellFormedText());
     addCommand(*group, program, "end", "End the break", [&program] {
-        program.change("The break has ended.",
+        program.change(work::done::breakEnded,
                        [](QuillmereState& state, Instant now) { WorkflowEngine().endBreak(state, now); });
     });
     addCommand(*group, program, "skip", "Go on without a break", [&program] {
-        program.change("The break is skipped.",
+        program.change(work::done::breakSkipped,
                        [](QuillmereState& state, Instant now) { WorkflowEngine().skipBreak(state, now); });
     });
 }

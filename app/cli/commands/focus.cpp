@@ -2,6 +2,10 @@
 #include "cli/commands/commands.hpp"
 #include "cli/prompt.hpp"
 #include "cli/text_options.hpp"
+#include "work/done_text.hpp"
+#include "work/next_plan.hpp"
+
+#include <quillmere/engine/transition.hpp>
 
 #include <memory>
 
@@ -15,7 +19,7 @@ std::optional<SessionPlan> chosenPlan(const PlanOptions& options, const Quillmer
     if (!options.anyGiven()) {
         return std::nullopt;
     }
-    SessionPlan plan = state.plannedNextSession.value_or(SessionPlan::blank(Identifier::random()));
+    SessionPlan plan = work::nextPlan(state);
     options.applyTo(plan, state.currentBlock, now);
     return plan;
 }
@@ -23,7 +27,7 @@ std::optional<SessionPlan> chosenPlan(const PlanOptions& options, const Quillmer
 /// Whether only a plan is missing for a session to start.
 bool needsPlan(const QuillmereState& state)
 {
-    return state.workflowState == WorkflowState::sessionPlanning && !state.plannedNextSession;
+    return isPossible(Step::startFocus, state) && !state.plannedNextSession;
 }
 
 void focus(PlanOptions& options, Program& program)
@@ -33,7 +37,7 @@ void focus(PlanOptions& options, Program& program)
         options.askForMissing(
             [&](const work::Prompt& prompt) { return ask(environment, work::promptText(prompt)); });
     }
-    program.change("Focus.", [&](QuillmereState& state, Instant now) {
+    program.change(work::done::focusStarted, [&](QuillmereState& state, Instant now) {
         WorkflowEngine().startFocus(state, chosenPlan(options, state, now), now);
         options.requireOutcome(state.currentBlock);
     });
@@ -45,7 +49,7 @@ void addFocus(CLI::App& line, Program& program)
 {
     const auto options = std::make_shared<PlanOptions>();
     CLI::App* const command =
-        addCommand(line, program, "focus", "Start a focus session, by the saved plan or a new one",
+        addCommand(line, program, "focus", "Start a focus session, with the saved plan or a new one",
                    [options, &program] { focus(*options, program); });
     options->addTo(*command);
 }

@@ -1,5 +1,6 @@
 // Lists the finished blocks.
 #include "base/record_json.hpp"
+#include "base/text/count.hpp"
 #include "base/text/duration.hpp"
 #include "base/text/local_time.hpp"
 #include "base/text/sanitize.hpp"
@@ -46,8 +47,8 @@ double focusSeconds(const Block& block)
 void printBlock(std::ostream& out, const Block& block)
 {
     out << base::localText(block.completedAt.value_or(block.createdAt)) << "  " << block.sessions.size()
-        << " of " << block.cycleCount << " sessions, " << base::durationText(focusSeconds(block))
-        << " of focus\n";
+        << " of " << base::countText(block.cycleCount, "session") << ", "
+        << base::durationText(focusSeconds(block)) << " of focus\n";
     for (const Outcome& outcome : block.outcomes) {
         printField(out, "  Outcome", outcome.title);
     }
@@ -97,7 +98,7 @@ void addHistory(CLI::App& line, Program& program)
     const auto limit = std::make_shared<std::size_t>(usualLimit);
     addCommand(line, program, "history", "List the finished blocks, the newest first",
                [limit, &program] { showHistory(*limit, program); })
-        ->add_option("--limit", *limit, "How many at most")
+        ->add_option("--limit", *limit, "The limit of listed blocks")
         ->transform(wholeNumber())
         ->check(limitOfBlocks())
         ->capture_default_str();

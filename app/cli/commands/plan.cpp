@@ -3,6 +3,7 @@
 #include "cli/exit_code.hpp"
 #include "cli/prompt.hpp"
 #include "cli/text_options.hpp"
+#include "work/done_text.hpp"
 #include "work/fields/answers.hpp"
 
 #include <memory>
@@ -92,7 +93,7 @@ void plan(PlanCommand& command, Program& program)
             askForMissing(command, program.environment(), program.workspace().now());
         }
     }
-    program.change(command.start ? "The block has begun." : "The block is scheduled.", operationOf(command));
+    program.change(command.start ? work::done::blockBegun : work::done::blockScheduled, operationOf(command));
 }
 
 }  // namespace

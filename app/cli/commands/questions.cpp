@@ -56,7 +56,7 @@ void addQuestions(CLI::App& line, Program& program)
     const auto all = std::make_shared<bool>(false);
     addCommand(line, program, "questions", "List the open questions", [all, &program] {
         showQuestions(*all, program);
-    })->add_flag("--all", *all, "Answered ones too");
+    })->add_flag("--all", *all, "List answered questions too");
 }
 
 }  // namespace quillmere::cli

@@ -2,6 +2,9 @@
 #include "cli/commands/commands.hpp"
 #include "cli/prompt.hpp"
 #include "cli/text_options.hpp"
+#include "work/done_text.hpp"
+
+#include <quillmere/engine/transition.hpp>
 
 #include <memory>
 
@@ -14,11 +17,11 @@ void reflect(ReflectionOptions& options, Program& program)
 {
     base::Environment& environment = program.environment();
     if (environment.inputIsTerminal &&
-        program.workspace().look().state.workflowState == WorkflowState::blockReview) {
+        isPossible(Step::completeBlockReview, program.workspace().look().state)) {
         options.askForMissing(
             [&](const work::Prompt& prompt) { return ask(environment, work::promptText(prompt)); });
     }
-    program.change("The block is finished.", [&](QuillmereState& state, Instant now) {
+    program.change(work::done::blockFinished, [&](QuillmereState& state, Instant now) {
         BlockReview reflection{};
         options.applyTo(reflection, now);
         WorkflowEngine().completeBlockReview(state, std::move(reflection), now);

@@ -2,6 +2,7 @@
 #include "cli/commands/commands.hpp"
 #include "cli/prompt.hpp"
 #include "cli/text_options.hpp"
+#include "work/done_text.hpp"
 #include "work/fields/answers.hpp"
 #include "work/fields/unacceptable.hpp"
 
@@ -41,7 +42,7 @@ void askForMissing(ReviewCommand& command, const QuillmereState& state, base::En
     }
     command.options.askForMissing(askFor);
     const Block& block = *state.currentBlock;
-    if (!command.nextPlan.anyGiven() && std::ssize(block.sessions) < block.cycleCount) {
+    if (!command.nextPlan.anyGiven() && block.hasCyclesLeft()) {
         environment.err << "The next session.\n";
         command.nextPlan.askForMissing(askFor);
     }
@@ -93,7 +94,7 @@ void review(ReviewCommand& command, Program& program)
             askForMissing(command, program.workspace().look().state, environment);
         }
     }
-    program.change("The review is saved.", operationOf(command));
+    program.change(work::done::reviewSaved, operationOf(command));
 }
 
 }  // namespace

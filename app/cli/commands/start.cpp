@@ -1,12 +1,13 @@
 // Begins a scheduled block now.
 #include "cli/commands/commands.hpp"
+#include "work/done_text.hpp"
 
 namespace quillmere::cli {
 
 void addStart(CLI::App& line, Program& program)
 {
     addCommand(line, program, "start", "Begin the scheduled block now", [&program] {
-        program.change("The block has begun.", [](QuillmereState& state, Instant now) {
+        program.change(work::done::blockBegun, [](QuillmereState& state, Instant now) {
             WorkflowEngine().startScheduledBlockNow(state, now);
         });
     });

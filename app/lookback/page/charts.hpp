@@ -25,7 +25,7 @@ std::string ratingChart(const std::vector<figures::Period>& row, figures::Unit u
 /// Completions by rating, one bar for each from 1 to 5.
 std::string byRatingChart(const figures::ByRating& byRating, const std::string& label);
 
-/// `count` weeks of a heat map from the index `first` on: days as squares, a column a week.
+/// `count` weeks of a heat map from the index `first` on: days as squares, one column for each week.
 std::string heatChart(const figures::LookBack& look, const figures::HeatMap& map, std::size_t first,
                       std::size_t count, const std::string& label);
 

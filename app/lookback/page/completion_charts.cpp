@@ -1,3 +1,4 @@
+#include "base/text/count.hpp"
 #include "lookback/page/charts.hpp"
 #include "lookback/page/drawing.hpp"
 #include "lookback/page/plot.hpp"
@@ -63,7 +64,7 @@ std::string byRatingChart(const figures::ByRating& byRating, const std::string& 
                 markup +=
                     rectangle({left + start, y, part, barHeight}, colourClass, completionsText(completions));
             });
-        markup += caption(right + 8, textY, "start", countText(figures::total(completions), "session"));
+        markup += caption(right + 8, textY, "start", base::countText(figures::total(completions), "session"));
     }
     return drawing(chartWidth, rowHeight * static_cast<double>(byRating.size()), label, markup);
 }

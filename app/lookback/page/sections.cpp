@@ -1,5 +1,6 @@
 #include "lookback/page/sections.hpp"
 
+#include "base/text/count.hpp"
 #include "base/text/local_time.hpp"
 #include "lookback/day_text.hpp"
 #include "lookback/page/charts.hpp"
@@ -170,7 +171,8 @@ std::string keyFigures(const figures::LookBack& look)
     const auto days = [](const std::optional<figures::Streak>& streak) { return streak ? streak->days : 0; };
     return element("dl", {{"class", "figures"}},
                    figureOf("Focus", focusText(all.focusSeconds),
-                            countText(all.sessions, "session") + " on " + countText(look.focusDays, "day")) +
+                            base::countText(all.sessions, "session") + " on " +
+                                base::countText(look.focusDays, "day")) +
                        figureOf("Days in a row", std::to_string(days(look.currentStreak)),
                                 "longest: " + std::to_string(days(look.longestStreak))) +
                        figureOf("Completed", shareText(yes, reviewed), completionsText(all.completions)) +

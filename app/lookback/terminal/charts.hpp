@@ -8,7 +8,7 @@
 
 namespace quillmere::lookback {
 
-/// The days of the last year, a column a week.
+/// The days of the last year, one column for each week.
 std::string heatMapLines(const figures::LookBack& look, const TerminalPage& page);
 
 /// Focus day by day, week by week and month by month.

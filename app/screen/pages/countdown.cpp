@@ -30,7 +30,7 @@ std::string barOf(double share, std::size_t columns)
     return repeated("█", filled) + repeated("░", columns - filled);
 }
 
-/// A dot a session of the block: filled when it has begun.
+/// One dot for each session of the block, filled when the session has begun.
 std::string dotsOfSessions(const work::SessionView& session)
 {
     std::string dots;
@@ -53,7 +53,7 @@ void writePlan(Flow& flow, const work::SituationView& view, bool isFull)
         flow.field("View", view.plan->nicuFraming, most);
         flow.field("Towards", view.outcomeServed, most);
         flow.field("Energy", std::to_string(view.plan->energy) + " of 5");
-        flow.field("Mood", std::to_string(view.plan->morale) + " of 5");
+        flow.field("Morale", std::to_string(view.plan->morale) + " of 5");
     }
 }
 

@@ -1,4 +1,5 @@
 // The page while nothing runs: the scheduled block and the finished blocks.
+#include "base/text/count.hpp"
 #include "base/text/duration.hpp"
 #include "base/text/local_time.hpp"
 #include "screen/canvas/flow.hpp"
@@ -37,7 +38,7 @@ void writeSchedule(Flow& flow, const Block& block, const work::ScheduleView& sch
                   base::localTextSeenFrom(now, schedule.end) +
                   (wait > 0 ? ", " + waitText(wait) : std::string()),
               {.bold = true}, indent);
-    flow.line(std::to_string(block.cycleCount) + " sessions of " +
+    flow.line(base::countText(block.cycleCount, "session") + " of " +
                   base::durationText(block.focusDurationSeconds) + ", breaks of " +
                   base::durationText(block.breakDurationSeconds),
               {}, indent);
@@ -48,8 +49,8 @@ void writeSchedule(Flow& flow, const Block& block, const work::ScheduleView& sch
 void writeFinished(Flow& flow, const Block& block, Instant now, bool isFull)
 {
     flow.line(base::localTextSeenFrom(now, block.completedAt.value_or(block.createdAt)) + ", " +
-                  std::to_string(block.sessions.size()) + " of " + std::to_string(block.cycleCount) +
-                  " sessions",
+                  std::to_string(block.sessions.size()) + " of " +
+                  base::countText(block.cycleCount, "session"),
               {.bold = true}, indent);
     writeOutcomes(flow, block);
     if (isFull && block.reflection && !block.reflection->lessons.empty()) {

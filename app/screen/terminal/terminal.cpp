@@ -146,9 +146,10 @@ Terminal::Terminal() : charset_(takeOverLocale()), keyReader_(charset_)
         screen_.reset(::newterm(nullptr, stdout, stdin));
     }
     if (!screen_) {
-        throw base::Refusal(base::Refusal::Kind::invalidRequest,
-                            "This terminal cannot show a screen: TERM says nothing of moving a cursor. The "
-                            "commands work all the same (quillmere --help).");
+        throw base::Refusal(
+            base::Refusal::Kind::invalidRequest,
+            "This terminal cannot show the live screen: by its type (TERM) it cannot move the cursor. The "
+            "commands work all the same (quillmere --help).");
     }
     constexpr int escapeMilliseconds = 50;
     ::set_escdelay(escapeMilliseconds);

@@ -33,7 +33,7 @@ std::string durationAsTyped(double seconds)
     return text;
 }
 
-// One overload a type of member.
+// One overload for each type of member.
 
 FieldValue valueOf(const std::string& text) { return text; }
 FieldValue valueOf(double seconds) { return durationAsTyped(seconds); }
@@ -53,7 +53,7 @@ FieldValue valueOf(const std::vector<Outcome>& outcomes)
     return items;
 }
 
-/// An answer with all that reading it depends on.
+/// An answer, and the values that its reading depends on.
 struct Reading {
     Answer answer;
     const Prompt& prompt;
@@ -77,7 +77,7 @@ void set(std::optional<Identifier>& member, const Reading& reading)
 {
     member = Identifier::fromText(reading.answer.text);
 }
-/// Lists are no texts; setFrom handles them.
+/// A list is not set from a text; setFrom handles it.
 void set(std::vector<Outcome>&, const Reading&) {}
 
 }  // namespace
@@ -88,7 +88,7 @@ double durationFrom(const Answer& answer)
     if (!seconds) {
         throw Unacceptable(
             answer.field,
-            inQuotes(answer.text) + " is no duration from 1 second to 366 days, such as 25m or 1h30m.");
+            inQuotes(answer.text).append(" is no ").append(base::acceptedDurations).append("."));
     }
     return *seconds;
 }
@@ -132,14 +132,14 @@ void requireToCome(const std::string& field, Instant start, Instant now)
 {
     if (start < now) {
         throw Unacceptable(field, "The time to begin, " + base::localText(start) +
-                                      ", has passed; name a time to come, or begin now.");
+                                      ", has passed; name a later time, or begin now.");
     }
 }
 
 void requireQuestion(const std::string& field, std::string_view text)
 {
     if (text.find_first_not_of(" \t\n\v\f\r") == std::string_view::npos) {
-        throw Unacceptable(field, "A question has a text.");
+        throw Unacceptable(field, "A question needs a text.");
     }
 }
 

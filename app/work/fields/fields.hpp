@@ -1,5 +1,5 @@
-// The fields that a person fills in: one table a record. The options of the commands, their prompts and the
-// forms all follow from these tables.
+// The fields that a person fills in: one table for each record. The options of the commands, their prompts
+// and the forms all follow from these tables.
 #pragma once
 
 #include "base/text/duration.hpp"
@@ -60,7 +60,7 @@ inline constexpr auto plan = std::to_array<RecordField<SessionPlan>>({
     {{"framing",      "How will you look at it?",                    text}, &SessionPlan::nicuFraming},
     {{"towards",      "Which outcome of the block does it serve?",   choice, {}, "(its number)"}, &SessionPlan::blockOutcomeID},
     {{"energy",       "How much energy is there?",                   choice, ratingLimits, "1 to 5"}, &SessionPlan::energy},
-    {{"morale",       "How is the mood?",                            choice, ratingLimits, "1 to 5"}, &SessionPlan::morale},
+    {{"morale",       "How is the morale?",                          choice, ratingLimits, "1 to 5"}, &SessionPlan::morale},
 });
 
 inline constexpr auto review = std::to_array<RecordField<SessionReview>>({

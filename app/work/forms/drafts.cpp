@@ -18,10 +18,10 @@ using Json = nlohmann::json;
 constexpr std::string_view namesBegin = "draft-";
 constexpr double longestKept = 30 * 86'400;  // seconds
 
-// An object with one member a changed field; its value has these members.
+// An object with one member for each changed field; the value of a member has these members.
 constexpr const char* beginningName = "began";
 constexpr const char* valueName = "value";
-// Of the items of a list.
+// The members of an item of a list.
 constexpr const char* keyName = "key";
 constexpr const char* textName = "text";
 

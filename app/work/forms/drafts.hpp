@@ -10,9 +10,9 @@
 
 namespace quillmere::work {
 
-/// One small JSON file a form, replaced as a whole with every change, so that nothing typed is lost when the
-/// program ends. The directory is made with the first draft, readable by its owner only. Without a directory
-/// nothing is kept.
+/// One small JSON file for each form, replaced as a whole with every change, so that nothing typed is lost
+/// when the program ends. The directory is made with the first draft, readable by its owner only. Without a
+/// directory nothing is kept.
 class Drafts {
 public:
     explicit Drafts(std::filesystem::path directory) : directory_(std::move(directory)) {}

@@ -1,5 +1,6 @@
 // The form of a session plan.
 #include "work/forms/record_forms.hpp"
+#include "work/next_plan.hpp"
 
 #include <quillmere/engine/workflow_engine.hpp>
 
@@ -54,14 +55,12 @@ void addPlanFields(Form& form, const QuillmereState& state, Instant)
         form.setReminder("Session " + std::to_string(block->sessions.size() + 1) + " of " +
                          std::to_string(block->cycleCount));
     }
-    addPlan(form, "", state.plannedNextSession.value_or(SessionPlan::blank(Identifier::random())),
-            state.currentBlock);
+    addPlan(form, "", nextPlan(state), state.currentBlock);
 }
 
 void savePlan(const Form& form, QuillmereState& state, Instant now)
 {
-    const SessionPlan before = state.plannedNextSession.value_or(SessionPlan::blank(Identifier::random()));
-    WorkflowEngine().startFocus(state, planFrom(form, "", before, now), now);
+    WorkflowEngine().startFocus(state, planFrom(form, "", nextPlan(state), now), now);
 }
 
 }  // namespace quillmere::work

@@ -1,4 +1,4 @@
-// One form a record, for forms.cpp.
+// One form for each record, used by forms.cpp.
 #pragma once
 
 #include "work/fields/answers.hpp"

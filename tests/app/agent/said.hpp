@@ -13,8 +13,8 @@ namespace quillmere::test {
 
 using Json = base::SortedJson;
 
-/// One conversation in a file of its own, named after the test that has it: a line a message, "> " before the
-/// client's, "< " before the server's. Check it with check_said.py.
+/// One conversation in a file of its own, named after the test that has it: one line for each message, "> "
+/// before the client's, "< " before the server's. Check it with check_said.py.
 class Transcript {
 public:
     Transcript();
@@ -36,7 +36,7 @@ private:
 /// Keeps a summary for the validator.
 void keepSummary(const std::string& name, const std::string& summary);
 
-/// A request; `params` of the stateless version say so themselves.
+/// A request; `stateless` adds the version to its params.
 Json request(const Json& id, const std::string& method, const Json& params = Json::object());
 Json stateless(Json params = Json::object());
 Json toolCall(const std::string& name, const Json& arguments);

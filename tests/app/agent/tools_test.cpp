@@ -296,7 +296,7 @@ TEST_F(Tools, waitForAStateThatSomebodyWritesInPlace)
     EXPECT_EQ(timeOf(wait(steady + milliseconds(900))), steady + milliseconds(1150));
     writeText(person.store().stateURL(), state);
     EXPECT_EQ(timeOf(wait(steady + seconds(1))), steady + seconds(45));
-    // The second begins anew here.
+    // The second call starts the watch again here.
     writeText(person.store().stateURL(), "{");
     EXPECT_EQ(timeOf(wait(steady + seconds(2))), steady + milliseconds(2250));
     EXPECT_NE(resultOf(wait(steady + seconds(3))).value().refusal, "");

@@ -130,7 +130,7 @@ TEST(BarText, ofI3blocksIsThreeLinesFromARunThatEnds)
 
 TEST(BarText, ofI3blocksHasNoLineLongerThanItsBuffer)
 {
-    // i3blocks 1.5: a buffer of 1,024 bytes a line.
+    // i3blocks 1.5: a buffer of 1,024 bytes for each line.
     for (const std::string& text : hostileTexts) {
         for (const BarPace pace : {BarPace::once, BarPace::following}) {
             const BarContent content = barContent(summaryWith(text), moment + 600, 1'000);

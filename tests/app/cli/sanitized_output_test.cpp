@@ -26,7 +26,7 @@ testing::AssertionResult isSanitized(const std::string& text)
     return testing::AssertionSuccess();
 }
 
-/// A state whose texts are all nasty.
+/// A state with control sequences in every text.
 QuillmereState nastyState(WorkflowState workflowState)
 {
     QuillmereState state = stateIn(workflowState);

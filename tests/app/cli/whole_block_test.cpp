@@ -35,7 +35,7 @@ const std::vector<Typed>& wholeBlock()
         {600, {"pause"}, "Paused.", focusing},
         {90, {"ask", "Shall I roll back?"}, "The question waits for an answer.", focusing},
         {30, {"answer", "1", "Yes"}, "Answered.", focusing},
-        {60, {"resume"}, "Going on.", focusing},
+        {60, {"resume"}, "Focus goes on.", focusing},
         {300, {"end"}, "The focus session has ended.", sessionReview},
         {20,
          {"review",

@@ -168,7 +168,8 @@ TEST(CalendarLine, endsForBytesThatAreNoText)
     EXPECT_EQ(calendarLine("A", std::string(300, '\xBF')).size(), 302u + 2 + 4 * 3);
 }
 
-/// How a program of others ends that reads the calendar: the script has its events, and `expected` as `text`.
+/// Runs a script that reads the calendar with another program's library and returns how it ended. The script
+/// has the events, and `expected` as `text`.
 ProcessEnding readByAnotherProgram(const std::string& calendar, const std::string& expected,
                                    const std::string& script)
 {

@@ -113,7 +113,7 @@ void ignoreSignalAndLeaveFileOpen()
 {
     ::signal(SIGPIPE, SIG_IGN);
     const int file = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
-    // Never in the place of a standard channel that is closed.
+    // The file must not get the number of a closed standard channel.
     ::fcntl(file, F_DUPFD, STDERR_FILENO + 1);
     ::close(file);
 }

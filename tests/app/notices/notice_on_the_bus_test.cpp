@@ -66,7 +66,7 @@ TEST_F(NoticeOnTheBus, comesOnceWhenTwoWatchesRunAndATickRecordsTheEvent)
     person.has(focusOver(1));
     EXPECT_EQ(runProgram({"--directory", person.directory().string(), "tick"}).code, 0);
     EXPECT_TRUE(eventually([&] { return seen("one") == "focus_ended\n" && seen("two") == "focus_ended\n"; }));
-    // Before the next event, after which this one stands no more.
+    // Waits for the delivery first: after the next event this one no longer stands.
     EXPECT_TRUE(eventually([&] { return hasNotices(1); }));
     person.has(breakOver(1));
     EXPECT_EQ(runProgram({"--directory", person.directory().string(), "tick"}).code, 0);

@@ -311,13 +311,13 @@ TEST_F(LiveScreen, refusesToOpenWithoutATerminal)
 {
     const TerminalWindow window(person, {{"TERM", "dumb"}});
     window.runs("clear; $Q ui; echo ended $?");
-    EXPECT_TRUE(window.shows("This terminal cannot show a screen"));
+    EXPECT_TRUE(window.shows("This terminal cannot show the live screen"));
     EXPECT_TRUE(window.shows("ended 2"));
     window.runs("$Q");
     EXPECT_TRUE(window.shows("Next: plan"));
     const ProcessEnding ending = runProgram({"--directory", person.directory().string(), "ui"});
     EXPECT_EQ(ending.code, 2);
-    EXPECT_EQ(ending.err, "The screen takes a terminal; see quillmere status.\n");
+    EXPECT_EQ(ending.err, "The live screen needs a terminal. quillmere status works without one.\n");
 }
 
 TEST_F(LiveScreen, neverOpensForPrograms)

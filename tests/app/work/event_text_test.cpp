@@ -32,6 +32,12 @@ TEST(EventText, hasANameForProgramsAHeadingAndASentence)
     }
 }
 
+TEST(EventText, countsQuestionsThatWait)
+{
+    EXPECT_EQ(work::waitingQuestionsText(1), "A question waits");
+    EXPECT_EQ(work::waitingQuestionsText(2), "2 questions wait");
+}
+
 TEST(EventText, isTheSameForAnEventThatWasRecorded)
 {
     using Recorded = workspace::Event;

@@ -134,7 +134,7 @@ TEST_F(PresenterOfAPerson, reportsAFormThatIsClosedWhileItIsFilledIn)
     presenter->refresh();
     EXPECT_EQ(presenter->takeClosedForms(), std::vector<FormSubject>{subject});
     EXPECT_TRUE(presenter->takeClosedForms().empty());
-    EXPECT_EQ(presenter->message(), "The work was moved on elsewhere. What you wrote is kept.");
+    EXPECT_EQ(presenter->message(), "Another program has moved the work on. What you wrote is kept.");
 }
 
 TEST_F(PresenterOfAPerson, reportsNoFormThatWasNotFilledIn)
@@ -178,7 +178,7 @@ TEST_F(PresenterOfAPerson, closesAnAnswerThatWasGivenElsewhere)
     ASSERT_EQ(person.types({"answer", "1", "The other"}).code, ExitCode::done);
     presenter->refresh();
     EXPECT_FALSE(presenter->questionForm());
-    EXPECT_TRUE(presenter->message().ends_with("This question was answered elsewhere."));
+    EXPECT_TRUE(presenter->message().ends_with("Another program has answered this question."));
 }
 
 TEST_F(PresenterOfAPerson, tellsOfAnEventOnce)

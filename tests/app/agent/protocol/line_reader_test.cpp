@@ -1,4 +1,4 @@
-// Lines out of pieces of any size.
+// Pieces of any size are split into lines.
 #include "agent/protocol/line_reader.hpp"
 
 #include <gtest/gtest.h>

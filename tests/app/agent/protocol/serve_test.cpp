@@ -1,7 +1,6 @@
-// How far the loop works ahead for a client that sends much.
+// How many requests the loop handles before the client reads the answers.
 #include "agent/protocol/serve.hpp"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <unistd.h>
@@ -13,10 +12,10 @@
 #include <cstddef>
 #include <functional>
 #include <thread>
-#include <utility>
 
 #include "said.hpp"
 #include "support/eventually.hpp"
+#include "support/pipe.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -25,34 +24,6 @@ using agent::protocol::Moment;
 using agent::protocol::Server;
 using agent::protocol::Tool;
 using agent::protocol::ToolResult;
-
-class Pipe {
-public:
-    Pipe() { EXPECT_EQ(::pipe2(ends_.data(), O_CLOEXEC), 0); }
-    Pipe(const Pipe&) = delete;
-    Pipe& operator=(const Pipe&) = delete;
-    ~Pipe()
-    {
-        closeWriter();
-        ::close(ends_[0]);
-    }
-
-    int reader() const { return ends_[0]; }
-    int writer() const { return ends_[1]; }
-    void write(const std::string& bytes) const
-    {
-        EXPECT_EQ(::write(writer(), bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
-    }
-    void closeWriter()
-    {
-        if (ends_[1] != -1) {
-            ::close(std::exchange(ends_[1], -1));
-        }
-    }
-
-private:
-    std::array<int, 2> ends_{};
-};
 
 class NoChanges : public agent::protocol::Changes {
 public:

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 
-#include "pipe.hpp"
 #include "support/eventually.hpp"
+#include "support/pipe.hpp"
 
 namespace quillmere::test {
 namespace {

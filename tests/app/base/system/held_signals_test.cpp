@@ -9,7 +9,7 @@
 #include <chrono>
 #include <functional>
 
-#include "pipe.hpp"
+#include "support/pipe.hpp"
 #include "support/process.hpp"
 
 namespace quillmere::test {
@@ -24,7 +24,7 @@ bool isReadable(int descriptor)
     return base::waitFor(sources, std::chrono::seconds(0));
 }
 
-/// How a child process ends in which `work` runs.
+/// Runs `work` in a child process and returns how the process ended.
 ProcessEnding endOf(const std::function<int()>& work) { return Process({.work = work}).wait(); }
 
 TEST(HeldSignals, canBeWaitedForAndHaveNoEffect)

@@ -3,6 +3,7 @@
 #include "base/system/held_signals.hpp"
 #include "base/system/wait.hpp"
 
+#include <gtest/gtest.h>
 #include <pty.h>
 #include <termios.h>
 
@@ -10,7 +11,7 @@
 #include <climits>
 #include <sstream>
 
-#include "pipe.hpp"
+#include "support/pipe.hpp"
 
 namespace quillmere::test {
 namespace {

@@ -1,4 +1,4 @@
-// Directories that are nobody else's business.
+// Directories that only their owner can open.
 #include "base/system/private_directory.hpp"
 
 #include <gtest/gtest.h>

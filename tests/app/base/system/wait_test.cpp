@@ -7,7 +7,7 @@
 #include <csignal>
 #include <system_error>
 
-#include "pipe.hpp"
+#include "support/pipe.hpp"
 
 namespace quillmere::test {
 namespace {

@@ -2,10 +2,12 @@
 
 #include "base/system/held_signals.hpp"
 
+#include <gtest/gtest.h>
+
 #include <cerrno>
 #include <climits>
 
-#include "pipe.hpp"
+#include "support/pipe.hpp"
 
 namespace quillmere::test {
 namespace {

@@ -120,5 +120,12 @@ TEST(DurationText, leavesOutUnitsThatAreZero)
     }
 }
 
+TEST(HoursText, leavesOutSecondsAndCountsNoDays)
+{
+    EXPECT_EQ(base::hoursText(412 * 3600 + 30 * 60 + 59), "412 h 30 min");
+    EXPECT_EQ(base::hoursText(7200), "2 h");
+    EXPECT_EQ(base::hoursText(59), "0 min");
+}
+
 }  // namespace
 }  // namespace quillmere::test

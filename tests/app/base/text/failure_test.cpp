@@ -46,10 +46,11 @@ TEST(FailureText, namesTheReasonOfASystemError)
     EXPECT_EQ(failureText(filesystem_error("open", "/a", denied)), "open: Permission denied: /a");
 }
 
-TEST(FailureText, saysThatAStateCannotBeUsed)
+TEST(FailureText, saysThatAStateCannotBeUsedAndTheWayOut)
 {
     const std::string text = failureText(DecodingError("a string", "a number"));
     EXPECT_TRUE(text.starts_with("The state cannot be used: ")) << text;
+    EXPECT_TRUE(text.ends_with(". Nothing was changed; quillmere restore lists earlier versions.")) << text;
 }
 
 }  // namespace

@@ -29,7 +29,7 @@ TEST(BreakExtend, refusesAnyOtherText)
         SCOPED_TRACE(duration);
         const Ending ending = person.types({"break", "extend", duration});
         EXPECT_EQ(ending.code, ExitCode::usage);
-        EXPECT_EQ(ending.err, "The duration must be from 1 second to 366 days, such as 5m or 90s.\n");
+        EXPECT_EQ(ending.err, "Give a duration from 1 second to 366 days, such as 25m or 1h30m.\n");
     }
     EXPECT_EQ(person.types({"break", "extend"}).code, ExitCode::usage);
     EXPECT_EQ(pictureOf(person.directory()), before);

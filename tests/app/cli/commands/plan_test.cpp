@@ -203,7 +203,7 @@ TEST(Plan, refusesATimeThatHasPassed)
         const Ending ending = person.types({"plan", "--at", time});
         EXPECT_EQ(ending.code, ExitCode::usage);
         EXPECT_EQ(ending.err, "--at: The time to begin, " + std::string(time) +
-                                  ", has passed; name a time to come, or begin now.\n");
+                                  ", has passed; name a later time, or begin now.\n");
         EXPECT_EQ(person.names(), Words{});
     }
 }
@@ -224,7 +224,7 @@ TEST(Plan, keepsOutcomesAsTheyAreTyped)
 
 TEST(Plan, takesOneOutcomeAnOption)
 {
-    // The quotes were forgotten; three outcomes would be a surprise.
+    // Without quotes these are three words of one outcome, not three outcomes.
     const Person person;
     const Ending ending = person.types({"plan", "--outcome", "Write", "the", "report", "--start"});
     EXPECT_EQ(ending.code, ExitCode::usage);

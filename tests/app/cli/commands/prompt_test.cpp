@@ -56,7 +56,7 @@ TEST(PlanPrompt, takesATimeToBeginAt)
 
 TEST(PlanPrompt, asksAgainForATimeThatIsNone)
 {
-    // Seven answers must not be lost to one slip of the finger.
+    // One typing mistake must not lose seven answers.
     Person person;
     EXPECT_EQ(asked(person, {"plan", "--why", "Kept"}, "\n\n\n\n\nnoon\n+2h\n").code, ExitCode::done);
     EXPECT_EQ(person.state().currentBlock->plannedStart, moment + 7200);
@@ -134,7 +134,7 @@ TEST(FocusPrompt, asksForAPlanWhenNoneIsSaved)
     EXPECT_EQ(plan.nicuFraming, "As play");
 }
 
-TEST(FocusPrompt, startsASessionWithoutAPlanForSomebodyWhoJustPressesReturn)
+TEST(FocusPrompt, startsASessionWithABlankPlanWhenEveryAnswerIsEmpty)
 {
     Person person;
     person.has(stateIn(WorkflowState::sessionPlanning));
@@ -153,6 +153,17 @@ TEST(FocusPrompt, staysAwayWhenThereIsAPlanOrSomeOfItIsGiven)
         EXPECT_EQ(ending.code, ExitCode::done);
         EXPECT_EQ(ending.err, "");
     }
+}
+
+TEST(FocusPrompt, staysAwayWhenNoCycleIsLeft)
+{
+    Person person;
+    QuillmereState state = stateIn(WorkflowState::sessionPlanning);
+    state.currentBlock = stateIn(WorkflowState::blockReview).currentBlock;
+    person.has(state);
+    const Ending ending = asked(person, {"focus"}, "An outline\n\n\n\n");
+    EXPECT_NE(ending.code, ExitCode::done);
+    EXPECT_EQ(ending.err.find("What should"), std::string::npos) << ending.err;
 }
 
 TEST(FocusPrompt, comesWhenAScheduledBlockHasBecomeDue)

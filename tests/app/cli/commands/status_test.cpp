@@ -1,4 +1,4 @@
-// Where the work stands.
+// `quillmere status`.
 #include "program_testing.hpp"
 
 namespace quillmere::test {
@@ -9,7 +9,7 @@ struct Shown {
     const char* text;
 };
 
-// Ten minutes into whatever runs.
+// Ten minutes after the start of the session or break.
 constexpr Shown shownStates[] = {
     {WorkflowState::idle, "Idle  No active block\nNext: plan\n"},
     {WorkflowState::blockPlanning, "Planning  Plan the next session\nNext: plan\n"},
@@ -39,7 +39,7 @@ TEST(Status, showsEveryStateWithWhatMayBeDoneNext)
     }
 }
 
-/// The bar in what a status prints.
+/// The progress bar in the output of status.
 std::string barOf(const Ending& status)
 {
     const std::size_t place = status.out.find('[');

@@ -2,7 +2,7 @@
 #include "figures_testing.hpp"
 #include "lookback/page/html_page.hpp"
 
-#include "lookback/generated_year.hpp"
+#include "generated_year.hpp"
 #include "support/process.hpp"
 
 #include <chrono>
@@ -27,8 +27,8 @@ constexpr Screen screens[] = {
     {"dark small phone", 320, "dark", "rgb(23, 22, 20)"},
 };
 
-/// Measures the pages in the frames; the policy of a page allows no script in it. A line of `results` a
-/// frame.
+/// Measures the pages in the frames; the policy of a page allows no script in it. One line of
+/// `results` for each frame.
 constexpr const char* measuring = R"(<script>
 function measured(frame) {
   const page = frame.contentDocument;

@@ -4,7 +4,7 @@
 #include "figures_testing.hpp"
 #include "lookback/page/markup.hpp"
 
-#include "lookback/generated_year.hpp"
+#include "generated_year.hpp"
 #include "support/process.hpp"
 
 namespace quillmere::test {

@@ -3,7 +3,7 @@
 
 #include "base/text/columns.hpp"
 #include "figures_testing.hpp"
-#include "lookback/generated_year.hpp"
+#include "generated_year.hpp"
 #include "lookback/terminal/terminal_page.hpp"
 
 #include <algorithm>

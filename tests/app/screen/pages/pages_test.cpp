@@ -56,6 +56,15 @@ TEST(Pages, showTheirKeysInEveryWindow)
     }
 }
 
+TEST(Pages, countTheSessionsOfAScheduledBlock)
+{
+    QuillmereState state = stateWithScheduledBlock();
+    state.currentBlock->cycleCount = 1;
+    EXPECT_TRUE(shows(pictureOf(state, usualWindow), "1 session of 25 min"));
+    state.currentBlock->cycleCount = 2;
+    EXPECT_TRUE(shows(pictureOf(state, usualWindow), "2 sessions of 25 min"));
+}
+
 TEST(Pages, showTheCountdownAndThePlanInEveryWindow)
 {
     for (const Size window : windows) {

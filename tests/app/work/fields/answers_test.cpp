@@ -110,13 +110,13 @@ TEST(Answers, areLocalTimes)
               "at: \"noon\" is no local time, such as 14:30, 2026-11-15 09:00 or +1h.");
     EXPECT_EQ(refusalOf([] { requireToCome("at", moment, moment); }), "accepted");
     EXPECT_EQ(refusalOf([] { requireToCome("at", moment - 60, moment); }),
-              "at: The time to begin, 2026-11-15 14:59, has passed; name a time to come, or begin now.");
+              "at: The time to begin, 2026-11-15 14:59, has passed; name a later time, or begin now.");
 }
 
 TEST(Answers, areNoBlankQuestions)
 {
     EXPECT_EQ(refusalOf([] { requireQuestion("question", "Why?"); }), "accepted");
-    EXPECT_EQ(refusalOf([] { requireQuestion("question", " \n\t"); }), "question: A question has a text.");
+    EXPECT_EQ(refusalOf([] { requireQuestion("question", " \n\t"); }), "question: A question needs a text.");
 }
 
 TEST(Outcomes, keepTheIdentifiersOfTheirItems)

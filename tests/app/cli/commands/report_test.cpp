@@ -1,7 +1,7 @@
 // `quillmere report`: its output, and the files that it writes.
 #include "base/refusal.hpp"
 #include "figures_testing.hpp"
-#include "lookback/generated_year.hpp"
+#include "generated_year.hpp"
 #include "support/file_system.hpp"
 
 #include <algorithm>

@@ -1,7 +1,5 @@
-// A pipe to test with.
+// A pipe whose ends are both in this process.
 #pragma once
-
-#include "base/system/descriptor.hpp"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -9,6 +7,9 @@
 
 #include <array>
 #include <string>
+#include <string_view>
+
+#include "support/descriptor.hpp"
 
 namespace quillmere::test {
 
@@ -18,17 +19,24 @@ public:
     {
         std::array<int, 2> ends{};
         EXPECT_EQ(::pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK), 0);
-        reader_ = base::Descriptor(ends[0]);
-        writer_ = base::Descriptor(ends[1]);
+        reader_ = Descriptor(ends[0]);
+        writer_ = Descriptor(ends[1]);
         ::fcntl(ends[1], F_SETFL, 0);
     }
 
+    /// In non-blocking mode.
     int reader() const { return reader_.get(); }
     /// In blocking mode.
     int writer() const { return writer_.get(); }
 
-    void closeReader() { reader_ = base::Descriptor(); }
-    void closeWriter() { writer_ = base::Descriptor(); }
+    void closeReader() { reader_.close(); }
+    void closeWriter() { writer_.close(); }
+
+    /// Waits while there is no room.
+    void write(std::string_view bytes) const
+    {
+        EXPECT_EQ(::write(writer(), bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+    }
 
     /// Writes until there is no room for a byte.
     void fill() const
@@ -51,8 +59,8 @@ public:
     }
 
 private:
-    base::Descriptor reader_;
-    base::Descriptor writer_;
+    Descriptor reader_;
+    Descriptor writer_;
 };
 
 }  // namespace quillmere::test

@@ -1,0 +1,28 @@
+// What a person is told after a step; every surface says the same.
+#pragma once
+
+#include <string_view>
+
+namespace quillmere::work::done {
+
+inline constexpr std::string_view blockBegun = "The block has begun.";
+inline constexpr std::string_view blockScheduled = "The block is scheduled.";
+inline constexpr std::string_view scheduleEdited = "The block is back in planning.";
+inline constexpr std::string_view scheduleCancelled = "The scheduled block is discarded.";
+inline constexpr std::string_view blockFinished = "The block is finished.";
+
+inline constexpr std::string_view focusStarted = "Focus.";
+inline constexpr std::string_view focusPaused = "Paused.";
+inline constexpr std::string_view focusResumed = "Focus goes on.";
+inline constexpr std::string_view focusEnded = "The focus session has ended.";
+inline constexpr std::string_view reviewSaved = "The review is saved.";
+
+inline constexpr std::string_view breakExtended = "The break is longer now.";
+inline constexpr std::string_view breakExtendedAndOver = "The break is longer now, and still over.";
+inline constexpr std::string_view breakEnded = "The break has ended.";
+inline constexpr std::string_view breakSkipped = "The break is skipped.";
+
+inline constexpr std::string_view questionAsked = "The question waits for an answer.";
+inline constexpr std::string_view questionAnswered = "Answered.";
+
+}  // namespace quillmere::work::done
