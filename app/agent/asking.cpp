@@ -40,8 +40,9 @@ base::SortedJson asked(const workspace::Workspace& workspace, const std::string&
         id = state.agentQuestions.back().id;
     };
     try {
-        const workspace::Situation situation = workspace.change([](const std::vector<workspace::Event>&) {},
-                                                                add, {.patience = 0s, .keeping = workspace::Keeping::no});
+        const workspace::Situation situation =
+            workspace.change([](const std::vector<workspace::Event>&) {}, add,
+                             {.patience = 0s, .keeping = workspace::Keeping::no});
         return {{"id", id->text()}, {"interruptible", situation.state.interruptible()}};
     } catch (const base::Refusal& error) {
         // The state is saved before the summaries, so the question may be saved although the change failed.
