@@ -3,6 +3,8 @@
 
 #include <quillmere/engine/workflow_engine.hpp>
 
+#include <algorithm>
+
 #include "program_testing.hpp"
 
 namespace quillmere::test {
@@ -126,6 +128,31 @@ TEST(OpenWorkspace, keepsTheFilesWhenTheEngineRefuses)
         WorkflowError);
     EXPECT_EQ(pictureOf(person.directory()), before);
     EXPECT_TRUE(open.refresh().empty());
+}
+
+/// The number of compressed versions.
+std::ptrdiff_t compressedVersions(const Workspace& workspace)
+{
+    const std::vector<workspace::Version> versions = workspace.versions().list();
+    return std::count_if(versions.begin(), versions.end(),
+                         [](const workspace::Version& version) { return version.isCompressed; });
+}
+
+TEST(OpenWorkspace, compressesOneVersionAfterEachSaveOfAnyProgram)
+{
+    Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    const Workspace workspace = Workspace::in(
+        person.directory(), [&person] { return person.now; }, person.stateHome());
+    OpenWorkspace open(workspace);
+    for (int time = 0; time < 5; ++time) {
+        person.typesLater(10, {time % 2 == 0 ? "pause" : "resume"});
+        EXPECT_EQ(compressedVersions(workspace), time == 4 ? 1 : 0);
+        open.refresh();
+        open.compressVersion();
+        open.compressVersion();
+        EXPECT_EQ(compressedVersions(workspace), time < 3 ? 0 : time - 2);
+    }
 }
 
 }  // namespace

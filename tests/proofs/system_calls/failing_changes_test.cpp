@@ -1,5 +1,6 @@
 // Changes by the real program that fail or run out of room: what they keep, and what they say.
 #include <gtest/gtest.h>
+#include <quillmere/store/state_store.hpp>
 
 #include <algorithm>
 #include <map>
