@@ -65,7 +65,8 @@ public:
     /// A durable `replaceItem`: syncs the temporary file (fsync(2)), renames it and syncs the directory, so
     /// that after a power cut the file is the complete old or the complete new one. A failure before the
     /// rename leaves the old file in place. When the sync of the directory fails, an error is thrown although
-    /// the new file is in place: readers see it, but after a power cut the old one may be back.
+    /// the new file is in place: readers see it, but after a power cut the old one may be back. Where the
+    /// system offers no sync of the directory (syncDirectory), that is no error.
     static void renameReplacingDurably(const std::filesystem::path& temporaryURL,
                                        const std::filesystem::path& destination);
 

@@ -64,7 +64,8 @@ bool Undisturbed::isAbsorbed(std::size_t index, int error) const
     const std::optional<SystemCall> kind = callOf(call);
     const bool saysItAnyway = call.text.find("= -1 " + nameOfError(error)) != std::string::npos;
     if (!kind) {
-        return error == EINTR || error == EWOULDBLOCK;  // taking the lock is tried again
+        // Taking the lock is tried again, or another kind of lock is taken.
+        return error == EINTR || error == EWOULDBLOCK || error == ENOLCK;
     }
     const bool isLast = index + 1 == calls_.size();
     const bool wasRead = call.text.find("/state.json>") != std::string::npos;
