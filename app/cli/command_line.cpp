@@ -51,7 +51,7 @@ void defineCommandLine(CLI::App& line, Program& program)
              addAsk, addQuestions, addAnswer,
              addHistory, addReport, addRestore,
              addWidget, addBar, addAgent, addOpen,
-             addTick, addWatch, addTour}) {
+             addTick, addWatch, addTour, addDoctor}) {
         // clang-format on
         add(line, program);
     }

@@ -11,7 +11,7 @@ namespace quillmere::cli {
 
 enum class ExitCode {
     done = 0,
-    refused = 1,        ///< by the engine
+    refused = 1,        ///< by the engine; or an examination found something wrong
     usage = 2,          ///< the command line is wrong or incomplete
     urgent = 33,        ///< done, and i3blocks is to mark its block as urgent
     unusableData = 65,  ///< a file does not hold what it should

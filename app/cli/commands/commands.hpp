@@ -54,6 +54,9 @@ void addAnswer    (CLI::App& line, Program& program);  // answerQuestion
 // Earlier versions.
 void addRestore   (CLI::App& line, Program& program);  // lists them, brings one back
 
+// The system.
+void addDoctor    (CLI::App& line, Program& program);  // examines the files and what they lie on
+
 // Time.
 void addTick      (CLI::App& line, Program& program);  // evaluateSchedule, evaluateTimer
 void addWatch     (CLI::App& line, Program& program);  // records events as time passes, gives notices on the desktop
