@@ -231,7 +231,7 @@ TEST_F(WatchOnAClock, reportsOnceThatNothingCanBeRecordedAndDeliversAllTheSame)
         watch.round();
     });
     EXPECT_EQ(watch.printed(), "15:25  Focus is over: Outcome of session 1\n");
-    EXPECT_EQ(countOf("write: File too large", watch.said()), 1U) << watch.said();
+    EXPECT_EQ(countOf("could not be written: File too large", watch.said()), 1U) << watch.said();
     EXPECT_EQ(events.made, 2U);
     person.now = person.now + 1;
     watch.round();
