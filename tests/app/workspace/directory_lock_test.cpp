@@ -6,7 +6,11 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <string>
+
 #include "program_testing.hpp"
+#include "refused_locks.hpp"
 #include "support/file_system.hpp"
 
 namespace quillmere::test {
@@ -85,6 +89,29 @@ TEST(DirectoryLock, needsADirectory)
     writeText(directory.path() / "file", "");
     EXPECT_EQ(failureOf([&] { DirectoryLock(directory.path() / "file"); }), std::errc::not_a_directory);
     EXPECT_EQ(openFileCount(), count);
+}
+
+TEST(Commands, changeTheStateWhereOnlyFilesCanBeLocked)
+{
+    const Person person;
+    const RefusedLocks refused(ENOLCK);
+    for (const char* const question : {"First?", "Second?"}) {
+        EXPECT_EQ(person.types({"ask", question}).code, ExitCode::done);
+    }
+    EXPECT_EQ(person.state().agentQuestions.size(), 2U);
+    EXPECT_TRUE(filesAgree(person));
+}
+
+TEST(Commands, changeNothingButLookWhereNothingCanBeLocked)
+{
+    const Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    const RefusedLocks refused(ENOLCK, EINVAL);
+    const Ending ending = person.types({"ask", "Why?"});
+    EXPECT_EQ(ending.code, ExitCode::fileError);
+    EXPECT_NE(ending.err.find("offers no locks"), std::string::npos) << ending.err;
+    EXPECT_TRUE(person.state() == stateIn(WorkflowState::focusing));
+    EXPECT_EQ(person.types({"status"}).code, ExitCode::done);
 }
 
 TEST(Commands, releaseTheLockHoweverTheyEnd)
