@@ -40,6 +40,7 @@
 #include <quillmere/store/file_manager.hpp>
 #include <quillmere/store/replace_item.hpp>
 #include <quillmere/store/state_store.hpp>
+#include <quillmere/store/sync.hpp>
 #include <quillmere/store/wall_clock.hpp>
 #include <quillmere/widget/app_group.hpp>
 #include <quillmere/widget/design.hpp>

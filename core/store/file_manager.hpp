@@ -53,9 +53,9 @@ public:
 
     /// Creates a directory and its missing parents; an existing directory is left as it is. The new
     /// directory gets `mode` whatever the umask is; its parents get the default mode, and so does the
-    /// directory when `mode` is absent. The parent of each new directory is synced (fsync(2)) where the system
-    /// offers it; so is the parent of an empty directory, because an earlier attempt may have created it and
-    /// then failed to sync.
+    /// directory when `mode` is absent. The parent of each new directory is synced (fsync(2)) where the
+    /// system offers it; so is the parent of an empty directory, because an earlier attempt may have created
+    /// it and then failed to sync.
     virtual void createDirectory(const std::filesystem::path& path, std::optional<mode_t> mode) const = 0;
 
     /// Removes a file.
