@@ -51,6 +51,15 @@ std::string placeOf(const DecodingError& error, const std::filesystem::path& fil
     }
 }
 
+/// Some texts of the parser end with a full stop.
+std::string withoutFullStop(std::string text)
+{
+    if (text.ends_with('.')) {
+        text.pop_back();
+    }
+    return text;
+}
+
 }  // namespace
 
 QuillmereState load(const StateStore& states)
@@ -61,7 +70,7 @@ QuillmereState load(const StateStore& states)
         const std::filesystem::path& file = states.stateURL();
         throw base::Refusal(base::Refusal::Kind::unusableData,
                             "The state cannot be used: " + file.string() + placeOf(error, file) + ": " +
-                                error.what() +
+                                withoutFullStop(error.what()) +
                                 ". Nothing was changed; quillmere restore lists earlier versions.");
     }
 }

@@ -67,5 +67,12 @@ TEST(AnUnusableState, isNamedWithThePlaceWhereItStopsBeingJson)
         << error;
 }
 
+TEST(AnUnusableState, isDescribedInWholeSentences)
+{
+    const std::string error =
+        errorAfterEditing(R"("workflow_state" : "focusing")", R"("workflow_state" : focusing")");
+    EXPECT_EQ(error.find(".."), std::string::npos) << error;
+}
+
 }  // namespace
 }  // namespace quillmere::test

@@ -11,7 +11,7 @@
 namespace quillmere::test {
 namespace {
 
-constexpr double day = 86'400;
+constexpr double secondsOfADay = 86'400;
 
 TEST(FileAge, isTheTimeSinceTheFileWasWritten)
 {
@@ -19,8 +19,8 @@ TEST(FileAge, isTheTimeSinceTheFileWasWritten)
     const auto file = directory.path() / "file";
     writeText(file, "");
     // Beyond 2262, and not beyond 2446, where the dates of ext4 end.
-    constexpr double inThreeCenturies = 300 * 365.25 * day;
-    for (const double age : {0.0, 40 * day, -day, -inThreeCenturies}) {
+    constexpr double inThreeCenturies = 300 * 365.25 * secondsOfADay;
+    for (const double age : {0.0, 40 * secondsOfADay, -secondsOfADay, -inThreeCenturies}) {
         const std::time_t writtenAt = std::time(nullptr) - std::lround(age);
         const timespec times[] = {{.tv_sec = writtenAt, .tv_nsec = 0}, {.tv_sec = writtenAt, .tv_nsec = 0}};
         ASSERT_EQ(::utimensat(AT_FDCWD, file.c_str(), times, 0), 0);
