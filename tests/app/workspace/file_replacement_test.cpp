@@ -6,7 +6,7 @@
 
 #include "program_testing.hpp"
 #include "support/file_system.hpp"
-#include "workspace/workspace.hpp"
+#include "workspace/workspace_of.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -14,13 +14,6 @@ namespace {
 namespace fs = std::filesystem;
 using workspace::Version;
 using workspace::Versions;
-using workspace::Workspace;
-
-Workspace workspaceOf(const Person& person)
-{
-    return Workspace::in(
-        person.directory(), [&person] { return person.now; }, person.stateHome());
-}
 
 std::vector<Version> versionsOf(const Person& person) { return workspaceOf(person).versions().list(); }
 
@@ -34,8 +27,8 @@ Words versionTexts(const Person& person)
     return texts;
 }
 
-/// A person who is in focus and has one version.
-Person personInFocus()
+/// A person in focus.
+Person personWithTwoVersions()
 {
     Person person;
     person.has(stateIn(WorkflowState::focusing));
@@ -98,7 +91,7 @@ TEST(ReplacedState, isNotKeptByASaveThatFails)
     if (::geteuid() != 0) {
         GTEST_SKIP() << "only the superuser can become another user";
     }
-    const Person person = personInFocus();
+    const Person person = personWithTwoVersions();
     const Words before = versionTexts(person);
     const fs::perms everything = fs::perms::all;
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(person.stateHome())) {
@@ -120,7 +113,7 @@ TEST(ReplacedState, isNotKeptByASaveThatFails)
 
 TEST(ReplacedState, isNotKeptByASaveThatChangesNothing)
 {
-    const Person person = personInFocus();
+    const Person person = personWithTwoVersions();
     const Words before = versionTexts(person);
     workspaceOf(person).change([](const std::vector<workspace::Event>&) {}, [](QuillmereState&, Instant) {});
     EXPECT_EQ(versionTexts(person), before);
@@ -128,7 +121,7 @@ TEST(ReplacedState, isNotKeptByASaveThatChangesNothing)
 
 TEST(ReplacedState, thatAKilledSaveKeptIsDroppedByTheNextSave)
 {
-    Person person = personInFocus();
+    Person person = personWithTwoVersions();
     const Words before = versionTexts(person);
     isKilledBeforeTheRename(person);
     EXPECT_EQ(versionTexts(person).size(), before.size() + 1);
@@ -138,7 +131,7 @@ TEST(ReplacedState, thatAKilledSaveKeptIsDroppedByTheNextSave)
 
 TEST(ReplacedState, thatAKilledSaveKeptIsNotKeptTwice)
 {
-    Person person = personInFocus();
+    Person person = personWithTwoVersions();
     isKilledBeforeTheRename(person);
     const Words before = versionTexts(person);
     EXPECT_EQ(person.typesLater(10, {"pause"}).code, ExitCode::done);
@@ -161,7 +154,7 @@ TEST(ReplacedState, isThatOfEachSaveWhenTimeAndAPersonChangedIt)
 
 TEST(ReplacedState, isLeftWithItsBytesByEveryLaterSave)
 {
-    Person person = personInFocus();
+    Person person = personWithTwoVersions();
     const Words before = versionTexts(person);
     person.typesLater(10, {"pause"});
     const Words after = versionTexts(person);

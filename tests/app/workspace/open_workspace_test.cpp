@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "program_testing.hpp"
+#include "workspace/workspace_of.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -142,8 +142,7 @@ TEST(OpenWorkspace, compressesOneVersionAfterEachSaveOfAnyProgram)
 {
     Person person;
     person.has(stateIn(WorkflowState::focusing));
-    const Workspace workspace = Workspace::in(
-        person.directory(), [&person] { return person.now; }, person.stateHome());
+    const Workspace workspace = workspaceOf(person);
     OpenWorkspace open(workspace);
     for (int time = 0; time < 5; ++time) {
         person.typesLater(10, {time % 2 == 0 ? "pause" : "resume"});

@@ -2,20 +2,13 @@
 #include "program_testing.hpp"
 #include "workspace/state_home.hpp"
 #include "workspace/versions.hpp"
-#include "workspace/workspace.hpp"
+#include "workspace/workspace_of.hpp"
 
 namespace quillmere::test {
 namespace {
 
 using workspace::Event;
 using workspace::Version;
-using workspace::Workspace;
-
-Workspace workspaceOf(const Person& person)
-{
-    return Workspace::in(
-        person.directory(), [&person] { return person.now; }, person.stateHome());
-}
 
 /// A person who paused a focus session ten minutes after its start. Version 1 is the running session.
 Person personWithRunningVersion()

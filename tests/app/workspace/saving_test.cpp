@@ -22,7 +22,7 @@ void block(const fs::path& file)
     fs::create_directory(file);
 }
 
-std::string failureOf(const fs::path& file)
+std::string couldNotBeWritten(const fs::path& file)
 {
     return file.string() + " could not be written: Is a directory";
 }
@@ -51,7 +51,7 @@ TEST(Saving, namesTheSummaryThatCouldNotBeWrittenAndSaysThatTheChangeIsSaved)
         const Person person;
         block(person.directory() / name);
         EXPECT_EQ(person.types({"ask", "Why?"}).err, "The change itself is saved; " +
-                                                         failureOf(person.directory() / name) +
+                                                         couldNotBeWritten(person.directory() / name) +
                                                          ". quillmere tick tries again.\n");
     }
 }
@@ -63,8 +63,9 @@ TEST(Saving, namesBothSummariesWhenNeitherCouldBeWritten)
         block(person.directory() / name);
     }
     EXPECT_EQ(person.types({"ask", "Why?"}).err,
-              "The change itself is saved; " + failureOf(person.directory() / summaryNames[0]) + "; " +
-                  failureOf(person.directory() / summaryNames[1]) + ". quillmere tick tries again.\n");
+              "The change itself is saved; " + couldNotBeWritten(person.directory() / summaryNames[0]) +
+                  "; " + couldNotBeWritten(person.directory() / summaryNames[1]) +
+                  ". quillmere tick tries again.\n");
 }
 
 TEST(Saving, writesNoSummaryOfAStateThatCouldNotBeWritten)
@@ -141,7 +142,7 @@ TEST(Saving, doesNotCarryOutTheCommandWhenASummaryOfThePassedTimeCouldNotBeWritt
     EXPECT_EQ(ending.err,
               "The focus session ended at 15:25.\n"
               "The time that passed is recorded, and nothing else was done; " +
-                  failureOf(file) + ". quillmere tick tries again.\n");
+                  couldNotBeWritten(file) + ". quillmere tick tries again.\n");
     EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
 }
 
