@@ -9,6 +9,12 @@
 #include <system_error>
 
 namespace quillmere::agent {
+namespace {
+
+/// Stands before the failures of files that have to be repaired.
+constexpr const char* onlyForThePerson = "Go on without Quillmere: only the person can repair it. ";
+
+}  // namespace
 
 std::string failureInWords()
 {
@@ -17,9 +23,11 @@ std::string failureInWords()
     } catch (const ToolRefusal& refusal) {
         return refusal.what();
     } catch (const base::Refusal& error) {
-        return error.what();
+        return error.kind() == base::Refusal::Kind::unusableData
+                   ? std::string(onlyForThePerson) + error.what()
+                   : error.what();
     } catch (const CodingError& error) {
-        return std::string("The state cannot be used, and only the person can repair it: ") + error.what();
+        return onlyForThePerson + base::failureText(error);
     } catch (const std::system_error& error) {
         return "The files cannot be used now: " + base::fileErrorText(error);
     }

@@ -2,6 +2,7 @@
 
 #include "base/json.hpp"
 #include "base/refusal.hpp"
+#include "base/text/failure.hpp"
 
 #include <quillmere/records/json/coding_error.hpp>
 #include <quillmere/store/file_manager.hpp>
@@ -51,15 +52,6 @@ std::string placeOf(const DecodingError& error, const std::filesystem::path& fil
     }
 }
 
-/// Some texts of the parser end with a full stop.
-std::string withoutFullStop(std::string text)
-{
-    if (text.ends_with('.')) {
-        text.pop_back();
-    }
-    return text;
-}
-
 }  // namespace
 
 QuillmereState load(const StateStore& states)
@@ -68,10 +60,9 @@ QuillmereState load(const StateStore& states)
         return states.load();
     } catch (const DecodingError& error) {
         const std::filesystem::path& file = states.stateURL();
-        throw base::Refusal(base::Refusal::Kind::unusableData,
-                            "The state cannot be used: " + file.string() + placeOf(error, file) + ": " +
-                                withoutFullStop(error.what()) +
-                                ". Nothing was changed; quillmere restore lists earlier versions.");
+        throw base::Refusal(
+            base::Refusal::Kind::unusableData,
+            base::unusableStateText(file.string() + placeOf(error, file) + ": " + error.what()));
     }
 }
 

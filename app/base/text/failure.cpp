@@ -21,6 +21,8 @@ std::string fileErrorText(const std::system_error& error)
 
 std::string unusableStateText(std::string_view reason)
 {
+    // Some texts of the parser end with a full stop.
+    reason.remove_suffix(reason.ends_with('.') ? 1 : 0);
     return std::string("The state cannot be used: ")
         .append(reason)
         .append(". Nothing was changed; quillmere restore lists earlier versions.");
