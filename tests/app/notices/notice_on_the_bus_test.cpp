@@ -4,6 +4,7 @@
 #include <signal.h>
 
 #include "desktop.hpp"
+#include "workspace/state_home.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -86,7 +87,11 @@ TEST_F(NoticeOnTheBus, comesFromTheSecondWatchWhenTheFirstIsKilled)
     person.has(stateIn(WorkflowState::idle));
     Process first = watching({}, "first");
     person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
-    EXPECT_TRUE(eventually([&] { return hasNotices(1); })) << said("first");
+    // The number of the notice is recorded when the service has answered.
+    const std::filesystem::path record =
+        workspace::stateDirectory(person.directory(), person.stateHome()) / "shown-notices.json";
+    EXPECT_TRUE(eventually([&] { return hasNotices(1) && std::filesystem::exists(record); }))
+        << said("first");
     const Process second = watching({"--open-command", "/nowhere/opener"}, "second");
     endBy(first, SIGKILL);
     person.has(asking(person.state(), 2, "Which build?"));

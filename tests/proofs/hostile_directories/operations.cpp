@@ -157,7 +157,7 @@ const std::array<Operation, operationCount>& operations()
         {"widget's load", loadWidget, {}},
         {"`status`", status, {}},
         {"`widget`", widget, {}},
-        {"`ask`", ask, all},
+        {"`ask`", ask, all, 0600, 0700},
     }};
     return table;
 }

@@ -1,6 +1,8 @@
 // The operations to try in a scene.
 #pragma once
 
+#include <sys/types.h>
+
 #include <array>
 #include <span>
 #include <string>
@@ -15,6 +17,8 @@ struct Operation {
     const char* title;
     std::string (*act)(const Scene& scene);  ///< in a child process; describes its result
     std::vector<std::string> writes;         ///< sorted
+    mode_t ofFiles = 0644;                   ///< the usual mode of files that it makes
+    mode_t ofParents = 0755;                 ///< the usual mode of parents of the directory
 };
 
 inline constexpr std::size_t operationCount = 8;

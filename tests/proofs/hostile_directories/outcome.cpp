@@ -69,12 +69,12 @@ std::string nameIn(const Scene& scene, const std::string& path)
     return isAbove ? itsParents : whole.lexically_relative(scene.place).string();
 }
 
-bool hasUsualMode(const Change& change, const std::string& name)
+bool hasUsualMode(const Operation& operation, const Change& change, const std::string& name)
 {
     constexpr mode_t ofDirectory = 0700;
-    constexpr mode_t ofParent = 0755;
-    constexpr mode_t ofFile = 0644;
-    return change.mode == (name == theDirectory ? ofDirectory : name == itsParents ? ofParent : ofFile);
+    return change.mode == (name == theDirectory ? ofDirectory
+                           : name == itsParents ? operation.ofParents
+                                                : operation.ofFiles);
 }
 
 std::string octal(mode_t mode)
@@ -85,22 +85,22 @@ std::string octal(mode_t mode)
 }
 
 /// The name, with "gone" or an unusual mode.
-std::string describe(const Change& change, const std::string& name)
+std::string describe(const Operation& operation, const Change& change, const std::string& name)
 {
     if (change.isGone) {
         return name + " gone";
     }
-    return hasUsualMode(change, name) ? name : name + ' ' + octal(change.mode);
+    return hasUsualMode(operation, change, name) ? name : name + ' ' + octal(change.mode);
 }
 
 /// The unexpected changes, and the expected changes that are missing.
-std::string differences(const Scene& scene, const std::vector<Change>& changes,
+std::string differences(const Operation& operation, const Scene& scene, const std::vector<Change>& changes,
                         std::vector<std::string> expected)
 {
     std::vector<std::string> others;
     for (const Change& change : changes) {
         const std::string name = nameIn(scene, change.path);
-        const std::string description = describe(change, name);
+        const std::string description = describe(operation, change, name);
         const bool isExpected = !change.isGone && std::erase(expected, name) > 0;
         const bool isListed = std::find(others.begin(), others.end(), description) != others.end();
         if ((!isExpected || description != name) && !isListed) {
@@ -146,8 +146,8 @@ Outcome outcomeOf(const Operation& operation, void (*make)(Scene&), const fs::pa
     removeTree(root);
 
     const bool succeeded = ended.result == "done" || ended.result == "exit 0";
-    std::string words =
-        ended.result + differences(scene, changes, succeeded ? operation.writes : std::vector<std::string>{});
+    std::string words = ended.result + differences(operation, scene, changes,
+                                                   succeeded ? operation.writes : std::vector<std::string>{});
     const bool shouldSpeak = !succeeded && (ended.result.starts_with("exit ") || ended.result == "SIGABRT");
     if (!isSafeLine(ended.errors) || ended.errors.empty() == shouldSpeak) {
         words += ended.errors.empty() ? ", without a word" : ", with strange words";
