@@ -18,15 +18,42 @@
 namespace quillmere::workspace {
 namespace {
 
-/// Where a text stops being JSON. The library's parser does not tell; this one is slower and does.
+using Json = base::SortedJson;
+
+/// Reads a text for the place of its error alone, and keeps none of its values.
+class ErrorFinder final : public nlohmann::json_sax<Json> {
+public:
+    std::optional<std::size_t> offset;
+
+    bool null() override { return true; }
+    bool boolean(bool) override { return true; }
+    bool number_integer(Json::number_integer_t) override { return true; }
+    bool number_unsigned(Json::number_unsigned_t) override { return true; }
+    bool number_float(Json::number_float_t, const Json::string_t&) override { return true; }
+    bool string(Json::string_t&) override { return true; }
+    bool binary(Json::binary_t&) override { return true; }
+    bool start_object(std::size_t) override { return true; }
+    bool key(Json::string_t&) override { return true; }
+    bool end_object() override { return true; }
+    bool start_array(std::size_t) override { return true; }
+    bool end_array() override { return true; }
+    bool parse_error(std::size_t position, const std::string&, const Json::exception&) override
+    {
+        offset = position > 0 ? position - 1 : 0;
+        return false;
+    }
+};
+
+/// Where a text stops being JSON. The library's parser does not tell; this one is slower and does. Absent
+/// for texts far longer than a state, which would take much memory.
 std::optional<std::size_t> endOfWellFormedText(std::string_view text)
 {
-    try {
-        [[maybe_unused]] const auto parsed = base::Json::parse(text);
-        return std::nullopt;
-    } catch (const base::Json::parse_error& error) {
-        return error.byte > 0 ? error.byte - 1 : 0;
+    constexpr std::size_t longest = 256'000'000;
+    ErrorFinder finder;
+    if (text.size() <= longest) {
+        Json::sax_parse(text, &finder);
     }
+    return finder.offset;
 }
 
 /// "line 12, column 5", both from 1; a column is a character.

@@ -210,6 +210,7 @@ void moveToUsualPlaces(Scene& scene, const fs::path& support)
 {
     const fs::path container = support / "group-containers" / QuillmereAppGroup::identifier;
     fs::create_directories(container);
+    fs::permissions(container, fs::perms::owner_all);
     moveTo(scene, support / "Quillmere");
     fs::rename(scene.place / widget, container / widget);
     scene.widgetPlace = container;
