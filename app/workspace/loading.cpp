@@ -10,6 +10,8 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -44,15 +46,11 @@ public:
     }
 };
 
-/// Where a text stops being JSON. The library's parser does not tell; this one is slower and does. Absent
-/// for texts far longer than a state, which would take much memory.
+/// Where a text stops being JSON. The library's parser does not tell; this one is slower and does.
 std::optional<std::size_t> endOfWellFormedText(std::string_view text)
 {
-    constexpr std::size_t longest = 256'000'000;
     ErrorFinder finder;
-    if (text.size() <= longest) {
-        Json::sax_parse(text, &finder);
-    }
+    Json::sax_parse(text, &finder);
     return finder.offset;
 }
 
@@ -69,7 +67,11 @@ std::string placeText(std::string_view text, std::size_t offset)
 /// ", line 12, column 5" for an error in a file; empty when the place cannot be found.
 std::string placeOf(const DecodingError& error, const std::filesystem::path& file)
 {
+    constexpr std::uintmax_t longest = 256'000'000;  // bytes; far longer than a state, and read once already
     try {
+        if (std::filesystem::file_size(file) > longest) {
+            return "";
+        }
         const Bytes text = FileManager::standard().contents(file);
         const std::optional<std::size_t> offset =
             error.offset() ? error.offset() : endOfWellFormedText(text.view());
