@@ -1,6 +1,8 @@
 // Changes by the real program that fail or run out of room: what they keep, and what they say.
 #include <gtest/gtest.h>
+#include <quillmere/engine/workflow_engine.hpp>
 #include <quillmere/store/state_store.hpp>
+#include <quillmere/store/wall_clock.hpp>
 
 #include <algorithm>
 #include <map>
@@ -23,18 +25,73 @@ struct Change {
     QuillmereState state;  ///< before it
 };
 
-/// By a person, by the clock, and by both.
+/// A session that began a minute ago by the clock of the program.
+QuillmereState runningFocus()
+{
+    QuillmereState state = stateIn(WorkflowState::focusing);
+    state.updatedAt = wallClock() - 60;
+    state.currentBlock->sessions.back().startedAt = state.updatedAt;
+    return state;
+}
+
+QuillmereState pausedFocus()
+{
+    QuillmereState state = runningFocus();
+    state.currentBlock->sessions.back().pausedAt = state.updatedAt;
+    return state;
+}
+
+QuillmereState runningBreak()
+{
+    QuillmereState state = stateIn(WorkflowState::breaking);
+    state.updatedAt = wallClock() - 60;
+    state.breakStartedAt = state.updatedAt;
+    return state;
+}
+
+QuillmereState scheduledBlock()
+{
+    QuillmereState state = stateWithScheduledBlock();
+    state.currentBlock->plannedStart = wallClock() + 3'600;
+    return state;
+}
+
+QuillmereState withQuestion()
+{
+    QuillmereState state = stateIn(WorkflowState::idle);
+    WorkflowEngine().addQuestion(state, "Which build?", state.updatedAt);
+    return state;
+}
+
+/// Of every command that changes the state: by a person, by the clock, and by both. The short form tries the
+/// first six.
 std::vector<Change> changes()
 {
-    QuillmereState idle = stateIn(WorkflowState::idle);
-    return {
+    const QuillmereState idle = stateIn(WorkflowState::idle);
+    std::vector<Change> all = {
         {{"ask", "May I?"}, idle},
         {{"plan", "--outcome", "A chapter", "--start"}, idle},
         {{"tick"}, stateIn(WorkflowState::focusing)},
         {{"review", "--completion", "yes", "--next-outcome", "More"}, stateIn(WorkflowState::focusing)},
         {{"reflect", "--lessons", "Close the door"}, stateIn(WorkflowState::blockReview)},
         {{"restore", "1", "--yes"}, idle},
+        {{"answer", "1", "The new one"}, withQuestion()},
+        {{"pause"}, runningFocus()},
+        {{"resume"}, pausedFocus()},
+        {{"end"}, runningFocus()},
+        {{"focus", "--outcome", "A page", "--energy", "4", "--morale", "3"},
+         stateIn(WorkflowState::sessionPlanning)},
+        {{"break", "extend", "5m"}, runningBreak()},
+        {{"break", "end"}, runningBreak()},
+        {{"start"}, scheduledBlock()},
+        {{"edit"}, scheduledBlock()},
+        {{"cancel"}, scheduledBlock()},
     };
+    constexpr std::size_t few = 6;
+    if (!inLongForm()) {
+        all.resize(few, {{}, idle});
+    }
+    return all;
 }
 
 /// A directory with a state that is the third: two versions are kept.
@@ -112,7 +169,10 @@ TEST_F(AChangeOfTheRealProgram, thatFailsSaysWhatIsSavedAndKeepsNoVersionOfWhatI
     std::size_t failed = 0;
     for (const Change& change : changes()) {
         const Files example(change.state);
-        const std::vector<TracedCall> calls = example.run(change.words).calls;
+        const TracedRun undisturbed = example.run(change.words);
+        ASSERT_EQ(undisturbed.code, 0) << change.words[0] << ": " << undisturbed.err;
+        ASSERT_TRUE(example.hasChanged()) << change.words[0];
+        const std::vector<TracedCall>& calls = undisturbed.calls;
         // The short form tries one rename only.
         for (const TracedCall& call : calls) {
             if (!inLongForm() && callOf(call) != SystemCall::rename) {
