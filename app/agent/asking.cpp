@@ -16,18 +16,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Whether a question is in the saved state; false also when the state cannot be read.
-bool isSaved(const workspace::Workspace& workspace, const Identifier& id)
-{
-    try {
-        const std::vector<AgentQuestion> questions = workspace.look().state.agentQuestions;
-        return std::any_of(questions.begin(), questions.end(),
-                           [&](const AgentQuestion& question) { return question.id == id; });
-    } catch (const std::exception&) {
-        return false;
-    }
-}
-
 /// Adds the question without waiting for the lock. Keeps no version of the state before: it differs only by
 /// the question, and the many questions of agents would push out the versions that a person may want back.
 base::SortedJson asked(const workspace::Workspace& workspace, const std::string& question)
@@ -44,13 +32,9 @@ base::SortedJson asked(const workspace::Workspace& workspace, const std::string&
             workspace.change([](const std::vector<workspace::Event>&) {}, add,
                              {.patience = 0s, .keeping = workspace::Keeping::no});
         return {{"id", id->text()}, {"interruptible", situation.state.interruptible()}};
-    } catch (const base::Refusal& error) {
-        // The state is saved before the summaries, so the question may be saved although the change failed.
-        if (id && isSaved(workspace, *id)) {
-            throw ToolRefusal("The question is saved with the id " + id->text() +
-                              "; do not ask it again. But " + error.what());
-        }
-        throw;
+    } catch (const workspace::ChangeSaved& error) {
+        throw ToolRefusal("The question is saved with the id " + id->text() + "; do not ask it again. " +
+                          error.what());
     }
 }
 
