@@ -315,21 +315,41 @@ TEST(Undo, ignoresAPlaceAmongVersionsThatWereDeleted)
     EXPECT_EQ(person.undoes(60), "focus session 1 paused (15:05)");
 }
 
+/// Whether the person's program refuses the step, and changes nothing.
+testing::AssertionResult isRefused(const Undoer& person, const UndoStep& step)
+{
+    const auto before = pictureOf(person.directory());
+    try {
+        person.takes(step);
+    } catch (const base::Refusal& refusal) {
+        return refusal.kind() == base::Refusal::Kind::busy && pictureOf(person.directory()) == before
+                   ? testing::AssertionSuccess()
+                   : testing::AssertionFailure() << refusal.what();
+    }
+    return testing::AssertionFailure() << "took a step that nobody agreed to";
+}
+
 TEST(Undo, refusesWhenTheChangeIsNoLongerTheLastOne)
+{
+    Undoer person(stateIn(WorkflowState::focusing));
+    person.does(60, askAway);
+    const std::optional<UndoStep> agreed = person.next(UndoDirection::undo);
+    ASSERT_TRUE(agreed);
+    person.does(1, askAway);
+    ASSERT_EQ(person.next(UndoDirection::undo)->changes, agreed->changes);
+    EXPECT_TRUE(isRefused(person, *agreed));
+}
+
+TEST(Undo, refusesWhenItWouldTakeBackMoreThanWasAgreed)
 {
     Undoer person(stateIn(WorkflowState::focusing));
     person.does(60, pause);
     const std::optional<UndoStep> agreed = person.next(UndoDirection::undo);
     ASSERT_TRUE(agreed);
-    person.does(60, resume);
-    const auto before = pictureOf(person.directory());
-    try {
-        person.takes(*agreed);
-        FAIL() << "took a step that nobody agreed to";
-    } catch (const base::Refusal& refusal) {
-        EXPECT_EQ(refusal.kind(), base::Refusal::Kind::busy);
-    }
-    EXPECT_EQ(pictureOf(person.directory()), before);
+    QuillmereState state = person.state();
+    end(state, person.now);
+    person.has(state);
+    EXPECT_TRUE(isRefused(person, *agreed));
 }
 
 TEST(Undo, neverSetsUpdatedAtBack)
