@@ -17,8 +17,6 @@ using work::UndoDirection;
 using work::UndoStep;
 using workspace::Workspace;
 
-constexpr WorkflowEngine engine;
-
 /// A person whose program undoes and redoes.
 class Undoer : public Person {
 public:
@@ -72,17 +70,17 @@ private:
     const TimeZone zone_{"UTC"};
 };
 
-void pause(QuillmereState& state, Instant now) { engine.pauseFocus(state, now); }
-void resume(QuillmereState& state, Instant now) { engine.resumeFocus(state, now); }
-void end(QuillmereState& state, Instant now) { engine.endFocus(state, now); }
+void pause(QuillmereState& state, Instant now) { WorkflowEngine().pauseFocus(state, now); }
+void resume(QuillmereState& state, Instant now) { WorkflowEngine().resumeFocus(state, now); }
+void end(QuillmereState& state, Instant now) { WorkflowEngine().endFocus(state, now); }
 void review(QuillmereState& state, Instant now)
 {
-    engine.saveReviewAndStartBreak(state, sampleReview(1), samplePlan(2), now);
+    WorkflowEngine().saveReviewAndStartBreak(state, sampleReview(1), samplePlan(2), now);
 }
-void askAway(QuillmereState& state, Instant now) { engine.addQuestion(state, "May I?", now); }
+void askAway(QuillmereState& state, Instant now) { WorkflowEngine().addQuestion(state, "May I?", now); }
 void answer(QuillmereState& state, Instant now)
 {
-    engine.answerQuestion(state, state.openQuestions().front().id, "Yes.", now);
+    WorkflowEngine().answerQuestion(state, state.openQuestions().front().id, "Yes.", now);
 }
 
 /// Pauses, resumes and ends a session of 25 minutes that began at 15:00.
@@ -225,7 +223,8 @@ TEST(Undo, recordsWhatTheClockDoesAfterIt)
 {
     QuillmereState scheduled = stateWithScheduledBlock();
     Undoer person(scheduled);
-    person.does(60, [](QuillmereState& state, Instant now) { engine.cancelScheduledBlock(state, now); });
+    person.does(
+        60, [](QuillmereState& state, Instant now) { WorkflowEngine().cancelScheduledBlock(state, now); });
     person.now = moment + 4'000;
     const std::optional<UndoStep> step = person.next(UndoDirection::undo);
     ASSERT_TRUE(step);

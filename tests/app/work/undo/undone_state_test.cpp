@@ -10,10 +10,7 @@
 namespace quillmere::test {
 namespace {
 
-using enum work::ChangeKind;
 using work::ChangeOrigin;
-
-constexpr WorkflowEngine engine;
 
 QuillmereState changed(QuillmereState state, const std::function<void(QuillmereState&)>& change)
 {
@@ -25,26 +22,26 @@ QuillmereState changed(QuillmereState state, const std::function<void(QuillmereS
 QuillmereState asked()
 {
     return changed(stateIn(WorkflowState::focusing), [](QuillmereState& state) {
-        engine.addQuestion(state, "First?", moment);
-        engine.addQuestion(state, "Second?", moment + 1);
+        WorkflowEngine().addQuestion(state, "First?", moment);
+        WorkflowEngine().addQuestion(state, "Second?", moment + 1);
     });
 }
 
 QuillmereState answered(QuillmereState state, std::size_t index)
 {
-    engine.answerQuestion(state, state.agentQuestions.at(index).id, "Yes.", moment + 60);
+    WorkflowEngine().answerQuestion(state, state.agentQuestions.at(index).id, "Yes.", moment + 60);
     return state;
 }
 
 QuillmereState withQuestion(QuillmereState state, const std::string& question, double second)
 {
-    engine.addQuestion(state, question, moment + second);
+    WorkflowEngine().addQuestion(state, question, moment + second);
     return state;
 }
 
 QuillmereState paused(QuillmereState state)
 {
-    engine.pauseFocus(state, moment + 100);
+    WorkflowEngine().pauseFocus(state, moment + 100);
     return state;
 }
 
@@ -57,6 +54,7 @@ QuillmereState withoutQuestions(const QuillmereState& before, const QuillmereSta
 
 TEST(OriginOf, tellsWhatThePersonDidFromWhatTheClockDid)
 {
+    using enum work::ChangeKind;
     const struct {
         work::Changes changes;
         ChangeOrigin origin;
