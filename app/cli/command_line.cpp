@@ -49,7 +49,7 @@ void defineCommandLine(CLI::App& line, Program& program)
              addPlan, addStart, addEdit, addCancel,
              addFocus, addPause, addResume, addEnd, addReview, addBreak, addReflect,
              addAsk, addQuestions, addAnswer,
-             addHistory, addReport, addRestore,
+             addHistory, addReport, addUndo, addRedo, addRestore,
              addWidget, addBar, addAgent, addOpen,
              addTick, addWatch, addTour, addDoctor}) {
         // clang-format on

@@ -5,6 +5,7 @@
 #include "cli/json_output.hpp"
 #include "cli/status.hpp"
 #include "work/event_text.hpp"
+#include "work/undo/undo_step.hpp"
 
 #include <quillmere/engine/workflow_error.hpp>
 
@@ -34,6 +35,15 @@ void Program::restore(const workspace::Version& version)
     printChange("Version " + std::to_string(version.number) + " is restored.", situation);
 }
 
+void Program::take(const work::UndoStep& step)
+{
+    const workspace::Workspace files = workspace();
+    const work::UndoChange change = work::changeBy(step, files);
+    const workspace::Situation situation = apply(change.operation, change.manner);
+    reportEvents(change.step->events);
+    printChange(work::doneText(*change.step), situation);
+}
+
 void Program::catchUp() { apply(nullptr); }
 
 bool Program::wouldAccept(const workspace::Operation& operation) const
@@ -53,10 +63,11 @@ bool Program::wouldAccept(const workspace::Operation& operation) const
 
 void Program::print(const base::Json& json) { printJson(environment_.out, json); }
 
-workspace::Situation Program::apply(const workspace::Operation& operation)
+workspace::Situation Program::apply(const workspace::Operation& operation,
+                                    const workspace::ChangeManner& manner)
 {
     workspace::Situation situation = workspace().change(
-        [this](const std::vector<workspace::Event>& events) { reportEvents(events); }, operation);
+        [this](const std::vector<workspace::Event>& events) { reportEvents(events); }, operation, manner);
     isCarriedOut_ = true;
     warn(situation.warning);
     return situation;

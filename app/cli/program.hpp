@@ -14,6 +14,10 @@
 #include <string_view>
 #include <vector>
 
+namespace quillmere::work {
+struct UndoStep;
+}
+
 namespace quillmere::cli {
 
 /// The global options.
@@ -46,6 +50,9 @@ public:
     /// Replaces the state by a version, then prints that and the status.
     void restore(const workspace::Version& version);
 
+    /// Undoes or redoes (work::changeBy), then prints that and the status.
+    void take(const work::UndoStep& step);
+
     /// Records the time that passed, and writes missing summaries again. Prints only events.
     void catchUp();
 
@@ -63,7 +70,8 @@ public:
     void print(const base::Json& json);
 
 private:
-    workspace::Situation apply(const workspace::Operation& operation);
+    workspace::Situation apply(const workspace::Operation& operation,
+                               const workspace::ChangeManner& manner = {});
     void printChange(std::string_view done, const workspace::Situation& situation);
     /// Prints a warning, unless it is empty.
     void warn(const std::string& warning);

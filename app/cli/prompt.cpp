@@ -39,4 +39,13 @@ std::string askUntil(base::Environment& environment, const std::string& question
     }
 }
 
+bool isAgreed(base::Environment& environment, const std::string& question, const std::string& purpose)
+{
+    if (!environment.inputIsTerminal) {
+        throw ProgramError(ExitCode::usage,
+                           "There is no terminal to confirm on: say --yes to " + purpose + ".");
+    }
+    return ask(environment, question + " (yes, no)") == "yes";
+}
+
 }  // namespace quillmere::cli

@@ -17,4 +17,8 @@ std::string ask(base::Environment& environment, const std::string& question);
 std::string askUntil(base::Environment& environment, const std::string& question,
                      const std::function<void(const std::string&)>& require);
 
+/// Asks for a yes or no; any other answer than "yes" is a no. Without a terminal throws ProgramError, which
+/// names the purpose of saying --yes: "replace the current state".
+bool isAgreed(base::Environment& environment, const std::string& question, const std::string& purpose);
+
 }  // namespace quillmere::cli

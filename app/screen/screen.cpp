@@ -12,6 +12,7 @@ namespace {
 
 constexpr char saveLetter = 's';
 constexpr char questionsLetter = 'o';
+constexpr char undoLetter = 'u';
 
 bool isLetter(const Key& key, std::string_view letter)
 {
@@ -96,7 +97,7 @@ void Screen::take(const Key& key)
         // A person does not change what they cannot see.
         presenter_.confirm(false);
         isOver_ = isLetter(key, "q");
-    } else if (presenter_.toConfirm()) {
+    } else if (!presenter_.question().empty()) {
         presenter_.confirm(isLetter(key, "y"));
     } else if (form()) {
         pressInForm(key);
@@ -113,6 +114,8 @@ void Screen::pressOnWork(const Key& key)
         isOver_ = true;
     } else if (isLetter(key, "a")) {
         page_ = Page::questions;
+    } else if (key == typed(std::string(1, undoLetter))) {
+        presenter_.request(work::UndoDirection::undo);
     } else if (key.kind == Key::Kind::character) {
         if (const work::Action* const action = actionOn(key.text.front(), situation())) {
             presenter_.request(*action);
@@ -167,6 +170,9 @@ void Screen::pressInForm(const Key& key)
     } else if (!questionForm_ && key == withControl(questionsLetter)) {
         keepDraft();
         page_ = Page::questions;
+    } else if (!questionForm_ && key == withControl(undoLetter)) {
+        keepDraft();
+        presenter_.request(work::UndoDirection::undo);
     } else if (isPageKey(key)) {
         editor.scroll(key.kind == Key::Kind::pageDown, window_, contentArea());
     } else if (editor.take(key, window_)) {

@@ -21,11 +21,15 @@ std::vector<KeyHint> Screen::keysOfForm() const
 {
     const std::string questions = questionCount().empty() ? "questions" : questionCount();
     const work::Saving& saving = work::savingFor(work::stepOf(*form()->form(), state()));
-    return {{"^S", std::string(saving.label)},
-            {"Tab", "next field"},
-            questionForm_ ? KeyHint{"Esc", "back"} : KeyHint{"^O", questions},
-            {"PgDn", "scroll"},
-            {"^C", "quit"}};
+    std::vector<KeyHint> hints = {{"^S", std::string(saving.label)},
+                                  {"Tab", "next field"},
+                                  questionForm_ ? KeyHint{"Esc", "back"} : KeyHint{"^O", questions}};
+    if (!questionForm_ && presenter_.keepsVersions()) {
+        hints.push_back({"^U", "undo"});
+    }
+    hints.push_back({"PgDn", "scroll"});
+    hints.push_back({"^C", "quit"});
+    return hints;
 }
 
 std::vector<KeyHint> Screen::keys() const
@@ -36,7 +40,7 @@ std::vector<KeyHint> Screen::keys() const
     if (holdsKeys_) {
         return {{"Esc", "go on"}, {"^C", "quit"}};
     }
-    if (presenter_.toConfirm()) {
+    if (!presenter_.question().empty()) {
         return {{"y", "yes"}, {"any other key", "no"}};
     }
     if (form()) {
@@ -54,6 +58,9 @@ std::vector<KeyHint> Screen::keys() const
             hints.push_back({std::string(1, keyOf(action->step)), std::string(action->label)});
         }
         hints.push_back({"a", questionCount().empty() ? "questions" : questionCount()});
+        if (presenter_.keepsVersions()) {
+            hints.push_back({"u", "undo"});
+        }
     }
     hints.push_back({"q", "quit"});
     return hints;
@@ -61,8 +68,8 @@ std::vector<KeyHint> Screen::keys() const
 
 std::string Screen::message() const
 {
-    if (const work::Action* const action = presenter_.toConfirm()) {
-        return std::string(action->question);
+    if (std::string question = presenter_.question(); !question.empty()) {
+        return question;
     }
     const std::string& message = presenter_.message();
     return message + (holdsKeys_ ? (message.empty() ? "Esc goes on." : " Esc goes on.") : "");

@@ -210,20 +210,55 @@ void Presenter::request(const Action& action)
     }
 }
 
-void Presenter::confirm(bool isAgreed)
+void Presenter::request(UndoDirection direction)
 {
-    const Action* const action = std::exchange(toConfirm_, nullptr);
-    if (action && isAgreed) {
-        perform(*action);
+    try {
+        stepToConfirm_ = nextStep(direction, files_.workspace(), state(), situation().now);
+        if (!stepToConfirm_) {
+            say(noStepText(direction));
+        }
+    } catch (const std::system_error& error) {
+        say(base::failureText(error));
     }
 }
 
-bool Presenter::change(const workspace::Operation& operation, std::string_view done)
+std::string Presenter::question() const
+{
+    if (stepToConfirm_) {
+        return offerText(*stepToConfirm_);
+    }
+    return toConfirm_ ? std::string(toConfirm_->question) : "";
+}
+
+void Presenter::confirm(bool isAgreed)
+{
+    const Action* const action = std::exchange(toConfirm_, nullptr);
+    const std::optional<UndoStep> step = std::exchange(stepToConfirm_, std::nullopt);
+    if (action && isAgreed) {
+        perform(*action);
+    } else if (step && isAgreed) {
+        perform(*step);
+    }
+}
+
+void Presenter::perform(const UndoStep& step)
+{
+    const UndoChange undo = changeBy(step, files_.workspace());
+    if (change(undo.operation, doneText(step), undo.manner)) {
+        for (const workspace::Event& event : undo.step->events) {
+            bell_ = true;
+            say(eventText(event, situation().now));
+        }
+    }
+}
+
+bool Presenter::change(const workspace::Operation& operation, std::string_view done,
+                       const workspace::ChangeManner& manner)
 {
     std::vector<workspace::Event> events;
     std::string outcome(done);
     try {
-        events = files_.change(operation);
+        events = files_.change(operation, manner);
     } catch (const Unacceptable&) {
         throw;
     } catch (const std::bad_alloc&) {

@@ -6,6 +6,7 @@
 #include "work/forms/drafts.hpp"
 #include "work/forms/forms.hpp"
 #include "work/state_change.hpp"
+#include "work/undo/undo_step.hpp"
 #include "workspace/retrying_workspace.hpp"
 
 #include <quillmere/widget/widget_route.hpp>
@@ -68,13 +69,21 @@ public:
     void request(const Action& action);
     /// The action that waits for a confirmation; null: none. It lapses when it is no longer possible.
     const Action* toConfirm() const { return toConfirm_; }
-    /// Answers the question of the action that waits.
+    /// Whether versions are kept, without which there is nothing to undo.
+    bool keepsVersions() const { return !files_.workspace().stateDirectory().empty(); }
+    /// Waits for the confirmation of the next step back or forward; says so when there is none.
+    void request(UndoDirection direction);
+    /// The question that waits for an answer; empty: none.
+    std::string question() const;
+    /// Answers the question that waits.
     void confirm(bool isAgreed);
 
 private:
     /// Applies an operation; says `done`, or why it was refused.
-    bool change(const workspace::Operation& operation, std::string_view done);
+    bool change(const workspace::Operation& operation, std::string_view done,
+                const workspace::ChangeManner& manner = {});
     void perform(const Action& action) { change(action.apply, action.done); }
+    void perform(const UndoStep& step);
     void tell(const std::vector<workspace::Event>& events);
     /// Says the warning of the last change.
     void warn();
@@ -96,6 +105,7 @@ private:
     std::shared_ptr<Form> changedForm_;  ///< its draft is to be written
     std::vector<FormSubject> closedForms_;
     const Action* toConfirm_ = nullptr;
+    std::optional<UndoStep> stepToConfirm_;
     std::optional<LastShown> lastShown_;
     std::string message_;
     bool areOldDraftsRemoved_ = false;

@@ -26,16 +26,16 @@ std::vector<Event> OpenWorkspace::refresh(std::chrono::milliseconds patience)
         isStale_ = !catchUp(situation_.state, situation_.now).empty();
     }
     // So far the events are in memory only, and another program may have recorded them meanwhile.
-    return isStale_ ? change(nullptr, patience) : std::exchange(recorded_, {});
+    return isStale_ ? change(nullptr, {.patience = patience}) : std::exchange(recorded_, {});
 }
 
-std::vector<Event> OpenWorkspace::change(const Operation& operation, std::chrono::milliseconds patience)
+std::vector<Event> OpenWorkspace::change(const Operation& operation, const ChangeManner& manner)
 {
     const auto record = [this](const std::vector<Event>& events) {
         recorded_.insert(recorded_.end(), events.begin(), events.end());
     };
     isStale_ = true;
-    situation_ = workspace_.change(record, operation, {.patience = patience});
+    situation_ = workspace_.change(record, operation, manner);
     situation_.events.clear();
     isStale_ = false;
     return std::exchange(recorded_, {});

@@ -36,8 +36,7 @@ public:
 
     /// Applies an operation to the files as they are now (Workspace::change). Returns events as `refresh`
     /// does. When this throws, the events that were recorded before are returned by the next call.
-    std::vector<Event> change(const Operation& operation,
-                              std::chrono::milliseconds patience = DirectoryLock::usualPatience);
+    std::vector<Event> change(const Operation& operation, const ChangeManner& manner = {});
 
     /// Compresses one version after each save, by whatever program. To be called when nobody waits.
     void compressVersion();

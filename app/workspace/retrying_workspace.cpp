@@ -2,6 +2,8 @@
 
 #include "base/text/failure.hpp"
 
+#include <utility>
+
 namespace quillmere::workspace {
 namespace {
 
@@ -55,9 +57,10 @@ void RetryingWorkspace::compressVersion()
     }
 }
 
-std::vector<Event> RetryingWorkspace::change(const Operation& operation)
+std::vector<Event> RetryingWorkspace::change(const Operation& operation, ChangeManner manner)
 {
-    return open_->change(operation, patienceOfChange);
+    manner.patience = patienceOfChange;
+    return open_->change(operation, manner);
 }
 
 }  // namespace quillmere::workspace

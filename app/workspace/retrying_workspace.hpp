@@ -30,9 +30,11 @@ public:
     /// Reads the files if they changed, without waiting for the lock. Returns events as OpenWorkspace does.
     std::vector<Event> refresh();
 
+    const Workspace& workspace() const { return workspace_; }
+
     /// Applies an operation (OpenWorkspace::change), waiting for the lock for a second at most. To be called
     /// only when there is a situation.
-    std::vector<Event> change(const Operation& operation);
+    std::vector<Event> change(const Operation& operation, ChangeManner manner = {});
 
     /// OpenWorkspace::compressVersion, once the files are open.
     void compressVersion();

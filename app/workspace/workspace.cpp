@@ -1,6 +1,7 @@
 #include "workspace/workspace.hpp"
 
 #include "base/system/private_umask.hpp"
+#include "base/text/failure.hpp"
 #include "workspace/changeable.hpp"
 #include "workspace/file_clock.hpp"
 #include "workspace/loading.hpp"
@@ -58,10 +59,29 @@ void requireAllWritten(const std::string& saved, const SaveResult& result)
     throw Error(base::Refusal::Kind::fileError, text + ". quillmere tick tries again.");
 }
 
+void warn(Situation& situation, const std::string& sentence)
+{
+    situation.warning += (situation.warning.empty() ? "" : " ") + sentence;
+}
+
 void warn(Situation& situation, const SaveResult& result)
 {
     for (const std::string& sentence : result.warnings) {
-        situation.warning += (situation.warning.empty() ? "" : " ") + sentence;
+        warn(situation, sentence);
+    }
+}
+
+/// Does what is to be done after the save of a change.
+void finish(const ChangeManner& manner, Situation& situation)
+{
+    if (!manner.afterSave) {
+        return;
+    }
+    try {
+        manner.afterSave();
+    } catch (const std::system_error& error) {
+        warn(situation,
+             "The change is saved, but a note about it could not be written: " + base::fileErrorText(error));
     }
 }
 
@@ -143,8 +163,9 @@ Situation Workspace::change(const EventReport& report, const Operation& operatio
     }
     if (operation) {
         apply(operation, situation);
-        requireAllWritten<ChangeSaved>("The change itself is saved",
-                                       save(situation, replacedAt, manner.keeping, held));
+        const SaveResult result = save(situation, replacedAt, manner.keeping, held);
+        finish(manner, situation);
+        requireAllWritten<ChangeSaved>("The change itself is saved", result);
     } else if (!hasEvents && FileManager::standard().fileExists(states_.stateURL()) &&
                !summariesAgree(states_, places_.widget, situation.state)) {
         const SaveResult result = saveSummaries(places_, situation.state, situation.now, held);

@@ -7,6 +7,7 @@
 #include "workspace/saving.hpp"
 #include "workspace/situation.hpp"
 #include "workspace/state_lock.hpp"
+#include "workspace/undo_place.hpp"
 #include "workspace/versions.hpp"
 #include "workspace/widget_place.hpp"
 
@@ -41,6 +42,9 @@ struct ChangeManner {
     std::chrono::milliseconds patience = DirectoryLock::usualPatience;  ///< longest wait for the lock
     /// Whether the state before the operation is kept as a version, as it is before recorded events.
     Keeping keeping = Keeping::ifPossible;
+    /// Called once the operation is saved, still under the lock. When it throws `std::system_error`, that
+    /// becomes a warning.
+    std::function<void()> afterSave = nullptr;
 };
 
 class Workspace {
@@ -60,6 +64,8 @@ public:
     const std::filesystem::path& stateDirectory() const { return stateDirectory_; }
 
     const Versions& versions() const { return places_.versions; }
+
+    UndoPlaceFile undoPlace() const { return UndoPlaceFile(stateDirectory_); }
 
     /// The situation now. Neither locks nor writes.
     Situation look() const;

@@ -52,6 +52,8 @@ void addAsk       (CLI::App& line, Program& program);  // addQuestion
 void addAnswer    (CLI::App& line, Program& program);  // answerQuestion
 
 // Earlier versions.
+void addUndo      (CLI::App& line, Program& program);  // takes the last change back
+void addRedo      (CLI::App& line, Program& program);  // makes an undone change again
 void addRestore   (CLI::App& line, Program& program);  // lists them, brings one back
 
 // The system.

@@ -3,6 +3,7 @@
 #include "base/text/columns.hpp"
 #include "cli/commands/commands.hpp"
 #include "cli/exit_code.hpp"
+#include "cli/kept_versions.hpp"
 #include "cli/prompt.hpp"
 #include "cli/text_options.hpp"
 #include "cli/version_report.hpp"
@@ -62,20 +63,6 @@ void listVersions(Program& program)
     }
 }
 
-/// Versions need a state home outside the directory of the files.
-void requireVersionsKept(Program& program)
-{
-    if (!program.workspace().stateDirectory().empty()) {
-        return;
-    }
-    const std::filesystem::path& stateHome = program.environment().stateHome;
-    throw ProgramError(ExitCode::refused,
-                       stateHome.empty()
-                           ? "No versions are kept: set XDG_STATE_HOME, or HOME, to an absolute path."
-                           : "No versions are kept: their directory, " + (stateHome / "quillmere").string() +
-                                 ", lies in the directory of the files. Set XDG_STATE_HOME to another one.");
-}
-
 ProgramError noVersion(std::int64_t number)
 {
     return {ExitCode::usage,
@@ -94,24 +81,15 @@ workspace::Version versionNumbered(std::int64_t number, const workspace::Workspa
     return *found;
 }
 
-/// Asks, unless the command line confirms. Without a terminal, --yes is required.
+/// Asks, unless the command line confirms.
 bool isConfirmed(const RestoreCommand& command, const workspace::Version& version,
                  base::Environment& environment)
 {
-    if (command.isConfirmed) {
-        return true;
-    }
-    if (!environment.inputIsTerminal) {
-        throw ProgramError(ExitCode::usage,
-                           "There is no terminal to confirm on: say --yes to replace the current state.");
-    }
-    const std::string question =
-        versionText(VersionWalk().next(version).value_or(ListedVersion{version, {}, {}})) +
-        "\nReplace the current state by it? The current state is kept as a version. "
-        "(yes, no)";
-    const std::string answer = askUntil(
-        environment, question, [](const std::string& word) { return word == "yes" || word == "no"; });
-    return answer == "yes";
+    return command.isConfirmed ||
+           isAgreed(environment,
+                    versionText(VersionWalk().next(version).value_or(ListedVersion{version, {}, {}})) +
+                        "\nReplace the current state by it? The current state is kept as a version.",
+                    "replace the current state");
 }
 
 /// As the version would be restored: with the time that has passed since recorded.

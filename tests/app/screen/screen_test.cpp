@@ -680,5 +680,67 @@ TEST_F(ScreenOfAPerson, hearsOfAnEventBeforeARefusedStep)
     EXPECT_TRUE(shows("This action is not available"));
 }
 
+/// A person at the screen whose versions are kept.
+class ScreenWithVersions : public ScreenOfAPerson {
+protected:
+    void opens(const QuillmereState& state)
+    {
+        person.has(state);
+        ui = std::make_unique<Screen>(
+            workspace::Workspace::in(
+                person.directory(), [this] { return person.now; }, person.stateHome()),
+            work::Drafts(person.stateHome()), std::nullopt);
+    }
+};
+
+TEST_F(ScreenWithVersions, undoesWithOneKeyAfterAQuestion)
+{
+    opens(stateIn(WorkflowState::focusing));
+    presses("pu");
+    EXPECT_TRUE(shows("Undo: focus session 1 paused (15:00)"));
+    presses("n");
+    EXPECT_TRUE(person.state().currentSession()->pausedAt);
+    presses("uy");
+    EXPECT_FALSE(person.state().currentSession()->pausedAt);
+    EXPECT_TRUE(shows("Undone: focus session 1 paused (15:00)"));
+}
+
+TEST_F(ScreenWithVersions, undoesTheEndOfASessionFromItsReview)
+{
+    opens(stateIn(WorkflowState::focusing));
+    presses("ey");
+    ASSERT_EQ(person.state().workflowState, WorkflowState::sessionReview);
+    presses("u");
+    presses(withControl('u'));
+    EXPECT_TRUE(shows("Undo: focus session 1 ended early at 15:00 (15:00)"));
+    presses("y");
+    EXPECT_EQ(person.state().workflowState, WorkflowState::focusing);
+    EXPECT_TRUE(shows("u undo"));
+}
+
+TEST_F(ScreenWithVersions, isToldThatThereIsNothingToUndo)
+{
+    opens(stateIn(WorkflowState::focusing));
+    presses("u");
+    EXPECT_TRUE(shows("There is no change to undo"));
+}
+
+TEST_F(ScreenWithVersions, hearsWhatAnUndoCausesAtOnce)
+{
+    opens(stateWithScheduledBlock());
+    presses("cy");
+    waits(4'000);
+    presses("uy");
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionPlanning);
+    EXPECT_TRUE(ui->takeBell());
+    EXPECT_TRUE(shows("Undone: scheduled block cancelled"));
+}
+
+TEST_F(ScreenOfAPerson, isOfferedNoUndoWithoutVersions)
+{
+    opens(stateIn(WorkflowState::focusing));
+    EXPECT_FALSE(shows("u undo"));
+}
+
 }  // namespace
 }  // namespace quillmere::test
