@@ -46,10 +46,11 @@ void defineCommandLine(CLI::App& line, Program& program)
     // clang-format off
     for (const auto add : {
              addStatus, addUi,
-             addPlan, addStart, addEdit, addCancel,
-             addFocus, addPause, addResume, addEnd, addReview, addBreak, addReflect,
+             addPlan, addStart, addEdit, addCancel, addChange,
+             addFocus, addPause, addResume, addExtend, addAway, addEnd, addReview, addBreak,
+             addFinish, addReflect,
              addAsk, addQuestions, addAnswer,
-             addHistory, addReport, addUndo, addRedo, addRestore,
+             addHistory, addReport, addAmend, addDelete, addReset, addUndo, addRedo, addRestore,
              addWidget, addBar, addAgent, addOpen,
              addTick, addWatch, addTour, addDoctor}) {
         // clang-format on

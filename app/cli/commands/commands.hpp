@@ -35,21 +35,30 @@ void addUi        (CLI::App& line, Program& program);  // every operation, with 
 // A block.
 void addPlan      (CLI::App& line, Program& program);  // beginBlockPlanning, then startBlock or scheduleBlock
 void addStart     (CLI::App& line, Program& program);  // startScheduledBlockNow
-void addEdit      (CLI::App& line, Program& program);  // editScheduledBlock
-void addCancel    (CLI::App& line, Program& program);  // cancelScheduledBlock
+void addEdit      (CLI::App& line, Program& program);  // editScheduledBlock, then scheduleBlock or startBlock
+void addCancel    (CLI::App& line, Program& program);  // cancelScheduledBlock; amendments: back out, drop
+void addChange    (CLI::App& line, Program& program);  // an amendment: change
+void addFinish    (CLI::App& line, Program& program);  // an amendment: finish now
 void addReflect   (CLI::App& line, Program& program);  // completeBlockReview
 
 // A focus session and its break.
 void addFocus     (CLI::App& line, Program& program);  // startFocus
 void addPause     (CLI::App& line, Program& program);  // pauseFocus
 void addResume    (CLI::App& line, Program& program);  // resumeFocus
-void addEnd       (CLI::App& line, Program& program);  // endFocus
-void addReview    (CLI::App& line, Program& program);  // saveReviewAndStartBreak
+void addExtend    (CLI::App& line, Program& program);  // amendments: longer, shorter; go on
+void addAway      (CLI::App& line, Program& program);  // an amendment: was away
+void addEnd       (CLI::App& line, Program& program);  // endFocus; an amendment: forgot to end
+void addReview    (CLI::App& line, Program& program);  // saveReviewAndStartBreak; an amendment: finish now
 void addBreak     (CLI::App& line, Program& program);  // extendBreak, endBreak, skipBreak
 
 // Questions.
 void addAsk       (CLI::App& line, Program& program);  // addQuestion
 void addAnswer    (CLI::App& line, Program& program);  // answerQuestion
+
+// What is recorded.
+void addAmend     (CLI::App& line, Program& program);  // an amendment: correct
+void addDelete    (CLI::App& line, Program& program);  // an amendment: delete; removes a block from versions too
+void addReset     (CLI::App& line, Program& program);  // an amendment: reset
 
 // Earlier versions.
 void addUndo      (CLI::App& line, Program& program);  // takes the last change back

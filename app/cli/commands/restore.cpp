@@ -81,15 +81,15 @@ workspace::Version versionNumbered(std::int64_t number, const workspace::Workspa
     return *found;
 }
 
-/// Asks, unless the command line confirms.
-bool isConfirmed(const RestoreCommand& command, const workspace::Version& version,
-                 base::Environment& environment)
+void requireConfirmation(const RestoreCommand& command, const workspace::Version& version,
+                         base::Environment& environment)
 {
-    return command.isConfirmed ||
-           isAgreed(environment,
-                    versionText(VersionWalk().next(version).value_or(ListedVersion{version, {}, {}})) +
-                        "\nReplace the current state by it? The current state is kept as a version.",
-                    "replace the current state");
+    if (!command.isConfirmed) {
+        requireAgreement(environment,
+                         versionText(VersionWalk().next(version).value_or(ListedVersion{version, {}, {}})) +
+                             "
+Replace the current state by it? The current state is kept as a version.");
+    }
 }
 
 /// As the version would be restored: with the time that has passed since recorded.
@@ -121,9 +121,7 @@ void restore(const RestoreCommand& command, Program& program)
         compare(version, program);
         return;
     }
-    if (!isConfirmed(command, version, program.environment())) {
-        throw ProgramError(ExitCode::refused, "Nothing was changed.");
-    }
+    requireConfirmation(command, version, program.environment());
     program.restore(version);
 }
 

@@ -26,9 +26,8 @@ void takeStep(UndoDirection direction, bool isConfirmed, Program& program)
     if (!step) {
         throw ProgramError(ExitCode::refused, work::noStepText(direction));
     }
-    if (!isConfirmed &&
-        !isAgreed(program.environment(), work::offerText(*step), "do it. " + work::offerText(*step))) {
-        throw ProgramError(ExitCode::refused, "Nothing was changed.");
+    if (!isConfirmed) {
+        requireAgreement(program.environment(), work::offerText(*step));
     }
     program.take(*step);
 }

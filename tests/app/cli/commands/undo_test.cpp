@@ -52,9 +52,9 @@ TEST_F(UndoCommand, requiresYesWithoutATerminal)
 {
     const Ending ending = person.types({"undo"});
     EXPECT_EQ(ending.code, ExitCode::usage);
-    EXPECT_EQ(
-        ending.err,
-        "There is no terminal to confirm on: say --yes to do it. Undo: focus session 1 paused (15:01).\n");
+    EXPECT_EQ(ending.err,
+              "There is no terminal to confirm on: say --yes. The question is: Undo: focus session 1 paused "
+              "(15:01).\n");
     EXPECT_TRUE(isPaused());
 }
 
