@@ -10,8 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Each undo keeps a version too, so half of these are changes that can be undone.
-constexpr std::size_t lastVersions = 20;
+constexpr std::size_t lastVersions = 10;
 constexpr std::size_t lastDays = 30;
 
 std::set<fs::path> retainedByAge(std::vector<Version> versions)

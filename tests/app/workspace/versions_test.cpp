@@ -57,14 +57,13 @@ TEST(Versions, areListedFromTheNewest)
               (Words{"000001_2026-11-15T15:00:00Z.json", "000002_2026-11-15T15:01:00Z.json"}));
 }
 
-TEST(Versions, areTheLastTwentyOfADay)
+TEST(Versions, areTheLastTenOfADay)
 {
     Kept kept;
-    for (int number = 1; number <= 22; ++number) {
+    for (int number = 1; number <= 12; ++number) {
         kept.keep(std::to_string(number), moment + number);
     }
-    EXPECT_EQ(kept.texts(), (Words{"22", "21", "20", "19", "18", "17", "16", "15", "14", "13",
-                                   "12", "11", "10", "9",  "8",  "7",  "6",  "5",  "4",  "3"}));
+    EXPECT_EQ(kept.texts(), (Words{"12", "11", "10", "9", "8", "7", "6", "5", "4", "3"}));
 }
 
 TEST(Versions, areTheLastOneOfEachOfThirtyDays)
