@@ -8,6 +8,7 @@
 #include <array>
 #include <cmath>
 #include <ctime>
+#include <iterator>
 #include <vector>
 
 namespace quillmere::base {
@@ -26,15 +27,13 @@ bool showTheSame(const std::tm& left, const std::tm& right)
            left.tm_hour == right.tm_hour && left.tm_min == right.tm_min;
 }
 
-/// The next instant at which local clocks show these fields, or the last one if all are past. Absent if they
-/// never show them.
-std::optional<Instant> instantOf(const std::tm& fields, Instant now)
+/// The instants at which local clocks show these fields, in order.
+std::vector<Instant> readingsOf(const std::tm& fields)
 {
     std::vector<Instant> readings;
     // When summer time ends, the same hour occurs once with it and once without.
     for (const int summerTime : {-1, 0, 1}) {
         std::tm normalised = fields;
-        normalised.tm_sec = 0;
         normalised.tm_isdst = summerTime;
         const Instant instant(static_cast<double>(std::mktime(&normalised)));
         if (showTheSame(normalised, fields) && json::hasDateText(instant)) {
@@ -42,11 +41,38 @@ std::optional<Instant> instantOf(const std::tm& fields, Instant now)
         }
     }
     std::sort(readings.begin(), readings.end());
+    return readings;
+}
+
+/// The next instant at which local clocks show these fields, or the last one if all are past. Absent if they
+/// never show them.
+std::optional<Instant> instantOf(const std::tm& fields, Instant now)
+{
+    const std::vector<Instant> readings = readingsOf(fields);
     const auto next = std::lower_bound(readings.begin(), readings.end(), now);
     if (next != readings.end()) {
         return *next;
     }
     return readings.empty() ? std::nullopt : std::optional(readings.back());
+}
+
+/// The last instant that is not after `now`, or the first one if all are yet to come.
+std::optional<Instant> pastInstantOf(const std::tm& fields, Instant now)
+{
+    const std::vector<Instant> readings = readingsOf(fields);
+    const auto next = std::upper_bound(readings.begin(), readings.end(), now);
+    if (next != readings.begin()) {
+        return *std::prev(next);
+    }
+    return readings.empty() ? std::nullopt : std::optional(readings.front());
+}
+
+/// The local fields of `now`, with no seconds: what a text leaves out.
+std::tm fieldsBeside(Instant now)
+{
+    std::tm fields = localFields(now);
+    fields.tm_sec = 0;
+    return fields;
 }
 
 /// Reads the whole text into `fields`; `format` as for strptime(3).
@@ -57,19 +83,36 @@ bool scan(std::string_view text, const char* format, std::tm& fields)
     return end && end == copy.c_str() + copy.size();
 }
 
+/// The same time of day, some days later or earlier.
+std::tm onAnotherDay(const std::tm& fields, int daysLater)
+{
+    std::tm day = fields;
+    day.tm_mday += daysLater;
+    // mktime moves a day past the end of the month into the next one; noon exists on every day.
+    day.tm_isdst = -1;
+    day.tm_hour = 12;
+    std::mktime(&day);
+    day.tm_hour = fields.tm_hour;
+    return day;
+}
+
 std::optional<Instant> nextTimeOfDay(const std::tm& fields, Instant now)
 {
     // It may be past today, and the clocks may skip it tomorrow.
     for (const int daysLater : {0, 1, 2}) {
-        std::tm day = fields;
-        day.tm_mday += daysLater;
-        // mktime moves a day past the end of the month into the next one; noon exists on every day.
-        day.tm_isdst = -1;
-        day.tm_hour = 12;
-        std::mktime(&day);
-        day.tm_hour = fields.tm_hour;
-        const std::optional<Instant> instant = instantOf(day, now);
+        const std::optional<Instant> instant = instantOf(onAnotherDay(fields, daysLater), now);
         if (instant && *instant >= now) {
+            return instant;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<Instant> lastTimeOfDay(const std::tm& fields, Instant now)
+{
+    for (const int daysLater : {0, -1, -2}) {
+        const std::optional<Instant> instant = pastInstantOf(onAnotherDay(fields, daysLater), now);
+        if (instant && *instant <= now) {
             return instant;
         }
     }
@@ -101,18 +144,42 @@ std::string localTextSeenFrom(Instant now, Instant instant)
     return isThatDay ? localClockText(instant) : localText(instant);
 }
 
+std::string localSecondSeenFrom(Instant now, Instant instant)
+{
+    const bool isThatDay = localDayText(instant) == localDayText(now);
+    return isThatDay ? formatted(instant, "%H:%M:%S") : localTextToTheSecond(instant);
+}
+
 std::optional<Instant> instantFromLocalText(std::string_view text, Instant now)
 {
     if (text.substr(0, 1) == "+") {
         const std::optional<double> delay = durationFromText(text.substr(1));
         return delay && json::hasDateText(now + *delay) ? std::optional(now + *delay) : std::nullopt;
     }
-    std::tm fields = localFields(now);
+    std::tm fields = fieldsBeside(now);
     if (scan(text, "%Y-%m-%d %H:%M", fields) || scan(text, "%Y-%m-%dT%H:%M", fields)) {
         return instantOf(fields, now);
     }
-    fields = localFields(now);
+    fields = fieldsBeside(now);
     return scan(text, "%H:%M", fields) ? nextTimeOfDay(fields, now) : std::nullopt;
+}
+
+std::optional<Instant> pastInstantFromLocalText(std::string_view text, Instant now)
+{
+    for (const char* const day :
+         {"%Y-%m-%d %H:%M", "%Y-%m-%dT%H:%M", "%Y-%m-%d %H:%M:%S", "%Y-%m-%dT%H:%M:%S"}) {
+        std::tm fields = fieldsBeside(now);
+        if (scan(text, day, fields)) {
+            return pastInstantOf(fields, now);
+        }
+    }
+    for (const char* const time : {"%H:%M", "%H:%M:%S"}) {
+        std::tm fields = fieldsBeside(now);
+        if (scan(text, time, fields)) {
+            return lastTimeOfDay(fields, now);
+        }
+    }
+    return std::nullopt;
 }
 
 }  // namespace quillmere::base

@@ -28,9 +28,17 @@ std::string localClockText(Instant instant);
 /// "16:00" on the local day of `now`, "2026-11-15 16:00" on any other.
 std::string localTextSeenFrom(Instant now, Instant instant);
 
+/// "16:00:05" on the local day of `now`, "2026-11-15 16:00:05" on any other.
+std::string localSecondSeenFrom(Instant now, Instant instant);
+
 /// Reads "2026-11-15 16:00" (or with a "T"), "16:00" (the next time at which the clock shows it) or "+1h30m"
 /// (from now). A local time that occurs twice means the next of the two. Absent for any other text, for a
 /// local time that the clocks skip, and outside the years of the files (0000 to 9999, UTC).
 std::optional<Instant> instantFromLocalText(std::string_view text, Instant now);
+
+/// Reads "2026-11-15 16:00" (or with a "T") and "16:00", with or without seconds, as a time that has passed:
+/// the last time at which the clock showed it. A date that is yet to come is read as it stands. Absent for
+/// any other text, and as `instantFromLocalText` is.
+std::optional<Instant> pastInstantFromLocalText(std::string_view text, Instant now);
 
 }  // namespace quillmere::base

@@ -229,5 +229,43 @@ TEST(InstantFromLocalText, findsTheNextOfTwoTimesThatTheClockShows)
     EXPECT_EQ(localText(*instantFromLocalText("02:30", first + 3660)), "2026-10-26 02:30");
 }
 
+TEST(PastInstantFromLocalText, meansTheLastTimeAtWhichTheClockShowedIt)
+{
+    const TimeZone here("Europe/Berlin");  // 16:00
+    for (const auto& [text, instant] :
+         {std::pair{"15:50", moment - 600}, std::pair{"16:00", moment}, std::pair{"15:59:30", moment - 30},
+          std::pair{"16:01", moment + 60 - 86'400}, std::pair{"2026-11-15 15:50", moment - 600},
+          std::pair{"2026-11-15T15:50:01", moment - 599}, std::pair{"2026-11-15 16:10", moment + 600}}) {
+        EXPECT_EQ(base::pastInstantFromLocalText(text, moment + 0.5), instant) << text;
+    }
+}
+
+TEST(PastInstantFromLocalText, meansTheLastOfTwoTimesThatTheClockShowed)
+{
+    // On 25 October 2026 the hour from 2:00 occurs twice; the second 2:30 is at 1:30 UTC.
+    const TimeZone here("Europe/Berlin");
+    const Instant second(1'792'891'800);
+    EXPECT_EQ(base::localText(second), "2026-10-25 02:30");
+    EXPECT_EQ(base::pastInstantFromLocalText("02:30", second + 60), second);
+    EXPECT_EQ(base::pastInstantFromLocalText("02:30", second - 60), second - 3'600);
+    EXPECT_EQ(base::pastInstantFromLocalText("2026-10-25 02:30", second + 86'400), second);
+}
+
+TEST(PastInstantFromLocalText, readsNothingElse)
+{
+    const TimeZone here("UTC");
+    for (const char* const text :
+         {"", "noon", "24:00", "15:60", "+1h", "10m", "15:00 ", "2026-11-15", "-1"}) {
+        EXPECT_EQ(base::pastInstantFromLocalText(text, moment), std::nullopt) << text;
+    }
+}
+
+TEST(LocalSecondSeenFrom, namesAnotherDay)
+{
+    const TimeZone here("UTC");
+    EXPECT_EQ(base::localSecondSeenFrom(moment, moment + 5), "15:00:05");
+    EXPECT_EQ(base::localSecondSeenFrom(moment, moment - 86'395), "2026-11-14 15:00:05");
+}
+
 }  // namespace
 }  // namespace quillmere::test
