@@ -35,16 +35,16 @@ void addUi        (CLI::App& line, Program& program);  // every operation, with 
 // A block.
 void addPlan      (CLI::App& line, Program& program);  // beginBlockPlanning, then startBlock or scheduleBlock
 void addStart     (CLI::App& line, Program& program);  // startScheduledBlockNow
-void addEdit      (CLI::App& line, Program& program);  // editScheduledBlock
-void addCancel    (CLI::App& line, Program& program);  // cancelScheduledBlock
+void addEdit      (CLI::App& line, Program& program);  // editScheduledBlock, then scheduleBlock or startBlock
+void addCancel    (CLI::App& line, Program& program);  // cancelScheduledBlock; amendments: back out, drop
 void addReflect   (CLI::App& line, Program& program);  // completeBlockReview
 
 // A focus session and its break.
 void addFocus     (CLI::App& line, Program& program);  // startFocus
 void addPause     (CLI::App& line, Program& program);  // pauseFocus
 void addResume    (CLI::App& line, Program& program);  // resumeFocus
-void addEnd       (CLI::App& line, Program& program);  // endFocus
-void addReview    (CLI::App& line, Program& program);  // saveReviewAndStartBreak
+void addEnd       (CLI::App& line, Program& program);  // endFocus; an amendment: forgot to end
+void addReview    (CLI::App& line, Program& program);  // saveReviewAndStartBreak; an amendment: finish now
 void addBreak     (CLI::App& line, Program& program);  // extendBreak, endBreak, skipBreak
 
 // Questions.

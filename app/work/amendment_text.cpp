@@ -1,0 +1,51 @@
+#include "work/amendment_text.hpp"
+
+#include "base/text/duration.hpp"
+#include "base/text/local_time.hpp"
+
+#include <cmath>
+
+namespace quillmere::work {
+namespace {
+
+std::string rangeText(std::string_view name, const std::string& least, const std::string& most)
+{
+    return " Possible " + std::string(name) + ": " + least + " to " + most + ".";
+}
+
+std::string timesText(const amendments::PossibleTimes& times, Instant now)
+{
+    const Instant earliest(std::ceil(times.earliest.secondsSince1970()));
+    const Instant latest(std::floor(times.latest.secondsSince1970()));
+    if (earliest > latest) {
+        return "";
+    }
+    return rangeText("times", base::localSecondSeenFrom(now, earliest),
+                     base::localSecondSeenFrom(now, latest));
+}
+
+std::string lengthsText(const amendments::PossibleLengths& lengths)
+{
+    const double shortest = std::fmax(std::ceil(lengths.shortest), base::shortestDuration);
+    const double longest = std::floor(lengths.longest);
+    if (!(shortest <= longest)) {
+        return "";
+    }
+    return rangeText("lengths", base::durationText(shortest), base::durationText(longest));
+}
+
+}  // namespace
+
+std::string refusalText(const amendments::Refusal& refusal, Instant now)
+{
+    const std::string message = refusal.what();
+    if (const auto* const times = std::get_if<amendments::PossibleTimes>(&refusal.possible())) {
+        return message + timesText(*times, now);
+    }
+    if (const auto* const lengths = std::get_if<amendments::PossibleLengths>(&refusal.possible())) {
+        return message + lengthsText(*lengths);
+    }
+    return message;
+}
+
+}  // namespace quillmere::work
