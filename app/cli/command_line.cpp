@@ -47,7 +47,8 @@ void defineCommandLine(CLI::App& line, Program& program)
     for (const auto add : {
              addStatus, addUi,
              addPlan, addStart, addEdit, addCancel,
-             addFocus, addPause, addResume, addEnd, addReview, addBreak, addReflect,
+             addFocus, addPause, addResume, addEnd, addReview, addBreak,
+             addFinish, addReflect,
              addAsk, addQuestions, addAnswer,
              addHistory, addReport, addRestore,
              addWidget, addBar, addAgent, addOpen,

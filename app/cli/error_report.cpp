@@ -1,5 +1,6 @@
 #include "cli/error_report.hpp"
 
+#include "amendments/refusal.hpp"
 #include "base/refusal.hpp"
 #include "base/text/failure.hpp"
 #include "base/text/sanitize.hpp"
@@ -7,6 +8,7 @@
 #include "cli/json_output.hpp"
 #include "cli/program.hpp"
 #include "cli/status.hpp"
+#include "work/amendment_text.hpp"
 
 #include <quillmere/engine/workflow_error.hpp>
 #include <quillmere/records/json/coding_error.hpp>
@@ -58,6 +60,9 @@ ExitCode reportCurrentException(Program& program)
             printPossibleSteps(program);
         }
         return code;
+    } catch (const amendments::Refusal& refusal) {
+        return reportError(ExitCode::refused, work::refusalText(refusal, program.environment().clock()),
+                           program);
     } catch (const ProgramError& error) {
         return reportError(error.code(), error.what(), program);
     } catch (const base::Refusal& refusal) {

@@ -1,5 +1,6 @@
 #include "cli/program.hpp"
 
+#include "amendments/refusal.hpp"
 #include "base/refusal.hpp"
 #include "base/text/sanitize.hpp"
 #include "cli/json_output.hpp"
@@ -26,6 +27,15 @@ void Program::change(std::string_view done, const workspace::Operation& operatio
     printChange(done, apply(operation));
 }
 
+void Program::change(const std::function<std::string(QuillmereState&, Instant now)>& operation,
+                     const std::function<std::string()>& afterwards)
+{
+    std::string done;
+    const workspace::Situation situation =
+        apply([&](QuillmereState& state, Instant now) { done = operation(state, now); });
+    printChange(done + (afterwards ? afterwards() : ""), situation);
+}
+
 void Program::restore(const workspace::Version& version)
 {
     const workspace::Situation situation = workspace().restore(
@@ -43,6 +53,8 @@ bool Program::wouldAccept(const workspace::Operation& operation) const
         operation(situation.state, situation.now);
         return true;
     } catch (const WorkflowError&) {
+        return false;
+    } catch (const amendments::Refusal&) {
         return false;
     } catch (const ProgramError&) {
         return false;

@@ -43,6 +43,11 @@ public:
     /// Applies an operation to the files, then prints `done` and the status.
     void change(std::string_view done, const workspace::Operation& operation);
 
+    /// The same for an operation that returns what it has done. Calls `afterwards` between saving and
+    /// printing, and adds its text.
+    void change(const std::function<std::string(QuillmereState&, Instant now)>& operation,
+                const std::function<std::string()>& afterwards = nullptr);
+
     /// Replaces the state by a version, then prints that and the status.
     void restore(const workspace::Version& version);
 

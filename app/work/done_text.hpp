@@ -10,12 +10,15 @@ inline constexpr std::string_view blockScheduled = "The block is scheduled.";
 inline constexpr std::string_view scheduleEdited = "The block is back in planning.";
 inline constexpr std::string_view scheduleCancelled = "The scheduled block is discarded.";
 inline constexpr std::string_view blockFinished = "The block is finished.";
+inline constexpr std::string_view blockAtItsEnd = "No session follows; the block waits for its reflection.";
 
 inline constexpr std::string_view focusStarted = "Focus.";
 inline constexpr std::string_view focusPaused = "Paused.";
 inline constexpr std::string_view focusResumed = "Focus goes on.";
 inline constexpr std::string_view focusEnded = "The focus session has ended.";
 inline constexpr std::string_view reviewSaved = "The review is saved.";
+inline constexpr std::string_view reviewSavedAndFinished =
+    "The review is saved. No session follows; the block waits for its reflection.";
 
 inline constexpr std::string_view breakExtended = "The break is longer now.";
 inline constexpr std::string_view breakExtendedAndOver = "The break is longer now, and still over.";

@@ -1,4 +1,5 @@
-// Reviews a focus session, and plans the next one.
+// Reviews a focus session, and plans the next one or finishes the block.
+#include "amendments/finish_now.hpp"
 #include "cli/commands/commands.hpp"
 #include "cli/prompt.hpp"
 #include "cli/text_options.hpp"
@@ -16,6 +17,7 @@ constexpr const work::Prompt& completionPrompt = work::reviewFields.front().prom
 struct ReviewCommand {
     RecordOptions<SessionReview> options{work::reviewFields};
     PlanOptions nextPlan;
+    bool finishes = false;
 };
 
 void requireCompletion(const std::string& text) { work::completionFrom({"completion", text}); }
@@ -42,7 +44,7 @@ void askForMissing(ReviewCommand& command, const QuillmereState& state, base::En
     }
     command.options.askForMissing(askFor);
     const Block& block = *state.currentBlock;
-    if (!command.nextPlan.anyGiven() && block.hasCyclesLeft()) {
+    if (!command.finishes && !command.nextPlan.anyGiven() && block.hasCyclesLeft()) {
         environment.err << "The next session.\n";
         command.nextPlan.askForMissing(askFor);
     }
@@ -54,7 +56,7 @@ ReviewCommand filledIn(ReviewCommand command)
     if (!hasCompletion(command)) {
         command.options.give("completion", std::string(rawValue(CompletionResult::no)));
     }
-    if (!command.nextPlan.anyGiven()) {
+    if (!command.finishes && !command.nextPlan.anyGiven()) {
         command.nextPlan.askForMissing([](const work::Prompt&) { return std::string(); });
     }
     return command;
@@ -76,13 +78,21 @@ void saveReview(const ReviewCommand& command, QuillmereState& state, Instant now
         nextPlan = SessionPlan::blank(Identifier::random());
         command.nextPlan.applyTo(*nextPlan, state.currentBlock, now);
     }
-    WorkflowEngine().saveReviewAndStartBreak(state, std::move(review), std::move(nextPlan), now);
+    if (command.finishes) {
+        amendments::finishNow(state, std::move(review), now);
+    } else {
+        WorkflowEngine().saveReviewAndStartBreak(state, std::move(review), std::move(nextPlan), now);
+    }
     command.nextPlan.requireOutcome(state.currentBlock);
     requireCompletion(command.options.given("completion").value_or(""));
 }
 
 void review(ReviewCommand& command, Program& program)
 {
+    if (command.finishes && command.nextPlan.anyGiven()) {
+        throw ProgramError(ExitCode::usage,
+                           "With --finish no session follows: leave out the options of the next one.");
+    }
     const auto operationOf = [](const ReviewCommand& words) {
         return namingOptions([&](QuillmereState& state, Instant now) { saveReview(words, state, now); });
     };
@@ -94,7 +104,8 @@ void review(ReviewCommand& command, Program& program)
             askForMissing(command, program.workspace().look().state, environment);
         }
     }
-    program.change(work::done::reviewSaved, operationOf(command));
+    program.change(command.finishes ? work::done::reviewSavedAndFinished : work::done::reviewSaved,
+                   operationOf(command));
 }
 
 }  // namespace
@@ -107,6 +118,7 @@ void addReview(CLI::App& line, Program& program)
                    [command, &program] { review(*command, program); });
     command->options.addTo(*app);
     command->nextPlan.addTo(*app, "next-");
+    app->add_flag("--finish", command->finishes, "Bring the block to its end; no session follows");
 }
 
 }  // namespace quillmere::cli
