@@ -1,0 +1,73 @@
+// Makes a session longer or shorter, or lets it go on after its end.
+#include "amendments/change_length.hpp"
+#include "amendments/go_on.hpp"
+#include "amendments/possible.hpp"
+#include "amendments/refusal.hpp"
+#include "cli/commands/commands.hpp"
+#include "cli/exit_code.hpp"
+#include "cli/text_options.hpp"
+#include "work/done_text.hpp"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace quillmere::cli {
+namespace {
+
+struct ExtendCommand {
+    std::string by;  ///< negative: shorter
+    bool isPause = false;
+};
+
+double secondsOf(const std::string& text)
+{
+    const bool isNegative = text.starts_with('-');
+    const std::optional<double> seconds = base::durationFromText(text.substr(isNegative ? 1 : 0));
+    if (!seconds) {
+        throw ProgramError(ExitCode::usage, "Give a " + std::string(base::acceptedDurations) +
+                                                ", or a negative one to shorten the session: --by=-5m.");
+    }
+    return isNegative ? -*seconds : *seconds;
+}
+
+std::string extend(const ExtendCommand& command, QuillmereState& state, Instant now)
+{
+    const double by = secondsOf(command.by);
+    if (amendments::isPossible(amendments::Kind::goOn, state)) {
+        amendments::goOn(state, by,
+                         command.isPause ? amendments::TimeSinceEnd::countsAsPause
+                                         : amendments::TimeSinceEnd::countsAsFocus,
+                         now);
+        return std::string(work::done::focusWentOn);
+    }
+    if (command.isPause && amendments::isPossible(amendments::Kind::changeLength, state)) {
+        throw amendments::Refusal(
+            "The session has not ended, so that no time since its end can be a pause. Possible: extend "
+            "without "
+            "--as-pause; away, for a pause that was forgotten.");
+    }
+    amendments::changeLength(state, by, now);
+    return std::string(by < 0 ? work::done::focusShortened : work::done::focusLengthened);
+}
+
+}  // namespace
+
+void addExtend(CLI::App& line, Program& program)
+{
+    const auto command = std::make_shared<ExtendCommand>();
+    CLI::App* const app = addCommand(
+        line, program, "extend", "Make the focus session longer or shorter; after its end, go on with it",
+        [command, &program] {
+            program.change([&](QuillmereState& state, Instant now) { return extend(*command, state, now); });
+        });
+    CLI::Option* const duration =
+        app->add_option("duration", command->by, "By how much: 10m, 90s")->check(wellFormedText());
+    app->add_option("--by", command->by, "The same; a negative one makes it shorter: --by=-5m")
+        ->check(wellFormedText())
+        ->excludes(duration);
+    app->add_flag("--as-pause", command->isPause,
+                  "After the end: the time since then counts as a pause, otherwise as focus");
+}
+
+}  // namespace quillmere::cli
