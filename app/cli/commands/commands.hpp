@@ -45,6 +45,7 @@ void addFocus     (CLI::App& line, Program& program);  // startFocus
 void addPause     (CLI::App& line, Program& program);  // pauseFocus
 void addResume    (CLI::App& line, Program& program);  // resumeFocus
 void addExtend    (CLI::App& line, Program& program);  // amendments: longer, shorter; go on
+void addAway      (CLI::App& line, Program& program);  // an amendment: was away
 void addEnd       (CLI::App& line, Program& program);  // endFocus; an amendment: forgot to end
 void addReview    (CLI::App& line, Program& program);  // saveReviewAndStartBreak; an amendment: finish now
 void addBreak     (CLI::App& line, Program& program);  // extendBreak, endBreak, skipBreak

@@ -1,15 +1,63 @@
-// Ends a focus session early.
+// Ends a focus session, now or at an earlier time.
+#include "amendments/forgot_to_end.hpp"
 #include "cli/commands/commands.hpp"
+#include "cli/exit_code.hpp"
+#include "cli/past_time.hpp"
+#include "cli/text_options.hpp"
 #include "work/done_text.hpp"
 
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
 namespace quillmere::cli {
+namespace {
+
+struct EndCommand {
+    std::optional<std::string> at;
+    std::optional<std::string> ago;
+};
+
+/// Absent without options.
+std::optional<Instant> endOf(const EndCommand& command, Instant now)
+{
+    if (command.at) {
+        return pastTime("at", *command.at, now);
+    }
+    if (!command.ago) {
+        return std::nullopt;
+    }
+    const std::optional<double> ago = base::durationFromText(*command.ago);
+    if (!ago) {
+        throw ProgramError(ExitCode::usage, "--ago: Give a " + std::string(base::acceptedDurations) + ".");
+    }
+    return now - *ago;
+}
+
+void end(const EndCommand& command, QuillmereState& state, Instant now)
+{
+    if (const std::optional<Instant> at = endOf(command, now)) {
+        amendments::forgotToEnd(state, *at, now);
+    } else {
+        WorkflowEngine().endFocus(state, now);
+    }
+}
+
+}  // namespace
 
 void addEnd(CLI::App& line, Program& program)
 {
-    addCommand(line, program, "end", "End the focus session", [&program] {
+    const auto command = std::make_shared<EndCommand>();
+    CLI::App* const app = addCommand(line, program, "end", "End the focus session", [command, &program] {
         program.change(work::done::focusEnded,
-                       [](QuillmereState& state, Instant now) { WorkflowEngine().endFocus(state, now); });
+                       [&](QuillmereState& state, Instant now) { end(*command, state, now); });
     });
+    CLI::Option* const at =
+        app->add_option("--at", command->at, "It ended at this time, also when it has ended since: 14:20")
+            ->check(wellFormedText());
+    app->add_option("--ago", command->ago, "It ended this long ago: 10m")
+        ->check(wellFormedText())
+        ->excludes(at);
 }
 
 }  // namespace quillmere::cli

@@ -1,0 +1,45 @@
+// Makes a pause of time that has passed.
+#include "amendments/was_away.hpp"
+#include "cli/commands/commands.hpp"
+#include "cli/past_time.hpp"
+#include "cli/text_options.hpp"
+#include "work/done_text.hpp"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace quillmere::cli {
+namespace {
+
+struct AwayCommand {
+    std::string from;
+    std::optional<std::string> to;
+};
+
+void away(const AwayCommand& command, QuillmereState& state, Instant now)
+{
+    const Instant from = pastTime("from", command.from, now);
+    const std::optional<Instant> to =
+        command.to ? std::optional(pastTime("to", *command.to, now)) : std::nullopt;
+    amendments::wasAway(state, from, to, now);
+}
+
+}  // namespace
+
+void addAway(CLI::App& line, Program& program)
+{
+    const auto command = std::make_shared<AwayCommand>();
+    CLI::App* const app = addCommand(
+        line, program, "away", "Make a pause of time in the focus session that has passed",
+        [command, &program] {
+            program.change(work::done::pauseAdded,
+                           [&](QuillmereState& state, Instant now) { away(*command, state, now); });
+        });
+    app->add_option("--from", command->from, "When the pause began: 14:20")
+        ->required()
+        ->check(wellFormedText());
+    app->add_option("--to", command->to, "When it ended: 14:35 (usual: now)")->check(wellFormedText());
+}
+
+}  // namespace quillmere::cli

@@ -1,0 +1,140 @@
+// An end of a session that was forgotten, and time that was a pause.
+#include "refusal_testing.hpp"
+
+namespace quillmere::test {
+namespace {
+
+/// Twenty minutes into a session that began at 15:00.
+Person personInFocus()
+{
+    Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    person.now = moment + 1200.75;
+    return person;
+}
+
+TEST(EndAt, endsARunningSessionAtAnEarlierTime)
+{
+    const TimeZone here("UTC");
+    const Person person = personInFocus();
+    const Ending ending = person.types({"end", "--at", "15:12"});
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_TRUE(ending.out.starts_with("The focus session has ended.\n\n"));
+    const QuillmereState state = person.state();
+    EXPECT_EQ(state.workflowState, WorkflowState::sessionReview);
+    EXPECT_EQ(state.currentSession()->endedAt, moment + 720);
+    EXPECT_EQ(state.updatedAt, moment + 1200);
+    EXPECT_TRUE(filesAgree(person));
+}
+
+TEST(EndAt, correctsTheEndOfASessionThatWaitsForItsReview)
+{
+    const TimeZone here("UTC");
+    Person person = personInFocus();
+    person.now = moment + 4000;
+    EXPECT_EQ(person.types({"end", "--at", "15:12:30"}).code, ExitCode::done);
+    EXPECT_EQ(person.state().currentSession()->endedAt, moment + 750);
+}
+
+TEST(EndAgo, endsASessionThatLongAgo)
+{
+    const Person person = personInFocus();
+    EXPECT_EQ(person.types({"end", "--ago", "10m"}).code, ExitCode::done);
+    EXPECT_EQ(person.state().currentSession()->endedAt, moment + 600);
+}
+
+TEST(EndAt, namesThePossibleTimesForAnyOther)
+{
+    const TimeZone here("UTC");
+    const Person person = personInFocus();
+    const std::string message =
+        "The session cannot have ended then: not before its start plus its pauses, and not after now. Of "
+        "finished pauses only the sum is known. Possible times: 15:00:00 to 15:20:00.";
+    expectRefusal(person, {"end", "--at", "14:59"}, message);
+    expectRefusal(person, {"end", "--at", "2026-11-15 15:21"}, message);
+    expectRefusal(person, {"end", "--ago", "21m"}, message);
+    EXPECT_EQ(person.types({"end", "--at", "15:00:00"}).code, ExitCode::done);
+}
+
+TEST(EndAt, refusesATextThatIsNoTime)
+{
+    const Person person = personInFocus();
+    expectRefusal(person, {"end", "--at", "noon"},
+                  "--at: \"noon\" is no local time, such as 14:20, 14:20:30 or \"2026-11-15 14:20\".",
+                  ExitCode::usage);
+    expectRefusal(person, {"end", "--ago", "noon"},
+                  "--ago: Give a duration from 1 second to 366 days, such as 25m or 1h30m.", ExitCode::usage);
+    EXPECT_EQ(person.types({"end", "--ago", "10m", "--at", "15:12"}).code, ExitCode::usage);
+}
+
+TEST(EndAt, saysElsewhereWhatIsPossible)
+{
+    const Person person;
+    person.has(stateIn(WorkflowState::breaking));
+    expectRefusal(
+        person, {"end", "--ago", "1m"},
+        "No session is running, and none waits for its review. Possible now: finish, change, amend.");
+}
+
+TEST(Away, addsThatTimeToThePauses)
+{
+    const TimeZone here("UTC");
+    const Person person = personInFocus();
+    const Ending ending = person.types({"away", "--from", "15:05", "--to", "15:12:30"});
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_TRUE(ending.out.starts_with("That time is a pause.\n\n"));
+    EXPECT_EQ(person.state().currentSession()->accumulatedPausedSeconds, 450);
+    EXPECT_TRUE(filesAgree(person));
+}
+
+TEST(Away, lastsUntilNowByDefault)
+{
+    const TimeZone here("UTC");
+    const Person person = personInFocus();
+    EXPECT_EQ(person.types({"away", "--from", "15:05"}).code, ExitCode::done);
+    EXPECT_EQ(person.state().currentSession()->accumulatedPausedSeconds, 900);
+}
+
+TEST(Away, namesThePossibleTimes)
+{
+    const TimeZone here("UTC");
+    const Person person = personInFocus();
+    const std::string message =
+        "That time has to lie between the start of the session and now. Possible times: 15:00:00 to "
+        "15:20:00.";
+    expectRefusal(person, {"away", "--from", "14:50"}, message);
+    expectRefusal(person, {"away", "--from", "15:10", "--to", "15:05"}, message);
+    expectRefusal(person, {"away", "--from", "15:10", "--to", "15:30"}, message);
+}
+
+TEST(Away, isNoLongerThanTheSessionHasRun)
+{
+    const TimeZone here("UTC");
+    const Person person = personInFocus();
+    person.types({"away", "--from", "15:05"});
+    expectRefusal(
+        person, {"away", "--from", "15:10"},
+        "With the finished pauses, of which only the sum is known, that is longer than the session has "
+        "run. Possible: a shorter time. Possible lengths: 1 s to 5 min.");
+}
+
+TEST(Away, refusesATextThatIsNoTime)
+{
+    const Person person = personInFocus();
+    expectRefusal(person, {"away", "--from", "15:05", "--to", "soon"},
+                  "--to: \"soon\" is no local time, such as 14:20, 14:20:30 or \"2026-11-15 14:20\".",
+                  ExitCode::usage);
+    EXPECT_EQ(person.types({"away"}).code, ExitCode::usage);
+}
+
+TEST(Away, saysElsewhereWhatIsPossible)
+{
+    const Person person;
+    person.has(stateIn(WorkflowState::sessionReview));
+    expectRefusal(
+        person, {"away", "--from", "15:00"},
+        "No focus session is running. Possible now: review --finish, change, extend, end --at, amend.");
+}
+
+}  // namespace
+}  // namespace quillmere::test
