@@ -39,4 +39,25 @@ std::string askUntil(base::Environment& environment, const std::string& question
     }
 }
 
+bool agrees(base::Environment& environment, const std::string& question)
+{
+    const std::string answer = askUntil(environment, question + " (yes, no)", [](const std::string& word) {
+        if (word != "yes" && word != "no") {
+            throw work::Unacceptable("", "Say yes or no.");
+        }
+    });
+    return answer == "yes";
+}
+
+void requireAgreement(base::Environment& environment, const std::string& question)
+{
+    if (!environment.inputIsTerminal) {
+        throw ProgramError(ExitCode::usage,
+                           "There is no terminal to confirm on: say --yes. The question is: " + question);
+    }
+    if (!agrees(environment, question)) {
+        throw ProgramError(ExitCode::refused, "Nothing was changed.");
+    }
+}
+
 }  // namespace quillmere::cli

@@ -17,4 +17,11 @@ std::string ask(base::Environment& environment, const std::string& question);
 std::string askUntil(base::Environment& environment, const std::string& question,
                      const std::function<void(const std::string&)>& require);
 
+/// Whether the person agrees: "yes" does, and "no" does not; asks again after any other answer.
+bool agrees(base::Environment& environment, const std::string& question);
+
+/// Asks the question on a terminal and throws ProgramError (`refused`) unless the person agrees. Without a
+/// terminal throws ProgramError (`usage`), which names `--yes`.
+void requireAgreement(base::Environment& environment, const std::string& question);
+
 }  // namespace quillmere::cli

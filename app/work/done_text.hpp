@@ -10,6 +10,9 @@ inline constexpr std::string_view blockScheduled = "The block is scheduled.";
 inline constexpr std::string_view scheduleEdited = "The block is back in planning.";
 inline constexpr std::string_view scheduleCancelled = "The scheduled block is discarded.";
 inline constexpr std::string_view blockFinished = "The block is finished.";
+inline constexpr std::string_view planningLeft = "Planning is left.";
+inline constexpr std::string_view scheduleKept = "The scheduled block is as it was.";
+inline constexpr std::string_view blockDropped = "The block is dropped.";
 inline constexpr std::string_view blockAtItsEnd = "No session follows; the block waits for its reflection.";
 
 inline constexpr std::string_view focusStarted = "Focus.";

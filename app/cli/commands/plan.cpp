@@ -1,99 +1,101 @@
 // Plans a block and begins it, now or at a later time.
+#include "cli/block_options.hpp"
 #include "cli/commands/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/prompt.hpp"
-#include "cli/text_options.hpp"
 #include "work/done_text.hpp"
-#include "work/fields/answers.hpp"
+#include "work/forms/block_draft.hpp"
+
+#include <CLI/CLI.hpp>
 
 #include <memory>
+#include <ostream>
 
 namespace quillmere::cli {
 namespace {
 
-constexpr const work::Prompt& outcomePrompt = work::blockFields.front().prompt;
-constexpr const work::Prompt& startPrompt = work::blockFields.back().prompt;
-
-/// The command line.
 struct PlanCommand {
-    RecordOptions<Block> options{work::blockFields};
-    bool start = false;
-
-    const std::optional<std::string>& at() const { return options.given("at"); }
+    BlockOptions options;
+    bool takesDraft = false;
+    std::optional<Block> draft;  ///< what planning begins with instead of a blank block
 };
 
-void askForMissing(PlanCommand& command, base::Environment& environment, Instant now)
+Block presentBlock(const PlanCommand& command, const QuillmereState& state, Instant now)
 {
-    std::vector<std::string>& outcomes = command.options.items("outcome");
-    if (outcomes.empty()) {
-        for (std::string outcome = ask(environment, std::string(outcomePrompt.question)); !outcome.empty();
-             outcome = ask(environment, "And what else? (empty: nothing)")) {
-            outcomes.push_back(outcome);
-        }
+    if (!state.currentBlock) {
+        return command.draft.value_or(Block::default_(now));
     }
-    command.options.askForMissing([&](const work::Prompt& prompt) {
-        // An empty answer keeps the text of a block that was scheduled before.
-        const std::string answer = ask(environment, work::promptText(prompt));
-        return answer.empty() ? std::nullopt : std::optional(answer);
-    });
-    if (!command.start && !command.at()) {
-        const std::string when =
-            askUntil(environment, work::promptText(startPrompt), [&](const std::string& text) {
-                if (!text.empty()) {
-                    work::requireToCome("at", work::startFrom({"at", text}, now), now);
-                }
-            });
-        command.start = when.empty();
-        command.options.give("at", when.empty() ? std::nullopt : std::optional(when));
-    }
-}
-
-/// The block in planning, or a default one, with the values of the command line.
-Block plannedBlock(const PlanCommand& command, const QuillmereState& state, Instant now)
-{
-    Block block = state.currentBlock ? *state.currentBlock : Block::default_(now);
-    command.options.applyTo(block, now);
-    block.plannedStart = std::nullopt;
-    if (command.at()) {
-        block.plannedStart = work::startFrom({"at", *command.at()}, now);
-        work::requireToCome("at", *block.plannedStart, now);
-    }
-    return block;
+    const bool isDraftOfIt = command.draft && command.draft->id == state.currentBlock->id;
+    return isDraftOfIt ? *command.draft : *state.currentBlock;
 }
 
 /// Begins planning, unless it has begun, and ends it with the block. Refusals of the engine come before an
 /// option that is missing.
 void planBlock(const PlanCommand& command, QuillmereState& state, Instant now)
 {
-    const WorkflowEngine engine;
     if (state.workflowState != WorkflowState::blockPlanning) {
-        engine.beginBlockPlanning(state, now);
+        WorkflowEngine().beginBlockPlanning(state, now);
     }
-    Block block = plannedBlock(command, state, now);
-    if (command.at()) {
-        engine.scheduleBlock(state, std::move(block), now);
-    } else {
-        engine.startBlock(state, std::move(block), now);
-    }
-    if (!command.start && !command.at()) {
+    command.options.plan(presentBlock(command, state, now), state, now);
+    if (!command.options.hasTime() && !state.currentBlock->plannedStart) {
         throw ProgramError(ExitCode::usage, "Say --start to begin now, or --at TIME to begin later.");
     }
 }
 
+workspace::Operation operationOf(const PlanCommand& command)
+{
+    return namingOptions([&](QuillmereState& state, Instant now) { planBlock(command, state, now); });
+}
+
+/// Dry run, so that wrong options are refused before anything is asked.
+bool wouldBegin(PlanCommand command, const Program& program)
+{
+    if (!command.options.hasTime()) {
+        command.options.giveStart();
+    }
+    return program.wouldAccept(operationOf(command));
+}
+
+bool wantsDraft(const Block& draft, base::Environment& environment)
+{
+    const std::string title = draft.outcomes.empty() ? "" : draft.outcomes.front().title;
+    return agrees(environment, title.empty() ? "Go on with the draft of a block that was not begun?"
+                                             : "Go on with the draft of a block, \"" + title + "\"?");
+}
+
 void plan(PlanCommand& command, Program& program)
 {
-    const auto operationOf = [](const PlanCommand& words) {
-        return namingOptions([&](QuillmereState& state, Instant now) { planBlock(words, state, now); });
-    };
-    if (program.environment().inputIsTerminal) {
-        // Wrong options are refused before anything is asked.
-        PlanCommand rehearsal = command;
-        rehearsal.start = !rehearsal.at();
-        if (program.wouldAccept(operationOf(rehearsal))) {
-            askForMissing(command, program.environment(), program.workspace().now());
+    base::Environment& environment = program.environment();
+    const workspace::Workspace workspace = program.workspace();
+    const work::Drafts drafts(workspace.stateDirectory());
+    std::optional<workspace::Situation> before;
+    if (command.takesDraft) {
+        before = workspace.look();
+        command.draft = work::draftOfNextBlock(before->state, drafts, before->now);
+        if (!command.draft && wouldBegin(command, program)) {
+            throw ProgramError(ExitCode::refused,
+                               "There is no draft of a block. Possible: plan without --draft.");
         }
     }
-    program.change(command.start ? work::done::blockBegun : work::done::blockScheduled, operationOf(command));
+    if (environment.inputIsTerminal && wouldBegin(command, program)) {
+        before = workspace.look();
+        if (!command.takesDraft) {
+            command.draft = work::draftOfNextBlock(before->state, drafts, before->now);
+            if (command.draft && !wantsDraft(*command.draft, environment)) {
+                command.draft.reset();
+            }
+        }
+        command.options.askForMissing(presentBlock(command, before->state, before->now), environment,
+                                      before->now);
+    }
+    program.change([&](QuillmereState& state, Instant now) {
+        operationOf(command)(state, now);
+        return std::string(state.currentBlock->plannedStart ? work::done::blockScheduled
+                                                            : work::done::blockBegun);
+    });
+    if (command.draft) {
+        work::forgetDraftOfNextBlock(before->state, drafts);
+    }
 }
 
 }  // namespace
@@ -104,7 +106,8 @@ void addPlan(CLI::App& line, Program& program)
     CLI::App* const app = addCommand(line, program, "plan", "Plan a block and begin it, or schedule it",
                                      [command, &program] { plan(*command, program); });
     command->options.addTo(*app);
-    app->add_flag("--start", command->start, "Begin now")->excludes(command->options.option("at"));
+    app->add_flag("--draft", command->takesDraft,
+                  "Begin with the draft of a block: what was typed, or the words of one that was dropped");
 }
 
 }  // namespace quillmere::cli

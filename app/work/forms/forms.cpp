@@ -26,12 +26,6 @@ constexpr auto formRows = std::to_array<FormRow>({
 });
 static_assert(inCaseOrder(formRows) && formRows.size() == EnumerationTable<FormKind>::rows.size());
 
-/// A new block has no identifier before it is saved, so it is named by the block before it.
-std::string nameOfNewBlock(const QuillmereState& state)
-{
-    return "after-" + (state.blockHistory.empty() ? "none" : state.blockHistory.front().id.text());
-}
-
 /// Whether the form may be saved in this state.
 bool isCurrent(const FormSubject& subject, const QuillmereState& state)
 {
@@ -60,7 +54,7 @@ Field fieldOf(const Prompt& prompt, const std::string& prefix, FieldValue value)
 std::optional<FormSubject> subjectFor(const QuillmereState& state)
 {
     const std::optional<Block>& block = state.currentBlock;
-    const std::string blockName = block ? block->id.text() : nameOfNewBlock(state);
+    const std::string blockName = block ? block->id.text() : newBlock(state).name;
     switch (state.workflowState) {
         case WorkflowState::blockPlanning: return FormSubject{FormKind::block, blockName};
         case WorkflowState::sessionPlanning: {
@@ -78,6 +72,12 @@ std::optional<FormSubject> subjectFor(const QuillmereState& state)
         case WorkflowState::complete: break;
     }
     return std::nullopt;
+}
+
+FormSubject newBlock(const QuillmereState& state)
+{
+    const std::string before = state.blockHistory.empty() ? "none" : state.blockHistory.front().id.text();
+    return {FormKind::block, "after-" + before};
 }
 
 FormSubject answerTo(const AgentQuestion& question) { return {FormKind::answer, question.id.text()}; }

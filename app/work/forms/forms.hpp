@@ -14,6 +14,9 @@ namespace quillmere::work {
 /// The form that the workflow waits for; absent where it waits for none.
 std::optional<FormSubject> subjectFor(const QuillmereState& state);
 
+/// A block that is to be planned next. It has no identifier before it is saved, so it is named by the block
+/// before it.
+FormSubject newBlock(const QuillmereState& state);
 FormSubject answerTo(const AgentQuestion& question);
 FormSubject newQuestion();
 

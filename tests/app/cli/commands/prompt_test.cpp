@@ -103,7 +103,6 @@ TEST(PlanPrompt, keepsWhatAScheduledBlockHadWhereNothingIsTyped)
     EXPECT_EQ(asked(person, {"plan"}, "\nAnother reason\n\n\n\n\n\n").code, ExitCode::done);
     Block expected = *state.currentBlock;
     expected.whyValue = "Another reason";
-    expected.plannedStart.reset();
     EXPECT_EQ(person.state().currentBlock, expected);
 }
 
