@@ -8,6 +8,7 @@ namespace quillmere::work::done {
 inline constexpr std::string_view blockBegun = "The block has begun.";
 inline constexpr std::string_view blockScheduled = "The block is scheduled.";
 inline constexpr std::string_view scheduleEdited = "The block is back in planning.";
+inline constexpr std::string_view scheduleChanged = "The scheduled block is changed.";
 inline constexpr std::string_view scheduleCancelled = "The scheduled block is discarded.";
 inline constexpr std::string_view blockFinished = "The block is finished.";
 inline constexpr std::string_view planningLeft = "Planning is left.";

@@ -1,16 +1,64 @@
-// Takes a scheduled block back into planning.
+// Changes a scheduled block.
+#include "cli/block_options.hpp"
 #include "cli/commands/commands.hpp"
+#include "cli/exit_code.hpp"
 #include "work/done_text.hpp"
 
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
 namespace quillmere::cli {
+namespace {
+
+/// Whether the scheduled block is back in planning, as on the screen.
+bool isBeingEdited(const QuillmereState& state)
+{
+    return state.workflowState == WorkflowState::blockPlanning && state.currentBlock &&
+           state.currentBlock->plannedStart;
+}
+
+/// Takes the block back into planning and out again, so that it never loses its start in between.
+std::string edit(const BlockOptions& options, QuillmereState& state, Instant now)
+{
+    if (!isBeingEdited(state)) {
+        WorkflowEngine().editScheduledBlock(state, now);
+    }
+    options.plan(*state.currentBlock, state, now);
+    return std::string(state.currentBlock->plannedStart ? work::done::scheduleChanged
+                                                        : work::done::blockBegun);
+}
+
+void editBlock(BlockOptions& options, Program& program)
+{
+    const auto operation = [&](QuillmereState& state, Instant now) {
+        std::string done;
+        namingOptions([&](QuillmereState& edited, Instant at) { done = edit(options, edited, at); })(state,
+                                                                                                     now);
+        if (!options.anyGiven() && !program.environment().inputIsTerminal) {
+            throw ProgramError(ExitCode::usage,
+                               "Say what to change, such as --at 15:00 or --focus 50m; quillmere edit --help "
+                               "lists the options.");
+        }
+        return done;
+    };
+    if (program.environment().inputIsTerminal && !options.anyGiven()) {
+        const workspace::Situation situation = program.workspace().look();
+        if (situation.state.currentBlock && program.wouldAccept(operation)) {
+            options.askForMissing(*situation.state.currentBlock, program.environment(), situation.now);
+        }
+    }
+    program.change(operation);
+}
+
+}  // namespace
 
 void addEdit(CLI::App& line, Program& program)
 {
-    addCommand(line, program, "edit", "Take the scheduled block back into planning", [&program] {
-        program.change(work::done::scheduleEdited, [](QuillmereState& state, Instant now) {
-            WorkflowEngine().editScheduledBlock(state, now);
-        });
-    });
+    const auto options = std::make_shared<BlockOptions>();
+    CLI::App* const command = addCommand(line, program, "edit", "Change the scheduled block, or begin it now",
+                                         [options, &program] { editBlock(*options, program); });
+    options->addTo(*command);
 }
 
 }  // namespace quillmere::cli

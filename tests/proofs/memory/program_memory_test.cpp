@@ -57,7 +57,7 @@ const std::vector<Typed>& everything()
         {"plan --start", in<idle>, soon, {"plan", "--outcome", text, "--why", text, "--start"}},
         {"plan --at", in<idle>, soon, {"plan", "--outcome", text, "--at", "+1h"}},
         {"start", stateWithScheduledBlock, soon, {"start"}},
-        {"edit", stateWithScheduledBlock, soon, {"edit"}},
+        {"edit", stateWithScheduledBlock, soon, {"edit", "--why", text}},
         {"cancel", stateWithScheduledBlock, soon, {"cancel"}},
         {"focus", in<sessionPlanning>, soon, {"focus", "--outcome", text, "--energy", "4", "--morale", "3"}},
         {"pause", in<focusing>, soon, {"pause"}},

@@ -17,18 +17,6 @@ TEST(Start, beginsAScheduledBlockBeforeItsTime)
     EXPECT_TRUE(filesAgree(person));
 }
 
-TEST(Edit, takesAScheduledBlockBackIntoPlanning)
-{
-    const Person person;
-    person.types({"plan", "--why", "A deadline", "--at", "+1h"});
-    EXPECT_EQ(person.types({"edit"}).code, ExitCode::done);
-    const QuillmereState state = person.state();
-    EXPECT_EQ(state.workflowState, WorkflowState::blockPlanning);
-    ASSERT_TRUE(state.currentBlock);
-    EXPECT_EQ(state.currentBlock->whyValue, "A deadline");
-    EXPECT_TRUE(filesAgree(person));
-}
-
 TEST(Cancel, discardsAScheduledBlock)
 {
     const Person person;
