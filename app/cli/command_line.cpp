@@ -46,7 +46,7 @@ void defineCommandLine(CLI::App& line, Program& program)
     // clang-format off
     for (const auto add : {
              addStatus, addUi,
-             addPlan, addStart, addEdit, addCancel,
+             addPlan, addStart, addEdit, addCancel, addChange,
              addFocus, addPause, addResume, addExtend, addAway, addEnd, addReview, addBreak,
              addFinish, addReflect,
              addAsk, addQuestions, addAnswer,

@@ -37,6 +37,7 @@ void addPlan      (CLI::App& line, Program& program);  // beginBlockPlanning, th
 void addStart     (CLI::App& line, Program& program);  // startScheduledBlockNow
 void addEdit      (CLI::App& line, Program& program);  // editScheduledBlock, then scheduleBlock or startBlock
 void addCancel    (CLI::App& line, Program& program);  // cancelScheduledBlock; amendments: back out, drop
+void addChange    (CLI::App& line, Program& program);  // an amendment: change
 void addFinish    (CLI::App& line, Program& program);  // an amendment: finish now
 void addReflect   (CLI::App& line, Program& program);  // completeBlockReview
 
