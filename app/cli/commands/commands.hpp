@@ -55,6 +55,9 @@ void addBreak     (CLI::App& line, Program& program);  // extendBreak, endBreak,
 void addAsk       (CLI::App& line, Program& program);  // addQuestion
 void addAnswer    (CLI::App& line, Program& program);  // answerQuestion
 
+// What is recorded.
+void addAmend     (CLI::App& line, Program& program);  // an amendment: correct
+
 // Earlier versions.
 void addRestore   (CLI::App& line, Program& program);  // lists them, brings one back
 

@@ -8,6 +8,7 @@
 #include "cli/status.hpp"
 #include "cli/text_options.hpp"
 #include "figures/look_back.hpp"
+#include "work/naming.hpp"
 
 #include <CLI/CLI.hpp>
 
@@ -16,6 +17,8 @@
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <string>
+#include <vector>
 
 namespace quillmere::cli {
 namespace {
@@ -44,10 +47,10 @@ double focusSeconds(const Block& block)
     return seconds;
 }
 
-void printBlock(std::ostream& out, const Block& block)
+void printBlock(std::ostream& out, const Block& block, const std::string& name)
 {
-    out << base::localText(block.completedAt.value_or(block.createdAt)) << "  " << block.sessions.size()
-        << " of " << base::countText(block.cycleCount, "session") << ", "
+    out << base::localText(block.completedAt.value_or(block.createdAt)) << "  " << name << "  "
+        << block.sessions.size() << " of " << base::countText(block.cycleCount, "session") << ", "
         << base::durationText(focusSeconds(block)) << " of focus\n";
     for (const Outcome& outcome : block.outcomes) {
         printField(out, "  Outcome", outcome.title);
@@ -79,8 +82,9 @@ void showHistory(std::size_t limit, Program& program)
         return;
     }
     std::ostream& out = program.environment().out;
+    const std::vector<std::string> names = work::shortNames(state);
     for (std::size_t index = 0; index < count; ++index) {
-        printBlock(out, state.blockHistory[index]);
+        printBlock(out, state.blockHistory[index], names[index]);
     }
     if (const std::size_t all = state.blockHistory.size(); all > count) {
         out << all - count << " more; --limit " << all << " shows all\n";

@@ -26,14 +26,31 @@ Person personWithHistory()
 TEST(History, showsABlockWithItsTimeInFocusWithoutPauses)
 {
     const TimeZone here("Europe/Berlin");
-    EXPECT_EQ(personWithHistory().types({"history", "--limit", "1"}).out,
-              "2026-11-27 16:00  2 of 3 sessions, 24 min 45 s of focus\n"
-              "  Outcome: Chapter one\n"
-              "  Outcome: Number 12\n"
-              "  Session 1: Half, Result 1\n"
-              "  Produced: Two chapters\n"
-              "  Lessons: Close the door\n"
-              "11 more; --limit 12 shows all\n");
+    EXPECT_EQ(
+        personWithHistory().types({"history", "--limit", "1"}).out,
+        "2026-11-27 16:00  9F1C2A4E-0B7D-4C55-8E21-000000000138  2 of 3 sessions, 24 min 45 s of focus\n"
+        "  Outcome: Chapter one\n"
+        "  Outcome: Number 12\n"
+        "  Session 1: Half, Result 1\n"
+        "  Produced: Two chapters\n"
+        "  Lessons: Close the door\n"
+        "11 more; --limit 12 shows all\n");
+}
+
+TEST(History, namesEachBlockByAsManyCharactersAsItTakes)
+{
+    const Person person = personWithHistory();
+    QuillmereState state = person.state();
+    state.blockHistory.resize(3, state.blockHistory[0]);
+    for (std::size_t index = 0; const char* const start : {"AAAA0", "AAAA1", "BBBB0"}) {
+        state.blockHistory[index++].id =
+            *Identifier::fromText(start + std::string("000-0000-4000-8000-000000000000"));
+    }
+    person.has(state);
+    const std::string all = person.types({"history"}).out;
+    for (const char* const name : {"  AAAA0  2 of 3", "  AAAA1  2 of 3", "  BBBB  2 of 3"}) {
+        EXPECT_NE(all.find(name), std::string::npos) << all;
+    }
 }
 
 TEST(History, showsAReviewWithoutAResultByItsCompletion)
@@ -111,8 +128,8 @@ TEST(History, countsNoTimeOfASessionThatNeverEndedOrEndedBeforeItBegan)
     state.blockHistory[0].sessions[0].endedAt = state.blockHistory[0].sessions[0].startedAt - 500;
     state.blockHistory[0].sessions[1].endedAt.reset();
     person.has(state);
-    EXPECT_EQ(person.types({"history", "--limit", "1"}).out.substr(0, 53),
-              "2026-11-27 15:00  2 of 3 sessions, 0 s of focus\n  Out");
+    EXPECT_EQ(person.types({"history", "--limit", "1"}).out.substr(0, 91),
+              "2026-11-27 15:00  9F1C2A4E-0B7D-4C55-8E21-000000000138  2 of 3 sessions, 0 s of focus\n  Out");
 }
 
 }  // namespace
