@@ -6,9 +6,14 @@
 #include <cstdint>
 #include <filesystem>
 #include <set>
+#include <string_view>
 #include <vector>
 
 namespace quillmere::workspace {
+
+/// The rule of `retained`, in the words of messages.
+inline constexpr std::string_view retentionInWords =
+    "the last ten, and the last one of each of the thirty newest days that have any";
 
 /// The files to retain, of versions with the highest number first: the last ten, and the one saved last on
 /// each of the thirty newest local days that have versions, at most forty. Of these, the oldest are left out

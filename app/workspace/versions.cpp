@@ -183,6 +183,21 @@ fs::path Versions::nextFile(Instant savedAt) const
 
 void Versions::remove(const Version& version) const { removeIfPossible(version.file); }
 
+void Versions::rewrite(const Version& version, const QuillmereState& state) const
+{
+    const base::PrivateUmask ownersOnly;
+    if (version.isCompressed) {
+        std::string text;
+        StateStore::encoder().source(state)([&](std::string_view piece) { text += piece; });
+        const Bytes frame = base::compressed(text);
+        writeAtomically([&](const ByteSink& sink) { sink(frame.view()); }, version.file,
+                        StateStore::renameReplacingDurably);
+    } else {
+        writeAtomically(StateStore::encoder().source(state), version.file,
+                        StateStore::renameReplacingDurably);
+    }
+}
+
 void Versions::prune(std::uintmax_t stateSize) const
 {
     const std::vector<Version> versions = list();

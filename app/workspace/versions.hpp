@@ -45,6 +45,10 @@ public:
     /// Deletes a version. One that cannot be deleted stays.
     void remove(const Version& version) const;
 
+    /// Replaces the state of a version, which keeps its number, its name and its form. Durable. Throws
+    /// `std::system_error`; the version is then as it was.
+    void rewrite(const Version& version, const QuillmereState& state) const;
+
     /// Deletes versions that are no longer retained (workspace::retained), and temporary files of processes
     /// that died.
     void prune(std::uintmax_t stateSize) const;

@@ -171,6 +171,12 @@ Situation Workspace::restore(const Version& version, const EventReport& report) 
     return situation;
 }
 
+Forgotten Workspace::forgetInVersions(const Identifier& block) const
+{
+    const StateLock held = lock();
+    return forget(block, places_.versions);
+}
+
 void Workspace::compressVersion() const
 {
     try {

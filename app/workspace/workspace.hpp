@@ -4,6 +4,7 @@
 #include "base/refusal.hpp"
 #include "workspace/catching_up.hpp"
 #include "workspace/directory_lock.hpp"
+#include "workspace/forgetting.hpp"
 #include "workspace/saving.hpp"
 #include "workspace/situation.hpp"
 #include "workspace/state_lock.hpp"
@@ -91,6 +92,9 @@ public:
     /// nothing, when it cannot be kept or the version cannot be read; Refusal (`invalidRequest`) when the
     /// version was deleted meanwhile.
     Situation restore(const Version& version, const EventReport& report) const;
+
+    /// Removes a finished block from the versions, under the lock (workspace::forget).
+    Forgotten forgetInVersions(const Identifier& block) const;
 
     /// Compresses one version (Versions::compressOne), unless another program holds the lock. Where that
     /// fails the version stays whole. For long-lived programs, when nobody waits.

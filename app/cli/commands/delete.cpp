@@ -1,0 +1,119 @@
+// Deletes a finished block; removes one from versions.
+#include "amendments/delete_block.hpp"
+#include "base/refusal.hpp"
+#include "base/text/count.hpp"
+#include "base/text/local_time.hpp"
+#include "base/text/sanitize.hpp"
+#include "cli/commands/commands.hpp"
+#include "cli/exit_code.hpp"
+#include "cli/prompt.hpp"
+#include "cli/text_options.hpp"
+#include "work/naming.hpp"
+#include "workspace/retention.hpp"
+
+#include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <memory>
+#include <ostream>
+
+namespace quillmere::cli {
+namespace {
+
+struct DeleteCommand {
+    std::string name;
+    bool isConfirmed = false;
+    bool inVersionsToo = false;
+};
+
+std::string deletionQuestion(const Block& block, const DeleteCommand& command)
+{
+    const std::string title = block.outcomes.empty() ? "" : base::sanitized(block.outcomes.front().title);
+    return "Delete the block of " + base::localText(block.completedAt.value_or(block.createdAt)) + ", " +
+           base::countText(std::ssize(block.sessions), "session") + (title.empty() ? "" : ": " + title) +
+           (command.inVersionsToo ? "? In the versions too, so that nothing brings it back." : "?");
+}
+
+std::string forgottenText(const workspace::Forgotten& forgotten)
+{
+    std::string text = "Versions without it now: " + std::to_string(forgotten.rewritten) +
+                       "; deleted, because it was in work there: " + std::to_string(forgotten.deleted) + ".";
+    for (const std::int64_t number : forgotten.unreadable) {
+        text += " Version " + std::to_string(number) + " cannot be read and may still hold it.";
+    }
+    return text;
+}
+
+/// A block that only versions hold, by the start of its identifier.
+std::optional<Identifier> blockInVersions(const std::string& name, const workspace::Workspace& workspace)
+{
+    std::vector<Identifier> blocks = workspace::blocksInVersions(workspace.versions());
+    std::erase_if(blocks, [&](const Identifier& block) { return !work::isNamed(block, name); });
+    return blocks.size() == 1 ? std::optional(blocks.front()) : std::nullopt;
+}
+
+/// Removes the block from the versions when the command names one that is no longer in the history.
+bool couldDeleteInVersionsAlone(const DeleteCommand& command, const QuillmereState& state, Program& program)
+{
+    const workspace::Workspace workspace = program.workspace();
+    if (!command.inVersionsToo || work::isBlockNamed(command.name, state)) {
+        return false;
+    }
+    const std::optional<Identifier> block = blockInVersions(command.name, workspace);
+    if (!block) {
+        return false;
+    }
+    if (!command.isConfirmed) {
+        requireAgreement(program.environment(), "Remove block " + block->text() + " from the versions?");
+    }
+    const std::string done = forgottenText(workspace.forgetInVersions(*block));
+    if (program.settings().json) {
+        program.print({{"done", done}});
+    } else {
+        program.environment().out << done << '\n';
+    }
+    return true;
+}
+
+void deleteBlock(const DeleteCommand& command, Program& program)
+{
+    const QuillmereState state = program.workspace().look().state;
+    if (couldDeleteInVersionsAlone(command, state, program)) {
+        return;
+    }
+    const Block& block = work::blockNamed(command.name, state);
+    const auto operation = [&](QuillmereState& present, Instant now) {
+        amendments::deleteBlock(present, block.id, now);
+        return "The block is deleted." +
+               (command.inVersionsToo
+                    ? std::string()
+                    : " Versions hold it for longer: " + std::string(workspace::retentionInWords) +
+                          ". quillmere delete " + work::shortName(block.id, state) +
+                          " --versions-too removes it there.");
+    };
+    if (!command.isConfirmed && program.wouldAccept(operation)) {
+        requireAgreement(program.environment(), deletionQuestion(block, command));
+    }
+    program.change(operation, [&]() -> std::string {
+        return command.inVersionsToo ? " " + forgottenText(program.workspace().forgetInVersions(block.id))
+                                     : "";
+    });
+}
+
+}  // namespace
+
+void addDelete(CLI::App& line, Program& program)
+{
+    const auto command = std::make_shared<DeleteCommand>();
+    CLI::App* const app = addCommand(line, program, "delete", "Delete a finished block",
+                                     [command, &program] { deleteBlock(*command, program); });
+    app->add_option("name", command->name, "The block, as history names it")
+        ->required()
+        ->check(wellFormedText());
+    app->add_flag("--yes", command->isConfirmed, "Delete it without asking");
+    app->add_flag("--versions-too", command->inVersionsToo,
+                  "Remove it from the versions too, also when it was deleted before");
+}
+
+}  // namespace quillmere::cli
