@@ -50,7 +50,7 @@ void defineCommandLine(CLI::App& line, Program& program)
              addFocus, addPause, addResume, addExtend, addAway, addEnd, addReview, addBreak,
              addFinish, addReflect,
              addAsk, addQuestions, addAnswer,
-             addHistory, addReport, addAmend, addDelete, addRestore,
+             addHistory, addReport, addAmend, addDelete, addReset, addRestore,
              addWidget, addBar, addAgent, addOpen,
              addTick, addWatch, addTour, addDoctor}) {
         // clang-format on

@@ -58,6 +58,7 @@ void addAnswer    (CLI::App& line, Program& program);  // answerQuestion
 // What is recorded.
 void addAmend     (CLI::App& line, Program& program);  // an amendment: correct
 void addDelete    (CLI::App& line, Program& program);  // an amendment: delete; removes a block from versions too
+void addReset     (CLI::App& line, Program& program);  // an amendment: reset
 
 // Earlier versions.
 void addRestore   (CLI::App& line, Program& program);  // lists them, brings one back
