@@ -29,4 +29,7 @@ bool isPossible(Kind kind, const QuillmereState& state);
 /// The commands of the amendments that fit, each once: "finish", "change".
 std::vector<std::string_view> possibleCommands(const QuillmereState& state);
 
+/// The same without those for records of the past, which fit nearly always.
+std::vector<std::string_view> possibleCommandsOfPresent(const QuillmereState& state);
+
 }  // namespace quillmere::amendments

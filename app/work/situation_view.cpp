@@ -1,5 +1,6 @@
 #include "work/situation_view.hpp"
 
+#include "amendments/possible.hpp"
 #include "work/countdown.hpp"
 
 #include <quillmere/engine/timer_snapshot.hpp>
@@ -41,6 +42,9 @@ std::vector<std::string_view> nextCommandsOf(const QuillmereState& state)
         if (isPossible(row.step, state)) {
             commands.push_back(row.command);
         }
+    }
+    for (const std::string_view command : amendments::possibleCommandsOfPresent(state)) {
+        commands.push_back(command);
     }
     return commands;
 }

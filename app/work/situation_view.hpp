@@ -49,7 +49,7 @@ struct SituationView {
     std::string
         outcomeServed;  ///< title of the block's outcome that the plan serves; empty when it serves none
     std::size_t openQuestionCount;
-    std::vector<std::string_view> nextCommands;  ///< of the steps that are possible now, as they are typed
+    std::vector<std::string_view> nextCommands;  ///< of the steps and amendments that are possible now
 
     static SituationView of(const workspace::Situation& situation);
 };

@@ -37,5 +37,14 @@ TEST(PossibleAmendments, followFromWhereTheWorkStands)
     }
 }
 
+TEST(PossibleAmendments, ofThePresentAreNoneOfRecords)
+{
+    EXPECT_EQ(amendments::possibleCommandsOfPresent(stateIn(WorkflowState::breaking)),
+              (Commands{"finish", "change"}));
+    EXPECT_EQ(amendments::possibleCommandsOfPresent(edited(
+                  stateIn(WorkflowState::idle), [](auto& s) { s.blockHistory = {blockInWork(1, 3)}; })),
+              Commands{});
+}
+
 }  // namespace
 }  // namespace quillmere::test

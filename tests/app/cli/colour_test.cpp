@@ -29,7 +29,7 @@ TEST_F(Colour, isPrintedToATerminal)
     EXPECT_EQ(statusOn(true), std::string(red) +
                                   "Focus\x1b[0m  Session 1 of 3\n25:00  [........................]\n"
                                   "Outcome: Outcome of session 1\nFirst action: First action 1\n"
-                                  "\x1b[2mNext: pause, end\x1b[0m\n");
+                                  "\x1b[2mNext: pause, end, change, extend, end --at, away\x1b[0m\n");
 }
 
 TEST_F(Colour, isPrintedToNothingElse) { EXPECT_EQ(statusOn(false).find('\x1b'), std::string::npos); }

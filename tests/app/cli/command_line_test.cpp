@@ -213,9 +213,10 @@ TEST(Help, isPrintedForTheProgramAndForEveryCommand)
     const Person person;
     const std::string program = person.runs({"--help"}).out;
     for (const char* command :
-         {"status", "plan",   "start", "edit",    "cancel", "focus",     "pause",  "resume",
-          "end",    "review", "break", "reflect", "ask",    "questions", "answer", "history",
-          "widget", "agent",  "open",  "tick",    "tour",   "ui",        "doctor"}) {
+         {"status", "plan",   "start",  "edit",    "cancel", "focus",     "pause",  "resume",
+          "end",    "review", "break",  "reflect", "ask",    "questions", "answer", "history",
+          "widget", "agent",  "open",   "tick",    "tour",   "ui",        "doctor", "extend",
+          "away",   "finish", "change", "amend",   "delete", "reset"}) {
         SCOPED_TRACE(command);
         EXPECT_NE(program.find("\n  " + std::string(command) + " "), std::string::npos);
         const Ending ending = person.runs({command, "--help"});

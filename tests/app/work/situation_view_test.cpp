@@ -16,19 +16,21 @@ SituationView viewOf(const QuillmereState& state, Instant now = moment)
 
 using Commands = std::vector<std::string_view>;
 
-TEST(SituationView, hasTheCommandsOfThePossibleSteps)
+TEST(SituationView, hasTheCommandsOfThePossibleStepsAndAmendments)
 {
     EXPECT_EQ(viewOf(stateIn(WorkflowState::idle)).nextCommands, Commands{"plan"});
     EXPECT_EQ(viewOf(stateWithScheduledBlock()).nextCommands, (Commands{"start", "edit", "cancel"}));
-    EXPECT_EQ(viewOf(stateIn(WorkflowState::focusing)).nextCommands, (Commands{"pause", "end"}));
-    EXPECT_EQ(viewOf(stateIn(WorkflowState::breaking)).nextCommands, (Commands{"break end", "break extend"}));
+    EXPECT_EQ(viewOf(stateIn(WorkflowState::focusing)).nextCommands,
+              (Commands{"pause", "end", "change", "extend", "end --at", "away"}));
+    EXPECT_EQ(viewOf(stateIn(WorkflowState::breaking)).nextCommands,
+              (Commands{"break end", "break extend", "finish", "change"}));
 }
 
 TEST(SituationView, offersNoFocusWithoutACycleLeft)
 {
     QuillmereState state = stateIn(WorkflowState::blockReview);
     state.workflowState = WorkflowState::sessionPlanning;
-    EXPECT_EQ(viewOf(state).nextCommands, Commands{});
+    EXPECT_EQ(viewOf(state).nextCommands, (Commands{"finish", "change"}));
 }
 
 TEST(SituationView, hasTheTimerOfARunningSession)

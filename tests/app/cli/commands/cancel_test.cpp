@@ -145,6 +145,16 @@ TEST(CancelOfASchedule, asksOnATerminal)
     expectIdleWithoutABlock(person);
 }
 
+TEST(Cancel, isRefusedOnceASessionHasBegun)
+{
+    const Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    const Ending ending = person.types({"cancel", "--yes"});
+    EXPECT_EQ(ending.code, ExitCode::refused);
+    EXPECT_NE(ending.err.find("Next: pause, end, change, extend, end --at, away"), std::string::npos)
+        << ending.err;
+}
+
 TEST(DraftOfADroppedBlock, isOfferedByPlan)
 {
     Person person;

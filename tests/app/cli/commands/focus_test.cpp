@@ -119,7 +119,7 @@ TEST(Pause, stopsTheClock)
               "15:00  [##########..............]  paused\n"
               "Outcome: Outcome of session 1\n"
               "First action: First action 1\n"
-              "Next: resume, end\n");
+              "Next: resume, end, change, extend, end --at, away\n");
     EXPECT_EQ(person.state().currentSession()->pausedAt, moment + 600);
     person.now = person.now + 50'000;
     EXPECT_EQ(jsonAt("/time_text", person.types({"status", "--json"}).out), R"("15:00")");

@@ -43,6 +43,11 @@ TEST(Reset, isAskedFirst)
     EXPECT_EQ(person.types({"reset"}).code, ExitCode::done);
 }
 
+TEST(Reset, isOfferedWhereNothingElseIs)
+{
+    EXPECT_NE(personWhoIsStuck().types({"status"}).out.find("Next: reset\n"), std::string::npos);
+}
+
 TEST(Reset, isRefusedWhereTheWorkCanGoOn)
 {
     const Person person;

@@ -57,7 +57,7 @@ TEST(Review, startsTheBreak)
               "Break  Break\n"
               "05:00  [........................]\n"
               "Outcome: More\n"
-              "Next: break end, break extend\n");
+              "Next: break end, break extend, finish, change\n");
     EXPECT_EQ(person.state().breakStartedAt, moment);
 }
 

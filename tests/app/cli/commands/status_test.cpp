@@ -12,18 +12,23 @@ struct Shown {
 // Ten minutes after the start of the session or break.
 constexpr Shown shownStates[] = {
     {WorkflowState::idle, "Idle  No active block\nNext: plan\n"},
-    {WorkflowState::blockPlanning, "Planning  Plan the next session\nNext: plan\n"},
-    {WorkflowState::sessionPlanning, "Planning  Plan the next session\nOutcome: Chapter one\nNext: focus\n"},
+    {WorkflowState::blockPlanning, "Planning  Plan the next session\nNext: plan, cancel\n"},
+    {WorkflowState::sessionPlanning,
+     "Planning  Plan the next session\nOutcome: Chapter one\nNext: focus, cancel, change\n"},
     {WorkflowState::focusing,
      "Focus  Session 1 of 3\n15:00  [##########..............]\n"
-     "Outcome: Outcome of session 1\nFirst action: First action 1\nNext: pause, end\n"},
+     "Outcome: Outcome of session 1\nFirst action: First action 1\nNext: pause, end, change, extend, end "
+     "--at, away\n"},
     {WorkflowState::sessionReview,
      "Review  Review this session\n"
-     "Outcome: Outcome of session 1\nFirst action: First action 1\nNext: review\n"},
+     "Outcome: Outcome of session 1\nFirst action: First action 1\nNext: review, review --finish, change, "
+     "extend, end --at\n"},
     {WorkflowState::breaking,
      "Break  Break\n+05:00  [########################]\n"
-     "Outcome: Outcome of session 2\nFirst action: First action 2\nNext: break end, break extend\n"},
-    {WorkflowState::blockReview, "Review  Review this session\nOutcome: Chapter one\nNext: reflect\n"},
+     "Outcome: Outcome of session 2\nFirst action: First action 2\nNext: break end, break extend, finish, "
+     "change\n"},
+    {WorkflowState::blockReview,
+     "Review  Review this session\nOutcome: Chapter one\nNext: reflect, change\n"},
 };
 
 TEST(Status, showsEveryStateWithWhatMayBeDoneNext)
@@ -75,12 +80,21 @@ TEST(Status, showsTheShareOfABreakWithItsExtension)
 
 TEST(Status, offersOnlyWhatIsNotRefused)
 {
+    const TimeZone here("UTC");
     // The options that each command needs.
     const std::map<std::string, Words> needs = {
         {"plan", {"--start"}},
         {"focus", {"--outcome", "More"}},
         {"review", {"--completion", "yes", "--next-outcome", "More"}},
         {"break extend", {"5m"}},
+        {"edit", {"--why", "Another reason"}},
+        {"cancel", {"--yes"}},
+        {"change", {"--cycles", "4"}},
+        {"extend", {"5m"}},
+        {"end --at", {"15:00:00"}},
+        {"away", {"--from", "15:00:00"}},
+        {"review --finish", {"--completion", "yes"}},
+        {"reset", {"--yes"}},
     };
     std::vector<QuillmereState> states = {stateWithScheduledBlock()};
     for (const Shown& shown : shownStates) {
@@ -88,14 +102,19 @@ TEST(Status, offersOnlyWhatIsNotRefused)
     }
     for (const QuillmereState& state : states) {
         SCOPED_TRACE(rawValue(state.workflowState));
-        const Person person;
+        Person person;
+        person.now = moment + 60;
         person.has(state);
         const std::string next = jsonAt("/next", person.types({"status", "--json"}).out);
         std::size_t count = 0;
         for (const char* command : {"plan", "start", "edit", "cancel", "focus", "pause", "resume", "end",
-                                    "review", "break end", "break extend", "reflect"}) {
+                                    "review", "break end", "break extend", "reflect", "change", "extend",
+                                    "end --at", "away", "review --finish", "finish", "reset"}) {
             const std::string words = command;
-            Words arguments = words.substr(0, 6) == "break " ? Words{"break", words.substr(6)} : Words{words};
+            const std::size_t space = words.find(' ');
+            Words arguments = space == std::string::npos
+                                  ? Words{words}
+                                  : Words{words.substr(0, space), words.substr(space + 1)};
             if (needs.contains(words)) {
                 arguments.insert(arguments.end(), needs.at(words).begin(), needs.at(words).end());
             }
@@ -128,7 +147,7 @@ TEST(Status, tellsProgramsTheSame)
     EXPECT_EQ(jsonAt("/workflow_state", json), R"("focusing")");
     EXPECT_EQ(jsonAt("/caption", json), R"("Session 1 of 3")");
     EXPECT_EQ(jsonAt("/interruptible", json), "false");
-    EXPECT_EQ(jsonAt("/next", json), R"(["pause","end"])");
+    EXPECT_EQ(jsonAt("/next", json), R"(["pause","end","change","extend","end --at","away"])");
     EXPECT_EQ(jsonAt("/time_text", json), R"("15:00")");
     EXPECT_EQ(jsonAt("/widget/open_question_count", json), "1");
     EXPECT_EQ(jsonAt("/widget/updated_at", json), R"("2026-11-15T15:10:00Z")");
