@@ -99,6 +99,9 @@ void BlockOptions::askForTime(const Block& present, base::Environment& environme
 Block BlockOptions::applyTo(Block block, Instant now) const
 {
     fields_.applyTo(block, now);
+    if (const std::optional<std::string>& at = fields_.given("at")) {
+        block.plannedStart = work::startFrom({"at", *at}, now);  // an empty text is a slip here
+    }
     if (start_) {
         block.plannedStart.reset();
     } else if (block.plannedStart) {

@@ -1,4 +1,6 @@
 // A finished block, deleted from the history and from versions.
+#include <algorithm>
+
 #include "refusal_testing.hpp"
 #include "workspace/state_home.hpp"
 #include "workspace/workspace.hpp"

@@ -80,6 +80,7 @@ TEST(Status, showsTheShareOfABreakWithItsExtension)
 
 TEST(Status, offersOnlyWhatIsNotRefused)
 {
+    const TimeZone here("UTC");
     // The options that each command needs.
     const std::map<std::string, Words> needs = {
         {"plan", {"--start"}},
@@ -101,7 +102,8 @@ TEST(Status, offersOnlyWhatIsNotRefused)
     }
     for (const QuillmereState& state : states) {
         SCOPED_TRACE(rawValue(state.workflowState));
-        const Person person;
+        Person person;
+        person.now = moment + 60;
         person.has(state);
         const std::string next = jsonAt("/next", person.types({"status", "--json"}).out);
         std::size_t count = 0;
