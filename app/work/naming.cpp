@@ -2,6 +2,7 @@
 
 #include "base/refusal.hpp"
 #include "base/text/count.hpp"
+#include "base/text/quotes.hpp"
 
 #include <algorithm>
 #include <cctype>
@@ -71,8 +72,6 @@ std::string shortNameAmong(const std::vector<std::string>& texts, const Identifi
     return text.substr(0, length);
 }
 
-std::string inQuotes(std::string_view text) { return "\"" + std::string(text) + "\""; }
-
 base::Refusal severalBlocks(std::string_view name, const std::vector<const Block*>& found,
                             const QuillmereState& state)
 {
@@ -80,7 +79,8 @@ base::Refusal severalBlocks(std::string_view name, const std::vector<const Block
     for (const Block* const block : found) {
         names += (names.empty() ? "" : ", ") + shortName(block->id, state);
     }
-    return refusal("Several blocks begin with " + inQuotes(name) + ": " + names + ". Name one of them.");
+    return refusal("Several blocks begin with " + base::inQuotes(name) + ": " + names +
+                   ". Name one of them.");
 }
 
 const Block& currentBlock(const QuillmereState& state)
@@ -97,7 +97,7 @@ const WorkSession& sessionNumbered(std::string_view digits, const Block& block)
     const char* const end = digits.data() + digits.size();
     const auto [stop, error] = std::from_chars(digits.data(), end, number);
     if (error != std::errc() || stop != end || number < 1 || number > block.sessions.size()) {
-        throw refusal("The block has no session " + inQuotes(digits) + "; it has " +
+        throw refusal("The block has no session " + base::inQuotes(digits) + "; it has " +
                       base::countText(std::ssize(block.sessions), "session") + ".");
     }
     return block.sessions[number - 1];
@@ -135,14 +135,14 @@ bool isBlockNamed(std::string_view name, const QuillmereState& state)
 const Block& blockNamed(std::string_view name, const QuillmereState& state)
 {
     if (name.size() < shortestName) {
-        throw refusal(inQuotes(name) +
+        throw refusal(base::inQuotes(name) +
                       " is too short for the name of a block: give at least four characters, "
                       "as quillmere history prints them.");
     }
     std::vector<const Block*> found = blocksOf(state);
     std::erase_if(found, [&](const Block* block) { return !isNamed(block->id, name); });
     if (found.empty()) {
-        throw refusal("No block is called " + inQuotes(name) + "; see quillmere history.");
+        throw refusal("No block is called " + base::inQuotes(name) + "; see quillmere history.");
     }
     if (found.size() > 1) {
         throw severalBlocks(name, found, state);

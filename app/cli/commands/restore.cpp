@@ -87,8 +87,7 @@ void requireConfirmation(const RestoreCommand& command, const workspace::Version
     if (!command.isConfirmed) {
         requireAgreement(environment,
                          versionText(VersionWalk().next(version).value_or(ListedVersion{version, {}, {}})) +
-                             "
-Replace the current state by it? The current state is kept as a version.");
+                             "\nReplace the current state by it? The current state is kept as a version.");
     }
 }
 

@@ -1,6 +1,7 @@
 #include "work/fields/answers.hpp"
 
 #include "base/text/local_time.hpp"
+#include "base/text/quotes.hpp"
 #include "work/fields/unacceptable.hpp"
 
 #include <algorithm>
@@ -9,8 +10,6 @@
 
 namespace quillmere::work {
 namespace {
-
-std::string inQuotes(std::string_view text) { return "\"" + std::string(text) + "\""; }
 
 std::string lowerCase(std::string_view text)
 {
@@ -88,7 +87,7 @@ double durationFrom(const Answer& answer)
     if (!seconds) {
         throw Unacceptable(
             answer.field,
-            inQuotes(answer.text).append(" is no ").append(base::acceptedDurations).append("."));
+            base::inQuotes(answer.text).append(" is no ").append(base::acceptedDurations).append("."));
     }
     return *seconds;
 }
@@ -103,7 +102,7 @@ std::int64_t numberFrom(const Answer& answer, const Limits& limits)
         const std::string range =
             limits.most == 0 ? ""
                              : " from " + std::to_string(limits.least) + " to " + std::to_string(limits.most);
-        throw Unacceptable(answer.field, inQuotes(answer.text) + " is no whole number" + range + ".");
+        throw Unacceptable(answer.field, base::inQuotes(answer.text) + " is no whole number" + range + ".");
     }
     return number;
 }
@@ -122,7 +121,7 @@ Instant startFrom(const Answer& answer, Instant now)
 {
     const std::optional<Instant> start = base::instantFromLocalText(answer.text, now);
     if (!start) {
-        throw Unacceptable(answer.field, inQuotes(answer.text) +
+        throw Unacceptable(answer.field, base::inQuotes(answer.text) +
                                              " is no local time, such as 14:30, 2026-11-15 09:00 or +1h.");
     }
     return *start;
