@@ -5,7 +5,7 @@ namespace quillmere::test {
 namespace {
 
 /// Twenty minutes into a session that began at 15:00.
-Person personInFocus()
+Person personWhoFocuses()
 {
     Person person;
     person.has(stateIn(WorkflowState::focusing));
@@ -16,7 +16,7 @@ Person personInFocus()
 TEST(EndAt, endsARunningSessionAtAnEarlierTime)
 {
     const TimeZone here("UTC");
-    const Person person = personInFocus();
+    const Person person = personWhoFocuses();
     const Ending ending = person.types({"end", "--at", "15:12"});
     EXPECT_EQ(ending.code, ExitCode::done);
     EXPECT_TRUE(ending.out.starts_with("The focus session has ended.\n\n"));
@@ -30,7 +30,7 @@ TEST(EndAt, endsARunningSessionAtAnEarlierTime)
 TEST(EndAt, correctsTheEndOfASessionThatWaitsForItsReview)
 {
     const TimeZone here("UTC");
-    Person person = personInFocus();
+    Person person = personWhoFocuses();
     person.now = moment + 4000;
     EXPECT_EQ(person.types({"end", "--at", "15:12:30"}).code, ExitCode::done);
     EXPECT_EQ(person.state().currentSession()->endedAt, moment + 750);
@@ -38,7 +38,7 @@ TEST(EndAt, correctsTheEndOfASessionThatWaitsForItsReview)
 
 TEST(EndAgo, endsASessionThatLongAgo)
 {
-    const Person person = personInFocus();
+    const Person person = personWhoFocuses();
     EXPECT_EQ(person.types({"end", "--ago", "10m"}).code, ExitCode::done);
     EXPECT_EQ(person.state().currentSession()->endedAt, moment + 600);
 }
@@ -46,7 +46,7 @@ TEST(EndAgo, endsASessionThatLongAgo)
 TEST(EndAt, namesThePossibleTimesForAnyOther)
 {
     const TimeZone here("UTC");
-    const Person person = personInFocus();
+    const Person person = personWhoFocuses();
     const std::string message =
         "The session cannot have ended then: not before its start plus its pauses, and not after now. Of "
         "finished pauses only the sum is known. Possible times: 15:00:00 to 15:20:00.";
@@ -58,7 +58,7 @@ TEST(EndAt, namesThePossibleTimesForAnyOther)
 
 TEST(EndAt, refusesATextThatIsNoTime)
 {
-    const Person person = personInFocus();
+    const Person person = personWhoFocuses();
     expectRefusal(person, {"end", "--at", "noon"},
                   "--at: \"noon\" is no local time, such as 14:20, 14:20:30 or \"2026-11-15 14:20\".",
                   ExitCode::usage);
@@ -79,7 +79,7 @@ TEST(EndAt, saysElsewhereWhatIsPossible)
 TEST(Away, addsThatTimeToThePauses)
 {
     const TimeZone here("UTC");
-    const Person person = personInFocus();
+    const Person person = personWhoFocuses();
     const Ending ending = person.types({"away", "--from", "15:05", "--to", "15:12:30"});
     EXPECT_EQ(ending.code, ExitCode::done);
     EXPECT_TRUE(ending.out.starts_with("That time is a pause.\n\n"));
@@ -90,7 +90,7 @@ TEST(Away, addsThatTimeToThePauses)
 TEST(Away, lastsUntilNowByDefault)
 {
     const TimeZone here("UTC");
-    const Person person = personInFocus();
+    const Person person = personWhoFocuses();
     EXPECT_EQ(person.types({"away", "--from", "15:05"}).code, ExitCode::done);
     EXPECT_EQ(person.state().currentSession()->accumulatedPausedSeconds, 900);
 }
@@ -98,7 +98,7 @@ TEST(Away, lastsUntilNowByDefault)
 TEST(Away, namesThePossibleTimes)
 {
     const TimeZone here("UTC");
-    const Person person = personInFocus();
+    const Person person = personWhoFocuses();
     const std::string message =
         "That time has to lie between the start of the session and now. Possible times: 15:00:00 to "
         "15:20:00.";
@@ -110,7 +110,7 @@ TEST(Away, namesThePossibleTimes)
 TEST(Away, isNoLongerThanTheSessionHasRun)
 {
     const TimeZone here("UTC");
-    const Person person = personInFocus();
+    const Person person = personWhoFocuses();
     person.types({"away", "--from", "15:05"});
     expectRefusal(
         person, {"away", "--from", "15:10"},
@@ -120,7 +120,7 @@ TEST(Away, isNoLongerThanTheSessionHasRun)
 
 TEST(Away, refusesATextThatIsNoTime)
 {
-    const Person person = personInFocus();
+    const Person person = personWhoFocuses();
     expectRefusal(person, {"away", "--from", "15:05", "--to", "soon"},
                   "--to: \"soon\" is no local time, such as 14:20, 14:20:30 or \"2026-11-15 14:20\".",
                   ExitCode::usage);

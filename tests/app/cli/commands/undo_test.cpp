@@ -61,9 +61,8 @@ TEST_F(UndoCommand, requiresYesWithoutATerminal)
 TEST_F(UndoCommand, answersProgramsInJson)
 {
     const Ending ending = person.types({"undo", "--yes", "--json"});
-    EXPECT_EQ(jsonAt("/done", ending.out), R"("Undone: focus session 1 paused (15:01)")
-    ");
-        EXPECT_EQ(jsonAt("/status/workflow_state", ending.out), R"("focusing")");
+    EXPECT_EQ(jsonAt("/done", ending.out), R"x("Undone: focus session 1 paused (15:01)")x");
+    EXPECT_EQ(jsonAt("/status/workflow_state", ending.out), R"("focusing")");
 }
 
 TEST_F(UndoCommand, refusesWhenThereIsNothingToUndoOrRedo)
