@@ -12,7 +12,7 @@ namespace {
 
 constexpr char saveLetter = 's';
 constexpr char questionsLetter = 'o';
-constexpr char undoLetter = 'u';
+constexpr const char* undoKey = "u";
 
 bool isLetter(const Key& key, std::string_view letter)
 {
@@ -114,7 +114,7 @@ void Screen::pressOnWork(const Key& key)
         isOver_ = true;
     } else if (isLetter(key, "a")) {
         page_ = Page::questions;
-    } else if (key == typed(std::string(1, undoLetter))) {
+    } else if (key == typed(undoKey)) {
         presenter_.request(work::UndoDirection::undo);
     } else if (key.kind == Key::Kind::character) {
         if (const work::Action* const action = actionOn(key.text.front(), situation())) {
@@ -170,9 +170,6 @@ void Screen::pressInForm(const Key& key)
     } else if (!questionForm_ && key == withControl(questionsLetter)) {
         keepDraft();
         page_ = Page::questions;
-    } else if (!questionForm_ && key == withControl(undoLetter)) {
-        keepDraft();
-        presenter_.request(work::UndoDirection::undo);
     } else if (isPageKey(key)) {
         editor.scroll(key.kind == Key::Kind::pageDown, window_, contentArea());
     } else if (editor.take(key, window_)) {

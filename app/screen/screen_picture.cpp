@@ -21,15 +21,11 @@ std::vector<KeyHint> Screen::keysOfForm() const
 {
     const std::string questions = questionCount().empty() ? "questions" : questionCount();
     const work::Saving& saving = work::savingFor(work::stepOf(*form()->form(), state()));
-    std::vector<KeyHint> hints = {{"^S", std::string(saving.label)},
-                                  {"Tab", "next field"},
-                                  questionForm_ ? KeyHint{"Esc", "back"} : KeyHint{"^O", questions}};
-    if (!questionForm_ && presenter_.keepsVersions()) {
-        hints.push_back({"^U", "undo"});
-    }
-    hints.push_back({"PgDn", "scroll"});
-    hints.push_back({"^C", "quit"});
-    return hints;
+    return {{"^S", std::string(saving.label)},
+            {"Tab", "next field"},
+            questionForm_ ? KeyHint{"Esc", "back"} : KeyHint{"^O", questions},
+            {"PgDn", "scroll"},
+            {"^C", "quit"}};
 }
 
 std::vector<KeyHint> Screen::keys() const

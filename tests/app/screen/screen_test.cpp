@@ -705,19 +705,6 @@ TEST_F(ScreenWithVersions, undoesWithOneKeyAfterAQuestion)
     EXPECT_TRUE(shows("Undone: focus session 1 paused (15:00)"));
 }
 
-TEST_F(ScreenWithVersions, undoesTheEndOfASessionFromItsReview)
-{
-    opens(stateIn(WorkflowState::focusing));
-    presses("ey");
-    ASSERT_EQ(person.state().workflowState, WorkflowState::sessionReview);
-    presses("u");
-    presses(withControl('u'));
-    EXPECT_TRUE(shows("Undo: focus session 1 ended early at 15:00 (15:00)"));
-    presses("y");
-    EXPECT_EQ(person.state().workflowState, WorkflowState::focusing);
-    EXPECT_TRUE(shows("u undo"));
-}
-
 TEST_F(ScreenWithVersions, isToldThatThereIsNothingToUndo)
 {
     opens(stateIn(WorkflowState::focusing));

@@ -97,7 +97,8 @@ TEST(Tour, printsOneJsonArrayOfItsSteps)
     EXPECT_EQ(jsonAt("/2/command", ending.out),
               R"(["--directory",")" + person.directory().string() + R"(","pause"])");
     EXPECT_EQ(jsonAt("/2/result/done", ending.out), R"("Paused.")");
-    EXPECT_EQ(jsonAt("/2/person/next", ending.out), R"(["resume","end"])");
+    EXPECT_EQ(jsonAt("/2/person/next", ending.out),
+              R"(["resume","end","change","extend","end --at","away"])");
     EXPECT_EQ(jsonAt("/2/widget/time_text", ending.out), R"("15:00")");
     EXPECT_EQ(jsonAt("/2/agent/interruptible", ending.out), "true");
     EXPECT_EQ(jsonAt("/6/result/events/0/event", ending.out), R"("focus_ended")");

@@ -54,7 +54,7 @@ TEST_F(UndoCommand, requiresYesWithoutATerminal)
     EXPECT_EQ(ending.code, ExitCode::usage);
     EXPECT_EQ(ending.err,
               "There is no terminal to confirm on: say --yes. The question is: Undo: focus session 1 paused "
-              "(15:01).\n");
+              "(15:01)\n");
     EXPECT_TRUE(isPaused());
 }
 
