@@ -22,7 +22,7 @@ public:
     void take() override;
 
 private:
-    /// Drops a watch that wakes nobody.
+    /// Ends a watch without a descriptor, which the session's poll(2) cannot wait on.
     void dropWithoutDescriptor();
 
     std::filesystem::path directory_;

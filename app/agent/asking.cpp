@@ -48,9 +48,9 @@ void requireRoom(const QuillmereState& state, Instant now)
             " questions wait for the person already, and no more are taken. Go on without, or ask "
             "again when some have been answered.");
     }
-    // Files have whole seconds, so a question that looks 60 seconds old may be younger. A question in the
-    // future was asked before the clock was set back, at a time that nobody knows. Counted as recent, it
-    // would keep all agents out until its date; the limit of open questions holds for it too.
+    // Files have whole seconds, so a question that looks 60 seconds old may be younger. A date in the future
+    // is left by a clock that was set back. Counted as recent, such a question would keep all agents out
+    // until its date; the limit of open questions holds for it too.
     const auto isRecent = [now](const AgentQuestion& question) {
         return question.createdAt <= now && now - question.createdAt <= 60;
     };

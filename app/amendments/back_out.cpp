@@ -10,7 +10,7 @@
 namespace quillmere::amendments {
 namespace {
 
-/// Lets the block wait again, also one that a file says was begun before.
+/// Arms the start. Clears the mark of an earlier start too, with which the engine would never start it.
 void waitFor(QuillmereState& state, Instant start, Instant now)
 {
     state.currentBlock->plannedStart = start;

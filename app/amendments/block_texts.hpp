@@ -20,8 +20,8 @@ struct BlockTexts {
     std::optional<std::vector<Outcome>> outcomes = {};
 };
 
-/// Throws Refusal for outcomes without one that a session of the block serves, or that `nextPlan` serves, for
-/// none at all, and for two of one identifier.
+/// Throws Refusal when the outcomes are empty, when two have the same identifier, and when an outcome is
+/// missing that a session of the block or `nextPlan` serves.
 void requireOutcomes(const BlockTexts& texts, const Block& block, const std::optional<SessionPlan>& nextPlan);
 
 /// Sets the texts that are given.

@@ -10,8 +10,7 @@
 
 namespace quillmere::amendments {
 
-/// A member that is absent stays as it is; one that is given is wanted, also when it equals the present
-/// value.
+/// An absent member stays as it is. A given member is checked even when it equals the present value.
 struct BlockChange {
     BlockTexts texts = {};
     std::optional<double> focusDurationSeconds = {};  ///< of the sessions to come

@@ -26,8 +26,8 @@ void requireRoom(double length, const WorkSession& session, Instant last)
     const double room = std::min(last - earliestEnd(session), longestSum - session.accumulatedPausedSeconds);
     if (!(length <= room)) {
         throw Refusal(
-            "With the finished pauses, of which only the sum is known, that is longer than the session "
-            "has run. Possible: a shorter time.",
+            "Together with the finished pauses, that is longer than the session has run. Possible: a shorter "
+            "time.",
             lengthsBetween(0, room));
     }
 }

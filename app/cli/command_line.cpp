@@ -1,7 +1,7 @@
 #include "cli/command_line.hpp"
 
 #include "base/version.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/program.hpp"
 
 #include <CLI/CLI.hpp>

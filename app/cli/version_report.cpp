@@ -1,6 +1,7 @@
 #include "cli/version_report.hpp"
 
 #include "base/refusal.hpp"
+#include "base/text/count.hpp"
 #include "base/text/local_time.hpp"
 #include "base/text/sanitize.hpp"
 
@@ -22,8 +23,7 @@ std::string contentText(const std::optional<VersionContent>& content)
     }
     // The outcome stands last, since only the outcome may be long.
     return std::string(content->phase) + (content->isPaused ? " (paused), " : ", ") +
-           std::to_string(content->finishedBlocks) +
-           (content->finishedBlocks == 1 ? " finished block" : " finished blocks") +
+           base::countText(content->finishedBlocks, "finished block") +
            (content->outcome.empty() ? "" : ": " + content->outcome);
 }
 

@@ -125,7 +125,7 @@ void Watch::round(base::Moment now)
 Waiting Watch::waiting(base::Moment now) const
 {
     const bool rests = now < restEnds_;
-    const base::Moment nextSecond = now + std::chrono::milliseconds(base::millisecondsToNextSecond(clock_()));
+    const base::Moment nextSecond = now + base::timeToNextSecond(clock_());
     return {.sources = {{.descriptor = notifier_.descriptor()},
                         {.descriptor = open_ && !rests ? open_->descriptor() : -1}},
             .until = rests ? std::min(restEnds_, nextSecond) : nextSecond};

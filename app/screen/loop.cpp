@@ -53,10 +53,9 @@ private:
     {
         std::array<base::PollSource, 3> sources{
             {{STDIN_FILENO}, {signals_.descriptor()}, {screen_.descriptor()}}};
-        const std::chrono::milliseconds limit = terminal_.hasMoreKeys() ? std::chrono::milliseconds(0)
-                                                : screen_.countsSeconds()
-                                                    ? base::millisecondsToNextSecond(clock_())
-                                                    : base::millisecondsToNextMinute(clock_());
+        const std::chrono::milliseconds limit = terminal_.hasMoreKeys()   ? std::chrono::milliseconds(0)
+                                                : screen_.countsSeconds() ? base::timeToNextSecond(clock_())
+                                                                          : base::timeToNextMinute(clock_());
         const bool isReady = base::waitFor(sources, limit);
         takeSignals();
         const bool hasKeys = terminal_.hasMoreKeys() || sources[0].isReady();

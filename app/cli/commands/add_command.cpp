@@ -1,4 +1,4 @@
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 
 #include <CLI/CLI.hpp>
 

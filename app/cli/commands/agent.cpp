@@ -2,7 +2,7 @@
 #include "agent/door.hpp"
 #include "agent/summary.hpp"
 #include "base/text/sanitize.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 
 #include <CLI/CLI.hpp>
 

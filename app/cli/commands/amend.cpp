@@ -2,7 +2,7 @@
 #include "amendments/correct.hpp"
 #include "base/text/local_time.hpp"
 #include "cli/block_text_options.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/past_time.hpp"
 #include "work/done_text.hpp"

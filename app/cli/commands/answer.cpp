@@ -1,5 +1,5 @@
 // Answers a question.
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/text_options.hpp"
 #include "work/done_text.hpp"

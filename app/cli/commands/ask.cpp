@@ -1,5 +1,5 @@
 // Raises a question for the person, on behalf of an agent.
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/text_options.hpp"
 #include "work/done_text.hpp"
 #include "work/fields/answers.hpp"

@@ -1,6 +1,6 @@
 // Makes a pause of time that has passed.
 #include "amendments/was_away.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/past_time.hpp"
 #include "cli/text_options.hpp"
 #include "work/done_text.hpp"

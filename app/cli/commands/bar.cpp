@@ -2,7 +2,7 @@
 #include "bar/bar_follower.hpp"
 #include "bar/bar_format.hpp"
 #include "base/system/line_writer.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/text_options.hpp"
 
 #include <CLI/CLI.hpp>

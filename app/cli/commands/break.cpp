@@ -1,6 +1,6 @@
 // Lengthens, ends or skips a break.
 #include "base/text/duration.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/text_options.hpp"
 #include "work/break_extension.hpp"

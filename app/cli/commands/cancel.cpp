@@ -3,7 +3,7 @@
 #include "amendments/drop.hpp"
 #include "amendments/possible.hpp"
 #include "base/text/sanitize.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/prompt.hpp"
 #include "cli/text_options.hpp"

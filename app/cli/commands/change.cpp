@@ -1,7 +1,7 @@
 // Changes a block that has begun.
 #include "amendments/change_block.hpp"
 #include "cli/block_text_options.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "work/done_text.hpp"
 #include "work/fields/answers.hpp"

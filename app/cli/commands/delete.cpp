@@ -4,7 +4,7 @@
 #include "base/text/count.hpp"
 #include "base/text/local_time.hpp"
 #include "base/text/sanitize.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/prompt.hpp"
 #include "cli/text_options.hpp"
@@ -53,7 +53,8 @@ std::optional<Identifier> blockInVersions(const std::string& name, const workspa
     return blocks.size() == 1 ? std::optional(blocks.front()) : std::nullopt;
 }
 
-/// Removes the block from the versions when the command names one that is no longer in the history.
+/// With --versions-too, removes a block from the versions that is no longer in the history. Returns whether
+/// it did.
 bool couldDeleteInVersionsAlone(const DeleteCommand& command, const QuillmereState& state, Program& program)
 {
     const workspace::Workspace workspace = program.workspace();

@@ -1,7 +1,7 @@
 // Examines the files and the system that they lie on.
 #include "base/refusal.hpp"
 #include "base/system/terminal_width.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/doctor_report.hpp"
 #include "doctor/examine.hpp"
 

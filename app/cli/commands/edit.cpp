@@ -1,6 +1,6 @@
 // Changes a scheduled block.
 #include "cli/block_options.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "work/done_text.hpp"
 

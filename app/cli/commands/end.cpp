@@ -1,6 +1,6 @@
 // Ends a focus session, now or at an earlier time.
 #include "amendments/forgot_to_end.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/past_time.hpp"
 #include "cli/text_options.hpp"

@@ -3,7 +3,7 @@
 #include "amendments/go_on.hpp"
 #include "amendments/possible.hpp"
 #include "amendments/refusal.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/text_options.hpp"
 #include "work/done_text.hpp"

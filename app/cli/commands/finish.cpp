@@ -1,6 +1,6 @@
 // Brings a block to its end before its last session.
 #include "amendments/finish_now.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "work/done_text.hpp"
 
 namespace quillmere::cli {

@@ -4,7 +4,7 @@
 #include "base/text/duration.hpp"
 #include "base/text/local_time.hpp"
 #include "base/text/sanitize.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/status.hpp"
 #include "cli/text_options.hpp"
 #include "figures/look_back.hpp"

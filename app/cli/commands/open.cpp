@@ -1,5 +1,5 @@
 // Opens the screen that a deep link names; without a terminal, prints its name.
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/text_options.hpp"
 

@@ -1,5 +1,5 @@
 // Pauses a focus session.
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "work/done_text.hpp"
 
 namespace quillmere::cli {

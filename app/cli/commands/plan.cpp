@@ -1,6 +1,6 @@
 // Plans a block and begins it, now or at a later time.
 #include "cli/block_options.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/prompt.hpp"
 #include "work/done_text.hpp"

@@ -2,7 +2,7 @@
 #include "base/record_json.hpp"
 #include "base/text/local_time.hpp"
 #include "base/text/sanitize.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/status.hpp"
 
 #include <CLI/CLI.hpp>

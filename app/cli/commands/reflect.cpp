@@ -1,5 +1,5 @@
 // Closes a block with a reflection.
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/prompt.hpp"
 #include "cli/text_options.hpp"
 #include "work/done_text.hpp"

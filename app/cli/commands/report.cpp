@@ -1,7 +1,7 @@
 // The look back on finished sessions: charts in the terminal, a page, exports.
 #include "base/system/replace_file.hpp"
 #include "base/text/sanitize.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "figures/statistics.hpp"
 #include "lookback/calendar_file.hpp"

@@ -1,7 +1,7 @@
 // Leads out of a state that no step leads on from.
 #include "amendments/reset.hpp"
 #include "amendments/possible.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/prompt.hpp"
 #include "work/done_text.hpp"
 

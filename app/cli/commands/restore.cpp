@@ -1,7 +1,7 @@
 // Lists earlier versions of the state, or restores one.
 #include "base/system/terminal_width.hpp"
 #include "base/text/columns.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/kept_versions.hpp"
 #include "cli/prompt.hpp"

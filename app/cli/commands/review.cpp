@@ -1,6 +1,6 @@
 // Reviews a focus session, and plans the next one or finishes the block.
 #include "amendments/finish_now.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/prompt.hpp"
 #include "cli/text_options.hpp"
 #include "work/done_text.hpp"

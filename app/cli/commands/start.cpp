@@ -1,5 +1,5 @@
 // Begins a scheduled block now.
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "work/done_text.hpp"
 
 namespace quillmere::cli {

@@ -1,6 +1,6 @@
 // Prints the status.
 #include "cli/status.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 
 #include <nlohmann/json.hpp>
 

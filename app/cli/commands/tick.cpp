@@ -1,5 +1,5 @@
 // Records events since the last run, for timers and scripts that run the program periodically.
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/json_output.hpp"
 
 #include <nlohmann/json.hpp>

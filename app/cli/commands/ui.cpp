@@ -1,5 +1,5 @@
 // Opens the live screen. On a terminal this is the action for a command line without a command.
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "screen/loop.hpp"
 
 #include <utility>

@@ -1,7 +1,7 @@
-// Takes the last change back, or one that was undone forward again.
+// undo and redo: the last change taken back, and made again.
 #include "work/undo/undo_step.hpp"
 
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/kept_versions.hpp"
 #include "cli/prompt.hpp"

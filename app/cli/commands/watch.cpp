@@ -1,6 +1,6 @@
 // Records events as time passes, and gives notices on the desktop.
 #include "notices/watch.hpp"
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "notices/notifier_process.hpp"
 
 #include <CLI/CLI.hpp>

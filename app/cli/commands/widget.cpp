@@ -1,5 +1,5 @@
 // Shows the widget's summary as a widget does: reads its file only.
-#include "cli/commands/commands.hpp"
+#include "cli/commands.hpp"
 #include "cli/widget_report.hpp"
 
 #include <nlohmann/json.hpp>

@@ -1,4 +1,4 @@
-// Undo and redo: one change back, or one that was undone forward again.
+// Undo and redo: the step back from the last change, and the step forward to a change that was undone.
 #pragma once
 
 #include "workspace/workspace.hpp"

@@ -79,10 +79,9 @@ TEST(WasAway, refusesMoreThanTheSessionHasRunWithoutItsPauses)
 {
     const amendments::Refusal refused =
         refusal(withPauses(session(), 1'000), [](auto& s) { wasAway(s, moment, moment + 201, later); });
-    EXPECT_STREQ(
-        refused.what(),
-        "With the finished pauses, of which only the sum is known, that is longer than the session has "
-        "run. Possible: a shorter time.");
+    EXPECT_STREQ(refused.what(),
+                 "Together with the finished pauses, that is longer than the session has run. Possible: a "
+                 "shorter time.");
     EXPECT_EQ(refused.possible(), Possible(PossibleLengths{0, 200}));
     amended(withPauses(session(), 1'000), later, [](auto& s) { wasAway(s, moment, moment + 200, later); });
 }

@@ -112,10 +112,9 @@ TEST(Away, isNoLongerThanTheSessionHasRun)
     const TimeZone here("UTC");
     const Person person = personWhoFocuses();
     person.types({"away", "--from", "15:05"});
-    expectRefusal(
-        person, {"away", "--from", "15:10"},
-        "With the finished pauses, of which only the sum is known, that is longer than the session has "
-        "run. Possible: a shorter time. Possible lengths: 1 s to 5 min.");
+    expectRefusal(person, {"away", "--from", "15:10"},
+                  "Together with the finished pauses, that is longer than the session has run. Possible: a "
+                  "shorter time. Possible lengths: 1 s to 5 min.");
 }
 
 TEST(Away, refusesATextThatIsNoTime)
