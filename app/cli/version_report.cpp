@@ -44,7 +44,7 @@ VersionContent contentOf(const QuillmereState& state, Instant savedAt)
     return {.phase = title(summary.phase),
             .isPaused = summary.countdown && summary.countdown->isPaused,
             .outcome = summary.intendedOutcome,
-            .finishedBlocks = state.blockHistory.size()};
+            .finishedBlocks = std::ssize(state.blockHistory)};
 }
 
 /// Calls a function that reads a state; absent when the file cannot be used.

@@ -5,7 +5,7 @@
 #include "work/describe.hpp"
 #include "workspace/workspace.hpp"
 
-#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,7 +18,7 @@ struct VersionContent {
     std::string_view phase;  ///< "Focus"
     bool isPaused;
     std::string outcome;
-    std::size_t finishedBlocks;
+    std::int64_t finishedBlocks;
 };
 
 struct ListedVersion {
