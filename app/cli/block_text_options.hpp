@@ -23,7 +23,7 @@ public:
 private:
     std::optional<std::vector<Outcome>> outcomesFor(const Block& block) const;
 
-    RecordOptions<Block> texts_{std::span(work::blockFields).subspan<1, 5>()};
+    RecordOptions<Block> texts_{work::begunBlockFields.subspan<1, 5>()};
     std::vector<std::string> titles_;   ///< "2=Chapter two"
     std::vector<std::string> added_;    ///< titles
     std::vector<std::string> removed_;  ///< numbers

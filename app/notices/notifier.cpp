@@ -29,7 +29,7 @@ std::string label(NoticeAction action)
         case NoticeAction::open: return "Open";
         case NoticeAction::extendBreak: break;
     }
-    return "Extend by " + base::durationText(work::usualBreakExtension);
+    return "Extend by " + base::durationText(work::usualExtension);
 }
 
 /// Alternating keys and labels.

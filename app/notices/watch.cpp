@@ -288,7 +288,7 @@ void Watch::extendBreak()
     try {
         const auto ignoreEvents = [](const std::vector<workspace::Event>&) {};
         reportWarning(workspace_.change(ignoreEvents, [](QuillmereState& state, Instant now) {
-            work::extendBreak(state, work::usualBreakExtension, now);
+            work::extendBreak(state, work::usualExtension, now);
         }));
     } catch (const std::bad_alloc&) {
         throw;

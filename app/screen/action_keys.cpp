@@ -1,48 +1,70 @@
 #include "screen/action_keys.hpp"
 
-#include <quillmere/records/base/fatal_error.hpp>
-
 #include <array>
 
 namespace quillmere::screen {
 namespace {
 
+using work::ActionId;
+
 struct KeyRow {
-    Step step;
+    ActionId value;
     char key;
+    bool isUsual = true;
 };
 
+constexpr char escapeSign = '\x1b';
+
 constexpr auto keyRows = std::to_array<KeyRow>({
-    {Step::beginBlockPlanning, 'p'},
-    {Step::startScheduledBlockNow, 's'},
-    {Step::editScheduledBlock, 'e'},
-    {Step::cancelScheduledBlock, 'c'},
-    {Step::pauseFocus, 'p'},
-    {Step::resumeFocus, 'r'},
-    {Step::endFocus, 'e'},
-    {Step::extendBreak, 'e'},
-    {Step::endBreak, 's'},
+    {ActionId::planBlock, 'p'},
+    {ActionId::startScheduled, 's'},
+    {ActionId::editScheduled, 'e'},
+    {ActionId::cancelScheduled, 'c'},
+    {ActionId::leavePlanning, escapeSign},
+    {ActionId::startPassed, 's'},
+    {ActionId::delayPassed, 't'},
+    {ActionId::drop, 'd'},
+    {ActionId::pause, ' '},
+    {ActionId::resume, ' '},
+    {ActionId::endFocus, 'e'},
+    {ActionId::lengthen, '+'},
+    {ActionId::shorten, '-', false},
+    {ActionId::chooseLength, 'l', false},
+    {ActionId::endEarlier, 't', false},
+    {ActionId::wasAway, 'w', false},
+    {ActionId::endBreak, 'e'},
+    {ActionId::finishNow, 'f', false},
+    {ActionId::changeBlock, 'c', false},
+    {ActionId::correctSession, 'k', false},
+    {ActionId::reset, 'x'},
 });
+static_assert(inCaseOrder(keyRows));
+
+/// The character that a key stands for in the table; '\0' for keys that no action has.
+char signOf(const Key& key)
+{
+    if (key.kind == Key::Kind::escape) {
+        return escapeSign;
+    }
+    return key.kind == Key::Kind::character && key.text.size() == 1 ? key.text.front() : '\0';
+}
 
 }  // namespace
 
-char keyOf(Step step)
+std::string keyName(ActionId action)
 {
-    for (const KeyRow& row : keyRows) {
-        if (row.step == step) {
-            return row.key;
-        }
-    }
-    fatalError("quillmere: an action has no key");
+    const char key = rowOf(keyRows, action).key;
+    return key == ' ' ? "space" : key == escapeSign ? "Esc" : std::string(1, key);
 }
 
-const work::Action* actionOn(char key, const workspace::Situation& situation)
+bool isUsual(ActionId action) { return rowOf(keyRows, action).isUsual; }
+
+const work::Action* actionOn(const Key& key, const workspace::Situation& situation)
 {
-    for (const KeyRow& row : keyRows) {
-        if (row.key == key) {
-            if (const work::Action* const action = work::actionFor(row.step, situation)) {
-                return action;
-            }
+    const char sign = signOf(key);
+    for (const work::Action* const action : work::actionsFor(situation)) {
+        if (rowOf(keyRows, action->id).key == sign) {
+            return action;
         }
     }
     return nullptr;

@@ -1,14 +1,20 @@
-// The keys of the actions.
+// The keys of actions.
 #pragma once
 
+#include "screen/keys/key.hpp"
 #include "work/actions.hpp"
+
+#include <string>
 
 namespace quillmere::screen {
 
-/// The key of a step that is taken by an action.
-char keyOf(Step step);
+/// The name of the action's key, for hints: "e", "space".
+std::string keyName(work::ActionId action);
 
-/// The action of a key at this place of the workflow, although the engine may refuse it now; null: none.
-const work::Action* actionOn(char key, const workspace::Situation& situation);
+/// Whether the key is shown beside the work, not only on the page of all keys.
+bool isUsual(work::ActionId action);
+
+/// The action of the key that is possible now; null: none.
+const work::Action* actionOn(const Key& key, const workspace::Situation& situation);
 
 }  // namespace quillmere::screen

@@ -12,7 +12,6 @@ namespace {
 
 constexpr char saveLetter = 's';
 constexpr char questionsLetter = 'o';
-constexpr const char* undoKey = "u";
 
 bool isLetter(const Key& key, std::string_view letter)
 {
@@ -52,7 +51,7 @@ void Screen::follow(const std::optional<work::FormSubject>& before)
         holdsKeys_ = holdsKeys_ || closed == before;
     }
     adopt(workForm_, presenter_.workForm());
-    adopt(questionForm_, presenter_.questionForm());
+    adopt(openedForm_, presenter_.openedForm());
     if (presenter_.isUsable()) {
         const std::size_t count = state().openQuestions().size();
         choose(std::min(chosenQuestion_, count == 0 ? 0 : count - 1));
@@ -61,8 +60,8 @@ void Screen::follow(const std::optional<work::FormSubject>& before)
 
 FormEditor* Screen::form()
 {
-    if (questionForm_) {
-        return &*questionForm_;
+    if (openedForm_) {
+        return &*openedForm_;
     }
     return page_ == Page::work && workForm_ ? &*workForm_ : nullptr;
 }
@@ -110,16 +109,46 @@ void Screen::take(const Key& key)
 
 void Screen::pressOnWork(const Key& key)
 {
-    if (isLetter(key, "q")) {
+    if (page_ == Page::keys && key.kind == Key::Kind::escape) {
+        page_ = Page::work;
+    } else if (isLetter(key, keysKey)) {
+        page_ = page_ == Page::keys ? Page::work : Page::keys;
+    } else if (isLetter(key, "q")) {
         isOver_ = true;
     } else if (isLetter(key, "a")) {
         page_ = Page::questions;
-    } else if (key == typed(undoKey)) {
+    } else {
+        pressForAction(key);
+    }
+}
+
+void Screen::pressForAction(const Key& key)
+{
+    if (isLetter(key, undoKey)) {
+        page_ = Page::work;
         presenter_.request(work::UndoDirection::undo);
+    } else if (isLetter(key, redoKey)) {
+        page_ = Page::work;
+        presenter_.request(work::UndoDirection::redo);
+    } else if (const work::Action* const action = actionOn(key, situation())) {
+        page_ = Page::work;
+        presenter_.request(*action);
     } else if (key.kind == Key::Kind::character) {
-        if (const work::Action* const action = actionOn(key.text.front(), situation())) {
-            presenter_.request(*action);
-        }
+        presenter_.say("Nothing is on this key now; ? shows the keys.");
+    }
+}
+
+void Screen::leaveForm()
+{
+    if (openedForm_) {
+        presenter_.closeOpenedForm();
+    } else if (const work::Action* const action =
+                   work::actionFor(work::ActionId::leavePlanning, situation())) {
+        keepDraft();
+        presenter_.request(*action);
+    } else {
+        keepDraft();
+        page_ = Page::keys;
     }
 }
 
@@ -165,9 +194,9 @@ void Screen::pressInForm(const Key& key)
         if (const std::optional<std::string> field = presenter_.save(editor.form())) {
             editor.moveTo(*field);
         }
-    } else if (questionForm_ && key.kind == Key::Kind::escape) {
-        presenter_.closeQuestionForm();
-    } else if (!questionForm_ && key == withControl(questionsLetter)) {
+    } else if (key.kind == Key::Kind::escape) {
+        leaveForm();
+    } else if (!openedForm_ && key == withControl(questionsLetter)) {
         keepDraft();
         page_ = Page::questions;
     } else if (isPageKey(key)) {

@@ -38,9 +38,12 @@ public:
     bool takeBell() { return presenter_.takeBell(); }
 
 private:
+    static constexpr const char* undoKey = "u";
+    static constexpr const char* redoKey = "U";
+    static constexpr const char* keysKey = "?";
     static constexpr Size usualWindow{.rows = 24, .columns = 80};
 
-    enum class Page { work, questions };
+    enum class Page { work, keys, questions };
 
     const workspace::Situation& situation() const { return presenter_.situation(); }
     const QuillmereState& state() const { return situation().state; }
@@ -51,8 +54,12 @@ private:
 
     void take(const Key& key);
     void pressOnWork(const Key& key);
+    /// Keys of the pages of work and of keys.
+    void pressForAction(const Key& key);
     void pressOnQuestions(const Key& key);
     void pressInForm(const Key& key);
+    /// Goes back from a form: closes it, leaves the planning, or shows what else is possible.
+    void leaveForm();
     void choose(std::size_t question);
     void scrollQuestion(bool down);
 
@@ -67,16 +74,21 @@ private:
     Area contentArea() const;
     std::vector<KeyHint> keys() const;
     std::vector<KeyHint> keysOfForm() const;
+    std::vector<KeyHint> keysOfQuestions() const;
+    std::vector<KeyHint> keysOfWork() const;
+    /// Every key of the work, for the page of keys.
+    std::vector<KeyHint> allKeys() const;
     std::string questionCount() const;
+    std::string questionsLabel() const;
 
     work::Presenter presenter_;
     Size window_ = usualWindow;
     Page page_ = Page::work;
     std::size_t chosenQuestion_ = 0;
-    std::size_t scrolledRows_ = 0;            ///< of the chosen question
-    std::optional<FormEditor> workForm_;      ///< of the state
-    std::optional<FormEditor> questionForm_;  ///< covers everything else
-    bool holdsKeys_ = false;                  ///< ignores keys until Esc
+    std::size_t scrolledRows_ = 0;          ///< of the chosen question
+    std::optional<FormEditor> workForm_;    ///< of the state
+    std::optional<FormEditor> openedForm_;  ///< covers everything else
+    bool holdsKeys_ = false;                ///< ignores keys until Esc
     bool isOver_ = false;
 };
 

@@ -17,15 +17,68 @@ std::string Screen::questionCount() const
     return count == 0 ? "" : base::countText(count, "question");
 }
 
+std::string Screen::questionsLabel() const { return questionCount().empty() ? "questions" : questionCount(); }
+
 std::vector<KeyHint> Screen::keysOfForm() const
 {
-    const std::string questions = questionCount().empty() ? "questions" : questionCount();
-    const work::Saving& saving = work::savingFor(work::stepOf(*form()->form(), state()));
-    return {{"^S", std::string(saving.label)},
-            {"Tab", "next field"},
-            questionForm_ ? KeyHint{"Esc", "back"} : KeyHint{"^O", questions},
-            {"PgDn", "scroll"},
-            {"^C", "quit"}};
+    const work::Saving& saving = work::savingFor(work::moveOf(*form()->form(), state()));
+    std::vector<KeyHint> hints{{"^S", std::string(saving.label)}, {"Tab", "next field"}};
+    if (openedForm_) {
+        hints.push_back({"Esc", "back"});
+    } else {
+        const work::Action* const leaving = work::actionFor(work::ActionId::leavePlanning, situation());
+        hints.push_back({"^O", questionsLabel()});
+        hints.push_back({"Esc", leaving ? std::string(leaving->label) : "more"});
+    }
+    hints.push_back({"PgDn", "scroll"});
+    hints.push_back({"^C", "quit"});
+    return hints;
+}
+
+std::vector<KeyHint> Screen::keysOfQuestions() const
+{
+    std::vector<KeyHint> hints;
+    if (!state().openQuestions().empty()) {
+        hints = {{"↑↓", "choose"}, {"Enter", "answer"}, {"PgDn", "scroll"}};
+    }
+    hints.push_back({"n", "ask one"});
+    hints.push_back({"Esc", "back"});
+    hints.push_back({"q", "quit"});
+    return hints;
+}
+
+std::vector<KeyHint> Screen::keysOfWork() const
+{
+    std::vector<KeyHint> hints;
+    for (const work::Action* const action : work::actionsFor(situation())) {
+        if (isUsual(action->id)) {
+            hints.push_back({keyName(action->id), std::string(action->label)});
+        }
+    }
+    hints.push_back({"a", questionsLabel()});
+    if (presenter_.keepsVersions()) {
+        hints.push_back({undoKey, "undo"});
+    }
+    hints.push_back({keysKey, "keys"});
+    hints.push_back({"q", "quit"});
+    return hints;
+}
+
+std::vector<KeyHint> Screen::allKeys() const
+{
+    std::vector<KeyHint> keys;
+    for (const work::Action* const action : work::actionsFor(situation())) {
+        if (action->id != work::ActionId::leavePlanning) {
+            keys.push_back({keyName(action->id), std::string(action->label)});
+        }
+    }
+    if (presenter_.keepsVersions()) {
+        keys.push_back({undoKey, "undo the last change"});
+        keys.push_back({redoKey, "redo what was undone"});
+    }
+    keys.push_back({"a", questionsLabel()});
+    keys.push_back({"q", "quit"});
+    return keys;
 }
 
 std::vector<KeyHint> Screen::keys() const
@@ -42,24 +95,12 @@ std::vector<KeyHint> Screen::keys() const
     if (form()) {
         return keysOfForm();
     }
-    std::vector<KeyHint> hints;
-    if (page_ == Page::questions) {
-        if (!state().openQuestions().empty()) {
-            hints = {{"↑↓", "choose"}, {"Enter", "answer"}, {"PgDn", "scroll"}};
-        }
-        hints.push_back({"n", "ask one"});
-        hints.push_back({"Esc", "back"});
-    } else {
-        for (const work::Action* const action : work::actionsFor(situation())) {
-            hints.push_back({std::string(1, keyOf(action->step)), std::string(action->label)});
-        }
-        hints.push_back({"a", questionCount().empty() ? "questions" : questionCount()});
-        if (presenter_.keepsVersions()) {
-            hints.push_back({"u", "undo"});
-        }
+    switch (page_) {
+        case Page::questions: return keysOfQuestions();
+        case Page::keys: return {{"Esc", "back"}};
+        case Page::work: break;
     }
-    hints.push_back({"q", "quit"});
-    return hints;
+    return keysOfWork();
 }
 
 std::string Screen::message() const
@@ -113,6 +154,8 @@ Canvas Screen::picture(Charset charset) const
         current->draw(canvas, area, {.accent = surrounding.accent, .bold = true});
     } else if (page_ == Page::questions) {
         drawQuestions(canvas, area, situation(), chosenQuestion_, scrolledRows_);
+    } else if (page_ == Page::keys) {
+        drawKeyList(canvas, area, allKeys(), {.accent = surrounding.accent, .bold = true});
     } else if (const auto view = work::SituationView::of(situation()); view.timer) {
         drawCountdown(canvas, area, view);
     } else {

@@ -5,8 +5,8 @@
 
 namespace quillmere::work {
 
-/// The extension by one key or button, in seconds.
-inline constexpr double usualBreakExtension = 5 * 60;
+/// The extension of a session or a break by one key or button, in seconds.
+inline constexpr double usualExtension = 5 * 60;
 
 /// Lengthens the break by `seconds`, with the refusals of WorkflowEngine::extendBreak. When the new end has
 /// passed too, records it at once: people have been told of the end of this break already.

@@ -25,6 +25,7 @@ inline constexpr std::string_view focusResumed = "Focus goes on.";
 inline constexpr std::string_view focusEnded = "The focus session has ended.";
 inline constexpr std::string_view focusLengthened = "The session is longer now.";
 inline constexpr std::string_view focusShortened = "The session is shorter now.";
+inline constexpr std::string_view focusLengthChanged = "The session has another length now.";
 inline constexpr std::string_view focusWentOn = "The session goes on.";
 inline constexpr std::string_view pauseAdded = "That time is a pause.";
 inline constexpr std::string_view reviewSaved = "The review is saved.";

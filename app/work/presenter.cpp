@@ -1,8 +1,10 @@
 #include "work/presenter.hpp"
 
 #include "base/text/failure.hpp"
+#include "work/amendment_text.hpp"
 #include "work/event_text.hpp"
 #include "work/fields/unacceptable.hpp"
+#include "work/forms/block_draft.hpp"
 
 #include <quillmere/engine/timer_snapshot.hpp>
 #include <quillmere/engine/transition.hpp>
@@ -18,6 +20,15 @@ std::string routeMessage(WidgetRoute route, WidgetRoute actual)
 {
     return "The screen " + std::string(rawValue(route)) + " is not open now; the work is at " +
            std::string(rawValue(actual)) + ".";
+}
+
+/// Whether the form is an answer to a question that waits no more.
+bool isAnswered(const FormSubject& subject, const QuillmereState& state)
+{
+    const std::vector<AgentQuestion> questions = state.openQuestions();
+    return subject.kind == FormKind::answer &&
+           std::none_of(questions.begin(), questions.end(),
+                        [&](const AgentQuestion& question) { return subject == answerTo(question); });
 }
 
 }  // namespace
@@ -112,16 +123,14 @@ void Presenter::followState()
     if (subject && !workForm_) {
         open(workForm_, *subject);
     }
-    const std::vector<AgentQuestion> questions = state().openQuestions();
-    const auto isForForm = [&](const AgentQuestion& question) {
-        return questionForm_->subject() == answerTo(question);
-    };
-    if (questionForm_ && questionForm_->subject().kind == FormKind::answer &&
-        std::none_of(questions.begin(), questions.end(), isForForm)) {
+    if (openedForm_ && isAnswered(openedForm_->subject(), state())) {
         say("Another program has answered this question.");
-        closeForm(questionForm_);
+        closeForm(openedForm_);
+    } else if (openedForm_ && !isCurrent(openedForm_->subject(), state())) {
+        say("The form is closed, because it does not fit any more.");
+        closeForm(openedForm_);
     }
-    if (toConfirm_ && !isPossible(toConfirm_->step, state())) {
+    if (toConfirm_ && !isPossible(toConfirm_->move, state())) {
         toConfirm_ = nullptr;
     }
 }
@@ -150,12 +159,12 @@ void Presenter::closeForm(std::shared_ptr<Form>& form)
     form.reset();
 }
 
-void Presenter::openAnswer(const AgentQuestion& question) { open(questionForm_, answerTo(question)); }
+void Presenter::openAnswer(const AgentQuestion& question) { open(openedForm_, answerTo(question)); }
 
-void Presenter::closeQuestionForm()
+void Presenter::closeOpenedForm()
 {
     keepDraft();
-    questionForm_.reset();
+    openedForm_.reset();
 }
 
 void Presenter::noteChange(const std::shared_ptr<Form>& form)
@@ -182,7 +191,7 @@ void Presenter::keepDraft()
 std::optional<std::string> Presenter::save(std::shared_ptr<Form> form)
 {
     keepDraft();
-    const Saving& saving = savingFor(stepOf(*form, state()));
+    const Saving& saving = savingFor(moveOf(*form, state()));
     try {
         const auto saveForm = [&](QuillmereState& fresh, Instant now) { carryOut(*form, fresh, now); };
         if (!change(saveForm, saving.done)) {
@@ -202,11 +211,25 @@ std::optional<std::string> Presenter::save(std::shared_ptr<Form> form)
 
 void Presenter::request(const Action& action)
 {
-    // An action that the engine refuses anyway needs no confirmation.
-    if (!action.question.empty() && isPossible(action.step, state())) {
+    if (mustAsk(action)) {
         toConfirm_ = &action;
     } else {
         perform(action);
+    }
+}
+
+bool Presenter::mustAsk(const Action& action) const
+{
+    return action.asks == Asks::always ||
+           (action.asks == Asks::ifTyped && workForm_ && workForm_->isTouched());
+}
+
+void Presenter::perform(const Action& action)
+{
+    if (const auto* const form = std::get_if<FormKind>(&action.effect)) {
+        open(openedForm_, subjectOf(*form, state()));
+    } else {
+        change(keepingWords(std::get<Action::Operation>(action.effect), drafts_), action.done);
     }
 }
 
@@ -263,6 +286,10 @@ bool Presenter::change(const workspace::Operation& operation, std::string_view d
         throw;
     } catch (const std::bad_alloc&) {
         throw;
+    } catch (const amendments::Refusal& refusal) {
+        refresh();
+        say(refusalText(refusal, situation().now));
+        return false;
     } catch (const workspace::ChangeSaved& error) {
         events = files_.refresh();
         outcome = error.what();
@@ -277,7 +304,7 @@ bool Presenter::change(const workspace::Operation& operation, std::string_view d
     tell(events);
     say(outcome);
     warn();
-    questionForm_.reset();
+    openedForm_.reset();
     if (workForm_ && subjectFor(state()) != workForm_->subject()) {
         workForm_.reset();
     }

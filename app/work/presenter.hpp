@@ -44,16 +44,18 @@ public:
     /// The message for the person; may be empty.
     const std::string& message() const { return message_; }
     void clearMessage() { message_.clear(); }
+    /// Appends a sentence to the message.
+    void say(std::string_view sentence);
     /// Whether an event happened since the last call.
     bool takeBell() { return std::exchange(bell_, false); }
 
     /// The form that the workflow waits for; null: none. Another form is another object.
     const std::shared_ptr<Form>& workForm() const { return workForm_; }
-    /// The form of an answer or a new question that the person has opened; null: none.
-    const std::shared_ptr<Form>& questionForm() const { return questionForm_; }
-    void openQuestion() { open(questionForm_, newQuestion()); }
+    /// The form that the person has opened: of a question, an answer or an amendment; null: none.
+    const std::shared_ptr<Form>& openedForm() const { return openedForm_; }
+    void openQuestion() { open(openedForm_, newQuestion()); }
     void openAnswer(const AgentQuestion& question);
-    void closeQuestionForm();
+    void closeOpenedForm();
     /// The subjects of the forms that the person was filling in when the work moved on elsewhere, since the
     /// last call. Typing that was meant for such a form must not reach what replaces it.
     std::vector<FormSubject> takeClosedForms() { return std::exchange(closedForms_, {}); }
@@ -65,7 +67,7 @@ public:
     /// Saves a form; saving may close it. Returns the id of the field to correct when a value cannot be used.
     std::optional<std::string> save(std::shared_ptr<Form> form);
 
-    /// Takes an action, or waits for its confirmation when it has a question and is possible.
+    /// Takes an action, opens its form, or waits for its confirmation when it has a question.
     void request(const Action& action);
     /// The action that waits for a confirmation; null: none. It lapses when it is no longer possible.
     const Action* toConfirm() const { return toConfirm_; }
@@ -82,16 +84,14 @@ private:
     /// Applies an operation; says `done`, or why it was refused.
     bool change(const workspace::Operation& operation, std::string_view done,
                 const workspace::ChangeManner& manner = {});
-    void perform(const Action& action) { change(action.apply, action.done); }
+    bool mustAsk(const Action& action) const;
+    void perform(const Action& action);
     void perform(const UndoStep& step);
     void tell(const std::vector<workspace::Event>& events);
     /// Says the warning of the last change.
     void warn();
     /// Says once that the files cannot be watched.
     void warnOfNoWatch();
-    /// Appends a sentence to the message.
-    void say(std::string_view sentence);
-
     /// Opens and closes forms so that they fit the state.
     void followState();
     void open(std::shared_ptr<Form>& place, const FormSubject& subject);
@@ -101,7 +101,7 @@ private:
     workspace::RetryingWorkspace files_;
     Drafts drafts_;
     std::shared_ptr<Form> workForm_;
-    std::shared_ptr<Form> questionForm_;
+    std::shared_ptr<Form> openedForm_;
     std::shared_ptr<Form> changedForm_;  ///< its draft is to be written
     std::vector<FormSubject> closedForms_;
     const Action* toConfirm_ = nullptr;

@@ -4,8 +4,8 @@
 #include "cli/block_text_options.hpp"
 #include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
-#include "cli/past_time.hpp"
 #include "work/done_text.hpp"
+#include "work/fields/answers.hpp"
 #include "work/naming.hpp"
 
 #include <CLI/CLI.hpp>
@@ -57,7 +57,8 @@ amendments::SessionCorrection correctionOf(const AmendCommand& command, const wo
     }
     if (command.endedAt) {
         // "14:20" is a time on the day of the session.
-        correction.endedAt = pastTime("ended-at", *command.endedAt, session.endedAt.value_or(now));
+        correction.endedAt =
+            work::pastTimeFrom({"ended-at", *command.endedAt}, session.endedAt.value_or(now));
     }
     return correction;
 }
@@ -124,7 +125,7 @@ void addAmend(CLI::App& line, Program& program)
     command->reflection.addTo(*app);
     command->plan.addTo(*app, "plan-");
     command->review.addTo(*app);
-    app->add_option("--ended-at", command->endedAt, "An earlier end of the session: 14:20")
+    app->add_option("--ended-at", command->endedAt, work::helpText(work::endedAtPrompt))
         ->check(wellFormedText());
 }
 

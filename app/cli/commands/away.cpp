@@ -1,9 +1,9 @@
 // Makes a pause of time that has passed.
 #include "amendments/was_away.hpp"
 #include "cli/commands.hpp"
-#include "cli/past_time.hpp"
 #include "cli/text_options.hpp"
 #include "work/done_text.hpp"
+#include "work/fields/answers.hpp"
 
 #include <CLI/CLI.hpp>
 
@@ -19,9 +19,9 @@ struct AwayCommand {
 
 void away(const AwayCommand& command, QuillmereState& state, Instant now)
 {
-    const Instant from = pastTime("from", command.from, now);
+    const Instant from = work::pastTimeFrom({"from", command.from}, now);
     const std::optional<Instant> to =
-        command.to ? std::optional(pastTime("to", *command.to, now)) : std::nullopt;
+        command.to ? std::optional(work::pastTimeFrom({"to", *command.to}, now)) : std::nullopt;
     amendments::wasAway(state, from, to, now);
 }
 
@@ -33,13 +33,14 @@ void addAway(CLI::App& line, Program& program)
     CLI::App* const app = addCommand(
         line, program, "away", "Make a pause of time in the focus session that has passed",
         [command, &program] {
-            program.change(work::done::pauseAdded,
-                           [&](QuillmereState& state, Instant now) { away(*command, state, now); });
+            program.change(work::done::pauseAdded, namingOptions([&](QuillmereState& state, Instant now) {
+                               away(*command, state, now);
+                           }));
         });
-    app->add_option("--from", command->from, "When the pause began: 14:20")
+    app->add_option("--from", command->from, work::helpText(work::awayFromPrompt))
         ->required()
         ->check(wellFormedText());
-    app->add_option("--to", command->to, "When it ended: 14:35 (usual: now)")->check(wellFormedText());
+    app->add_option("--to", command->to, work::helpText(work::awayToPrompt))->check(wellFormedText());
 }
 
 }  // namespace quillmere::cli

@@ -132,16 +132,18 @@ void cancel(CancelCommand& command, Program& program)
     const Subject subject = subjectIn(situation.state, situation.now);
     const work::Drafts drafts(workspace.stateDirectory());
     settle(command, subject, situation, drafts.areKept(), program.environment());
+    std::string_view done;
+    const workspace::Operation operation = work::keepingWords(
+        [&](QuillmereState& state, Instant now) {
+            if (subjectIn(state, now) != subject) {
+                throw ProgramError(ExitCode::refused,
+                                   "The work has moved on meanwhile. Nothing was changed.");
+            }
+            done = apply(command, subject, state, now);
+        },
+        drafts);
     program.change([&](QuillmereState& state, Instant now) {
-        if (subjectIn(state, now) != subject) {
-            throw ProgramError(ExitCode::refused, "The work has moved on meanwhile. Nothing was changed.");
-        }
-        const std::optional<Block> left = state.currentBlock;
-        const std::string_view done = apply(command, subject, state, now);
-        if (left && !state.currentBlock) {
-            // Before the state is saved: no word is lost when the draft cannot be written.
-            work::keepAsDraft(*left, state, drafts, now);
-        }
+        operation(state, now);
         return std::string(done);
     });
 }

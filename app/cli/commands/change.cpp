@@ -15,7 +15,7 @@ namespace {
 
 struct ChangeCommand {
     BlockTextOptions texts;
-    RecordOptions<Block> numbers{std::span(work::blockFields).subspan<6, 3>()};
+    RecordOptions<Block> numbers{work::begunBlockFields.subspan<6, 3>()};
 };
 
 std::optional<double> lengthGiven(const ChangeCommand& command, const std::string& name)

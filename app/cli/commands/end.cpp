@@ -2,9 +2,9 @@
 #include "amendments/forgot_to_end.hpp"
 #include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
-#include "cli/past_time.hpp"
 #include "cli/text_options.hpp"
 #include "work/done_text.hpp"
+#include "work/fields/answers.hpp"
 
 #include <CLI/CLI.hpp>
 
@@ -22,16 +22,12 @@ struct EndCommand {
 std::optional<Instant> endOf(const EndCommand& command, Instant now)
 {
     if (command.at) {
-        return pastTime("at", *command.at, now);
+        return work::pastTimeFrom({"at", *command.at}, now);
     }
     if (!command.ago) {
         return std::nullopt;
     }
-    const std::optional<double> ago = base::durationFromText(*command.ago);
-    if (!ago) {
-        throw ProgramError(ExitCode::usage, "--ago: Give a " + std::string(base::acceptedDurations) + ".");
-    }
-    return now - *ago;
+    return now - work::durationFrom({"ago", *command.ago});
 }
 
 void end(const EndCommand& command, QuillmereState& state, Instant now)
@@ -50,7 +46,7 @@ void addEnd(CLI::App& line, Program& program)
     const auto command = std::make_shared<EndCommand>();
     CLI::App* const app = addCommand(line, program, "end", "End the focus session", [command, &program] {
         program.change(work::done::focusEnded,
-                       [&](QuillmereState& state, Instant now) { end(*command, state, now); });
+                       namingOptions([&](QuillmereState& state, Instant now) { end(*command, state, now); }));
     });
     CLI::Option* const at =
         app->add_option("--at", command->at, "It ended at this time, also when it has ended since: 14:20")

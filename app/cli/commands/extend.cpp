@@ -7,6 +7,7 @@
 #include "cli/exit_code.hpp"
 #include "cli/text_options.hpp"
 #include "work/done_text.hpp"
+#include "work/fields/answers.hpp"
 
 #include <CLI/CLI.hpp>
 
@@ -20,20 +21,9 @@ struct ExtendCommand {
     bool isPause = false;
 };
 
-double secondsOf(const std::string& text)
-{
-    const bool isNegative = text.starts_with('-');
-    const std::optional<double> seconds = base::durationFromText(text.substr(isNegative ? 1 : 0));
-    if (!seconds) {
-        throw ProgramError(ExitCode::usage, "Give a " + std::string(base::acceptedDurations) +
-                                                ", or a negative one to shorten the session: --by=-5m.");
-    }
-    return isNegative ? -*seconds : *seconds;
-}
-
 std::string extend(const ExtendCommand& command, QuillmereState& state, Instant now)
 {
-    const double by = secondsOf(command.by);
+    const double by = work::lengthChangeFrom({"by", command.by});
     if (amendments::isPossible(amendments::Kind::goOn, state)) {
         amendments::goOn(state, by,
                          command.isPause ? amendments::TimeSinceEnd::countsAsPause
@@ -59,7 +49,13 @@ void addExtend(CLI::App& line, Program& program)
     CLI::App* const app = addCommand(
         line, program, "extend", "Make the focus session longer or shorter; after its end, go on with it",
         [command, &program] {
-            program.change([&](QuillmereState& state, Instant now) { return extend(*command, state, now); });
+            std::string done;
+            const workspace::Operation operation = namingOptions(
+                [&](QuillmereState& state, Instant now) { done = extend(*command, state, now); });
+            program.change([&](QuillmereState& state, Instant now) {
+                operation(state, now);
+                return done;
+            });
         });
     CLI::Option* const duration =
         app->add_option("duration", command->by, "By how much: 10m, 90s")->check(wellFormedText());

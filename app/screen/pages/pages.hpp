@@ -46,6 +46,9 @@ void drawQuestions(Canvas& canvas, const Area& area, const workspace::Situation&
 std::size_t mostScrolled(Size window, const Area& area, const workspace::Situation& situation,
                          std::size_t chosen);
 
+/// All keys, one a row.
+void drawKeyList(Canvas& canvas, const Area& area, const std::vector<KeyHint>& keys, Look look);
+
 /// Why the files cannot be used.
 void drawTrouble(Canvas& canvas, const Area& area, std::string_view trouble);
 

@@ -127,6 +127,27 @@ Instant startFrom(const Answer& answer, Instant now)
     return *start;
 }
 
+Instant pastTimeFrom(const Answer& answer, Instant now)
+{
+    if (const std::optional<Instant> instant = base::pastInstantFromLocalText(answer.text, now)) {
+        return *instant;
+    }
+    throw Unacceptable(
+        answer.field,
+        base::inQuotes(answer.text) + " is no local time, such as 14:20, 14:20:30 or \"2026-11-15 14:20\".");
+}
+
+double lengthChangeFrom(const Answer& answer)
+{
+    const bool isNegative = answer.text.starts_with('-');
+    const std::optional<double> seconds = base::durationFromText(answer.text.substr(isNegative ? 1 : 0));
+    if (!seconds) {
+        throw Unacceptable(answer.field, "Give a " + std::string(base::acceptedDurations) +
+                                             ", or a negative one, which makes it shorter: -5m.");
+    }
+    return isNegative ? -*seconds : *seconds;
+}
+
 void requireToCome(const std::string& field, Instant start, Instant now)
 {
     if (start < now) {

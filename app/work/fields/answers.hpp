@@ -26,6 +26,12 @@ CompletionResult completionFrom(const Answer& answer);
 /// A local time, also one that has passed.
 Instant startFrom(const Answer& answer, Instant now);
 
+/// A local time that has passed: "14:20" or "2026-11-15 14:20", with or without seconds
+/// (base::pastInstantFromLocalText).
+Instant pastTimeFrom(const Answer& answer, Instant now);
+/// A duration in seconds, negative with a minus sign in front.
+double lengthChangeFrom(const Answer& answer);
+
 /// Throws Unacceptable when the time has passed.
 void requireToCome(const std::string& field, Instant start, Instant now);
 

@@ -11,6 +11,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <variant>
 #include <vector>
@@ -77,14 +78,35 @@ inline constexpr auto reflection = std::to_array<RecordField<BlockReview>>({
     {{"went-well",   "What went well?",                        text}, &BlockReview::wentWell},
     {{"lessons",     "What is to be learnt from it?",          text}, &BlockReview::lessons},
 });
+
+// What amendments of a running session ask for.
+inline constexpr Prompt lengthChange = {"by", "By how much?", line, {}, "10m, 90s; --by=-5m makes it shorter", "10m; -5m makes it shorter"};
+inline constexpr Prompt timeSinceEnd = {"since-end", "What was the time since its end?", choice};
+inline constexpr Prompt earlierEnd   = {"at", "When did it end?", line, {}, "14:20", "14:20"};
+inline constexpr Prompt anotherStart = {"at", "When does it begin?", line, {}, {}, "14:30, +1h"};
+inline constexpr Prompt awayFrom     = {"from", "When did the pause begin?", line, {}, "14:20", "14:20"};
+inline constexpr Prompt awayTo       = {"to", "When did it end?", line, {}, "14:35 (usual: now)", "14:35; empty: now"};
+inline constexpr Prompt endedAt      = {"ended-at", "Did it end earlier?", line, {}, "14:20", "14:20"};
 // clang-format on
 
 }  // namespace field_tables
 
 inline constexpr auto& blockFields = field_tables::block;
+/// Those that can be changed once the block has begun: all but the planned start, which is the last one.
+inline constexpr auto begunBlockFields =
+    std::span(field_tables::block).first<field_tables::block.size() - 1>();
 inline constexpr auto& planFields = field_tables::plan;
 inline constexpr auto& reviewFields = field_tables::review;
 inline constexpr auto& reflectionFields = field_tables::reflection;
+
+// Of amendments.
+inline constexpr auto& lengthChangePrompt = field_tables::lengthChange;
+inline constexpr auto& timeSinceEndPrompt = field_tables::timeSinceEnd;
+inline constexpr auto& earlierEndPrompt = field_tables::earlierEnd;
+inline constexpr auto& anotherStartPrompt = field_tables::anotherStart;
+inline constexpr auto& awayFromPrompt = field_tables::awayFrom;
+inline constexpr auto& awayToPrompt = field_tables::awayTo;
+inline constexpr auto& endedAtPrompt = field_tables::endedAt;
 
 /// The prompts for an answer to a question and for a new question.
 inline constexpr Prompt answerPrompt = {"answer", "The answer", FieldKind::text};

@@ -44,8 +44,7 @@ void setWherePossible(Block& block, const RecordField<Block>& row, const FieldCh
     }
 }
 
-}  // namespace
-
+/// `idle` is the state without the block.
 void keepAsDraft(const Block& block, const QuillmereState& idle, const Drafts& drafts, Instant now)
 {
     Form form = formFor(newBlock(idle), idle, now);
@@ -58,6 +57,20 @@ void keepAsDraft(const Block& block, const QuillmereState& idle, const Drafts& d
         }
     }
     drafts.keep(form);
+}
+
+}  // namespace
+
+workspace::Operation keepingWords(workspace::Operation operation, const Drafts& drafts)
+{
+    return [operation = std::move(operation), &drafts](QuillmereState& state, Instant now) {
+        const std::optional<Block> before = state.currentBlock;
+        const std::size_t finished = state.blockHistory.size();
+        operation(state, now);
+        if (before && !state.currentBlock && state.blockHistory.size() == finished) {
+            keepAsDraft(*before, state, drafts, now);
+        }
+    };
 }
 
 std::optional<Block> draftOfNextBlock(const QuillmereState& state, const Drafts& drafts, Instant now)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "work/forms/drafts.hpp"
+#include "workspace/workspace.hpp"
 
 #include <quillmere/records/quillmere_state.hpp>
 
@@ -10,10 +11,11 @@
 
 namespace quillmere::work {
 
-/// Keeps the texts and lengths of a block that left the work as the draft of the next block after it, in
-/// place of what was typed in the same fields; not its planned start. `idle` is the state without the block.
-/// Throws `std::system_error`.
-void keepAsDraft(const Block& block, const QuillmereState& idle, const Drafts& drafts, Instant now);
+/// The operation, which then keeps the texts and lengths of a block that it removes without finishing it, as
+/// the draft of the next block: in place of what was typed in the same fields, and without the planned start.
+/// Throws `std::system_error` when the draft cannot be written, before the state is saved, so that no word is
+/// lost. `drafts` must outlive the result.
+workspace::Operation keepingWords(workspace::Operation operation, const Drafts& drafts);
 
 /// The block that planning would begin with now, with the draft of its form. A value that cannot be used is
 /// left out, and so is the planned start. Absent when there is no draft.

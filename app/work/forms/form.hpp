@@ -15,7 +15,23 @@
 
 namespace quillmere::work {
 
-enum class FormKind { block, plan, review, reflection, answer, question };
+enum class FormKind {
+    // The work waits for these.
+    block,
+    plan,
+    review,
+    reflection,
+    // A person opens these.
+    answer,
+    question,
+    length,
+    goOn,
+    earlierEnd,
+    away,
+    blockChange,
+    correction,
+    anotherStart,
+};
 
 }  // namespace quillmere::work
 
@@ -29,6 +45,13 @@ struct quillmere::EnumerationTable<quillmere::work::FormKind> {
         {Kind::reflection, "reflection"},
         {Kind::answer, "answer"},
         {Kind::question, "question"},
+        {Kind::length, "length"},
+        {Kind::goOn, "go-on"},
+        {Kind::earlierEnd, "earlier-end"},
+        {Kind::away, "away"},
+        {Kind::blockChange, "block-change"},
+        {Kind::correction, "correction"},
+        {Kind::anotherStart, "another-start"},
     });
 };
 

@@ -23,21 +23,31 @@ constexpr auto formRows = std::to_array<FormRow>({
     {FormKind::reflection, addReflectionFields, saveReflection},
     {FormKind::answer, addAnswerFields, saveAnswer},
     {FormKind::question, addQuestionFields, saveQuestion},
+    {FormKind::length, addLengthFields, saveLength},
+    {FormKind::goOn, addGoOnFields, saveGoOn},
+    {FormKind::earlierEnd, addEarlierEndFields, saveEarlierEnd},
+    {FormKind::away, addAwayFields, saveAway},
+    {FormKind::blockChange, addBlockChangeFields, saveBlockChange},
+    {FormKind::correction, addCorrectionFields, saveCorrection},
+    {FormKind::anotherStart, addAnotherStartFields, saveAnotherStart},
 });
 static_assert(inCaseOrder(formRows) && formRows.size() == EnumerationTable<FormKind>::rows.size());
 
-/// Whether the form may be saved in this state.
-bool isCurrent(const FormSubject& subject, const QuillmereState& state)
+/// The move of a form that a person opens.
+Move moveOf(FormKind kind, const QuillmereState& state)
 {
-    switch (subject.kind) {
-        case FormKind::block:
-        case FormKind::plan:
-        case FormKind::review:
-        case FormKind::reflection: return subjectFor(state) == subject;
-        case FormKind::answer:
-        case FormKind::question: break;
+    using amendments::Kind;
+    switch (kind) {
+        case FormKind::goOn: return Kind::goOn;
+        case FormKind::earlierEnd: return Kind::forgotToEnd;
+        case FormKind::away: return Kind::wasAway;
+        case FormKind::blockChange: return Kind::change;
+        case FormKind::correction: return Kind::correct;
+        case FormKind::anotherStart: return Kind::backOut;
+        default: break;
     }
-    return true;
+    return state.workflowState == WorkflowState::breaking ? Move(Step::extendBreak)
+                                                          : Move(Kind::changeLength);
 }
 
 }  // namespace
@@ -106,19 +116,45 @@ Form formFor(const FormSubject& subject, const QuillmereState& state, Instant no
     return form;
 }
 
-Step stepOf(const Form& form, const QuillmereState& state)
+FormSubject subjectOf(FormKind kind, const QuillmereState& state)
+{
+    const WorkSession* const session = state.currentSession();
+    const bool isOfBlock = kind == FormKind::blockChange || !session;
+    return {kind, isOfBlock ? state.currentBlock ? state.currentBlock->id.text() : newBlock(state).name
+                            : session->id.text()};
+}
+
+bool isCurrent(const FormSubject& subject, const QuillmereState& state)
+{
+    switch (subject.kind) {
+        case FormKind::block:
+        case FormKind::plan:
+        case FormKind::review:
+        case FormKind::reflection: return subjectFor(state) == subject;
+        case FormKind::answer:
+        case FormKind::question: return true;
+        default: break;
+    }
+    const bool hasRecord = subject.kind != FormKind::correction || reviewedSession(state);
+    return hasRecord && subjectOf(subject.kind, state) == subject &&
+           isPossible(moveOf(subject.kind, state), state);
+}
+
+Move moveOf(const Form& form, const QuillmereState& state)
 {
     switch (form.subject().kind) {
         case FormKind::block: return hasPlannedStart(form) ? Step::scheduleBlock : Step::startBlock;
         case FormKind::plan: return Step::startFocus;
         case FormKind::review:
-            return isPossible(Step::saveLastReview, state) ? Step::saveLastReview
-                                                           : Step::saveReviewAndStartBreak;
+            return finishesBlock(form)                       ? Move(amendments::Kind::finishWithReview)
+                   : isPossible(Step::saveLastReview, state) ? Move(Step::saveLastReview)
+                                                             : Move(Step::saveReviewAndStartBreak);
         case FormKind::reflection: return Step::completeBlockReview;
         case FormKind::answer: return Step::answerQuestion;
-        case FormKind::question: break;
+        case FormKind::question: return Step::addQuestion;
+        default: break;
     }
-    return Step::addQuestion;
+    return moveOf(form.subject().kind, state);
 }
 
 void carryOut(const Form& form, QuillmereState& state, Instant now)

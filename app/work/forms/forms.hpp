@@ -2,6 +2,7 @@
 #pragma once
 
 #include "work/forms/form.hpp"
+#include "work/move.hpp"
 
 #include <quillmere/engine/transition.hpp>
 #include <quillmere/records/quillmere_state.hpp>
@@ -26,8 +27,19 @@ std::vector<FormSubject> subjectsOf(const QuillmereState& state);
 /// The form with the values of the state.
 Form formFor(const FormSubject& subject, const QuillmereState& state, Instant now);
 
-/// The step that saving the form takes.
-Step stepOf(const Form& form, const QuillmereState& state);
+/// The form that a person opens for an amendment, or for another length of a break.
+FormSubject subjectOf(FormKind kind, const QuillmereState& state);
+
+/// The last session of the current block if it has ended and is no longer at work: the one that can be
+/// corrected. Otherwise null.
+const WorkSession* reviewedSession(const QuillmereState& state);
+
+/// Whether the work is still about the form's subject, so that the form may be saved. A question can always
+/// be asked, and be answered again.
+bool isCurrent(const FormSubject& subject, const QuillmereState& state);
+
+/// The move that saving the form makes.
+Move moveOf(const Form& form, const QuillmereState& state);
 
 /// Saves the form. Throws WorkflowError when the state is no longer about the form's subject or when the
 /// engine refuses, and Unacceptable when a value cannot be used.

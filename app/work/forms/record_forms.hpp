@@ -6,8 +6,9 @@
 
 #include <quillmere/records/quillmere_state.hpp>
 
-#include <array>
+#include <span>
 #include <string>
+#include <type_traits>
 
 namespace quillmere::work {
 
@@ -18,18 +19,39 @@ void addReviewFields     (Form& form, const QuillmereState& state, Instant now);
 void addReflectionFields (Form& form, const QuillmereState& state, Instant now);
 void addAnswerFields     (Form& form, const QuillmereState& state, Instant now);
 void addQuestionFields   (Form& form, const QuillmereState& state, Instant now);
+void addLengthFields     (Form& form, const QuillmereState& state, Instant now);
+void addGoOnFields       (Form& form, const QuillmereState& state, Instant now);
+void addEarlierEndFields (Form& form, const QuillmereState& state, Instant now);
+void addAwayFields       (Form& form, const QuillmereState& state, Instant now);
+void addBlockChangeFields(Form& form, const QuillmereState& state, Instant now);
+void addCorrectionFields (Form& form, const QuillmereState& state, Instant now);
+void addAnotherStartFields(Form& form, const QuillmereState& state, Instant now);
 
-// Each reads its form and runs the engine.
+// Each reads its form and runs the engine, or an amendment.
 void saveBlock      (const Form& form, QuillmereState& state, Instant now);
 void savePlan       (const Form& form, QuillmereState& state, Instant now);
 void saveReview     (const Form& form, QuillmereState& state, Instant now);
 void saveReflection (const Form& form, QuillmereState& state, Instant now);
 void saveAnswer     (const Form& form, QuillmereState& state, Instant now);
 void saveQuestion   (const Form& form, QuillmereState& state, Instant now);
+void saveLength     (const Form& form, QuillmereState& state, Instant now);
+void saveGoOn       (const Form& form, QuillmereState& state, Instant now);
+void saveEarlierEnd (const Form& form, QuillmereState& state, Instant now);
+void saveAway       (const Form& form, QuillmereState& state, Instant now);
+void saveBlockChange(const Form& form, QuillmereState& state, Instant now);
+void saveCorrection (const Form& form, QuillmereState& state, Instant now);
+void saveAnotherStart(const Form& form, QuillmereState& state, Instant now);
 // clang-format on
 
 /// Whether a block form names a time to begin at.
 bool hasPlannedStart(const Form& form);
+
+/// Whether a review form says that the block ends with this session.
+bool finishesBlock(const Form& form);
+
+/// The fields of a review. Without one nothing is chosen for the person.
+void addReview(Form& form, const std::optional<SessionReview>& review);
+SessionReview reviewFrom(const Form& form, const std::optional<SessionReview>& review, Instant now);
 
 /// The fields of a session plan; `prefix` stands before their ids.
 void addPlan(Form& form, const std::string& prefix, const SessionPlan& plan,
@@ -48,9 +70,9 @@ Field fieldOf(const RecordField<Record>& row, const std::string& prefix, const R
 
 /// Sets the fields of a record that are in the form and were changed there. An unchanged field keeps its
 /// value exactly, although the form shows it rounded.
-template <class Record, std::size_t count>
+template <class Record>
 void applyFields(const Form& form, const std::string& prefix,
-                 const std::array<RecordField<Record>, count>& rows, Record& record, Instant now)
+                 std::span<const std::type_identity_t<RecordField<Record>>> rows, Record& record, Instant now)
 {
     for (const RecordField<Record>& row : rows) {
         const std::string id = prefix + std::string(row.prompt.name);

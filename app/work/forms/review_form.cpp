@@ -1,4 +1,5 @@
 // The form of a review, with the plan of the next session, and the form of the reflection on a block.
+#include "amendments/finish_now.hpp"
 #include "work/forms/record_forms.hpp"
 
 #include <quillmere/engine/transition.hpp>
@@ -29,6 +30,20 @@ SessionReview emptyReview()
             .improvement = {}};
 }
 
+/// The choice of what comes after the session.
+constexpr const char* afterId = "after";
+constexpr const char* finishKey = "finish";
+
+Field afterField()
+{
+    return {.id = afterId,
+            .question = "What comes after it?",
+            .kind = FieldKind::choice,
+            .value = std::string("break"),
+            .options = {{"break", "a break and the next session"}, {finishKey, "the end of the block"}},
+            .areOptionsLong = true};
+}
+
 /// The titles of the outcomes in one line.
 std::string titlesOf(const std::optional<Block>& block)
 {
@@ -41,30 +56,47 @@ std::string titlesOf(const std::optional<Block>& block)
 
 }  // namespace
 
+bool finishesBlock(const Form& form) { return form.has(afterId) && form.text(afterId) == finishKey; }
+
+void addReview(Form& form, const std::optional<SessionReview>& review)
+{
+    for (const RecordField<SessionReview>& row : reviewFields) {
+        Field field = fieldOf(row, "", review.value_or(emptyReview()));
+        if (row.prompt.kind == FieldKind::choice) {
+            field.value = review ? field.value : std::string();
+            field.options = completions();
+        }
+        form.add(std::move(field));
+    }
+}
+
+SessionReview reviewFrom(const Form& form, const std::optional<SessionReview>& review, Instant now)
+{
+    SessionReview filled = review.value_or(emptyReview());
+    applyFields(form, "", reviewFields, filled, now);
+    return filled;
+}
+
 void addReviewFields(Form& form, const QuillmereState& state, Instant)
 {
     if (const WorkSession* const session = state.currentSession()) {
         form.setReminder(session->plan.intendedOutcome);
     }
-    for (const RecordField<SessionReview>& row : reviewFields) {
-        Field field = fieldOf(row, "", emptyReview());
-        if (row.prompt.kind == FieldKind::choice) {
-            // Nothing is chosen for the person.
-            field.value = std::string();
-            field.options = completions();
-        }
-        form.add(std::move(field));
-    }
+    addReview(form, std::nullopt);
     if (isPossible(Step::saveReviewAndStartBreak, state)) {
         form.addHeading("The next session");
+        form.add(afterField());
         addPlan(form, nextPrefix, SessionPlan::blank(Identifier::random()), state.currentBlock);
     }
 }
 
 void saveReview(const Form& form, QuillmereState& state, Instant now)
 {
-    SessionReview review = emptyReview();
-    applyFields(form, "", reviewFields, review, now);
+    SessionReview review = reviewFrom(form, std::nullopt, now);
+    if (finishesBlock(form)) {
+        amendments::finishNow(state, std::move(review), now);
+        return;
+    }
     std::optional<SessionPlan> next;
     if (form.has(nextPrefix + std::string(planFields.front().prompt.name))) {
         next = planFrom(form, nextPrefix, SessionPlan::blank(Identifier::random()), now);

@@ -12,35 +12,50 @@ namespace {
 
 using namespace screen;
 
+std::vector<workspace::Situation> situations()
+{
+    std::vector<workspace::Situation> all;
+    for (const WorkflowState workflowState : allCases<WorkflowState>()) {
+        all.push_back({stateIn(workflowState), {}, moment});
+    }
+    QuillmereState edited = stateWithScheduledBlock();
+    edited.workflowState = WorkflowState::blockPlanning;
+    all.push_back({edited, {}, moment});
+    all.push_back({edited, {}, moment + 86'400});
+    return all;
+}
+
 TEST(ActionKeys, areUniqueInEverySituation)
 {
-    for (const WorkflowState workflowState : allCases<WorkflowState>()) {
-        const workspace::Situation situation{stateIn(workflowState), {}, moment};
-        std::string keys = "aq";  // of the screen itself
+    for (const workspace::Situation& situation : situations()) {
+        std::vector<std::string> keys = {"a", "q", "u", "U", "?"};  // of the screen itself
         for (const work::Action* const action : work::actionsFor(situation)) {
-            keys += keyOf(action->step);
+            keys.push_back(keyName(action->id));
         }
         std::sort(keys.begin(), keys.end());
-        EXPECT_EQ(std::unique(keys.begin(), keys.end()), keys.end()) << keys;
+        EXPECT_EQ(std::unique(keys.begin(), keys.end()), keys.end()) << testing::PrintToString(keys);
     }
 }
 
 TEST(ActionKeys, findTheirActions)
 {
-    for (const WorkflowState workflowState : allCases<WorkflowState>()) {
-        const workspace::Situation situation{stateIn(workflowState), {}, moment};
+    for (const workspace::Situation& situation : situations()) {
         for (const work::Action* const action : work::actionsFor(situation)) {
-            EXPECT_EQ(actionOn(keyOf(action->step), situation), action) << action->label;
+            const std::string name = keyName(action->id);
+            const Key key = name == "Esc"     ? Key{Key::Kind::escape}
+                            : name == "space" ? typed(" ")
+                                              : typed(name);
+            EXPECT_EQ(actionOn(key, situation), action) << action->label;
         }
     }
 }
 
-TEST(ActionKeys, findAnActionThatTheEngineRefusesNow)
+TEST(ActionKeys, findNothingThatIsNotPossible)
 {
     const workspace::Situation running{stateIn(WorkflowState::focusing), {}, moment};
-    ASSERT_TRUE(actionOn('r', running));
-    EXPECT_EQ(actionOn('r', running)->step, Step::resumeFocus);
-    EXPECT_EQ(actionOn('s', running), nullptr);
+    EXPECT_EQ(actionOn(typed("p"), running), nullptr);
+    EXPECT_EQ(actionOn(Key{Key::Kind::escape}, running), nullptr);
+    EXPECT_EQ(actionOn(Key{Key::Kind::enter}, running), nullptr);
 }
 
 }  // namespace

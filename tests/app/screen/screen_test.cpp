@@ -1,12 +1,7 @@
 // The live screen without its terminal: keys in, pictures out.
-#include "screen/screen.hpp"
-
-#include <quillmere/engine/workflow_error.hpp>
+#include "screen/screen_of_a_person.hpp"
 
 #include <sys/resource.h>
-
-#include "program_testing.hpp"
-#include "screen/screen_testing.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -21,54 +16,6 @@ long sleepCount()
     return usage.ru_nvcsw;
 }
 
-/// A person at the live screen, with their own clock.
-class ScreenOfAPerson : public testing::Test {
-protected:
-    const TimeZone utc{"UTC"};
-    Person person;
-    std::unique_ptr<Screen> ui;
-
-    void opens(std::optional<WidgetRoute> route = std::nullopt)
-    {
-        ui = std::make_unique<Screen>(
-            workspace::Workspace::in(person.directory(), [this] { return person.now; }),
-            work::Drafts(person.stateHome()), route);
-    }
-    void opens(const QuillmereState& state)
-    {
-        person.has(state);
-        opens();
-    }
-    void presses(const std::string& keys)
-    {
-        type([this](const Key& key) { ui->press(key); }, keys);
-        ui->keepDraft();
-    }
-    void presses(const Key& key)
-    {
-        ui->press(key);
-        ui->keepDraft();
-    }
-    void waits(double seconds)
-    {
-        person.now = person.now + seconds;
-        ui->refresh();
-    }
-    testing::AssertionResult shows(const std::string& text) const
-    {
-        const std::string picture = ui->picture(Charset::unicode).text();
-        return picture.find(text) != std::string::npos
-                   ? testing::AssertionSuccess() << "shows " << text << " in\n"
-                                                 << picture
-                   : testing::AssertionFailure() << "does not show " << text << " in\n"
-                                                 << picture;
-    }
-};
-
-const Key save = withControl('s');
-const Key escape{Key::Kind::escape};
-const Key enter{Key::Kind::enter};
-
 TEST_F(ScreenOfAPerson, goesThroughABlockWithKeysAlone)
 {
     opens();
@@ -78,14 +25,14 @@ TEST_F(ScreenOfAPerson, goesThroughABlockWithKeysAlone)
     presses("Headings");
     presses(save);
     ASSERT_EQ(person.state().workflowState, WorkflowState::focusing);
-    presses("p");
+    presses(" ");
     EXPECT_TRUE(shows("paused"));
-    presses("rey");
+    presses(" ey");
     ASSERT_EQ(person.state().workflowState, WorkflowState::sessionReview);
     presses("y");
     presses(save);
     ASSERT_EQ(person.state().workflowState, WorkflowState::breaking);
-    presses("es");
+    presses("+e");
     ASSERT_EQ(person.state().workflowState, WorkflowState::sessionPlanning);
     EXPECT_EQ(person.state().currentBlock->sessions.size(), 1U);
     EXPECT_TRUE(filesAgree(person));
@@ -125,13 +72,15 @@ TEST_F(ScreenOfAPerson, asksBeforeAScheduledBlockIsDiscarded)
     EXPECT_FALSE(person.state().currentBlock);
 }
 
-TEST_F(ScreenOfAPerson, readsTheRefusalInTheWordsOfTheEngine)
+TEST_F(ScreenOfAPerson, isToldThatAKeyDoesNothingHere)
 {
     opens(stateIn(WorkflowState::focusing));
-    presses("r");
-    EXPECT_TRUE(shows(WorkflowError(WorkflowError::invalidTransition).errorDescription()));
-    presses("x");
-    EXPECT_FALSE(shows(WorkflowError(WorkflowError::invalidTransition).errorDescription()));
+    presses("s");
+    EXPECT_TRUE(shows("Nothing is on this key now; ? shows the keys."));
+    EXPECT_EQ(person.state(), stateIn(WorkflowState::focusing));
+    presses("?");
+    EXPECT_FALSE(shows("Nothing is on this key"));
+    EXPECT_TRUE(shows("you were away"));
 }
 
 TEST_F(ScreenOfAPerson, isLedToTheFieldWhoseValueCannotBeUsed)
@@ -409,7 +358,7 @@ TEST_F(ScreenOfAPerson, givesNoCommandsByTypingOnAfterAFormWasClosed)
     EXPECT_TRUE(shows("What you wrote is kept. Esc goes on."));
     presses(escape);
     EXPECT_FALSE(shows("go on"));
-    presses("s");
+    presses("e");
     EXPECT_EQ(person.state().workflowState, WorkflowState::sessionPlanning);
 }
 
@@ -431,7 +380,7 @@ TEST_F(ScreenOfAPerson, needsNoEscapeAfterAFormWithoutChangesWasClosed)
     opens(stateIn(WorkflowState::sessionReview));
     ASSERT_EQ(person.types({"review", "--completion", "Yes", "--next-outcome", "Next"}).code, ExitCode::done);
     ui->refresh();
-    presses("s");
+    presses("e");
     EXPECT_EQ(person.state().workflowState, WorkflowState::sessionPlanning);
 }
 
@@ -495,12 +444,12 @@ TEST_F(ScreenOfAPerson, isNotToldAgainOfABreakThatIsStillOverAfterItsExtension)
     waits(1'200);
     EXPECT_TRUE(shows("The break was over at 15:05."));
     ASSERT_TRUE(ui->takeBell());
-    presses("e");
+    presses("+");
     EXPECT_TRUE(shows("The break is longer now, and still over."));
     waits(1);
     EXPECT_FALSE(ui->takeBell());
     EXPECT_TRUE(shows("The break is longer now, and still over."));
-    presses("eeee");
+    presses("++++");
     EXPECT_TRUE(shows("The break is longer now."));
     EXPECT_FALSE(shows("still over"));
     waits(1'000);
@@ -544,7 +493,7 @@ TEST_F(ScreenOfAPerson, seesNoMessageAboutFilesThatCanBeUsedAgain)
     opens(stateIn(WorkflowState::focusing));
     const std::string text = textOf(person.store().stateURL());
     writeText(person.store().stateURL(), "spoilt");
-    presses("p");
+    presses(" ");
     EXPECT_TRUE(shows("The state cannot be used"));
     writeText(person.store().stateURL(), text);
     ui->refresh();
@@ -599,10 +548,9 @@ TEST_F(ScreenOfAPerson, readsLongMessagesInASmallWindowToo)
 {
     opens(stateIn(WorkflowState::focusing));
     ui->resize(smallWindow);
-    presses("r");
-    EXPECT_TRUE(shows("This action is not available in the"));
-    EXPECT_TRUE(shows("current workflow state."));
-    EXPECT_TRUE(shows("p pause"));
+    presses("-----");
+    EXPECT_TRUE(shows("and for 366 days at most."));
+    EXPECT_TRUE(shows("space pause"));
 }
 
 TEST_F(ScreenOfAPerson, isToldWhenALinkLeadsElsewhere)
@@ -666,7 +614,7 @@ TEST_F(ScreenOfAPerson, saysThatTheVersionBeforeCouldNotBeKept)
     ui = std::make_unique<Screen>(workspace::Workspace::in(
                                       person.directory(), [this] { return person.now; }, noDirectory),
                                   work::Drafts(person.stateHome()), std::nullopt);
-    presses("p");
+    presses(" ");
     EXPECT_TRUE(shows("The version before this change could not be kept"));
     EXPECT_TRUE(person.state().currentSession()->pausedAt);
 }
@@ -675,7 +623,7 @@ TEST_F(ScreenOfAPerson, hearsOfAnEventBeforeARefusedStep)
 {
     opens(stateIn(WorkflowState::focusing));
     person.now = moment + 1'600;
-    presses("p");
+    presses(" ");
     EXPECT_TRUE(ui->takeBell());
     EXPECT_TRUE(shows("This action is not available"));
 }
@@ -696,13 +644,26 @@ protected:
 TEST_F(ScreenWithVersions, undoesWithOneKeyAfterAQuestion)
 {
     opens(stateIn(WorkflowState::focusing));
-    presses("pu");
+    presses(" u");
     EXPECT_TRUE(shows("Undo: focus session 1 paused (15:00)"));
     presses("n");
     EXPECT_TRUE(person.state().currentSession()->pausedAt);
     presses("uy");
     EXPECT_FALSE(person.state().currentSession()->pausedAt);
     EXPECT_TRUE(shows("Undone: focus session 1 paused (15:00)"));
+    presses("Uy");
+    EXPECT_TRUE(person.state().currentSession()->pausedAt);
+}
+
+TEST_F(ScreenWithVersions, undoesFromAForm)
+{
+    opens(stateIn(WorkflowState::focusing));
+    presses("ey");
+    presses("y");
+    presses(escape);
+    EXPECT_TRUE(shows("undo the last change"));
+    presses("uy");
+    EXPECT_EQ(person.state().workflowState, WorkflowState::focusing);
 }
 
 TEST_F(ScreenWithVersions, isToldThatThereIsNothingToUndo)

@@ -24,7 +24,7 @@ TEST(ExtendBreak, announcesNoSecondEndOfABreakThatIsStillOver)
     QuillmereState state = stateIn(WorkflowState::breaking);
     const Instant late = moment + 3'600;
     ASSERT_EQ(workspace::catchUp(state, late).size(), 1U);
-    work::extendBreak(state, work::usualBreakExtension, late);
+    work::extendBreak(state, work::usualExtension, late);
     EXPECT_TRUE(workspace::catchUp(state, late + 1).empty());
 }
 

@@ -120,7 +120,7 @@ TEST_F(PresenterOfAPerson, keepsTheDraftOfTheFirstFormWhenASecondIsChanged)
     opens(stateIn(WorkflowState::sessionPlanning));
     fills(presenter->workForm(), "outcome", "Headings");
     presenter->openQuestion();
-    fills(presenter->questionForm(), "question", "Why?");
+    fills(presenter->openedForm(), "question", "Why?");
     presenter->keepDraft();
     EXPECT_EQ(namesIn(person.stateHome()).size(), 2U);
 }
@@ -149,7 +149,7 @@ TEST_F(PresenterOfAPerson, reportsNoFormThatWasNotFilledIn)
 TEST_F(PresenterOfAPerson, waitsForAConfirmationWhereSomethingIsLost)
 {
     opens(stateIn(WorkflowState::focusing));
-    const Action* const end = actionFor(Step::endFocus, presenter->situation());
+    const Action* const end = actionFor(ActionId::endFocus, presenter->situation());
     presenter->request(*end);
     EXPECT_EQ(presenter->toConfirm(), end);
     presenter->confirm(false);
@@ -162,7 +162,7 @@ TEST_F(PresenterOfAPerson, waitsForAConfirmationWhereSomethingIsLost)
 TEST_F(PresenterOfAPerson, dropsAConfirmationThatIsNoLongerPossible)
 {
     opens(stateIn(WorkflowState::focusing));
-    presenter->request(*actionFor(Step::endFocus, presenter->situation()));
+    presenter->request(*actionFor(ActionId::endFocus, presenter->situation()));
     ASSERT_EQ(person.types({"end"}).code, ExitCode::done);
     presenter->refresh();
     EXPECT_FALSE(presenter->toConfirm());
@@ -174,10 +174,10 @@ TEST_F(PresenterOfAPerson, closesAnAnswerThatWasGivenElsewhere)
     ASSERT_EQ(person.types({"ask", "Which build?"}).code, ExitCode::done);
     presenter->refresh();
     presenter->openAnswer(presenter->state().agentQuestions.at(0));
-    ASSERT_TRUE(presenter->questionForm());
+    ASSERT_TRUE(presenter->openedForm());
     ASSERT_EQ(person.types({"answer", "1", "The other"}).code, ExitCode::done);
     presenter->refresh();
-    EXPECT_FALSE(presenter->questionForm());
+    EXPECT_FALSE(presenter->openedForm());
     EXPECT_TRUE(presenter->message().ends_with("Another program has answered this question."));
 }
 

@@ -63,7 +63,8 @@ TEST(EndAt, refusesATextThatIsNoTime)
                   "--at: \"noon\" is no local time, such as 14:20, 14:20:30 or \"2026-11-15 14:20\".",
                   ExitCode::usage);
     expectRefusal(person, {"end", "--ago", "noon"},
-                  "--ago: Give a duration from 1 second to 366 days, such as 25m or 1h30m.", ExitCode::usage);
+                  "--ago: \"noon\" is no duration from 1 second to 366 days, such as 25m or 1h30m.",
+                  ExitCode::usage);
     EXPECT_EQ(person.types({"end", "--ago", "10m", "--at", "15:12"}).code, ExitCode::usage);
 }
 

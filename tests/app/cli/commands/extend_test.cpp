@@ -100,8 +100,9 @@ TEST(Extend, refusesATextThatIsNoLength)
 {
     const Person person = personIn(WorkflowState::focusing, 600);
     const std::string message =
-        "Give a duration from 1 second to 366 days, such as 25m or 1h30m, or a negative one to shorten the "
-        "session: --by=-5m.";
+        "--by: Give a duration from 1 second to 366 days, such as 25m or 1h30m, or a negative one, which "
+        "makes "
+        "it shorter: -5m.";
     for (const Words& words :
          {Words{"extend"}, Words{"extend", "soon"}, Words{"extend", "0m"}, Words{"extend", "--by=--5m"},
           Words{"extend", "--by="}, Words{"extend", "367d"}}) {

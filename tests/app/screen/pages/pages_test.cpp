@@ -48,9 +48,9 @@ TEST(Pages, showTheirKeysInEveryWindow)
         EXPECT_TRUE(shows(pictureOf(stateWithScheduledBlock(), window), "c cancel it"));
         EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::blockPlanning), window), "^S begin now"));
         EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::sessionPlanning), window), "^S start focus"));
-        EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::focusing), window), "p pause"));
+        EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::focusing), window), "space pause"));
         EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::sessionReview), window), "^S save, have a break"));
-        EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::breaking), window), "s skip the break"));
+        EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::breaking), window), "e skip the break"));
         EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::blockReview), window), "^S finish the block"));
         EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::complete), window), "q quit"));
     }

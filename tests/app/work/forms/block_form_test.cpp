@@ -32,7 +32,7 @@ TEST_F(BlockForm, beginsABlockWithEverythingThatWasFilledIn)
     fill(filled, "focus", "50m");
     fill(filled, "break", "10m");
     fill(filled, "cycles", "2");
-    EXPECT_EQ(stepOf(filled, state), Step::startBlock);
+    EXPECT_EQ(moveOf(filled, state), Move(Step::startBlock));
     carryOut(filled, state, moment);
     ASSERT_EQ(state.workflowState, WorkflowState::sessionPlanning);
     const Block& block = *state.currentBlock;
@@ -49,7 +49,7 @@ TEST_F(BlockForm, schedulesABlockThatHasAPlannedStart)
 {
     Form filled = form();
     fill(filled, "at", "+1h");
-    EXPECT_EQ(stepOf(filled, state), Step::scheduleBlock);
+    EXPECT_EQ(moveOf(filled, state), Move(Step::scheduleBlock));
     carryOut(filled, state, moment);
     EXPECT_EQ(state.workflowState, WorkflowState::idle);
     EXPECT_EQ(state.currentBlock->plannedStart, moment + 3600);

@@ -85,7 +85,7 @@ TEST(ReviewForm, savesTheReviewAndTheNextPlan)
 {
     QuillmereState state = stateIn(WorkflowState::sessionReview);
     Form form = formOf(state);
-    EXPECT_EQ(stepOf(form, state), Step::saveReviewAndStartBreak);
+    EXPECT_EQ(moveOf(form, state), Move(Step::saveReviewAndStartBreak));
     fill(form, "completion", "Half");
     fill(form, "result", "Four stand");
     fill(form, "next-outcome", "The fifth");
@@ -104,7 +104,7 @@ TEST(ReviewForm, asksForNoPlanAfterTheLastSession)
     state.workflowState = WorkflowState::sessionReview;
     Form form = formOf(state);
     EXPECT_FALSE(form.has("next-outcome"));
-    EXPECT_EQ(stepOf(form, state), Step::saveLastReview);
+    EXPECT_EQ(moveOf(form, state), Move(Step::saveLastReview));
     EXPECT_THROW(carryOut(form, state, moment), Unacceptable);
     fill(form, "completion", "Yes");
     carryOut(form, state, moment);

@@ -1,0 +1,84 @@
+// The forms of amendments that need a length or a time.
+#include "amendments/back_out.hpp"
+#include "amendments/change_length.hpp"
+#include "amendments/forgot_to_end.hpp"
+#include "amendments/go_on.hpp"
+#include "amendments/was_away.hpp"
+#include "work/break_extension.hpp"
+#include "work/fields/unacceptable.hpp"
+#include "work/forms/record_forms.hpp"
+
+namespace quillmere::work {
+namespace {
+
+constexpr const char* pauseKey = "pause";
+
+Answer answerIn(const Form& form, const Prompt& prompt)
+{
+    const std::string id(prompt.name);
+    return {id, form.text(id)};
+}
+
+void addLine(Form& form, const Prompt& prompt) { form.add(fieldOf(prompt, "", std::string())); }
+
+}  // namespace
+
+void addLengthFields(Form& form, const QuillmereState&, Instant) { addLine(form, lengthChangePrompt); }
+
+void saveLength(const Form& form, QuillmereState& state, Instant now)
+{
+    if (state.workflowState == WorkflowState::breaking) {
+        extendBreak(state, durationFrom(answerIn(form, lengthChangePrompt)), now);
+    } else {
+        amendments::changeLength(state, lengthChangeFrom(answerIn(form, lengthChangePrompt)), now);
+    }
+}
+
+void addGoOnFields(Form& form, const QuillmereState&, Instant)
+{
+    addLine(form, lengthChangePrompt);
+    Field since = fieldOf(timeSinceEndPrompt, "", std::string("focus"));
+    since.options = {{"focus", "focus"}, {pauseKey, "a pause"}};
+    form.add(std::move(since));
+}
+
+void saveGoOn(const Form& form, QuillmereState& state, Instant now)
+{
+    const bool wasPause = form.text(timeSinceEndPrompt.name) == pauseKey;
+    amendments::goOn(
+        state, lengthChangeFrom(answerIn(form, lengthChangePrompt)),
+        wasPause ? amendments::TimeSinceEnd::countsAsPause : amendments::TimeSinceEnd::countsAsFocus, now);
+}
+
+void addEarlierEndFields(Form& form, const QuillmereState&, Instant) { addLine(form, earlierEndPrompt); }
+
+void saveEarlierEnd(const Form& form, QuillmereState& state, Instant now)
+{
+    amendments::forgotToEnd(state, pastTimeFrom(answerIn(form, earlierEndPrompt), now), now);
+}
+
+void addAwayFields(Form& form, const QuillmereState&, Instant)
+{
+    addLine(form, awayFromPrompt);
+    addLine(form, awayToPrompt);
+}
+
+void saveAway(const Form& form, QuillmereState& state, Instant now)
+{
+    const Instant from = pastTimeFrom(answerIn(form, awayFromPrompt), now);
+    const Answer to = answerIn(form, awayToPrompt);
+    amendments::wasAway(state, from, to.text.empty() ? std::nullopt : std::optional(pastTimeFrom(to, now)),
+                        now);
+}
+
+void addAnotherStartFields(Form& form, const QuillmereState&, Instant) { addLine(form, anotherStartPrompt); }
+
+void saveAnotherStart(const Form& form, QuillmereState& state, Instant now)
+{
+    const Answer answer = answerIn(form, anotherStartPrompt);
+    const Instant start = startFrom(answer, now);
+    requireToCome(answer.field, start, now);
+    amendments::backOut(state, amendments::StartAt{start}, now);
+}
+
+}  // namespace quillmere::work
