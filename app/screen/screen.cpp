@@ -190,7 +190,7 @@ void Screen::choose(std::size_t question)
 void Screen::pressInForm(const Key& key)
 {
     FormEditor& editor = *form();
-    if (key == withControl(saveLetter)) {
+    if (key == withControl(saveLetter) || (key.kind == Key::Kind::enter && editor.isOnLastLine())) {
         if (const std::optional<std::string> field = presenter_.save(editor.form())) {
             editor.moveTo(*field);
         }

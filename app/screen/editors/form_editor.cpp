@@ -53,6 +53,13 @@ void FormEditor::moveTo(std::string_view id)
     scrolledTo_.reset();
 }
 
+bool FormEditor::isOnLastLine() const
+{
+    const work::FieldKind kind = form_->fields()[current_].kind;
+    return current_ + 1 == editors_.size() &&
+           (kind == work::FieldKind::line || kind == work::FieldKind::choice);
+}
+
 bool FormEditor::take(const Key& key, Size window)
 {
     FieldEditor& editor = *editors_[current_];

@@ -21,6 +21,9 @@ public:
     /// Gives the key to the current field, or moves to another field. Returns whether a value changed.
     bool take(const Key& key, Size window);
 
+    /// Whether the current field is the last one and has no use for Enter.
+    bool isOnLastLine() const;
+
     /// Makes a field the current one.
     void moveTo(std::string_view id);
 

@@ -79,6 +79,13 @@ void set(std::optional<Identifier>& member, const Reading& reading)
 /// A list is not set from a text; setFrom handles it.
 void set(std::vector<Outcome>&, const Reading&) {}
 
+[[noreturn]] void refuseTime(const Answer& answer, const std::string& examples)
+{
+    const std::string start =
+        answer.text.empty() ? "Give a local time" : base::inQuotes(answer.text) + " is no local time";
+    throw Unacceptable(answer.field, start + ", such as " + examples + ".");
+}
+
 }  // namespace
 
 double durationFrom(const Answer& answer)
@@ -121,8 +128,7 @@ Instant startFrom(const Answer& answer, Instant now)
 {
     const std::optional<Instant> start = base::instantFromLocalText(answer.text, now);
     if (!start) {
-        throw Unacceptable(answer.field, base::inQuotes(answer.text) +
-                                             " is no local time, such as 14:30, 2026-11-15 09:00 or +1h.");
+        refuseTime(answer, "14:30, 2026-11-15 09:00 or +1h");
     }
     return *start;
 }
@@ -132,9 +138,7 @@ Instant pastTimeFrom(const Answer& answer, Instant now)
     if (const std::optional<Instant> instant = base::pastInstantFromLocalText(answer.text, now)) {
         return *instant;
     }
-    throw Unacceptable(
-        answer.field,
-        base::inQuotes(answer.text) + " is no local time, such as 14:20, 14:20:30 or \"2026-11-15 14:20\".");
+    refuseTime(answer, "14:20, 14:20:30 or \"2026-11-15 14:20\"");
 }
 
 double lengthChangeFrom(const Answer& answer)

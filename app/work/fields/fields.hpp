@@ -81,6 +81,7 @@ inline constexpr auto reflection = std::to_array<RecordField<BlockReview>>({
 
 // What amendments of a running session ask for.
 inline constexpr Prompt lengthChange = {"by", "By how much?", line, {}, "10m, 90s; --by=-5m makes it shorter", "10m; -5m makes it shorter"};
+inline constexpr Prompt extension = {"by", "By how much?", line, {}, "10m, 90s", "10m"};
 inline constexpr Prompt timeSinceEnd = {"since-end", "What was the time since its end?", choice};
 inline constexpr Prompt earlierEnd   = {"at", "When did it end?", line, {}, "14:20", "14:20"};
 inline constexpr Prompt anotherStart = {"at", "When does it begin?", line, {}, {}, "14:30, +1h"};
@@ -101,6 +102,7 @@ inline constexpr auto& reflectionFields = field_tables::reflection;
 
 // Of amendments.
 inline constexpr auto& lengthChangePrompt = field_tables::lengthChange;
+inline constexpr auto& extensionPrompt = field_tables::extension;
 inline constexpr auto& timeSinceEndPrompt = field_tables::timeSinceEnd;
 inline constexpr auto& earlierEndPrompt = field_tables::earlierEnd;
 inline constexpr auto& anotherStartPrompt = field_tables::anotherStart;

@@ -23,12 +23,15 @@ void addLine(Form& form, const Prompt& prompt) { form.add(fieldOf(prompt, "", st
 
 }  // namespace
 
-void addLengthFields(Form& form, const QuillmereState&, Instant) { addLine(form, lengthChangePrompt); }
+void addLengthFields(Form& form, const QuillmereState& state, Instant)
+{
+    addLine(form, state.workflowState == WorkflowState::breaking ? extensionPrompt : lengthChangePrompt);
+}
 
 void saveLength(const Form& form, QuillmereState& state, Instant now)
 {
     if (state.workflowState == WorkflowState::breaking) {
-        extendBreak(state, durationFrom(answerIn(form, lengthChangePrompt)), now);
+        extendBreak(state, durationFrom(answerIn(form, extensionPrompt)), now);
     } else {
         amendments::changeLength(state, lengthChangeFrom(answerIn(form, lengthChangePrompt)), now);
     }
@@ -36,7 +39,7 @@ void saveLength(const Form& form, QuillmereState& state, Instant now)
 
 void addGoOnFields(Form& form, const QuillmereState&, Instant)
 {
-    addLine(form, lengthChangePrompt);
+    addLine(form, extensionPrompt);
     Field since = fieldOf(timeSinceEndPrompt, "", std::string("focus"));
     since.options = {{"focus", "focus"}, {pauseKey, "a pause"}};
     form.add(std::move(since));
@@ -46,7 +49,7 @@ void saveGoOn(const Form& form, QuillmereState& state, Instant now)
 {
     const bool wasPause = form.text(timeSinceEndPrompt.name) == pauseKey;
     amendments::goOn(
-        state, lengthChangeFrom(answerIn(form, lengthChangePrompt)),
+        state, durationFrom(answerIn(form, extensionPrompt)),
         wasPause ? amendments::TimeSinceEnd::countsAsPause : amendments::TimeSinceEnd::countsAsFocus, now);
 }
 

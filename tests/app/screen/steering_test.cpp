@@ -113,8 +113,7 @@ TEST_F(SteeringAtTheScreen, lengthensAndShortensASession)
 TEST_F(SteeringAtTheScreen, givesABreakAnyLength)
 {
     opens(stateIn(WorkflowState::breaking));
-    presses("l7m");
-    presses(save);
+    presses("l7m\n");
     EXPECT_EQ(person.state().breakExtensionSeconds, 420);
 }
 
