@@ -9,6 +9,7 @@
 namespace quillmere::notices {
 namespace {
 
+/// The instant is part of the key because a session that goes on, and a break that is lengthened, end again.
 std::string keyAt(std::string_view name, const Identifier& id, Instant at)
 {
     return std::string(name) + "-" + id.text() + "-" + std::to_string(wholeSeconds(at.secondsSince1970()));
@@ -32,11 +33,11 @@ std::optional<StandingEvent> standingWork(const QuillmereState& state)
     switch (state.workflowState) {
         case WorkflowState::sessionReview:
             if (session && timeRanOut(*session)) {
-                return event(Kind::focusEnded, "focus-" + session->id.text(), *session->endedAt);
+                return event(Kind::focusEnded, keyAt("focus", session->id, *session->endedAt),
+                             *session->endedAt);
             }
             break;
         case WorkflowState::breaking:
-            // The instant is part of the key because each extension has an end of its own.
             if (const auto& at = state.breakEndNotifiedAt) {
                 return event(Kind::breakEnded, keyAt("break", block.id, *at), *at);
             }

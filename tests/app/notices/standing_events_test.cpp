@@ -1,7 +1,10 @@
 // The events that stand follow from the state alone.
 #include "notices/standing_events.hpp"
 
+#include "amendments/go_on.hpp"
+
 #include <quillmere/engine/workflow_engine.hpp>
+#include <quillmere/records/base/checked_arithmetic.hpp>
 #include <quillmere/records/base/enumeration.hpp>
 
 #include <set>
@@ -51,10 +54,12 @@ TEST(StandingEvents, includeASessionWhoseTimeRanOut)
 {
     const auto events = standingEvents(endedByTimer());
     ASSERT_EQ(events.size(), 1U);
-    EXPECT_EQ(events[0], (StandingEvent{.kind = work::EventKind::focusEnded,
-                                        .key = "focus-" + identifier(401).text(),
-                                        .at = moment + 1'500,
-                                        .text = "Outcome of session 1"}));
+    EXPECT_EQ(events[0],
+              (StandingEvent{.kind = work::EventKind::focusEnded,
+                             .key = "focus-" + identifier(401).text() + "-" +
+                                    std::to_string(wholeSeconds(moment.secondsSince1970()) + 1'500),
+                             .at = moment + 1'500,
+                             .text = "Outcome of session 1"}));
 }
 
 TEST(StandingEvents, includeASessionWhosePlannedLengthHasAFraction)
@@ -121,6 +126,18 @@ TEST(StandingEvents, tellTheEndOfAnExtendedBreakFromItsFirstEnd)
     engine.extendBreak(state, 60, moment + 310);
     EXPECT_TRUE(standingEvents(state).empty());
     engine.evaluateTimer(state, moment + 370);
+    const auto second = standingEvents(state);
+    ASSERT_EQ(second.size(), 1U);
+    EXPECT_NE(second[0].key, first[0].key);
+}
+
+TEST(StandingEvents, tellTheSecondEndOfASessionThatWentOnFromItsFirst)
+{
+    QuillmereState state = endedByTimer();
+    const auto first = standingEvents(state);
+    amendments::goOn(state, 600, amendments::TimeSinceEnd::countsAsFocus, moment + 1'600);
+    EXPECT_TRUE(standingEvents(state).empty());
+    engine.evaluateTimer(state, moment + 2'100);
     const auto second = standingEvents(state);
     ASSERT_EQ(second.size(), 1U);
     EXPECT_NE(second[0].key, first[0].key);
