@@ -1,6 +1,7 @@
 // Corrects the record of a session that has ended, or of a finished block.
 #include "amendments/correct.hpp"
 #include "base/text/local_time.hpp"
+#include "cli/block_number.hpp"
 #include "cli/block_text_options.hpp"
 #include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
@@ -112,13 +113,15 @@ void addAmend(CLI::App& line, Program& program)
     CLI::App* const app = addCommand(
         line, program, "amend", "Correct the record of a finished block, or of a session that has ended",
         [command, &program] {
+            command->name = nameWithoutNumber(command->name, false, program.workspace().look().state,
+                                              program.environment());
             program.change(
                 work::done::recordCorrected,
                 namingOptions([&](QuillmereState& state, Instant now) { amend(*command, state, now); }));
         });
     app->add_option("name", command->name,
                     "A block as history names it, such as 9F1C; 9F1C.2 is its second session, .2 that of the "
-                    "current block")
+                    "current block. On a terminal also its number: 1 for the block that was finished last")
         ->required()
         ->check(wellFormedText());
     command->texts.addTo(*app);

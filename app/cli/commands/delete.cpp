@@ -1,9 +1,7 @@
 // Deletes a finished block; removes one from versions.
 #include "amendments/delete_block.hpp"
 #include "base/refusal.hpp"
-#include "base/text/count.hpp"
-#include "base/text/local_time.hpp"
-#include "base/text/sanitize.hpp"
+#include "cli/block_number.hpp"
 #include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/prompt.hpp"
@@ -29,9 +27,7 @@ struct DeleteCommand {
 
 std::string deletionQuestion(const Block& block, const DeleteCommand& command)
 {
-    const std::string title = block.outcomes.empty() ? "" : base::sanitized(block.outcomes.front().title);
-    return "Delete the block of " + base::localText(block.completedAt.value_or(block.createdAt)) + ", " +
-           base::countText(std::ssize(block.sessions), "session") + (title.empty() ? "" : ": " + title) +
+    return "Delete " + blockInOneLine(block) +
            (command.inVersionsToo ? "? In the versions too, so that nothing brings it back." : "?");
 }
 
@@ -77,9 +73,10 @@ bool couldDeleteInVersionsAlone(const DeleteCommand& command, const QuillmereSta
     return true;
 }
 
-void deleteBlock(const DeleteCommand& command, Program& program)
+void deleteBlock(DeleteCommand& command, Program& program)
 {
     const QuillmereState state = program.workspace().look().state;
+    command.name = nameWithoutNumber(command.name, !command.isConfirmed, state, program.environment());
     if (couldDeleteInVersionsAlone(command, state, program)) {
         return;
     }
@@ -109,7 +106,8 @@ void addDelete(CLI::App& line, Program& program)
     const auto command = std::make_shared<DeleteCommand>();
     CLI::App* const app = addCommand(line, program, "delete", "Delete a finished block",
                                      [command, &program] { deleteBlock(*command, program); });
-    app->add_option("name", command->name, "The block, as history names it")
+    app->add_option("name", command->name,
+                    "The block, as history names it; on a terminal also its number, 1 for the last one")
         ->required()
         ->check(wellFormedText());
     app->add_flag("--yes", command->isConfirmed, "Delete it without asking");

@@ -42,6 +42,33 @@ bool isInVersions(const Person& person, const char* id)
 
 constexpr const char* firstBlock = "9F1C0000-0000-4000-8000-000000000000";
 
+TEST(Delete, takesANumberOnATerminalWhereItShowsTheBlock)
+{
+    const TimeZone here("UTC");
+    Person person = personWithTwoBlocks();
+    expectRefusal(person, {"delete", "2"},
+                  "A number names a block only on a terminal, because it changes with every block that is "
+                  "finished. Give the name that quillmere history prints.",
+                  ExitCode::usage);
+    const Ending beyond = confirms(person, {"delete", "3"}, "yes\n");
+    EXPECT_EQ(beyond.err, "The history has no block 3; it has 2 blocks.\n");
+    const Ending ending = confirms(person, {"delete", "2"}, "yes\n");
+    EXPECT_EQ(ending.err, "Delete the block of 2026-11-15 15:00, 3 sessions: Chapter one? (yes, no) ");
+    ASSERT_EQ(person.state().blockHistory.size(), 1u);
+    EXPECT_EQ(person.state().blockHistory[0].id.text().substr(0, 4), "9F1C");
+}
+
+TEST(Delete, showsANumberedBlockAlsoWhenItWasConfirmed)
+{
+    const TimeZone here("UTC");
+    Person person = personWithTwoBlocks();
+    const Ending ending = confirms(person, {"delete", "1", "--yes"}, "no\n");
+    EXPECT_EQ(ending.err,
+              "This is the block of 2026-11-15 15:00, 3 sessions: Chapter one. Is it meant? (yes, no) "
+              "Nothing was changed.\n");
+    EXPECT_EQ(person.state().blockHistory.size(), 2u);
+}
+
 TEST(Delete, asksAndSaysHowLongVersionsHoldTheBlock)
 {
     const TimeZone here("UTC");
