@@ -43,11 +43,12 @@ bool areRanges(const Json& json) { return json.is_array() && std::all_of(json.be
 
 bool isPlace(const Json& json)
 {
+    // Anything but an object contains no key.
     const auto has = [&](const char* key, const auto& isRight) {
         return json.contains(key) && isRight(json[key]);
     };
-    return json.is_object() && has(newestKey, isNumber) && has(targetKey, isNumber) &&
-           has(undoneKey, areRanges) && has(redoableKey, areNumbers);
+    return has(newestKey, isNumber) && has(targetKey, isNumber) && has(undoneKey, areRanges) &&
+           has(redoableKey, areNumbers);
 }
 
 UndoPlace placeFrom(const Json& json)
@@ -78,6 +79,10 @@ Json jsonOf(const UndoPlace& place)
 }
 
 }  // namespace
+
+std::string jsonTextOf(const UndoPlace& place) { return jsonOf(place).dump() + '\n'; }
+
+UndoPlace undoPlaceFrom(std::string_view text) { return placeFrom(Json::parse(text, nullptr, false)); }
 
 bool UndoPlace::isUndone(std::int64_t number) const
 {
@@ -113,8 +118,7 @@ UndoPlace UndoPlaceFile::read() const
         return {};
     }
     try {
-        const Bytes text = FileManager::standard().contents(directory_ / fileName);
-        return placeFrom(Json::parse(text.view(), nullptr, false));
+        return undoPlaceFrom(FileManager::standard().contents(directory_ / fileName).view());
     } catch (const std::system_error&) {
         return {};
     }
@@ -127,7 +131,7 @@ void UndoPlaceFile::write(const UndoPlace& place) const
     }
     const base::PrivateUmask ownersOnly;
     base::createOwnersDirectory(directory_);
-    const std::string text = jsonOf(place).dump() + '\n';
+    const std::string text = jsonTextOf(place);
     writeAtomically([&](const ByteSink& sink) { sink(text); }, directory_ / fileName,
                     StateStore::renameReplacing);
 }

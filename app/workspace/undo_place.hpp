@@ -3,7 +3,8 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <optional>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -36,6 +37,12 @@ struct UndoPlace {
 
     friend bool operator==(const UndoPlace&, const UndoPlace&) = default;
 };
+
+/// The place as JSON: the content of its file.
+std::string jsonTextOf(const UndoPlace& place);
+
+/// The place that a text of any content describes; one of nothing undone when it describes none.
+UndoPlace undoPlaceFrom(std::string_view text);
 
 /// The file of the place, beside the directory of the versions. Only the holder of the workspace's lock may
 /// write it.

@@ -1,37 +1,18 @@
 // Undo and redo: the step back from the last change, and the step forward to a change that was undone.
 #pragma once
 
+#include "work/undo/next_step.hpp"
 #include "workspace/workspace.hpp"
 
 #include <quillmere/records/quillmere_state.hpp>
 
-#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace quillmere::work {
 
-enum class UndoDirection { undo, redo };
-
-/// A step as it would be taken now.
-struct UndoStep {
-    UndoDirection direction;
-    std::int64_t version;                  ///< the step leads to this version
-    std::string changes;                   ///< "review of session 2 saved (14:32)", sanitized
-    QuillmereState state;                  ///< as it would be saved, caught up
-    std::vector<workspace::Event> events;  ///< happen by themselves after the step
-    workspace::UndoPlace place;            ///< before the step
-};
-
-/// The next step from the present, which must be caught up to `now`. Undo leads to the version before the
-/// last change of the person, and takes back what the clock did since. Redo leads forward until the next
-/// change of the person. A running session that the step leads to gets the time between the change and the
-/// step as a pause. Versions that cannot be read are passed over.
-///
-/// The changes in words are all that the step takes back: also those of other programs, and those since
-/// versions that are no longer kept. Absent when there is nothing to undo or redo.
+/// The next step among the versions that the workspace keeps.
 std::optional<UndoStep> nextStep(UndoDirection direction, const workspace::Workspace& workspace,
                                  const QuillmereState& present, Instant now);
 

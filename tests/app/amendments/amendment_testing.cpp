@@ -23,15 +23,20 @@ QuillmereState edited(QuillmereState state, const Amend& edit)
     return state;
 }
 
-QuillmereState amended(QuillmereState state, Instant now, const Amend& amend)
+void expectUsable(const QuillmereState& state, Instant now)
 {
-    amend(state);
-    EXPECT_EQ(state.updatedAt, now);
     EXPECT_NO_THROW(workspace::requireUsable(state));
     EXPECT_EQ(loadedAgain(state), state);
     TimerSnapshot::derive(state, now);
     WidgetSnapshot::make(state, now);
     StateStore("/nowhere", StateStore::renameReplacing).agentSnapshot(state, now);
+}
+
+QuillmereState amended(QuillmereState state, Instant now, const Amend& amend)
+{
+    amend(state);
+    EXPECT_EQ(state.updatedAt, now);
+    expectUsable(state, now);
     return state;
 }
 

@@ -19,8 +19,11 @@ inline constexpr Instant later = moment + 1'200;
 
 using Amend = std::function<void(QuillmereState&)>;
 
-/// The state after an amendment at `now`. Fails the test unless `updatedAt` is `now`, and the state is
-/// accepted on loading, comes back from its file, and has a timer and summaries.
+/// Fails the test unless the state is accepted on loading, comes back from its file, and has a timer and
+/// summaries.
+void expectUsable(const QuillmereState& state, Instant now);
+
+/// The state after an amendment at `now`, which must be usable. Fails the test unless `updatedAt` is `now`.
 QuillmereState amended(QuillmereState state, Instant now, const Amend& amend);
 
 /// The refusal of an amendment, which must leave the state as it was; fails the test without one.

@@ -87,9 +87,24 @@ TEST(UndoPlaceFile, belongsToItsOwnerAlone)
 
 TEST(UndoPlaceFile, notesNothingWithoutADirectory)
 {
+    const TemporaryDirectory current;
+    const fs::path before = fs::current_path();
+    fs::current_path(current.path());
     const UndoPlaceFile file{fs::path()};
     file.write(undoneTwice());
+    EXPECT_EQ(current.names(), Words{});
+    writeText("undo.json", workspace::jsonTextOf(undoneTwice()));
     EXPECT_EQ(file.read(), UndoPlace());
+    fs::current_path(before);
+}
+
+TEST(UndoPlaceFile, hasNumbersUpToTheHighestOfAVersion)
+{
+    UndoPlace place;
+    place.newest = 1'000'000'000'000;
+    EXPECT_EQ(workspace::undoPlaceFrom(workspace::jsonTextOf(place)), place);
+    place.newest += 1;
+    EXPECT_EQ(workspace::undoPlaceFrom(workspace::jsonTextOf(place)), UndoPlace());
 }
 
 TEST(UndoPlaceFile, isAsGoodAsMissingWhenItIsSpoilt)
@@ -99,6 +114,8 @@ TEST(UndoPlaceFile, isAsGoodAsMissingWhenItIsSpoilt)
              "",
              "null",
              "[]",
+             R"({"target": 2, "undone": [[2, 5]], "redo": []})",
+             R"({"newest": 5, "target": 2, "redo": []})",
              R"({"newest": 5, "target": 2, "undone": [[2, 5]]})",
              R"({"newest": 5, "undone": [[2, 5]], "redo": []})",
              R"({"newest": "5", "target": 2, "undone": [], "redo": []})",

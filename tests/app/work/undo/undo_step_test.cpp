@@ -1,6 +1,8 @@
 // Which version undo and redo lead to, and what they say and leave.
 #include "work/undo/undo_step.hpp"
 
+#include "amendments/was_away.hpp"
+
 #include <filesystem>
 
 #include "program_testing.hpp"
@@ -82,6 +84,8 @@ void answer(QuillmereState& state, Instant now)
 {
     WorkflowEngine().answerQuestion(state, state.openQuestions().front().id, "Yes.", now);
 }
+
+void beAway(QuillmereState& state, Instant now) { amendments::wasAway(state, now - 30, {}, now); }
 
 /// Pauses, resumes and ends a session of 25 minutes that began at 15:00.
 void workUntilReview(Undoer& person)
@@ -219,6 +223,15 @@ TEST(Undo, lettingTheClockRunOnKeepsThePlace)
     EXPECT_EQ(person.undoes(60), "end of session 1 moved to 15:03 (16:28)");
 }
 
+TEST(Undo, doesNotTakeTheClockAloneBackAfterAnEarlierStep)
+{
+    Undoer person(stateIn(WorkflowState::focusing));
+    person.does(60, end);
+    person.undoes(60);
+    person.does(5'000, nullptr);
+    EXPECT_EQ(person.undoes(60), "");
+}
+
 TEST(Undo, recordsWhatTheClockDoesAfterIt)
 {
     QuillmereState scheduled = stateWithScheduledBlock();
@@ -281,6 +294,49 @@ TEST(Undo, passesVersionsThatCannotBeRead)
     fs::remove(person.workspace().versions().list().at(1).file);
     EXPECT_EQ(person.undoes(),
               "focus session 1 ended early at 15:03; focus session 1 paused for 1 min (15:03)");
+}
+
+TEST(Undo, passesAVersionBeyondTheLimits)
+{
+    Undoer person(stateIn(WorkflowState::focusing));
+    person.does(60, pause);
+    person.does(60, resume);
+    QuillmereState beyond = person.state();
+    beyond.currentBlock->cycleCount = 5'000;
+    writeText(person.workspace().versions().list().front().file,
+              std::string(StateStore::encoder().encode(beyond).view()));
+    EXPECT_EQ(person.undoes(), "focus session 1 paused for 1 min (15:02)");
+}
+
+TEST(Undo, passesAChangeThatIsGoneAlready)
+{
+    Undoer person(stateIn(WorkflowState::focusing));
+    person.does(60, pause);
+    person.does(60, end);
+    QuillmereState paused = person.state();
+    paused.workflowState = WorkflowState::focusing;
+    paused.currentBlock->sessions.back().endedAt.reset();
+    paused.currentBlock->sessions.back().accumulatedPausedSeconds = 0;
+    paused.currentBlock->sessions.back().pausedAt = moment + 60;
+    person.has(paused);
+    EXPECT_EQ(person.undoes(), "focus session 1 paused (15:01)");
+}
+
+TEST(Undo, namesAPauseThatWasMadeAfterAnEarlierStep)
+{
+    Undoer person(stateIn(WorkflowState::focusing));
+    person.does(60, end);
+    person.undoes(60);
+    person.does(60, beAway);
+    EXPECT_EQ(person.undoes(60), "focus session 1 paused for 30 s (15:03)");
+}
+
+TEST(Redo, namesAPauseThatIsTheChangeItself)
+{
+    Undoer person(stateIn(WorkflowState::focusing));
+    person.does(60, beAway);
+    EXPECT_EQ(person.undoes(60), "focus session 1 paused for 30 s (15:01)");
+    EXPECT_EQ(person.redoes(60), "focus session 1 paused for 30 s (undone 15:02)");
 }
 
 TEST(Undo, beginsAtTheNewestVersionWithoutItsPlace)
@@ -348,6 +404,16 @@ TEST(Undo, refusesWhenItWouldTakeBackMoreThanWasAgreed)
     QuillmereState state = person.state();
     end(state, person.now);
     person.has(state);
+    EXPECT_TRUE(isRefused(person, *agreed));
+}
+
+TEST(Undo, refusesWhenItsVersionIsGone)
+{
+    Undoer person(stateIn(WorkflowState::focusing));
+    person.does(60, pause);
+    const std::optional<UndoStep> agreed = person.next(UndoDirection::undo);
+    ASSERT_TRUE(agreed);
+    fs::remove_all(person.workspace().stateDirectory() / "versions");
     EXPECT_TRUE(isRefused(person, *agreed));
 }
 

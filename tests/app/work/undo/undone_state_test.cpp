@@ -131,6 +131,25 @@ TEST(WithoutChange, putsAQuestionBackInItsPlace)
     EXPECT_EQ(withoutQuestions(before, after, after), before);
 }
 
+TEST(WithoutChange, leavesAQuestionThatCameBesideTheRemovalUndone)
+{
+    const QuillmereState before = asked();
+    QuillmereState after = withQuestion(before, "Third?", 2);
+    after.agentQuestions.erase(after.agentQuestions.begin());
+    const QuillmereState state = withoutQuestions(before, after, after);
+    ASSERT_EQ(state.agentQuestions.size(), 3U);
+    EXPECT_EQ(state.agentQuestions.back(), after.agentQuestions.back());
+}
+
+TEST(WithoutChange, leavesAQuestionThatCameBackSince)
+{
+    const QuillmereState before = asked();
+    const QuillmereState after = changed(
+        before, [](QuillmereState& state) { state.agentQuestions.erase(state.agentQuestions.begin()); });
+    const QuillmereState present = answered(before, 0);
+    EXPECT_EQ(withoutQuestions(before, after, present), present);
+}
+
 /// The pauses of a session that began at `moment`, after the time from second 600 to `now` was counted.
 double pausesAfter(QuillmereState state, double now)
 {
@@ -148,9 +167,13 @@ TEST(CountAsPause, leavesASessionThatDoesNotRun)
     const double earlier = stateIn(WorkflowState::sessionReview).currentSession()->accumulatedPausedSeconds;
     EXPECT_EQ(pausesAfter(stateIn(WorkflowState::sessionReview), 700), earlier);
     EXPECT_EQ(pausesAfter(paused(stateIn(WorkflowState::focusing)), 700), 0);
-    QuillmereState idle = stateIn(WorkflowState::idle);
-    work::countAsPause(idle, moment, moment + 1);
-    EXPECT_EQ(idle, stateIn(WorkflowState::idle));
+    for (const WorkflowState workflowState : {WorkflowState::idle, WorkflowState::focusing}) {
+        QuillmereState withoutSession = stateIn(WorkflowState::idle);
+        withoutSession.workflowState = workflowState;
+        const QuillmereState before = withoutSession;
+        work::countAsPause(withoutSession, moment, moment + 1);
+        EXPECT_EQ(withoutSession, before);
+    }
 }
 
 TEST(CountAsPause, addsNothingWhenTheClockWasSetBack)
