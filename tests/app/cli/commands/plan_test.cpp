@@ -151,8 +151,8 @@ TEST(Plan, schedulesABlockForALocalTime)
     }
 }
 
-constexpr const char* refusedTimes[] = {
-    "noon", "25:00", "2026-02-30 10:00", "2026-11-15", "+", "+0s", "+367d", "-1h", "", "16:00:00 and more"};
+constexpr const char* refusedTimes[] = {"noon",  "25:00", "2026-02-30 10:00", "2026-11-15", "+", "+0s",
+                                        "+367d", "-1h",   "16:00:00 and more"};
 
 TEST(Plan, refusesOtherTimes)
 {
@@ -165,6 +165,12 @@ TEST(Plan, refusesOtherTimes)
                                   "\" is no local time, such as 14:30, 2026-11-15 09:00 or +1h.\n");
         EXPECT_EQ(person.names(), Words{});
     }
+}
+
+TEST(Plan, saysWhatATimeIsWhenNoneIsGiven)
+{
+    EXPECT_EQ(Person().types({"plan", "--at", ""}).err,
+              "--at: Give a local time, such as 14:30, 2026-11-15 09:00 or +1h.\n");
 }
 
 struct TimeElsewhere {
