@@ -1,5 +1,8 @@
 // Files and directories of the program are open to their owner alone.
 #include <gtest/gtest.h>
+#include <sys/xattr.h>
+
+#include <cstdint>
 
 #include "program_testing.hpp"
 #include "support/file_system.hpp"
@@ -34,6 +37,34 @@ TEST(PrivateFiles, areMadeForTheOwnerWhateverTheUmask)
         }
     }
     EXPECT_EQ(modeOf(person.directory() / "data" / container / WidgetSnapshotStore::fileName), 0600U);
+}
+
+/// Gives new files in the directory the mode 0666 whatever the umask: a default access control list (acl(5)),
+/// in the form of the kernel. Returns whether the file system has such lists.
+bool opensNewFiles(const fs::path& directory)
+{
+    struct Entry {
+        std::uint16_t tag;
+        std::uint16_t permissions;
+        std::uint32_t id;
+    };
+    struct {
+        std::uint32_t version = 2;
+        Entry entries[3] = {{0x01, 6, ~0U}, {0x04, 6, ~0U}, {0x20, 6, ~0U}};  // owner, group, others
+    } const list;
+    return ::setxattr(directory.c_str(), "system.posix_acl_default", &list, sizeof list, 0) == 0;
+}
+
+TEST(PrivateFiles, areMadeForTheOwnerWhereADirectoryOpensItsNewFiles)
+{
+    const Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    if (!opensNewFiles(person.directory())) {
+        GTEST_SKIP() << "the file system has no access control lists";
+    }
+    person.types({"ask", "Why?"});
+    EXPECT_EQ(modeOf(person.directory() / "state.json"), 0600U);
+    EXPECT_EQ(modeOf(person.directory() / "agent-state.json"), 0600U);
 }
 
 TEST(PrivateFiles, areNarrowedWhenTheyAreReplaced)

@@ -5,7 +5,7 @@
 #include <functional>
 #include <limits>
 
-#include "program_testing.hpp"
+#include "workspace/workspace_of.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -141,6 +141,30 @@ TEST(Screening, refusesAWidgetSummaryWithNumbersThatOverflow)
     WidgetSnapshot questions = good;
     questions.openQuestionCount = least;
     EXPECT_THROW(workspace::requireUsable(questions), base::Refusal);
+}
+
+constexpr double tooLong = 367.0 * 86'400;
+
+TEST(Screening, keepsAStateOutThatAProgramReads)
+{
+    const Person person;
+    QuillmereState state = stateIn(WorkflowState::focusing);
+    state.currentBlock->sessions.back().plannedDurationSeconds = tooLong;
+    person.has(state);
+    EXPECT_THROW(workspaceOf(person).look(), base::Refusal);
+}
+
+TEST(Screening, keepsAStateOutThatAnOperationLeaves)
+{
+    const Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    const std::string before = textOf(person.store().stateURL());
+    const auto lengthenForEver = [](QuillmereState& state, Instant) {
+        state.currentBlock->sessions.back().plannedDurationSeconds = tooLong;
+    };
+    EXPECT_THROW(workspaceOf(person).change([](const std::vector<workspace::Event>&) {}, lengthenForEver),
+                 base::Refusal);
+    EXPECT_EQ(textOf(person.store().stateURL()), before);
 }
 
 }  // namespace

@@ -10,7 +10,7 @@
 namespace quillmere {
 namespace {
 
-constexpr double moment = test::moment.secondsSince1970();
+constexpr double secondsOfMoment = test::moment.secondsSince1970();
 
 std::string questionAskedAt(std::string_view quotedText)
 {
@@ -24,14 +24,14 @@ TEST(ReadInstant, isUtcOrHasAnOffsetOfHoursAndMinutes)
         std::string_view text;
         double seconds;
     } rows[] = {
-        {"2026-11-15T15:00:00Z", moment},
-        {"2026-11-15T15:00:00+00:00", moment},
-        {"2026-11-15T15:00:00-00:00", moment},
-        {"2026-11-15T16:00:00+01:00", moment},
-        {"2026-11-15T09:30:00-05:30", moment},
-        {"2026-11-16T05:00:00+14:00", moment},
-        {"2026-11-16T14:59:00+23:59", moment},
-        {"2026-11-14T15:01:00-23:59", moment},
+        {"2026-11-15T15:00:00Z", secondsOfMoment},
+        {"2026-11-15T15:00:00+00:00", secondsOfMoment},
+        {"2026-11-15T15:00:00-00:00", secondsOfMoment},
+        {"2026-11-15T16:00:00+01:00", secondsOfMoment},
+        {"2026-11-15T09:30:00-05:30", secondsOfMoment},
+        {"2026-11-16T05:00:00+14:00", secondsOfMoment},
+        {"2026-11-16T14:59:00+23:59", secondsOfMoment},
+        {"2026-11-14T15:01:00-23:59", secondsOfMoment},
         {"2027-01-01T00:30:00+01:00", 1'798'759'800},
         {"2024-02-29T00:00:00Z", 1'709'164'800},
         {"2024-03-01T00:30:00+01:00", 1'709'249'400},
@@ -45,7 +45,7 @@ TEST(ReadInstant, isUtcOrHasAnOffsetOfHoursAndMinutes)
         {"9999-12-31T23:59:59Z", 253'402'300'799},
         {"9999-12-31T22:59:59-01:00", 253'402'300'799},
         // The same text with an escape.
-        {R"(2026-11-15\u005415:00:00\u005A)", moment},
+        {R"(2026-11-15\u005415:00:00\u005A)", secondsOfMoment},
     };
     for (const auto& [text, seconds] : rows) {
         SCOPED_TRACE(text);

@@ -14,20 +14,20 @@ namespace quillmere {
 namespace {
 
 template <class Value>
-struct Place {
+struct PlaceInRecord {
     const char* path;
     Value& (*value)(QuillmereState&);
 };
 
 // clang-format off
-constexpr Place<double> durations[] = {
+constexpr PlaceInRecord<double> durations[] = {
     {"break_extension_seconds",                             [](auto& s) -> double& { return s.breakExtensionSeconds; }},
     {"current_block.focus_duration_seconds",                [](auto& s) -> double& { return s.currentBlock->focusDurationSeconds; }},
     {"current_block.break_duration_seconds",                [](auto& s) -> double& { return s.currentBlock->breakDurationSeconds; }},
     {"current_block.sessions[0].planned_duration_seconds",  [](auto& s) -> double& { return s.currentBlock->sessions[0].plannedDurationSeconds; }},
     {"block_history[0].sessions[2].accumulated_paused_seconds", [](auto& s) -> double& { return s.blockHistory[0].sessions[2].accumulatedPausedSeconds; }},
 };
-constexpr Place<Instant> instants[] = {
+constexpr PlaceInRecord<Instant> instants[] = {
     {"updated_at",                                 [](auto& s) -> Instant& { return s.updatedAt; }},
     {"break_started_at",                           [](auto& s) -> Instant& { return *s.breakStartedAt; }},
     {"break_end_notified_at",                      [](auto& s) -> Instant& { return *s.breakEndNotifiedAt; }},

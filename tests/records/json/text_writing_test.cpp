@@ -25,7 +25,7 @@ std::string written(const std::string& text)
     return whole.substr(before.size(), whole.size() - before.size() - 1);
 }
 
-std::string readBack(const std::string& text)
+std::string titleReadBack(const std::string& text)
 {
     return test::decoded<Outcome>(test::compactText(Outcome{.id = test::identifier(1), .title = text})).title;
 }
@@ -77,7 +77,7 @@ TEST(WrittenText, leavesCharactersBeyondAsciiAsTheyAre)
     for (const std::string_view text : texts) {
         SCOPED_TRACE(text);
         EXPECT_EQ(written(std::string(text)), '"' + std::string(text) + '"');
-        EXPECT_EQ(readBack(std::string(text)), text);
+        EXPECT_EQ(titleReadBack(std::string(text)), text);
     }
 }
 
@@ -146,7 +146,7 @@ TEST(WrittenText, replacesEachMaximalIllFormedPartByOneReplacementCharacter)
     for (const auto& [bytes, expected] : illFormedTexts) {
         SCOPED_TRACE(testing::PrintToString(std::string(bytes)));
         EXPECT_EQ(written(std::string(bytes)), '"' + withReplacements(expected) + '"');
-        EXPECT_EQ(readBack(std::string(bytes)), withReplacements(expected));
+        EXPECT_EQ(titleReadBack(std::string(bytes)), withReplacements(expected));
     }
 }
 
