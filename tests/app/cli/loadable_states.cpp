@@ -12,16 +12,47 @@ namespace {
 enum class Start { none, ahead, passed, begunBefore };
 enum class Sessions { none, running, paused, overdue, ended, reviewed };
 
-constexpr std::pair<Start, const char*> starts[] = {
-    {Start::none, "no start"},
-    {Start::ahead, "start ahead"},
-    {Start::passed, "start passed"},
-    {Start::begunBefore, "begun before"},
-};
-constexpr std::pair<Sessions, const char*> sessionKinds[] = {
-    {Sessions::none, "no session"}, {Sessions::running, "running"}, {Sessions::paused, "paused"},
-    {Sessions::overdue, "overdue"}, {Sessions::ended, "ended"},     {Sessions::reviewed, "reviewed"},
-};
+std::string nameOf(Start start)
+{
+    switch (start) {
+        case Start::none: return "no start";
+        case Start::ahead: return "start ahead";
+        case Start::passed: return "start passed";
+        case Start::begunBefore: return "begun before";
+    }
+    return {};
+}
+
+std::string nameOf(Sessions sessions)
+{
+    switch (sessions) {
+        case Sessions::none: return "no session";
+        case Sessions::running: return "running";
+        case Sessions::paused: return "paused";
+        case Sessions::overdue: return "overdue";
+        case Sessions::ended: return "ended";
+        case Sessions::reviewed: return "reviewed";
+    }
+    return {};
+}
+
+/// Where a block is planned, its start matters; elsewhere, how far its session is.
+std::vector<std::pair<Start, Sessions>> kindsOfBlock(WorkflowState workflowState)
+{
+    std::vector<std::pair<Start, Sessions>> kinds;
+    if (workflowState == WorkflowState::idle || workflowState == WorkflowState::blockPlanning) {
+        for (const Start start : {Start::none, Start::ahead, Start::passed, Start::begunBefore}) {
+            kinds.emplace_back(start, Sessions::none);
+            kinds.emplace_back(start, Sessions::reviewed);
+        }
+        return kinds;
+    }
+    for (const Sessions sessions : {Sessions::none, Sessions::running, Sessions::paused, Sessions::overdue,
+                                    Sessions::ended, Sessions::reviewed}) {
+        kinds.emplace_back(Start::begunBefore, sessions);
+    }
+    return kinds;
+}
 
 /// Gives texts of their own to records, and lists them.
 class TextFiller {
@@ -166,13 +197,11 @@ std::vector<LoadableState> loadableStates()
 {
     std::vector<LoadableState> states;
     for (const WorkflowState workflowState : allCases<WorkflowState>()) {
-        states.push_back(filled("no block", stateWithoutBlock(workflowState)));
-        for (const auto& [start, startName] : starts) {
-            for (const auto& [sessions, sessionName] : sessionKinds) {
-                QuillmereState state = stateWithoutBlock(workflowState);
-                state.currentBlock = blockOf(start, sessions);
-                states.push_back(filled(std::string(startName) + ", " + sessionName, std::move(state)));
-            }
+        QuillmereState state = stateWithoutBlock(workflowState);
+        states.push_back(filled("no block", state));
+        for (const auto& [start, sessions] : kindsOfBlock(workflowState)) {
+            state.currentBlock = blockOf(start, sessions);
+            states.push_back(filled(nameOf(start) + ", " + nameOf(sessions), state));
         }
     }
     return states;

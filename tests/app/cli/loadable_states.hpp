@@ -1,5 +1,5 @@
 // Every kind of state that a file can bring: each workflow state with and without a block, with each kind of
-// start and of sessions.
+// start or of session that makes a difference there.
 #pragma once
 
 #include <quillmere/records/quillmere_state.hpp>

@@ -139,6 +139,7 @@ void expectHome(const Person& person, const LoadableState& loadable, const WayOu
     const Kept kept(person);
     EXPECT_EQ(kept.placeOf(loadable.blockWords), way.blockWords);
     EXPECT_EQ(kept.placeOf(loadable.sessionWords), way.sessionWords);
+    EXPECT_EQ(kept.drafts.empty(), way.blockWords != "draft");
     EXPECT_TRUE(way.commands.empty() || kept.areInAVersion(loadable.earlyWords));
 }
 

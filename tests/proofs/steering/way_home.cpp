@@ -13,8 +13,6 @@
 namespace quillmere::test {
 namespace {
 
-constexpr WorkflowEngine engine;
-
 void leadHome(QuillmereState& state, Instant now)
 {
     using namespace amendments;
@@ -29,13 +27,13 @@ void leadHome(QuillmereState& state, Instant now)
     } else if (amendments::isPossible(Kind::finishWithReview, state)) {
         finishNow(state, sampleReview(1), now);
     } else if (quillmere::isPossible(Step::endFocus, state)) {
-        engine.endFocus(state, now);
+        WorkflowEngine().endFocus(state, now);
     } else if (quillmere::isPossible(Step::endBreak, state)) {
-        engine.endBreak(state, now);
+        WorkflowEngine().endBreak(state, now);
     } else if (quillmere::isPossible(Step::cancelScheduledBlock, state)) {
-        engine.cancelScheduledBlock(state, now);
+        WorkflowEngine().cancelScheduledBlock(state, now);
     } else {
-        engine.completeBlockReview(state, sampleReflection(), now);
+        WorkflowEngine().completeBlockReview(state, sampleReflection(), now);
     }
 }
 

@@ -95,6 +95,26 @@ TEST(CancelOfEditing, asksForAWayOnATerminal)
     EXPECT_EQ(started.state().workflowState, WorkflowState::sessionPlanning);
 }
 
+TEST(CancelOfEditing, dropsTheBlockWhereThePersonSaysSo)
+{
+    Person person = personWhoEdits();
+    person.now = moment + 4000;
+    EXPECT_EQ(asksAndTypes(person, {"cancel"}, "drop\n").code, ExitCode::done);
+    expectIdleWithoutABlock(person);
+}
+
+TEST(CancelOfEditing, keepsNoDraftOfABlockThatStays)
+{
+    const Person person = personWhoEdits();
+    EXPECT_EQ(person.types({"cancel"}).code, ExitCode::done);
+    EXPECT_EQ(person.types({"cancel", "--yes"}).code, ExitCode::done);
+    const Person whoKeepsIt = personWhoEdits();
+    EXPECT_EQ(whoKeepsIt.types({"cancel"}).code, ExitCode::done);
+    whoKeepsIt.has(stateIn(WorkflowState::idle));
+    EXPECT_EQ(person.types({"plan", "--draft", "--start"}).code, ExitCode::done);
+    EXPECT_EQ(whoKeepsIt.types({"plan", "--draft", "--start"}).code, ExitCode::refused);
+}
+
 TEST(CancelOfEditing, takesNoOtherTimeThatIsNone)
 {
     Person person = personWhoEdits();
@@ -143,6 +163,23 @@ TEST(CancelOfASchedule, asksOnATerminal)
     EXPECT_TRUE(person.state().currentBlock);
     EXPECT_EQ(asksAndTypes(person, {"cancel"}, "yes\n").code, ExitCode::done);
     expectIdleWithoutABlock(person);
+}
+
+TEST(CancelOfASchedule, asksNothingAfterAYes)
+{
+    Person person;
+    person.has(stateWithScheduledBlock());
+    EXPECT_EQ(asksAndTypes(person, {"cancel", "--yes"}, "").code, ExitCode::done);
+    expectIdleWithoutABlock(person);
+}
+
+TEST(Cancel, asksNothingWhereThereIsNothingToDiscard)
+{
+    Person person;
+    person.has(stateIn(WorkflowState::idle));
+    const Ending ending = asksAndTypes(person, {"cancel"}, "");
+    EXPECT_EQ(ending.code, ExitCode::refused);
+    EXPECT_TRUE(ending.err.starts_with("This action is not available")) << ending.err;
 }
 
 TEST(Cancel, isRefusedOnceASessionHasBegun)

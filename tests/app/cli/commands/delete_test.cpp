@@ -153,6 +153,43 @@ TEST(Delete, reachesABlockThatOnlyVersionsHold)
                   "No block is called \"9F1C\"; see quillmere history.", ExitCode::usage);
 }
 
+TEST(Delete, leavesTheVersionsUnlessAsked)
+{
+    const Person person = personWithTwoBlocks();
+    person.types({"delete", "9F1C", "--yes"});
+    expectRefusal(person, {"delete", "9F1C", "--yes"}, "No block is called \"9F1C\"; see quillmere history.",
+                  ExitCode::usage);
+    EXPECT_TRUE(isInVersions(person, firstBlock));
+}
+
+TEST(Delete, asksBeforeItRemovesABlockFromVersionsAlone)
+{
+    const Person person = personWithTwoBlocks();
+    person.types({"delete", "9F1C", "--yes"});
+    expectRefusal(person, {"delete", "9F1C", "--versions-too"},
+                  "There is no terminal to confirm on: say --yes. The question is: Remove block " +
+                      std::string(firstBlock) + " from the versions?",
+                  ExitCode::usage);
+    EXPECT_TRUE(isInVersions(person, firstBlock));
+}
+
+TEST(Delete, removesNoneOfSeveralBlocksOfThatNameFromVersions)
+{
+    const Person person;
+    QuillmereState state = stateIn(WorkflowState::idle);
+    for (const char* const id : {firstBlock, "9F1C1000-0000-4000-8000-000000000000"}) {
+        state.blockHistory.push_back(blockInWork(1, 3));
+        state.blockHistory.back().id = *Identifier::fromText(id);
+    }
+    person.has(state);
+    for (const char* const name : {"9F1C0", "9F1C1"}) {
+        EXPECT_EQ(person.types({"delete", name, "--yes"}).code, ExitCode::done);
+    }
+    expectRefusal(person, {"delete", "9F1C", "--versions-too", "--yes"},
+                  "No block is called \"9F1C\"; see quillmere history.", ExitCode::usage);
+    EXPECT_TRUE(isInVersions(person, firstBlock));
+}
+
 TEST(Delete, namesTheVersionThatCannotBeRead)
 {
     const Person person = personWithTwoBlocks();

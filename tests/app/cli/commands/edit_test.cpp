@@ -99,6 +99,19 @@ TEST(EditOfASchedule, endsAnEditingOnTheScreenToo)
     EXPECT_EQ(person.types({"edit", "--start"}).code, ExitCode::done);
 }
 
+TEST(EditOfASchedule, isRefusedInThePlanningOfABlockThatIsNotScheduled)
+{
+    for (const bool hasBlock : {false, true}) {
+        const Person person;
+        QuillmereState state = stateIn(WorkflowState::blockPlanning);
+        if (hasBlock) {
+            state.currentBlock = sampleBlock(1);
+        }
+        person.has(state);
+        EXPECT_EQ(person.types({"edit", "--why", "Another reason"}).code, ExitCode::refused) << hasBlock;
+    }
+}
+
 TEST(PlanAfterEditing, keepsTheTimeWhereNothingIsTyped)
 {
     const TimeZone here("UTC");

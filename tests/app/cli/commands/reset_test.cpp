@@ -58,5 +58,15 @@ TEST(Reset, isRefusedWhereTheWorkCanGoOn)
         "amend.");
 }
 
+TEST(Reset, asksNothingWhereTheWorkCanGoOn)
+{
+    Person person;
+    person.has(stateIn(WorkflowState::breaking));
+    person.isAsked = true;
+    const Ending ending = person.types({"reset"});
+    EXPECT_EQ(ending.code, ExitCode::refused);
+    EXPECT_TRUE(ending.err.starts_with("The work can go on from here")) << ending.err;
+}
+
 }  // namespace
 }  // namespace quillmere::test
