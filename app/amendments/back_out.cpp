@@ -49,7 +49,7 @@ void resolve(QuillmereState& state, const PassedStart& choice, Instant now)
 void backOut(QuillmereState& state, const std::optional<PassedStart>& choice, Instant now)
 {
     if (!isPossible(Kind::backOut, state)) {
-        refuseHere(state, "No block is being planned.");
+        refuseHere("No block is being planned.");
     }
     const bool wasScheduled = state.currentBlock && state.currentBlock->plannedStart;
     if (!wasScheduled) {

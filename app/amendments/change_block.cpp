@@ -90,7 +90,7 @@ void forgetAnnouncedEnd(QuillmereState& state, Instant now)
 void changeBlock(QuillmereState& state, BlockChange change, Instant now)
 {
     if (!isPossible(Kind::change, state)) {
-        refuseHere(state, "No block has begun.");
+        refuseHere("No block has begun.");
     }
     requireOutcomes(change.texts, *state.currentBlock, state.plannedNextSession);
     requireFocusLength(change);

@@ -10,7 +10,7 @@ namespace quillmere::amendments {
 void changeLength(QuillmereState& state, double by, Instant now)
 {
     if (!isPossible(Kind::changeLength, state)) {
-        refuseHere(state, "No focus session is running.");
+        refuseHere("No focus session is running.");
     }
     WorkSession& session = state.currentBlock->sessions.back();
     const double length = session.plannedDurationSeconds + by;

@@ -100,7 +100,7 @@ void correctSession(QuillmereState& state, const Identifier& block, const Identi
 void correctBlock(QuillmereState& state, const Identifier& block, BlockCorrection correction, Instant now)
 {
     if (isCurrent(state, block)) {
-        refuseHere(state, "This block is not finished.");
+        refuseHere("This block is not finished.");
     }
     Block* const finished = recordIn(state.blockHistory, block);
     if (!finished) {

@@ -9,7 +9,7 @@ namespace quillmere::amendments {
 void deleteBlock(QuillmereState& state, const Identifier& block, Instant now)
 {
     if (state.currentBlock && state.currentBlock->id == block) {
-        refuseHere(state, "This block is not finished, so that it cannot be deleted.");
+        refuseHere("This block is not finished, so that it cannot be deleted.");
     }
     const auto found = std::find_if(state.blockHistory.begin(), state.blockHistory.end(),
                                     [&](const Block& finished) { return finished.id == block; });

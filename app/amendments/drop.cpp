@@ -9,7 +9,7 @@ namespace quillmere::amendments {
 void drop(QuillmereState& state, Instant now)
 {
     if (!isPossible(Kind::drop, state)) {
-        refuseHere(state, "Only a block whose first session has not begun can be dropped.");
+        refuseHere("Only a block whose first session has not begun can be dropped.");
     }
     leaveBlock(state, now);
 }

@@ -21,7 +21,7 @@ void leadToReviewOfBlock(QuillmereState& state, Instant now) noexcept
 void finishNow(QuillmereState& state, Instant now)
 {
     if (!isPossible(Kind::finishNow, state)) {
-        refuseHere(state, "A block is finished between its sessions, or with the review of one.");
+        refuseHere("A block is finished between its sessions, or with the review of one.");
     }
     leadToReviewOfBlock(state, now);
 }
@@ -29,7 +29,7 @@ void finishNow(QuillmereState& state, Instant now)
 void finishNow(QuillmereState& state, SessionReview review, Instant now)
 {
     if (!isPossible(Kind::finishWithReview, state)) {
-        refuseHere(state, "No session waits for its review.");
+        refuseHere("No session waits for its review.");
     }
     state.currentBlock->sessions.back().review = std::move(review);
     leadToReviewOfBlock(state, now);

@@ -28,7 +28,7 @@ void requirePossibleEnd(Instant end, const WorkSession& session, Instant now)
 void forgotToEnd(QuillmereState& state, Instant end, Instant now)
 {
     if (!isPossible(Kind::forgotToEnd, state)) {
-        refuseHere(state, "No session is running, and none waits for its review.");
+        refuseHere("No session is running, and none waits for its review.");
     }
     WorkSession& session = state.currentBlock->sessions.back();
     requirePossibleEnd(end, session, now);

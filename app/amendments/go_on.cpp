@@ -49,7 +49,7 @@ void requirePossibleExtension(double by, const WorkSession& session, TimeSinceEn
 void goOn(QuillmereState& state, double by, TimeSinceEnd timeSinceEnd, Instant now)
 {
     if (!isPossible(Kind::goOn, state)) {
-        refuseHere(state, "No session that has ended waits for its review.");
+        refuseHere("No session that has ended waits for its review.");
     }
     WorkSession& ended = state.currentBlock->sessions.back();
     WorkSession session = continued(ended, timeSinceEnd, now);

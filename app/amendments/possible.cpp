@@ -91,30 +91,21 @@ constexpr auto kindRows = std::to_array<KindRow>({
 // clang-format on
 static_assert(inCaseOrder(kindRows));
 
-std::vector<std::string_view> commandsOf(const QuillmereState& state, bool (*isWanted)(Kind))
-{
-    std::vector<std::string_view> commands;
-    for (const KindRow& row : kindRows) {
-        const bool isNew = std::find(commands.begin(), commands.end(), row.command) == commands.end();
-        if (isNew && isWanted(row.value) && row.fits(state)) {
-            commands.push_back(row.command);
-        }
-    }
-    return commands;
-}
-
 }  // namespace
 
 bool isPossible(Kind kind, const QuillmereState& state) { return rowOf(kindRows, kind).fits(state); }
 
 std::vector<std::string_view> possibleCommands(const QuillmereState& state)
 {
-    return commandsOf(state, [](Kind) { return true; });
-}
-
-std::vector<std::string_view> possibleCommandsOfPresent(const QuillmereState& state)
-{
-    return commandsOf(state, [](Kind kind) { return kind != Kind::correct && kind != Kind::deleteBlock; });
+    std::vector<std::string_view> commands;
+    for (const KindRow& row : kindRows) {
+        const bool isOfThePast = row.value == Kind::correct || row.value == Kind::deleteBlock;
+        const bool isNew = std::find(commands.begin(), commands.end(), row.command) == commands.end();
+        if (isNew && !isOfThePast && row.fits(state)) {
+            commands.push_back(row.command);
+        }
+    }
+    return commands;
 }
 
 }  // namespace quillmere::amendments

@@ -26,10 +26,8 @@ enum class Kind {
 /// Whether the amendment fits. It then succeeds, given values that it accepts.
 bool isPossible(Kind kind, const QuillmereState& state);
 
-/// The commands of the amendments that fit, each once: "finish", "change".
+/// The commands of the amendments that fit, each once: "finish", "change". Without those for records of the
+/// past, which fit nearly always.
 std::vector<std::string_view> possibleCommands(const QuillmereState& state);
-
-/// The same without those for records of the past, which fit nearly always.
-std::vector<std::string_view> possibleCommandsOfPresent(const QuillmereState& state);
 
 }  // namespace quillmere::amendments

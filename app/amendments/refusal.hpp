@@ -2,7 +2,6 @@
 #pragma once
 
 #include <quillmere/records/instant.hpp>
-#include <quillmere/records/quillmere_state.hpp>
 
 #include <optional>
 #include <stdexcept>
@@ -27,15 +26,20 @@ struct PossibleLengths {
     friend bool operator==(const PossibleLengths&, const PossibleLengths&) = default;
 };
 
-using Possible = std::variant<std::monostate, PossibleTimes, PossibleLengths>;
+/// The amendment fits another place of the workflow than the present one.
+struct PossibleElsewhere {
+    friend bool operator==(const PossibleElsewhere&, const PossibleElsewhere&) = default;
+};
+
+using Possible = std::variant<std::monostate, PossibleTimes, PossibleLengths, PossibleElsewhere>;
 
 // Nothing is possible between bounds in the wrong order.
 Possible timesBetween(Instant earliest, Instant latest);
 Possible lengthsBetween(double shortest, double longest);
 
 /// Thrown by every amendment before anything is written. The message says in sentences for the person why,
-/// and what is possible. Times and lengths that are possible are values, since only a surface knows how to
-/// write them.
+/// and what is possible. Times and lengths that are possible are values, and so is the fault of the place,
+/// since only a surface knows how to write times and which commands there are.
 class Refusal : public std::runtime_error {
 public:
     explicit Refusal(const std::string& message, Possible possible = {})
@@ -49,7 +53,7 @@ private:
     Possible possible_;
 };
 
-/// Refuses an amendment that does not fit where the work stands; adds those that do.
-[[noreturn]] void refuseHere(const QuillmereState& state, const std::string& reason);
+/// Refuses an amendment that does not fit where the work stands.
+[[noreturn]] void refuseHere(const std::string& reason);
 
 }  // namespace quillmere::amendments

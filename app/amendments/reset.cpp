@@ -9,7 +9,7 @@ namespace quillmere::amendments {
 void reset(QuillmereState& state, Instant now)
 {
     if (!isPossible(Kind::reset, state)) {
-        refuseHere(state, "The work can go on from here, so that nothing has to be reset.");
+        refuseHere("The work can go on from here, so that nothing has to be reset.");
     }
     leaveBlock(state, now);
 }

@@ -37,7 +37,7 @@ void requireRoom(double length, const WorkSession& session, Instant last)
 void wasAway(QuillmereState& state, Instant from, std::optional<Instant> to, Instant now)
 {
     if (!isPossible(Kind::wasAway, state)) {
-        refuseHere(state, "No focus session is running.");
+        refuseHere("No focus session is running.");
     }
     WorkSession& session = state.currentBlock->sessions.back();
     const Instant last = session.pausedAt.value_or(now);

@@ -4,17 +4,17 @@
 #include "base/refusal.hpp"
 #include "base/text/failure.hpp"
 #include "base/text/sanitize.hpp"
-#include "base/text/style.hpp"
 #include "cli/json_output.hpp"
 #include "cli/program.hpp"
-#include "cli/status.hpp"
 #include "work/amendment_text.hpp"
+#include "work/not_possible.hpp"
 
 #include <quillmere/engine/workflow_error.hpp>
 #include <quillmere/records/json/coding_error.hpp>
 
 #include <nlohmann/json.hpp>
 
+#include <functional>
 #include <ostream>
 #include <string_view>
 #include <system_error>
@@ -35,12 +35,31 @@ ExitCode report(ExitCode code, std::string_view name, const std::string& message
     return code;
 }
 
-/// Prints the status, which shows where the work stands and what is possible now.
-void printPossibleSteps(Program& program)
+/// The text of a refusal where the work stands; without that, if the files cannot be read any more.
+std::string withSituation(const std::function<std::string(const workspace::Situation&)>& text,
+                          const std::exception& refusal, Program& program)
 {
-    std::ostream& err = program.environment().err;
-    err << '\n';
-    printStatus(err, program.workspace().look(), base::Style(false));
+    try {
+        return text(program.workspace().look());
+    } catch (const std::runtime_error&) {
+        return base::failureText(refusal);
+    }
+}
+
+std::string refusalText(const WorkflowError& error, Program& program)
+{
+    return withSituation(
+        [&](const workspace::Situation& situation) {
+            return work::refusalText(error, program.command, situation);
+        },
+        error, program);
+}
+
+std::string refusalText(const amendments::Refusal& refusal, Program& program)
+{
+    return withSituation(
+        [&](const workspace::Situation& situation) { return work::refusalText(refusal, situation); }, refusal,
+        program);
 }
 
 }  // namespace
@@ -55,14 +74,9 @@ ExitCode reportCurrentException(Program& program)
     try {
         throw;
     } catch (const WorkflowError& error) {
-        const ExitCode code = report(ExitCode::refused, error.caseName(), base::failureText(error), program);
-        if (error == WorkflowError::invalidTransition && !program.settings().json) {
-            printPossibleSteps(program);
-        }
-        return code;
+        return report(ExitCode::refused, error.caseName(), refusalText(error, program), program);
     } catch (const amendments::Refusal& refusal) {
-        return reportError(ExitCode::refused, work::refusalText(refusal, program.environment().clock()),
-                           program);
+        return reportError(ExitCode::refused, refusalText(refusal, program), program);
     } catch (const ProgramError& error) {
         return reportError(error.code(), error.what(), program);
     } catch (const base::Refusal& refusal) {

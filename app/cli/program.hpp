@@ -37,6 +37,8 @@ public:
 
     /// Carries out the command. Set by the parser when it finds the command.
     std::function<void()> action;
+    /// The words of the command: "break extend". Set with its action.
+    std::string command;
 
     /// The exit code when nothing fails.
     ExitCode exitCode = ExitCode::done;

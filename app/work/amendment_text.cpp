@@ -2,6 +2,7 @@
 
 #include "base/text/duration.hpp"
 #include "base/text/local_time.hpp"
+#include "work/not_possible.hpp"
 
 #include <cmath>
 
@@ -36,14 +37,17 @@ std::string lengthsText(const amendments::PossibleLengths& lengths)
 
 }  // namespace
 
-std::string refusalText(const amendments::Refusal& refusal, Instant now)
+std::string refusalText(const amendments::Refusal& refusal, const workspace::Situation& situation)
 {
     const std::string message = refusal.what();
     if (const auto* const times = std::get_if<amendments::PossibleTimes>(&refusal.possible())) {
-        return message + timesText(*times, now);
+        return message + timesText(*times, situation.now);
     }
     if (const auto* const lengths = std::get_if<amendments::PossibleLengths>(&refusal.possible())) {
         return message + lengthsText(*lengths);
+    }
+    if (std::holds_alternative<amendments::PossibleElsewhere>(refusal.possible())) {
+        return withPlace(message, situation);
     }
     return message;
 }

@@ -3,14 +3,14 @@
 
 #include "amendments/refusal.hpp"
 
-#include <quillmere/records/instant.hpp>
+#include "workspace/workspace.hpp"
 
 #include <string>
 
 namespace quillmere::work {
 
-/// The message, with the times or lengths that are possible, to the second: "… Possible times: 15:00:05 to
-/// 15:10:00." The times are accepted as they are written.
-std::string refusalText(const amendments::Refusal& refusal, Instant now);
+/// The message, with what is possible: times or lengths to the second, which are accepted as they are written
+/// ("… Possible times: 15:00:05 to 15:10:00."), or where the work stands and the commands that fit there.
+std::string refusalText(const amendments::Refusal& refusal, const workspace::Situation& situation);
 
 }  // namespace quillmere::work

@@ -288,7 +288,7 @@ bool Presenter::change(const workspace::Operation& operation, std::string_view d
         throw;
     } catch (const amendments::Refusal& refusal) {
         refresh();
-        say(refusalText(refusal, situation().now));
+        say(refusalText(refusal, situation()));
         return false;
     } catch (const workspace::ChangeSaved& error) {
         events = files_.refresh();

@@ -43,7 +43,7 @@ std::vector<std::string_view> nextCommandsOf(const QuillmereState& state)
             commands.push_back(row.command);
         }
     }
-    for (const std::string_view command : amendments::possibleCommandsOfPresent(state)) {
+    for (const std::string_view command : amendments::possibleCommands(state)) {
         commands.push_back(command);
     }
     return commands;

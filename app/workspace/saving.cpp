@@ -9,8 +9,11 @@
 #include <quillmere/store/state_store.hpp>
 #include <quillmere/widget/widget_snapshot_store.hpp>
 
+#include <sys/statvfs.h>
+
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <functional>
 #include <new>
 #include <string_view>
@@ -27,9 +30,22 @@ std::string failureToWrite(const fs::path& file, const std::string& reason)
     return file.string() + " could not be written: " + reason;
 }
 
-bool isWantOfRoom(const std::error_code& code)
+/// Whether the file system of the directory lacks the room for a save, or for the names of its files.
+bool lacksRoom(const fs::path& directory, std::uintmax_t needed)
 {
-    return code == std::errc::no_space_on_device || code.value() == EDQUOT;
+    struct statvfs status;
+    if (::statvfs(directory.c_str(), &status) != 0) {
+        return true;
+    }
+    const std::uintmax_t free = std::uintmax_t{status.f_bavail} * status.f_frsize;
+    return free < needed || (status.f_files > 0 && status.f_favail == 0);
+}
+
+/// Whether a deleted version may let the save succeed. A device can report ENOSPC although there is room, and
+/// then versions would go for nothing. A quota (EDQUOT) shows nowhere beforehand.
+bool isWantOfRoom(const std::error_code& code, const fs::path& directory, std::uintmax_t needed)
+{
+    return code.value() == EDQUOT || (code == std::errc::no_space_on_device && lacksRoom(directory, needed));
 }
 
 std::string reasonOf(const std::exception& error)
@@ -137,7 +153,8 @@ private:
                 write();
                 return;
             } catch (const std::system_error& error) {
-                if (!isWantOfRoom(error.code()) || wasReplaced != replacement_.isStateReplaced() ||
+                if (!isWantOfRoom(error.code(), places_.directory, roomForSave()) ||
+                    wasReplaced != replacement_.isStateReplaced() ||
                     !places_.versions.giveWay(places_.directory)) {
                     throw;
                 }
@@ -146,15 +163,35 @@ private:
         }
     }
 
+    /// Generous: the state and its successor, and what the summaries need.
+    std::uintmax_t roomForSave() const
+    {
+        constexpr std::uintmax_t summaries = 1 << 20;
+        std::error_code error;
+        const std::uintmax_t size = fs::file_size(states_.stateURL(), error);
+        return summaries + (error ? 0 : 2 * size);
+    }
+
     void cleanUp(const WidgetSnapshotStore& widget, Instant now)
+    {
+        prune();
+        for (const fs::path& file : {states_.stateURL(), states_.agentStateURL(), widget.snapshotURL()}) {
+            removeStaleTemporaries(file.parent_path(), file.filename().string(), now);
+        }
+    }
+
+    /// The change is saved, so that a failure here must not look like a failure of the change.
+    void prune()
     {
         std::error_code error;
         const std::uintmax_t size = fs::file_size(states_.stateURL(), error);
-        if (!error) {
-            places_.versions.prune(size);
+        if (error) {
+            return;
         }
-        for (const fs::path& file : {states_.stateURL(), states_.agentStateURL(), widget.snapshotURL()}) {
-            removeStaleTemporaries(file.parent_path(), file.filename().string(), now);
+        try {
+            places_.versions.prune(size);
+        } catch (const std::system_error& failure) {
+            warn("The earlier versions could not be looked through: " + base::fileErrorText(failure));
         }
     }
 

@@ -11,7 +11,12 @@ CLI::App* addCommand(CLI::App& line, Program& program, const std::string& name, 
 {
     CLI::App* const command = line.add_subcommand(name, purpose);
     command->fallthrough();
-    command->callback([&program, action = std::move(action)] { program.action = action; });
+    const CLI::App* const group = command->get_parent();
+    const std::string words = group && group->get_parent() ? group->get_name() + " " + name : name;
+    command->callback([&program, words, action = std::move(action)] {
+        program.action = action;
+        program.command = words;
+    });
     return command;
 }
 

@@ -107,9 +107,9 @@ TEST(BackOut, losesNoSessionThatAFilePutsIntoPlanning)
 TEST(BackOut, isRefusedWhereNoBlockIsPlanned)
 {
     EXPECT_EQ(refused(stateIn(WorkflowState::breaking), [](auto& s) { backOut(s, {}, soon); }),
-              "No block is being planned. Possible now: finish, change, amend.");
+              "No block is being planned.");
     EXPECT_EQ(refused(stateWithScheduledBlock(), [](auto& s) { backOut(s, {}, soon); }),
-              "No block is being planned. Nothing can be amended now.");
+              "No block is being planned.");
 }
 
 }  // namespace

@@ -213,10 +213,8 @@ TEST(ChangeBlock, leadsFromTheReviewOfTheBlockToAnotherSession)
 
 TEST(ChangeBlock, isRefusedWithoutABlockThatHasBegun)
 {
-    EXPECT_EQ(refusedChange(stateIn(WorkflowState::blockPlanning), {}),
-              "No block has begun. Possible now: cancel.");
-    EXPECT_EQ(refusedChange(stateWithScheduledBlock(), {}),
-              "No block has begun. Nothing can be amended now.");
+    EXPECT_EQ(refusedChange(stateIn(WorkflowState::blockPlanning), {}), "No block has begun.");
+    EXPECT_EQ(refusedChange(stateWithScheduledBlock(), {}), "No block has begun.");
 }
 
 }  // namespace

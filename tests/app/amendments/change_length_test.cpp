@@ -77,7 +77,7 @@ TEST(ChangeLength, namesNoLengthWhenNoneIsPossible)
 TEST(ChangeLength, isRefusedWhereNoSessionRuns)
 {
     EXPECT_EQ(refused(stateIn(WorkflowState::breaking), [](auto& s) { changeLength(s, 60, inTheMiddle); }),
-              "No focus session is running. Possible now: finish, change, amend.");
+              "No focus session is running.");
 }
 
 }  // namespace

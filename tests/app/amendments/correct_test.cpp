@@ -195,7 +195,7 @@ TEST(CorrectBlock, refusesToRemoveAnOutcomeThatASessionServes)
 TEST(CorrectBlock, refusesABlockThatIsNotFinished)
 {
     EXPECT_EQ(refused(correctable(), [](auto& s) { correctBlock(s, s.currentBlock->id, {}, soon); }),
-              "This block is not finished. Possible now: finish, change, amend, delete.");
+              "This block is not finished.");
     EXPECT_EQ(refused(correctable(), [](auto& s) { correctBlock(s, identifier(9), {}, soon); }),
               "There is no such finished block. Possible: a block of the history.");
 }

@@ -21,14 +21,13 @@ TEST(DropBlock, isRefusedOnceASessionHasBegun)
     const QuillmereState state = edited(stateIn(WorkflowState::breaking),
                                         [](auto& s) { s.workflowState = WorkflowState::sessionPlanning; });
     EXPECT_EQ(refused(state, [](auto& s) { drop(s, soon); }),
-              "Only a block whose first session has not begun can be dropped. Possible now: finish, change, "
-              "amend.");
+              "Only a block whose first session has not begun can be dropped.");
 }
 
 TEST(DropBlock, isRefusedElsewhere)
 {
     EXPECT_EQ(refused(stateIn(WorkflowState::blockPlanning), [](auto& s) { drop(s, soon); }),
-              "Only a block whose first session has not begun can be dropped. Possible now: cancel.");
+              "Only a block whose first session has not begun can be dropped.");
 }
 
 }  // namespace

@@ -91,7 +91,7 @@ TEST(ForgotToEnd, namesNoTimeWhenTheClockWasSetBackBeforeTheStart)
 TEST(ForgotToEnd, isRefusedAfterTheReview)
 {
     EXPECT_EQ(refused(stateIn(WorkflowState::breaking), [](auto& s) { forgotToEnd(s, moment, later); }),
-              "No session is running, and none waits for its review. Possible now: finish, change, amend.");
+              "No session is running, and none waits for its review.");
 }
 
 }  // namespace

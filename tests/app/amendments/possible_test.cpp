@@ -19,17 +19,16 @@ TEST(PossibleAmendments, followFromWhereTheWorkStands)
         {stateWithScheduledBlock(), {}},
         {stateIn(blockPlanning), {"cancel"}},
         {stateIn(sessionPlanning), {"cancel", "change"}},
-        {edited(stateIn(breaking), [](auto& s) { s.workflowState = sessionPlanning; }),
-         {"finish", "change", "amend"}},
+        {edited(stateIn(breaking), [](auto& s) { s.workflowState = sessionPlanning; }), {"finish", "change"}},
         {stateIn(focusing), {"change", "extend", "end --at", "away"}},
-        {stateIn(sessionReview), {"review --finish", "change", "extend", "end --at", "amend"}},
-        {stateIn(breaking), {"finish", "change", "amend"}},
-        {stateIn(blockReview), {"change", "amend"}},
+        {stateIn(sessionReview), {"review --finish", "change", "extend", "end --at"}},
+        {stateIn(breaking), {"finish", "change"}},
+        {stateIn(blockReview), {"change"}},
         {stateIn(complete), {"reset"}},
         {edited(stateIn(sessionReview), [](auto& s) { s.currentBlock->sessions.back().endedAt.reset(); }),
          {"review --finish", "change"}},
         {edited(stateIn(breaking), [](auto& s) { s.currentBlock.reset(); }), {}},
-        {edited(stateIn(idle), [](auto& s) { s.blockHistory = {blockInWork(1, 3)}; }), {"amend", "delete"}},
+        {edited(stateIn(idle), [](auto& s) { s.blockHistory = {blockInWork(1, 3)}; }), {}},
     };
     for (const Example& example : examples) {
         EXPECT_EQ(amendments::possibleCommands(example.state), example.commands)
@@ -37,13 +36,17 @@ TEST(PossibleAmendments, followFromWhereTheWorkStands)
     }
 }
 
-TEST(PossibleAmendments, ofThePresentAreNoneOfRecords)
+TEST(PossibleAmendments, fitRecordsOfThePast)
 {
-    EXPECT_EQ(amendments::possibleCommandsOfPresent(stateIn(WorkflowState::breaking)),
-              (Commands{"finish", "change"}));
-    EXPECT_EQ(amendments::possibleCommandsOfPresent(edited(
-                  stateIn(WorkflowState::idle), [](auto& s) { s.blockHistory = {blockInWork(1, 3)}; })),
-              Commands{});
+    using amendments::isPossible;
+    using amendments::Kind;
+    const QuillmereState state =
+        edited(stateIn(WorkflowState::idle), [](auto& s) { s.blockHistory = {blockInWork(1, 3)}; });
+    EXPECT_TRUE(isPossible(Kind::correct, state));
+    EXPECT_TRUE(isPossible(Kind::deleteBlock, state));
+    EXPECT_TRUE(isPossible(Kind::correct, stateIn(WorkflowState::breaking)));
+    EXPECT_FALSE(isPossible(Kind::deleteBlock, stateIn(WorkflowState::breaking)));
+    EXPECT_FALSE(isPossible(Kind::correct, stateIn(WorkflowState::focusing)));
 }
 
 }  // namespace

@@ -60,11 +60,11 @@ TEST(Reset, isRefusedWhereTheWorkCanGoOn)
         if (workflowState != complete) {
             EXPECT_TRUE(refused(stateIn(workflowState), [](auto& s) {
                             reset(s, soon);
-                        }).starts_with("The work can go on from here, so that nothing has to be reset. "));
+                        }).starts_with("The work can go on from here, so that nothing has to be reset."));
         }
     }
     EXPECT_EQ(refused(stateWithScheduledBlock(), [](auto& s) { reset(s, soon); }),
-              "The work can go on from here, so that nothing has to be reset. Nothing can be amended now.");
+              "The work can go on from here, so that nothing has to be reset.");
 }
 
 }  // namespace

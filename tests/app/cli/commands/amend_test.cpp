@@ -130,7 +130,8 @@ const WrongCorrection wrongCorrections[] = {
      "--ended-at: \"noon\" is no local time, such as 14:20, 14:20:30 or \"2026-11-15 14:20\".",
      ExitCode::usage},
     {{"amend", "CCCC", "--why", "No"},
-     "This block is not finished. Possible now: finish, change, amend, delete.",
+     "This block is not finished: the break runs until 15:05. Possible: break end, break extend, finish, "
+     "change.",
      ExitCode::refused},
 };
 

@@ -188,7 +188,7 @@ TEST(Cancel, isRefusedOnceASessionHasBegun)
     person.has(stateIn(WorkflowState::focusing));
     const Ending ending = person.types({"cancel", "--yes"});
     EXPECT_EQ(ending.code, ExitCode::refused);
-    EXPECT_NE(ending.err.find("Next: pause, end, change, extend, end --at, away"), std::string::npos)
+    EXPECT_NE(ending.err.find("Possible: pause, end, change, extend, end --at, away."), std::string::npos)
         << ending.err;
 }
 

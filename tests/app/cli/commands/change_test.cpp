@@ -111,7 +111,7 @@ TEST(Change, saysElsewhereWhatIsPossible)
     // The refusal comes before an option that is wrong.
     for (const Words& words : {Words{"change"}, Words{"change", "--focus", "soon"}}) {
         expectRefusal(personWithABlock(WorkflowState::blockPlanning), words,
-                      "No block has begun. Possible now: cancel.");
+                      "No block has begun: a block is being planned. Possible: plan, cancel.");
     }
 }
 

@@ -208,8 +208,8 @@ TEST(Delete, leavesTheCurrentBlock)
     const Person person;
     person.has(stateIn(WorkflowState::breaking));
     expectRefusal(person, {"delete", person.state().currentBlock->id.text()},
-                  "This block is not finished, so that it cannot be deleted. Possible now: finish, change, "
-                  "amend.");
+                  "This block is not finished, so that it cannot be deleted: the break runs until 15:05. "
+                  "Possible: break end, break extend, finish, change.");
 }
 
 TEST(Delete, refusesANameThatNoBlockHas)

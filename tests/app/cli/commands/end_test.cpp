@@ -72,9 +72,9 @@ TEST(EndAt, saysElsewhereWhatIsPossible)
 {
     const Person person;
     person.has(stateIn(WorkflowState::breaking));
-    expectRefusal(
-        person, {"end", "--ago", "1m"},
-        "No session is running, and none waits for its review. Possible now: finish, change, amend.");
+    expectRefusal(person, {"end", "--ago", "1m"},
+                  "No session is running, and none waits for its review: the break runs until 15:05. "
+                  "Possible: break end, break extend, finish, change.");
 }
 
 TEST(Away, addsThatTimeToThePauses)
@@ -131,9 +131,9 @@ TEST(Away, saysElsewhereWhatIsPossible)
 {
     const Person person;
     person.has(stateIn(WorkflowState::sessionReview));
-    expectRefusal(
-        person, {"away", "--from", "15:00"},
-        "No focus session is running. Possible now: review --finish, change, extend, end --at, amend.");
+    expectRefusal(person, {"away", "--from", "15:00"},
+                  "No focus session is running: session 1 of 3 waits for its review. Possible: review, "
+                  "review --finish, change, extend, end --at.");
 }
 
 }  // namespace

@@ -93,7 +93,8 @@ TEST(Extend, hasNoTimeSinceTheEndOfARunningSession)
 TEST(Extend, saysElsewhereWhatIsPossible)
 {
     expectRefusal(personIn(WorkflowState::breaking, 60), {"extend", "10m"},
-                  "No focus session is running. Possible now: finish, change, amend.");
+                  "No focus session is running: the break runs until 15:05. Possible: break end, break "
+                  "extend, finish, change.");
 }
 
 TEST(Extend, refusesATextThatIsNoLength)

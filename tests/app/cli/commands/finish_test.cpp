@@ -42,13 +42,12 @@ TEST(Finish, saysElsewhereWhatIsPossible)
     const Person person;
     person.has(stateIn(WorkflowState::sessionReview));
     expectRefusal(person, {"finish"},
-                  "A block is finished between its sessions, or with the review of one. Possible now: review "
-                  "--finish, change, extend, end --at, amend.");
+                  "A block is finished between its sessions, or with the review of one: session 1 of 3 waits "
+                  "for its review. Possible: review, review --finish, change, extend, end --at.");
     person.has(stateIn(WorkflowState::idle));
-    expectRefusal(
-        person, {"finish"},
-        "A block is finished between its sessions, or with the review of one. Nothing can be amended "
-        "now.");
+    expectRefusal(person, {"finish"},
+                  "A block is finished between its sessions, or with the review of one: nothing is planned. "
+                  "Possible: plan.");
 }
 
 TEST(ReviewThatFinishes, savesTheReviewAndNeedsNoNextPlan)
@@ -101,7 +100,8 @@ TEST(ReviewThatFinishes, saysElsewhereWhatIsPossible)
     const Person person;
     person.has(stateIn(WorkflowState::breaking));
     expectRefusal(person, {"review", "--finish", "--completion", "yes"},
-                  "No session waits for its review. Possible now: finish, change, amend.");
+                  "No session waits for its review: the break runs until 15:05. Possible: break end, break "
+                  "extend, finish, change.");
 }
 
 }  // namespace

@@ -66,8 +66,9 @@ TEST(Focus, needsAPlan)
     const auto before = pictureOf(person.directory());
     const Ending ending = person.types({"focus", "--json"});
     EXPECT_EQ(ending.code, ExitCode::refused);
-    EXPECT_EQ(jsonAt("/error", ending.err),
-              R"({"case":"missingSessionPlan","message":"Save a session plan before focus starts."})");
+    EXPECT_EQ(
+        jsonAt("/error", ending.err),
+        R"({"case":"missingSessionPlan","message":"Save a session plan before focus starts. Give --outcome TEXT."})");
     EXPECT_EQ(pictureOf(person.directory()), before);
 }
 

@@ -113,7 +113,7 @@ TEST(PlanPrompt, asksNothingThatWouldBeRefused)
         person.has(stateIn(workflowState));
         const Ending ending = asked(person, {"plan"}, "Chapter\n\n\n\n\n\n\n\n");
         EXPECT_EQ(ending.code, ExitCode::refused);
-        EXPECT_TRUE(ending.err.starts_with("This action is not available in the current workflow state.\n"));
+        EXPECT_TRUE(ending.err.starts_with("This action is not available in the current workflow state. "));
     }
 }
 
@@ -303,7 +303,7 @@ TEST(Prompt, asksNothingThatWouldBeRefused)
         }
         const Ending ending = asked(person, words, "");
         EXPECT_EQ(ending.code, ExitCode::refused);
-        EXPECT_TRUE(ending.err.starts_with("This action is not available in the current workflow state.\n"));
+        EXPECT_TRUE(ending.err.starts_with("This action is not available in the current workflow state. "));
     }
 }
 

@@ -52,14 +52,16 @@ void expectRefused(const Person& person, const Words& words)
     const Ending ending = person.types(words);
     EXPECT_EQ(ending.code, ExitCode::refused);
     EXPECT_EQ(ending.out, "");
-    EXPECT_TRUE(ending.err.starts_with(std::string(notNow) + "\n\n")) << ending.err;
+    EXPECT_TRUE(ending.err.starts_with(std::string(notNow) + " ")) << ending.err;
     Words forPrograms = {"--json"};
     forPrograms.insert(forPrograms.end(), words.begin(), words.end());
     const Ending json = person.types(forPrograms);
     EXPECT_EQ(json.code, ExitCode::refused);
     EXPECT_EQ(json.out, "");
-    EXPECT_EQ(jsonAt("", json.err), R"({"error":{"case":"invalidTransition","message":")" +
-                                        std::string(notNow) + R"("},"events":[]})");
+    EXPECT_TRUE(
+        json.err.starts_with(R"({"error":{"case":"invalidTransition","message":")" + std::string(notNow)))
+        << json.err;
+    EXPECT_EQ(jsonAt("/events", json.err), "[]");
     EXPECT_EQ(pictureOf(person.directory()), before);
 }
 
@@ -76,14 +78,6 @@ TEST(RefusedCommand, saysWhyAndWritesNothing)
         person.has(stateIn(refusingState(move)));
         expectRefused(person, move.words);
     }
-}
-
-TEST(RefusedCommand, isFollowedByTheStatusForAPerson)
-{
-    const Person person;
-    person.has(stateIn(WorkflowState::breaking));
-    const std::string status = person.types({"status"}).out;
-    EXPECT_EQ(person.types({"pause"}).err, std::string(notNow) + "\n\n" + status);
 }
 
 TEST(RefusedCommand, leavesNoDirectoryBehind)

@@ -52,10 +52,9 @@ TEST(Reset, isRefusedWhereTheWorkCanGoOn)
 {
     const Person person;
     person.has(stateIn(WorkflowState::breaking));
-    expectRefusal(
-        person, {"reset", "--yes"},
-        "The work can go on from here, so that nothing has to be reset. Possible now: finish, change, "
-        "amend.");
+    expectRefusal(person, {"reset", "--yes"},
+                  "The work can go on from here, so that nothing has to be reset: the break runs until "
+                  "15:05. Possible: break end, break extend, finish, change.");
 }
 
 TEST(Reset, asksNothingWhereTheWorkCanGoOn)

@@ -43,7 +43,10 @@ TEST(Review, needsTheNextPlanWhileCyclesRemain)
     const auto before = pictureOf(person.directory());
     const Ending ending = person.types({"review", "--completion", "yes"});
     EXPECT_EQ(ending.code, ExitCode::refused);
-    EXPECT_EQ(ending.err, "Save the next session plan before the break starts.\n");
+    EXPECT_EQ(ending.err,
+              "Save the next session plan before the break starts. Give --next-outcome TEXT, or --finish, "
+              "which ends "
+              "the block.\n");
     EXPECT_EQ(pictureOf(person.directory()), before);
 }
 

@@ -101,7 +101,7 @@ TEST(RealProgram, asksNothingWithoutATerminal)
 {
     const Person person;
     EXPECT_EQ(ran(person, {"plan", "--start"}).err, "");
-    EXPECT_EQ(ran(person, {"focus"}).err, "Save a session plan before focus starts.\n");
+    EXPECT_EQ(ran(person, {"focus"}).err, "Save a session plan before focus starts. Give --outcome TEXT.\n");
 }
 
 }  // namespace
