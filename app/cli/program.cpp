@@ -18,9 +18,22 @@ namespace quillmere::cli {
 
 workspace::Workspace Program::workspace() const
 {
-    return settings_.directory
-               ? workspace::Workspace::in(*settings_.directory, environment_.clock, environment_.stateHome)
-               : workspace::Workspace::ofThisUser(environment_.clock, environment_.stateHome);
+    const std::filesystem::path directory =
+        settings_.directory ? *settings_.directory : config::expanded(configuration().values.directory);
+    return directory.empty()
+               ? workspace::Workspace::ofThisUser(environment_.clock, environment_.stateHome)
+               : workspace::Workspace::in(directory, environment_.clock, environment_.stateHome);
+}
+
+const config::Configuration& Program::readConfiguration(bool saysProblems) const
+{
+    if (!configuration_) {
+        configuration_ = config::read(environment_.configDirectory);
+        for (const config::Problem& problem : configuration_->problems) {
+            warn(saysProblems ? config::problemText(problem) : "");
+        }
+    }
+    return *configuration_;
 }
 
 void Program::change(std::string_view done, const workspace::Operation& operation)
@@ -95,7 +108,7 @@ void Program::printChange(std::string_view done, const workspace::Situation& sit
     printStatus(environment_.out, situation, style());
 }
 
-void Program::warn(const std::string& warning)
+void Program::warn(const std::string& warning) const
 {
     if (!warning.empty()) {
         environment_.err << (settings_.json ? base::jsonLine({{"warning", warning}})

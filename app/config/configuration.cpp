@@ -84,9 +84,7 @@ private:
     {
         const std::string name = nameOf(entry.path);
         if (const Key<Values>* const key = keyNamed(keys, name)) {
-            if (store(configuration_.values, *key, name, entry)) {
-                configuration_.origins[name] = {.file = file_, .place = entry.keyPlace};
-            }
+            store(configuration_.values, *key, name, entry);
         } else if (!std::holds_alternative<EmptyTable>(entry.value) || !isTable(name)) {
             complain(entry.keyPlace, name + " is no key. " + keysNear(entry.path));
         }
@@ -137,7 +135,6 @@ private:
         if (known != templates_.end()) {
             return *known;
         }
-        configuration_.origins[nameOf({entry.path[0], name})] = {.file = file_, .place = entry.keyPlace};
         return templates_.emplace_back(Template{.name = name});
     }
 
@@ -155,13 +152,13 @@ private:
     }
 
     template <class Record>
-    bool store(Record& record, const Key<Record>& key, const std::string& name, const TomlEntry& entry)
+    void store(Record& record, const Key<Record>& key, const std::string& name, const TomlEntry& entry)
     {
-        const bool isTaken = set(record, key, entry.value);
-        if (!isTaken) {
+        if (set(record, key, entry.value)) {
+            configuration_.origins[name] = {.file = file_, .place = entry.keyPlace};
+        } else {
             complain(entry.valuePlace, name + " must be " + accepted(key) + "; it is left out.");
         }
-        return isTaken;
     }
 
     void complain(TextPlace place, std::string sentence)

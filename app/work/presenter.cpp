@@ -33,10 +33,12 @@ bool isAnswered(const FormSubject& subject, const QuillmereState& state)
 
 }  // namespace
 
-Presenter::Presenter(workspace::Workspace workspace, Drafts drafts, std::optional<WidgetRoute> route)
-    : files_(std::move(workspace)), drafts_(std::move(drafts))
+Presenter::Presenter(workspace::Workspace workspace, Drafts drafts, std::optional<WidgetRoute> route,
+                     const config::Configuration& configuration)
+    : files_(std::move(workspace)), drafts_(std::move(drafts)), values_(configuration.values)
 {
     refresh();
+    warnOf(configuration.problems);
     if (route && isUsable()) {
         const auto actual = fromWorkflowState<WidgetRoute>(state().workflowState);
         if (*route != actual) {
@@ -109,6 +111,16 @@ void Presenter::warnOfNoWatch()
     }
 }
 
+void Presenter::warnOf(const std::vector<config::Problem>& problems)
+{
+    if (!problems.empty()) {
+        say(config::problemText(problems.front()));
+    }
+    if (problems.size() > 1) {
+        say("quillmere config says what else is wrong there.");
+    }
+}
+
 void Presenter::say(std::string_view sentence)
 {
     message_ += (message_.empty() ? "" : " ") + std::string(sentence);
@@ -137,7 +149,7 @@ void Presenter::followState()
 
 void Presenter::open(std::shared_ptr<Form>& place, const FormSubject& subject)
 {
-    place = std::make_shared<Form>(formFor(subject, state(), situation().now));
+    place = std::make_shared<Form>(formFor(subject, state(), situation().now, values_));
     switch (drafts_.fillIn(*place)) {
         case BroughtBack::nothing: break;
         case BroughtBack::all: say("What you had written is back."); break;
@@ -229,7 +241,7 @@ void Presenter::perform(const Action& action)
     if (const auto* const form = std::get_if<FormKind>(&action.effect)) {
         open(openedForm_, subjectOf(*form, state()));
     } else {
-        change(keepingWords(std::get<Action::Operation>(action.effect), drafts_), action.done);
+        change(keepingWords(std::get<Action::Operation>(action.effect), drafts_, values_), action.done);
     }
 }
 
