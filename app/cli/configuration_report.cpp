@@ -40,10 +40,10 @@ std::vector<Line> linesOf(const config::Template& each, const config::Configurat
 {
     std::vector<Line> lines;
     for (const auto& key : config::templateKeys) {
+        const std::string name = nameOf(each) + "." + std::string(key.name);
         if (std::string value = config::written(each, key); !value.empty()) {
-            lines.push_back({.key = nameOf(each) + "." + std::string(key.name),
-                             .value = std::move(value),
-                             .origin = originOf(configuration, nameOf(each))});
+            lines.push_back(
+                {.key = name, .value = std::move(value), .origin = originOf(configuration, name)});
         }
     }
     return lines;

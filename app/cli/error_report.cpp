@@ -40,7 +40,7 @@ void printPossibleSteps(Program& program)
 {
     std::ostream& err = program.environment().err;
     err << '\n';
-    printStatus(err, program.workspace().look(), base::Style(false));
+    printStatus(err, program.workspace().look(), base::Style(false), program.hours());
 }
 
 }  // namespace

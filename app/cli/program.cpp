@@ -105,7 +105,7 @@ void Program::printChange(std::string_view done, const workspace::Situation& sit
         return;
     }
     environment_.out << done << "\n\n";
-    printStatus(environment_.out, situation, style());
+    printStatus(environment_.out, situation, style(), hours());
 }
 
 void Program::warn(const std::string& warning) const
@@ -122,7 +122,7 @@ void Program::reportEvents(const std::vector<workspace::Event>& events)
     events_.insert(events_.end(), events.begin(), events.end());
     if (!settings_.json) {
         for (const workspace::Event& event : events) {
-            environment_.err << work::eventText(event, environment_.clock()) << '\n';
+            environment_.err << work::eventText(event, {environment_.clock(), hours()}) << '\n';
         }
     }
 }

@@ -3,6 +3,7 @@
 
 #include "base/environment.hpp"
 #include "base/json.hpp"
+#include "base/text/hours.hpp"
 #include "base/text/style.hpp"
 #include "cli/exit_code.hpp"
 #include "config/configuration.hpp"
@@ -49,6 +50,8 @@ public:
     /// The same for a surface that says by itself what is wrong.
     const config::Configuration& configurationInSilence() const { return readConfiguration(false); }
 
+    /// How the person reads times.
+    base::Hours hours() const { return configuration().values.hours; }
     base::Style style() const { return base::Style(base::wantsColour(environment_.outputIsTerminal)); }
 
     /// Applies an operation to the files, then prints `done` and the status.

@@ -34,8 +34,8 @@ struct Problem {
 
 struct Configuration {
     Values values = {};
-    /// Of each key that is set, by its name with its table: "block.focus". A template has one:
-    /// "template.NAME". Keys that are not here have their default.
+    /// Of each key that is set, by its name with its table: "block.focus", "template.report.why". Keys that
+    /// are not here have their default.
     std::map<std::string, Origin> origins = {};
     std::vector<Problem> problems = {};
 };

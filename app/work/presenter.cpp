@@ -92,7 +92,7 @@ void Presenter::tell(const std::vector<workspace::Event>& events)
 {
     for (const workspace::Event& event : events) {
         bell_ = true;
-        message_ = eventText(event, situation().now);
+        message_ = eventText(event, {situation().now, values_.hours});
     }
 }
 
@@ -248,7 +248,7 @@ void Presenter::perform(const Action& action)
 void Presenter::request(UndoDirection direction)
 {
     try {
-        stepToConfirm_ = nextStep(direction, files_.workspace(), state(), situation().now);
+        stepToConfirm_ = nextStep(direction, files_.workspace(), state(), {situation().now, values_.hours});
         if (!stepToConfirm_) {
             say(noStepText(direction));
         }
@@ -282,7 +282,7 @@ void Presenter::perform(const UndoStep& step)
     if (change(undo.operation, doneText(step), undo.manner)) {
         for (const workspace::Event& event : undo.step->events) {
             bell_ = true;
-            say(eventText(event, situation().now));
+            say(eventText(event, {situation().now, values_.hours}));
         }
     }
 }

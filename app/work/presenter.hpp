@@ -44,6 +44,9 @@ public:
     const workspace::Situation& situation() const { return *files_.situation(); }
     const QuillmereState& state() const { return situation().state; }
 
+    /// How the person reads times.
+    base::Hours hours() const { return values_.hours; }
+
     /// The message for the person; may be empty.
     const std::string& message() const { return message_; }
     void clearMessage() { message_.clear(); }

@@ -21,6 +21,7 @@ void addWatch(CLI::App& line, Program& program)
     CLI::App* const app = addCommand(
         line, program, "watch", "Let time pass, and give notices on the desktop", [settings, &program] {
             settings->json = program.settings().json;
+            settings->hours = program.hours();
             const std::vector<std::string>& configured = program.configuration().values.hooks;
             settings->hooks.insert(settings->hooks.begin(), configured.begin(), configured.end());
             notices::NotifierProcess notifier(notices::notifierProgram());

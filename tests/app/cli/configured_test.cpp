@@ -1,5 +1,7 @@
 // Commands of a person who has configured the program.
+#include "figures_testing.hpp"
 #include "program_testing.hpp"
+#include "support/process_settings.hpp"
 #include "support/temporary_directory.hpp"
 
 namespace quillmere::test {
@@ -62,7 +64,52 @@ TEST_F(Configured, doctorSaysThatTheConfigurationChoseTheDirectory)
 {
     const TemporaryDirectory files;
     has("directory = '" + files.path().string() + "'");
-    EXPECT_NE(person.runs({"doctor"}).out.find("chosen by the configuration"), std::string::npos);
+    EXPECT_NE(person.runs({"doctor", "--json"}).out.find("chosen by the configuration"), std::string::npos);
+}
+
+TEST_F(Configured, theReportHasTheDaysAndTheGoalOfTheConfiguration)
+{
+    const TimeZone here("UTC");
+    has("daily-goal = '1h'\ndays-off = ['sunday']\nday-begins = 4\nweek-begins = 'sunday'");
+    person.now = local("2026-11-16 12:00");
+    person.has(stateWith({session(local("2026-11-14 02:00"), 3600), session(local("2026-11-16 03:00"), 60),
+                          session(local("2026-11-16 10:00"), 1800)}));
+    const std::string json = person.types({"report", "--json"}).out;
+    EXPECT_EQ(jsonAt("/days/0/day", json), "\"2026-11-13\"");
+    EXPECT_EQ(jsonAt("/days/1/day", json), "\"2026-11-15\"");
+    EXPECT_EQ(jsonAt("/weeks/1/week", json), "\"2026-W47\"");
+    EXPECT_EQ(jsonAt("/goal", json), R"({"days":2,"reached_days":1,"seconds":3600,"today_seconds":1800})");
+    EXPECT_NE(
+        person.types({"report"}).out.find("Goal         1 h a day, reached on 1 of 2 days; today 30 min\n"),
+        std::string::npos);
+}
+
+// 15:00 on the person's clock.
+TEST_F(Configured, timesAreShownWithTwelveHours)
+{
+    const TimeZone here("UTC");
+    has("clock = '12h'");
+    person.types({"plan", "--at", "+1h"});
+    EXPECT_NE(person.types({"status"}).out.find("2026-11-15 4:00 pm to 2026-11-15 8:00 pm"),
+              std::string::npos);
+    EXPECT_EQ(person.typesLater(3600, {"tick"}).err, "The scheduled block started at 4:00 pm.\n");
+    person.types({"ask", "Which build?"});
+    EXPECT_NE(person.types({"questions"}).out.find("(2026-11-15 4:00 pm)"), std::string::npos);
+    EXPECT_NE(person.types({"restore"}).out.find("2026-11-15 4:00:00 pm"), std::string::npos);
+    EXPECT_NE(person.types({"widget"}).out.find(" 4:00 pm"), std::string::npos);
+    EXPECT_EQ(person.types({"status"}).out.find("16:00"), std::string::npos);
+    EXPECT_NE(person.types({"undo", "--yes"}).out.find("(3:00 pm)"), std::string::npos);
+}
+
+TEST_F(Configured, theWatchRunsTheHooksOfTheConfiguration)
+{
+    const EnvironmentVariable noBus("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
+    const std::filesystem::path file = place.path() / "events";
+    has("watch.hooks = ['echo $1 >> " + file.string() + "']");
+    person.has(stateIn(WorkflowState::focusing));
+    person.now = moment + 2'000;
+    EXPECT_EQ(person.types({"watch", "--once"}).code, ExitCode::done);
+    EXPECT_EQ(textOf(file), "focus_ended\n");
 }
 
 TEST_F(Configured, aWrongValueIsSaidOnceAndTheCommandGoesOn)

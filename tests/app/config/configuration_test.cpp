@@ -79,11 +79,11 @@ watch.hooks = ["one", "two"]
 TEST(ReadConfiguration, knowsWhereEachValueStands)
 {
     const Configuration configuration =
-        configured("clock = '12h'\n\n[block]\n  cycles = 4\n[template.report]\n");
+        configured("clock = '12h'\n\n[block]\n  cycles = 4\n[template.report]\nwhy = ''");
     EXPECT_EQ(configuration.origins.size(), 3U);
     EXPECT_EQ(configuration.origins.at("clock").place, (TextPlace{.line = 1, .column = 1}));
     EXPECT_EQ(configuration.origins.at("block.cycles").place, (TextPlace{.line = 4, .column = 3}));
-    EXPECT_EQ(configuration.origins.at("template.report").place.line, 5);
+    EXPECT_EQ(configuration.origins.at("template.report.why").place.line, 6);
 }
 
 TEST(ReadConfiguration, prefersThePersonsFileToThatOfPrograms)
@@ -197,7 +197,7 @@ TEST(ReadConfiguration, replacesATemplateOfProgramsAsAWhole)
     add(configuration, "[template.report]\nwhy = 'Why'\ncycles = 2", "programs");
     add(configuration, "[template.report]\ncycles = 3", "person");
     EXPECT_EQ(configuration.values.templates, (std::vector<Template>{{.name = "report", .cycleCount = 3}}));
-    EXPECT_EQ(configuration.origins.at("template.report").file, "person");
+    EXPECT_EQ(configuration.origins.at("template.report.cycles").file, "person");
 }
 
 TEST(ConfigurationDirectory, isNamedByTheEnvironment)
