@@ -18,7 +18,7 @@ std::string namesOf()
 {
     std::string names;
     for (const Enumeration value : allCases<Enumeration>()) {
-        names.append(names.empty() ? "" : ", ").append(rawValue(value));
+        names.append(names.empty() ? "" : ", ").append(tomlText(rawValue(value)));
     }
     return names;
 }

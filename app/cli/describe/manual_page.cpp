@@ -115,7 +115,7 @@ void printKeys(std::ostream& out, const std::array<config::Key<Record>, count>& 
 void printManualConfiguration(std::ostream& out, const Command&)
 {
     printKeys(out, config::keys);
-    out << ".Pp\nA table\n.Ic [template.NAME]\nis a template for blocks. Its keys:\n.Pp\n";
+    out << ".Pp\nA table\n.Ic [template.NAME]\nis a template for blocks.\nIts keys:\n.Pp\n";
     printKeys(out, config::templateKeys);
     out << ".Pp\n";
 }

@@ -82,7 +82,7 @@ TEST(Setting, saysWhatItAccepts)
 {
     EXPECT_EQ(accepted(key("block.focus")), "a duration from 1 s to 366 d, such as \"25m\" or \"1h30m\"");
     EXPECT_EQ(accepted(key("block.cycles")), "a whole number from 1 to 1000");
-    EXPECT_EQ(accepted(key("clock")), "one of 12h, 24h");
+    EXPECT_EQ(accepted(key("clock")), "one of \"12h\", \"24h\"");
     EXPECT_EQ(accepted(key("directory")), "a path that begins with / or ~/");
 }
 

@@ -94,7 +94,7 @@ TEST_F(PresenterOfAPerson, saysWhatIsWrongWithTheConfiguration)
                          Drafts(person.stateHome()), std::nullopt, configuration)
             .message();
     };
-    const std::string sentence = "config.toml:1:9: clock must be one of 12h, 24h; it is left out.";
+    const std::string sentence = "config.toml:1:9: clock must be one of \"12h\", \"24h\"; it is left out.";
     EXPECT_EQ(messageFor(), sentence);
     config::add(configuration, "focus = 3", "config.toml");
     EXPECT_EQ(messageFor(), sentence + " quillmere config says what else is wrong there.");

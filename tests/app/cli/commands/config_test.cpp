@@ -130,7 +130,7 @@ TEST_F(Config, prefersTheVisualEditor)
 TEST_F(Config, checksTheFileAfterTheEditor)
 {
     const Ending ending = editsBy("printf 'clock = 3' >");
-    EXPECT_EQ(ending.err, file().string() + ":1:9: clock must be one of 12h, 24h; it is left out.\n");
+    EXPECT_EQ(ending.err, file().string() + ":1:9: clock must be one of \"12h\", \"24h\"; it is left out.\n");
     EXPECT_EQ(ending.out, "");
 }
 
