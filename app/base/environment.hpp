@@ -17,6 +17,8 @@ struct Environment {
     bool outputIsTerminal;  ///< colour may be used
     /// Versions, drafts and delivered notices are kept in it (XDG state home). Empty: they are not kept.
     std::filesystem::path stateHome = {};
+    /// The files of the configuration are in it. Empty: nothing is configured.
+    std::filesystem::path configDirectory = {};
     // The descriptors of `in`, `out` and `err`, for poll(2) and for child processes; -1: none.
     int input = -1;
     int output = -1;

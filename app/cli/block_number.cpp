@@ -4,6 +4,7 @@
 #include "base/text/local_time.hpp"
 #include "base/text/sanitize.hpp"
 #include "cli/exit_code.hpp"
+#include "cli/program.hpp"
 #include "cli/prompt.hpp"
 #include "work/naming.hpp"
 
@@ -27,21 +28,21 @@ std::size_t numberIn(const std::string& name)
 
 }  // namespace
 
-std::string blockInOneLine(const Block& block)
+std::string blockInOneLine(const Block& block, base::Hours hours)
 {
     const std::string title = block.outcomes.empty() ? "" : base::sanitized(block.outcomes.front().title);
-    return "the block of " + base::localText(block.completedAt.value_or(block.createdAt)) + ", " +
+    return "the block of " + base::localText(block.completedAt.value_or(block.createdAt), hours) + ", " +
            base::countText(std::ssize(block.sessions), "session") + (title.empty() ? "" : ": " + title);
 }
 
 std::string nameWithoutNumber(const std::string& name, bool commandAsks, const QuillmereState& state,
-                              base::Environment& environment)
+                              Program& program)
 {
     const std::size_t number = numberIn(name);
     if (number == 0) {
         return name;
     }
-    if (!environment.inputIsTerminal) {
+    if (!program.environment().inputIsTerminal) {
         throw ProgramError(ExitCode::usage,
                            "A number names a block only on a terminal, because it changes with every block "
                            "that is finished. Give the name that quillmere history prints.");
@@ -53,7 +54,8 @@ std::string nameWithoutNumber(const std::string& name, bool commandAsks, const Q
     }
     const Block& block = state.blockHistory[number - 1];
     if (!commandAsks) {
-        requireAgreement(environment, "This is " + blockInOneLine(block) + ". Is it meant?");
+        requireAgreement(program.environment(),
+                         "This is " + blockInOneLine(block, program.hours()) + ". Is it meant?");
     }
     const std::size_t point = std::min(name.find('.'), name.size());
     return work::shortName(block.id, state) + name.substr(point);

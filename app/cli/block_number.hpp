@@ -1,7 +1,7 @@
 // Blocks named by their number in the history, which only a person at a terminal may use.
 #pragma once
 
-#include "base/environment.hpp"
+#include "base/text/hours.hpp"
 
 #include <quillmere/records/quillmere_state.hpp>
 
@@ -9,8 +9,10 @@
 
 namespace quillmere::cli {
 
+class Program;
+
 /// The block in one line: when it finished, how many sessions it had, its first outcome.
-std::string blockInOneLine(const Block& block);
+std::string blockInOneLine(const Block& block, base::Hours hours);
 
 /// The name with a number replaced by the name of the block: 1 is the block that was finished last, 1.2 its
 /// second session. Any other text is returned as it is. The number of a block changes with every block that
@@ -18,6 +20,6 @@ std::string blockInOneLine(const Block& block);
 /// ProgramError
 /// (`usage`) without a terminal and for a number that no block has, and (`refused`) when the person says no.
 std::string nameWithoutNumber(const std::string& name, bool commandAsks, const QuillmereState& state,
-                              base::Environment& environment);
+                              Program& program);
 
 }  // namespace quillmere::cli

@@ -52,7 +52,7 @@ void defineCommandLine(CLI::App& line, Program& program)
              addAsk, addQuestions, addAnswer,
              addHistory, addReport, addAmend, addDelete, addReset, addUndo, addRedo, addRestore,
              addWidget, addBar, addAgent, addOpen,
-             addTick, addWatch, addTour, addDoctor}) {
+             addTick, addWatch, addTour, addConfig, addDoctor}) {
         // clang-format on
         add(line, program);
     }

@@ -50,7 +50,7 @@ std::string refusalText(const WorkflowError& error, Program& program)
 {
     return withSituation(
         [&](const workspace::Situation& situation) {
-            return work::refusalText(error, program.command, situation);
+            return work::refusalText(error, program.command, situation, program.hours());
         },
         error, program);
 }
@@ -58,8 +58,10 @@ std::string refusalText(const WorkflowError& error, Program& program)
 std::string refusalText(const amendments::Refusal& refusal, Program& program)
 {
     return withSituation(
-        [&](const workspace::Situation& situation) { return work::refusalText(refusal, situation); }, refusal,
-        program);
+        [&](const workspace::Situation& situation) {
+            return work::refusalText(refusal, situation, program.hours());
+        },
+        refusal, program);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "cli/run.hpp"
+#include "config/configuration.hpp"
 #include "workspace/state_home.hpp"
 
 #include <quillmere/store/wall_clock.hpp>
@@ -40,6 +41,7 @@ int main(int count, char** arguments)
         .inputIsTerminal = ::isatty(STDIN_FILENO) == 1,
         .outputIsTerminal = ::isatty(STDOUT_FILENO) == 1,
         .stateHome = quillmere::workspace::stateHomeOfThisUser(),
+        .configDirectory = quillmere::config::directoryOfThisUser(),
         .input = STDIN_FILENO,
         .output = STDOUT_FILENO,
         .error = STDERR_FILENO,

@@ -18,9 +18,22 @@ namespace quillmere::cli {
 
 workspace::Workspace Program::workspace() const
 {
-    return settings_.directory
-               ? workspace::Workspace::in(*settings_.directory, environment_.clock, environment_.stateHome)
-               : workspace::Workspace::ofThisUser(environment_.clock, environment_.stateHome);
+    const std::filesystem::path directory =
+        settings_.directory ? *settings_.directory : config::expanded(configuration().values.directory);
+    return directory.empty()
+               ? workspace::Workspace::ofThisUser(environment_.clock, environment_.stateHome)
+               : workspace::Workspace::in(directory, environment_.clock, environment_.stateHome);
+}
+
+const config::Configuration& Program::readConfiguration(bool saysProblems) const
+{
+    if (!configuration_) {
+        configuration_ = config::read(environment_.configDirectory);
+        for (const config::Problem& problem : configuration_->problems) {
+            warn(saysProblems ? config::problemText(problem) : "");
+        }
+    }
+    return *configuration_;
 }
 
 void Program::change(std::string_view done, const workspace::Operation& operation)
@@ -92,10 +105,10 @@ void Program::printChange(std::string_view done, const workspace::Situation& sit
         return;
     }
     environment_.out << done << "\n\n";
-    printStatus(environment_.out, situation, style());
+    printStatus(environment_.out, situation, style(), hours());
 }
 
-void Program::warn(const std::string& warning)
+void Program::warn(const std::string& warning) const
 {
     if (!warning.empty()) {
         environment_.err << (settings_.json ? base::jsonLine({{"warning", warning}})
@@ -109,7 +122,7 @@ void Program::reportEvents(const std::vector<workspace::Event>& events)
     events_.insert(events_.end(), events.begin(), events.end());
     if (!settings_.json) {
         for (const workspace::Event& event : events) {
-            environment_.err << work::eventText(event, environment_.clock()) << '\n';
+            environment_.err << work::eventText(event, {environment_.clock(), hours()}) << '\n';
         }
     }
 }

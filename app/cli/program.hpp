@@ -3,8 +3,10 @@
 
 #include "base/environment.hpp"
 #include "base/json.hpp"
+#include "base/text/hours.hpp"
 #include "base/text/style.hpp"
 #include "cli/exit_code.hpp"
+#include "config/configuration.hpp"
 #include "workspace/workspace.hpp"
 
 #include <filesystem>
@@ -44,6 +46,14 @@ public:
     ExitCode exitCode = ExitCode::done;
 
     workspace::Workspace workspace() const;
+
+    /// The configuration, read when it is first needed. What is wrong with it is said then, as a warning.
+    const config::Configuration& configuration() const { return readConfiguration(true); }
+    /// The same for a surface that says by itself what is wrong.
+    const config::Configuration& configurationInSilence() const { return readConfiguration(false); }
+
+    /// How the person reads times.
+    base::Hours hours() const { return configuration().values.hours; }
     base::Style style() const { return base::Style(base::wantsColour(environment_.outputIsTerminal)); }
 
     /// Applies an operation to the files, then prints `done` and the status.
@@ -81,13 +91,15 @@ private:
                                const workspace::ChangeManner& manner = {});
     void printChange(std::string_view done, const workspace::Situation& situation);
     /// Prints a warning, unless it is empty.
-    void warn(const std::string& warning);
+    void warn(const std::string& warning) const;
+    const config::Configuration& readConfiguration(bool saysProblems) const;
 
     /// Remembers recorded events. Prints them at once for a person; JSON has them in the result.
     void reportEvents(const std::vector<workspace::Event>& events);
 
     base::Environment& environment_;
     Settings settings_;
+    mutable std::optional<config::Configuration> configuration_;  ///< absent until it is needed
     std::vector<workspace::Event> events_;
     bool isCarriedOut_ = false;
 };

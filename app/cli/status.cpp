@@ -31,11 +31,11 @@ void printQuestions(std::ostream& out, std::size_t count)
     }
 }
 
-void printSchedule(std::ostream& out, const std::optional<work::ScheduleView>& schedule)
+void printSchedule(std::ostream& out, const std::optional<work::ScheduleView>& schedule, base::Hours hours)
 {
     if (schedule) {
-        out << "A block is scheduled: " << base::localText(schedule->start) << " to "
-            << base::localText(schedule->end) << '\n';
+        out << "A block is scheduled: " << base::localText(schedule->start, hours) << " to "
+            << base::localText(schedule->end, hours) << '\n';
     }
 }
 
@@ -84,14 +84,15 @@ void printHeadline(std::ostream& out, const WidgetSnapshot& snapshot, Instant no
     }
 }
 
-void printStatus(std::ostream& out, const workspace::Situation& situation, const base::Style& style)
+void printStatus(std::ostream& out, const workspace::Situation& situation, const base::Style& style,
+                 base::Hours hours)
 {
     const work::SituationView view = work::SituationView::of(situation);
     printHeadline(out, WidgetSnapshot::make(situation.state, situation.now), situation.now,
                   view.timer ? std::optional(view.timer->usedShare) : std::nullopt, style);
     printField(out, "Outcome", view.intendedOutcome);
     printField(out, "First action", view.firstAction);
-    printSchedule(out, view.schedule);
+    printSchedule(out, view.schedule, hours);
     printQuestions(out, view.openQuestionCount);
     printNextCommands(out, view, style);
 }

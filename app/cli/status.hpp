@@ -1,6 +1,7 @@
 // Where the work stands, in the words and figures of the widget's summary.
 #pragma once
 
+#include "base/text/hours.hpp"
 #include "cli/program.hpp"
 
 #include <iosfwd>
@@ -9,7 +10,8 @@ namespace quillmere::cli {
 
 base::Json statusJson(const workspace::Situation& situation);
 
-void printStatus(std::ostream& out, const workspace::Situation& situation, const base::Style& style);
+void printStatus(std::ostream& out, const workspace::Situation& situation, const base::Style& style,
+                 base::Hours hours);
 
 /// The phase, the caption and, while a timer runs, the time left and a bar: the first lines of what a
 /// person and a widget see. The bar shows `progress`.

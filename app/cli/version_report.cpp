@@ -94,10 +94,10 @@ std::optional<ListedVersion> VersionWalk::next(const workspace::Version& version
     return listed;
 }
 
-std::string versionText(const ListedVersion& listed)
+std::string versionText(const ListedVersion& listed, base::Hours hours)
 {
     return base::sanitized(std::to_string(listed.version.number) + "  " +
-                           base::localTextToTheSecond(listed.version.savedAt) + "  " +
+                           base::localTextToTheSecond(listed.version.savedAt, hours) + "  " +
                            contentText(listed.content));
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/json.hpp"
+#include "base/text/hours.hpp"
 #include "work/describe.hpp"
 #include "workspace/workspace.hpp"
 
@@ -46,7 +47,7 @@ private:
 };
 
 /// "2  2026-11-15 15:01:00  Focus, 0 finished blocks: Outline", sanitized.
-std::string versionText(const ListedVersion& listed);
+std::string versionText(const ListedVersion& listed, base::Hours hours);
 
 /// "    then: focus session 1 paused", sanitized; empty when nothing is known to have replaced the version.
 std::string replacementText(const ListedVersion& listed);

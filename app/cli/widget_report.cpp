@@ -55,8 +55,10 @@ base::Json widgetJson(const WidgetSnapshot& snapshot, Instant now)
     return json;
 }
 
-void printWidget(std::ostream& out, const WidgetSnapshot& snapshot, Instant now, const base::Style& style)
+void printWidget(std::ostream& out, const WidgetSnapshot& snapshot, const base::SeenFrom& here,
+                 const base::Style& style)
 {
+    const Instant now = here.now;
     printHeadline(out, snapshot, now, snapshot.sessionProgress(now), style);
     printField(out, "Outcome", snapshot.intendedOutcome);
     printField(out, "First action", snapshot.firstAction);
@@ -72,10 +74,10 @@ void printWidget(std::ostream& out, const WidgetSnapshot& snapshot, Instant now,
     }
     out << "Timeline:";
     for (const WidgetTimelinePlan::Entry& entry : WidgetTimelinePlan::entries(snapshot, now)) {
-        out << "  " << base::localTextSeenFrom(now, entry.date) << ' ' << entryText(entry);
+        out << "  " << base::localTextSeenFrom(here, entry.date) << ' ' << entryText(entry);
     }
-    out << "  (asks again at " << base::localTextSeenFrom(now, WidgetTimelinePlan::refreshDate(snapshot, now))
-        << ")\n";
+    out << "  (asks again at "
+        << base::localTextSeenFrom(here, WidgetTimelinePlan::refreshDate(snapshot, now)) << ")\n";
 }
 
 }  // namespace quillmere::cli

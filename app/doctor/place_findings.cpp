@@ -21,6 +21,7 @@ std::string reasonOf(Origin origin)
 {
     switch (origin) {
         case Origin::option: return "chosen by --directory";
+        case Origin::configuration: return "chosen by the configuration";
         case Origin::dataHome: return "in XDG_DATA_HOME";
         case Origin::home: break;
     }

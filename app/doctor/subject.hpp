@@ -15,9 +15,10 @@ namespace quillmere::doctor {
 
 /// How the directory of the files was chosen.
 enum class Origin {
-    option,    ///< named by the person: --directory
-    dataHome,  ///< XDG_DATA_HOME
-    home,      ///< HOME
+    option,         ///< named by the person: --directory
+    configuration,  ///< named in the configuration
+    dataHome,       ///< XDG_DATA_HOME
+    home,           ///< HOME
 };
 
 /// The origin of the directory of this user's files when no option names one.

@@ -11,11 +11,11 @@ namespace chrono = std::chrono;
 
 }  // namespace
 
-Day firstOf(Unit unit, Day day)
+Day firstOf(Unit unit, Day day, chrono::weekday weekBegins)
 {
     switch (unit) {
         case Unit::day: break;
-        case Unit::week: return day - (chrono::weekday(day) - chrono::Monday);
+        case Unit::week: return day - (chrono::weekday(day) - weekBegins);
         case Unit::month: {
             const chrono::year_month_day date(day);
             return Day(chrono::local_days(date.year() / date.month() / 1));
@@ -24,12 +24,13 @@ Day firstOf(Unit unit, Day day)
     return day;
 }
 
-Day LocalCalendar::dayOf(Instant instant)
+Day LocalCalendar::dayOf(Instant instant) const
 {
     const std::tm fields = base::localFields(instant);
-    return Day(chrono::local_days(chrono::year(fields.tm_year + 1900) /
-                                  chrono::month(static_cast<unsigned>(fields.tm_mon + 1)) /
-                                  chrono::day(static_cast<unsigned>(fields.tm_mday))));
+    const Day date(chrono::local_days(chrono::year(fields.tm_year + 1900) /
+                                      chrono::month(static_cast<unsigned>(fields.tm_mon + 1)) /
+                                      chrono::day(static_cast<unsigned>(fields.tm_mday))));
+    return fields.tm_hour < beginsAtHour_ ? date - oneDay : date;
 }
 
 Instant LocalCalendar::startOf(Day day)
@@ -43,7 +44,7 @@ Instant LocalCalendar::startOf(Day day)
     constexpr std::int64_t farthest = 25 * 3600;
     const std::int64_t midnight = std::int64_t{number} * 86'400;
     std::int64_t before = midnight - farthest;
-    std::int64_t start = midnight + farthest;
+    std::int64_t start = midnight + farthest + std::int64_t{beginsAtHour_} * 3600;
     while (start - before > 1) {
         const std::int64_t middle = before + (start - before) / 2;
         (dayOf(Instant(static_cast<double>(middle))) >= day ? start : before) = middle;

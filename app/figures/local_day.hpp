@@ -12,17 +12,21 @@ namespace quillmere::figures {
 using Day = std::chrono::local_days;
 inline constexpr std::chrono::days oneDay(1);
 
-/// Figures are summed up by these. Weeks begin on Monday (ISO 8601).
+/// Figures are summed up by these.
 enum class Unit { day, week, month };
 
-/// The first day of the day, week or month that contains `day`.
-Day firstOf(Unit unit, Day day);
+/// The first day of the day, week or month that contains `day`. Weeks begin on Monday (ISO 8601) unless
+/// another day is given.
+Day firstOf(Unit unit, Day day, std::chrono::weekday weekBegins = std::chrono::Monday);
 
 /// The start of days in the local time zone. A day has 23 or 25 hours when the clocks change, and it starts
 /// at 01:00 where they skip midnight.
 class LocalCalendar {
 public:
-    static Day dayOf(Instant instant);
+    /// Days that begin at this hour: time before it belongs to the day before.
+    explicit LocalCalendar(int beginsAtHour = 0) : beginsAtHour_(beginsAtHour) {}
+
+    Day dayOf(Instant instant) const;
 
     /// The first instant of a day, or of the next day if the zone skipped the whole day.
     Instant startOf(Day day);
@@ -43,6 +47,7 @@ public:
     }
 
 private:
+    int beginsAtHour_;
     std::unordered_map<std::chrono::days::rep, double> starts_;  ///< cache of startOf, in seconds since 1970
 };
 

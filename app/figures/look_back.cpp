@@ -60,10 +60,11 @@ const std::vector<Period>& LookBack::periods(Unit unit) const
 
 std::vector<Period> lastPeriods(const LookBack& look, Unit unit, std::size_t most)
 {
-    const Day start = firstOf(unit, firstChartDay(look));
+    const auto beginningOf = [&](Day day) { return firstOf(unit, day, look.habits.weekBegins); };
+    const Day start = beginningOf(firstChartDay(look));
     std::vector<Period> row;
-    for (Day first = firstOf(unit, lastChartDay(look)); first >= start && row.size() < most;
-         first = firstOf(unit, first - oneDay)) {
+    for (Day first = beginningOf(lastChartDay(look)); first >= start && row.size() < most;
+         first = beginningOf(first - oneDay)) {
         const Tally* const tally = tallyOf(look.periods(unit), first);
         row.push_back({.first = first, .tally = tally ? *tally : Tally{}});
     }
@@ -77,13 +78,34 @@ double focusOn(const LookBack& look, Day day)
     return tally ? tally->focusSeconds : 0;
 }
 
+std::optional<GoalFigures> goalOf(const LookBack& look)
+{
+    const std::optional<double>& goal = look.habits.dailyGoalSeconds;
+    if (!goal) {
+        return std::nullopt;
+    }
+    GoalFigures figures{.seconds = *goal, .days = 0, .reachedDays = 0, .todaySeconds = std::nullopt};
+    if (look.range.contains(look.today)) {
+        figures.todaySeconds = focusOn(look, look.today);
+    }
+    for (Day day = firstChartDay(look); day <= lastChartDay(look); day += oneDay) {
+        const bool isReached = focusOn(look, day) >= *goal;
+        const bool isOver = day != look.today;
+        if (!look.habits.isDayOff(day) && (isReached || isOver)) {
+            ++figures.days;
+            figures.reachedDays += isReached ? 1 : 0;
+        }
+    }
+    return figures;
+}
+
 HeatMap heatMapOf(const LookBack& look, std::size_t weeks)
 {
     const Day last = lastChartDay(look);
-    const Day monday =
-        firstOf(Unit::week, last) - std::chrono::weeks(static_cast<std::chrono::weeks::rep>(weeks) - 1);
-    HeatMap map{.firstMonday = monday,
-                .firstDay = std::max(monday, look.range.since.value_or(monday)),
+    const Day first = firstOf(Unit::week, last, look.habits.weekBegins) -
+                      std::chrono::weeks(static_cast<std::chrono::weeks::rep>(weeks) - 1);
+    HeatMap map{.firstWeek = first,
+                .firstDay = std::max(first, look.range.since.value_or(first)),
                 .lastDay = last,
                 .weeks = weeks,
                 .mostSeconds = 0};

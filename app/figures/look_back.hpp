@@ -1,6 +1,7 @@
 // The figures of a look back; every report shows these.
 #pragma once
 
+#include "figures/habits.hpp"
 #include "figures/local_day.hpp"
 
 #include <quillmere/records/quillmere_state.hpp>
@@ -94,17 +95,18 @@ struct BetweenSessions {
     double plannedMedianSeconds = 0;  ///< of the breaks planned in the same blocks
 };
 
-/// Consecutive days with focus.
+/// Days with focus that only days off without focus lie between.
 struct Streak {
     Day first;
-    std::int64_t days;
-    Day last() const { return first + std::chrono::days(days - 1); }
+    Day last;
+    std::int64_t days;  ///< with focus
 };
 
 /// Everything within the range. Ended sessions count, also those of the current block.
 struct LookBack {
     Range range;
     Day today;
+    Habits habits = {};
     Tally total = {};
     std::vector<Period> days = {};    ///< those with a figure other than zero, in order
     std::vector<Period> weeks = {};   ///< the same
@@ -116,7 +118,7 @@ struct LookBack {
     ByRating byMorale{};
     BetweenSessions between = {};
     std::optional<Streak> longestStreak = {};  ///< the latest of equally long ones
-    /// The streak that ends today or yesterday. Yesterday counts too, because today is not over.
+    /// The streak that today may continue or has continued: today is not over.
     std::optional<Streak> currentStreak = {};
 
     const std::vector<Period>& periods(Unit unit) const;
@@ -126,10 +128,21 @@ struct LookBack {
 /// They begin no earlier than the range, or than the first figure if the range has no start.
 std::vector<Period> lastPeriods(const LookBack& look, Unit unit, std::size_t most);
 
+/// Days with a goal, up to today or the end of the range.
+struct GoalFigures {
+    double seconds;                      ///< the goal of a day
+    std::int64_t days;                   ///< with a goal; today only once it is reached
+    std::int64_t reachedDays;            ///< with that much focus
+    std::optional<double> todaySeconds;  ///< focus so far; absent when today is outside the range
+};
+
+/// Absent without a goal.
+std::optional<GoalFigures> goalOf(const LookBack& look);
+
 /// Days in columns of weeks; the last week contains `lastDay`.
 struct HeatMap {
-    Day firstMonday;
-    Day firstDay;  ///< of the range, or the first Monday
+    Day firstWeek;  ///< its first day
+    Day firstDay;   ///< of the range, or of the first week
     Day lastDay;
     std::size_t weeks;
     double mostSeconds;  ///< focus of the best day

@@ -64,7 +64,7 @@ void forEachBlock(const QuillmereState& state, Visit visit)
     }
 }
 
-std::vector<EndedSession> endedSessions(const QuillmereState& state)
+std::vector<EndedSession> endedSessions(const QuillmereState& state, const LocalCalendar& calendar)
 {
     std::vector<EndedSession> sessions;
     forEachBlock(state, [&](const Block& block) {
@@ -72,7 +72,7 @@ std::vector<EndedSession> endedSessions(const QuillmereState& state)
             if (session.endedAt) {
                 sessions.push_back({.block = &block,
                                     .session = &session,
-                                    .day = LocalCalendar::dayOf(session.startedAt),
+                                    .day = calendar.dayOf(session.startedAt),
                                     .time = timeOf(session),
                                     .settledAt = block.completedAt.value_or(state.updatedAt)});
             }
@@ -86,9 +86,8 @@ std::vector<EndedSession> endedSessions(const QuillmereState& state)
 }
 
 /// The figures by day, within the range.
-Tallies dayTallies(const std::vector<EndedSession>& sessions, const Range& range)
+Tallies dayTallies(const std::vector<EndedSession>& sessions, const Range& range, LocalCalendar& calendar)
 {
-    LocalCalendar calendar;
     Tallies tallies;
     for (const EndedSession& ended : sessions) {
         if (range.contains(ended.day)) {
@@ -107,11 +106,11 @@ Tallies dayTallies(const std::vector<EndedSession>& sessions, const Range& range
 }
 
 /// Sums the days up by week or month, in order.
-std::vector<Period> summedUp(const Tallies& days, Unit unit)
+std::vector<Period> summedUp(const Tallies& days, Unit unit, std::chrono::weekday weekBegins)
 {
     std::vector<Period> periods;
     for (const auto& [day, tally] : days) {
-        const Day first = firstOf(unit, day);
+        const Day first = firstOf(unit, day, weekBegins);
         if (periods.empty() || periods.back().first != first) {
             periods.push_back({.first = first, .tally = {}});
         }
@@ -138,7 +137,8 @@ double medianOf(std::vector<double>& values)
     return *middle;
 }
 
-BetweenSessions betweenSessions(const QuillmereState& state, const Range& range)
+BetweenSessions betweenSessions(const QuillmereState& state, const Range& range,
+                                const LocalCalendar& calendar)
 {
     BetweenSessions between;
     std::vector<double> gaps;
@@ -147,7 +147,7 @@ BetweenSessions betweenSessions(const QuillmereState& state, const Range& range)
         for (std::size_t index = 1; index < block.sessions.size(); ++index) {
             const std::optional<Instant>& end = block.sessions[index - 1].endedAt;
             const Instant start = block.sessions[index].startedAt;
-            if (end && start >= *end && range.contains(LocalCalendar::dayOf(start))) {
+            if (end && start >= *end && range.contains(calendar.dayOf(start))) {
                 gaps.push_back(start - *end);
                 planned.push_back(block.breakDurationSeconds);
                 between.totalSeconds += gaps.back();
@@ -160,6 +160,16 @@ BetweenSessions betweenSessions(const QuillmereState& state, const Range& range)
     return between;
 }
 
+/// Whether only days off lie between the two days.
+bool follows(Day later, Day earlier, const Habits& habits)
+{
+    Day between = earlier + oneDay;
+    while (between < later && habits.isDayOff(between)) {
+        between += oneDay;
+    }
+    return between == later;
+}
+
 void findStreaks(LookBack& look)
 {
     std::optional<Streak> streak;
@@ -168,15 +178,16 @@ void findStreaks(LookBack& look)
             continue;
         }
         ++look.focusDays;
-        if (streak && day.first == streak->last() + oneDay) {
+        if (streak && follows(day.first, streak->last, look.habits)) {
+            streak->last = day.first;
             ++streak->days;
         } else {
-            streak = Streak{.first = day.first, .days = 1};
+            streak = Streak{.first = day.first, .last = day.first, .days = 1};
         }
         if (!look.longestStreak || streak->days >= look.longestStreak->days) {
             look.longestStreak = streak;
         }
-        if (day.first == look.today || day.first == look.today - oneDay) {
+        if (day.first == look.today || follows(look.today, day.first, look.habits)) {
             look.currentStreak = streak;
         }
     }
@@ -184,16 +195,17 @@ void findStreaks(LookBack& look)
 
 }  // namespace
 
-LookBack statistics(const QuillmereState& state, const Range& range, Day today)
+LookBack statistics(const QuillmereState& state, const Range& range, Day today, const Habits& habits)
 {
-    LookBack look{.range = range, .today = today};
-    look.sessions = endedSessions(state);
-    const Tallies days = dayTallies(look.sessions, range);
+    LookBack look{.range = range, .today = today, .habits = habits};
+    LocalCalendar calendar(habits.dayBeginsAtHour);
+    look.sessions = endedSessions(state, calendar);
+    const Tallies days = dayTallies(look.sessions, range, calendar);
     // Only now: the focus of a session that began before the range may extend into it.
     std::erase_if(look.sessions, [&](const EndedSession& ended) { return !range.contains(ended.day); });
-    look.days = summedUp(days, Unit::day);
-    look.weeks = summedUp(days, Unit::week);
-    look.months = summedUp(days, Unit::month);
+    look.days = summedUp(days, Unit::day, habits.weekBegins);
+    look.weeks = summedUp(days, Unit::week, habits.weekBegins);
+    look.months = summedUp(days, Unit::month, habits.weekBegins);
     for (const Period& month : look.months) {
         addTo(look.total, month.tally);
     }
@@ -204,7 +216,7 @@ LookBack statistics(const QuillmereState& state, const Range& range, Day today)
             addByRating(look.byMorale, ended.session->plan.morale, review->completion);
         }
     }
-    look.between = betweenSessions(state, range);
+    look.between = betweenSessions(state, range, calendar);
     findStreaks(look);
     return look;
 }

@@ -10,6 +10,6 @@ namespace quillmere::figures {
 ///
 /// The records do not say when a session was paused. Its focus time is taken to be continuous from its start,
 /// so the division at a midnight is exact only for sessions without pauses.
-LookBack statistics(const QuillmereState& state, const Range& range, Day today);
+LookBack statistics(const QuillmereState& state, const Range& range, Day today, const Habits& habits = {});
 
 }  // namespace quillmere::figures

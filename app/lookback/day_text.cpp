@@ -29,10 +29,11 @@ struct IsoWeek {
     int number;
 };
 
-IsoWeek isoWeekOf(Day day)
+IsoWeek isoWeekOf(Day firstDay)
 {
-    // The Thursday of a week lies in the year to which the week belongs.
-    const Day thursday = figures::firstOf(Unit::week, day) + chrono::days(3);
+    // The middle of the week lies in the week of ISO 8601 that has most of its days, and the Thursday of that
+    // lies in the year to which it belongs.
+    const Day thursday = figures::firstOf(Unit::week, firstDay + chrono::days(3)) + chrono::days(3);
     const chrono::year year = chrono::year_month_day(thursday).year();
     const Day newYear(chrono::local_days(year / chrono::January / 1));
     return {.year = static_cast<int>(year), .number = static_cast<int>((thursday - newYear).count() / 7 + 1)};
@@ -66,25 +67,25 @@ std::optional<Day> dateOf(std::string_view text)
 
 }  // namespace
 
-std::string labelOf(figures::Unit unit, figures::Day day)
+std::string labelOf(figures::Unit unit, figures::Day first)
 {
     if (unit == Unit::week) {
-        const IsoWeek week = isoWeekOf(day);
+        const IsoWeek week = isoWeekOf(first);
         return padded(week.year, 4) + "-W" + padded(week.number, 2);
     }
-    const chrono::year_month_day date(day);
+    const chrono::year_month_day date(first);
     const std::string month = padded(static_cast<int>(date.year()), 4) + "-" +
                               padded(static_cast<int>(static_cast<unsigned>(date.month())), 2);
     return unit == Unit::month ? month
                                : month + "-" + padded(static_cast<int>(static_cast<unsigned>(date.day())), 2);
 }
 
-std::string shortLabelOf(figures::Unit unit, figures::Day day)
+std::string shortLabelOf(figures::Unit unit, figures::Day first)
 {
     if (unit == Unit::week) {
-        return "W" + std::to_string(isoWeekOf(day).number);
+        return "W" + std::to_string(isoWeekOf(first).number);
     }
-    const chrono::year_month_day date(day);
+    const chrono::year_month_day date(first);
     const std::string month(monthNames[static_cast<unsigned>(date.month()) - 1]);
     return unit == Unit::month ? month
                                : std::to_string(static_cast<unsigned>(date.day())).append(" ").append(month);

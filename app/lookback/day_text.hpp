@@ -9,11 +9,12 @@
 
 namespace quillmere::lookback {
 
-/// "2026-11-15", "2026-W46", "2026-11". A week belongs to the year that has most of its days.
-std::string labelOf(figures::Unit unit, figures::Day day);
+/// "2026-11-15", "2026-W46", "2026-11": the day, the week that begins on `first`, its month. A week has the
+/// number of the week of ISO 8601 with most of its days, and belongs to the year that has most of them.
+std::string labelOf(figures::Unit unit, figures::Day first);
 
 /// The same without the year, for narrow charts: "15 Nov", "W46", "Nov".
-std::string shortLabelOf(figures::Unit unit, figures::Day day);
+std::string shortLabelOf(figures::Unit unit, figures::Day first);
 
 /// "Sun".
 std::string_view weekdayText(figures::Day day);

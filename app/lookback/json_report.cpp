@@ -73,7 +73,19 @@ base::Json streakJson(const std::optional<figures::Streak>& streak)
     }
     return {{"days", streak->days},
             {"first", labelOf(figures::Unit::day, streak->first)},
-            {"last", labelOf(figures::Unit::day, streak->last())}};
+            {"last", labelOf(figures::Unit::day, streak->last)}};
+}
+
+base::Json goalJson(const std::optional<figures::GoalFigures>& goal)
+{
+    if (!goal) {
+        return nullptr;
+    }
+    return {{"seconds", wholeSeconds(goal->seconds)},
+            {"days", goal->days},
+            {"reached_days", goal->reachedDays},
+            {"today_seconds",
+             goal->todaySeconds ? base::Json(wholeSeconds(*goal->todaySeconds)) : base::Json(nullptr)}};
 }
 
 }  // namespace
@@ -98,6 +110,7 @@ base::Json lookBackJson(const figures::LookBack& look)
            anyBetween ? base::Json(wholeSeconds(between.plannedMedianSeconds)) : base::Json(nullptr)}}},
         {"current_streak", streakJson(look.currentStreak)},
         {"longest_streak", streakJson(look.longestStreak)},
+        {"goal", goalJson(figures::goalOf(look))},
         {"by_energy", byRatingJson(look.byEnergy)},
         {"by_morale", byRatingJson(look.byMorale)},
         {"days", periodsJson(look, figures::Unit::day, "day")},

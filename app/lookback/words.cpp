@@ -21,11 +21,20 @@ std::string streakText(const figures::LookBack& look)
     const std::string now =
         look.currentStreak ? base::countText(look.currentStreak->days, "day") + " by now" : "";
     const figures::Streak& longest = *look.longestStreak;
-    const std::string days = longest.days == 1 ? labelOf(figures::Unit::day, longest.first)
-                                               : labelOf(figures::Unit::day, longest.first) + " to " +
-                                                     labelOf(figures::Unit::day, longest.last());
+    const std::string days =
+        longest.first == longest.last
+            ? labelOf(figures::Unit::day, longest.first)
+            : labelOf(figures::Unit::day, longest.first) + " to " + labelOf(figures::Unit::day, longest.last);
     return (now.empty() ? "" : now + ", ") + "longest " + base::countText(longest.days, "day") + " (" + days +
            ")";
+}
+
+/// "4 h a day, reached on 12 of 20 days; today 1 h 40 min".
+std::string goalText(const figures::GoalFigures& goal)
+{
+    return focusText(goal.seconds) + " a day, reached on " + std::to_string(goal.reachedDays) + " of " +
+           base::countText(goal.days, "day") +
+           (goal.todaySeconds ? "; today " + focusText(*goal.todaySeconds) : "");
 }
 
 std::string completionFact(const figures::Completions& completions)
@@ -116,6 +125,9 @@ std::vector<Fact> factsOf(const figures::LookBack& look)
                                            : focusText(all.pausedSeconds) + " in " +
                                                  base::countText(all.pausedSessions, "session")},
     };
+    if (const std::optional<figures::GoalFigures> goal = figures::goalOf(look)) {
+        facts.insert(facts.begin() + 1, {"Goal", goalText(*goal)});
+    }
     if (look.between.count > 0) {
         facts.push_back({"Between", "median " + focusText(look.between.medianSeconds) +
                                         " between sessions of a block, planned " +

@@ -263,7 +263,7 @@ void Watch::print(const StandingEvent& event)
         output_.say(
             base::jsonLine({{"event", work::eventName(event.kind)}, {"at", base::instantJson(event.at)}}));
     } else {
-        output_.say(base::localTextSeenFrom(situation().now, event.at) + "  " +
+        output_.say(base::localTextSeenFrom({situation().now, settings_.hours}, event.at) + "  " +
                     std::string(work::eventHeading(event.kind)) + (event.text.empty() ? "" : ": ") +
                     event.text);
     }

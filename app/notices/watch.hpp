@@ -5,6 +5,7 @@
 #include "base/moment.hpp"
 #include "base/system/line_writer.hpp"
 #include "base/system/wait.hpp"
+#include "base/text/hours.hpp"
 #include "notices/delivery_log.hpp"
 #include "notices/error_throttle.hpp"
 #include "notices/notifier.hpp"
@@ -25,8 +26,9 @@ struct WatchSettings {
     bool once = false;  ///< deliver the events that stand now, then end
     bool json = false;  ///< print events for programs
     Urgency urgency = Urgency::normal;
-    std::vector<std::string> hooks = {};  ///< shell commands
-    std::string opener = "xdg-open";      ///< the program that opens links
+    std::vector<std::string> hooks = {};          ///< shell commands
+    std::string opener = "xdg-open";              ///< the program that opens links
+    base::Hours hours = base::Hours::twentyFour;  ///< for the log
     /// With other processes that hold the lock of the files.
     std::chrono::milliseconds lockPatience = workspace::DirectoryLock::usualPatience;
 };

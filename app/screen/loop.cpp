@@ -120,7 +120,7 @@ bool hasScreen(const base::Environment& environment)
 }
 
 void showScreen(const workspace::Workspace& workspace, const base::Environment& environment,
-                std::optional<WidgetRoute> route)
+                std::optional<WidgetRoute> route, const config::Configuration& configuration)
 {
     if (!environment.inputIsTerminal || !environment.outputIsTerminal) {
         throw base::Refusal(base::Refusal::Kind::invalidRequest,
@@ -129,7 +129,7 @@ void showScreen(const workspace::Workspace& workspace, const base::Environment& 
     int ending = 0;
     {
         const base::HeldSignals signals{SIGTERM, SIGHUP, SIGINT, SIGQUIT, SIGTSTP, SIGCONT, SIGWINCH};
-        Screen screen(workspace, work::Drafts(workspace.stateDirectory()), route);
+        Screen screen(workspace, work::Drafts(workspace.stateDirectory()), route, configuration);
         Terminal terminal;
         const CrashHandler crashHandler;
         ending = Loop(screen, terminal, signals, environment.clock).run();

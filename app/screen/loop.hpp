@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/environment.hpp"
+#include "config/configuration.hpp"
 #include "workspace/workspace.hpp"
 
 #include <quillmere/widget/widget_route.hpp>
@@ -15,6 +16,6 @@ bool hasScreen(const base::Environment& environment);
 /// `route`. Throws Refusal without a terminal. An ending signal ends the process after the terminal is
 /// restored.
 void showScreen(const workspace::Workspace& workspace, const base::Environment& environment,
-                std::optional<WidgetRoute> route);
+                std::optional<WidgetRoute> route, const config::Configuration& configuration);
 
 }  // namespace quillmere::screen

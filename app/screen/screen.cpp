@@ -32,8 +32,9 @@ void adopt(std::optional<FormEditor>& editor, const std::shared_ptr<work::Form>&
 
 }  // namespace
 
-Screen::Screen(workspace::Workspace workspace, work::Drafts drafts, std::optional<WidgetRoute> route)
-    : presenter_(std::move(workspace), std::move(drafts), route)
+Screen::Screen(workspace::Workspace workspace, work::Drafts drafts, std::optional<WidgetRoute> route,
+               const config::Configuration& configuration)
+    : presenter_(std::move(workspace), std::move(drafts), route, configuration)
 {
     follow(std::nullopt);
 }

@@ -14,7 +14,8 @@ namespace quillmere::screen {
 class Screen {
 public:
     /// As the presenter: opens on the page of the state.
-    Screen(workspace::Workspace workspace, work::Drafts drafts, std::optional<WidgetRoute> route);
+    Screen(workspace::Workspace workspace, work::Drafts drafts, std::optional<WidgetRoute> route,
+           const config::Configuration& configuration = {});
 
     /// For poll(2): readable when `refresh` is due.
     int descriptor() const { return presenter_.descriptor(); }

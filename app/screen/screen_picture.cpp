@@ -153,13 +153,13 @@ Canvas Screen::picture(Charset charset) const
     } else if (const FormEditor* const current = form()) {
         current->draw(canvas, area, {.accent = surrounding.accent, .bold = true});
     } else if (page_ == Page::questions) {
-        drawQuestions(canvas, area, situation(), chosenQuestion_, scrolledRows_);
+        drawQuestions(canvas, area, situation(), chosenQuestion_, scrolledRows_, presenter_.hours());
     } else if (page_ == Page::keys) {
         drawKeyList(canvas, area, allKeys(), {.accent = surrounding.accent, .bold = true});
     } else if (const auto view = work::SituationView::of(situation()); view.timer) {
         drawCountdown(canvas, area, view);
     } else {
-        drawIdle(canvas, area, situation());
+        drawIdle(canvas, area, situation(), presenter_.hours());
     }
     return canvas;
 }

@@ -51,15 +51,15 @@ std::string waitingQuestionsText(std::size_t count)
                       : base::countText(static_cast<std::int64_t>(count), "question") + " wait";
 }
 
-std::string eventText(EventKind kind, Instant at, Instant now)
+std::string eventText(EventKind kind, Instant at, const base::SeenFrom& here)
 {
     const EventRow& row = rowOf(eventRows, kind);
-    return std::string(row.article) + " " + changeText({.kind = row.change, .at = at}, now) + ".";
+    return std::string(row.article) + " " + changeText({.kind = row.change, .at = at}, here) + ".";
 }
 
-std::string eventText(const workspace::Event& event, Instant now)
+std::string eventText(const workspace::Event& event, const base::SeenFrom& here)
 {
-    return eventText(kindOf(event), event.at, now);
+    return eventText(kindOf(event), event.at, here);
 }
 
 }  // namespace quillmere::work

@@ -1,6 +1,7 @@
 // The names and texts of events, for every surface.
 #pragma once
 
+#include "base/text/local_time.hpp"
 #include "workspace/catching_up.hpp"
 
 #include <cstddef>
@@ -23,8 +24,9 @@ std::string_view eventHeading(EventKind kind);
 /// The heading for several questions at once: "3 questions wait". For one it is the heading of its event.
 std::string waitingQuestionsText(std::size_t count);
 
-/// A sentence with the local time, as short as it is clear at `now`: "The focus session ended at 15:25."
-std::string eventText(EventKind kind, Instant at, Instant now);
-std::string eventText(const workspace::Event& event, Instant now);
+/// A sentence with the local time, as short as it is clear at the present: "The focus session ended at
+/// 15:25."
+std::string eventText(EventKind kind, Instant at, const base::SeenFrom& here);
+std::string eventText(const workspace::Event& event, const base::SeenFrom& here);
 
 }  // namespace quillmere::work

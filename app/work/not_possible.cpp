@@ -45,9 +45,9 @@ std::string_view lackOf(std::string_view command)
     return {};
 }
 
-std::string timeText(const workspace::Situation& situation, Instant instant)
+std::string timeText(const workspace::Situation& situation, base::Hours hours, Instant instant)
 {
-    return base::localTextSeenFrom(situation.now, instant);
+    return base::localTextSeenFrom({situation.now, hours}, instant);
 }
 
 /// "session 2 of 4"; of a state without a block: "the session".
@@ -58,30 +58,31 @@ std::string sessionText(const QuillmereState& state, std::size_t number)
                : "the session";
 }
 
-std::string idleText(const workspace::Situation& situation)
+std::string idleText(const workspace::Situation& situation, base::Hours hours)
 {
     const std::optional<Block>& block = situation.state.currentBlock;
     if (!block) {
         return "nothing is planned";
     }
-    return block->plannedStart ? "the block is scheduled for " + timeText(situation, *block->plannedStart)
-                               : "a block without a start waits";
+    return block->plannedStart
+               ? "the block is scheduled for " + timeText(situation, hours, *block->plannedStart)
+               : "a block without a start waits";
 }
 
-std::string focusText(const workspace::Situation& situation, const std::string& session)
+std::string focusText(const workspace::Situation& situation, base::Hours hours, const std::string& session)
 {
     const auto timer = TimerSnapshot::derive(situation.state, situation.now);
     if (const std::optional<Instant> paused =
             situation.state.currentSession() ? situation.state.currentSession()->pausedAt : std::nullopt) {
-        return session + " is paused since " + timeText(situation, *paused);
+        return session + " is paused since " + timeText(situation, hours, *paused);
     }
     return session + " runs" +
-           (timer ? " until " +
-                        timeText(situation, situation.now + static_cast<double>(timer->remainingSeconds))
+           (timer ? " until " + timeText(situation, hours,
+                                         situation.now + static_cast<double>(timer->remainingSeconds))
                   : "");
 }
 
-std::string breakText(const workspace::Situation& situation)
+std::string breakText(const workspace::Situation& situation, base::Hours hours)
 {
     const auto timer = TimerSnapshot::derive(situation.state, situation.now);
     if (!timer) {
@@ -89,7 +90,7 @@ std::string breakText(const workspace::Situation& situation)
     }
     const Instant end = situation.now + static_cast<double>(timer->remainingSeconds);
     return (timer->remainingSeconds > 0 ? "the break runs until " : "the break is over since ") +
-           timeText(situation, end);
+           timeText(situation, hours, end);
 }
 
 std::string possibleText(const workspace::Situation& situation)
@@ -118,35 +119,35 @@ std::string wayOut(WorkflowError::Case reason)
 
 }  // namespace
 
-std::string standText(const workspace::Situation& situation)
+std::string standText(const workspace::Situation& situation, base::Hours hours)
 {
     const QuillmereState& state = situation.state;
     const std::size_t begun = state.currentBlock ? state.currentBlock->sessions.size() : 0;
     switch (state.workflowState) {
-        case WorkflowState::idle: return idleText(situation);
+        case WorkflowState::idle: return idleText(situation, hours);
         case WorkflowState::blockPlanning: return "a block is being planned";
         case WorkflowState::sessionPlanning: return sessionText(state, begun + 1) + " is being planned";
-        case WorkflowState::focusing: return focusText(situation, sessionText(state, begun));
+        case WorkflowState::focusing: return focusText(situation, hours, sessionText(state, begun));
         case WorkflowState::sessionReview: return sessionText(state, begun) + " waits for its review";
-        case WorkflowState::breaking: return breakText(situation);
+        case WorkflowState::breaking: return breakText(situation, hours);
         case WorkflowState::blockReview: return "the block waits for its reflection";
         case WorkflowState::complete: break;
     }
     return "no step leads on";
 }
 
-std::string withPlace(std::string sentence, const workspace::Situation& situation)
+std::string withPlace(std::string sentence, const workspace::Situation& situation, base::Hours hours)
 {
     sentence.pop_back();
-    return sentence + ": " + standText(situation) + ". " + possibleText(situation);
+    return sentence + ": " + standText(situation, hours) + ". " + possibleText(situation);
 }
 
 std::string refusalText(const WorkflowError& error, std::string_view command,
-                        const workspace::Situation& situation)
+                        const workspace::Situation& situation, base::Hours hours)
 {
     const bool isMisplaced = error == WorkflowError::invalidTransition;
     const std::string lack(isMisplaced ? lackOf(command) : "");
-    const std::string rest = lack.empty() ? wayOut(error.reason()) : withPlace(lack + ".", situation);
+    const std::string rest = lack.empty() ? wayOut(error.reason()) : withPlace(lack + ".", situation, hours);
     return error.errorDescription() + (rest.empty() ? "" : " ") + rest;
 }
 

@@ -33,10 +33,12 @@ bool isAnswered(const FormSubject& subject, const QuillmereState& state)
 
 }  // namespace
 
-Presenter::Presenter(workspace::Workspace workspace, Drafts drafts, std::optional<WidgetRoute> route)
-    : files_(std::move(workspace)), drafts_(std::move(drafts))
+Presenter::Presenter(workspace::Workspace workspace, Drafts drafts, std::optional<WidgetRoute> route,
+                     const config::Configuration& configuration)
+    : files_(std::move(workspace)), drafts_(std::move(drafts)), values_(configuration.values)
 {
     refresh();
+    warnOf(configuration.problems);
     if (route && isUsable()) {
         const auto actual = fromWorkflowState<WidgetRoute>(state().workflowState);
         if (*route != actual) {
@@ -90,7 +92,7 @@ void Presenter::tell(const std::vector<workspace::Event>& events)
 {
     for (const workspace::Event& event : events) {
         bell_ = true;
-        message_ = eventText(event, situation().now);
+        message_ = eventText(event, {situation().now, values_.hours});
     }
 }
 
@@ -106,6 +108,16 @@ void Presenter::warnOfNoWatch()
     if (const std::string& trouble = files_.watchTrouble();
         !trouble.empty() && !std::exchange(isToldOfNoWatch_, true)) {
         say(trouble);
+    }
+}
+
+void Presenter::warnOf(const std::vector<config::Problem>& problems)
+{
+    if (!problems.empty()) {
+        say(config::problemText(problems.front()));
+    }
+    if (problems.size() > 1) {
+        say("quillmere config says what else is wrong there.");
     }
 }
 
@@ -137,7 +149,7 @@ void Presenter::followState()
 
 void Presenter::open(std::shared_ptr<Form>& place, const FormSubject& subject)
 {
-    place = std::make_shared<Form>(formFor(subject, state(), situation().now));
+    place = std::make_shared<Form>(formFor(subject, state(), situation().now, values_));
     switch (drafts_.fillIn(*place)) {
         case BroughtBack::nothing: break;
         case BroughtBack::all: say("What you had written is back."); break;
@@ -229,14 +241,14 @@ void Presenter::perform(const Action& action)
     if (const auto* const form = std::get_if<FormKind>(&action.effect)) {
         open(openedForm_, subjectOf(*form, state()));
     } else {
-        change(keepingWords(std::get<Action::Operation>(action.effect), drafts_), action.done);
+        change(keepingWords(std::get<Action::Operation>(action.effect), drafts_, values_), action.done);
     }
 }
 
 void Presenter::request(UndoDirection direction)
 {
     try {
-        stepToConfirm_ = nextStep(direction, files_.workspace(), state(), situation().now);
+        stepToConfirm_ = nextStep(direction, files_.workspace(), state(), {situation().now, values_.hours});
         if (!stepToConfirm_) {
             say(noStepText(direction));
         }
@@ -270,7 +282,7 @@ void Presenter::perform(const UndoStep& step)
     if (change(undo.operation, doneText(step), undo.manner)) {
         for (const workspace::Event& event : undo.step->events) {
             bell_ = true;
-            say(eventText(event, situation().now));
+            say(eventText(event, {situation().now, values_.hours}));
         }
     }
 }
@@ -288,7 +300,7 @@ bool Presenter::change(const workspace::Operation& operation, std::string_view d
         throw;
     } catch (const amendments::Refusal& refusal) {
         refresh();
-        say(refusalText(refusal, situation()));
+        say(refusalText(refusal, situation(), values_.hours));
         return false;
     } catch (const workspace::ChangeSaved& error) {
         events = files_.refresh();

@@ -2,6 +2,7 @@
 // for a confirmation. Knows neither keys nor drawing.
 #pragma once
 
+#include "config/configuration.hpp"
 #include "work/actions.hpp"
 #include "work/forms/drafts.hpp"
 #include "work/forms/forms.hpp"
@@ -22,8 +23,10 @@ namespace quillmere::work {
 
 class Presenter {
 public:
-    /// Removes old drafts once the files can be used. Where the work is not at the `route`, says so.
-    Presenter(workspace::Workspace workspace, Drafts drafts, std::optional<WidgetRoute> route);
+    /// Removes old drafts once the files can be used. Where the work is not at the `route`, says so, and also
+    /// what is wrong with the configuration.
+    Presenter(workspace::Workspace workspace, Drafts drafts, std::optional<WidgetRoute> route,
+              const config::Configuration& configuration = {});
 
     /// For poll(2): readable when `refresh` is due.
     int descriptor() const { return files_.descriptor(); }
@@ -40,6 +43,9 @@ public:
     std::string trouble() const { return files_.trouble().value_or(""); }
     const workspace::Situation& situation() const { return *files_.situation(); }
     const QuillmereState& state() const { return situation().state; }
+
+    /// How the person reads times.
+    base::Hours hours() const { return values_.hours; }
 
     /// The message for the person; may be empty.
     const std::string& message() const { return message_; }
@@ -92,6 +98,8 @@ private:
     void warn();
     /// Says once that the files cannot be watched.
     void warnOfNoWatch();
+    /// Says the first thing that is wrong with the configuration; `quillmere config` shows all.
+    void warnOf(const std::vector<config::Problem>& problems);
     /// Opens and closes forms so that they fit the state.
     void followState();
     void open(std::shared_ptr<Form>& place, const FormSubject& subject);
@@ -100,6 +108,7 @@ private:
 
     workspace::RetryingWorkspace files_;
     Drafts drafts_;
+    config::Values values_;
     std::shared_ptr<Form> workForm_;
     std::shared_ptr<Form> openedForm_;
     std::shared_ptr<Form> changedForm_;  ///< its draft is to be written

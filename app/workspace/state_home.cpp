@@ -1,9 +1,9 @@
 #include "workspace/state_home.hpp"
 
+#include "base/system/user_directory.hpp"
 #include "base/text/digest.hpp"
 
 #include <algorithm>
-#include <cstdlib>
 #include <string>
 #include <system_error>
 
@@ -11,13 +11,6 @@ namespace quillmere::workspace {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// The value of an environment variable if it is an absolute path; otherwise empty.
-fs::path absolutePathIn(const char* variable)
-{
-    const char* const value = std::getenv(variable);
-    return value && *value == '/' ? fs::path(value) : fs::path();
-}
 
 /// The path with links resolved; parts that do not exist are kept as they are.
 fs::path withoutLinks(const fs::path& path)
@@ -38,12 +31,7 @@ bool isWithin(const fs::path& path, const fs::path& directory)
 
 }  // namespace
 
-fs::path stateHomeOfThisUser()
-{
-    const fs::path named = absolutePathIn("XDG_STATE_HOME");
-    const fs::path home = absolutePathIn("HOME");
-    return !named.empty() || home.empty() ? named : home / ".local/state";
-}
+fs::path stateHomeOfThisUser() { return base::userDirectory("XDG_STATE_HOME", ".local/state"); }
 
 fs::path stateDirectory(const fs::path& directory, const fs::path& stateHome)
 {

@@ -45,7 +45,7 @@ constexpr auto distractions = std::to_array<std::string_view>(
 
 class Year {
 public:
-    explicit Year(Instant now) : today_(LocalCalendar::dayOf(now)), now_(now) {}
+    explicit Year(Instant now) : today_(LocalCalendar().dayOf(now)), now_(now) {}
 
     QuillmereState state()
     {

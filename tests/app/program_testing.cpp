@@ -31,6 +31,7 @@ Ending Person::runs(const Words& arguments) const
         .inputIsTerminal = isAsked,
         .outputIsTerminal = seesColour,
         .stateHome = stateHome(),
+        .configDirectory = configDirectory,
     };
     const ExitCode code = cli::run(arguments, environment);
     return {.code = code, .out = out.str(), .err = err.str()};

@@ -41,9 +41,10 @@ class Person {
 public:
     /// The time on the person's clock. Usually between whole seconds, as on real clocks.
     Instant now = moment + 0.75;
-    bool isAsked = false;     ///< standard input is a terminal, so the program may ask
-    bool seesColour = false;  ///< standard output is a terminal that shows colours
-    std::string answers;      ///< the content of standard input
+    bool isAsked = false;                   ///< standard input is a terminal, so the program may ask
+    bool seesColour = false;                ///< standard output is a terminal that shows colours
+    std::string answers;                    ///< the content of standard input
+    std::filesystem::path configDirectory;  ///< empty: nothing is configured
 
     const std::filesystem::path& directory() const { return directory_->path(); }
     const std::filesystem::path& stateHome() const { return stateHome_->path(); }

@@ -25,6 +25,21 @@ if [ $# -ge 3 ]; then
     esac
 fi
 
+if [ $# -ge 3 ]; then
+    # The example of the configuration sets every key, and nothing is wrong with it.
+    place=$(mktemp -d)
+    mkdir "$place/quillmere"
+    block README.md toml 1 >"$place/quillmere/config.toml"
+    XDG_CONFIG_HOME=$place "$3" --directory "$place" config >"$place/out" 2>"$place/err" || true
+    if [ -s "$place/err" ] || grep -q '  # default$' "$place/out" || ! grep -q '^template\.report\.cycles' "$place/out"; then
+        echo "README.md shows a configuration that does not set every key:"
+        cat "$place/err"
+        grep '  # default$' "$place/out" || true
+        status=1
+    fi
+    rm -rf "$place"
+fi
+
 # "Set back during a session" is the row of the test setBackDuringASession.
 rows=$(sed -n 's/^| \(Set [^|]*[^ |]\) *|.*/\1/p' docs/clocks.md | sed -E 's/ (.)/\U\1/g; s/^(.)/\l\1/')
 tests=$(sed -n 's/^TEST_F(Clocks, \(.*\))$/\1/p' tests/app/cli/clocks_test.cpp)

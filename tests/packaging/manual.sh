@@ -75,8 +75,8 @@ for file in $(sed -nE 's/^\| `([a-z-]+\.json)` \|.*/\1/p' "$source/README.md"); 
     section FILES | grep -qF "/$file" || complain "$file is not in the manual"
 done
 
-# Names in capitals that are the only argument of a call, or in a list of names.
-for variable in $(grep -rhE '(getenv|isSet|absolutePathIn|variable)\("[A-Z]|const name : \{"[A-Z]' "$source/app" --include='*.cpp' |
+# Names in capitals that are the first argument of a call, or in a list of names.
+for variable in $(grep -rhE '(getenv|isSet|absolutePathIn|userDirectory|variable)\("[A-Z]|const (name|variable) : \{"[A-Z]' "$source/app" --include='*.cpp' |
     grep -oE '"[A-Z_]+"' | tr -d '"' | sort -u); do
     section ENVIRONMENT | grep -qE "^     (.*, )?$variable(,| |\$)" || complain "$variable is not in the manual"
 done

@@ -1,4 +1,5 @@
-// main of every test program. XDG_STATE_HOME is a temporary directory that is removed after the tests.
+// main of every test program. XDG_STATE_HOME and XDG_CONFIG_HOME are temporary directories that are
+// removed after the tests.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -13,5 +14,8 @@ int main(int count, char** arguments)
     // Some tests change to an ordinary user.
     std::filesystem::permissions(stateHome.path(), std::filesystem::perms::all);
     const quillmere::test::EnvironmentVariable variable("XDG_STATE_HOME", stateHome.path().string());
+    const quillmere::test::TemporaryDirectory configHome;
+    std::filesystem::permissions(configHome.path(), std::filesystem::perms::all);
+    const quillmere::test::EnvironmentVariable configVariable("XDG_CONFIG_HOME", configHome.path().string());
     return RUN_ALL_TESTS();
 }

@@ -103,6 +103,18 @@ std::vector<std::string> environmentWith(const std::vector<std::string>& variabl
     return all;
 }
 
+/// The ending by the results of waitpid(2).
+ChildEnding endingFrom(pid_t ended, int status)
+{
+    // waitpid(2) fails where SIGCHLD is ignored: the system has reaped the child, and its exit code is lost.
+    if (ended == -1 || (WIFEXITED(status) && WEXITSTATUS(status) == 0)) {
+        return {.hasEnded = true, .failure = {}};
+    }
+    return {.hasEnded = true,
+            .failure = WIFEXITED(status) ? "it ended with " + std::to_string(WEXITSTATUS(status))
+                                         : "it was ended by signal " + std::to_string(WTERMSIG(status))};
+}
+
 }  // namespace
 
 pid_t startChild(const ChildProgram& program)
@@ -125,13 +137,17 @@ ChildEnding endingOf(pid_t child)
     if (ended == 0 || (ended == -1 && errno == EINTR)) {
         return {.hasEnded = false, .failure = {}};
     }
-    // waitpid(2) fails where SIGCHLD is ignored: the system has reaped the child, and its exit code is lost.
-    if (ended == -1 || (WIFEXITED(status) && WEXITSTATUS(status) == 0)) {
-        return {.hasEnded = true, .failure = {}};
-    }
-    return {.hasEnded = true,
-            .failure = WIFEXITED(status) ? "it ended with " + std::to_string(WEXITSTATUS(status))
-                                         : "it was ended by signal " + std::to_string(WTERMSIG(status))};
+    return endingFrom(ended, status);
+}
+
+ChildEnding awaitEnding(pid_t child)
+{
+    int status = 0;
+    pid_t ended = -1;
+    do {
+        ended = ::waitpid(child, &status, 0);
+    } while (ended == -1 && errno == EINTR);
+    return endingFrom(ended, status);
 }
 
 void killChild(pid_t child)

@@ -30,6 +30,9 @@ struct ChildEnding {
 /// Whether and how a child has ended; reaps it if so. Never waits.
 ChildEnding endingOf(pid_t child);
 
+/// Waits until a child has ended, and reaps it.
+ChildEnding awaitEnding(pid_t child);
+
 /// Ends a child by SIGKILL and reaps it.
 void killChild(pid_t child);
 

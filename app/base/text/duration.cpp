@@ -82,6 +82,17 @@ std::string durationText(double seconds)
     return text.empty() ? "0 s" : text;
 }
 
+std::string durationAsTyped(double seconds)
+{
+    std::string text;
+    for (const char character : durationText(seconds)) {
+        // The first letter of a unit's name is enough.
+        const bool isRestOfUnit = character >= 'a' && !text.empty() && text.back() >= 'a';
+        text += character == ' ' || isRestOfUnit ? std::string() : std::string(1, character);
+    }
+    return text;
+}
+
 std::string hoursText(double seconds)
 {
     const std::string text = inUnits(std::span(units).subspan<1, 2>(), seconds);

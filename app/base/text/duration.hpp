@@ -21,6 +21,9 @@ static_assert(shortestDuration == 1 && longestDuration == 366.0 * 86'400);
 /// "25 min", "1 h 30 min", "45 s", "2 d".
 std::string durationText(double seconds);
 
+/// The same as it is typed: "1h30m". `durationFromText` reads it.
+std::string durationAsTyped(double seconds);
+
 /// In hours and minutes only, for sums: "412 h 30 min", "0 min".
 std::string hoursText(double seconds);
 

@@ -14,12 +14,26 @@
 namespace quillmere::base {
 namespace {
 
-std::string formatted(Instant instant, const char* format)
+std::string formatted(const std::tm& fields, const char* format)
 {
-    const std::tm fields = localFields(instant);
     std::array<char, 32> text{};
     return {text.data(), std::strftime(text.data(), text.size(), format, &fields)};
 }
+
+/// "16:00" or "4:00 pm"; the minutes, or the minutes and seconds, by `format`.
+std::string clockText(Instant instant, Hours hours, const char* format)
+{
+    const std::tm fields = localFields(instant);
+    const std::string rest = formatted(fields, format);
+    if (hours == Hours::twentyFour) {
+        return formatted(fields, "%H") + rest;
+    }
+    // strftime(3) would take the words from the locale.
+    return std::to_string((fields.tm_hour + 11) % 12 + 1) + rest + (fields.tm_hour < 12 ? " am" : " pm");
+}
+
+constexpr const char* minutes = ":%M";
+constexpr const char* minutesAndSeconds = ":%M:%S";
 
 bool showTheSame(const std::tm& left, const std::tm& right)
 {
@@ -130,24 +144,31 @@ std::tm localFields(Instant instant)
 }
 
 // The C library pads a year before 1000 only when it is told to.
-std::string localDayText(Instant instant) { return formatted(instant, "%04Y-%m-%d"); }
+std::string localDayText(Instant instant) { return formatted(localFields(instant), "%04Y-%m-%d"); }
 
-std::string localText(Instant instant) { return formatted(instant, "%04Y-%m-%d %H:%M"); }
-
-std::string localTextToTheSecond(Instant instant) { return formatted(instant, "%04Y-%m-%d %H:%M:%S"); }
-
-std::string localClockText(Instant instant) { return formatted(instant, "%H:%M"); }
-
-std::string localTextSeenFrom(Instant now, Instant instant)
+std::string localText(Instant instant, Hours hours)
 {
-    const bool isThatDay = localDayText(instant) == localDayText(now);
-    return isThatDay ? localClockText(instant) : localText(instant);
+    return localDayText(instant) + " " + localClockText(instant, hours);
 }
 
-std::string localSecondSeenFrom(Instant now, Instant instant)
+std::string localTextToTheSecond(Instant instant, Hours hours)
 {
-    const bool isThatDay = localDayText(instant) == localDayText(now);
-    return isThatDay ? formatted(instant, "%H:%M:%S") : localTextToTheSecond(instant);
+    return localDayText(instant) + " " + clockText(instant, hours, minutesAndSeconds);
+}
+
+std::string localClockText(Instant instant, Hours hours) { return clockText(instant, hours, minutes); }
+
+std::string localTextSeenFrom(const SeenFrom& here, Instant instant)
+{
+    const bool isThatDay = localDayText(instant) == localDayText(here.now);
+    return isThatDay ? localClockText(instant, here.hours) : localText(instant, here.hours);
+}
+
+std::string localSecondSeenFrom(const SeenFrom& here, Instant instant)
+{
+    const bool isThatDay = localDayText(instant) == localDayText(here.now);
+    return isThatDay ? clockText(instant, here.hours, minutesAndSeconds)
+                     : localTextToTheSecond(instant, here.hours);
 }
 
 std::optional<Instant> instantFromLocalText(std::string_view text, Instant now)

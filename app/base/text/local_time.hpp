@@ -1,6 +1,8 @@
 // Instants in the local time zone.
 #pragma once
 
+#include "base/text/hours.hpp"
+
 #include <quillmere/records/instant.hpp>
 
 #include <ctime>
@@ -16,20 +18,28 @@ std::tm localFields(Instant instant);
 /// "2026-11-15".
 std::string localDayText(Instant instant);
 
-/// "2026-11-15 16:00".
-std::string localText(Instant instant);
+/// "2026-11-15 16:00" or "2026-11-15 4:00 pm".
+std::string localText(Instant instant, Hours hours = Hours::twentyFour);
 
-/// "2026-11-15 16:00:05".
-std::string localTextToTheSecond(Instant instant);
+/// "2026-11-15 16:00:05" or "2026-11-15 4:00:05 pm".
+std::string localTextToTheSecond(Instant instant, Hours hours = Hours::twentyFour);
 
-/// "16:00".
-std::string localClockText(Instant instant);
+/// "16:00" or "4:00 pm".
+std::string localClockText(Instant instant, Hours hours = Hours::twentyFour);
 
-/// "16:00" on the local day of `now`, "2026-11-15 16:00" on any other.
-std::string localTextSeenFrom(Instant now, Instant instant);
+/// The present, and how a person reads times in it.
+struct SeenFrom {
+    SeenFrom(Instant present, Hours clock = Hours::twentyFour) : now(present), hours(clock) {}
 
-/// "16:00:05" on the local day of `now`, "2026-11-15 16:00:05" on any other.
-std::string localSecondSeenFrom(Instant now, Instant instant);
+    Instant now;
+    Hours hours;
+};
+
+/// "16:00" on the local day of the present, "2026-11-15 16:00" on any other.
+std::string localTextSeenFrom(const SeenFrom& here, Instant instant);
+
+/// "16:00:05" on the local day of the present, "2026-11-15 16:00:05" on any other.
+std::string localSecondSeenFrom(const SeenFrom& here, Instant instant);
 
 /// Reads "2026-11-15 16:00" (or with a "T"), "16:00" (the next time at which the clock shows it) or "+1h30m"
 /// (from now). A local time that occurs twice means the next of the two. Absent for any other text, for a

@@ -113,8 +113,8 @@ void addAmend(CLI::App& line, Program& program)
     CLI::App* const app = addCommand(
         line, program, "amend", "Correct the record of a finished block, or of a session that has ended",
         [command, &program] {
-            command->name = nameWithoutNumber(command->name, false, program.workspace().look().state,
-                                              program.environment());
+            command->name =
+                nameWithoutNumber(command->name, false, program.workspace().look().state, program);
             program.change(
                 work::done::recordCorrected,
                 namingOptions([&](QuillmereState& state, Instant now) { amend(*command, state, now); }));

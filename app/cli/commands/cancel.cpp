@@ -141,7 +141,7 @@ void cancel(CancelCommand& command, Program& program)
             }
             done = apply(command, subject, state, now);
         },
-        drafts);
+        drafts, program.configuration().values);
     program.change([&](QuillmereState& state, Instant now) {
         operation(state, now);
         return std::string(done);

@@ -25,9 +25,9 @@ struct DeleteCommand {
     bool inVersionsToo = false;
 };
 
-std::string deletionQuestion(const Block& block, const DeleteCommand& command)
+std::string deletionQuestion(const Block& block, const DeleteCommand& command, base::Hours hours)
 {
-    return "Delete " + blockInOneLine(block) +
+    return "Delete " + blockInOneLine(block, hours) +
            (command.inVersionsToo ? "? In the versions too, so that nothing brings it back." : "?");
 }
 
@@ -76,7 +76,7 @@ bool couldDeleteInVersionsAlone(const DeleteCommand& command, const QuillmereSta
 void deleteBlock(DeleteCommand& command, Program& program)
 {
     const QuillmereState state = program.workspace().look().state;
-    command.name = nameWithoutNumber(command.name, !command.isConfirmed, state, program.environment());
+    command.name = nameWithoutNumber(command.name, !command.isConfirmed, state, program);
     if (couldDeleteInVersionsAlone(command, state, program)) {
         return;
     }
@@ -91,7 +91,7 @@ void deleteBlock(DeleteCommand& command, Program& program)
                           " --versions-too removes it there.");
     };
     if (!command.isConfirmed && program.wouldAccept(operation)) {
-        requireAgreement(program.environment(), deletionQuestion(block, command));
+        requireAgreement(program.environment(), deletionQuestion(block, command, program.hours()));
     }
     program.change(operation, [&]() -> std::string {
         return command.inVersionsToo ? " " + forgottenText(program.workspace().forgetInVersions(block.id))

@@ -15,16 +15,24 @@ namespace {
 
 constexpr std::size_t widthWithoutTerminal = 80;
 
+doctor::Origin originOfDirectory(Program& program)
+{
+    if (program.settings().directory) {
+        return doctor::Origin::option;
+    }
+    const bool isConfigured = !program.configuration().values.directory.empty();
+    return isConfigured ? doctor::Origin::configuration : doctor::usualOrigin();
+}
+
 /// Where no directory is known, that is all that can be said.
 std::vector<doctor::Check> examined(Program& program)
 {
     const base::Environment& environment = program.environment();
     try {
-        return doctor::examine(
-            {.workspace = program.workspace(),
-             .stateHome = environment.stateHome,
-             .origin = program.settings().directory ? doctor::Origin::option : doctor::usualOrigin(),
-             .now = environment.clock()});
+        return doctor::examine({.workspace = program.workspace(),
+                                .stateHome = environment.stateHome,
+                                .origin = originOfDirectory(program),
+                                .now = environment.clock()});
     } catch (const base::Refusal& refusal) {
         return {{"directory", "Directory",
                  doctor::wrong(refusal.what(), "Without a directory nothing can be kept.")}};

@@ -47,9 +47,9 @@ double focusSeconds(const Block& block)
     return seconds;
 }
 
-void printBlock(std::ostream& out, const Block& block, const std::string& name)
+void printBlock(std::ostream& out, const Block& block, const std::string& name, base::Hours hours)
 {
-    out << base::localText(block.completedAt.value_or(block.createdAt)) << "  " << name << "  "
+    out << base::localText(block.completedAt.value_or(block.createdAt), hours) << "  " << name << "  "
         << block.sessions.size() << " of " << base::countText(block.cycleCount, "session") << ", "
         << base::durationText(focusSeconds(block)) << " of focus\n";
     for (const Outcome& outcome : block.outcomes) {
@@ -84,7 +84,7 @@ void showHistory(std::size_t limit, Program& program)
     std::ostream& out = program.environment().out;
     const std::vector<std::string> names = work::shortNames(state);
     for (std::size_t index = 0; index < count; ++index) {
-        printBlock(out, state.blockHistory[index], names[index]);
+        printBlock(out, state.blockHistory[index], names[index], program.hours());
     }
     if (const std::size_t all = state.blockHistory.size(); all > count) {
         out << all - count << " more; --limit " << all << " shows all\n";

@@ -3,6 +3,7 @@
 #include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/prompt.hpp"
+#include "config/new_block.hpp"
 #include "work/done_text.hpp"
 #include "work/forms/block_draft.hpp"
 
@@ -18,12 +19,13 @@ struct PlanCommand {
     BlockOptions options;
     bool takesDraft = false;
     std::optional<Block> draft;  ///< what planning begins with instead of a blank block
+    config::Values values;       ///< of the configuration, for a blank block
 };
 
 Block presentBlock(const PlanCommand& command, const QuillmereState& state, Instant now)
 {
     if (!state.currentBlock) {
-        return command.draft.value_or(Block::default_(now));
+        return command.draft ? *command.draft : config::newBlock(command.values, now);
     }
     const bool isDraftOfIt = command.draft && command.draft->id == state.currentBlock->id;
     return isDraftOfIt ? *command.draft : *state.currentBlock;
@@ -66,12 +68,13 @@ bool wantsDraft(const Block& draft, base::Environment& environment)
 void plan(PlanCommand& command, Program& program)
 {
     base::Environment& environment = program.environment();
+    command.values = program.configuration().values;
     const workspace::Workspace workspace = program.workspace();
     const work::Drafts drafts(workspace.stateDirectory());
     std::optional<workspace::Situation> before;
     if (command.takesDraft) {
         before = workspace.look();
-        command.draft = work::draftOfNextBlock(before->state, drafts, before->now);
+        command.draft = work::draftOfNextBlock(before->state, drafts, before->now, command.values);
         if (!command.draft && wouldBegin(command, program)) {
             throw ProgramError(ExitCode::refused,
                                "There is no draft of a block. Possible: plan without --draft.");
@@ -80,7 +83,7 @@ void plan(PlanCommand& command, Program& program)
     if (environment.inputIsTerminal && wouldBegin(command, program)) {
         before = workspace.look();
         if (!command.takesDraft) {
-            command.draft = work::draftOfNextBlock(before->state, drafts, before->now);
+            command.draft = work::draftOfNextBlock(before->state, drafts, before->now, command.values);
             if (command.draft && !wantsDraft(*command.draft, environment)) {
                 command.draft.reset();
             }

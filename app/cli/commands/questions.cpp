@@ -14,10 +14,11 @@
 namespace quillmere::cli {
 namespace {
 
-void printQuestion(std::ostream& out, const std::string& label, const AgentQuestion& question)
+void printQuestion(std::ostream& out, const std::string& label, const AgentQuestion& question,
+                   base::Hours hours)
 {
-    out << label << "  " << base::sanitized(question.question) << "  (" << base::localText(question.createdAt)
-        << ")\n";
+    out << label << "  " << base::sanitized(question.question) << "  ("
+        << base::localText(question.createdAt, hours) << ")\n";
     if (question.answer) {
         out << "   = " << base::sanitized(*question.answer) << '\n';
     }
@@ -39,7 +40,7 @@ void showQuestions(bool all, Program& program)
         if (program.settings().json) {
             list.push_back(base::recordJson(question));
         } else {
-            printQuestion(out, isOpen ? std::to_string(number) + "." : "  ", question);
+            printQuestion(out, isOpen ? std::to_string(number) + "." : "  ", question, program.hours());
         }
     }
     if (program.settings().json) {

@@ -19,6 +19,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <map>
 #include <memory>
 #include <ostream>
@@ -74,6 +75,22 @@ figures::Range rangeOf(const ReportOptions& options, figures::Day today)
         throw ProgramError(ExitCode::usage, "--since: is later than --until");
     }
     return range;
+}
+
+figures::Habits habitsOf(const config::Values& values)
+{
+    const auto weekday = [](config::Weekday day) {
+        return std::chrono::weekday(static_cast<unsigned>(day) + 1);  // both count from Monday
+    };
+    figures::Habits habits{.weekBegins = weekday(values.weekBegins),
+                           .dayBeginsAtHour = static_cast<int>(values.dayBeginsAtHour),
+                           .dailyGoalSeconds = values.dailyGoalSeconds,
+                           .daysOff = {},
+                           .hours = values.hours};
+    for (const config::Weekday day : values.daysOff) {
+        habits.daysOff.push_back(weekday(day));
+    }
+    return habits;
 }
 
 /// The directories with files of this program: those of this run, and the default ones of the user.
@@ -182,8 +199,10 @@ void showReport(const ReportOptions& options, Program& program)
 {
     requireAllowedFiles(options, program);
     const workspace::Situation situation = program.workspace().look();
-    const figures::Day today = figures::LocalCalendar::dayOf(situation.now);
-    const figures::LookBack look = figures::statistics(situation.state, rangeOf(options, today), today);
+    const figures::Habits habits = habitsOf(program.configuration().values);
+    const figures::Day today = figures::LocalCalendar(habits.dayBeginsAtHour).dayOf(situation.now);
+    const figures::LookBack look =
+        figures::statistics(situation.state, rangeOf(options, today), today, habits);
     bool isExported = false;
     for (std::size_t index = 0; index < exports.size(); ++index) {
         if (const std::optional<std::string>& file = options.files[index]) {

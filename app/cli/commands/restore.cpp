@@ -29,9 +29,9 @@ struct RestoreCommand {
     bool comparesOnly = false;
 };
 
-void printVersion(std::ostream& out, const ListedVersion& listed, std::size_t width)
+void printVersion(std::ostream& out, const ListedVersion& listed, std::size_t width, base::Hours hours)
 {
-    out << base::cutToColumns(versionText(listed), width) << '\n';
+    out << base::cutToColumns(versionText(listed, hours), width) << '\n';
     if (const std::string then = replacementText(listed); !then.empty()) {
         out << base::cutToColumns(then, width) << '\n';
     }
@@ -51,7 +51,7 @@ void listVersions(Program& program)
         }
         list.push_back(versionJson(*listed));
         if (!program.settings().json) {
-            printVersion(out, *listed, width);
+            printVersion(out, *listed, width, program.hours());
         }
     }
     if (program.settings().json) {
@@ -81,12 +81,12 @@ workspace::Version versionNumbered(std::int64_t number, const workspace::Workspa
     return *found;
 }
 
-void requireConfirmation(const RestoreCommand& command, const workspace::Version& version,
-                         base::Environment& environment)
+void requireConfirmation(const RestoreCommand& command, const workspace::Version& version, Program& program)
 {
     if (!command.isConfirmed) {
-        requireAgreement(environment,
-                         versionText(VersionWalk().next(version).value_or(ListedVersion{version, {}, {}})) +
+        requireAgreement(program.environment(),
+                         versionText(VersionWalk().next(version).value_or(ListedVersion{version, {}, {}}),
+                                     program.hours()) +
                              "\nReplace the current state by it? The current state is kept as a version.");
     }
 }
@@ -120,7 +120,7 @@ void restore(const RestoreCommand& command, Program& program)
         compare(version, program);
         return;
     }
-    requireConfirmation(command, version, program.environment());
+    requireConfirmation(command, version, program);
     program.restore(version);
 }
 

@@ -223,6 +223,7 @@ void tour(const std::optional<fs::path>& chosen, Program& program)
     Instant now = tourStart;
     base::Environment stage = program.environment();
     stage.clock = [&now] { return now; };
+    stage.configDirectory.clear();  // the same tour for everyone
     base::Json all = base::Json::array();
     for (const Scene& scene : scenes()) {
         now = now + scene.secondsLater;

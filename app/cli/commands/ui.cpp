@@ -16,7 +16,9 @@ void openScreen(Program& program, std::optional<WidgetRoute> route)
     if (program.settings().json) {
         throw ProgramError(ExitCode::usage, "ui prints no JSON; use status --json.");
     }
-    screen::showScreen(program.workspace(), program.environment(), route);
+    // Before the workspace, which would print what is wrong on the terminal that the screen covers.
+    const config::Configuration& configuration = program.configurationInSilence();
+    screen::showScreen(program.workspace(), program.environment(), route, configuration);
 }
 
 void addUi(CLI::App& line, Program& program)

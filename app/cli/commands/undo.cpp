@@ -22,7 +22,7 @@ void takeStep(UndoDirection direction, bool isConfirmed, Program& program)
     const workspace::Workspace workspace = program.workspace();
     const workspace::Situation present = workspace.look();
     const std::optional<work::UndoStep> step =
-        work::nextStep(direction, workspace, present.state, present.now);
+        work::nextStep(direction, workspace, present.state, {present.now, program.hours()});
     if (!step) {
         throw ProgramError(ExitCode::refused, work::noStepText(direction));
     }

@@ -7,6 +7,8 @@
 
 #include <map>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace quillmere::cli {
 
@@ -19,6 +21,9 @@ void addWatch(CLI::App& line, Program& program)
     CLI::App* const app = addCommand(
         line, program, "watch", "Let time pass, and give notices on the desktop", [settings, &program] {
             settings->json = program.settings().json;
+            settings->hours = program.hours();
+            const std::vector<std::string>& configured = program.configuration().values.hooks;
+            settings->hooks.insert(settings->hooks.begin(), configured.begin(), configured.end());
             notices::NotifierProcess notifier(notices::notifierProgram());
             notices::Watch(program.workspace(), program.environment(), *settings, notifier).run();
         });

@@ -15,7 +15,7 @@ void showWidget(Program& program)
     if (program.settings().json) {
         program.print(widgetJson(snapshot, now));
     } else {
-        printWidget(program.environment().out, snapshot, now, program.style());
+        printWidget(program.environment().out, snapshot, {now, program.hours()}, program.style());
     }
 }
 

@@ -20,6 +20,7 @@ struct Piece {
 constexpr auto pieces = std::to_array<Piece>({
     {"<manual options>", printManualOptions},
     {"<manual commands>", printManualCommands},
+    {"<manual configuration>", printManualConfiguration},
     {"<bash commands>", printBashCommands},
     {"<bash values>", printBashValues},
     {"<zsh functions>", printZshFunctions},

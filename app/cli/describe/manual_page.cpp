@@ -2,7 +2,10 @@
 // minus.
 #include "cli/describe/pieces.hpp"
 #include "cli/describe/words.hpp"
+#include "config/keys.hpp"
+#include "config/setting.hpp"
 
+#include <array>
 #include <ostream>
 
 namespace quillmere::cli::describe {
@@ -94,7 +97,28 @@ void printCommand(std::ostream& out, const Command& command)
     printList(out, command.arguments, options);
 }
 
+template <class Record, std::size_t count>
+void printKeys(std::ostream& out, const std::array<config::Key<Record>, count>& keys)
+{
+    out << ".Bl -tag -width Ds -compact\n";
+    for (const config::Key<Record>& key : keys) {
+        const std::string usual = config::written(Record(), key);
+        out << ".It Ic " << plain(std::string(key.name)) << '\n';
+        printSentence(out, std::string(key.help) + ": " + config::accepted(key) +
+                               (usual.empty() ? "" : " (usual: " + usual + ")"));
+    }
+    out << ".El\n";
+}
+
 }  // namespace
+
+void printManualConfiguration(std::ostream& out, const Command&)
+{
+    printKeys(out, config::keys);
+    out << ".Pp\nA table\n.Ic [template.NAME]\nis a template for blocks.\nIts keys:\n.Pp\n";
+    printKeys(out, config::templateKeys);
+    out << ".Pp\n";
+}
 
 void printManualOptions(std::ostream& out, const Command& program) { printList(out, {}, program.options); }
 

@@ -13,6 +13,9 @@ void printManualOptions(std::ostream& out, const Command& program);
 /// All commands with their arguments and options, as lists of mdoc(7).
 void printManualCommands(std::ostream& out, const Command& program);
 
+/// The keys of the configuration and those of a template, as lists of mdoc(7). Nothing of the command line.
+void printManualConfiguration(std::ostream& out, const Command& program);
+
 /// Branches of a `case` over the command, which set `commands`, `options` and `argument`.
 void printBashCommands(std::ostream& out, const Command& program);
 

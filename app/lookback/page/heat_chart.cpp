@@ -16,15 +16,15 @@ std::string heatChart(const figures::LookBack& look, const figures::HeatMap& map
     std::string markup;
     std::size_t free = 0;
     for (std::size_t index = 0; index < count; ++index) {
-        const figures::Day monday = map.firstMonday + std::chrono::weeks(first + index);
+        const figures::Day weekBegin = map.firstWeek + std::chrono::weeks(first + index);
         const double x = left + static_cast<double>(index) * step;
-        const figures::Day month = figures::firstOf(figures::Unit::month, monday + std::chrono::days(6));
-        if (month >= monday && index >= free && index + monthRoom <= count) {
+        const figures::Day month = figures::firstOf(figures::Unit::month, weekBegin + std::chrono::days(6));
+        if (month >= weekBegin && index >= free && index + monthRoom <= count) {
             markup += caption(x, top - 7, "start", shortLabelOf(figures::Unit::month, month));
             free = index + monthRoom;
         }
         for (int weekday = 0; weekday < 7; ++weekday) {
-            const figures::Day day = monday + std::chrono::days(weekday);
+            const figures::Day day = weekBegin + std::chrono::days(weekday);
             const double focus = figures::focusOn(look, day);
             if (const std::optional<int> level = map.levelOf(day, focus)) {
                 markup += rectangle({x, top + weekday * step, size, size}, "heat" + std::to_string(*level),
@@ -35,7 +35,7 @@ std::string heatChart(const figures::LookBack& look, const figures::HeatMap& map
     }
     for (const int weekday : {0, 2, 4, 6}) {
         markup += caption(left - 6, top + weekday * step + 10, "end",
-                          std::string(weekdayText(map.firstMonday + std::chrono::days(weekday))));
+                          std::string(weekdayText(map.firstWeek + std::chrono::days(weekday))));
     }
     return drawing(left + static_cast<double>(count) * step, top + 7 * step + 4, label, markup);
 }

@@ -1,6 +1,7 @@
 #include "lookback/page/sections.hpp"
 
 #include "base/text/count.hpp"
+#include "base/text/hours.hpp"
 #include "base/text/local_time.hpp"
 #include "lookback/day_text.hpp"
 #include "lookback/page/charts.hpp"
@@ -135,14 +136,14 @@ std::string factSection(const figures::LookBack& look)
     return sectionOf("In short", "chart", element("table", {}, element("tbody", {}, body)));
 }
 
-std::string sessionRow(const figures::EndedSession& ended)
+std::string sessionRow(const figures::EndedSession& ended, base::Hours hours)
 {
     const WorkSession& session = *ended.session;
     const std::string time = ended.time ? focusText(ended.time->workedSeconds) : "-";
     const std::string completion = session.review ? completionText(session.review->completion) : "-";
     const std::string result = session.review ? session.review->noteworthyResult : "";
     return element("tr", {},
-                   element("th", {{"scope", "row"}}, escaped(base::localText(session.startedAt))) +
+                   element("th", {{"scope", "row"}}, escaped(base::localText(session.startedAt, hours))) +
                        element("td", {}, escaped(time)) + element("td", {}, escaped(completion)) +
                        element("td", {{"class", "text"}}, escaped(nameOf(session))) +
                        element("td", {{"class", "text"}}, escaped(result)));
@@ -153,7 +154,7 @@ std::string sessionSection(const figures::LookBack& look)
     std::string body;
     const std::size_t count = std::min(look.sessions.size(), mostSessionsShown);
     for (std::size_t index = 0; index < count; ++index) {
-        body += sessionRow(*(look.sessions.rbegin() + static_cast<std::ptrdiff_t>(index)));
+        body += sessionRow(*(look.sessions.rbegin() + static_cast<std::ptrdiff_t>(index)), look.habits.hours);
     }
     const std::string table = element(
         "table", {{"class", "sessions"}},

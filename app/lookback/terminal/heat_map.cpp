@@ -17,10 +17,10 @@ std::string monthLine(const figures::HeatMap& map)
 {
     std::string line;
     for (std::size_t week = 0; week < map.weeks; ++week) {
-        const figures::Day monday = map.firstMonday + std::chrono::weeks(week);
-        const figures::Day month = figures::firstOf(figures::Unit::month, monday + std::chrono::days(6));
+        const figures::Day weekBegin = map.firstWeek + std::chrono::weeks(week);
+        const figures::Day month = figures::firstOf(figures::Unit::month, weekBegin + std::chrono::days(6));
         const std::string name = shortLabelOf(figures::Unit::month, month);
-        if (month >= monday && week >= line.size() + (line.empty() ? 0 : 1) &&
+        if (month >= weekBegin && week >= line.size() + (line.empty() ? 0 : 1) &&
             week + name.size() <= map.weeks) {
             line = filledUp(line, week) + name;
         }
@@ -39,7 +39,7 @@ std::string heatMapLines(const figures::LookBack& look, const TerminalPage& page
     std::string text = heading("The year to " + labelOf(figures::Unit::day, map.lastDay), page);
     text += page.style.dimmed(std::string(labelWidth, ' ') + monthLine(map)) + "\n";
     for (int weekday = 0; weekday < 7; ++weekday) {
-        const figures::Day first = map.firstMonday + std::chrono::days(weekday);
+        const figures::Day first = map.firstWeek + std::chrono::days(weekday);
         std::string row;
         for (std::size_t week = 0; week < map.weeks; ++week) {
             const figures::Day day = first + std::chrono::weeks(week);

@@ -30,12 +30,13 @@ std::string waitText(double seconds)
     return "in " + base::durationText(seconds < minute ? seconds : std::floor(seconds / minute) * minute);
 }
 
-void writeSchedule(Flow& flow, const Block& block, const work::ScheduleView& schedule, Instant now, Look look)
+void writeSchedule(Flow& flow, const Block& block, const work::ScheduleView& schedule,
+                   const base::SeenFrom& here, Look look)
 {
-    const double wait = schedule.start - now;
+    const double wait = schedule.start - here.now;
     flow.line("Scheduled", look);
-    flow.line(base::localTextSeenFrom(now, schedule.start) + " to " +
-                  base::localTextSeenFrom(now, schedule.end) +
+    flow.line(base::localTextSeenFrom(here, schedule.start) + " to " +
+                  base::localTextSeenFrom(here, schedule.end) +
                   (wait > 0 ? ", " + waitText(wait) : std::string()),
               {.bold = true}, indent);
     flow.line(base::countText(block.cycleCount, "session") + " of " +
@@ -46,9 +47,9 @@ void writeSchedule(Flow& flow, const Block& block, const work::ScheduleView& sch
     flow.space(QuillmereDesign::Spacing::regular);
 }
 
-void writeFinished(Flow& flow, const Block& block, Instant now, bool isFull)
+void writeFinished(Flow& flow, const Block& block, const base::SeenFrom& here, bool isFull)
 {
-    flow.line(base::localTextSeenFrom(now, block.completedAt.value_or(block.createdAt)) + ", " +
+    flow.line(base::localTextSeenFrom(here, block.completedAt.value_or(block.createdAt)) + ", " +
                   std::to_string(block.sessions.size()) + " of " +
                   base::countText(block.cycleCount, "session"),
               {.bold = true}, indent);
@@ -61,14 +62,15 @@ void writeFinished(Flow& flow, const Block& block, Instant now, bool isFull)
 
 }  // namespace
 
-void drawIdle(Canvas& canvas, const Area& area, const workspace::Situation& situation)
+void drawIdle(Canvas& canvas, const Area& area, const workspace::Situation& situation, base::Hours hours)
 {
+    const base::SeenFrom here(situation.now, hours);
     const QuillmereState& state = situation.state;
     const bool isFull = showsFullPlan(layout(familyFor(canvas.size())));
     const Look heading{.accent = QuillmereDesign::accent(WidgetPhase::planning), .bold = true};
     Flow flow(canvas, area);
     if (const auto schedule = work::SituationView::of(situation).schedule) {
-        writeSchedule(flow, *state.currentBlock, *schedule, situation.now, heading);
+        writeSchedule(flow, *state.currentBlock, *schedule, here, heading);
     } else {
         flow.paragraph("Nothing is scheduled.");
         flow.space(QuillmereDesign::Spacing::regular);
@@ -80,7 +82,7 @@ void drawIdle(Canvas& canvas, const Area& area, const workspace::Situation& situ
         if (flow.rowsLeft() < 2) {
             break;
         }
-        writeFinished(flow, block, situation.now, isFull);
+        writeFinished(flow, block, here, isFull);
     }
 }
 

@@ -1,6 +1,7 @@
 // The pages of the screen, drawn from a situation alone.
 #pragma once
 
+#include "base/text/hours.hpp"
 #include "screen/canvas/canvas.hpp"
 #include "work/situation_view.hpp"
 #include "workspace/workspace.hpp"
@@ -33,14 +34,14 @@ struct Frame {
 Area drawFrame(Canvas& canvas, const Frame& frame);
 
 /// The scheduled block and the finished blocks.
-void drawIdle(Canvas& canvas, const Area& area, const workspace::Situation& situation);
+void drawIdle(Canvas& canvas, const Area& area, const workspace::Situation& situation, base::Hours hours);
 
 /// The running timer, with the plan of the running or the next session.
 void drawCountdown(Canvas& canvas, const Area& area, const work::SituationView& view);
 
 /// The open questions: the chosen one in full, scrolled down by `scrolled` rows.
 void drawQuestions(Canvas& canvas, const Area& area, const workspace::Situation& situation,
-                   std::size_t chosen, std::size_t scrolled);
+                   std::size_t chosen, std::size_t scrolled, base::Hours hours);
 
 /// The number of rows to scroll until the end of the chosen question is in view.
 std::size_t mostScrolled(Size window, const Area& area, const workspace::Situation& situation,

@@ -26,7 +26,8 @@ std::size_t gapRows(Size window)
 }
 
 void writeQuestions(Canvas& canvas, const std::vector<AgentQuestion>& questions,
-                    const workspace::Situation& situation, std::size_t chosen, std::size_t gap)
+                    const workspace::Situation& situation, std::size_t chosen, std::size_t gap,
+                    base::Hours hours)
 {
     const Look look{
         .accent = QuillmereDesign::accent(fromWorkflowState<WidgetPhase>(situation.state.workflowState)),
@@ -39,7 +40,7 @@ void writeQuestions(Canvas& canvas, const std::vector<AgentQuestion>& questions,
         canvas.write({row, 2}, std::to_string(index + 1), isChosen ? look : Look{.dim = true});
         flow.paragraph(questions[index].question, {.bold = isChosen}, numberColumns,
                        isChosen ? Canvas::toTheEdge : mostLinesOfOthers);
-        flow.line("asked " + base::localTextSeenFrom(situation.now, questions[index].createdAt),
+        flow.line("asked " + base::localTextSeenFrom({situation.now, hours}, questions[index].createdAt),
                   {.dim = true}, numberColumns);
         flow.skip(gap);
     }
@@ -61,7 +62,7 @@ std::size_t mostScrolled(Size window, const Area& area, const workspace::Situati
 }
 
 void drawQuestions(Canvas& canvas, const Area& area, const workspace::Situation& situation,
-                   std::size_t chosen, std::size_t scrolled)
+                   std::size_t chosen, std::size_t scrolled, base::Hours hours)
 {
     const std::vector<AgentQuestion> questions = situation.state.openQuestions();
     if (questions.empty()) {
@@ -71,7 +72,7 @@ void drawQuestions(Canvas& canvas, const Area& area, const workspace::Situation&
     const std::size_t most = mostScrolled(canvas.size(), area, situation, chosen);
     const std::size_t first = std::min(scrolled, most);
     Canvas whole({.rows = first + area.rows, .columns = textColumns(area)}, canvas.charset());
-    writeQuestions(whole, questions, situation, chosen, gapRows(canvas.size()));
+    writeQuestions(whole, questions, situation, chosen, gapRows(canvas.size()), hours);
     canvas.copy(whole, first, area);
     drawMoreArrows(canvas, area, first > 0, first < most);
 }

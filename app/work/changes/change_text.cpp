@@ -98,11 +98,11 @@ void fill(std::string& words, std::string_view place, const std::string& value)
 
 }  // namespace
 
-std::string changeText(const Change& change, Instant now)
+std::string changeText(const Change& change, const base::SeenFrom& here)
 {
     std::string words(rowOf(changeRows, change.kind).words);
     fill(words, "{session}", change.session ? std::to_string(*change.session) : "");
-    fill(words, "{time}", change.at ? base::localTextSeenFrom(now, *change.at) : "");
+    fill(words, "{time}", change.at ? base::localTextSeenFrom(here, *change.at) : "");
     fill(words, "{length}", change.seconds ? base::durationText(*change.seconds) : "");
     if (!change.text.empty()) {
         words += ": " + base::cutToColumns(base::sanitized(change.text.substr(0, mostBytes)), mostColumns);

@@ -20,22 +20,10 @@ std::string lowerCase(std::string_view text)
     return lower;
 }
 
-/// "1 h 30 min" as it is typed: "1h30m".
-std::string durationAsTyped(double seconds)
-{
-    std::string text;
-    for (const char character : base::durationText(seconds)) {
-        // The first letter of a unit's name is enough.
-        const bool isRestOfUnit = character >= 'a' && !text.empty() && text.back() >= 'a';
-        text += character == ' ' || isRestOfUnit ? std::string() : std::string(1, character);
-    }
-    return text;
-}
-
 // One overload for each type of member.
 
 FieldValue valueOf(const std::string& text) { return text; }
-FieldValue valueOf(double seconds) { return durationAsTyped(seconds); }
+FieldValue valueOf(double seconds) { return base::durationAsTyped(seconds); }
 FieldValue valueOf(std::int64_t number) { return std::to_string(number); }
 FieldValue valueOf(CompletionResult result) { return std::string(rawValue(result)); }
 FieldValue valueOf(const std::optional<Instant>& start)

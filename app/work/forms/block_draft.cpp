@@ -1,5 +1,6 @@
 #include "work/forms/block_draft.hpp"
 
+#include "config/new_block.hpp"
 #include "work/fields/answers.hpp"
 #include "work/fields/unacceptable.hpp"
 #include "work/forms/forms.hpp"
@@ -30,9 +31,9 @@ FormSubject subjectOfNextBlock(const QuillmereState& state)
     return state.workflowState == WorkflowState::blockPlanning ? *subjectFor(state) : newBlock(state);
 }
 
-Block plannedBlock(const QuillmereState& state, Instant now)
+Block plannedBlock(const QuillmereState& state, Instant now, const config::Values& values)
 {
-    return state.currentBlock ? *state.currentBlock : Block::default_(now);
+    return state.currentBlock ? *state.currentBlock : config::newBlock(values, now);
 }
 
 void setWherePossible(Block& block, const RecordField<Block>& row, const FieldChange& change, Instant now)
@@ -45,9 +46,10 @@ void setWherePossible(Block& block, const RecordField<Block>& row, const FieldCh
 }
 
 /// `idle` is the state without the block.
-void keepAsDraft(const Block& block, const QuillmereState& idle, const Drafts& drafts, Instant now)
+void keepAsDraft(const Block& block, const QuillmereState& idle, const Drafts& drafts, Instant now,
+                 const config::Values& values)
 {
-    Form form = formFor(newBlock(idle), idle, now);
+    Form form = formFor(newBlock(idle), idle, now, values);
     drafts.fillIn(form);
     for (const RecordField<Block>& row : blockFields) {
         const std::size_t index = *form.indexOf(row.prompt.name);
@@ -61,25 +63,27 @@ void keepAsDraft(const Block& block, const QuillmereState& idle, const Drafts& d
 
 }  // namespace
 
-workspace::Operation keepingWords(workspace::Operation operation, const Drafts& drafts)
+workspace::Operation keepingWords(workspace::Operation operation, const Drafts& drafts,
+                                  const config::Values& values)
 {
-    return [operation = std::move(operation), &drafts](QuillmereState& state, Instant now) {
+    return [operation = std::move(operation), &drafts, values](QuillmereState& state, Instant now) {
         const std::optional<Block> before = state.currentBlock;
         const std::size_t finished = state.blockHistory.size();
         operation(state, now);
         if (before && !state.currentBlock && state.blockHistory.size() == finished) {
-            keepAsDraft(*before, state, drafts, now);
+            keepAsDraft(*before, state, drafts, now, values);
         }
     };
 }
 
-std::optional<Block> draftOfNextBlock(const QuillmereState& state, const Drafts& drafts, Instant now)
+std::optional<Block> draftOfNextBlock(const QuillmereState& state, const Drafts& drafts, Instant now,
+                                      const config::Values& values)
 {
-    Form form = formFor(subjectOfNextBlock(state), state, now);
+    Form form = formFor(subjectOfNextBlock(state), state, now, values);
     if (drafts.fillIn(form) == BroughtBack::nothing) {
         return std::nullopt;
     }
-    Block block = plannedBlock(state, now);
+    Block block = plannedBlock(state, now, values);
     for (const FieldChange& change : form.changes()) {
         for (const RecordField<Block>& row : blockFields) {
             if (row.prompt.name == change.id && !isPlannedStart(row)) {

@@ -1,4 +1,5 @@
 // The form of a block.
+#include "config/new_block.hpp"
 #include "work/forms/record_forms.hpp"
 
 #include <quillmere/engine/workflow_engine.hpp>
@@ -12,9 +13,9 @@ constexpr const char* startId = "at";
 /// The first field of the part about time.
 constexpr std::string_view firstOfTime = "focus";
 
-Block blockInPlanning(const QuillmereState& state, Instant now)
+Block blockInPlanning(const QuillmereState& state, Instant now, const config::Values& values)
 {
-    return state.currentBlock ? *state.currentBlock : Block::default_(now);
+    return state.currentBlock ? *state.currentBlock : config::newBlock(values, now);
 }
 
 /// The outcomes of a new block get other identifiers each time, so its items have no key: otherwise every
@@ -32,9 +33,9 @@ void removeKeys(FieldValue& value)
 
 bool hasPlannedStart(const Form& form) { return !form.text(startId).empty(); }
 
-void addBlockFields(Form& form, const QuillmereState& state, Instant now)
+void addBlockFields(Form& form, const QuillmereState& state, Instant now, const config::Values& values)
 {
-    const Block block = blockInPlanning(state, now);
+    const Block block = blockInPlanning(state, now, values);
     for (const RecordField<Block>& row : blockFields) {
         if (row.prompt.name == firstOfTime) {
             form.addHeading("Its time");
@@ -49,7 +50,8 @@ void addBlockFields(Form& form, const QuillmereState& state, Instant now)
 
 void saveBlock(const Form& form, QuillmereState& state, Instant now)
 {
-    Block block = blockInPlanning(state, now);
+    // Lengths of the form that differ from those of this blank block are set, configured ones too.
+    Block block = blockInPlanning(state, now, {});
     applyFields(form, "", blockFields, block, now);
     const WorkflowEngine engine;
     if (block.plannedStart) {

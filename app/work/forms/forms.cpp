@@ -10,26 +10,33 @@
 namespace quillmere::work {
 namespace {
 
+/// The fields of a form to which the configuration makes no difference.
+template <void (*addFields)(Form&, const QuillmereState&, Instant)>
+void addAlike(Form& form, const QuillmereState& state, Instant now, const config::Values&)
+{
+    addFields(form, state, now);
+}
+
 struct FormRow {
     FormKind value;
-    void (*addFields)(Form&, const QuillmereState&, Instant);
+    void (*addFields)(Form&, const QuillmereState&, Instant, const config::Values&);
     void (*save)(const Form&, QuillmereState&, Instant);
 };
 
 constexpr auto formRows = std::to_array<FormRow>({
     {FormKind::block, addBlockFields, saveBlock},
-    {FormKind::plan, addPlanFields, savePlan},
-    {FormKind::review, addReviewFields, saveReview},
-    {FormKind::reflection, addReflectionFields, saveReflection},
-    {FormKind::answer, addAnswerFields, saveAnswer},
-    {FormKind::question, addQuestionFields, saveQuestion},
-    {FormKind::length, addLengthFields, saveLength},
-    {FormKind::goOn, addGoOnFields, saveGoOn},
-    {FormKind::earlierEnd, addEarlierEndFields, saveEarlierEnd},
-    {FormKind::away, addAwayFields, saveAway},
-    {FormKind::blockChange, addBlockChangeFields, saveBlockChange},
-    {FormKind::correction, addCorrectionFields, saveCorrection},
-    {FormKind::anotherStart, addAnotherStartFields, saveAnotherStart},
+    {FormKind::plan, addAlike<addPlanFields>, savePlan},
+    {FormKind::review, addAlike<addReviewFields>, saveReview},
+    {FormKind::reflection, addAlike<addReflectionFields>, saveReflection},
+    {FormKind::answer, addAlike<addAnswerFields>, saveAnswer},
+    {FormKind::question, addAlike<addQuestionFields>, saveQuestion},
+    {FormKind::length, addAlike<addLengthFields>, saveLength},
+    {FormKind::goOn, addAlike<addGoOnFields>, saveGoOn},
+    {FormKind::earlierEnd, addAlike<addEarlierEndFields>, saveEarlierEnd},
+    {FormKind::away, addAlike<addAwayFields>, saveAway},
+    {FormKind::blockChange, addAlike<addBlockChangeFields>, saveBlockChange},
+    {FormKind::correction, addAlike<addCorrectionFields>, saveCorrection},
+    {FormKind::anotherStart, addAlike<addAnotherStartFields>, saveAnotherStart},
 });
 static_assert(inCaseOrder(formRows) && formRows.size() == EnumerationTable<FormKind>::rows.size());
 
@@ -109,10 +116,11 @@ std::vector<FormSubject> subjectsOf(const QuillmereState& state)
     return subjects;
 }
 
-Form formFor(const FormSubject& subject, const QuillmereState& state, Instant now)
+Form formFor(const FormSubject& subject, const QuillmereState& state, Instant now,
+             const config::Values& values)
 {
     Form form(subject);
-    rowOf(formRows, subject.kind).addFields(form, state, now);
+    rowOf(formRows, subject.kind).addFields(form, state, now, values);
     return form;
 }
 

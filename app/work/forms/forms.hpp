@@ -1,6 +1,7 @@
 // The forms of all records: which one a state asks for, how it begins, and how it is saved.
 #pragma once
 
+#include "config/values.hpp"
 #include "work/forms/form.hpp"
 #include "work/move.hpp"
 
@@ -24,8 +25,9 @@ FormSubject newQuestion();
 /// All forms that may be opened in a state, now or after editing the scheduled block.
 std::vector<FormSubject> subjectsOf(const QuillmereState& state);
 
-/// The form with the values of the state.
-Form formFor(const FormSubject& subject, const QuillmereState& state, Instant now);
+/// The form with the values of the state. A blank block has the configured lengths.
+Form formFor(const FormSubject& subject, const QuillmereState& state, Instant now,
+             const config::Values& values = {});
 
 /// The form that a person opens for an amendment, or for another length of a break.
 FormSubject subjectOf(FormKind kind, const QuillmereState& state);

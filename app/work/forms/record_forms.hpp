@@ -1,6 +1,7 @@
 // One form for each record, used by forms.cpp.
 #pragma once
 
+#include "config/values.hpp"
 #include "work/fields/answers.hpp"
 #include "work/forms/form.hpp"
 
@@ -13,7 +14,7 @@
 namespace quillmere::work {
 
 // clang-format off
-void addBlockFields      (Form& form, const QuillmereState& state, Instant now);
+void addBlockFields      (Form& form, const QuillmereState& state, Instant now, const config::Values& values);
 void addPlanFields       (Form& form, const QuillmereState& state, Instant now);
 void addReviewFields     (Form& form, const QuillmereState& state, Instant now);
 void addReflectionFields (Form& form, const QuillmereState& state, Instant now);

@@ -58,8 +58,8 @@ bool isNothing(const Changes& changes)
 /// Finds steps among the versions.
 class Steps {
 public:
-    Steps(const UndoHistory& history, const QuillmereState& present, Instant now)
-        : history_(history), versions_(history.versions), present_(present), now_(now)
+    Steps(const UndoHistory& history, const QuillmereState& present, const base::SeenFrom& here)
+        : history_(history), versions_(history.versions), present_(present), here_(here)
     {
         place_ = stillValid(history.place);
         addedTo_ = addedTo();
@@ -148,17 +148,18 @@ private:
         }
         std::string changes = isUndo ? textOfUndo(replaced, state) : textOfRedo(replaced, state);
         if (replaced.origin == ChangeOrigin::work) {
-            countAsPause(state, replaced.after.updatedAt, now_);
+            countAsPause(state, replaced.after.updatedAt, here_.now);
         }
         // Before `updatedAt` changes: catchUp takes no timer as run out before it.
-        std::vector<workspace::Event> events = workspace::catchUp(state, now_);
-        state.updatedAt = std::max(now_, present_.updatedAt);
+        std::vector<workspace::Event> events = workspace::catchUp(state, here_.now);
+        state.updatedAt = std::max(here_.now, present_.updatedAt);
         return UndoStep{.direction = direction,
                         .version = replaced.number,
                         .changes = std::move(changes),
                         .state = std::move(state),
                         .events = std::move(events),
-                        .place = place_};
+                        .place = place_,
+                        .hours = here_.hours};
     }
 
     /// The change undone, and all others since its version. Of those, another program may have made some.
@@ -169,7 +170,7 @@ private:
         std::erase_if(others,
                       [](const Change& change) { return change.kind == ChangeKind::pausesShortened; });
         addMissing(changes, others);
-        return textOf(changes) + " (" + base::localTextSeenFrom(now_, replaced.after.updatedAt) + ")";
+        return textOf(changes) + " (" + base::localTextSeenFrom(here_, replaced.after.updatedAt) + ")";
     }
 
     /// The change that was undone, and all others that lead from the present to its state.
@@ -179,14 +180,14 @@ private:
         Changes others = changesBetween(present_, state);
         std::erase_if(others, isPause);
         addMissing(changes, others);
-        return textOf(changes) + " (undone " + base::localTextSeenFrom(now_, replaced.after.updatedAt) + ")";
+        return textOf(changes) + " (undone " + base::localTextSeenFrom(here_, replaced.after.updatedAt) + ")";
     }
 
     std::string textOf(const Changes& changes) const
     {
         std::string text;
         for (const Change& change : changes) {
-            text += (text.empty() ? "" : "; ") + changeText(change, now_);
+            text += (text.empty() ? "" : "; ") + changeText(change, here_);
         }
         return text;
     }
@@ -211,7 +212,7 @@ private:
     const UndoHistory& history_;
     const std::vector<std::int64_t>& versions_;  ///< of the history
     const QuillmereState& present_;
-    Instant now_;
+    base::SeenFrom here_;
     UndoPlace place_;
     std::optional<WorkSession> addedTo_;
 };
@@ -219,9 +220,9 @@ private:
 }  // namespace
 
 std::optional<UndoStep> nextStep(UndoDirection direction, const UndoHistory& history,
-                                 const QuillmereState& present, Instant now)
+                                 const QuillmereState& present, const base::SeenFrom& here)
 {
-    const Steps steps(history, present, now);
+    const Steps steps(history, present, here);
     return direction == UndoDirection::undo ? steps.undo() : steps.redo();
 }
 

@@ -72,9 +72,9 @@ void noteStep(const UndoStep& step, const workspace::Workspace& workspace)
 }  // namespace
 
 std::optional<UndoStep> nextStep(UndoDirection direction, const workspace::Workspace& workspace,
-                                 const QuillmereState& present, Instant now)
+                                 const QuillmereState& present, const base::SeenFrom& here)
 {
-    return nextStep(direction, historyOf(workspace), present, now);
+    return nextStep(direction, historyOf(workspace), present, here);
 }
 
 std::string offerText(const UndoStep& step)
@@ -100,7 +100,8 @@ UndoChange changeBy(const UndoStep& step, const workspace::Workspace& workspace)
     return {
         .operation =
             [taken, &workspace](QuillmereState& state, Instant now) {
-                *taken = stillAgreed(*taken, nextStep(taken->direction, workspace, state, now));
+                *taken =
+                    stillAgreed(*taken, nextStep(taken->direction, workspace, state, {now, taken->hours}));
                 state = taken->state;
             },
         .manner = {.keeping = workspace::Keeping::necessarily,

@@ -14,7 +14,7 @@ namespace quillmere::work {
 
 /// The next step among the versions that the workspace keeps.
 std::optional<UndoStep> nextStep(UndoDirection direction, const workspace::Workspace& workspace,
-                                 const QuillmereState& present, Instant now);
+                                 const QuillmereState& present, const base::SeenFrom& here);
 
 /// "Undo: review of session 2 saved (14:32)".
 std::string offerText(const UndoStep& step);

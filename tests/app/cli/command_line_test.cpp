@@ -216,7 +216,7 @@ TEST(Help, isPrintedForTheProgramAndForEveryCommand)
          {"status", "plan",   "start",  "edit",    "cancel", "focus",     "pause",  "resume",
           "end",    "review", "break",  "reflect", "ask",    "questions", "answer", "history",
           "widget", "agent",  "open",   "tick",    "tour",   "ui",        "doctor", "extend",
-          "away",   "finish", "change", "amend",   "delete", "reset"}) {
+          "away",   "finish", "change", "amend",   "delete", "reset",     "config"}) {
         SCOPED_TRACE(command);
         EXPECT_NE(program.find("\n  " + std::string(command) + " "), std::string::npos);
         const Ending ending = person.runs({command, "--help"});

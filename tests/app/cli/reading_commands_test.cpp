@@ -17,6 +17,7 @@ const Words readingCommands[] = {
     {"restore"},
     {"widget"},
     {"bar"},
+    {"config"},
     {"agent"},
     {"open", "quillmere://open/focus"},
     {},

@@ -70,9 +70,36 @@ TEST(LocalCalendar, findsTheStartOfADayWhenTheClocksChange)
         EXPECT_EQ(calendar.startOf(asked).secondsSince1970(), each.startUtc);
         EXPECT_EQ(calendar.startOf(asked + oneDay) - calendar.startOf(asked), each.hours * 3600);
         if (each.hours > 0) {
-            EXPECT_EQ(LocalCalendar::dayOf(calendar.startOf(asked)), asked);
-            EXPECT_EQ(LocalCalendar::dayOf(calendar.startOf(asked + oneDay) - 0.5), asked);
+            EXPECT_EQ(calendar.dayOf(calendar.startOf(asked)), asked);
+            EXPECT_EQ(calendar.dayOf(calendar.startOf(asked + oneDay) - 0.5), asked);
         }
+    }
+}
+
+TEST(FirstOf, isTheDayOnWhichThePersonsWeekBegins)
+{
+    EXPECT_EQ(firstOf(Unit::week, day("2026-11-15"), std::chrono::Sunday), day("2026-11-15"));
+    EXPECT_EQ(firstOf(Unit::week, day("2026-11-14"), std::chrono::Sunday), day("2026-11-08"));
+    EXPECT_EQ(firstOf(Unit::month, day("2026-11-14"), std::chrono::Sunday), day("2026-11-01"));
+}
+
+TEST(LocalCalendar, countsTheNightForTheDayBeforeWhereDaysBeginLater)
+{
+    const TimeZone here("Europe/Berlin");
+    LocalCalendar calendar(4);
+    EXPECT_EQ(calendar.dayOf(local("2026-11-15 03:59")), day("2026-11-14"));
+    EXPECT_EQ(calendar.dayOf(local("2026-11-15 04:00")), day("2026-11-15"));
+    for (const char* const text : {"2026-11-15", "2026-03-29", "2026-10-25", "2026-10-24"}) {
+        EXPECT_EQ(calendar.startOf(day(text)), local(std::string(text) + " 04:00"));
+    }
+}
+
+TEST(LocalCalendar, findsTheStartOfADayThatBeginsAtItsLastHour)
+{
+    for (const char* const zone : {"UTC", "Pacific/Kiritimati", "Pacific/Pago_Pago"}) {
+        const TimeZone here(zone);
+        LocalCalendar calendar(23);
+        EXPECT_EQ(calendar.startOf(day("2026-11-15")), local("2026-11-15 23:00")) << zone;
     }
 }
 

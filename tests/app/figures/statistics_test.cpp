@@ -270,7 +270,7 @@ TEST(Streaks, areDaysInARowWithFocus)
         ASSERT_TRUE(look.longestStreak);
         EXPECT_EQ(look.longestStreak->days, each.longest);
         EXPECT_EQ(look.longestStreak->first, day(each.longestFirst));
-        EXPECT_EQ(look.longestStreak->last(), day(each.longestFirst) + std::chrono::days(each.longest - 1));
+        EXPECT_EQ(look.longestStreak->last, day(each.longestFirst) + std::chrono::days(each.longest - 1));
         EXPECT_EQ(look.currentStreak ? look.currentStreak->days : 0, each.current);
     }
 }
@@ -285,6 +285,87 @@ TEST(Streaks, doNotCountDaysWithoutFocus)
     EXPECT_EQ(look.longestStreak->days, 1);
     EXPECT_EQ(look.focusDays, 2);
     EXPECT_FALSE(lookAt(stateWith({session(moment, 60, 60)})).longestStreak);
+}
+
+figures::Habits withWeekendsOff()
+{
+    figures::Habits habits;
+    habits.daysOff = {std::chrono::Saturday, std::chrono::Sunday};
+    return habits;
+}
+
+// 2026-11-13 is a Friday.
+TEST(Streaks, goOnAcrossDaysOff)
+{
+    const QuillmereState state =
+        stateWith({session(local("2026-11-12 10:00"), 60), session(local("2026-11-13 10:00"), 60),
+                   session(local("2026-11-16 10:00"), 60)});
+    const LookBack look = statistics(state, {}, day("2026-11-16"), withWeekendsOff());
+    EXPECT_EQ(look.longestStreak->days, 3);
+    EXPECT_EQ(look.longestStreak->first, day("2026-11-12"));
+    EXPECT_EQ(look.longestStreak->last, day("2026-11-16"));
+    EXPECT_EQ(statistics(state, {}, day("2026-11-16")).longestStreak->days, 2);
+}
+
+TEST(Streaks, areStillCurrentAfterDaysOff)
+{
+    const QuillmereState state = stateWith({session(local("2026-11-13 10:00"), 60)});
+    EXPECT_TRUE(statistics(state, {}, day("2026-11-16"), withWeekendsOff()).currentStreak);
+    EXPECT_FALSE(statistics(state, {}, day("2026-11-17"), withWeekendsOff()).currentStreak);
+    EXPECT_FALSE(statistics(state, {}, day("2026-11-16")).currentStreak);
+}
+
+TEST(Goal, isReachedOnDaysWithThatMuchFocus)
+{
+    figures::Habits habits = withWeekendsOff();
+    habits.dailyGoalSeconds = 3600;
+    // Thursday too little, Friday enough, Saturday off, today (Monday) not yet.
+    const QuillmereState state =
+        stateWith({session(local("2026-11-12 10:00"), 3599), session(local("2026-11-13 10:00"), 3600),
+                   session(local("2026-11-14 10:00"), 7200), session(local("2026-11-16 10:00"), 60)});
+    const auto goal = figures::goalOf(statistics(state, {}, day("2026-11-16"), habits));
+    ASSERT_TRUE(goal);
+    EXPECT_EQ(goal->days, 2);
+    EXPECT_EQ(goal->reachedDays, 1);
+    EXPECT_EQ(goal->todaySeconds, 60);
+    habits.dailyGoalSeconds = 60;
+    const auto reached = figures::goalOf(statistics(state, {}, day("2026-11-16"), habits));
+    EXPECT_EQ(reached->days, 3);
+    EXPECT_EQ(reached->reachedDays, 3);
+}
+
+TEST(Goal, knowsNothingOfTodayOutsideTheRange)
+{
+    figures::Habits habits;
+    habits.dailyGoalSeconds = 60;
+    const QuillmereState state = stateWith({session(local("2026-11-12 10:00"), 60)});
+    const Range range{.since = std::nullopt, .until = day("2026-11-12")};
+    EXPECT_FALSE(figures::goalOf(statistics(state, range, day("2026-11-16"), habits))->todaySeconds);
+    EXPECT_FALSE(figures::goalOf(statistics(state, range, day("2026-11-16"))));
+}
+
+TEST(LookBack, countsTheNightForTheDayBeforeWhereDaysBeginLater)
+{
+    figures::Habits habits;
+    habits.dayBeginsAtHour = 4;
+    const QuillmereState state = stateWith({session(local("2026-11-15 03:00"), 7200)});
+    const LookBack look = statistics(state, {}, day("2026-11-15"), habits);
+    EXPECT_EQ(focusOf(look, Unit::day), "2026-11-14 3600, 2026-11-15 3600");
+    EXPECT_EQ(look.sessions.front().day, day("2026-11-14"));
+}
+
+TEST(LookBack, sumsWeeksUpFromTheirFirstDay)
+{
+    figures::Habits habits;
+    habits.weekBegins = std::chrono::Sunday;
+    const QuillmereState state =
+        stateWith({session(local("2026-11-14 10:00"), 60), session(local("2026-11-15 10:00"), 60)});
+    const LookBack look = statistics(state, {}, day("2026-11-15"), habits);
+    ASSERT_EQ(look.weeks.size(), 2U);
+    EXPECT_EQ(look.weeks[1].first, day("2026-11-15"));
+    EXPECT_EQ(figures::heatMapOf(look, 2).firstWeek, day("2026-11-08"));
+    EXPECT_EQ(figures::lastPeriods(look, Unit::week, 5).size(), 2U);
+    EXPECT_EQ(statistics(state, {}, day("2026-11-15")).weeks.size(), 1U);
 }
 
 TEST(Streaks, goOnWhenTheClocksChange)
@@ -352,7 +433,7 @@ TEST(HeatMap, hasLevelsByTheShareOfTheBestDay)
         stateWith({session(local("2026-11-14 10:00"), 4000), session(local("2026-01-02 10:00"), 9000)});
     const LookBack look = lookAt(state, {.since = day("2026-11-03"), .until = std::nullopt});
     const auto map = figures::heatMapOf(look, 2);
-    EXPECT_EQ(map.firstMonday, day("2026-11-02"));
+    EXPECT_EQ(map.firstWeek, day("2026-11-02"));
     EXPECT_EQ(map.mostSeconds, 4000);
     EXPECT_EQ(map.levelOf(day("2026-11-02"), 0), std::nullopt);
     EXPECT_EQ(map.levelOf(day("2026-11-16"), 0), std::nullopt);

@@ -32,15 +32,22 @@ TEST(LabelOf, namesTheDayItsWeekAndItsMonth)
         SCOPED_TRACE(each.day);
         const Day read = day(each.day);
         EXPECT_EQ(labelOf(Unit::day, read), each.day);
-        EXPECT_EQ(labelOf(Unit::week, read), each.week);
+        EXPECT_EQ(labelOf(Unit::week, figures::firstOf(Unit::week, read)), each.week);
         EXPECT_EQ(labelOf(Unit::month, read), each.month);
     }
+}
+
+TEST(LabelOf, namesAWeekByTheOneOfTheStandardWithMostOfItsDays)
+{
+    EXPECT_EQ(labelOf(Unit::week, day("2026-11-15")), "2026-W47");  // a Sunday
+    EXPECT_EQ(labelOf(Unit::week, day("2026-11-14")), "2026-W47");  // a Saturday
+    EXPECT_EQ(labelOf(Unit::week, day("2027-01-03")), "2027-W01");
 }
 
 TEST(ShortLabelOf, leavesOutTheYear)
 {
     EXPECT_EQ(shortLabelOf(Unit::day, day("2026-03-05")), "5 Mar");
-    EXPECT_EQ(shortLabelOf(Unit::week, day("2026-03-05")), "W10");
+    EXPECT_EQ(shortLabelOf(Unit::week, day("2026-03-02")), "W10");
     EXPECT_EQ(shortLabelOf(Unit::month, day("2026-03-05")), "Mar");
 }
 

@@ -177,6 +177,14 @@ TEST_F(WatchOnAClock, printsSanitizedText)
     EXPECT_EQ(watch.printed(), "15:00  A question waits: May \xEF\xBF\xBD[31m I?\n");
 }
 
+TEST_F(WatchOnAClock, printsTimesWithTwelveHoursToAPersonWhoReadsThem)
+{
+    person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
+    ClockedWatch watch(person, notifier, {.hours = base::Hours::twelve});
+    watch.round();
+    EXPECT_EQ(watch.printed(), "3:00 pm  A question waits: May I?\n");
+}
+
 TEST_F(WatchOnAClock, reportsOnceThatTheFilesCannotBeUsedAndContinuesWhenTheyCan)
 {
     person.has(stateIn(WorkflowState::focusing));

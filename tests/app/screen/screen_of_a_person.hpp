@@ -16,12 +16,13 @@ protected:
     const TimeZone utc{"UTC"};
     Person person;
     std::unique_ptr<screen::Screen> ui;
+    config::Configuration configuration;
 
     void opens(std::optional<WidgetRoute> route = std::nullopt)
     {
         ui = std::make_unique<screen::Screen>(
             workspace::Workspace::in(person.directory(), [this] { return person.now; }),
-            work::Drafts(person.stateHome()), route);
+            work::Drafts(person.stateHome()), route, configuration);
     }
     void opens(const QuillmereState& state)
     {

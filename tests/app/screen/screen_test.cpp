@@ -16,6 +16,22 @@ long sleepCount()
     return usage.ru_nvcsw;
 }
 
+TEST_F(ScreenOfAPerson, showsTimesAsConfigured)
+{
+    configuration.values.hours = base::Hours::twelve;
+    opens(stateWithScheduledBlock());
+    EXPECT_TRUE(shows("4:00 pm to "));
+    EXPECT_FALSE(shows("16:00"));
+}
+
+TEST_F(ScreenOfAPerson, showsANewBlockAsConfigured)
+{
+    configuration.values.focusSeconds = 3000;
+    opens(stateIn(WorkflowState::blockPlanning));
+    ui->resize({.rows = 60, .columns = 80});
+    EXPECT_TRUE(shows("50m"));
+}
+
 TEST_F(ScreenOfAPerson, goesThroughABlockWithKeysAlone)
 {
     opens();

@@ -84,6 +84,22 @@ TEST_F(PresenterOfAPerson, removesNoDraftsBeforeTheFilesCanBeUsed)
     EXPECT_FALSE(std::filesystem::exists(old));
 }
 
+TEST_F(PresenterOfAPerson, saysWhatIsWrongWithTheConfiguration)
+{
+    person.has(stateIn(WorkflowState::idle));
+    config::Configuration configuration;
+    config::add(configuration, "clock = 3", "config.toml");
+    const auto messageFor = [&] {
+        return Presenter(workspace::Workspace::in(person.directory(), [this] { return person.now; }),
+                         Drafts(person.stateHome()), std::nullopt, configuration)
+            .message();
+    };
+    const std::string sentence = "config.toml:1:9: clock must be one of \"12h\", \"24h\"; it is left out.";
+    EXPECT_EQ(messageFor(), sentence);
+    config::add(configuration, "focus = 3", "config.toml");
+    EXPECT_EQ(messageFor(), sentence + " quillmere config says what else is wrong there.");
+}
+
 TEST_F(PresenterOfAPerson, opensTheFormThatTheWorkflowWaitsFor)
 {
     opens(stateIn(WorkflowState::sessionPlanning));

@@ -41,5 +41,12 @@ TEST(ChildProcess, hasNoSignalBlockedThoughItsParentBlocksOne)
     EXPECT_EQ(output.take(), "SigBlk:\t0000000000000000\n");
 }
 
+TEST(ChildProcess, isWaitedForUntilItHasEnded)
+{
+    EXPECT_EQ(base::awaitEnding(base::startChild({.words = {"sh", "-c", "sleep 0.01; exit 3"}})).failure,
+              "it ended with 3");
+    EXPECT_EQ(base::awaitEnding(base::startChild({.words = {"true"}})).failure, "");
+}
+
 }  // namespace
 }  // namespace quillmere::test

@@ -26,6 +26,29 @@ TEST(LocalText, isInTheLocalTimeZone)
     }
 }
 
+TEST(LocalText, showsTwelveHoursToAPersonWhoReadsThem)
+{
+    const TimeZone here("UTC");
+    using enum base::Hours;
+    const std::pair<double, std::string> clocks[] = {
+        {0, "12:00 am"},
+        {59 * 60, "12:59 am"},
+        {3600, "1:00 am"},
+        {11 * 3600, "11:00 am"},
+        {12 * 3600, "12:00 pm"},
+        {13 * 3600 + 300, "1:05 pm"},
+        {23 * 3600 + 3540, "11:59 pm"},
+    };
+    for (const auto& [seconds, text] : clocks) {
+        EXPECT_EQ(localClockText(Instant(seconds), twelve), text);
+        EXPECT_EQ(localText(Instant(seconds), twelve), "1970-01-01 " + text);
+    }
+    EXPECT_EQ(base::localTextToTheSecond(Instant(13 * 3600 + 5), twelve), "1970-01-01 1:00:05 pm");
+    EXPECT_EQ(localTextSeenFrom({Instant(0), twelve}, Instant(13 * 3600)), "1:00 pm");
+    EXPECT_EQ(base::localSecondSeenFrom({Instant(0), twelve}, Instant(13 * 3600 + 5)), "1:00:05 pm");
+    EXPECT_EQ(localTextSeenFrom({Instant(0), twelve}, Instant(86'400)), "1970-01-02 12:00 am");
+}
+
 TEST(LocalText, dropsSecondsTowardThePast)
 {
     const TimeZone here("UTC");

@@ -36,8 +36,8 @@ TEST(Report, printsFiguresForPrograms)
         stateWith({session(local("2026-11-14 10:00"), 3600), session(local("2026-11-15 10:00"), 1860, 60)}));
     const std::string json = person.types({"report", "--json", "--since", "2026-11-01"}).out;
     EXPECT_EQ(keysOf(json), (Words{"since", "until", "today", "total", "focus_days", "sessions_without_time",
-                                   "between_sessions", "current_streak", "longest_streak", "by_energy",
-                                   "by_morale", "days", "weeks", "months"}));
+                                   "between_sessions", "current_streak", "longest_streak", "goal",
+                                   "by_energy", "by_morale", "days", "weeks", "months"}));
     EXPECT_EQ(jsonAt("/since", json), "\"2026-11-01\"");
     EXPECT_EQ(jsonAt("/until", json), "null");
     EXPECT_EQ(jsonAt("/today", json), "\"2026-11-15\"");
@@ -54,6 +54,7 @@ TEST(Report, printsFiguresForPrograms)
     EXPECT_EQ(jsonAt("/current_streak", json),
               "{\"days\":2,\"first\":\"2026-11-14\",\"last\":\"2026-11-15\"}");
     EXPECT_EQ(jsonAt("/between_sessions/median_seconds", json), "82800");
+    EXPECT_EQ(jsonAt("/goal", json), "null");
     const std::string empty = person.types({"report", "--json", "--since", "2027-01-01"}).out;
     EXPECT_EQ(jsonAt("/longest_streak", empty), "null");
     EXPECT_EQ(jsonAt("/total/energy", empty), "null");

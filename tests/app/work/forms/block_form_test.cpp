@@ -1,5 +1,7 @@
 // The form of a block.
+#include "config/keys.hpp"
 #include "program_testing.hpp"
+#include "work/fields/fields.hpp"
 #include "work/fields/unacceptable.hpp"
 #include "work/forms/form_testing.hpp"
 
@@ -43,6 +45,33 @@ TEST_F(BlockForm, beginsABlockWithEverythingThatWasFilledIn)
     EXPECT_EQ(block.breakDurationSeconds, 600);
     EXPECT_EQ(block.cycleCount, 2);
     EXPECT_FALSE(block.plannedStart);
+}
+
+TEST_F(BlockForm, beginsABlockWithTheLengthsOfTheConfiguration)
+{
+    config::Values values;
+    values.focusSeconds = 3000;
+    values.cycleCount = 3;
+    const Form shown = formFor(subjectFor(state).value(), state, moment, values);
+    EXPECT_EQ(shown.text("focus"), "50m");
+    EXPECT_EQ(shown.text("cycles"), "3");
+    carryOut(shown, state, moment);
+    EXPECT_EQ(state.currentBlock->focusDurationSeconds, 3000);
+    EXPECT_EQ(state.currentBlock->cycleCount, 3);
+}
+
+TEST(BlockFields, areTheKeysOfATemplate)
+{
+    std::vector<std::string_view> names;
+    for (const auto& key : config::templateKeys) {
+        names.push_back(key.name);
+    }
+    names.push_back("at");  // a template has no time
+    std::vector<std::string_view> fields;
+    for (const RecordField<Block>& field : blockFields) {
+        fields.push_back(field.prompt.name);
+    }
+    EXPECT_EQ(names, fields);
 }
 
 TEST_F(BlockForm, schedulesABlockThatHasAPlannedStart)

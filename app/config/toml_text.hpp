@@ -1,0 +1,57 @@
+// TOML (v1.0.0, toml.io) as a flat list of values with their places.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace quillmere::config {
+
+/// A value that no key takes: a number with a fraction, a truth value, a date, a mixed list.
+struct OtherValue {
+    friend bool operator==(OtherValue, OtherValue) = default;
+};
+
+/// A table without any value.
+struct EmptyTable {
+    friend bool operator==(EmptyTable, EmptyTable) = default;
+};
+
+using TomlValue = std::variant<OtherValue, EmptyTable, std::string, std::int64_t, std::vector<std::string>>;
+
+/// Both count from 1.
+struct TextPlace {
+    std::int64_t line;
+    std::int64_t column;
+
+    friend bool operator==(const TextPlace&, const TextPlace&) = default;
+};
+
+struct TomlEntry {
+    std::vector<std::string> path;  ///< {"block", "focus"}
+    TomlValue value;
+    TextPlace keyPlace;
+    TextPlace valuePlace;
+};
+
+struct TomlError {
+    std::string description;
+    TextPlace place;
+};
+
+/// The entries in the order of the text, or why it is no TOML.
+using TomlReading = std::variant<std::vector<TomlEntry>, TomlError>;
+
+/// A table deeper than any key is an entry with another value. Throws `std::bad_alloc`.
+TomlReading readToml(std::string_view text);
+
+/// A text as a value of TOML: in quotation marks, with control characters escaped.
+std::string tomlText(std::string_view text);
+
+/// A part of a key, in quotation marks where TOML requires them.
+std::string tomlKey(std::string_view name);
+
+}  // namespace quillmere::config
