@@ -24,13 +24,7 @@ Day firstOf(Unit unit, Day day)
     return day;
 }
 
-Day LocalCalendar::dayOf(Instant instant)
-{
-    const std::tm fields = base::localFields(instant);
-    return Day(chrono::local_days(chrono::year(fields.tm_year + 1900) /
-                                  chrono::month(static_cast<unsigned>(fields.tm_mon + 1)) /
-                                  chrono::day(static_cast<unsigned>(fields.tm_mday))));
-}
+Day LocalCalendar::dayOf(Instant instant) { return base::localDayOf(instant); }
 
 Instant LocalCalendar::startOf(Day day)
 {
