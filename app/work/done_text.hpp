@@ -1,6 +1,9 @@
 // What a person is told after a step; every surface says the same.
 #pragma once
 
+#include <quillmere/records/instant.hpp>
+
+#include <string>
 #include <string_view>
 
 namespace quillmere::work::done {
@@ -39,5 +42,15 @@ inline constexpr std::string_view breakSkipped = "The break is skipped.";
 
 inline constexpr std::string_view questionAsked = "The question waits for an answer.";
 inline constexpr std::string_view questionAnswered = "Answered.";
+
+// A time that the person typed is said in full (base::localTextInFull), so that they see how it was
+// understood.
+
+/// "Scheduled for Mon 23 Nov 2026, 14:00."
+std::string scheduledFor(Instant start);
+/// "The focus session ended on Mon 23 Nov 2026, 14:20."
+std::string endedOn(Instant end);
+/// "A pause from Mon 23 Nov 2026, 14:20 to Mon 23 Nov 2026, 14:35."
+std::string pauseOf(Instant from, Instant to);
 
 }  // namespace quillmere::work::done

@@ -90,8 +90,8 @@ void plan(PlanCommand& command, Program& program)
     }
     program.change([&](QuillmereState& state, Instant now) {
         operationOf(command)(state, now);
-        return std::string(state.currentBlock->plannedStart ? work::done::blockScheduled
-                                                            : work::done::blockBegun);
+        const std::optional<Instant>& start = state.currentBlock->plannedStart;
+        return start ? work::done::scheduledFor(*start) : std::string(work::done::blockBegun);
     });
     if (command.draft) {
         work::forgetDraftOfNextBlock(before->state, drafts);

@@ -1,4 +1,5 @@
 // The form of a block.
+#include "work/done_text.hpp"
 #include "work/forms/record_forms.hpp"
 
 #include <quillmere/engine/workflow_engine.hpp>
@@ -31,6 +32,11 @@ void removeKeys(FieldValue& value)
 }  // namespace
 
 bool hasPlannedStart(const Form& form) { return !form.text(startId).empty(); }
+
+std::string blockTimes(const Form& form, const QuillmereState&, Instant now)
+{
+    return hasPlannedStart(form) ? done::scheduledFor(startFrom({startId, form.text(startId)}, now)) : "";
+}
 
 void addBlockFields(Form& form, const QuillmereState& state, Instant now)
 {

@@ -14,10 +14,11 @@ struct FormRow {
     FormKind value;
     void (*addFields)(Form&, const QuillmereState&, Instant);
     void (*save)(const Form&, QuillmereState&, Instant);
+    std::string (*times)(const Form&, const QuillmereState&, Instant) = nullptr;
 };
 
 constexpr auto formRows = std::to_array<FormRow>({
-    {FormKind::block, addBlockFields, saveBlock},
+    {FormKind::block, addBlockFields, saveBlock, blockTimes},
     {FormKind::plan, addPlanFields, savePlan},
     {FormKind::review, addReviewFields, saveReview},
     {FormKind::reflection, addReflectionFields, saveReflection},
@@ -25,11 +26,11 @@ constexpr auto formRows = std::to_array<FormRow>({
     {FormKind::question, addQuestionFields, saveQuestion},
     {FormKind::length, addLengthFields, saveLength},
     {FormKind::goOn, addGoOnFields, saveGoOn},
-    {FormKind::earlierEnd, addEarlierEndFields, saveEarlierEnd},
-    {FormKind::away, addAwayFields, saveAway},
+    {FormKind::earlierEnd, addEarlierEndFields, saveEarlierEnd, earlierEndTimes},
+    {FormKind::away, addAwayFields, saveAway, awayTimes},
     {FormKind::blockChange, addBlockChangeFields, saveBlockChange},
-    {FormKind::correction, addCorrectionFields, saveCorrection},
-    {FormKind::anotherStart, addAnotherStartFields, saveAnotherStart},
+    {FormKind::correction, addCorrectionFields, saveCorrection, correctionTimes},
+    {FormKind::anotherStart, addAnotherStartFields, saveAnotherStart, anotherStartTimes},
 });
 static_assert(inCaseOrder(formRows) && formRows.size() == EnumerationTable<FormKind>::rows.size());
 
@@ -155,6 +156,12 @@ Move moveOf(const Form& form, const QuillmereState& state)
         default: break;
     }
     return moveOf(form.subject().kind, state);
+}
+
+std::string timesInFull(const Form& form, const QuillmereState& state, Instant now)
+{
+    const FormRow& row = rowOf(formRows, form.subject().kind);
+    return row.times ? row.times(form, state, now) : "";
 }
 
 void carryOut(const Form& form, QuillmereState& state, Instant now)

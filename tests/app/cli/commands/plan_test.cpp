@@ -122,17 +122,20 @@ TEST(Plan, saysWhetherToBeginNowOrLater)
 struct TimeText {
     const char* text;
     double secondsFromMoment;
+    const char* inFull;
 };
 
 // The clock shows 16:00 at the moment, on 15 November.
 constexpr TimeText acceptedTimes[] = {
-    {"+90s", 90},
-    {"+1h", 3600},
-    {"16:30", 1800},
-    {"15:30", 84'600},
-    {"16:00", 0},
-    {"2026-11-16 08:15", 58'500},
-    {"2026-11-16T08:15", 58'500},
+    {"+90s", 90, "Sun 15 Nov 2026, 16:01"},
+    {"in 1h", 3600, "Sun 15 Nov 2026, 17:00"},
+    {"16:30", 1800, "Sun 15 Nov 2026, 16:30"},
+    {"15:30", 84'600, "Mon 16 Nov 2026, 15:30"},
+    {"16:00", 0, "Sun 15 Nov 2026, 16:00"},
+    {"9am", 61'200, "Mon 16 Nov 2026, 09:00"},
+    {"mon 14:00", 79'200, "Mon 16 Nov 2026, 14:00"},
+    {"2026-11-16 08:15", 58'500, "Mon 16 Nov 2026, 08:15"},
+    {"2026-11-16T08:15", 58'500, "Mon 16 Nov 2026, 08:15"},
 };
 
 TEST(Plan, schedulesABlockForALocalTime)
@@ -143,12 +146,28 @@ TEST(Plan, schedulesABlockForALocalTime)
         const Person person;
         const Ending ending = person.types({"plan", "--at", time.text});
         EXPECT_EQ(ending.code, ExitCode::done);
-        EXPECT_EQ(ending.out.substr(0, 24), "The block is scheduled.\n");
+        EXPECT_TRUE(ending.out.starts_with(std::string("Scheduled for ") + time.inFull + ".\n\n"))
+            << ending.out;
         const QuillmereState state = person.state();
         EXPECT_EQ(state.workflowState, WorkflowState::idle);
         ASSERT_TRUE(state.currentBlock);
         EXPECT_EQ(state.currentBlock->plannedStart, moment + time.secondsFromMoment);
     }
+}
+
+TEST(Plan, saysWhatAChangeOfTheClocksMakesOfATime)
+{
+    const TimeZone here("Europe/Berlin");
+    const Person skipped;
+    EXPECT_TRUE(
+        skipped.types({"plan", "--at", "2027-03-28 02:30"})
+            .out.starts_with("Scheduled for Sun 28 Mar 2027, 03:30 (the clocks are set forward that day, and "
+                             "02:30 is left out).\n\n"));
+    const Person doubled;
+    EXPECT_TRUE(doubled.types({"plan", "--at", "2027-10-31 2:30am"})
+                    .out.starts_with(
+                        "Scheduled for Sun 31 Oct 2027, 02:30 (the first of two: the clocks are set back "
+                        "that day).\n\n"));
 }
 
 constexpr const char* refusedTimes[] = {"noon",  "25:00", "2026-02-30 10:00", "2026-11-15", "+", "+0s",
@@ -161,8 +180,11 @@ TEST(Plan, refusesOtherTimes)
         const Person person;
         const Ending ending = person.types({"plan", "--at", time});
         EXPECT_EQ(ending.code, ExitCode::usage);
-        EXPECT_EQ(ending.err, std::string("--at: \"") + time +
-                                  "\" is no local time, such as 14:30, 2026-11-15 09:00 or +1h.\n");
+        EXPECT_EQ(
+            ending.err,
+            std::string("--at: \"") + time +
+                "\" is no local time, such as 14:30, 9am, tomorrow 9:00, mon 14:00, 2026-11-15 09:00 or "
+                "in 20m.\n");
         EXPECT_EQ(person.names(), Words{});
     }
 }
@@ -170,7 +192,8 @@ TEST(Plan, refusesOtherTimes)
 TEST(Plan, saysWhatATimeIsWhenNoneIsGiven)
 {
     EXPECT_EQ(Person().types({"plan", "--at", ""}).err,
-              "--at: Give a local time, such as 14:30, 2026-11-15 09:00 or +1h.\n");
+              "--at: Give a local time, such as 14:30, 9am, tomorrow 9:00, mon 14:00, 2026-11-15 09:00 or in "
+              "20m.\n");
 }
 
 struct TimeElsewhere {
@@ -192,8 +215,11 @@ TEST(Plan, refusesATimeThatNoFileCanName)
         const Person person;
         const Ending ending = person.types({"plan", "--at", time.text});
         EXPECT_EQ(ending.code, ExitCode::usage);
-        EXPECT_EQ(ending.err, "--at: \"" + std::string(time.text) +
-                                  "\" is no local time, such as 14:30, 2026-11-15 09:00 or +1h.\n");
+        EXPECT_EQ(
+            ending.err,
+            "--at: \"" + std::string(time.text) +
+                "\" is no local time, such as 14:30, 9am, tomorrow 9:00, mon 14:00, 2026-11-15 09:00 or "
+                "in 20m.\n");
         EXPECT_EQ(person.names(), Words{});
     }
 }
