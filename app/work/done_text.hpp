@@ -34,6 +34,7 @@ inline constexpr std::string_view pauseAdded = "That time is a pause.";
 inline constexpr std::string_view reviewSaved = "The review is saved.";
 inline constexpr std::string_view reviewSavedAndFinished =
     "The review is saved. No session follows; the block waits for its reflection.";
+inline constexpr std::string_view reviewSavedAndBlockFinished = "The review is saved. The block is finished.";
 
 inline constexpr std::string_view breakExtended = "The break is longer now.";
 inline constexpr std::string_view breakExtendedAndOver = "The break is longer now, and still over.";

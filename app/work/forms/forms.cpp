@@ -1,6 +1,7 @@
 #include "work/forms/forms.hpp"
 
 #include "work/forms/record_forms.hpp"
+#include "work/only_session.hpp"
 
 #include <quillmere/engine/transition.hpp>
 #include <quillmere/engine/workflow_error.hpp>
@@ -147,6 +148,9 @@ Move moveOf(const Form& form, const QuillmereState& state)
         case FormKind::block: return hasPlannedStart(form) ? Step::scheduleBlock : Step::startBlock;
         case FormKind::plan: return Step::startFocus;
         case FormKind::review:
+            if (isOnlySessionInReview(state)) {
+                return Step::completeBlockReview;
+            }
             return finishesBlock(form)                       ? Move(amendments::Kind::finishWithReview)
                    : isPossible(Step::saveLastReview, state) ? Move(Step::saveLastReview)
                                                              : Move(Step::saveReviewAndStartBreak);

@@ -39,7 +39,7 @@ const WorkSession* reviewedSession(const QuillmereState& state);
 /// be asked, and be answered again.
 bool isCurrent(const FormSubject& subject, const QuillmereState& state);
 
-/// The move that saving the form makes.
+/// The move that saving the form makes; the last one where it makes two.
 Move moveOf(const Form& form, const QuillmereState& state);
 
 /// The sentence that says in full how the times in the form are understood; empty for a form without a time.

@@ -111,6 +111,22 @@ TEST(ReviewForm, asksForNoPlanAfterTheLastSession)
     EXPECT_EQ(state.workflowState, WorkflowState::blockReview);
 }
 
+TEST(ReviewForm, ofAnOnlySessionHasTheReflectionAndFinishesTheBlock)
+{
+    QuillmereState state = stateIn(WorkflowState::sessionReview);
+    state.currentBlock->cycleCount = 1;
+    Form form = formOf(state);
+    EXPECT_EQ(form.field("output").heading, "The block");
+    EXPECT_EQ(moveOf(form, state), Move(Step::completeBlockReview));
+    fill(form, "lessons", "Close the door");
+    EXPECT_THROW(carryOut(form, state, moment), Unacceptable);
+    fill(form, "completion", "Half");
+    carryOut(form, state, moment);
+    EXPECT_EQ(state.workflowState, WorkflowState::idle);
+    EXPECT_EQ(state.blockHistory.front().sessions[0].review->completion, CompletionResult::half);
+    EXPECT_EQ(state.blockHistory.front().reflection->lessons, "Close the door");
+}
+
 TEST(ReflectionForm, finishesTheBlock)
 {
     QuillmereState state = stateIn(WorkflowState::blockReview);
