@@ -3,6 +3,7 @@
 #include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/prompt.hpp"
+#include "work/block_like.hpp"
 #include "work/done_text.hpp"
 #include "work/forms/block_draft.hpp"
 
@@ -18,10 +19,15 @@ struct PlanCommand {
     BlockOptions options;
     bool takesDraft = false;
     std::optional<Block> draft;  ///< what planning begins with instead of a blank block
+    std::optional<std::string> model;
 };
 
 Block presentBlock(const PlanCommand& command, const QuillmereState& state, Instant now)
 {
+    if (command.model) {
+        return work::withPlanOf(work::modelNamed(*command.model, state),
+                                state.currentBlock.value_or(Block::default_(now)));
+    }
     if (!state.currentBlock) {
         return command.draft.value_or(Block::default_(now));
     }
@@ -79,7 +85,7 @@ void plan(PlanCommand& command, Program& program)
     }
     if (environment.inputIsTerminal && wouldBegin(command, program)) {
         before = workspace.look();
-        if (!command.takesDraft) {
+        if (!command.takesDraft && !command.model) {
             command.draft = work::draftOfNextBlock(before->state, drafts, before->now);
             if (command.draft && !wantsDraft(*command.draft, environment)) {
                 command.draft.reset();
@@ -106,8 +112,14 @@ void addPlan(CLI::App& line, Program& program)
     CLI::App* const app = addCommand(line, program, "plan", "Plan a block and begin it, or schedule it",
                                      [command, &program] { plan(*command, program); });
     command->options.addTo(*app);
-    app->add_flag("--draft", command->takesDraft,
-                  "Begin with the draft of a block: what was typed, or the words of one that was dropped");
+    CLI::Option* const draft = app->add_flag(
+        "--draft", command->takesDraft,
+        "Begin with the draft of a block: what was typed, or the words of one that was dropped");
+    app->add_option(
+           "--like", command->model,
+           "Begin with the words and lengths of another block: last, or its name as history prints it")
+        ->check(wellFormedText())
+        ->excludes(draft);
 }
 
 }  // namespace quillmere::cli

@@ -288,5 +288,84 @@ TEST(Plan, replacesTheOutcomesWhenSomeAreGiven)
     EXPECT_EQ(block.plannedStart, moment + 3600);
 }
 
+Person personWithTwoFinishedBlocks()
+{
+    Person person;
+    QuillmereState state = stateIn(WorkflowState::idle);
+    state.blockHistory = {blockInWork(1, 3), blockInWork(2, 1)};
+    state.blockHistory[1].id = *Identifier::fromText("ABCD0000-0000-4000-8000-000000000001");
+    state.blockHistory[0].plannedStart = moment - 3600;
+    state.blockHistory[0].outcomes[0].title = "The last one";
+    state.blockHistory[1].focusDurationSeconds = 3000.5;
+    person.has(state);
+    return person;
+}
+
+TEST(PlanLike, takesTheWordsAndLengthsOfAFinishedBlock)
+{
+    for (const auto& [name, place] : {std::pair{"last", 0u}, std::pair{"9f1c", 0u}, std::pair{"ABCD", 1u}}) {
+        SCOPED_TRACE(name);
+        const Person person = personWithTwoFinishedBlocks();
+        const Block model = person.state().blockHistory[place];
+        EXPECT_EQ(person.types({"plan", "--like", name, "--start"}).code, ExitCode::done);
+        Block block = *person.state().currentBlock;
+        EXPECT_NE(block.id, model.id);
+        EXPECT_EQ(block.createdAt, moment);
+        EXPECT_EQ(block.plannedStart, std::nullopt);
+        EXPECT_TRUE(block.sessions.empty());
+        EXPECT_EQ(block.completedAt, std::nullopt);
+        ASSERT_EQ(block.outcomes.size(), model.outcomes.size());
+        for (std::size_t index = 0; index < block.outcomes.size(); ++index) {
+            EXPECT_NE(block.outcomes[index].id, model.outcomes[index].id);
+            EXPECT_EQ(block.outcomes[index].title, model.outcomes[index].title);
+        }
+        Block expected = model;
+        expected.id = block.id;
+        expected.createdAt = block.createdAt;
+        expected.plannedStart.reset();
+        expected.sessions.clear();
+        expected.outcomes = block.outcomes;
+        EXPECT_EQ(block, expected);
+    }
+}
+
+TEST(PlanLike, givesWayToOptionsAndTakesATime)
+{
+    const TimeZone here("UTC");
+    const Person person = personWithTwoFinishedBlocks();
+    EXPECT_EQ(
+        person.types({"plan", "--like", "last", "--why", "Another reason", "--focus", "40m", "--at", "+1h"})
+            .code,
+        ExitCode::done);
+    EXPECT_EQ(person.state().currentBlock->whyValue, "Another reason");
+    EXPECT_EQ(person.state().currentBlock->focusDurationSeconds, 2400);
+    EXPECT_EQ(person.state().currentBlock->doneTest, person.state().blockHistory[0].doneTest);
+    EXPECT_EQ(person.state().currentBlock->plannedStart, moment + 3600);
+}
+
+TEST(PlanLike, keepsTheBlockThatIsBeingEdited)
+{
+    const Person person = personWithTwoFinishedBlocks();
+    QuillmereState state = person.state();
+    state.currentBlock = stateWithScheduledBlock().currentBlock;
+    state.workflowState = WorkflowState::blockPlanning;
+    person.has(state);
+    EXPECT_EQ(person.types({"plan", "--like", "last", "--at", "+2h"}).code, ExitCode::done);
+    EXPECT_EQ(person.state().currentBlock->id, state.currentBlock->id);
+    EXPECT_EQ(person.state().currentBlock->createdAt, state.currentBlock->createdAt);
+    EXPECT_EQ(person.state().currentBlock->outcomes[0].title, "The last one");
+}
+
+TEST(PlanLike, saysWhichBlocksThereAre)
+{
+    const Person person = personWithTwoFinishedBlocks();
+    EXPECT_EQ(person.types({"plan", "--like", "FFFF", "--start"}).err,
+              "No block is called \"FFFF\"; see quillmere history.\n");
+    EXPECT_EQ(person.types({"plan", "--like", "9F", "--start"}).code, ExitCode::usage);
+    EXPECT_EQ(person.types({"plan", "--like", "last", "--draft", "--start"}).code, ExitCode::usage);
+    EXPECT_EQ(Person().types({"plan", "--like", "last", "--start"}).err, "No block is finished yet.\n");
+    EXPECT_EQ(person.state().workflowState, WorkflowState::idle);
+}
+
 }  // namespace
 }  // namespace quillmere::test

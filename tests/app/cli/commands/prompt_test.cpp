@@ -299,6 +299,21 @@ TEST(NowPrompt, asksNothingThatWouldBeRefused)
     EXPECT_TRUE(ending.err.starts_with("This action is not available in the current workflow state.\n"));
 }
 
+TEST(PlanPrompt, offersTheWordsOfTheModel)
+{
+    Person person;
+    QuillmereState state = stateIn(WorkflowState::idle);
+    state.blockHistory = {blockInWork(1, 3)};
+    person.has(state);
+    const Ending ending = asked(person, {"plan", "--like", "last"}, "\nAnother reason\n\n\n\n\n\n");
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_TRUE(ending.err.starts_with("What should come out of it? [Chapter one, Chapter two] "))
+        << ending.err;
+    EXPECT_EQ(person.state().currentBlock->outcomes.size(), 2u);
+    EXPECT_EQ(person.state().currentBlock->whyValue, "Another reason");
+    EXPECT_EQ(person.state().currentBlock->doneTest, state.blockHistory[0].doneTest);
+}
+
 TEST(ReviewPrompt, comesForASessionThatRanOutUnseen)
 {
     Person person;
