@@ -177,15 +177,4 @@ void PlanOptions::requireOutcome(const std::optional<Block>& block) const
     }
 }
 
-workspace::Operation namingOptions(workspace::Operation operation)
-{
-    return [operation = std::move(operation)](QuillmereState& state, Instant now) {
-        try {
-            operation(state, now);
-        } catch (const work::Unacceptable& refusal) {
-            throw ProgramError(ExitCode::usage, "--" + refusal.field() + ": " + refusal.what());
-        }
-    };
-}
-
 }  // namespace quillmere::cli

@@ -1,7 +1,9 @@
 // Command-line options for the fields of a record.
 #pragma once
 
+#include "cli/exit_code.hpp"
 #include "work/fields/fields.hpp"
+#include "work/fields/unacceptable.hpp"
 #include "workspace/workspace.hpp"
 
 #include <CLI/CLI.hpp>
@@ -10,6 +12,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace quillmere::cli {
@@ -86,6 +89,16 @@ private:
 };
 
 /// The operation, with the option named in front of the message when it throws work::Unacceptable.
-workspace::Operation namingOptions(workspace::Operation operation);
+template <class Operation>
+auto namingOptions(Operation operation)
+{
+    return [operation = std::move(operation)](QuillmereState& state, Instant now) {
+        try {
+            return operation(state, now);
+        } catch (const work::Unacceptable& refusal) {
+            throw ProgramError(ExitCode::usage, "--" + refusal.field() + ": " + refusal.what());
+        }
+    };
+}
 
 }  // namespace quillmere::cli

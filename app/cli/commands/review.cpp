@@ -1,4 +1,5 @@
-// Reviews a focus session, and plans the next one or finishes the block.
+// Reviews a focus session, and plans the next one or finishes the block. The review of an only session has
+// the reflection with it.
 #include "amendments/finish_now.hpp"
 #include "cli/commands.hpp"
 #include "cli/prompt.hpp"
@@ -6,6 +7,7 @@
 #include "work/done_text.hpp"
 #include "work/fields/answers.hpp"
 #include "work/fields/unacceptable.hpp"
+#include "work/only_session.hpp"
 
 #include <memory>
 
@@ -16,6 +18,7 @@ constexpr const work::Prompt& completionPrompt = work::reviewFields.front().prom
 
 struct ReviewCommand {
     RecordOptions<SessionReview> options{work::reviewFields};
+    RecordOptions<BlockReview> reflection{work::reflectionFields};  ///< on a block of one session
     PlanOptions nextPlan;
     bool finishes = false;
 };
@@ -47,6 +50,9 @@ void askForMissing(ReviewCommand& command, const QuillmereState& state, base::En
     if (!command.finishes && !command.nextPlan.anyGiven() && block.hasCyclesLeft()) {
         environment.err << "The next session.\n";
         command.nextPlan.askForMissing(askFor);
+    } else if (work::isOnlySessionInReview(state)) {
+        environment.err << "The block.\n";
+        command.reflection.askForMissing(askFor);
     }
 }
 
@@ -62,8 +68,7 @@ ReviewCommand filledIn(ReviewCommand command)
     return command;
 }
 
-/// Refusals of the engine come before a completion that is missing.
-void saveReview(const ReviewCommand& command, QuillmereState& state, Instant now)
+SessionReview reviewFrom(const ReviewCommand& command, Instant now)
 {
     SessionReview review{
         .id = Identifier::random(),
@@ -73,6 +78,13 @@ void saveReview(const ReviewCommand& command, QuillmereState& state, Instant now
         .improvement = {},
     };
     filledIn(command).options.applyTo(review, now);
+    return review;
+}
+
+/// Leaves the block to its reflection, or begins a break.
+void saveReviewAlone(const ReviewCommand& command, QuillmereState& state, Instant now)
+{
+    SessionReview review = reviewFrom(command, now);
     std::optional<SessionPlan> nextPlan;
     if (command.nextPlan.anyGiven()) {
         nextPlan = SessionPlan::blank(Identifier::random());
@@ -84,7 +96,29 @@ void saveReview(const ReviewCommand& command, QuillmereState& state, Instant now
         WorkflowEngine().saveReviewAndStartBreak(state, std::move(review), std::move(nextPlan), now);
     }
     command.nextPlan.requireOutcome(state.currentBlock);
+    if (command.reflection.anyGiven()) {
+        throw ProgramError(
+            ExitCode::usage,
+            "Only the review of a block with one session takes the reflection too; here say it to "
+            "quillmere reflect, once the block waits for it.");
+    }
+}
+
+/// Refusals of the engine come before a completion that is missing.
+std::string saveReview(const ReviewCommand& command, QuillmereState& state, Instant now)
+{
+    const bool isOnly = work::isOnlySessionInReview(state);
+    if (isOnly) {
+        BlockReview reflection{};
+        command.reflection.applyTo(reflection, now);
+        work::finishOnlySession(state, reviewFrom(command, now), std::move(reflection), now);
+    } else {
+        saveReviewAlone(command, state, now);
+    }
     requireCompletion(command.options.given("completion").value_or(""));
+    return std::string(isOnly             ? work::done::reviewSavedAndBlockFinished
+                       : command.finishes ? work::done::reviewSavedAndFinished
+                                          : work::done::reviewSaved);
 }
 
 void review(ReviewCommand& command, Program& program)
@@ -94,7 +128,8 @@ void review(ReviewCommand& command, Program& program)
                            "With --finish no session follows: leave out the options of the next one.");
     }
     const auto operationOf = [](const ReviewCommand& words) {
-        return namingOptions([&](QuillmereState& state, Instant now) { saveReview(words, state, now); });
+        return namingOptions(
+            [&](QuillmereState& state, Instant now) { return saveReview(words, state, now); });
     };
     base::Environment& environment = program.environment();
     if (environment.inputIsTerminal) {
@@ -104,8 +139,7 @@ void review(ReviewCommand& command, Program& program)
             askForMissing(command, program.workspace().look().state, environment);
         }
     }
-    program.change(command.finishes ? work::done::reviewSavedAndFinished : work::done::reviewSaved,
-                   operationOf(command));
+    program.change(operationOf(command));
 }
 
 }  // namespace
@@ -117,6 +151,7 @@ void addReview(CLI::App& line, Program& program)
         addCommand(line, program, "review", "Review the focus session and plan the next one",
                    [command, &program] { review(*command, program); });
     command->options.addTo(*app);
+    command->reflection.addTo(*app);
     command->nextPlan.addTo(*app, "next-");
     app->add_flag("--finish", command->finishes, "Bring the block to its end; no session follows");
 }

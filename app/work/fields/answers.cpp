@@ -1,23 +1,17 @@
 #include "work/fields/answers.hpp"
 
+#include "base/text/blank.hpp"
 #include "base/text/local_time.hpp"
+#include "base/text/lower_case.hpp"
 #include "base/text/quotes.hpp"
+#include "base/text/typed_time.hpp"
 #include "work/fields/unacceptable.hpp"
 
-#include <algorithm>
-#include <cctype>
 #include <charconv>
 
 namespace quillmere::work {
 namespace {
 
-std::string lowerCase(std::string_view text)
-{
-    std::string lower;
-    for (const char letter : text) {
-        lower += static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
-    }
-    return lower;
 }
 
 // One overload for each type of member.
@@ -67,11 +61,11 @@ void set(std::optional<Identifier>& member, const Reading& reading)
 /// A list is not set from a text; setFrom handles it.
 void set(std::vector<Outcome>&, const Reading&) {}
 
-[[noreturn]] void refuseTime(const Answer& answer, const std::string& examples)
+[[noreturn]] void refuseTime(const Answer& answer, std::string_view examples)
 {
     const std::string start =
         answer.text.empty() ? "Give a local time" : base::inQuotes(answer.text) + " is no local time";
-    throw Unacceptable(answer.field, start + ", such as " + examples + ".");
+    throw Unacceptable(answer.field, start + ", such as " + std::string(examples) + ".");
 }
 
 }  // namespace
@@ -105,7 +99,7 @@ std::int64_t numberFrom(const Answer& answer, const Limits& limits)
 CompletionResult completionFrom(const Answer& answer)
 {
     for (const CompletionResult result : allCases<CompletionResult>()) {
-        if (lowerCase(rawValue(result)) == lowerCase(answer.text)) {
+        if (base::lowerCase(rawValue(result)) == base::lowerCase(answer.text)) {
             return result;
         }
     }
@@ -116,7 +110,7 @@ Instant startFrom(const Answer& answer, Instant now)
 {
     const std::optional<Instant> start = base::instantFromLocalText(answer.text, now);
     if (!start) {
-        refuseTime(answer, "14:30, 2026-11-15 09:00 or +1h");
+        refuseTime(answer, base::exampleTimes);
     }
     return *start;
 }
@@ -126,7 +120,7 @@ Instant pastTimeFrom(const Answer& answer, Instant now)
     if (const std::optional<Instant> instant = base::pastInstantFromLocalText(answer.text, now)) {
         return *instant;
     }
-    refuseTime(answer, "14:20, 14:20:30 or \"2026-11-15 14:20\"");
+    refuseTime(answer, base::examplePastTimes);
 }
 
 double lengthChangeFrom(const Answer& answer)
@@ -150,7 +144,7 @@ void requireToCome(const std::string& field, Instant start, Instant now)
 
 void requireQuestion(const std::string& field, std::string_view text)
 {
-    if (text.find_first_not_of(" \t\n\v\f\r") == std::string_view::npos) {
+    if (base::isBlank(text)) {
         throw Unacceptable(field, "A question needs a text.");
     }
 }

@@ -51,7 +51,7 @@ inline constexpr auto block = std::to_array<RecordField<Block>>({
     {{"focus",     "How long is a focus session?",          line, durationLimits, "25m (usual), 1h30m"}, &Block::focusDurationSeconds},
     {{"break",     "How long is a break?",                  line, durationLimits, "5m (usual)"}, &Block::breakDurationSeconds},
     {{"cycles",    "How many focus sessions?",              line, cycleLimits, "8 (usual)"}, &Block::cycleCount},
-    {{"at",        "When does it begin?",                   line, {}, "14:30, \"2026-11-15 09:00\", +1h", "14:30, +1h; empty: now"}, &Block::plannedStart},
+    {{"at",        "When does it begin?",                   line, {}, "14:30, 9am, \"mon 14:00\", \"2026-11-15 09:00\", +1h", "14:30, +1h; empty: now"}, &Block::plannedStart},
 });
 
 inline constexpr auto plan = std::to_array<RecordField<SessionPlan>>({

@@ -70,7 +70,8 @@ TEST(CancelOfEditing, takesEachOfTheseWays)
     EXPECT_EQ(started.typesLater(4000, {"cancel", "--start"}).code, ExitCode::done);
     EXPECT_EQ(started.state().workflowState, WorkflowState::sessionPlanning);
     Person postponed = personWhoEdits();
-    EXPECT_EQ(postponed.typesLater(4000, {"cancel", "--at", "17:00"}).code, ExitCode::done);
+    EXPECT_TRUE(postponed.typesLater(4000, {"cancel", "--at", "5pm"})
+                    .out.starts_with("Scheduled for Sun 15 Nov 2026, 17:00.\n\n"));
     EXPECT_EQ(postponed.state().workflowState, WorkflowState::idle);
     EXPECT_EQ(postponed.state().currentBlock->plannedStart, moment + 7200);
     Person dropped = personWhoEdits();
@@ -83,7 +84,7 @@ TEST(CancelOfEditing, asksForAWayOnATerminal)
     const TimeZone here("UTC");
     Person person = personWhoEdits();
     person.now = moment + 4000;
-    const Ending ending = asksAndTypes(person, {"cancel"}, "later\n15:00:00\n17:00\n");
+    const Ending ending = asksAndTypes(person, {"cancel"}, "later\n15:60\n17:00\n");
     EXPECT_EQ(ending.code, ExitCode::done);
     EXPECT_TRUE(
         ending.err.starts_with("The start of the block has passed while it was edited. Start it now, at "
@@ -120,7 +121,8 @@ TEST(CancelOfEditing, takesNoOtherTimeThatIsNone)
     Person person = personWhoEdits();
     person.now = moment + 4000;
     expectRefusal(person, {"cancel", "--at", "noon"},
-                  "--at: \"noon\" is no local time, such as 14:30, 2026-11-15 09:00 or +1h.",
+                  "--at: \"noon\" is no local time, such as 14:30, 9am, tomorrow 9:00, mon 14:00, 2026-11-15 "
+                  "09:00 or in 20m.",
                   ExitCode::usage);
 }
 

@@ -246,11 +246,72 @@ TEST(ReviewPrompt, comesAfterASlipOnTheCommandLineIsFound)
 TEST(ReviewPrompt, asksForNoNextPlanAfterTheLastSession)
 {
     Person person;
-    QuillmereState state = stateIn(WorkflowState::sessionReview);
-    state.currentBlock->cycleCount = 1;
+    QuillmereState state = stateIn(WorkflowState::blockReview);
+    state.workflowState = WorkflowState::sessionReview;
     person.has(state);
     EXPECT_EQ(asked(person, {"review"}, "yes\n\n\n\n").code, ExitCode::done);
     EXPECT_EQ(person.state().workflowState, WorkflowState::blockReview);
+}
+
+TEST(ReviewPrompt, asksForTheReflectionAfterAnOnlySession)
+{
+    Person person;
+    QuillmereState state = stateIn(WorkflowState::sessionReview);
+    state.currentBlock->cycleCount = 1;
+    person.has(state);
+    const Ending ending = asked(person, {"review", "--lessons", "Door"}, "yes\n\n\n\nA chapter\n\n\n\n");
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_EQ(ending.err,
+              "Was it completed? (yes, half, no) What came out of it? What distracted you? "
+              "What would you do better? The block.\nWhat was produced? How does it compare with the usual? "
+              "Where did it bog down? What went well? ");
+    ASSERT_EQ(person.state().blockHistory.size(), 1u);
+    EXPECT_EQ(person.state().blockHistory[0].reflection->outputProduced, "A chapter");
+    EXPECT_EQ(person.state().blockHistory[0].reflection->lessons, "Door");
+}
+
+TEST(NowPrompt, asksForTheRatingsThatAreMissing)
+{
+    Person person;
+    const Ending ending = asked(person, {"now", "Outline", "--energy", "4"}, "6\nmuch\n2\n");
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_EQ(ending.err,
+              "How is the morale? (1 to 5) Give a number from 1 to 5.\n"
+              "How is the morale? (1 to 5) \"much\" is no whole number from 1 to 5.\n"
+              "How is the morale? (1 to 5) ");
+    EXPECT_EQ(person.state().currentSession()->plan.energy, 4);
+    EXPECT_EQ(person.state().currentSession()->plan.morale, 2);
+}
+
+TEST(NowPrompt, leavesEverythingAsItWasAtTheEndOfTheInput)
+{
+    Person person;
+    EXPECT_EQ(asked(person, {"now", "Outline"}, "4\n").code, ExitCode::usage);
+    EXPECT_EQ(person.names(), Words{});
+}
+
+TEST(NowPrompt, asksNothingThatWouldBeRefused)
+{
+    Person person;
+    person.has(stateIn(WorkflowState::breaking));
+    const Ending ending = asked(person, {"now", "Outline"}, "");
+    EXPECT_EQ(ending.code, ExitCode::refused);
+    EXPECT_TRUE(ending.err.starts_with("This action is not available in the current workflow state.\n"));
+}
+
+TEST(PlanPrompt, offersTheWordsOfTheModel)
+{
+    Person person;
+    QuillmereState state = stateIn(WorkflowState::idle);
+    state.blockHistory = {blockInWork(1, 3)};
+    person.has(state);
+    const Ending ending = asked(person, {"plan", "--like", "last"}, "\nAnother reason\n\n\n\n\n\n");
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_TRUE(ending.err.starts_with("What should come out of it? [Chapter one, Chapter two] "))
+        << ending.err;
+    EXPECT_EQ(person.state().currentBlock->outcomes.size(), 2u);
+    EXPECT_EQ(person.state().currentBlock->whyValue, "Another reason");
+    EXPECT_EQ(person.state().currentBlock->doneTest, state.blockHistory[0].doneTest);
 }
 
 TEST(ReviewPrompt, comesForASessionThatRanOutUnseen)

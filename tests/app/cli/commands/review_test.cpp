@@ -67,12 +67,90 @@ TEST(Review, startsTheBreak)
 TEST(Review, ofTheLastSessionNeedsNoPlan)
 {
     const Person person;
-    QuillmereState state = stateIn(WorkflowState::sessionReview);
-    state.currentBlock->cycleCount = 1;
+    QuillmereState state = stateIn(WorkflowState::blockReview);
+    state.workflowState = WorkflowState::sessionReview;
     person.has(state);
     EXPECT_EQ(person.types({"review", "--completion", "no"}).code, ExitCode::done);
     EXPECT_EQ(person.state().workflowState, WorkflowState::blockReview);
     EXPECT_TRUE(filesAgree(person));
+}
+
+Person personWithOneSession()
+{
+    Person person;
+    QuillmereState state = stateIn(WorkflowState::sessionReview);
+    state.currentBlock->cycleCount = 1;
+    person.has(state);
+    return person;
+}
+
+TEST(ReviewOfAnOnlySession, takesTheReflectionAndFinishesTheBlock)
+{
+    const Person person = personWithOneSession();
+    const Ending ending = person.types({"review", "--completion", "half", "--result", "Four stand",
+                                        "--lessons", "Close the door", "--output", "An outline"});
+    EXPECT_TRUE(ending.out.starts_with("The review is saved. The block is finished.\n\nIdle  "))
+        << ending.err;
+    const QuillmereState state = person.state();
+    EXPECT_EQ(state.workflowState, WorkflowState::idle);
+    ASSERT_EQ(state.blockHistory.size(), 1u);
+    EXPECT_EQ(state.blockHistory[0].sessions[0].review->noteworthyResult, "Four stand");
+    EXPECT_EQ(state.blockHistory[0].completedAt, moment);
+    EXPECT_EQ(state.blockHistory[0].reflection, (BlockReview{.outputProduced = "An outline",
+                                                             .normalComparison = "",
+                                                             .boggedDown = "",
+                                                             .wentWell = "",
+                                                             .lessons = "Close the door"}));
+    EXPECT_TRUE(filesAgree(person));
+}
+
+TEST(ReviewOfAnOnlySession, finishesTheBlockWithoutAReflectionToo)
+{
+    for (const Words& words :
+         {Words{"review", "--completion", "yes"}, Words{"review", "--completion", "yes", "--finish"}}) {
+        const Person person = personWithOneSession();
+        EXPECT_EQ(person.types(words).code, ExitCode::done);
+        EXPECT_EQ(person.state().workflowState, WorkflowState::idle);
+        EXPECT_EQ(person.state().blockHistory.size(), 1u);
+    }
+}
+
+TEST(ReviewOfAnOnlySession, isUndoneInOneStep)
+{
+    const Person person = personWithOneSession();
+    const QuillmereState before = person.state();
+    person.types({"review", "--completion", "yes", "--lessons", "Close the door"});
+    const Ending undone = person.types({"undo", "--yes"});
+    EXPECT_EQ(undone.code, ExitCode::done);
+    EXPECT_TRUE(undone.out.starts_with("Undone: review of session 1 saved; block finished: Chapter one ("))
+        << undone.out;
+    EXPECT_EQ(person.state().currentBlock, before.currentBlock);
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
+    EXPECT_TRUE(person.state().blockHistory.empty());
+}
+
+TEST(ReviewOfAnOnlySession, needsItsCompletion)
+{
+    const Person person = personWithOneSession();
+    const auto before = pictureOf(person.directory());
+    EXPECT_EQ(person.types({"review", "--lessons", "Close the door"}).err,
+              "--completion: Say whether it was completed: yes, half or no.\n");
+    EXPECT_EQ(pictureOf(person.directory()), before);
+}
+
+TEST(Review, refusesTheReflectionOfABlockWithOtherSessions)
+{
+    const Person person;
+    person.has(stateIn(WorkflowState::sessionReview));
+    const auto before = pictureOf(person.directory());
+    const Ending ending = person.types(
+        {"review", "--completion", "yes", "--next-outcome", "More", "--lessons", "Close the door"});
+    EXPECT_EQ(ending.code, ExitCode::usage);
+    EXPECT_EQ(
+        ending.err,
+        "Only the review of a block with one session takes the reflection too; here say it to quillmere "
+        "reflect, once the block waits for it.\n");
+    EXPECT_EQ(pictureOf(person.directory()), before);
 }
 
 TEST(Review, takesANextPlanForOneOfTheOutcomesOnly)

@@ -104,10 +104,12 @@ TEST(Answers, areLocalTimes)
 {
     const TimeZone utc("UTC");
     EXPECT_EQ(startFrom({"at", "+1h"}, moment), moment + 3600);
-    EXPECT_EQ(refusalOf([] {
-                  startFrom({"at", "noon"}, moment);
-              }),
-              "at: \"noon\" is no local time, such as 14:30, 2026-11-15 09:00 or +1h.");
+    EXPECT_EQ(
+        refusalOf([] {
+            startFrom({"at", "noon"}, moment);
+        }),
+        "at: \"noon\" is no local time, such as 14:30, 9am, tomorrow 9:00, mon 14:00, 2026-11-15 09:00 or "
+        "in 20m.");
     EXPECT_EQ(refusalOf([] { requireToCome("at", moment, moment); }), "accepted");
     EXPECT_EQ(refusalOf([] { requireToCome("at", moment - 60, moment); }),
               "at: The time to begin, 2026-11-15 14:59, has passed; name a later time, or begin now.");
