@@ -39,5 +39,6 @@ inline constexpr std::string_view breakSkipped = "The break is skipped.";
 
 inline constexpr std::string_view questionAsked = "The question waits for an answer.";
 inline constexpr std::string_view questionAnswered = "Answered.";
+inline constexpr std::string_view questionDismissed = "The question is closed without an answer.";
 
 }  // namespace quillmere::work::done
