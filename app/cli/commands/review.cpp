@@ -1,8 +1,8 @@
 // Reviews a focus session, and plans the next one or finishes the block.
 #include "amendments/finish_now.hpp"
 #include "cli/commands.hpp"
+#include "cli/plan_options.hpp"
 #include "cli/prompt.hpp"
-#include "cli/text_options.hpp"
 #include "work/done_text.hpp"
 #include "work/fields/answers.hpp"
 #include "work/fields/unacceptable.hpp"
@@ -11,8 +11,6 @@
 
 namespace quillmere::cli {
 namespace {
-
-constexpr const work::Prompt& completionPrompt = work::reviewFields.front().prompt;
 
 struct ReviewCommand {
     RecordOptions<SessionReview> options{work::reviewFields};
@@ -33,20 +31,27 @@ bool hasCompletion(const ReviewCommand& command)
     }
 }
 
-void askForMissing(ReviewCommand& command, const QuillmereState& state, base::Environment& environment)
+SessionReview emptyReview()
 {
-    const auto askFor = [&](const work::Prompt& prompt) {
-        return ask(environment, work::promptText(prompt));
-    };
+    return {.id = Identifier::random(),
+            .completion = CompletionResult::no,
+            .noteworthyResult = {},
+            .distractions = {},
+            .improvement = {}};
+}
+
+void askForReview(ReviewCommand& command, const Asking& asking)
+{
+    explainPrompts(asking.environment);
     if (!hasCompletion(command)) {
-        command.options.give("completion",
-                             askUntil(environment, work::promptText(completionPrompt), requireCompletion));
+        command.options.give("completion", std::nullopt);
     }
-    command.options.askForMissing(askFor);
-    const Block& block = *state.currentBlock;
-    if (!command.finishes && !command.nextPlan.anyGiven() && block.hasCyclesLeft()) {
-        environment.err << "The next session.\n";
-        command.nextPlan.askForMissing(askFor);
+    command.options.askForMissing([&](const work::RecordField<SessionReview>& field) {
+        return askForField(asking, field, emptyReview());
+    });
+    if (!command.finishes && asking.state.currentBlock->hasCyclesLeft()) {
+        tell(asking.environment, "The next session.");
+        command.nextPlan.askForMissing(asking);
     }
 }
 
@@ -56,8 +61,8 @@ ReviewCommand filledIn(ReviewCommand command)
     if (!hasCompletion(command)) {
         command.options.give("completion", std::string(rawValue(CompletionResult::no)));
     }
-    if (!command.finishes && !command.nextPlan.anyGiven()) {
-        command.nextPlan.askForMissing([](const work::Prompt&) { return std::string(); });
+    if (!command.finishes) {
+        command.nextPlan = command.nextPlan.asked();
     }
     return command;
 }
@@ -65,13 +70,7 @@ ReviewCommand filledIn(ReviewCommand command)
 /// Refusals of the engine come before a completion that is missing.
 void saveReview(const ReviewCommand& command, QuillmereState& state, Instant now)
 {
-    SessionReview review{
-        .id = Identifier::random(),
-        .completion = CompletionResult::no,
-        .noteworthyResult = {},
-        .distractions = {},
-        .improvement = {},
-    };
+    SessionReview review = emptyReview();
     filledIn(command).options.applyTo(review, now);
     std::optional<SessionPlan> nextPlan;
     if (command.nextPlan.anyGiven()) {
@@ -85,6 +84,9 @@ void saveReview(const ReviewCommand& command, QuillmereState& state, Instant now
     }
     command.nextPlan.requireOutcome(state.currentBlock);
     requireCompletion(command.options.given("completion").value_or(""));
+    if (command.nextPlan.anyGiven()) {
+        command.nextPlan.requireRatings();
+    }
 }
 
 void review(ReviewCommand& command, Program& program)
@@ -101,7 +103,8 @@ void review(ReviewCommand& command, Program& program)
         // Wrong options are refused before anything is asked.
         const ReviewCommand rehearsal = filledIn(command);
         if (program.wouldAccept(operationOf(rehearsal))) {
-            askForMissing(command, program.workspace().look().state, environment);
+            const workspace::Situation situation = program.workspace().look();
+            askForReview(command, {environment, situation.state, situation.now});
         }
     }
     program.change(command.finishes ? work::done::reviewSavedAndFinished : work::done::reviewSaved,
