@@ -43,6 +43,7 @@ inline constexpr std::string_view breakSkipped = "The break is skipped.";
 
 inline constexpr std::string_view questionAsked = "The question waits for an answer.";
 inline constexpr std::string_view questionAnswered = "Answered.";
+inline constexpr std::string_view questionDismissed = "The question is closed without an answer.";
 
 // A time that the person typed is said in full (base::localTextInFull), so that they see how it was
 // understood.

@@ -5,6 +5,7 @@
 #include "cli/block_text_options.hpp"
 #include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
+#include "cli/plan_options.hpp"
 #include "work/done_text.hpp"
 #include "work/fields/answers.hpp"
 #include "work/naming.hpp"

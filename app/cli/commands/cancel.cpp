@@ -67,8 +67,8 @@ void askForChoice(CancelCommand& command, base::Environment& environment, Instan
 {
     const std::string answer = askUntil(
         environment,
-        "The start of the block has passed while it was edited. Start it now, at another time, or drop it? "
-        "(now, 14:30, drop)",
+        {.text = "The start of the block has passed while it was edited. Start it now, at another time, or "
+                 "drop it? (now, 14:30, drop)"},
         [&](const std::string& word) {
             if (word != "now" && word != "drop") {
                 work::requireToCome("at", work::startFrom({"at", word}, now), now);

@@ -46,7 +46,8 @@ void editBlock(BlockOptions& options, Program& program)
     if (program.environment().inputIsTerminal && !options.anyGiven()) {
         const workspace::Situation situation = program.workspace().look();
         if (situation.state.currentBlock && program.wouldAccept(operation)) {
-            options.askForMissing(*situation.state.currentBlock, program.environment(), situation.now);
+            options.askForMissing(*situation.state.currentBlock,
+                                  {program.environment(), situation.state, situation.now});
         }
     }
     program.change(operation);

@@ -103,8 +103,8 @@ void plan(PlanCommand& command, Program& program)
                 command.draft.reset();
             }
         }
-        command.options.askForMissing(presentBlock(command, before->state, before->now), environment,
-                                      before->now);
+        command.options.askForMissing(presentBlock(command, before->state, before->now),
+                                      {environment, before->state, before->now});
     }
     program.change([&](QuillmereState& state, Instant now) {
         operationOf(command)(state, now);

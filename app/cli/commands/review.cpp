@@ -2,8 +2,8 @@
 // the reflection with it.
 #include "amendments/finish_now.hpp"
 #include "cli/commands.hpp"
+#include "cli/plan_options.hpp"
 #include "cli/prompt.hpp"
-#include "cli/text_options.hpp"
 #include "work/done_text.hpp"
 #include "work/fields/answers.hpp"
 #include "work/fields/unacceptable.hpp"
@@ -13,8 +13,6 @@
 
 namespace quillmere::cli {
 namespace {
-
-constexpr const work::Prompt& completionPrompt = work::reviewFields.front().prompt;
 
 struct ReviewCommand {
     RecordOptions<SessionReview> options{work::reviewFields};
@@ -36,23 +34,32 @@ bool hasCompletion(const ReviewCommand& command)
     }
 }
 
-void askForMissing(ReviewCommand& command, const QuillmereState& state, base::Environment& environment)
+SessionReview emptyReview()
 {
-    const auto askFor = [&](const work::Prompt& prompt) {
-        return ask(environment, work::promptText(prompt));
-    };
+    return {.id = Identifier::random(),
+            .completion = CompletionResult::no,
+            .noteworthyResult = {},
+            .distractions = {},
+            .improvement = {}};
+}
+
+void askForReview(ReviewCommand& command, const Asking& asking)
+{
+    explainPrompts(asking.environment);
     if (!hasCompletion(command)) {
-        command.options.give("completion",
-                             askUntil(environment, work::promptText(completionPrompt), requireCompletion));
+        command.options.give("completion", std::nullopt);
     }
-    command.options.askForMissing(askFor);
-    const Block& block = *state.currentBlock;
-    if (!command.finishes && !command.nextPlan.anyGiven() && block.hasCyclesLeft()) {
-        environment.err << "The next session.\n";
-        command.nextPlan.askForMissing(askFor);
-    } else if (work::isOnlySessionInReview(state)) {
-        environment.err << "The block.\n";
-        command.reflection.askForMissing(askFor);
+    command.options.askForMissing([&](const work::RecordField<SessionReview>& field) {
+        return askForField(asking, field, emptyReview());
+    });
+    if (!command.finishes && asking.state.currentBlock->hasCyclesLeft()) {
+        tell(asking.environment, "The next session.");
+        command.nextPlan.askForMissing(asking);
+    } else if (work::isOnlySessionInReview(asking.state)) {
+        tell(asking.environment, "The block.");
+        command.reflection.askForMissing([&](const work::RecordField<BlockReview>& field) {
+            return askForField(asking, field, BlockReview{});
+        });
     }
 }
 
@@ -62,21 +69,15 @@ ReviewCommand filledIn(ReviewCommand command)
     if (!hasCompletion(command)) {
         command.options.give("completion", std::string(rawValue(CompletionResult::no)));
     }
-    if (!command.finishes && !command.nextPlan.anyGiven()) {
-        command.nextPlan.askForMissing([](const work::Prompt&) { return std::string(); });
+    if (!command.finishes) {
+        command.nextPlan = command.nextPlan.asked();
     }
     return command;
 }
 
 SessionReview reviewFrom(const ReviewCommand& command, Instant now)
 {
-    SessionReview review{
-        .id = Identifier::random(),
-        .completion = CompletionResult::no,
-        .noteworthyResult = {},
-        .distractions = {},
-        .improvement = {},
-    };
+    SessionReview review = emptyReview();
     filledIn(command).options.applyTo(review, now);
     return review;
 }
@@ -116,6 +117,9 @@ std::string saveReview(const ReviewCommand& command, QuillmereState& state, Inst
         saveReviewAlone(command, state, now);
     }
     requireCompletion(command.options.given("completion").value_or(""));
+    if (command.nextPlan.anyGiven()) {
+        command.nextPlan.requireRatings();
+    }
     return std::string(isOnly             ? work::done::reviewSavedAndBlockFinished
                        : command.finishes ? work::done::reviewSavedAndFinished
                                           : work::done::reviewSaved);
@@ -136,7 +140,8 @@ void review(ReviewCommand& command, Program& program)
         // Wrong options are refused before anything is asked.
         const ReviewCommand rehearsal = filledIn(command);
         if (program.wouldAccept(operationOf(rehearsal))) {
-            askForMissing(command, program.workspace().look().state, environment);
+            const workspace::Situation situation = program.workspace().look();
+            askForReview(command, {environment, situation.state, situation.now});
         }
     }
     program.change(operationOf(command));

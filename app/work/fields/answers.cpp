@@ -34,6 +34,14 @@ FieldValue valueOf(const std::vector<Outcome>& outcomes)
     return items;
 }
 
+Unacceptable noNumber(const Answer& answer, const Limits& limits)
+{
+    const std::string range =
+        limits.most == 0 ? ""
+                         : " from " + std::to_string(limits.least) + " to " + std::to_string(limits.most);
+    return {answer.field, base::inQuotes(answer.text) + " is no whole number" + range + "."};
+}
+
 /// An answer, and the values that its reading depends on.
 struct Reading {
     Answer answer;
@@ -88,18 +96,17 @@ std::int64_t numberFrom(const Answer& answer, const Limits& limits)
     const auto [stop, error] = std::from_chars(answer.text.data(), end, number);
     const bool isTooMany = limits.engineAcceptsMore && number > limits.most;
     if (error != std::errc() || stop != end || isTooMany) {
-        const std::string range =
-            limits.most == 0 ? ""
-                             : " from " + std::to_string(limits.least) + " to " + std::to_string(limits.most);
-        throw Unacceptable(answer.field, base::inQuotes(answer.text) + " is no whole number" + range + ".");
+        throw noNumber(answer, limits);
     }
     return number;
 }
 
 CompletionResult completionFrom(const Answer& answer)
 {
+    const std::string said = base::lowerCase(answer.text);
     for (const CompletionResult result : allCases<CompletionResult>()) {
-        if (base::lowerCase(rawValue(result)) == base::lowerCase(answer.text)) {
+        const std::string word = base::lowerCase(rawValue(result));
+        if (said == word || said == word.substr(0, 1)) {
             return result;
         }
     }
@@ -142,10 +149,29 @@ void requireToCome(const std::string& field, Instant start, Instant now)
     }
 }
 
+bool agreementFrom(const Answer& answer)
+{
+    const std::string said = base::lowerCase(answer.text);
+    const bool agrees = said == "y" || said == "yes";
+    if (!agrees && said != "n" && said != "no") {
+        throw Unacceptable(answer.field, "Say yes or no.");
+    }
+    return agrees;
+}
+
 void requireQuestion(const std::string& field, std::string_view text)
 {
     if (base::isBlank(text)) {
         throw Unacceptable(field, "A question needs a text.");
+    }
+}
+
+void requireAnswer(const std::string& field, std::string_view text)
+{
+    if (isBlank(text)) {
+        throw Unacceptable(field,
+                           "An answer needs a text. quillmere answer QUESTION --dismiss closes a question "
+                           "without one.");
     }
 }
 
@@ -186,6 +212,20 @@ void setFrom(Record& record, const RecordField<Record>& field, const std::string
         field.member);
 }
 
+template <class Record>
+void requireUsable(const Record& present, const RecordField<Record>& field, const std::string& answer,
+                   Instant now)
+{
+    const std::string id(field.prompt.name);
+    Record copy = present;
+    setFrom(copy, field, id, answer, now);
+    const auto* const number = std::get_if<std::int64_t Record::*>(&field.member);
+    const Limits& limits = field.prompt.limits;
+    if (number && (copy.**number < limits.least || copy.**number > limits.most)) {
+        throw noNumber({id, answer}, limits);
+    }
+}
+
 template FieldValue valueIn(const Block&, const RecordField<Block>&);
 template FieldValue valueIn(const SessionPlan&, const RecordField<SessionPlan>&);
 template FieldValue valueIn(const SessionReview&, const RecordField<SessionReview>&);
@@ -198,5 +238,11 @@ template void setFrom(SessionReview&, const RecordField<SessionReview>&, const s
                       const FieldValue&, Instant);
 template void setFrom(BlockReview&, const RecordField<BlockReview>&, const std::string&, const FieldValue&,
                       Instant);
+
+template void requireUsable(const Block&, const RecordField<Block>&, const std::string&, Instant);
+template void requireUsable(const SessionPlan&, const RecordField<SessionPlan>&, const std::string&, Instant);
+template void requireUsable(const SessionReview&, const RecordField<SessionReview>&, const std::string&,
+                            Instant);
+template void requireUsable(const BlockReview&, const RecordField<BlockReview>&, const std::string&, Instant);
 
 }  // namespace quillmere::work

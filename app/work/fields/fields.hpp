@@ -60,8 +60,8 @@ inline constexpr auto plan = std::to_array<RecordField<SessionPlan>>({
     {{"hazards",      "What could get in the way, and what then?",   text}, &SessionPlan::hazardsMitigation},
     {{"framing",      "How will you look at it?",                    text}, &SessionPlan::nicuFraming},
     {{"towards",      "Which outcome of the block does it serve?",   choice, {}, "(its number)"}, &SessionPlan::blockOutcomeID},
-    {{"energy",       "How much energy is there?",                   choice, ratingLimits, "1 to 5"}, &SessionPlan::energy},
-    {{"morale",       "How is the morale?",                          choice, ratingLimits, "1 to 5"}, &SessionPlan::morale},
+    {{"energy",       "How much energy is there?",                   choice, ratingLimits, "1 to 5", "1 to 5"}, &SessionPlan::energy},
+    {{"morale",       "How is the morale?",                          choice, ratingLimits, "1 to 5", "1 to 5"}, &SessionPlan::morale},
 });
 
 inline constexpr auto review = std::to_array<RecordField<SessionReview>>({

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "real_program.hpp"
-#include "screen/terminal_window.hpp"
+#include "terminal_window.hpp"
 
 namespace quillmere::test {
 namespace {

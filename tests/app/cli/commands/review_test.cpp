@@ -6,7 +6,8 @@ namespace {
 
 constexpr std::pair<const char*, CompletionResult> completions[] = {
     {"yes", CompletionResult::yes},   {"Yes", CompletionResult::yes}, {"HALF", CompletionResult::half},
-    {"Half", CompletionResult::half}, {"no", CompletionResult::no},
+    {"Half", CompletionResult::half}, {"no", CompletionResult::no},   {"y", CompletionResult::yes},
+    {"H", CompletionResult::half},    {"N", CompletionResult::no},
 };
 
 TEST(Review, takesItsCompletionInAnyCase)
@@ -15,7 +16,10 @@ TEST(Review, takesItsCompletionInAnyCase)
         SCOPED_TRACE(word);
         const Person person;
         person.has(stateIn(WorkflowState::sessionReview));
-        EXPECT_EQ(person.types({"review", "--completion", word, "--next-outcome", "More"}).code,
+        EXPECT_EQ(person
+                      .types({"review", "--completion", word, "--next-outcome", "More", "--next-energy", "4",
+                              "--next-morale", "3"})
+                      .code,
                   ExitCode::done);
         EXPECT_EQ(person.state().currentSession()->review->completion, completion);
     }
@@ -26,9 +30,12 @@ TEST(Review, refusesAnyOtherCompletion)
     const Person person;
     person.has(stateIn(WorkflowState::sessionReview));
     const auto before = pictureOf(person.directory());
-    for (const Words& words : {Words{"review", "--next-outcome", "More"},
-                               Words{"review", "--completion", "maybe", "--next-outcome", "More"},
-                               Words{"review", "--completion", "", "--next-outcome", "More"}}) {
+    for (const Words& words :
+         {Words{"review", "--next-outcome", "More", "--next-energy", "4", "--next-morale", "3"},
+          Words{"review", "--completion", "maybe", "--next-outcome", "More", "--next-energy", "4",
+                "--next-morale", "3"},
+          Words{"review", "--completion", "", "--next-outcome", "More", "--next-energy", "4", "--next-morale",
+                "3"}}) {
         const Ending ending = person.types(words);
         EXPECT_EQ(ending.code, ExitCode::usage);
         EXPECT_EQ(ending.err, "--completion: Say whether it was completed: yes, half or no.\n");
@@ -50,11 +57,24 @@ TEST(Review, needsTheNextPlanWhileCyclesRemain)
     EXPECT_EQ(pictureOf(person.directory()), before);
 }
 
+TEST(Review, inventsNoRatingForTheNextPlan)
+{
+    const Person person;
+    person.has(stateIn(WorkflowState::sessionReview));
+    const auto before = pictureOf(person.directory());
+    const Ending ending =
+        person.types({"review", "--completion", "yes", "--next-outcome", "More", "--next-energy", "2"});
+    EXPECT_EQ(ending.code, ExitCode::usage);
+    EXPECT_EQ(ending.err, "The session needs your own rating: say --next-morale, 1 to 5.\n");
+    EXPECT_EQ(pictureOf(person.directory()), before);
+}
+
 TEST(Review, startsTheBreak)
 {
     const Person person;
     person.has(stateIn(WorkflowState::sessionReview));
-    const Ending ending = person.types({"review", "--completion", "yes", "--next-outcome", "More"});
+    const Ending ending = person.types({"review", "--completion", "yes", "--next-outcome", "More",
+                                        "--next-energy", "4", "--next-morale", "3"});
     EXPECT_EQ(ending.out,
               "The review is saved.\n\n"
               "Break  Break\n"

@@ -85,8 +85,9 @@ TEST(Status, offersOnlyWhatIsNotRefused)
     const std::map<std::string, Words> needs = {
         {"plan", {"--start"}},
         {"now", {"More", "--energy", "4", "--morale", "3"}},
-        {"focus", {"--outcome", "More"}},
-        {"review", {"--completion", "yes", "--next-outcome", "More"}},
+        {"focus", {"--outcome", "More", "--energy", "4", "--morale", "3"}},
+        {"review",
+         {"--completion", "yes", "--next-outcome", "More", "--next-energy", "4", "--next-morale", "3"}},
         {"break extend", {"5m"}},
         {"edit", {"--why", "Another reason"}},
         {"cancel", {"--yes"}},
