@@ -149,6 +149,4 @@ template class RecordOptions<SessionPlan>;
 template class RecordOptions<SessionReview>;
 template class RecordOptions<BlockReview>;
 
-}
-
 }  // namespace quillmere::cli

@@ -82,11 +82,12 @@ struct HistoryCommand {
 };
 
 /// The places in the history of the blocks that ended within the range, the newest first.
-std::vector<std::size_t> blocksWithin(const figures::Range& range, const QuillmereState& state)
+std::vector<std::size_t> blocksWithin(const figures::Range& range, const QuillmereState& state,
+                                      const figures::LocalCalendar& calendar)
 {
     std::vector<std::size_t> places;
     for (std::size_t index = 0; index < state.blockHistory.size(); ++index) {
-        if (range.contains(figures::LocalCalendar::dayOf(finishedAt(state.blockHistory[index])))) {
+        if (range.contains(calendar.dayOf(finishedAt(state.blockHistory[index])))) {
             places.push_back(index);
         }
     }
@@ -112,9 +113,10 @@ void printBlocks(const std::vector<std::size_t>& places, const QuillmereState& s
 void showHistory(const HistoryCommand& command, Program& program)
 {
     const workspace::Situation situation = program.workspace().look();
-    const figures::Day today = figures::LocalCalendar::dayOf(situation.now);
+    const figures::LocalCalendar calendar(static_cast<int>(program.configuration().values.dayBeginsAtHour));
+    const figures::Day today = calendar.dayOf(situation.now);
     const figures::Range range = spanOf(command.span, today);
-    std::vector<std::size_t> places = blocksWithin(range, situation.state);
+    std::vector<std::size_t> places = blocksWithin(range, situation.state, calendar);
     const std::size_t all = places.size();
     const std::size_t limit = command.limit.value_or(range.since ? all : usualLimit);
     places.resize(std::min(limit, all));

@@ -12,8 +12,6 @@
 namespace quillmere::work {
 namespace {
 
-}
-
 // One overload for each type of member.
 
 FieldValue valueOf(const std::string& text) { return text; }
@@ -168,7 +166,7 @@ void requireQuestion(const std::string& field, std::string_view text)
 
 void requireAnswer(const std::string& field, std::string_view text)
 {
-    if (isBlank(text)) {
+    if (base::isBlank(text)) {
         throw Unacceptable(field,
                            "An answer needs a text. quillmere answer QUESTION --dismiss closes a question "
                            "without one.");
