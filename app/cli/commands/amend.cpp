@@ -125,7 +125,7 @@ void addAmend(CLI::App& line, Program& program)
         });
     app->add_option("name", command->name,
                     "A block as history names it, such as 9F1C; 9F1C.2 is its second session, .2 that of the "
-                    "current block. On a terminal also its number: 1 for the block that was finished last")
+                    "current block; on a terminal also its number, 1 for the last one")
         ->required()
         ->check(wellFormedText());
     command->texts.addTo(*app);

@@ -119,6 +119,7 @@ TEST(UndoPlaceFile, isAsGoodAsMissingWhenItIsSpoilt)
              R"({"newest": 5, "target": 2, "undone": [[2, 5]]})",
              R"({"newest": 5, "undone": [[2, 5]], "redo": []})",
              R"({"newest": "5", "target": 2, "undone": [], "redo": []})",
+             R"({"newest": 5.5, "target": 2, "undone": [], "redo": []})",
              R"({"newest": -1, "target": 2, "undone": [], "redo": []})",
              R"({"newest": 5e300, "target": 2, "undone": [], "redo": []})",
              R"({"newest": 5, "target": 2, "undone": {}, "redo": []})",

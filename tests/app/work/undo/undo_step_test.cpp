@@ -1,6 +1,7 @@
 // Which version undo and redo lead to, and what they say and leave.
 #include "work/undo/undo_step.hpp"
 
+#include "amendments/change_length.hpp"
 #include "amendments/was_away.hpp"
 
 #include <filesystem>
@@ -85,6 +86,7 @@ void answer(QuillmereState& state, Instant now)
     WorkflowEngine().answerQuestion(state, state.openQuestions().front().id, "Yes.", now);
 }
 
+void lengthen(QuillmereState& state, Instant now) { amendments::changeLength(state, 600, now); }
 void beAway(QuillmereState& state, Instant now) { amendments::wasAway(state, now - 30, {}, now); }
 
 /// Pauses, resumes and ends a session of 25 minutes that began at 15:00.
@@ -312,14 +314,13 @@ TEST(Undo, passesAChangeThatIsGoneAlready)
 {
     Undoer person(stateIn(WorkflowState::focusing));
     person.does(60, pause);
-    person.does(60, end);
-    QuillmereState paused = person.state();
-    paused.workflowState = WorkflowState::focusing;
-    paused.currentBlock->sessions.back().endedAt.reset();
-    paused.currentBlock->sessions.back().accumulatedPausedSeconds = 0;
-    paused.currentBlock->sessions.back().pausedAt = moment + 60;
-    person.has(paused);
-    EXPECT_EQ(person.undoes(), "focus session 1 paused (15:01)");
+    person.does(60, askAway);
+    person.does(60, resume);
+    QuillmereState withoutQuestion = person.state();
+    withoutQuestion.agentQuestions.clear();
+    person.has(withoutQuestion);
+    EXPECT_NE(person.undoes(60), "");
+    EXPECT_EQ(person.undoes(60), "focus session 1 paused (15:01)");
 }
 
 TEST(Undo, namesAPauseThatWasMadeAfterAnEarlierStep)
@@ -329,6 +330,54 @@ TEST(Undo, namesAPauseThatWasMadeAfterAnEarlierStep)
     person.undoes(60);
     person.does(60, beAway);
     EXPECT_EQ(person.undoes(60), "focus session 1 paused for 30 s (15:03)");
+}
+
+TEST(Undo, doesNotNameThePauseThatTheStepBeforeAdded)
+{
+    Undoer person(stateIn(WorkflowState::focusing));
+    person.does(60, lengthen);
+    person.does(60, end);
+    person.undoes(60);
+    EXPECT_EQ(person.undoes(60), "focus session 1 lengthened by 10 min (15:01)");
+}
+
+TEST(Undo, namesAPauseInAnotherSessionThanThatOfTheStepBefore)
+{
+    Undoer person(stateIn(WorkflowState::focusing));
+    person.does(60, pause);
+    person.does(60, end);
+    person.undoes(60);
+    QuillmereState state = person.state();
+    WorkSession second = state.currentBlock->sessions.back();
+    second.id = Identifier::random();
+    second.number = 2;
+    second.pausedAt.reset();
+    second.accumulatedPausedSeconds = 30;
+    state.currentBlock->sessions.push_back(second);
+    person.has(state);
+    EXPECT_EQ(person.undoes(60),
+              "focus session 1 paused; focus session 2 started; focus session 2 paused for 30 s (15:01)");
+}
+
+TEST(Undo, addsNoPauseWhenItTakesAnAnswerBack)
+{
+    Undoer person(stateIn(WorkflowState::focusing));
+    person.does(60, askAway);
+    person.does(60, answer);
+    person.undoes(60);
+    EXPECT_EQ(person.state().currentSession()->accumulatedPausedSeconds, 0);
+}
+
+TEST(Undo, namesAPauseOfAnotherProgramAfterAnEarlierStep)
+{
+    Undoer person(stateIn(WorkflowState::focusing));
+    person.does(60, end);
+    person.undoes(60);
+    person.does(60, pause);
+    QuillmereState state = person.state();
+    state.currentBlock->sessions.back().accumulatedPausedSeconds += 30;
+    person.has(state);
+    EXPECT_EQ(person.undoes(60), "focus session 1 paused; focus session 1 paused for 30 s (15:03)");
 }
 
 TEST(Redo, namesAPauseThatIsTheChangeItself)
@@ -363,11 +412,12 @@ TEST(Undo, warnsWhenItsPlaceCannotBeNoted)
 TEST(Undo, ignoresAPlaceAmongVersionsThatWereDeleted)
 {
     Undoer person(stateIn(WorkflowState::focusing));
-    workUntilReview(person);
+    person.does(60, pause);
     person.undoes(60);
     fs::remove_all(person.workspace().stateDirectory() / "versions");
+    // Its version has the number of one that was undone.
     person.does(60, pause);
-    EXPECT_EQ(person.undoes(60), "focus session 1 paused (15:05)");
+    EXPECT_EQ(person.undoes(60), "focus session 1 paused (15:03)");
 }
 
 /// Whether the person's program refuses the step, and changes nothing.
