@@ -59,7 +59,8 @@ void requirePossible(const amendments::BlockChange& change, const Asking& asking
     try {
         amendments::changeBlock(state, change, asking.now);
     } catch (const amendments::Refusal& refusal) {
-        throw work::Unacceptable("", work::refusalText(refusal, asking.now));
+        throw work::Unacceptable(
+            "", work::refusalText(refusal, {asking.state, {}, asking.now}, base::Hours::twentyFour));
     }
 }
 

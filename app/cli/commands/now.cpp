@@ -52,9 +52,9 @@ void askForRatings(NowCommand& command, base::Environment& environment)
         if (lacks(field, command)) {
             const std::string question =
                 std::string(prompt.question) + " (" + std::string(prompt.format) + ")";
-            command.ratings.give(prompt.name, askUntil(environment, question, [&](const std::string& text) {
-                                     requireRating(prompt, text);
-                                 }));
+            command.ratings.give(prompt.name,
+                                 askUntil(environment, {.text = question},
+                                          [&](const std::string& text) { requireRating(prompt, text); }));
         }
     }
 }

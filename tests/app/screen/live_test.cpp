@@ -70,7 +70,7 @@ TEST_F(LiveScreen, takesAPersonThroughAWholeBlock)
     ASSERT_TRUE(window.shows("End the session before its time?"));
     window.presses("y");
     ASSERT_TRUE(window.shows("Was it completed?"));
-    window.presses("y C-s");
+    window.presses("y Tab Tab Tab Tab");
     ASSERT_TRUE(window.shows("What was produced?"));
     window.types("One chapter");
     window.presses("C-s");

@@ -201,7 +201,9 @@ TEST_F(SteeringInATerminal, steersABlockWithCommands)
     ASSERT_TRUE(window.shows("Delete the block of"));
     window.runs("no");
     ASSERT_TRUE(window.shows("Nothing was changed."));
-    window.runs("clear; $Q delete 1");
+    window.runs("clear");
+    ASSERT_TRUE(window.showsNoMore("Nothing was changed."));
+    window.runs("$Q delete 1");
     ASSERT_TRUE(window.shows("Delete the block of"));
     window.runs("yes");
     ASSERT_TRUE(window.shows("The block is deleted."));
