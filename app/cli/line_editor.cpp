@@ -67,7 +67,7 @@ private:
     termios modes_{};
 };
 
-using Line = std::unique_ptr<EditLine, void (*)(EditLine*)>;
+using EditorHandle = std::unique_ptr<EditLine, void (*)(EditLine*)>;
 
 /// Otherwise el_end would set the modes of the terminal so that what is typed ahead gets lost.
 void endLine(EditLine* line)
@@ -76,9 +76,9 @@ void endLine(EditLine* line)
     ::el_end(line);
 }
 
-Line lineOn(std::FILE* input, std::FILE* output, std::FILE* messages)
+EditorHandle lineOn(std::FILE* input, std::FILE* output, std::FILE* messages)
 {
-    Line line(::el_init("quillmere", input, output, messages), endLine);
+    EditorHandle line(::el_init("quillmere", input, output, messages), endLine);
     if (!line) {
         throw std::system_error(ENOMEM, std::generic_category(), "el_init");
     }
@@ -252,7 +252,7 @@ private:
     Stream nothing_{std::fopen("/dev/null", "we"), std::fclose};
     const base::HeldSignals signals_{SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGTSTP, SIGCONT, SIGWINCH};
     const KeptModes modes_{request_.input};
-    Line line_ = lineOn(input_.get(), output_.get(), nothing_.get());
+    EditorHandle line_ = lineOn(input_.get(), output_.get(), nothing_.get());
     screen::KeyReader reader_{screen::Charset::unicode};
     std::wstring characters_;  ///< decoded and not yet read
     bool isAfterEscape_ = false;

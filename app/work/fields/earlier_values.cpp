@@ -47,8 +47,10 @@ void forEachRecord(const QuillmereState& state, Visit visit)
     }
 }
 
+}  // namespace
+
 /// Texts in the order in which they come, each once, as many as are wanted.
-class Distinct {
+class DistinctTexts {
 public:
     void add(const std::string& text)
     {
@@ -69,12 +71,10 @@ private:
     std::vector<std::string> texts_;
 };
 
-}  // namespace
-
 template <class Record>
 std::vector<std::string> earlierValues(const QuillmereState& state, const RecordField<Record>& field)
 {
-    Distinct values;
+    DistinctTexts values;
     forEachRecord<Record>(state, [&](const Record& record) {
         std::visit([&](const auto& value) { values.add(value); }, valueIn(record, field));
     });
