@@ -69,7 +69,7 @@ void readTime(const std::string& text, Instant now)
 
 void readSpan(const std::string& text, Instant now)
 {
-    const figures::Day today = figures::LocalCalendar::dayOf(now);
+    const figures::Day today = figures::LocalCalendar().dayOf(now);
     const std::optional<figures::Range> span = figures::spanFromText(text, today);
     require(span.has_value() == figures::spanFromText(base::lowerCase(text), today).has_value(),
             "the case of letters does not matter in spans either");

@@ -129,7 +129,7 @@ TEST(Now, isRefusedByTheEngineWhereNoSessionCanStart)
         person.has(stateIn(state));
         const Ending ending = person.types({"now", "Outline"});
         EXPECT_EQ(ending.code, ExitCode::refused);
-        EXPECT_NE(ending.err.find("\nNext: "), std::string::npos) << ending.err;
+        EXPECT_NE(ending.err.find("Possible: "), std::string::npos) << ending.err;
     }
 }
 

@@ -440,7 +440,7 @@ TEST(NowPrompt, asksNothingThatWouldBeRefused)
     person.has(stateIn(WorkflowState::breaking));
     const Ending ending = asked(person, {"now", "Outline"}, "");
     EXPECT_EQ(ending.code, ExitCode::refused);
-    EXPECT_TRUE(ending.err.starts_with("This action is not available in the current workflow state.\n"));
+    EXPECT_TRUE(ending.err.starts_with("This action is not available in the current workflow state. "));
 }
 
 TEST(PlanPrompt, offersTheWordsOfTheModel)
