@@ -2,6 +2,8 @@
 
 #include "agent/attempt.hpp"
 #include "agent/record_schema.hpp"
+#include "base/text/quotes.hpp"
+#include "work/fields/answers.hpp"
 
 #include <nlohmann/json.hpp>
 #include <quillmere/records/json/json_encoder.hpp>
@@ -24,8 +26,9 @@ base::SortedJson makeQuestionSchema()
         schema.at("required").push_back(key);
     }
     properties.at("answer")["description"] =
-        "In the person's own words; may be empty. null while the question is open, or when it was closed "
-        "without one.";
+        "In the person's own words; may be empty. " + base::inQuotes(work::dismissal) +
+        " says that the person has closed the question and will not answer it: go on without. null while the "
+        "question is open, or when another program closed it.";
     properties["status"] = {{"enum", {"open", "answered"}}};
     schema.at("required").push_back("status");
     return schema;

@@ -5,6 +5,8 @@
 #include "agent/question_text.hpp"
 #include "agent/summary.hpp"
 #include "agent/waiting.hpp"
+#include "base/text/quotes.hpp"
+#include "work/fields/answers.hpp"
 
 #include <chrono>
 #include <nlohmann/json.hpp>
@@ -152,7 +154,9 @@ protocol::Tool getAnswer(const workspace::Workspace& workspace)
         .name = "get_answer",
         .title = "Answer to a question",
         .description =
-            "The answer to a question, if there is one yet: status is open or answered. "
+            "The answer to a question, if there is one yet: status is open or answered. The answer " +
+            base::inQuotes(work::dismissal) +
+            " means that the person has closed the question without one; do not ask it again. "
             "get_focus_state lists open questions only, so this is where answers are. Returns at "
             "once; use wait_for_answer rather than calling this again and again.",
         .inputSchema = base::SortedJson::parse(idArgument),

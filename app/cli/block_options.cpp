@@ -1,50 +1,34 @@
 #include "cli/block_options.hpp"
 
-#include "base/text/columns.hpp"
 #include "base/text/local_time.hpp"
-#include "base/text/sanitize.hpp"
+#include "cli/outcome_prompts.hpp"
 #include "cli/prompt.hpp"
 #include "work/fields/answers.hpp"
+#include "work/times_text.hpp"
 
 #include <quillmere/engine/workflow_engine.hpp>
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
+#include <string>
+#include <string_view>
 #include <utility>
+#include <variant>
 
 namespace quillmere::cli {
 namespace {
 
-constexpr const work::Prompt& outcomePrompt = work::blockFields.front().prompt;
-constexpr const work::Prompt& startPrompt = work::blockFields.back().prompt;
+constexpr const work::RecordField<Block>& startField = work::blockFields.back();
 
-/// The question, with what an empty answer keeps behind it.
-std::string withPresent(const std::string& question, const std::string& present)
+bool isStart(const work::RecordField<Block>& field)
 {
-    constexpr std::size_t mostColumns = 60;
-    return present.empty()
-               ? question
-               : question + " [" + base::cutToColumns(base::sanitized(present), mostColumns) + "]";
+    return std::holds_alternative<std::optional<Instant> Block::*>(field.member);
 }
 
-std::string titlesOf(const Block& block)
+/// Whether the planned start may be kept.
+bool hasStartToCome(const Block& block, Instant now)
 {
-    std::string titles;
-    for (const Outcome& outcome : block.outcomes) {
-        titles += (titles.empty() || outcome.title.empty() ? "" : ", ") + outcome.title;
-    }
-    return titles;
-}
-
-/// The text of a block; empty for a field that is none.
-std::string presentText(const Block& block, const work::Prompt& prompt)
-{
-    const auto row = std::find_if(work::blockFields.begin(), work::blockFields.end(),
-                                  [&](const auto& field) { return field.prompt.name == prompt.name; });
-    const work::FieldValue value = work::valueIn(block, *row);
-    const auto* const text = std::get_if<std::string>(&value);
-    return text ? *text : std::string();
+    return block.plannedStart && *block.plannedStart > now;
 }
 
 }  // namespace
@@ -55,50 +39,58 @@ void BlockOptions::addTo(CLI::App& command)
     command.add_flag("--start", start_, "Begin now")->excludes(fields_.option("at"));
 }
 
-void BlockOptions::askForMissing(const Block& present, base::Environment& environment, Instant now)
+void BlockOptions::askForMissing(const Block& present, const Asking& asking)
 {
-    askForOutcomes(present, environment);
-    fields_.askForMissing([&](const work::Prompt& prompt) {
-        const std::string question = withPresent(work::promptText(prompt), presentText(present, prompt));
-        const std::string answer = ask(environment, question);
-        return answer.empty() ? std::nullopt : std::optional(answer);
+    explainPrompts(asking.environment);
+    if (fields_.items("outcome").empty()) {
+        outcomes_ = askForOutcomes(asking, present);
+    }
+    fields_.askForMissing([&](const work::RecordField<Block>& field) {
+        return isStart(field) ? std::nullopt : askForField(asking, field, present);
     });
+    tellTimes(present, asking);
     if (!hasTime()) {
-        askForTime(present, environment, now);
+        askForTime(present, asking);
     }
 }
 
-void BlockOptions::askForOutcomes(const Block& present, base::Environment& environment)
+void BlockOptions::askForTime(const Block& present, const Asking& asking)
 {
-    std::vector<std::string>& outcomes = fields_.items("outcome");
-    if (!outcomes.empty()) {
-        return;
-    }
-    const std::string question = withPresent(std::string(outcomePrompt.question), titlesOf(present));
-    for (std::string outcome = ask(environment, question); !outcome.empty();
-         outcome = ask(environment, "And what else? (empty: nothing)")) {
-        outcomes.push_back(outcome);
+    const Instant now = asking.now;
+    const bool isKept = hasStartToCome(present, now);
+    constexpr std::string_view begun = "now";
+    const Question question{
+        .text = std::string(startField.prompt.question) + " (14:30, +1h)",
+        .present = isKept ? base::localTextSeenFrom(now, *present.plannedStart) : std::string(begun)};
+    const std::optional<std::string> when =
+        askToChange(asking.environment, question, [&](const std::string& text) {
+            if (!text.empty() && text != begun) {
+                work::requireToCome("at", work::startFrom({"at", text}, now), now);
+            }
+        });
+    start_ = when ? when->empty() || *when == begun : !isKept;
+    if (when && !start_) {
+        fields_.give("at", when);
+        tellTimes(present, asking);
     }
 }
 
-void BlockOptions::askForTime(const Block& present, base::Environment& environment, Instant now)
+void BlockOptions::tellTimes(const Block& present, const Asking& asking) const
 {
-    const bool isKept = present.plannedStart && *present.plannedStart > now;
-    const std::string question = isKept ? std::string(startPrompt.question) + " (14:30, +1h; empty: " +
-                                              base::localTextSeenFrom(now, *present.plannedStart) + ")"
-                                        : work::promptText(startPrompt);
-    const std::string when = askUntil(environment, question, [&](const std::string& text) {
-        if (!text.empty()) {
-            work::requireToCome("at", work::startFrom({"at", text}, now), now);
-        }
-    });
-    start_ = when.empty() && !isKept;
-    fields_.give("at", when.empty() ? std::nullopt : std::optional(when));
+    Block block = present;
+    if (start_ || !hasStartToCome(present, asking.now)) {
+        block.plannedStart.reset();
+    }
+    fields_.applyTo(block, asking.now);
+    tell(asking.environment, work::timesText(block, asking.now));
 }
 
 Block BlockOptions::applyTo(Block block, Instant now) const
 {
     fields_.applyTo(block, now);
+    if (outcomes_) {
+        block.outcomes = work::outcomesFrom(*outcomes_);
+    }
     if (const std::optional<std::string>& at = fields_.given("at")) {
         block.plannedStart = work::startFrom({"at", *at}, now);  // an empty text is a slip here
     }

@@ -1,13 +1,14 @@
 // The options by which a block is planned, and the prompts for what they leave out.
 #pragma once
 
-#include "base/environment.hpp"
+#include "cli/field_prompts.hpp"
 #include "cli/text_options.hpp"
+#include "work/fields/field_value.hpp"
 
 #include <quillmere/records/block.hpp>
 
 #include <optional>
-#include <string>
+#include <vector>
 
 namespace CLI {
 class App;
@@ -25,9 +26,9 @@ public:
     /// As if `--start` had been given.
     void giveStart() { start_ = true; }
 
-    /// Asks for the texts that were not given and for the time. An empty answer keeps what `present` has; a
-    /// planned start that has passed is not kept, and the block then begins now.
-    void askForMissing(const Block& present, base::Environment& environment, Instant now);
+    /// Asks for everything that was not given, with what `present` has to be kept by Enter. A planned start
+    /// that has passed is not offered. Says between the questions how long the block will take.
+    void askForMissing(const Block& present, const Asking& asking);
 
     /// The block with the values that were given, without a planned start when it begins now. Throws
     /// work::Unacceptable.
@@ -37,11 +38,12 @@ public:
     void plan(const Block& present, QuillmereState& state, Instant now) const;
 
 private:
-    void askForOutcomes(const Block& present, base::Environment& environment);
-    void askForTime(const Block& present, base::Environment& environment, Instant now);
+    void askForTime(const Block& present, const Asking& asking);
+    void tellTimes(const Block& present, const Asking& asking) const;
 
     RecordOptions<Block> fields_{work::blockFields};
     bool start_ = false;
+    std::optional<std::vector<work::ListItem>> outcomes_;  ///< as the person answered
 };
 
 }  // namespace quillmere::cli

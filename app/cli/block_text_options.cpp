@@ -1,6 +1,8 @@
 #include "cli/block_text_options.hpp"
 
 #include "cli/exit_code.hpp"
+#include "cli/outcome_prompts.hpp"
+#include "work/fields/answers.hpp"
 
 #include <algorithm>
 #include <charconv>
@@ -52,6 +54,13 @@ bool BlockTextOptions::anyGiven() const
     return texts_.anyGiven() || !titles_.empty() || !added_.empty() || !removed_.empty();
 }
 
+void BlockTextOptions::askForAll(const Asking& asking, const Block& present, const Require& requireRemovable)
+{
+    asked_ = askForOutcomes(asking, present, requireRemovable);
+    texts_.askForMissing(
+        [&](const work::RecordField<Block>& field) { return askForField(asking, field, present); });
+}
+
 amendments::BlockTexts BlockTextOptions::textsFor(const Block& block) const
 {
     return {.whyValue = texts_.given("why"),
@@ -64,6 +73,9 @@ amendments::BlockTexts BlockTextOptions::textsFor(const Block& block) const
 
 std::optional<std::vector<Outcome>> BlockTextOptions::outcomesFor(const Block& block) const
 {
+    if (asked_) {
+        return work::outcomesFrom(*asked_);
+    }
     if (titles_.empty() && added_.empty() && removed_.empty()) {
         return std::nullopt;
     }

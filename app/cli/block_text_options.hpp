@@ -2,8 +2,12 @@
 #pragma once
 
 #include "amendments/block_texts.hpp"
+#include "cli/field_prompts.hpp"
+#include "cli/prompt.hpp"
 #include "cli/text_options.hpp"
+#include "work/fields/field_value.hpp"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +20,10 @@ public:
 
     bool anyGiven() const;
 
+    /// Asks for all texts and outcomes, with those that the block has to be kept by Enter. `requireRemovable`
+    /// is given the identifier of an outcome that is to be removed.
+    void askForAll(const Asking& asking, const Block& present, const Require& requireRemovable);
+
     /// The texts that were given. An outcome whose title changes keeps its identifier. Throws ProgramError
     /// (`usage`) for the number of an outcome that the block does not have.
     amendments::BlockTexts textsFor(const Block& block) const;
@@ -27,6 +35,7 @@ private:
     std::vector<std::string> titles_;   ///< "2=Chapter two"
     std::vector<std::string> added_;    ///< titles
     std::vector<std::string> removed_;  ///< numbers
+    std::optional<std::vector<work::ListItem>> asked_;
 };
 
 }  // namespace quillmere::cli

@@ -47,7 +47,7 @@ void defineCommandLine(CLI::App& line, Program& program)
     for (const auto add : {
              addStatus, addUi,
              addPlan, addStart, addEdit, addCancel, addChange,
-             addFocus, addPause, addResume, addExtend, addAway, addEnd, addReview, addBreak,
+             addNow, addFocus, addPause, addResume, addExtend, addAway, addEnd, addReview, addBreak,
              addFinish, addReflect,
              addAsk, addQuestions, addAnswer,
              addHistory, addReport, addAmend, addDelete, addReset, addUndo, addRedo, addRestore,

@@ -42,6 +42,7 @@ void addFinish    (CLI::App& line, Program& program);  // an amendment: finish n
 void addReflect   (CLI::App& line, Program& program);  // completeBlockReview
 
 // A focus session and its break.
+void addNow       (CLI::App& line, Program& program);  // startFocus, from idle after startBlock
 void addFocus     (CLI::App& line, Program& program);  // startFocus
 void addPause     (CLI::App& line, Program& program);  // pauseFocus
 void addResume    (CLI::App& line, Program& program);  // resumeFocus

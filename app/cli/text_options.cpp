@@ -12,12 +12,6 @@
 namespace quillmere::cli {
 namespace {
 
-template <class Record>
-bool isText(const work::RecordField<Record>& field)
-{
-    return std::holds_alternative<std::string Record::*>(field.member);
-}
-
 /// The number of an outcome stands for its identifier, so it is read as a number.
 template <class Record>
 bool isNumber(const work::RecordField<Record>& field)
@@ -87,8 +81,8 @@ void RecordOptions<Record>::addOption(CLI::App& command, std::size_t index)
 template <class Record>
 bool RecordOptions<Record>::anyGiven() const
 {
-    return std::any_of(given_.begin(), given_.end(),
-                       [](const Given& given) { return given.text || !given.items.empty(); });
+    return wasAsked_ || std::any_of(given_.begin(), given_.end(),
+                                    [](const Given& given) { return given.text || !given.items.empty(); });
 }
 
 template <class Record>
@@ -140,52 +134,19 @@ void RecordOptions<Record>::applyTo(Record& record, Instant now) const
 }
 
 template <class Record>
-void RecordOptions<Record>::askForMissing(const Ask& ask)
+void RecordOptions<Record>::askForMissing(const Ask<Record>& ask)
 {
     for (std::size_t index = 0; index < fields_.size(); ++index) {
-        if (isText(fields_[index]) && !given_[index].text) {
-            given_[index].text = ask(fields_[index].prompt);
+        if (fields_[index].prompt.kind != work::FieldKind::list && !given_[index].text) {
+            given_[index].text = ask(fields_[index]);
         }
     }
+    wasAsked_ = true;
 }
 
 template class RecordOptions<Block>;
 template class RecordOptions<SessionPlan>;
 template class RecordOptions<SessionReview>;
 template class RecordOptions<BlockReview>;
-
-std::optional<std::int64_t> PlanOptions::outcomeNumber() const
-{
-    const std::optional<std::string>& text = options_.given("towards");
-    return text ? std::optional(work::numberFrom({"towards", *text}, {})) : std::nullopt;
-}
-
-void PlanOptions::applyTo(SessionPlan& plan, const std::optional<Block>& block, Instant now) const
-{
-    options_.applyTo(plan, now);
-    const std::optional<std::int64_t> number = outcomeNumber();
-    if (number && block && *number >= 1 && *number <= std::ssize(block->outcomes)) {
-        plan.blockOutcomeID = block->outcomes[static_cast<std::size_t>(*number - 1)].id;
-    }
-}
-
-void PlanOptions::requireOutcome(const std::optional<Block>& block) const
-{
-    const std::optional<std::int64_t> number = outcomeNumber();
-    if (number && (!block || *number < 1 || *number > std::ssize(block->outcomes))) {
-        throw ProgramError(ExitCode::usage, "The block has no outcome " + std::to_string(*number) + ".");
-    }
-}
-
-workspace::Operation namingOptions(workspace::Operation operation)
-{
-    return [operation = std::move(operation)](QuillmereState& state, Instant now) {
-        try {
-            operation(state, now);
-        } catch (const work::Unacceptable& refusal) {
-            throw ProgramError(ExitCode::usage, "--" + refusal.field() + ": " + refusal.what());
-        }
-    };
-}
 
 }  // namespace quillmere::cli

@@ -1,7 +1,9 @@
 // Command-line options for the fields of a record.
 #pragma once
 
+#include "cli/exit_code.hpp"
 #include "work/fields/fields.hpp"
+#include "work/fields/unacceptable.hpp"
 #include "workspace/workspace.hpp"
 
 #include <CLI/CLI.hpp>
@@ -10,6 +12,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace quillmere::cli {
@@ -20,8 +23,9 @@ CLI::Validator wellFormedText();
 /// Refuses text that is no whole number, and rewrites it in decimal: 010 is ten.
 CLI::Validator wholeNumber(const work::Limits& limits = {});
 
-/// Asks a question; absent when the value is to stay as it is.
-using Ask = std::function<std::optional<std::string>(const work::Prompt&)>;
+/// Asks for a field; absent when its value is to stay as it is.
+template <class Record>
+using Ask = std::function<std::optional<std::string>(const work::RecordField<Record>&)>;
 
 /// One option for every field of a record's table. Instantiated for Block, SessionPlan, SessionReview and
 /// BlockReview.
@@ -34,7 +38,9 @@ public:
     /// An option after `addTo`. CLI::App::get_option would end the program when memory runs out in it.
     CLI::Option* option(std::string_view name) const { return given_[indexOf(name)].option; }
 
+    /// Whether an option was given, or the person asked.
     bool anyGiven() const;
+    bool wasAsked() const { return wasAsked_; }
     /// The text given for a field that is no list.
     const std::optional<std::string>& given(std::string_view name) const;
     /// The texts given for a list.
@@ -45,8 +51,10 @@ public:
     /// Sets the fields whose options were given, except an outcome of the block. Throws work::Unacceptable.
     void applyTo(Record& record, Instant now) const;
 
-    /// Asks for the texts of the record that were not given.
-    void askForMissing(const Ask& ask);
+    /// Asks for the fields that were not given, except lists.
+    void askForMissing(const Ask<Record>& ask);
+    /// The name of a field's option, with dashes.
+    std::string optionName(std::string_view name) const { return "--" + prefix_ + std::string(name); }
 
 private:
     struct Given {
@@ -61,31 +69,20 @@ private:
     std::span<const work::RecordField<Record>> fields_;
     std::vector<Given> given_;
     std::string prefix_;
-};
-
-/// The options of a session plan. The outcome that it serves is given by its number in the block.
-class PlanOptions {
-public:
-    void addTo(CLI::App& command, const std::string& prefix = "") { options_.addTo(command, prefix); }
-
-    bool anyGiven() const { return options_.anyGiven(); }
-
-    /// Sets what was given; ignores the number of an outcome that the block does not have.
-    void applyTo(SessionPlan& plan, const std::optional<Block>& block, Instant now) const;
-
-    /// Throws ProgramError when the block has no outcome of the given number. Called at the end of an
-    /// operation, so that a refusal of the engine comes first.
-    void requireOutcome(const std::optional<Block>& block) const;
-
-    void askForMissing(const Ask& ask) { options_.askForMissing(ask); }
-
-private:
-    RecordOptions<SessionPlan> options_{work::planFields};
-
-    std::optional<std::int64_t> outcomeNumber() const;
+    bool wasAsked_ = false;
 };
 
 /// The operation, with the option named in front of the message when it throws work::Unacceptable.
-workspace::Operation namingOptions(workspace::Operation operation);
+template <class Operation>
+auto namingOptions(Operation operation)
+{
+    return [operation = std::move(operation)](QuillmereState& state, Instant now) {
+        try {
+            return operation(state, now);
+        } catch (const work::Unacceptable& refusal) {
+            throw ProgramError(ExitCode::usage, "--" + refusal.field() + ": " + refusal.what());
+        }
+    };
+}
 
 }  // namespace quillmere::cli

@@ -26,11 +26,8 @@ Day firstOf(Unit unit, Day day, chrono::weekday weekBegins)
 
 Day LocalCalendar::dayOf(Instant instant) const
 {
-    const std::tm fields = base::localFields(instant);
-    const Day date(chrono::local_days(chrono::year(fields.tm_year + 1900) /
-                                      chrono::month(static_cast<unsigned>(fields.tm_mon + 1)) /
-                                      chrono::day(static_cast<unsigned>(fields.tm_mday))));
-    return fields.tm_hour < beginsAtHour_ ? date - oneDay : date;
+    const Day date = base::localDayOf(instant);
+    return base::localFields(instant).tm_hour < beginsAtHour_ ? date - oneDay : date;
 }
 
 Instant LocalCalendar::startOf(Day day)

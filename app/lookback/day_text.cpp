@@ -1,7 +1,7 @@
 #include "lookback/day_text.hpp"
 
-#include <array>
-#include <charconv>
+#include "base/text/calendar_text.hpp"
+
 #include <chrono>
 #include <cstdlib>
 
@@ -11,11 +11,6 @@ namespace {
 namespace chrono = std::chrono;
 using figures::Day;
 using figures::Unit;
-
-constexpr auto monthNames = std::to_array<std::string_view>(
-    {"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"});
-constexpr auto weekdayNames =
-    std::to_array<std::string_view>({"Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun"});
 
 std::string padded(int number, std::size_t digits)
 {
@@ -39,32 +34,6 @@ IsoWeek isoWeekOf(Day firstDay)
     return {.year = static_cast<int>(year), .number = static_cast<int>((thursday - newYear).count() / 7 + 1)};
 }
 
-/// Digits only.
-std::optional<int> numberOf(std::string_view digits)
-{
-    int number = 0;
-    const char* const end = digits.data() + digits.size();
-    const auto [stop, error] = std::from_chars(digits.data(), end, number);
-    return error == std::errc() && stop == end && digits.front() != '-' ? std::optional(number)
-                                                                        : std::nullopt;
-}
-
-std::optional<Day> dateOf(std::string_view text)
-{
-    if (text.size() != 10 || text[4] != '-' || text[7] != '-') {
-        return std::nullopt;
-    }
-    const auto year = numberOf(text.substr(0, 4));
-    const auto month = numberOf(text.substr(5, 2));
-    const auto day = numberOf(text.substr(8, 2));
-    if (!year || !month || !day) {
-        return std::nullopt;
-    }
-    const chrono::year_month_day date(chrono::year{*year}, chrono::month(static_cast<unsigned>(*month)),
-                                      chrono::day(static_cast<unsigned>(*day)));
-    return date.ok() ? std::optional(Day(chrono::local_days(date))) : std::nullopt;
-}
-
 }  // namespace
 
 std::string labelOf(figures::Unit unit, figures::Day first)
@@ -86,24 +55,11 @@ std::string shortLabelOf(figures::Unit unit, figures::Day first)
         return "W" + std::to_string(isoWeekOf(first).number);
     }
     const chrono::year_month_day date(first);
-    const std::string month(monthNames[static_cast<unsigned>(date.month()) - 1]);
+    const std::string month(base::monthText(date.month()));
     return unit == Unit::month ? month
                                : std::to_string(static_cast<unsigned>(date.day())).append(" ").append(month);
 }
 
-std::string_view weekdayText(Day day) { return weekdayNames[chrono::weekday(day).iso_encoding() - 1]; }
-
-std::optional<Day> dayFromText(std::string_view text, Day today)
-{
-    if (text == "today") {
-        return today;
-    }
-    if (text.size() >= 2 && text.ends_with('d')) {
-        constexpr int most = 9999 * 366;
-        const auto daysAgo = numberOf(text.substr(0, text.size() - 1));
-        return daysAgo && *daysAgo <= most ? std::optional(today - chrono::days(*daysAgo)) : std::nullopt;
-    }
-    return dateOf(text);
-}
+std::string_view weekdayText(Day day) { return base::weekdayText(chrono::weekday(day)); }
 
 }  // namespace quillmere::lookback

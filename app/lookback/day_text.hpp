@@ -3,7 +3,6 @@
 
 #include "figures/local_day.hpp"
 
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,9 +17,5 @@ std::string shortLabelOf(figures::Unit unit, figures::Day first);
 
 /// "Sun".
 std::string_view weekdayText(figures::Day day);
-
-/// Reads "2026-11-15", "today" or "30d" (30 days before today). Absent for any other text and for a day that
-/// the calendar does not have.
-std::optional<figures::Day> dayFromText(std::string_view text, figures::Day today);
 
 }  // namespace quillmere::lookback

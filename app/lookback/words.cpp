@@ -78,12 +78,17 @@ std::string shareText(double part, double whole)
     return whole > 0 ? std::to_string(std::llround(part / whole * 100)) + " %" : "-";
 }
 
-std::string rangeText(const figures::LookBack& look)
+std::string rangeText(const figures::Range& range, figures::Day today)
 {
-    const std::string last = labelOf(figures::Unit::day, look.range.until.value_or(look.today));
-    return look.range.since ? labelOf(figures::Unit::day, *look.range.since) + " to " + last
-                            : "up to " + last;
+    const std::string last = labelOf(figures::Unit::day, range.until.value_or(today));
+    if (!range.since) {
+        return "up to " + last;
+    }
+    const std::string first = labelOf(figures::Unit::day, *range.since);
+    return first == last ? first : first + " to " + last;
 }
+
+std::string rangeText(const figures::LookBack& look) { return rangeText(look.range, look.today); }
 
 std::string completionText(CompletionResult completion)
 {
@@ -144,8 +149,9 @@ std::vector<Fact> factsOf(const figures::LookBack& look)
 
 std::string emptyText(const figures::LookBack& look)
 {
-    return look.range.since || look.range.until ? "No focus session has ended in that time."
-                                                : "No focus session has ended yet.";
+    return look.range.since || look.range.until
+               ? "No focus session has ended in that time, " + rangeText(look) + "."
+               : "No focus session has ended yet.";
 }
 
 }  // namespace quillmere::lookback

@@ -18,7 +18,9 @@ std::string meanText(const figures::Ratings& ratings);
 /// "60 %"; "-" when the whole is zero.
 std::string shareText(double part, double whole);
 
-/// "2026-11-01 to 2026-11-21", "up to 2026-11-21": the days of the look back.
+/// The days of a range: "2026-11-01 to 2026-11-21", "2026-11-21", or "up to 2026-11-21" without a first one.
+/// It ends today unless it says otherwise.
+std::string rangeText(const figures::Range& range, figures::Day today);
 std::string rangeText(const figures::LookBack& look);
 
 /// "9 yes, 3 half, 1 no".

@@ -1,6 +1,9 @@
 // What a person is told after a step; every surface says the same.
 #pragma once
 
+#include <quillmere/records/instant.hpp>
+
+#include <string>
 #include <string_view>
 
 namespace quillmere::work::done {
@@ -31,6 +34,7 @@ inline constexpr std::string_view pauseAdded = "That time is a pause.";
 inline constexpr std::string_view reviewSaved = "The review is saved.";
 inline constexpr std::string_view reviewSavedAndFinished =
     "The review is saved. No session follows; the block waits for its reflection.";
+inline constexpr std::string_view reviewSavedAndBlockFinished = "The review is saved. The block is finished.";
 
 inline constexpr std::string_view breakExtended = "The break is longer now.";
 inline constexpr std::string_view breakExtendedAndOver = "The break is longer now, and still over.";
@@ -39,5 +43,16 @@ inline constexpr std::string_view breakSkipped = "The break is skipped.";
 
 inline constexpr std::string_view questionAsked = "The question waits for an answer.";
 inline constexpr std::string_view questionAnswered = "Answered.";
+inline constexpr std::string_view questionDismissed = "The question is closed without an answer.";
+
+// A time that the person typed is said in full (base::localTextInFull), so that they see how it was
+// understood.
+
+/// "Scheduled for Mon 23 Nov 2026, 14:00."
+std::string scheduledFor(Instant start);
+/// "The focus session ended on Mon 23 Nov 2026, 14:20."
+std::string endedOn(Instant end);
+/// "A pause from Mon 23 Nov 2026, 14:20 to Mon 23 Nov 2026, 14:35."
+std::string pauseOf(Instant from, Instant to);
 
 }  // namespace quillmere::work::done

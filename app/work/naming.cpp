@@ -3,17 +3,14 @@
 #include "base/refusal.hpp"
 #include "base/text/count.hpp"
 #include "base/text/quotes.hpp"
+#include "work/short_names.hpp"
 
 #include <algorithm>
-#include <cctype>
 #include <charconv>
-#include <iterator>
 #include <vector>
 
 namespace quillmere::work {
 namespace {
-
-constexpr std::size_t shortestName = 4;
 
 base::Refusal refusal(const std::string& message) { return {base::Refusal::Kind::invalidRequest, message}; }
 
@@ -30,46 +27,13 @@ std::vector<const Block*> blocksOf(const QuillmereState& state)
     return blocks;
 }
 
-std::string upperCase(std::string_view text)
+std::vector<Identifier> identifiersOf(const QuillmereState& state)
 {
-    std::string upper;
-    for (const char letter : text) {
-        upper += static_cast<char>(std::toupper(static_cast<unsigned char>(letter)));
-    }
-    return upper;
-}
-
-std::size_t commonLength(const std::string& left, const std::string& right)
-{
-    const auto [end, other] = std::mismatch(left.begin(), left.end(), right.begin(), right.end());
-    return static_cast<std::size_t>(end - left.begin());
-}
-
-/// The identifiers of all blocks as texts, in order, each once.
-std::vector<std::string> sortedTexts(const QuillmereState& state)
-{
-    std::vector<std::string> texts;
+    std::vector<Identifier> identifiers;
     for (const Block* const block : blocksOf(state)) {
-        texts.push_back(block->id.text());
+        identifiers.push_back(block->id);
     }
-    std::sort(texts.begin(), texts.end());
-    texts.erase(std::unique(texts.begin(), texts.end()), texts.end());
-    return texts;
-}
-
-/// The texts that share most with one stand beside it in the order.
-std::string shortNameAmong(const std::vector<std::string>& texts, const Identifier& block)
-{
-    const std::string text = block.text();
-    const auto [below, above] = std::equal_range(texts.begin(), texts.end(), text);
-    std::size_t length = shortestName;
-    if (below != texts.begin()) {
-        length = std::max(length, commonLength(text, *std::prev(below)) + 1);
-    }
-    if (above != texts.end()) {
-        length = std::max(length, commonLength(text, *above) + 1);
-    }
-    return text.substr(0, length);
+    return identifiers;
 }
 
 base::Refusal severalBlocks(std::string_view name, const std::vector<const Block*>& found,
@@ -107,22 +71,17 @@ const WorkSession& sessionNumbered(std::string_view digits, const Block& block)
 
 std::string shortName(const Identifier& block, const QuillmereState& state)
 {
-    return shortNameAmong(sortedTexts(state), block);
+    return ShortNames(identifiersOf(state)).of(block);
 }
 
 std::vector<std::string> shortNames(const QuillmereState& state)
 {
-    const std::vector<std::string> texts = sortedTexts(state);
-    std::vector<std::string> names;
+    const ShortNames names(identifiersOf(state));
+    std::vector<std::string> ofHistory;
     for (const Block& block : state.blockHistory) {
-        names.push_back(shortNameAmong(texts, block.id));
+        ofHistory.push_back(names.of(block.id));
     }
-    return names;
-}
-
-bool isNamed(const Identifier& block, std::string_view name)
-{
-    return name.size() >= shortestName && block.text().starts_with(upperCase(name));
+    return ofHistory;
 }
 
 bool isBlockNamed(std::string_view name, const QuillmereState& state)

@@ -18,9 +18,6 @@ std::string shortName(const Identifier& block, const QuillmereState& state);
 /// The short names of the finished blocks, in the order of the history.
 std::vector<std::string> shortNames(const QuillmereState& state);
 
-/// Whether the identifier begins with the name, in either case, and the name has at least four characters.
-bool isNamed(const Identifier& block, std::string_view name);
-
 /// Whether a finished block, or the current one, has this name.
 bool isBlockNamed(std::string_view name, const QuillmereState& state);
 

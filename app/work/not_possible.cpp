@@ -23,6 +23,7 @@ constexpr auto needs = std::to_array<Need>({
     {"edit",         "There is no scheduled block to edit"},
     {"cancel",       "There is nothing to cancel"},
     {"focus",        "There is no session to begin"},
+    {"now",          "No session can begin now"},
     {"pause",        "There is no running session to pause"},
     {"resume",       "There is no paused session to resume"},
     {"end",          "There is no focus session to end"},

@@ -31,6 +31,13 @@ bool isAnswered(const FormSubject& subject, const QuillmereState& state)
                         [&](const AgentQuestion& question) { return subject == answerTo(question); });
 }
 
+/// What is said once the form is saved. Throws Unacceptable.
+std::string savedText(const Form& form, const QuillmereState& state, Instant now)
+{
+    const std::string times = timesInFull(form, state, now);
+    return times.empty() ? std::string(savingFor(moveOf(form, state)).done) : times;
+}
+
 }  // namespace
 
 Presenter::Presenter(workspace::Workspace workspace, Drafts drafts, std::optional<WidgetRoute> route,
@@ -203,10 +210,9 @@ void Presenter::keepDraft()
 std::optional<std::string> Presenter::save(std::shared_ptr<Form> form)
 {
     keepDraft();
-    const Saving& saving = savingFor(moveOf(*form, state()));
     try {
         const auto saveForm = [&](QuillmereState& fresh, Instant now) { carryOut(*form, fresh, now); };
-        if (!change(saveForm, saving.done)) {
+        if (!change(saveForm, savedText(*form, state(), situation().now))) {
             return std::nullopt;
         }
     } catch (const Unacceptable& refusal) {

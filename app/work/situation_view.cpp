@@ -20,11 +20,13 @@ struct StepCommand {
 // In the order in which a person is told of them.
 constexpr auto stepCommands = std::to_array<StepCommand>({
     {Step::beginBlockPlanning, "plan"},
+    {Step::beginBlockPlanning, "now"},
     {Step::startBlock, "plan"},
     {Step::startScheduledBlockNow, "start"},
     {Step::editScheduledBlock, "edit"},
     {Step::cancelScheduledBlock, "cancel"},
     {Step::startFocus, "focus"},
+    {Step::startFocus, "now"},
     {Step::pauseFocus, "pause"},
     {Step::resumeFocus, "resume"},
     {Step::endFocus, "end"},

@@ -1,6 +1,7 @@
 #include "figures_testing.hpp"
 
-#include "base/text/local_time.hpp"
+#include "base/text/calendar_text.hpp"
+#include "base/text/typed_time.hpp"
 #include "lookback/day_text.hpp"
 
 namespace quillmere::test {
@@ -22,7 +23,7 @@ std::string hostileTextInExports()
 
 Day day(const std::string& text)
 {
-    const auto read = lookback::dayFromText(text, Day());
+    const auto read = base::dayFromText(text);
     EXPECT_TRUE(read) << text;
     return read.value_or(Day());
 }

@@ -1,18 +1,17 @@
 #include "base/text/local_time.hpp"
 
-#include "base/text/duration.hpp"
-
-#include <quillmere/records/json/date_text.hpp>
+#include "base/text/calendar_text.hpp"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <ctime>
-#include <iterator>
-#include <vector>
 
 namespace quillmere::base {
 namespace {
+
+namespace chrono = std::chrono;
 
 std::string formatted(const std::tm& fields, const char* format)
 {
@@ -35,102 +34,51 @@ std::string clockText(Instant instant, Hours hours, const char* format)
 constexpr const char* minutes = ":%M";
 constexpr const char* minutesAndSeconds = ":%M:%S";
 
-bool showTheSame(const std::tm& left, const std::tm& right)
-{
-    return left.tm_year == right.tm_year && left.tm_mon == right.tm_mon && left.tm_mday == right.tm_mday &&
-           left.tm_hour == right.tm_hour && left.tm_min == right.tm_min;
-}
+std::string formatted(Instant instant, const char* format) { return formatted(localFields(instant), format); }
 
-/// The instants at which local clocks show these fields, in order.
-std::vector<Instant> readingsOf(const std::tm& fields)
+/// Seconds by which local clocks are ahead of UTC.
+std::int64_t offsetAt(Instant instant) { return localFields(instant).tm_gmtoff; }
+
+/// More than the offset of any zone, and than any change of the clocks.
+constexpr double dayAround = 26 * 3600;
+
+/// The time that the clocks skip, if at this instant they would show it without their change.
+std::string skippedTime(Instant instant)
 {
-    std::vector<Instant> readings;
-    // When summer time ends, the same hour occurs once with it and once without.
-    for (const int summerTime : {-1, 0, 1}) {
-        std::tm normalised = fields;
-        normalised.tm_isdst = summerTime;
-        const Instant instant(static_cast<double>(std::mktime(&normalised)));
-        if (showTheSame(normalised, fields) && json::hasDateText(instant)) {
-            readings.push_back(instant);
-        }
+    const std::int64_t before = offsetAt(instant - dayAround);
+    const auto gap = static_cast<double>(offsetAt(instant) - before);
+    if (!(gap > 0) || offsetAt(instant - gap) != before) {
+        return {};
     }
-    std::sort(readings.begin(), readings.end());
-    return readings;
+    const auto shown =
+        static_cast<std::time_t>(std::floor(instant.secondsSince1970())) + static_cast<std::time_t>(before);
+    std::tm fields{};
+    ::gmtime_r(&shown, &fields);
+    return formatted(fields, "%H:%M");
 }
 
-/// The next instant at which local clocks show these fields, or the last one if all are past. Absent if they
-/// never show them.
-std::optional<Instant> instantOf(const std::tm& fields, Instant now)
+/// Says what a change of the clocks makes of a local time; empty elsewhere.
+std::string clockChangeText(Instant instant)
 {
-    const std::vector<Instant> readings = readingsOf(fields);
-    const auto next = std::lower_bound(readings.begin(), readings.end(), now);
-    if (next != readings.end()) {
-        return *next;
+    const Instant second(std::floor(instant.secondsSince1970()));
+    const auto sinceEpoch = static_cast<std::int64_t>(second.secondsSince1970()) + offsetAt(second);
+    const std::vector<Instant> instants =
+        instantsOfLocalTime(chrono::local_seconds(chrono::seconds(sinceEpoch)));
+    if (instants.size() > 1) {
+        return std::string(" (the ") + (second == instants.front() ? "first" : "second") +
+               " of two: the clocks are set back that day)";
     }
-    return readings.empty() ? std::nullopt : std::optional(readings.back());
+    const std::string skipped = skippedTime(second);
+    return skipped.empty() ? "" : " (the clocks are set forward that day, and " + skipped + " is left out)";
 }
 
-/// The last instant that is not after `now`, or the first one if all are yet to come.
-std::optional<Instant> pastInstantOf(const std::tm& fields, Instant now)
+std::string inFull(Instant instant, const char* clockFormat)
 {
-    const std::vector<Instant> readings = readingsOf(fields);
-    const auto next = std::upper_bound(readings.begin(), readings.end(), now);
-    if (next != readings.begin()) {
-        return *std::prev(next);
-    }
-    return readings.empty() ? std::nullopt : std::optional(readings.front());
-}
-
-/// The local fields of `now`, with no seconds: what a text leaves out.
-std::tm fieldsBeside(Instant now)
-{
-    std::tm fields = localFields(now);
-    fields.tm_sec = 0;
-    return fields;
-}
-
-/// Reads the whole text into `fields`; `format` as for strptime(3).
-bool scan(std::string_view text, const char* format, std::tm& fields)
-{
-    const std::string copy(text);
-    const char* const end = ::strptime(copy.c_str(), format, &fields);
-    return end && end == copy.c_str() + copy.size();
-}
-
-/// The same time of day, some days later or earlier.
-std::tm onAnotherDay(const std::tm& fields, int daysLater)
-{
-    std::tm day = fields;
-    day.tm_mday += daysLater;
-    // mktime moves a day past the end of the month into the next one; noon exists on every day.
-    day.tm_isdst = -1;
-    day.tm_hour = 12;
-    std::mktime(&day);
-    day.tm_hour = fields.tm_hour;
-    return day;
-}
-
-std::optional<Instant> nextTimeOfDay(const std::tm& fields, Instant now)
-{
-    // It may be past today, and the clocks may skip it tomorrow.
-    for (const int daysLater : {0, 1, 2}) {
-        const std::optional<Instant> instant = instantOf(onAnotherDay(fields, daysLater), now);
-        if (instant && *instant >= now) {
-            return instant;
-        }
-    }
-    return std::nullopt;
-}
-
-std::optional<Instant> lastTimeOfDay(const std::tm& fields, Instant now)
-{
-    for (const int daysLater : {0, -1, -2}) {
-        const std::optional<Instant> instant = pastInstantOf(onAnotherDay(fields, daysLater), now);
-        if (instant && *instant <= now) {
-            return instant;
-        }
-    }
-    return std::nullopt;
+    const chrono::local_days day = localDayOf(instant);
+    const chrono::year_month_day date(day);
+    return std::string(weekdayText(chrono::weekday(day))) + " " +
+           std::to_string(static_cast<unsigned>(date.day())) + " " + std::string(monthText(date.month())) +
+           formatted(instant, " %04Y, ") + formatted(instant, clockFormat) + clockChangeText(instant);
 }
 
 }  // namespace
@@ -141,6 +89,36 @@ std::tm localFields(Instant instant)
     std::tm fields{};
     ::localtime_r(&seconds, &fields);
     return fields;
+}
+
+chrono::local_days localDayOf(Instant instant)
+{
+    const std::tm fields = localFields(instant);
+    return chrono::local_days(chrono::year(fields.tm_year + 1900) /
+                              chrono::month(static_cast<unsigned>(fields.tm_mon + 1)) /
+                              chrono::day(static_cast<unsigned>(fields.tm_mday)));
+}
+
+std::vector<Instant> instantsOfLocalTime(chrono::local_seconds time)
+{
+    const auto inUtc = static_cast<double>(time.time_since_epoch().count());
+    std::vector<Instant> instants;
+    Instant unchanged(inUtc);
+    // The offset may change once within the two days around; the time is then counted before or after.
+    for (const double around : {dayAround, 0.0, -dayAround}) {
+        const std::int64_t offset = offsetAt(Instant(inUtc + around));
+        const Instant instant(inUtc - static_cast<double>(offset));
+        unchanged = instant;
+        if (offsetAt(instant) == offset) {
+            instants.push_back(instant);
+        }
+    }
+    if (instants.empty()) {
+        return {unchanged};
+    }
+    std::sort(instants.begin(), instants.end());
+    instants.erase(std::unique(instants.begin(), instants.end()), instants.end());
+    return instants;
 }
 
 // The C library pads a year before 1000 only when it is told to.
@@ -171,36 +149,11 @@ std::string localSecondSeenFrom(const SeenFrom& here, Instant instant)
                      : localTextToTheSecond(instant, here.hours);
 }
 
-std::optional<Instant> instantFromLocalText(std::string_view text, Instant now)
-{
-    if (text.substr(0, 1) == "+") {
-        const std::optional<double> delay = durationFromText(text.substr(1));
-        return delay && json::hasDateText(now + *delay) ? std::optional(now + *delay) : std::nullopt;
-    }
-    std::tm fields = fieldsBeside(now);
-    if (scan(text, "%Y-%m-%d %H:%M", fields) || scan(text, "%Y-%m-%dT%H:%M", fields)) {
-        return instantOf(fields, now);
-    }
-    fields = fieldsBeside(now);
-    return scan(text, "%H:%M", fields) ? nextTimeOfDay(fields, now) : std::nullopt;
-}
+std::string localTextInFull(Instant instant) { return inFull(instant, "%H:%M"); }
 
-std::optional<Instant> pastInstantFromLocalText(std::string_view text, Instant now)
+std::string localSecondInFull(Instant instant)
 {
-    for (const char* const day :
-         {"%Y-%m-%d %H:%M", "%Y-%m-%dT%H:%M", "%Y-%m-%d %H:%M:%S", "%Y-%m-%dT%H:%M:%S"}) {
-        std::tm fields = fieldsBeside(now);
-        if (scan(text, day, fields)) {
-            return pastInstantOf(fields, now);
-        }
-    }
-    for (const char* const time : {"%H:%M", "%H:%M:%S"}) {
-        std::tm fields = fieldsBeside(now);
-        if (scan(text, time, fields)) {
-            return lastTimeOfDay(fields, now);
-        }
-    }
-    return std::nullopt;
+    return inFull(instant, localFields(instant).tm_sec == 0 ? "%H:%M" : "%H:%M:%S");
 }
 
 }  // namespace quillmere::base

@@ -5,15 +5,23 @@
 
 #include <quillmere/records/instant.hpp>
 
+#include <chrono>
 #include <ctime>
-#include <optional>
 #include <string>
-#include <string_view>
+#include <vector>
 
 namespace quillmere::base {
 
 /// The local date and time, to the second.
 std::tm localFields(Instant instant);
+
+/// The local day.
+std::chrono::local_days localDayOf(Instant instant);
+
+/// The instants at which local clocks show this time, in order: two where they are set back over it. One when
+/// they skip the time, which is then counted by the clocks as they were before: 02:30 means 03:30 where they
+/// go forward by an hour.
+std::vector<Instant> instantsOfLocalTime(std::chrono::local_seconds time);
 
 /// "2026-11-15".
 std::string localDayText(Instant instant);
@@ -41,14 +49,11 @@ std::string localTextSeenFrom(const SeenFrom& here, Instant instant);
 /// "16:00:05" on the local day of the present, "2026-11-15 16:00:05" on any other.
 std::string localSecondSeenFrom(const SeenFrom& here, Instant instant);
 
-/// Reads "2026-11-15 16:00" (or with a "T"), "16:00" (the next time at which the clock shows it) or "+1h30m"
-/// (from now). A local time that occurs twice means the next of the two. Absent for any other text, for a
-/// local time that the clocks skip, and outside the years of the files (0000 to 9999, UTC).
-std::optional<Instant> instantFromLocalText(std::string_view text, Instant now);
+/// For a time that was typed in fewer words: "Sun 15 Nov 2026, 16:00". Where the clocks are changed, says
+/// which of two times it is, or which time they skip.
+std::string localTextInFull(Instant instant);
 
-/// Reads "2026-11-15 16:00" (or with a "T") and "16:00", with or without seconds, as a time that has passed:
-/// the last time at which the clock showed it. A date that is yet to come is read as it stands. Absent for
-/// any other text, and as `instantFromLocalText` is.
-std::optional<Instant> pastInstantFromLocalText(std::string_view text, Instant now);
+/// The same with seconds, if there are any: "Sun 15 Nov 2026, 16:00:05".
+std::string localSecondInFull(Instant instant);
 
 }  // namespace quillmere::base

@@ -5,6 +5,7 @@
 #include "cli/block_text_options.hpp"
 #include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
+#include "cli/plan_options.hpp"
 #include "work/done_text.hpp"
 #include "work/fields/answers.hpp"
 #include "work/naming.hpp"
@@ -92,17 +93,21 @@ void requireFittingOptions(const AmendCommand& command, const work::Named& named
     }
 }
 
-void amend(const AmendCommand& command, QuillmereState& state, Instant now)
+/// Returns what was corrected.
+std::string amend(const AmendCommand& command, QuillmereState& state, Instant now)
 {
     const work::Named named = work::named(command.name, state);
     requireFittingOptions(command, named, state);
     const Identifier block = named.block.id;
     if (named.session) {
         const Identifier session = named.session->id;
-        amendments::correctSession(state, block, session, correctionOf(command, named, now), now);
-    } else {
-        amendments::correctBlock(state, block, correctionOf(command, named.block, now), now);
+        const amendments::SessionCorrection correction = correctionOf(command, named, now);
+        amendments::correctSession(state, block, session, correction, now);
+        return std::string(work::done::recordCorrected) +
+               (correction.endedAt ? " " + work::done::endedOn(*correction.endedAt) : "");
     }
+    amendments::correctBlock(state, block, correctionOf(command, named.block, now), now);
+    return std::string(work::done::recordCorrected);
 }
 
 }  // namespace
@@ -115,9 +120,8 @@ void addAmend(CLI::App& line, Program& program)
         [command, &program] {
             command->name =
                 nameWithoutNumber(command->name, false, program.workspace().look().state, program);
-            program.change(
-                work::done::recordCorrected,
-                namingOptions([&](QuillmereState& state, Instant now) { amend(*command, state, now); }));
+            program.change(namingOptions(
+                [&](QuillmereState& state, Instant now) { return amend(*command, state, now); }));
         });
     app->add_option("name", command->name,
                     "A block as history names it, such as 9F1C; 9F1C.2 is its second session, .2 that of the "

@@ -1,50 +1,79 @@
-// Answers a question.
+// Answers a question, or closes it without an answer.
 #include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
+#include "cli/prompt.hpp"
 #include "cli/text_options.hpp"
 #include "work/done_text.hpp"
+#include "work/fields/answers.hpp"
+#include "work/question_naming.hpp"
 
-#include <charconv>
+#include <CLI/CLI.hpp>
+
 #include <memory>
 
 namespace quillmere::cli {
 namespace {
 
-/// The question with the number in the list of open questions, or with the identifier.
-Identifier questionNamed(const std::string& name, const QuillmereState& state)
+struct AnswerCommand {
+    std::string question;
+    std::optional<std::string> text;
+    bool isDismissal = false;
+};
+
+/// An identifier is left to the engine, which refuses one that no question has.
+Identifier questionOf(const AnswerCommand& command, const QuillmereState& state)
 {
-    if (const std::optional<Identifier> id = Identifier::fromText(name)) {
-        return *id;
+    const std::optional<Identifier> id = Identifier::fromText(command.question);
+    return id ? *id : work::questionNamed(command.question, state).id;
+}
+
+void answer(const AnswerCommand& command, QuillmereState& state, Instant now)
+{
+    const std::string text = command.isDismissal ? std::string(work::dismissal) : command.text.value_or("");
+    WorkflowEngine().answerQuestion(state, questionOf(command, state), text, now);
+    work::requireAnswer(std::string(work::answerPrompt.name), text);
+}
+
+void askForText(AnswerCommand& command, Program& program)
+{
+    const QuillmereState state = program.workspace().look().state;
+    const AgentQuestion& question = work::questionNamed(command.question, state);
+    base::Environment& environment = program.environment();
+    tell(environment, question.question);
+    const Question prompt{.text = std::string(work::answerPrompt.question),
+                          .present = question.answer.value_or(""),
+                          .takesLines = true};
+    const std::optional<std::string> text = askToChange(environment, prompt, [](const std::string& typed) {
+        work::requireAnswer(std::string(work::answerPrompt.name), typed);
+    });
+    command.text = text ? text : question.answer;
+}
+
+void answerQuestion(AnswerCommand& command, Program& program)
+{
+    if (program.environment().inputIsTerminal && !command.text && !command.isDismissal) {
+        askForText(command, program);
     }
-    std::size_t number = 0;
-    const char* const end = name.data() + name.size();
-    const bool isNumber = std::from_chars(name.data(), end, number).ptr == end;
-    const std::vector<AgentQuestion> open = state.openQuestions();
-    if (!isNumber || number < 1 || number > open.size()) {
-        throw ProgramError(ExitCode::usage,
-                           "No open question is called " + name + "; see quillmere questions.");
-    }
-    return open[number - 1].id;
+    program.change(command.isDismissal ? work::done::questionDismissed : work::done::questionAnswered,
+                   [&](QuillmereState& state, Instant now) { answer(command, state, now); });
 }
 
 }  // namespace
 
 void addAnswer(CLI::App& line, Program& program)
 {
-    const auto name = std::make_shared<std::string>();
-    const auto answer = std::make_shared<std::string>();
-    CLI::App* const command = addCommand(line, program, "answer", "Answer a question", [=, &program] {
-        program.change(work::done::questionAnswered, [&](QuillmereState& state, Instant now) {
-            WorkflowEngine().answerQuestion(state, questionNamed(*name, state), *answer, now);
-        });
-    });
-    command->add_option("question", *name, "Its number in the list of questions, or its identifier")
+    const auto command = std::make_shared<AnswerCommand>();
+    CLI::App* const app = addCommand(line, program, "answer", "Answer a question, or answer it again",
+                                     [command, &program] { answerQuestion(*command, program); });
+    app->add_option("question", command->question,
+                    "Its number in the list of questions, or its name there with --all")
         ->required()
         ->check(wellFormedText());
-    command
-        ->add_option(std::string(work::answerPrompt.name), *answer, std::string(work::answerPrompt.question))
-        ->required()
-        ->check(wellFormedText());
+    CLI::Option* const text = app->add_option(std::string(work::answerPrompt.name), command->text,
+                                              std::string(work::answerPrompt.question));
+    text->check(wellFormedText());
+    app->add_flag("--dismiss", command->isDismissal, "Close it without an answer; an agent is told that")
+        ->excludes(text);
 }
 
 }  // namespace quillmere::cli

@@ -17,12 +17,13 @@ struct AwayCommand {
     std::optional<std::string> to;
 };
 
-void away(const AwayCommand& command, QuillmereState& state, Instant now)
+std::string away(const AwayCommand& command, QuillmereState& state, Instant now)
 {
     const Instant from = work::pastTimeFrom({"from", command.from}, now);
     const std::optional<Instant> to =
         command.to ? std::optional(work::pastTimeFrom({"to", *command.to}, now)) : std::nullopt;
     amendments::wasAway(state, from, to, now);
+    return work::done::pauseOf(from, to.value_or(state.currentSession()->pausedAt.value_or(now)));
 }
 
 }  // namespace
@@ -30,13 +31,12 @@ void away(const AwayCommand& command, QuillmereState& state, Instant now)
 void addAway(CLI::App& line, Program& program)
 {
     const auto command = std::make_shared<AwayCommand>();
-    CLI::App* const app = addCommand(
-        line, program, "away", "Make a pause of time in the focus session that has passed",
-        [command, &program] {
-            program.change(work::done::pauseAdded, namingOptions([&](QuillmereState& state, Instant now) {
-                               away(*command, state, now);
-                           }));
-        });
+    CLI::App* const app =
+        addCommand(line, program, "away", "Make a pause of time in the focus session that has passed",
+                   [command, &program] {
+                       program.change(namingOptions(
+                           [&](QuillmereState& state, Instant now) { return away(*command, state, now); }));
+                   });
     app->add_option("--from", command->from, work::helpText(work::awayFromPrompt))
         ->required()
         ->check(wellFormedText());

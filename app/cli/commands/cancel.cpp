@@ -67,8 +67,8 @@ void askForChoice(CancelCommand& command, base::Environment& environment, Instan
 {
     const std::string answer = askUntil(
         environment,
-        "The start of the block has passed while it was edited. Start it now, at another time, or drop it? "
-        "(now, 14:30, drop)",
+        {.text = "The start of the block has passed while it was edited. Start it now, at another time, or "
+                 "drop it? (now, 14:30, drop)"},
         [&](const std::string& word) {
             if (word != "now" && word != "drop") {
                 work::requireToCome("at", work::startFrom({"at", word}, now), now);
@@ -108,21 +108,26 @@ void settle(CancelCommand& command, Subject subject, const workspace::Situation&
     }
 }
 
-std::string_view apply(const CancelCommand& command, Subject subject, QuillmereState& state, Instant now)
+std::string apply(const CancelCommand& command, Subject subject, QuillmereState& state, Instant now)
 {
     switch (subject) {
         case Subject::schedule:
             WorkflowEngine().cancelScheduledBlock(state, now);
-            return work::done::scheduleCancelled;
-        case Subject::block: amendments::drop(state, now); return work::done::blockDropped;
-        case Subject::planning: amendments::backOut(state, {}, now); return work::done::planningLeft;
-        case Subject::editing: amendments::backOut(state, {}, now); return work::done::scheduleKept;
+            return std::string(work::done::scheduleCancelled);
+        case Subject::block: amendments::drop(state, now); return std::string(work::done::blockDropped);
+        case Subject::planning:
+            amendments::backOut(state, {}, now);
+            return std::string(work::done::planningLeft);
+        case Subject::editing:
+            amendments::backOut(state, {}, now);
+            return std::string(work::done::scheduleKept);
         case Subject::editingWithPassedStart: break;
     }
     amendments::backOut(state, choiceOf(command, now), now);
-    return command.starts ? work::done::blockBegun
-           : command.at   ? work::done::blockScheduled
-                          : work::done::blockDropped;
+    if (command.at) {
+        return work::done::scheduledFor(*state.currentBlock->plannedStart);
+    }
+    return std::string(command.starts ? work::done::blockBegun : work::done::blockDropped);
 }
 
 void cancel(CancelCommand& command, Program& program)
@@ -132,7 +137,7 @@ void cancel(CancelCommand& command, Program& program)
     const Subject subject = subjectIn(situation.state, situation.now);
     const work::Drafts drafts(workspace.stateDirectory());
     settle(command, subject, situation, drafts.areKept(), program.environment());
-    std::string_view done;
+    std::string done;
     const workspace::Operation operation = work::keepingWords(
         [&](QuillmereState& state, Instant now) {
             if (subjectIn(state, now) != subject) {
@@ -144,7 +149,7 @@ void cancel(CancelCommand& command, Program& program)
         drafts, program.configuration().values);
     program.change([&](QuillmereState& state, Instant now) {
         operation(state, now);
-        return std::string(done);
+        return done;
     });
 }
 

@@ -1,10 +1,16 @@
 // Changes a block that has begun.
 #include "amendments/change_block.hpp"
+#include "amendments/possible.hpp"
+#include "amendments/refusal.hpp"
 #include "cli/block_text_options.hpp"
 #include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
+#include "cli/field_prompts.hpp"
+#include "cli/prompt.hpp"
+#include "work/amendment_text.hpp"
 #include "work/done_text.hpp"
 #include "work/fields/answers.hpp"
+#include "work/fields/unacceptable.hpp"
 
 #include <CLI/CLI.hpp>
 
@@ -46,17 +52,62 @@ void change(const ChangeCommand& command, QuillmereState& state, Instant now)
     amendments::changeBlock(state, changeOf(command, state.currentBlock), now);
 }
 
+/// Runs an amendment on a copy of the state, so that an answer that would be refused is asked for again.
+void requirePossible(const amendments::BlockChange& change, const Asking& asking)
+{
+    QuillmereState state = asking.state;
+    try {
+        amendments::changeBlock(state, change, asking.now);
+    } catch (const amendments::Refusal& refusal) {
+        throw work::Unacceptable(
+            "", work::refusalText(refusal, {asking.state, {}, asking.now}, base::Hours::twentyFour));
+    }
+}
+
+void requireRemovable(const std::string& outcome, const Asking& asking)
+{
+    std::vector<Outcome> rest = asking.state.currentBlock->outcomes;
+    std::erase_if(rest, [&](const Outcome& one) { return one.id.text() == outcome; });
+    if (!rest.empty()) {
+        requirePossible({.texts = {.outcomes = rest}}, asking);
+    }
+}
+
+void askForAll(ChangeCommand& command, const Asking& asking)
+{
+    const Block& block = *asking.state.currentBlock;
+    explainPrompts(asking.environment);
+    command.texts.askForAll(asking, block,
+                            [&](const std::string& outcome) { requireRemovable(outcome, asking); });
+    command.numbers.askForMissing([&](const work::RecordField<Block>& field) {
+        return askForField(asking, field, block, [&](const std::string& answer) {
+            ChangeCommand one;
+            one.numbers.give(field.prompt.name, answer);
+            requirePossible(changeOf(one, block), asking);
+        });
+    });
+}
+
+void changeBlock(ChangeCommand& command, Program& program)
+{
+    base::Environment& environment = program.environment();
+    if (environment.inputIsTerminal && !command.texts.anyGiven() && !command.numbers.anyGiven()) {
+        const workspace::Situation situation = program.workspace().look();
+        if (amendments::isPossible(amendments::Kind::change, situation.state)) {
+            askForAll(command, {environment, situation.state, situation.now});
+        }
+    }
+    program.change(work::done::blockChanged,
+                   namingOptions([&](QuillmereState& state, Instant now) { change(command, state, now); }));
+}
+
 }  // namespace
 
 void addChange(CLI::App& line, Program& program)
 {
     const auto command = std::make_shared<ChangeCommand>();
-    CLI::App* const app =
-        addCommand(line, program, "change", "Change the block that has begun", [command, &program] {
-            program.change(work::done::blockChanged, namingOptions([&](QuillmereState& state, Instant now) {
-                               change(*command, state, now);
-                           }));
-        });
+    CLI::App* const app = addCommand(line, program, "change", "Change the block that has begun",
+                                     [command, &program] { changeBlock(*command, program); });
     command->texts.addTo(*app);
     command->numbers.addTo(*app);
 }

@@ -7,6 +7,7 @@
 #include "cli/prompt.hpp"
 #include "cli/text_options.hpp"
 #include "work/naming.hpp"
+#include "work/short_names.hpp"
 #include "workspace/retention.hpp"
 
 #include <CLI/CLI.hpp>

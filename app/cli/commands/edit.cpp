@@ -25,27 +25,29 @@ std::string edit(const BlockOptions& options, QuillmereState& state, Instant now
         WorkflowEngine().editScheduledBlock(state, now);
     }
     options.plan(*state.currentBlock, state, now);
-    return std::string(state.currentBlock->plannedStart ? work::done::scheduleChanged
-                                                        : work::done::blockBegun);
+    const std::optional<Instant>& start = state.currentBlock->plannedStart;
+    if (start && options.hasTime()) {
+        return work::done::scheduledFor(*start);
+    }
+    return std::string(start ? work::done::scheduleChanged : work::done::blockBegun);
 }
 
 void editBlock(BlockOptions& options, Program& program)
 {
-    const auto operation = [&](QuillmereState& state, Instant now) {
-        std::string done;
-        namingOptions([&](QuillmereState& edited, Instant at) { done = edit(options, edited, at); })(state,
-                                                                                                     now);
+    const auto operation = namingOptions([&](QuillmereState& state, Instant now) {
+        std::string done = edit(options, state, now);
         if (!options.anyGiven() && !program.environment().inputIsTerminal) {
             throw ProgramError(ExitCode::usage,
                                "Say what to change, such as --at 15:00 or --focus 50m; quillmere edit --help "
                                "lists the options.");
         }
         return done;
-    };
+    });
     if (program.environment().inputIsTerminal && !options.anyGiven()) {
         const workspace::Situation situation = program.workspace().look();
         if (situation.state.currentBlock && program.wouldAccept(operation)) {
-            options.askForMissing(*situation.state.currentBlock, program.environment(), situation.now);
+            options.askForMissing(*situation.state.currentBlock,
+                                  {program.environment(), situation.state, situation.now});
         }
     }
     program.change(operation);

@@ -30,13 +30,14 @@ std::optional<Instant> endOf(const EndCommand& command, Instant now)
     return now - work::durationFrom({"ago", *command.ago});
 }
 
-void end(const EndCommand& command, QuillmereState& state, Instant now)
+std::string end(const EndCommand& command, QuillmereState& state, Instant now)
 {
     if (const std::optional<Instant> at = endOf(command, now)) {
         amendments::forgotToEnd(state, *at, now);
-    } else {
-        WorkflowEngine().endFocus(state, now);
+        return work::done::endedOn(*at);
     }
+    WorkflowEngine().endFocus(state, now);
+    return std::string(work::done::focusEnded);
 }
 
 }  // namespace
@@ -45,11 +46,13 @@ void addEnd(CLI::App& line, Program& program)
 {
     const auto command = std::make_shared<EndCommand>();
     CLI::App* const app = addCommand(line, program, "end", "End the focus session", [command, &program] {
-        program.change(work::done::focusEnded,
-                       namingOptions([&](QuillmereState& state, Instant now) { end(*command, state, now); }));
+        program.change(
+            namingOptions([&](QuillmereState& state, Instant now) { return end(*command, state, now); }));
     });
     CLI::Option* const at =
-        app->add_option("--at", command->at, "It ended at this time, also when it has ended since: 14:20")
+        app->add_option(
+               "--at", command->at,
+               "It ended at this time, also when it has ended since: 14:20, 2:20pm, \"yesterday 17:00\"")
             ->check(wellFormedText());
     app->add_option("--ago", command->ago, "It ended this long ago: 10m")
         ->check(wellFormedText())

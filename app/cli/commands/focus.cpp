@@ -1,11 +1,9 @@
 // Starts a focus session.
 #include "cli/commands.hpp"
+#include "cli/plan_options.hpp"
 #include "cli/prompt.hpp"
-#include "cli/text_options.hpp"
 #include "work/done_text.hpp"
 #include "work/next_plan.hpp"
-
-#include <quillmere/engine/transition.hpp>
 
 #include <memory>
 
@@ -24,23 +22,32 @@ std::optional<SessionPlan> chosenPlan(const PlanOptions& options, const Quillmer
     return plan;
 }
 
-/// Whether only a plan is missing for a session to start.
-bool needsPlan(const QuillmereState& state)
+void startFocus(const PlanOptions& options, QuillmereState& state, Instant now)
 {
-    return isPossible(Step::startFocus, state) && !state.plannedNextSession;
+    const bool isPlanSaved = state.plannedNextSession.has_value();
+    WorkflowEngine().startFocus(state, chosenPlan(options, state, now), now);
+    options.requireOutcome(state.currentBlock);
+    if (!isPlanSaved) {
+        options.requireRatings();
+    }
 }
 
 void focus(PlanOptions& options, Program& program)
 {
+    const auto operationOf = [](const PlanOptions& words) {
+        return [&words](QuillmereState& state, Instant now) { startFocus(words, state, now); };
+    };
     base::Environment& environment = program.environment();
-    if (environment.inputIsTerminal && !options.anyGiven() && needsPlan(program.workspace().look().state)) {
-        options.askForMissing(
-            [&](const work::Prompt& prompt) { return ask(environment, work::promptText(prompt)); });
+    if (environment.inputIsTerminal) {
+        const workspace::Situation situation = program.workspace().look();
+        // Wrong options are refused before anything is asked.
+        const PlanOptions rehearsal = options.asked();
+        if (!situation.state.plannedNextSession && program.wouldAccept(operationOf(rehearsal))) {
+            explainPrompts(environment);
+            options.askForMissing({environment, situation.state, situation.now});
+        }
     }
-    program.change(work::done::focusStarted, [&](QuillmereState& state, Instant now) {
-        WorkflowEngine().startFocus(state, chosenPlan(options, state, now), now);
-        options.requireOutcome(state.currentBlock);
-    });
+    program.change(work::done::focusStarted, operationOf(options));
 }
 
 }  // namespace

@@ -5,9 +5,12 @@
 #include "base/text/local_time.hpp"
 #include "base/text/sanitize.hpp"
 #include "cli/commands.hpp"
+#include "cli/span_option.hpp"
 #include "cli/status.hpp"
 #include "cli/text_options.hpp"
+#include "figures/local_day.hpp"
 #include "figures/look_back.hpp"
+#include "lookback/words.hpp"
 #include "work/naming.hpp"
 
 #include <CLI/CLI.hpp>
@@ -23,6 +26,7 @@
 namespace quillmere::cli {
 namespace {
 
+constexpr std::size_t usualLimit = 10;
 constexpr std::int64_t mostBlocks = std::numeric_limits<std::int64_t>::max();
 
 /// Accepts a number from 1.
@@ -34,6 +38,9 @@ CLI::Validator limitOfBlocks()
             },
             ""};
 }
+
+/// Of a finished block; files may lack it.
+Instant finishedAt(const Block& block) { return block.completedAt.value_or(block.createdAt); }
 
 /// Time in focus without pauses.
 double focusSeconds(const Block& block)
@@ -49,8 +56,8 @@ double focusSeconds(const Block& block)
 
 void printBlock(std::ostream& out, const Block& block, const std::string& name, base::Hours hours)
 {
-    out << base::localText(block.completedAt.value_or(block.createdAt), hours) << "  " << name << "  "
-        << block.sessions.size() << " of " << base::countText(block.cycleCount, "session") << ", "
+    out << base::localText(finishedAt(block), hours) << "  " << name << "  " << block.sessions.size()
+        << " of " << base::countText(block.cycleCount, "session") << ", "
         << base::durationText(focusSeconds(block)) << " of focus\n";
     for (const Outcome& outcome : block.outcomes) {
         printField(out, "  Outcome", outcome.title);
@@ -69,28 +76,63 @@ void printBlock(std::ostream& out, const Block& block, const std::string& name, 
     }
 }
 
-void showHistory(std::size_t limit, Program& program)
+struct HistoryCommand {
+    std::vector<std::string> span;  ///< its words
+    std::optional<std::size_t> limit;
+};
+
+/// The places in the history of the blocks that ended within the range, the newest first.
+std::vector<std::size_t> blocksWithin(const figures::Range& range, const QuillmereState& state,
+                                      const figures::LocalCalendar& calendar)
 {
-    const QuillmereState state = program.workspace().look().state;
-    const std::size_t count = std::min(limit, state.blockHistory.size());
+    std::vector<std::size_t> places;
+    for (std::size_t index = 0; index < state.blockHistory.size(); ++index) {
+        if (range.contains(calendar.dayOf(finishedAt(state.blockHistory[index])))) {
+            places.push_back(index);
+        }
+    }
+    return places;
+}
+
+void printBlocks(const std::vector<std::size_t>& places, const QuillmereState& state, Program& program)
+{
     if (program.settings().json) {
         base::Json list = base::Json::array();
-        for (std::size_t index = 0; index < count; ++index) {
-            list.push_back(base::recordJson(state.blockHistory[index]));
+        for (const std::size_t place : places) {
+            list.push_back(base::recordJson(state.blockHistory[place]));
         }
         program.print(list);
         return;
     }
-    std::ostream& out = program.environment().out;
     const std::vector<std::string> names = work::shortNames(state);
-    for (std::size_t index = 0; index < count; ++index) {
-        printBlock(out, state.blockHistory[index], names[index], program.hours());
+    for (const std::size_t place : places) {
+        printBlock(program.environment().out, state.blockHistory[place], names[place], program.hours());
     }
-    if (const std::size_t all = state.blockHistory.size(); all > count) {
-        out << all - count << " more; --limit " << all << " shows all\n";
+}
+
+void showHistory(const HistoryCommand& command, Program& program)
+{
+    const workspace::Situation situation = program.workspace().look();
+    const figures::LocalCalendar calendar(static_cast<int>(program.configuration().values.dayBeginsAtHour));
+    const figures::Day today = calendar.dayOf(situation.now);
+    const figures::Range range = spanOf(command.span, today);
+    std::vector<std::size_t> places = blocksWithin(range, situation.state, calendar);
+    const std::size_t all = places.size();
+    const std::size_t limit = command.limit.value_or(range.since ? all : usualLimit);
+    places.resize(std::min(limit, all));
+    const bool isForPerson = !program.settings().json;
+    std::ostream& out = program.environment().out;
+    if (isForPerson && all > 0 && range.since) {
+        out << "Finished " << lookback::rangeText(range, today) << ":\n";
     }
-    if (state.blockHistory.empty()) {
-        out << "No block is finished yet.\n";
+    printBlocks(places, situation.state, program);
+    if (isForPerson && all > places.size()) {
+        out << all - places.size() << " more; --limit " << all << " shows all\n";
+    }
+    if (isForPerson && all == 0) {
+        out << (range.since ? "No block was finished in that time, " + lookback::rangeText(range, today) + "."
+                            : "No block is finished yet.")
+            << '\n';
     }
 }
 
@@ -98,14 +140,14 @@ void showHistory(std::size_t limit, Program& program)
 
 void addHistory(CLI::App& line, Program& program)
 {
-    constexpr std::size_t usualLimit = 10;
-    const auto limit = std::make_shared<std::size_t>(usualLimit);
-    addCommand(line, program, "history", "List the finished blocks, the newest first",
-               [limit, &program] { showHistory(*limit, program); })
-        ->add_option("--limit", *limit, "The limit of listed blocks")
+    const auto command = std::make_shared<HistoryCommand>();
+    CLI::App* const app = addCommand(line, program, "history", "List the finished blocks, the newest first",
+                                     [command, &program] { showHistory(*command, program); });
+    addSpan(*app, command->span);
+    app->add_option("--limit", command->limit,
+                    "The limit of listed blocks (usual: 10, and all of those days when they are given)")
         ->transform(wholeNumber())
-        ->check(limitOfBlocks())
-        ->capture_default_str();
+        ->check(limitOfBlocks());
 }
 
 }  // namespace quillmere::cli

@@ -4,6 +4,7 @@
 #include "cli/exit_code.hpp"
 #include "cli/prompt.hpp"
 #include "config/new_block.hpp"
+#include "work/block_like.hpp"
 #include "work/done_text.hpp"
 #include "work/forms/block_draft.hpp"
 
@@ -20,10 +21,24 @@ struct PlanCommand {
     bool takesDraft = false;
     std::optional<Block> draft;  ///< what planning begins with instead of a blank block
     config::Values values;       ///< of the configuration, for a blank block
+    std::optional<std::string> model;
 };
+
+/// The block with the words and lengths of its model: a template, or another block.
+Block likeModel(const PlanCommand& command, const QuillmereState& state, Instant now)
+{
+    const Block block = state.currentBlock.value_or(config::newBlock(command.values, now));
+    if (const config::Template* const fields = config::templateNamed(command.values, *command.model)) {
+        return work::withPlanOf(config::newBlock(command.values, *fields, now), block);
+    }
+    return work::withPlanOf(work::modelNamed(*command.model, state), block);
+}
 
 Block presentBlock(const PlanCommand& command, const QuillmereState& state, Instant now)
 {
+    if (command.model) {
+        return likeModel(command, state, now);
+    }
     if (!state.currentBlock) {
         return command.draft ? *command.draft : config::newBlock(command.values, now);
     }
@@ -82,19 +97,19 @@ void plan(PlanCommand& command, Program& program)
     }
     if (environment.inputIsTerminal && wouldBegin(command, program)) {
         before = workspace.look();
-        if (!command.takesDraft) {
+        if (!command.takesDraft && !command.model) {
             command.draft = work::draftOfNextBlock(before->state, drafts, before->now, command.values);
             if (command.draft && !wantsDraft(*command.draft, environment)) {
                 command.draft.reset();
             }
         }
-        command.options.askForMissing(presentBlock(command, before->state, before->now), environment,
-                                      before->now);
+        command.options.askForMissing(presentBlock(command, before->state, before->now),
+                                      {environment, before->state, before->now});
     }
     program.change([&](QuillmereState& state, Instant now) {
         operationOf(command)(state, now);
-        return std::string(state.currentBlock->plannedStart ? work::done::blockScheduled
-                                                            : work::done::blockBegun);
+        const std::optional<Instant>& start = state.currentBlock->plannedStart;
+        return start ? work::done::scheduledFor(*start) : std::string(work::done::blockBegun);
     });
     if (command.draft) {
         work::forgetDraftOfNextBlock(before->state, drafts);
@@ -109,8 +124,15 @@ void addPlan(CLI::App& line, Program& program)
     CLI::App* const app = addCommand(line, program, "plan", "Plan a block and begin it, or schedule it",
                                      [command, &program] { plan(*command, program); });
     command->options.addTo(*app);
-    app->add_flag("--draft", command->takesDraft,
-                  "Begin with the draft of a block: what was typed, or the words of one that was dropped");
+    CLI::Option* const draft = app->add_flag(
+        "--draft", command->takesDraft,
+        "Begin with the draft of a block: what was typed, or the words of one that was dropped");
+    app->add_option(
+           "--like", command->model,
+           "Begin with the words and lengths of another block: last, its name as history prints it, or a "
+           "template of the configuration")
+        ->check(wellFormedText())
+        ->excludes(draft);
 }
 
 }  // namespace quillmere::cli

@@ -1,5 +1,6 @@
 // Closes a block with a reflection.
 #include "cli/commands.hpp"
+#include "cli/field_prompts.hpp"
 #include "cli/prompt.hpp"
 #include "cli/text_options.hpp"
 #include "work/done_text.hpp"
@@ -13,13 +14,22 @@ namespace {
 
 using ReflectionOptions = RecordOptions<BlockReview>;
 
+void askForReflection(ReflectionOptions& options, const Asking& asking)
+{
+    explainPrompts(asking.environment);
+    options.askForMissing([&](const work::RecordField<BlockReview>& field) {
+        return askForField(asking, field, BlockReview{});
+    });
+}
+
 void reflect(ReflectionOptions& options, Program& program)
 {
     base::Environment& environment = program.environment();
-    if (environment.inputIsTerminal &&
-        isPossible(Step::completeBlockReview, program.workspace().look().state)) {
-        options.askForMissing(
-            [&](const work::Prompt& prompt) { return ask(environment, work::promptText(prompt)); });
+    if (environment.inputIsTerminal) {
+        const workspace::Situation situation = program.workspace().look();
+        if (isPossible(Step::completeBlockReview, situation.state)) {
+            askForReflection(options, {environment, situation.state, situation.now});
+        }
     }
     program.change(work::done::blockFinished, [&](QuillmereState& state, Instant now) {
         BlockReview reflection{};

@@ -3,14 +3,15 @@
 #include "base/text/sanitize.hpp"
 #include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
+#include "cli/span_option.hpp"
 #include "figures/statistics.hpp"
 #include "lookback/calendar_file.hpp"
 #include "lookback/csv.hpp"
-#include "lookback/day_text.hpp"
 #include "lookback/json_report.hpp"
 #include "lookback/page/html_page.hpp"
 #include "lookback/terminal/terminal_page.hpp"
 #include "lookback/terminal/terminal_report.hpp"
+#include "lookback/words.hpp"
 
 #include <quillmere/widget/app_group.hpp>
 
@@ -27,9 +28,6 @@
 
 namespace quillmere::cli {
 namespace {
-
-using figures::Day;
-using figures::LookBack;
 
 /// A file format of the look back.
 struct Export {
@@ -48,29 +46,21 @@ constexpr auto exports = std::to_array<Export>({
 constexpr std::string_view standardOutput = "-";
 
 struct ReportOptions {
+    std::vector<std::string> span;  ///< its words
     std::optional<std::string> since;
     std::optional<std::string> until;
     std::array<std::optional<std::string>, exports.size()> files;  ///< by index in `exports`
 };
 
-std::optional<figures::Day> dayOption(const char* option, const std::optional<std::string>& text,
-                                      figures::Day today)
-{
-    if (!text) {
-        return std::nullopt;
-    }
-    const std::optional<figures::Day> day = lookback::dayFromText(*text, today);
-    if (!day) {
-        throw ProgramError(ExitCode::usage,
-                           option + (": is not a day such as 2026-11-15, today or 30d: " + *text));
-    }
-    return day;
-}
-
 figures::Range rangeOf(const ReportOptions& options, figures::Day today)
 {
-    const figures::Range range{.since = dayOption("--since", options.since, today),
-                               .until = dayOption("--until", options.until, today)};
+    figures::Range range = spanOf(options.span, today);
+    if (options.since) {
+        range.since = spanOfOption("--since", *options.since, today).since;
+    }
+    if (options.until) {
+        range.until = spanOfOption("--until", *options.until, today).until;
+    }
     if (range.since && range.until && *range.since > *range.until) {
         throw ProgramError(ExitCode::usage, "--since: is later than --until");
     }
@@ -191,7 +181,9 @@ void makeExport(const Export& form, const std::string& file, const figures::Look
     }
     base::replaceFile(file, text);
     if (!program.settings().json) {
-        messages << "The " << form.name << " is in " << base::sanitized(file) << ".\n";
+        const bool isPart = look.range.since || look.range.until;
+        messages << "The " << form.name << (isPart ? " of " + lookback::rangeText(look) : "") << " is in "
+                 << base::sanitized(file) << ".\n";
     }
 }
 
@@ -226,9 +218,11 @@ void addReport(CLI::App& line, Program& program)
     CLI::App* const command =
         addCommand(line, program, "report", "Look back: focus time, completion, streaks",
                    [options, &program] { showReport(*options, program); });
-    command->add_option("--since", options->since,
-                        "The first day: 2026-11-15, today, or 30d for 30 days ago");
-    command->add_option("--until", options->until, "The last day");
+    CLI::Option* const span = addSpan(*command, options->span);
+    command->add_option("--since", options->since, "The first day, or a span that begins with it")
+        ->excludes(span);
+    command->add_option("--until", options->until, "The last day, or a span that ends with it")
+        ->excludes(span);
     for (std::size_t index = 0; index < exports.size(); ++index) {
         command
             ->add_option(exports[index].option, options->files[index],

@@ -1,21 +1,22 @@
-// Reviews a focus session, and plans the next one or finishes the block.
+// Reviews a focus session, and plans the next one or finishes the block. The review of an only session has
+// the reflection with it.
 #include "amendments/finish_now.hpp"
 #include "cli/commands.hpp"
+#include "cli/plan_options.hpp"
 #include "cli/prompt.hpp"
-#include "cli/text_options.hpp"
 #include "work/done_text.hpp"
 #include "work/fields/answers.hpp"
 #include "work/fields/unacceptable.hpp"
+#include "work/only_session.hpp"
 
 #include <memory>
 
 namespace quillmere::cli {
 namespace {
 
-constexpr const work::Prompt& completionPrompt = work::reviewFields.front().prompt;
-
 struct ReviewCommand {
     RecordOptions<SessionReview> options{work::reviewFields};
+    RecordOptions<BlockReview> reflection{work::reflectionFields};  ///< on a block of one session
     PlanOptions nextPlan;
     bool finishes = false;
 };
@@ -33,20 +34,32 @@ bool hasCompletion(const ReviewCommand& command)
     }
 }
 
-void askForMissing(ReviewCommand& command, const QuillmereState& state, base::Environment& environment)
+SessionReview emptyReview()
 {
-    const auto askFor = [&](const work::Prompt& prompt) {
-        return ask(environment, work::promptText(prompt));
-    };
+    return {.id = Identifier::random(),
+            .completion = CompletionResult::no,
+            .noteworthyResult = {},
+            .distractions = {},
+            .improvement = {}};
+}
+
+void askForReview(ReviewCommand& command, const Asking& asking)
+{
+    explainPrompts(asking.environment);
     if (!hasCompletion(command)) {
-        command.options.give("completion",
-                             askUntil(environment, work::promptText(completionPrompt), requireCompletion));
+        command.options.give("completion", std::nullopt);
     }
-    command.options.askForMissing(askFor);
-    const Block& block = *state.currentBlock;
-    if (!command.finishes && !command.nextPlan.anyGiven() && block.hasCyclesLeft()) {
-        environment.err << "The next session.\n";
-        command.nextPlan.askForMissing(askFor);
+    command.options.askForMissing([&](const work::RecordField<SessionReview>& field) {
+        return askForField(asking, field, emptyReview());
+    });
+    if (!command.finishes && asking.state.currentBlock->hasCyclesLeft()) {
+        tell(asking.environment, "The next session.");
+        command.nextPlan.askForMissing(asking);
+    } else if (work::isOnlySessionInReview(asking.state)) {
+        tell(asking.environment, "The block.");
+        command.reflection.askForMissing([&](const work::RecordField<BlockReview>& field) {
+            return askForField(asking, field, BlockReview{});
+        });
     }
 }
 
@@ -56,23 +69,23 @@ ReviewCommand filledIn(ReviewCommand command)
     if (!hasCompletion(command)) {
         command.options.give("completion", std::string(rawValue(CompletionResult::no)));
     }
-    if (!command.finishes && !command.nextPlan.anyGiven()) {
-        command.nextPlan.askForMissing([](const work::Prompt&) { return std::string(); });
+    if (!command.finishes) {
+        command.nextPlan = command.nextPlan.asked();
     }
     return command;
 }
 
-/// Refusals of the engine come before a completion that is missing.
-void saveReview(const ReviewCommand& command, QuillmereState& state, Instant now)
+SessionReview reviewFrom(const ReviewCommand& command, Instant now)
 {
-    SessionReview review{
-        .id = Identifier::random(),
-        .completion = CompletionResult::no,
-        .noteworthyResult = {},
-        .distractions = {},
-        .improvement = {},
-    };
+    SessionReview review = emptyReview();
     filledIn(command).options.applyTo(review, now);
+    return review;
+}
+
+/// Leaves the block to its reflection, or begins a break.
+void saveReviewAlone(const ReviewCommand& command, QuillmereState& state, Instant now)
+{
+    SessionReview review = reviewFrom(command, now);
     std::optional<SessionPlan> nextPlan;
     if (command.nextPlan.anyGiven()) {
         nextPlan = SessionPlan::blank(Identifier::random());
@@ -84,7 +97,32 @@ void saveReview(const ReviewCommand& command, QuillmereState& state, Instant now
         WorkflowEngine().saveReviewAndStartBreak(state, std::move(review), std::move(nextPlan), now);
     }
     command.nextPlan.requireOutcome(state.currentBlock);
+    if (command.reflection.anyGiven()) {
+        throw ProgramError(
+            ExitCode::usage,
+            "Only the review of a block with one session takes the reflection too; here say it to "
+            "quillmere reflect, once the block waits for it.");
+    }
+}
+
+/// Refusals of the engine come before a completion that is missing.
+std::string saveReview(const ReviewCommand& command, QuillmereState& state, Instant now)
+{
+    const bool isOnly = work::isOnlySessionInReview(state);
+    if (isOnly) {
+        BlockReview reflection{};
+        command.reflection.applyTo(reflection, now);
+        work::finishOnlySession(state, reviewFrom(command, now), std::move(reflection), now);
+    } else {
+        saveReviewAlone(command, state, now);
+    }
     requireCompletion(command.options.given("completion").value_or(""));
+    if (command.nextPlan.anyGiven()) {
+        command.nextPlan.requireRatings();
+    }
+    return std::string(isOnly             ? work::done::reviewSavedAndBlockFinished
+                       : command.finishes ? work::done::reviewSavedAndFinished
+                                          : work::done::reviewSaved);
 }
 
 void review(ReviewCommand& command, Program& program)
@@ -94,18 +132,19 @@ void review(ReviewCommand& command, Program& program)
                            "With --finish no session follows: leave out the options of the next one.");
     }
     const auto operationOf = [](const ReviewCommand& words) {
-        return namingOptions([&](QuillmereState& state, Instant now) { saveReview(words, state, now); });
+        return namingOptions(
+            [&](QuillmereState& state, Instant now) { return saveReview(words, state, now); });
     };
     base::Environment& environment = program.environment();
     if (environment.inputIsTerminal) {
         // Wrong options are refused before anything is asked.
         const ReviewCommand rehearsal = filledIn(command);
         if (program.wouldAccept(operationOf(rehearsal))) {
-            askForMissing(command, program.workspace().look().state, environment);
+            const workspace::Situation situation = program.workspace().look();
+            askForReview(command, {environment, situation.state, situation.now});
         }
     }
-    program.change(command.finishes ? work::done::reviewSavedAndFinished : work::done::reviewSaved,
-                   operationOf(command));
+    program.change(operationOf(command));
 }
 
 }  // namespace
@@ -117,6 +156,7 @@ void addReview(CLI::App& line, Program& program)
         addCommand(line, program, "review", "Review the focus session and plan the next one",
                    [command, &program] { review(*command, program); });
     command->options.addTo(*app);
+    command->reflection.addTo(*app);
     command->nextPlan.addTo(*app, "next-");
     app->add_flag("--finish", command->finishes, "Bring the block to its end; no session follows");
 }

@@ -44,6 +44,8 @@ Effect TextEditor::take(const Key& key, std::size_t columns)
         case Key::Kind::enter:
         case Key::Kind::tab:
         case Key::Kind::backTab:
+        case Key::Kind::wordLeft:
+        case Key::Kind::wordRight:
         case Key::Kind::pageUp:
         case Key::Kind::pageDown:
         case Key::Kind::escape: break;

@@ -22,6 +22,8 @@ struct Key {
         down,
         home,
         end,
+        wordLeft,  ///< with Control or Alt
+        wordRight,
         pageUp,
         pageDown,
         escape,

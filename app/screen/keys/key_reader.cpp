@@ -25,6 +25,22 @@ constexpr auto controlKeys = std::to_array<ControlKey>({
     {0x7F, Key::Kind::backspace},
 });
 
+struct SequenceKey {
+    std::string_view sequence;  ///< without the escape byte
+    Key::Kind kind;
+};
+
+/// The keys of a cursor block as xterm and most others send them: in both of its modes, and as on a VT220.
+constexpr auto sequenceKeys = std::to_array<SequenceKey>({
+    {"[A", Key::Kind::up},          {"OA", Key::Kind::up},           {"[B", Key::Kind::down},
+    {"OB", Key::Kind::down},        {"[C", Key::Kind::right},        {"OC", Key::Kind::right},
+    {"[D", Key::Kind::left},        {"OD", Key::Kind::left},         {"[H", Key::Kind::home},
+    {"OH", Key::Kind::home},        {"[1~", Key::Kind::home},        {"[7~", Key::Kind::home},
+    {"[F", Key::Kind::end},         {"OF", Key::Kind::end},          {"[4~", Key::Kind::end},
+    {"[8~", Key::Kind::end},        {"[3~", Key::Kind::remove},      {"[1;5D", Key::Kind::wordLeft},
+    {"[1;3D", Key::Kind::wordLeft}, {"[1;5C", Key::Kind::wordRight}, {"[1;3C", Key::Kind::wordRight},
+});
+
 bool isControl(unsigned char byte) { return byte < 0x20 || byte == 0x7F; }
 
 /// The C1 control characters: U+0080 to U+009F.
@@ -153,10 +169,16 @@ void KeyReader::takeInSequence(unsigned char byte)
         pending_ += static_cast<char>(byte);
         return;
     }
-    const bool isPaste = std::exchange(pending_, {}) + static_cast<char>(byte) == pasteBegin;
-    place_ = isPaste ? Place::paste : Place::text;
+    const std::string sequence = std::exchange(pending_, {}) + static_cast<char>(byte);
+    place_ = sequence == pasteBegin ? Place::paste : Place::text;
     if (!isPartOfIt) {
         takeText(byte);
+        return;
+    }
+    for (const SequenceKey& key : sequenceKeys) {
+        if (key.sequence == sequence) {
+            put({key.kind});
+        }
     }
 }
 

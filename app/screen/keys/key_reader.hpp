@@ -11,7 +11,7 @@
 namespace quillmere::screen {
 
 /// Bytes may arrive in any pieces. A byte that is not valid UTF-8 becomes U+FFFD. Control sequences (ECMA-48,
-/// CSI and SS3) are dropped as a whole, except the marks around a paste.
+/// CSI and SS3) are dropped as a whole, except those of cursor keys and the marks around a paste.
 class KeyReader {
 public:
     /// With the ASCII character set, other characters are dropped.

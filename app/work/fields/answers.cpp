@@ -1,24 +1,16 @@
 #include "work/fields/answers.hpp"
 
+#include "base/text/blank.hpp"
 #include "base/text/local_time.hpp"
+#include "base/text/lower_case.hpp"
 #include "base/text/quotes.hpp"
+#include "base/text/typed_time.hpp"
 #include "work/fields/unacceptable.hpp"
 
-#include <algorithm>
-#include <cctype>
 #include <charconv>
 
 namespace quillmere::work {
 namespace {
-
-std::string lowerCase(std::string_view text)
-{
-    std::string lower;
-    for (const char letter : text) {
-        lower += static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
-    }
-    return lower;
-}
 
 // One overload for each type of member.
 
@@ -38,6 +30,14 @@ FieldValue valueOf(const std::vector<Outcome>& outcomes)
         items.push_back({outcome.id.text(), outcome.title});
     }
     return items;
+}
+
+Unacceptable noNumber(const Answer& answer, const Limits& limits)
+{
+    const std::string range =
+        limits.most == 0 ? ""
+                         : " from " + std::to_string(limits.least) + " to " + std::to_string(limits.most);
+    return {answer.field, base::inQuotes(answer.text) + " is no whole number" + range + "."};
 }
 
 /// An answer, and the values that its reading depends on.
@@ -67,11 +67,11 @@ void set(std::optional<Identifier>& member, const Reading& reading)
 /// A list is not set from a text; setFrom handles it.
 void set(std::vector<Outcome>&, const Reading&) {}
 
-[[noreturn]] void refuseTime(const Answer& answer, const std::string& examples)
+[[noreturn]] void refuseTime(const Answer& answer, std::string_view examples)
 {
     const std::string start =
         answer.text.empty() ? "Give a local time" : base::inQuotes(answer.text) + " is no local time";
-    throw Unacceptable(answer.field, start + ", such as " + examples + ".");
+    throw Unacceptable(answer.field, start + ", such as " + std::string(examples) + ".");
 }
 
 }  // namespace
@@ -94,18 +94,17 @@ std::int64_t numberFrom(const Answer& answer, const Limits& limits)
     const auto [stop, error] = std::from_chars(answer.text.data(), end, number);
     const bool isTooMany = limits.engineAcceptsMore && number > limits.most;
     if (error != std::errc() || stop != end || isTooMany) {
-        const std::string range =
-            limits.most == 0 ? ""
-                             : " from " + std::to_string(limits.least) + " to " + std::to_string(limits.most);
-        throw Unacceptable(answer.field, base::inQuotes(answer.text) + " is no whole number" + range + ".");
+        throw noNumber(answer, limits);
     }
     return number;
 }
 
 CompletionResult completionFrom(const Answer& answer)
 {
+    const std::string said = base::lowerCase(answer.text);
     for (const CompletionResult result : allCases<CompletionResult>()) {
-        if (lowerCase(rawValue(result)) == lowerCase(answer.text)) {
+        const std::string word = base::lowerCase(rawValue(result));
+        if (said == word || said == word.substr(0, 1)) {
             return result;
         }
     }
@@ -116,7 +115,7 @@ Instant startFrom(const Answer& answer, Instant now)
 {
     const std::optional<Instant> start = base::instantFromLocalText(answer.text, now);
     if (!start) {
-        refuseTime(answer, "14:30, 2026-11-15 09:00 or +1h");
+        refuseTime(answer, base::exampleTimes);
     }
     return *start;
 }
@@ -126,7 +125,7 @@ Instant pastTimeFrom(const Answer& answer, Instant now)
     if (const std::optional<Instant> instant = base::pastInstantFromLocalText(answer.text, now)) {
         return *instant;
     }
-    refuseTime(answer, "14:20, 14:20:30 or \"2026-11-15 14:20\"");
+    refuseTime(answer, base::examplePastTimes);
 }
 
 double lengthChangeFrom(const Answer& answer)
@@ -148,10 +147,29 @@ void requireToCome(const std::string& field, Instant start, Instant now)
     }
 }
 
+bool agreementFrom(const Answer& answer)
+{
+    const std::string said = base::lowerCase(answer.text);
+    const bool agrees = said == "y" || said == "yes";
+    if (!agrees && said != "n" && said != "no") {
+        throw Unacceptable(answer.field, "Say yes or no.");
+    }
+    return agrees;
+}
+
 void requireQuestion(const std::string& field, std::string_view text)
 {
-    if (text.find_first_not_of(" \t\n\v\f\r") == std::string_view::npos) {
+    if (base::isBlank(text)) {
         throw Unacceptable(field, "A question needs a text.");
+    }
+}
+
+void requireAnswer(const std::string& field, std::string_view text)
+{
+    if (base::isBlank(text)) {
+        throw Unacceptable(field,
+                           "An answer needs a text. quillmere answer QUESTION --dismiss closes a question "
+                           "without one.");
     }
 }
 
@@ -192,6 +210,20 @@ void setFrom(Record& record, const RecordField<Record>& field, const std::string
         field.member);
 }
 
+template <class Record>
+void requireUsable(const Record& present, const RecordField<Record>& field, const std::string& answer,
+                   Instant now)
+{
+    const std::string id(field.prompt.name);
+    Record copy = present;
+    setFrom(copy, field, id, answer, now);
+    const auto* const number = std::get_if<std::int64_t Record::*>(&field.member);
+    const Limits& limits = field.prompt.limits;
+    if (number && (copy.**number < limits.least || copy.**number > limits.most)) {
+        throw noNumber({id, answer}, limits);
+    }
+}
+
 template FieldValue valueIn(const Block&, const RecordField<Block>&);
 template FieldValue valueIn(const SessionPlan&, const RecordField<SessionPlan>&);
 template FieldValue valueIn(const SessionReview&, const RecordField<SessionReview>&);
@@ -204,5 +236,11 @@ template void setFrom(SessionReview&, const RecordField<SessionReview>&, const s
                       const FieldValue&, Instant);
 template void setFrom(BlockReview&, const RecordField<BlockReview>&, const std::string&, const FieldValue&,
                       Instant);
+
+template void requireUsable(const Block&, const RecordField<Block>&, const std::string&, Instant);
+template void requireUsable(const SessionPlan&, const RecordField<SessionPlan>&, const std::string&, Instant);
+template void requireUsable(const SessionReview&, const RecordField<SessionReview>&, const std::string&,
+                            Instant);
+template void requireUsable(const BlockReview&, const RecordField<BlockReview>&, const std::string&, Instant);
 
 }  // namespace quillmere::work

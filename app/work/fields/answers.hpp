@@ -21,7 +21,7 @@ struct Answer {
 // engine to refuse, except those that only this program refuses.
 double durationFrom(const Answer& answer);
 std::int64_t numberFrom(const Answer& answer, const Limits& limits);
-/// Yes, half or no, in upper or lower case.
+/// Yes, half or no, or the first letter, in upper or lower case.
 CompletionResult completionFrom(const Answer& answer);
 /// A local time, also one that has passed.
 Instant startFrom(const Answer& answer, Instant now);
@@ -35,8 +35,17 @@ double lengthChangeFrom(const Answer& answer);
 /// Throws Unacceptable when the time has passed.
 void requireToCome(const std::string& field, Instant start, Instant now);
 
+/// Yes or no, or the first letter, in upper or lower case.
+bool agreementFrom(const Answer& answer);
+
 /// Throws Unacceptable when the text of a question is blank.
 void requireQuestion(const std::string& field, std::string_view text);
+
+/// Throws Unacceptable when an answer to a question is blank.
+void requireAnswer(const std::string& field, std::string_view text);
+
+/// The answer of a person who closes a question without one. Agents are told that it means that.
+inline constexpr std::string_view dismissal = "(closed without an answer)";
 
 /// Drops untitled outcomes, but keeps at least one. Outcomes without a key get an identifier of their own.
 std::vector<Outcome> outcomesFrom(const std::vector<ListItem>& items);
@@ -50,5 +59,11 @@ FieldValue valueIn(const Record& record, const RecordField<Record>& field);
 template <class Record>
 void setFrom(Record& record, const RecordField<Record>& field, const std::string& id, const FieldValue& value,
              Instant now);
+
+/// Throws Unacceptable unless the answer can be read, and also for a number that the engine would refuse: a
+/// prompt asks again at once.
+template <class Record>
+void requireUsable(const Record& present, const RecordField<Record>& field, const std::string& answer,
+                   Instant now);
 
 }  // namespace quillmere::work

@@ -51,7 +51,7 @@ inline constexpr auto block = std::to_array<RecordField<Block>>({
     {{"focus",     "How long is a focus session?",          line, durationLimits, "25m (usual), 1h30m"}, &Block::focusDurationSeconds},
     {{"break",     "How long is a break?",                  line, durationLimits, "5m (usual)"}, &Block::breakDurationSeconds},
     {{"cycles",    "How many focus sessions?",              line, cycleLimits, "8 (usual)"}, &Block::cycleCount},
-    {{"at",        "When does it begin?",                   line, {}, "14:30, \"2026-11-15 09:00\", +1h", "14:30, +1h; empty: now"}, &Block::plannedStart},
+    {{"at",        "When does it begin?",                   line, {}, "14:30, 9am, \"mon 14:00\", \"2026-11-15 09:00\", +1h", "14:30, +1h; empty: now"}, &Block::plannedStart},
 });
 
 inline constexpr auto plan = std::to_array<RecordField<SessionPlan>>({
@@ -60,8 +60,8 @@ inline constexpr auto plan = std::to_array<RecordField<SessionPlan>>({
     {{"hazards",      "What could get in the way, and what then?",   text}, &SessionPlan::hazardsMitigation},
     {{"framing",      "How will you look at it?",                    text}, &SessionPlan::nicuFraming},
     {{"towards",      "Which outcome of the block does it serve?",   choice, {}, "(its number)"}, &SessionPlan::blockOutcomeID},
-    {{"energy",       "How much energy is there?",                   choice, ratingLimits, "1 to 5"}, &SessionPlan::energy},
-    {{"morale",       "How is the morale?",                          choice, ratingLimits, "1 to 5"}, &SessionPlan::morale},
+    {{"energy",       "How much energy is there?",                   choice, ratingLimits, "1 to 5", "1 to 5"}, &SessionPlan::energy},
+    {{"morale",       "How is the morale?",                          choice, ratingLimits, "1 to 5", "1 to 5"}, &SessionPlan::morale},
 });
 
 inline constexpr auto review = std::to_array<RecordField<SessionReview>>({

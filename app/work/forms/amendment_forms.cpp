@@ -5,6 +5,7 @@
 #include "amendments/go_on.hpp"
 #include "amendments/was_away.hpp"
 #include "work/break_extension.hpp"
+#include "work/done_text.hpp"
 #include "work/fields/unacceptable.hpp"
 #include "work/forms/record_forms.hpp"
 
@@ -60,6 +61,11 @@ void saveEarlierEnd(const Form& form, QuillmereState& state, Instant now)
     amendments::forgotToEnd(state, pastTimeFrom(answerIn(form, earlierEndPrompt), now), now);
 }
 
+std::string earlierEndTimes(const Form& form, const QuillmereState&, Instant now)
+{
+    return done::endedOn(pastTimeFrom(answerIn(form, earlierEndPrompt), now));
+}
+
 void addAwayFields(Form& form, const QuillmereState&, Instant)
 {
     addLine(form, awayFromPrompt);
@@ -74,6 +80,15 @@ void saveAway(const Form& form, QuillmereState& state, Instant now)
                         now);
 }
 
+std::string awayTimes(const Form& form, const QuillmereState& state, Instant now)
+{
+    const Answer to = answerIn(form, awayToPrompt);
+    const WorkSession* const session = state.currentSession();
+    const Instant last = session && session->pausedAt ? *session->pausedAt : now;
+    return done::pauseOf(pastTimeFrom(answerIn(form, awayFromPrompt), now),
+                         to.text.empty() ? last : pastTimeFrom(to, now));
+}
+
 void addAnotherStartFields(Form& form, const QuillmereState&, Instant) { addLine(form, anotherStartPrompt); }
 
 void saveAnotherStart(const Form& form, QuillmereState& state, Instant now)
@@ -82,6 +97,11 @@ void saveAnotherStart(const Form& form, QuillmereState& state, Instant now)
     const Instant start = startFrom(answer, now);
     requireToCome(answer.field, start, now);
     amendments::backOut(state, amendments::StartAt{start}, now);
+}
+
+std::string anotherStartTimes(const Form& form, const QuillmereState&, Instant now)
+{
+    return done::scheduledFor(startFrom(answerIn(form, anotherStartPrompt), now));
 }
 
 }  // namespace quillmere::work

@@ -1,5 +1,6 @@
 // The form of a block.
 #include "config/new_block.hpp"
+#include "work/done_text.hpp"
 #include "work/forms/record_forms.hpp"
 
 #include <quillmere/engine/workflow_engine.hpp>
@@ -32,6 +33,11 @@ void removeKeys(FieldValue& value)
 }  // namespace
 
 bool hasPlannedStart(const Form& form) { return !form.text(startId).empty(); }
+
+std::string blockTimes(const Form& form, const QuillmereState&, Instant now)
+{
+    return hasPlannedStart(form) ? done::scheduledFor(startFrom({startId, form.text(startId)}, now)) : "";
+}
 
 void addBlockFields(Form& form, const QuillmereState& state, Instant now, const config::Values& values)
 {

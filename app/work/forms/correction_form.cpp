@@ -1,8 +1,11 @@
 // The form that corrects the last session of the current block.
 #include "amendments/correct.hpp"
+#include "work/done_text.hpp"
 #include "work/forms/record_forms.hpp"
 
 #include <algorithm>
+#include <optional>
+#include <string>
 #include <utility>
 
 namespace quillmere::work {
@@ -16,6 +19,14 @@ bool isReviewChanged(const Form& form)
         const Field& field = form.field(row.prompt.name);
         return field.value != field.beginning;
     });
+}
+
+std::optional<Instant> earlierEnd(const Form& form, const WorkSession& session)
+{
+    const std::string id(endedAtPrompt.name);
+    const std::string& text = form.text(id);
+    // "14:20" is a time on the day of the session.
+    return text.empty() ? std::nullopt : std::optional(pastTimeFrom({id, text}, *session.endedAt));
 }
 
 }  // namespace
@@ -47,14 +58,17 @@ void saveCorrection(const Form& form, QuillmereState& state, Instant now)
     if (isReviewChanged(form)) {
         correction.review = reviewFrom(form, session.review, now);
     }
-    const std::string id(endedAtPrompt.name);
-    if (const std::string& text = form.text(id); !text.empty()) {
-        // "14:20" is a time on the day of the session.
-        correction.endedAt = pastTimeFrom({id, text}, *session.endedAt);
-    }
+    correction.endedAt = earlierEnd(form, session);
     const Identifier block = state.currentBlock->id;
     const Identifier corrected = session.id;
     amendments::correctSession(state, block, corrected, std::move(correction), now);
+}
+
+std::string correctionTimes(const Form& form, const QuillmereState& state, Instant)
+{
+    const WorkSession* const session = reviewedSession(state);
+    const std::optional<Instant> end = session ? earlierEnd(form, *session) : std::nullopt;
+    return end ? std::string(done::recordCorrected) + " " + done::endedOn(*end) : "";
 }
 
 }  // namespace quillmere::work

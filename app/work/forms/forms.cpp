@@ -1,6 +1,7 @@
 #include "work/forms/forms.hpp"
 
 #include "work/forms/record_forms.hpp"
+#include "work/only_session.hpp"
 
 #include <quillmere/engine/transition.hpp>
 #include <quillmere/engine/workflow_error.hpp>
@@ -21,10 +22,11 @@ struct FormRow {
     FormKind value;
     void (*addFields)(Form&, const QuillmereState&, Instant, const config::Values&);
     void (*save)(const Form&, QuillmereState&, Instant);
+    std::string (*times)(const Form&, const QuillmereState&, Instant) = nullptr;
 };
 
 constexpr auto formRows = std::to_array<FormRow>({
-    {FormKind::block, addBlockFields, saveBlock},
+    {FormKind::block, addBlockFields, saveBlock, blockTimes},
     {FormKind::plan, addAlike<addPlanFields>, savePlan},
     {FormKind::review, addAlike<addReviewFields>, saveReview},
     {FormKind::reflection, addAlike<addReflectionFields>, saveReflection},
@@ -32,11 +34,11 @@ constexpr auto formRows = std::to_array<FormRow>({
     {FormKind::question, addAlike<addQuestionFields>, saveQuestion},
     {FormKind::length, addAlike<addLengthFields>, saveLength},
     {FormKind::goOn, addAlike<addGoOnFields>, saveGoOn},
-    {FormKind::earlierEnd, addAlike<addEarlierEndFields>, saveEarlierEnd},
-    {FormKind::away, addAlike<addAwayFields>, saveAway},
+    {FormKind::earlierEnd, addAlike<addEarlierEndFields>, saveEarlierEnd, earlierEndTimes},
+    {FormKind::away, addAlike<addAwayFields>, saveAway, awayTimes},
     {FormKind::blockChange, addAlike<addBlockChangeFields>, saveBlockChange},
-    {FormKind::correction, addAlike<addCorrectionFields>, saveCorrection},
-    {FormKind::anotherStart, addAlike<addAnotherStartFields>, saveAnotherStart},
+    {FormKind::correction, addAlike<addCorrectionFields>, saveCorrection, correctionTimes},
+    {FormKind::anotherStart, addAlike<addAnotherStartFields>, saveAnotherStart, anotherStartTimes},
 });
 static_assert(inCaseOrder(formRows) && formRows.size() == EnumerationTable<FormKind>::rows.size());
 
@@ -154,6 +156,9 @@ Move moveOf(const Form& form, const QuillmereState& state)
         case FormKind::block: return hasPlannedStart(form) ? Step::scheduleBlock : Step::startBlock;
         case FormKind::plan: return Step::startFocus;
         case FormKind::review:
+            if (isOnlySessionInReview(state)) {
+                return Step::completeBlockReview;
+            }
             return finishesBlock(form)                       ? Move(amendments::Kind::finishWithReview)
                    : isPossible(Step::saveLastReview, state) ? Move(Step::saveLastReview)
                                                              : Move(Step::saveReviewAndStartBreak);
@@ -163,6 +168,12 @@ Move moveOf(const Form& form, const QuillmereState& state)
         default: break;
     }
     return moveOf(form.subject().kind, state);
+}
+
+std::string timesInFull(const Form& form, const QuillmereState& state, Instant now)
+{
+    const FormRow& row = rowOf(formRows, form.subject().kind);
+    return row.times ? row.times(form, state, now) : "";
 }
 
 void carryOut(const Form& form, QuillmereState& state, Instant now)

@@ -9,6 +9,7 @@
 #include <quillmere/records/quillmere_state.hpp>
 
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace quillmere::work {
@@ -40,8 +41,12 @@ const WorkSession* reviewedSession(const QuillmereState& state);
 /// be asked, and be answered again.
 bool isCurrent(const FormSubject& subject, const QuillmereState& state);
 
-/// The move that saving the form makes.
+/// The move that saving the form makes; the last one where it makes two.
 Move moveOf(const Form& form, const QuillmereState& state);
+
+/// The sentence that says in full how the times in the form are understood; empty for a form without a time.
+/// Throws Unacceptable.
+std::string timesInFull(const Form& form, const QuillmereState& state, Instant now);
 
 /// Saves the form. Throws WorkflowError when the state is no longer about the form's subject or when the
 /// engine refuses, and Unacceptable when a value cannot be used.

@@ -21,6 +21,7 @@ void addAnswerFields(Form& form, const QuillmereState& state, Instant)
 void saveAnswer(const Form& form, QuillmereState& state, Instant now)
 {
     const std::optional<Identifier> id = Identifier::fromText(form.subject().name);
+    requireAnswer(std::string(answerPrompt.name), form.text(answerPrompt.name));
     WorkflowEngine().answerQuestion(state, *id, form.text(answerPrompt.name), now);
 }
 

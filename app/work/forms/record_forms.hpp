@@ -42,6 +42,13 @@ void saveAway       (const Form& form, QuillmereState& state, Instant now);
 void saveBlockChange(const Form& form, QuillmereState& state, Instant now);
 void saveCorrection (const Form& form, QuillmereState& state, Instant now);
 void saveAnotherStart(const Form& form, QuillmereState& state, Instant now);
+
+// Each says in full how the times in its form are understood; empty when there is none.
+std::string blockTimes       (const Form& form, const QuillmereState& state, Instant now);
+std::string earlierEndTimes  (const Form& form, const QuillmereState& state, Instant now);
+std::string awayTimes        (const Form& form, const QuillmereState& state, Instant now);
+std::string correctionTimes  (const Form& form, const QuillmereState& state, Instant now);
+std::string anotherStartTimes(const Form& form, const QuillmereState& state, Instant now);
 // clang-format on
 
 /// Whether a block form names a time to begin at.

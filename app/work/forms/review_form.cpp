@@ -1,6 +1,8 @@
-// The form of a review, with the plan of the next session, and the form of the reflection on a block.
+// The form of a review, with the plan of the next session or, for the only one, with the reflection; and the
+// form of the reflection on a block.
 #include "amendments/finish_now.hpp"
 #include "work/forms/record_forms.hpp"
+#include "work/only_session.hpp"
 
 #include <quillmere/engine/transition.hpp>
 #include <quillmere/engine/workflow_engine.hpp>
@@ -54,6 +56,20 @@ std::string titlesOf(const std::optional<Block>& block)
     return titles;
 }
 
+void addReflection(Form& form)
+{
+    for (const RecordField<BlockReview>& row : reflectionFields) {
+        form.add(fieldOf(row, "", BlockReview{}));
+    }
+}
+
+BlockReview reflectionFrom(const Form& form, Instant now)
+{
+    BlockReview reflection{};
+    applyFields(form, "", reflectionFields, reflection, now);
+    return reflection;
+}
+
 }  // namespace
 
 bool finishesBlock(const Form& form) { return form.has(afterId) && form.text(afterId) == finishKey; }
@@ -87,12 +103,19 @@ void addReviewFields(Form& form, const QuillmereState& state, Instant)
         form.addHeading("The next session");
         form.add(afterField());
         addPlan(form, nextPrefix, SessionPlan::blank(Identifier::random()), state.currentBlock);
+    } else if (isOnlySessionInReview(state)) {
+        form.addHeading("The block");
+        addReflection(form);
     }
 }
 
 void saveReview(const Form& form, QuillmereState& state, Instant now)
 {
     SessionReview review = reviewFrom(form, std::nullopt, now);
+    if (form.has(reflectionFields.front().prompt.name)) {
+        finishOnlySession(state, std::move(review), reflectionFrom(form, now), now);
+        return;
+    }
     if (finishesBlock(form)) {
         amendments::finishNow(state, std::move(review), now);
         return;
@@ -107,16 +130,12 @@ void saveReview(const Form& form, QuillmereState& state, Instant now)
 void addReflectionFields(Form& form, const QuillmereState& state, Instant)
 {
     form.setReminder(titlesOf(state.currentBlock));
-    for (const RecordField<BlockReview>& row : reflectionFields) {
-        form.add(fieldOf(row, "", BlockReview{}));
-    }
+    addReflection(form);
 }
 
 void saveReflection(const Form& form, QuillmereState& state, Instant now)
 {
-    BlockReview reflection{};
-    applyFields(form, "", reflectionFields, reflection, now);
-    WorkflowEngine().completeBlockReview(state, std::move(reflection), now);
+    WorkflowEngine().completeBlockReview(state, reflectionFrom(form, now), now);
 }
 
 }  // namespace quillmere::work

@@ -166,7 +166,7 @@ TEST_F(Tools, needNoFiles)
 TEST_F(Tools, tellTheSummaryAsOfNow)
 {
     person.types({"plan", "--start", "--outcome", "A chapter", "--focus", "25m"});
-    person.types({"focus", "--outcome", "One page"});
+    person.types({"focus", "--outcome", "One page", "--energy", "4", "--morale", "3"});
     person.now = person.now + 60;
     Json state = valueOf("get_focus_state");
     EXPECT_EQ(state.at("interruptible"), false);
@@ -226,9 +226,23 @@ TEST_F(Tools, findTheAnswer)
 TEST_F(Tools, tellAnEmptyAnswerFromNone)
 {
     const std::string id = asks("Which one?");
-    person.types({"answer", "1", ""});
+    QuillmereState state = person.state();
+    state.agentQuestions[0].answer = "";
+    state.agentQuestions[0].answeredAt = moment;
+    person.has(state);
     EXPECT_EQ(valueOf("get_answer", {{"id", id}}).at("answer"), "");
     EXPECT_EQ(valueOf("get_answer", {{"id", id}}).at("status"), "answered");
+}
+
+TEST_F(Tools, sayWhatClosingAQuestionMeans)
+{
+    const std::string id = asks("Which one?");
+    person.types({"answer", "1", "--dismiss"});
+    const Json closed = valueOf("get_answer", {{"id", id}});
+    EXPECT_EQ(closed.at("status"), "answered");
+    const std::string answer = "\"" + closed.at("answer").get<std::string>() + "\"";
+    EXPECT_NE(named("get_answer").description.find(answer), std::string::npos);
+    EXPECT_NE(named("get_answer").outputSchema.dump().find(closed.at("answer")), std::string::npos);
 }
 
 TEST_F(Tools, listQuestionsInTheOrderOfAsking)
@@ -371,7 +385,7 @@ TEST_F(Tools, askOnceTheLockIsFree)
 TEST_F(Tools, askWithoutPushingThePersonsVersionsOut)
 {
     person.types({"plan", "--start", "--outcome", "A chapter", "--focus", "25m"});
-    person.types({"focus", "--outcome", "One page"});
+    person.types({"focus", "--outcome", "One page", "--energy", "4", "--morale", "3"});
     const std::size_t versions = workspace().versions().list().size();
     ASSERT_GT(versions, 0u);
     asks("First?");

@@ -221,7 +221,8 @@ TEST_F(Clocks, setBackAfterTheEndOfASession)
     clockShows(1500);
     clockShows(300);
     EXPECT_EQ(notifier.requests.size(), 1u);
-    takes({"review", "--completion", "yes", "--next-outcome", "More"});
+    takes({"review", "--completion", "yes", "--next-outcome", "More", "--next-energy", "4", "--next-morale",
+           "3"});
     EXPECT_EQ(shown(), "breaking 05:00");
     EXPECT_EQ(person.state().breakStartedAt, moment + 300);
     EXPECT_EQ(noticed(), "15:25  Focus is over: Outcome of session 1\n");
@@ -366,7 +367,7 @@ TEST_F(Clocks, setBackAfterTheStartOfABlock)
         EXPECT_EQ(person.state().currentBlock->scheduledStartTriggeredAt, moment + 5000);
     }
     EXPECT_EQ(notifier.requests.size(), 1u);
-    takes({"focus", "--outcome", "More"});
+    takes({"focus", "--outcome", "More", "--energy", "4", "--morale", "3"});
     EXPECT_EQ(shown(), "focusing 25:00");
     EXPECT_EQ(noticed(), "16:23  The scheduled block has begun: Chapter one\n");
 }
@@ -422,7 +423,7 @@ TEST_F(Clocks, setToAnyYearFrom0000To9999)
         takes({"plan", "--outcome", "Chapter", "--cycles", "2", "--at", "+10m"});
         clockShows(begin + 600);
         EXPECT_EQ(shown(), "planning");
-        takes({"focus", "--outcome", "Page"});
+        takes({"focus", "--outcome", "Page", "--energy", "4", "--morale", "3"});
         clockShows(begin + 900);
         EXPECT_EQ(shown(), "focusing 20:00");
         takes({"pause"});
@@ -432,7 +433,8 @@ TEST_F(Clocks, setToAnyYearFrom0000To9999)
         clockShows(begin + 2200);
         EXPECT_EQ(shown(), "reviewing");
         EXPECT_EQ(notifier.requests.size(), 2u);
-        takes({"review", "--completion", "yes", "--next-outcome", "Page"});
+        takes({"review", "--completion", "yes", "--next-outcome", "Page", "--next-energy", "4",
+               "--next-morale", "3"});
         EXPECT_EQ(shown(), "breaking 05:00");
         const nlohmann::json report = printed({"report", "--json"});
         EXPECT_EQ(report.at("total").at("focus_seconds"), 1500);

@@ -51,6 +51,7 @@ const std::vector<Words>& commands()
                                            {"cancel"},
                                            {"change", "--why", "More"},
                                            {"focus"},
+                                           {"now", "More", "--energy", "4", "--morale", "3"},
                                            {"pause"},
                                            {"resume"},
                                            {"extend", "5m"},

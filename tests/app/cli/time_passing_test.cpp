@@ -52,8 +52,8 @@ TEST(TimeThatPassed, isRecordedBeforeTheCommand)
     const TimeZone here("UTC");
     Person person;
     person.has(stateIn(WorkflowState::focusing));
-    const Ending ending =
-        person.typesLater(2000, {"review", "--completion", "yes", "--next-outcome", "More"});
+    const Ending ending = person.typesLater(2000, {"review", "--completion", "yes", "--next-outcome", "More",
+                                                   "--next-energy", "4", "--next-morale", "3"});
     EXPECT_EQ(ending.code, ExitCode::done);
     EXPECT_EQ(ending.err, "The focus session ended at 15:25.\n");
     const QuillmereState state = person.state();

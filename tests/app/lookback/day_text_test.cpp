@@ -6,7 +6,6 @@
 namespace quillmere::test {
 namespace {
 
-using lookback::dayFromText;
 using lookback::labelOf;
 using lookback::shortLabelOf;
 
@@ -55,30 +54,6 @@ TEST(WeekdayText, isTheEnglishAbbreviation)
 {
     EXPECT_EQ(lookback::weekdayText(day("2026-11-15")), "Sun");
     EXPECT_EQ(lookback::weekdayText(day("2026-11-16")), "Mon");
-}
-
-TEST(DayFromText, readsADateTodayAndDaysAgo)
-{
-    const Day today = day("2026-11-15");
-    EXPECT_EQ(dayFromText("today", today), today);
-    EXPECT_EQ(dayFromText("0d", today), today);
-    EXPECT_EQ(dayFromText("30d", today), day("2026-10-16"));
-    EXPECT_EQ(dayFromText("2024-02-29", today), day("2024-02-29"));
-    EXPECT_EQ(labelOf(Unit::day, *dayFromText("0000-01-01", today)), "0000-01-01");
-}
-
-TEST(DayFromText, readsNothingElse)
-{
-    for (const char* text : {"",           "d",          "-1d",         "+1d",
-                             "1w",         "30",         "9999999999d", "3659635d",
-                             "yesterday",  "Today",      "2026-11-31",  "2026-02-29",
-                             "2026-13-01", "2026-00-10", "2026-11-00",  "2026-1-15",
-                             "26-11-15",   "2026/11/15", "2026-11-15 ", " 2026-11-15",
-                             "2026-11-1x", "-026-11-15", "2026-+1-15",  "2026-11-15T00:00",
-                             "12026-11-15"}) {
-        SCOPED_TRACE(text);
-        EXPECT_EQ(dayFromText(text, day("2026-11-15")), std::nullopt);
-    }
 }
 
 }  // namespace

@@ -101,7 +101,11 @@ TEST_F(Delivery, includesWhatAnotherProgramRecorded)
 TEST_F(Delivery, leavesOutWhatThePersonHasDealtWith)
 {
     person.has(stateIn(WorkflowState::focusing));
-    ASSERT_EQ(person.types({"review", "--completion", "Yes", "--next-outcome", "More"}).code, ExitCode::done);
+    ASSERT_EQ(person
+                  .types({"review", "--completion", "Yes", "--next-outcome", "More", "--next-energy", "4",
+                          "--next-morale", "3"})
+                  .code,
+              ExitCode::done);
     watchesOnce();
     EXPECT_EQ(headings(notifier.requests), Words{});
 }
@@ -289,7 +293,11 @@ TEST_F(Delivery, isOfWhatStillStandsWhenTheBusComesUp)
     person.has(asking(stateIn(WorkflowState::focusing), 1, "May I?"));
     ClockedWatch watch(person, notifier);
     watch.untilIdle();
-    ASSERT_EQ(person.types({"review", "--completion", "Yes", "--next-outcome", "More"}).code, ExitCode::done);
+    ASSERT_EQ(person
+                  .types({"review", "--completion", "Yes", "--next-outcome", "More", "--next-energy", "4",
+                          "--next-morale", "3"})
+                  .code,
+              ExitCode::done);
     notifier.becomesReady();
     person.now = person.now + 2;
     watch.untilIdle();

@@ -7,7 +7,7 @@
 #include <regex>
 
 #include "real_program.hpp"
-#include "screen/terminal_window.hpp"
+#include "terminal_window.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -28,7 +28,7 @@ protected:
         ASSERT_EQ(elsewhere({"plan", "--outcome", "Chapter", "--focus", duration, "--break", "1s", "--cycles",
                              "2", "--start"}),
                   0);
-        ASSERT_EQ(elsewhere({"focus", "--outcome", "Headings"}), 0);
+        ASSERT_EQ(elsewhere({"focus", "--outcome", "Headings", "--energy", "4", "--morale", "3"}), 0);
     }
     testing::AssertionResult comesTo(WorkflowState workflowState) const
     {
@@ -70,7 +70,7 @@ TEST_F(LiveScreen, takesAPersonThroughAWholeBlock)
     ASSERT_TRUE(window.shows("End the session before its time?"));
     window.presses("y");
     ASSERT_TRUE(window.shows("Was it completed?"));
-    window.presses("y C-s");
+    window.presses("y Tab Tab Tab Tab");
     ASSERT_TRUE(window.shows("What was produced?"));
     window.types("One chapter");
     window.presses("C-s");
@@ -234,7 +234,8 @@ TEST_F(LiveScreen, restoresTheTerminalAtEveryEnd)
 TEST_F(LiveScreen, drawsWithAsciiOnAPlainTerminal)
 {
     ASSERT_EQ(elsewhere({"plan", "--start"}), 0);
-    ASSERT_EQ(elsewhere({"focus", "--outcome", "Chapitre \u00E9 \u65E5"}), 0);
+    ASSERT_EQ(elsewhere({"focus", "--outcome", "Chapitre \u00E9 \u65E5", "--energy", "4", "--morale", "3"}),
+              0);
     const TerminalWindow window(person, {{"LC_ALL", "C"}, {"TERM", "vt100"}});
     window.runs("$Q ui");
     ASSERT_TRUE(window.shows("######"));

@@ -308,7 +308,8 @@ TEST_F(ScreenOfAPerson, keepsTheDraftWhenTheWorkMovesOnElsewhere)
 {
     opens(stateIn(WorkflowState::sessionPlanning));
     presses("Half a plan");
-    ASSERT_EQ(person.types({"focus", "--outcome", "Another"}).code, ExitCode::done);
+    ASSERT_EQ(person.types({"focus", "--outcome", "Another", "--energy", "4", "--morale", "3"}).code,
+              ExitCode::done);
     ui->refresh();
     EXPECT_TRUE(shows("Another program has moved the work on. What you wrote is kept."));
     EXPECT_TRUE(shows("Session 1 of 3"));
@@ -364,7 +365,11 @@ TEST_F(ScreenOfAPerson, givesNoCommandsByTypingOnAfterAFormWasClosed)
     opens(stateIn(WorkflowState::sessionReview));
     presses(Key{Key::Kind::tab});
     presses("The chapter ");
-    ASSERT_EQ(person.types({"review", "--completion", "Yes", "--next-outcome", "Next"}).code, ExitCode::done);
+    ASSERT_EQ(person
+                  .types({"review", "--completion", "Yes", "--next-outcome", "Next", "--next-energy", "4",
+                          "--next-morale", "3"})
+                  .code,
+              ExitCode::done);
     ui->refresh();
     const QuillmereState state = person.state();
     EXPECT_TRUE(shows("What you wrote is kept. Esc goes on."));
@@ -394,7 +399,11 @@ TEST_F(ScreenOfAPerson, typesIntoNoOtherFormAfterAFormWasClosed)
 TEST_F(ScreenOfAPerson, needsNoEscapeAfterAFormWithoutChangesWasClosed)
 {
     opens(stateIn(WorkflowState::sessionReview));
-    ASSERT_EQ(person.types({"review", "--completion", "Yes", "--next-outcome", "Next"}).code, ExitCode::done);
+    ASSERT_EQ(person
+                  .types({"review", "--completion", "Yes", "--next-outcome", "Next", "--next-energy", "4",
+                          "--next-morale", "3"})
+                  .code,
+              ExitCode::done);
     ui->refresh();
     presses("e");
     EXPECT_EQ(person.state().workflowState, WorkflowState::sessionPlanning);
@@ -499,7 +508,8 @@ TEST_F(ScreenOfAPerson, isToldOnceThatNoDraftsAreKept)
     EXPECT_FALSE(shows("Drafts are not kept"));
     presses(escape);
     presses(escape);
-    ASSERT_EQ(person.types({"focus", "--outcome", "Another"}).code, ExitCode::done);
+    ASSERT_EQ(person.types({"focus", "--outcome", "Another", "--energy", "4", "--morale", "3"}).code,
+              ExitCode::done);
     ui->refresh();
     EXPECT_TRUE(shows("What you wrote could not be kept."));
 }

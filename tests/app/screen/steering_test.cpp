@@ -163,7 +163,7 @@ TEST_F(SteeringAtTheScreen, makesATimeAwayAPause)
     presses("w15:02\n15:05");
     presses(save);
     EXPECT_EQ(person.state().currentSession()->accumulatedPausedSeconds, 180);
-    EXPECT_TRUE(shows("That time is a pause."));
+    EXPECT_TRUE(shows("A pause from Sun 15 Nov 2026, 15:02 to Sun 15 Nov 2026, 15:05."));
 }
 
 TEST_F(SteeringAtTheScreen, finishesABlockInABreak)

@@ -146,7 +146,8 @@ TEST_F(PresenterOfAPerson, reportsAFormThatIsClosedWhileItIsFilledIn)
     opens(stateIn(WorkflowState::sessionPlanning));
     const FormSubject subject = presenter->workForm()->subject();
     fills(presenter->workForm(), "outcome", "Headings");
-    ASSERT_EQ(person.types({"focus", "--outcome", "Another"}).code, ExitCode::done);
+    ASSERT_EQ(person.types({"focus", "--outcome", "Another", "--energy", "4", "--morale", "3"}).code,
+              ExitCode::done);
     presenter->refresh();
     EXPECT_EQ(presenter->takeClosedForms(), std::vector<FormSubject>{subject});
     EXPECT_TRUE(presenter->takeClosedForms().empty());
@@ -156,7 +157,8 @@ TEST_F(PresenterOfAPerson, reportsAFormThatIsClosedWhileItIsFilledIn)
 TEST_F(PresenterOfAPerson, reportsNoFormThatWasNotFilledIn)
 {
     opens(stateIn(WorkflowState::sessionPlanning));
-    ASSERT_EQ(person.types({"focus", "--outcome", "Another"}).code, ExitCode::done);
+    ASSERT_EQ(person.types({"focus", "--outcome", "Another", "--energy", "4", "--morale", "3"}).code,
+              ExitCode::done);
     presenter->refresh();
     EXPECT_FALSE(presenter->workForm());
     EXPECT_TRUE(presenter->takeClosedForms().empty());

@@ -18,7 +18,9 @@ using Commands = std::vector<std::string_view>;
 
 TEST(SituationView, hasTheCommandsOfThePossibleStepsAndAmendments)
 {
-    EXPECT_EQ(viewOf(stateIn(WorkflowState::idle)).nextCommands, Commands{"plan"});
+    EXPECT_EQ(viewOf(stateIn(WorkflowState::idle)).nextCommands, (Commands{"plan", "now"}));
+    EXPECT_EQ(viewOf(stateIn(WorkflowState::sessionPlanning)).nextCommands,
+              (Commands{"focus", "now", "cancel", "change"}));
     EXPECT_EQ(viewOf(stateWithScheduledBlock()).nextCommands, (Commands{"start", "edit", "cancel"}));
     EXPECT_EQ(viewOf(stateIn(WorkflowState::focusing)).nextCommands,
               (Commands{"pause", "end", "change", "extend", "end --at", "away"}));

@@ -143,8 +143,8 @@ TEST(ReplacedState, isThatOfEachSaveWhenTimeAndAPersonChangedIt)
     // The end of the focus session is recorded by one save, the review by another.
     Person person;
     person.has(stateIn(WorkflowState::focusing));
-    const Ending ending =
-        person.typesLater(2'000, {"review", "--completion", "yes", "--next-outcome", "More"});
+    const Ending ending = person.typesLater(2'000, {"review", "--completion", "yes", "--next-outcome", "More",
+                                                    "--next-energy", "4", "--next-morale", "3"});
     EXPECT_EQ(ending.code, ExitCode::done) << ending.err;
     const std::vector<Version> versions = versionsOf(person);
     ASSERT_EQ(versions.size(), 2U);

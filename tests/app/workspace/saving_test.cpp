@@ -136,8 +136,8 @@ TEST(Saving, doesNotCarryOutTheCommandWhenASummaryOfThePassedTimeCouldNotBeWritt
     person.has(stateIn(WorkflowState::focusing));
     const fs::path file = person.directory() / "agent-state.json";
     block(file);
-    const Ending ending =
-        person.typesLater(2000, {"review", "--completion", "yes", "--next-outcome", "More"});
+    const Ending ending = person.typesLater(2000, {"review", "--completion", "yes", "--next-outcome", "More",
+                                                   "--next-energy", "4", "--next-morale", "3"});
     EXPECT_EQ(ending.code, ExitCode::fileError);
     EXPECT_EQ(ending.err,
               "The focus session ended at 15:25.\n"

@@ -83,10 +83,11 @@ public:
         act({"plan", "--outcome", "Chapter", "--focus", "25m", "--break", "5m", "--cycles", "3", "--at",
              "+1h"});
         awaitStart();
-        act({"focus", "--outcome", "Page one"});
+        act({"focus", "--outcome", "Page one", "--energy", "4", "--morale", "3"});
         awaitEnd(1500, "focus_ended");
         for (int cycle = 2; cycle <= 3; ++cycle) {
-            act({"review", "--completion", "yes", "--next-outcome", "The next page"});
+            act({"review", "--completion", "yes", "--next-outcome", "The next page", "--next-energy", "4",
+                 "--next-morale", "3"});
             awaitEnd(300, "break_ended");
             act({"break", "end"});
             act({"focus"});

@@ -22,7 +22,7 @@ export async function play(name, client, program, directory) {
   assert.deepEqual((await client.listResourceTemplates()).resourceTemplates, []);
 
   types("plan", "--start", "--outcome", "A chapter", "--focus", "25m");
-  types("focus", "--outcome", "One page");
+  types("focus", "--outcome", "One page", "--energy", "4", "--morale", "3");
   const state = JSON.parse((await client.readResource({uri: "quillmere://agent/state"})).contents[0].text);
   assert.equal(state.interruptible, false);
   assert.equal((await call("get_focus_state")).workflow_state, "focusing");

@@ -74,7 +74,9 @@ TEST(AmendOfASession, movesItsEndToAnEarlierTimeOfThatDay)
     const TimeZone here("UTC");
     Person person = personWithAPast();
     person.now = moment + 60 + 3 * 86'400;
-    EXPECT_EQ(person.types({"amend", "9F1C.3", "--ended-at", "14:50"}).code, ExitCode::done);
+    EXPECT_TRUE(person.types({"amend", "9F1C.3", "--ended-at", "14:50"})
+                    .out.starts_with(
+                        "The record is corrected. The focus session ended on Sun 15 Nov 2026, 14:50.\n\n"));
     EXPECT_EQ(person.state().blockHistory[0].sessions[2].endedAt, moment - 600);
     expectRefusal(person, {"amend", "9F1C.3", "--ended-at", "14:30"},
                   "The end of a session can be corrected to an earlier time, not before its start plus its "
@@ -127,7 +129,8 @@ const WrongCorrection wrongCorrections[] = {
      "--completion: Say whether it was completed: yes, half or no.",
      ExitCode::usage},
     {{"amend", "9F1C.1", "--ended-at", "noon"},
-     "--ended-at: \"noon\" is no local time, such as 14:20, 14:20:30 or \"2026-11-15 14:20\".",
+     "--ended-at: \"noon\" is no local time, such as 14:20, 2:20pm, 14:20:30, yesterday 17:00, mon 14:00 or "
+     "2026-11-15 14:20.",
      ExitCode::usage},
     {{"amend", "CCCC", "--why", "No"},
      "This block is not finished: the break runs until 15:05. Possible: break end, break extend, finish, "

@@ -52,6 +52,42 @@ TEST(Change, removesNoOutcomeThatASessionServes)
         "title for it.");
 }
 
+TEST(Change, asksForEverythingWhenNothingIsSaid)
+{
+    Person person = personWithABlock(WorkflowState::focusing);
+    person.isAsked = true;
+    // The first outcome is served by the session, and one session has begun.
+    person.answers = "-\nChapter 1\n-\nIndex\n\nAnother reason\n\n\n\n-\n50m\n\n1\n5\n";
+    const Ending ending = person.types({"change"});
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_NE(ending.err.find("What should come out of it? [Chapter one] Session 1 serves the outcome"),
+              std::string::npos)
+        << ending.err;
+    EXPECT_NE(ending.err.find("How many focus sessions? [3] The block cannot have this number of sessions"),
+              std::string::npos)
+        << ending.err;
+    Block expected = *stateIn(WorkflowState::focusing).currentBlock;
+    const Block block = *person.state().currentBlock;
+    ASSERT_EQ(block.outcomes.size(), 2U);
+    EXPECT_EQ(block.outcomes[0], (Outcome{.id = expected.outcomes[0].id, .title = "Chapter 1"}));
+    EXPECT_EQ(block.outcomes[1].title, "Index");
+    expected.outcomes = block.outcomes;
+    expected.whyValue = "Another reason";
+    expected.contextNotes = "";
+    expected.focusDurationSeconds = 3000;
+    expected.cycleCount = 5;
+    EXPECT_EQ(block, expected);
+}
+
+TEST(Change, asksNothingWhereNoBlockHasBegun)
+{
+    Person person = personWithABlock(WorkflowState::idle);
+    person.isAsked = true;
+    const Ending ending = person.types({"change"});
+    EXPECT_EQ(ending.code, ExitCode::refused);
+    EXPECT_EQ(ending.err.find("What should"), std::string::npos) << ending.err;
+}
+
 TEST(Change, namesTheOutcomesByTheirNumber)
 {
     const Person person = personWithABlock(WorkflowState::focusing);

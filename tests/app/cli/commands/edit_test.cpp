@@ -27,8 +27,10 @@ TEST(EditOfASchedule, keepsTheTimeUnlessAnotherIsGiven)
 
 TEST(EditOfASchedule, takesAnotherTime)
 {
+    const TimeZone here("UTC");
     const Person person = personWithASchedule();
-    EXPECT_EQ(person.types({"edit", "--at", "+2h"}).code, ExitCode::done);
+    EXPECT_TRUE(
+        person.types({"edit", "--at", "+2h"}).out.starts_with("Scheduled for Sun 15 Nov 2026, 17:00.\n\n"));
     EXPECT_EQ(person.state().currentBlock->plannedStart, moment + 7200);
 }
 
@@ -48,15 +50,19 @@ TEST(EditOfASchedule, asksWithThePresentValuesAsDefaults)
     const TimeZone here("UTC");
     Person person = personWithASchedule();
     person.isAsked = true;
-    person.answers = "\n\nRead twice\n\n\n\n\n";
+    person.answers = "\n\n\n\nRead twice\n\n\n\n\n\n\n\n";
     const Ending ending = person.types({"edit"});
     EXPECT_EQ(ending.code, ExitCode::done);
-    EXPECT_EQ(
-        ending.err,
-        "What should come out of it? [Chapter one, Chapter two] Why does it matter? [The deadline is near] "
-        "How will you know that it is done? [Both chapters read aloud] What could get in the way? "
-        "[Rewriting the outline] What can be measured at the end? [2000 words] What else should be at "
-        "hand? [Notes are in the blue folder] When does it begin? (14:30, +1h; empty: 16:00) ");
+    EXPECT_EQ(ending.err,
+              "Enter takes what is in brackets, - clears it, Control-D changes nothing.\n"
+              "What should come out of it? [Chapter one] And what else? [Chapter two] And what else? (empty: "
+              "nothing) "
+              "Why does it matter? [The deadline is near] How will you know that it is done? "
+              "[Both chapters read aloud] What could get in the way? [Rewriting the outline] "
+              "What can be measured at the end? [2000 words] What else should be at hand? "
+              "[Notes are in the blue folder] How long is a focus session? [25m] How long is a break? [5m] "
+              "How many focus sessions? [3] 3 \u00D7 25 min, from 16:00 until 17:30\n"
+              "When does it begin? (14:30, +1h) [16:00] ");
     Block expected = *stateWithScheduledBlock().currentBlock;
     expected.doneTest = "Read twice";
     EXPECT_EQ(person.state().currentBlock, expected);
@@ -120,7 +126,7 @@ TEST(PlanAfterEditing, keepsTheTimeWhereNothingIsTyped)
     state.workflowState = WorkflowState::blockPlanning;
     person.has(state);
     person.isAsked = true;
-    person.answers = "\n\n\n\n\n\n\n";
+    person.answers = "\n\n\n\n\n\n\n\n\n\n\n\n";
     EXPECT_EQ(person.types({"plan"}).code, ExitCode::done);
     EXPECT_EQ(person.state().workflowState, WorkflowState::idle);
     EXPECT_EQ(person.state().currentBlock, state.currentBlock);

@@ -19,7 +19,7 @@ TEST(EndAt, endsARunningSessionAtAnEarlierTime)
     const Person person = personWhoFocuses();
     const Ending ending = person.types({"end", "--at", "15:12"});
     EXPECT_EQ(ending.code, ExitCode::done);
-    EXPECT_TRUE(ending.out.starts_with("The focus session has ended.\n\n"));
+    EXPECT_TRUE(ending.out.starts_with("The focus session ended on Sun 15 Nov 2026, 15:12.\n\n"));
     const QuillmereState state = person.state();
     EXPECT_EQ(state.workflowState, WorkflowState::sessionReview);
     EXPECT_EQ(state.currentSession()->endedAt, moment + 720);
@@ -38,9 +38,11 @@ TEST(EndAt, correctsTheEndOfASessionThatWaitsForItsReview)
 
 TEST(EndAgo, endsASessionThatLongAgo)
 {
+    const TimeZone here("UTC");
     const Person person = personWhoFocuses();
-    EXPECT_EQ(person.types({"end", "--ago", "10m"}).code, ExitCode::done);
-    EXPECT_EQ(person.state().currentSession()->endedAt, moment + 600);
+    EXPECT_TRUE(person.types({"end", "--ago", "605s"})
+                    .out.starts_with("The focus session ended on Sun 15 Nov 2026, 15:09:55.\n\n"));
+    EXPECT_EQ(person.state().currentSession()->endedAt, moment + 595);
 }
 
 TEST(EndAt, namesThePossibleTimesForAnyOther)
@@ -59,9 +61,11 @@ TEST(EndAt, namesThePossibleTimesForAnyOther)
 TEST(EndAt, refusesATextThatIsNoTime)
 {
     const Person person = personWhoFocuses();
-    expectRefusal(person, {"end", "--at", "noon"},
-                  "--at: \"noon\" is no local time, such as 14:20, 14:20:30 or \"2026-11-15 14:20\".",
-                  ExitCode::usage);
+    expectRefusal(
+        person, {"end", "--at", "noon"},
+        "--at: \"noon\" is no local time, such as 14:20, 2:20pm, 14:20:30, yesterday 17:00, mon 14:00 or "
+        "2026-11-15 14:20.",
+        ExitCode::usage);
     expectRefusal(person, {"end", "--ago", "noon"},
                   "--ago: \"noon\" is no duration from 1 second to 366 days, such as 25m or 1h30m.",
                   ExitCode::usage);
@@ -83,7 +87,8 @@ TEST(Away, addsThatTimeToThePauses)
     const Person person = personWhoFocuses();
     const Ending ending = person.types({"away", "--from", "15:05", "--to", "15:12:30"});
     EXPECT_EQ(ending.code, ExitCode::done);
-    EXPECT_TRUE(ending.out.starts_with("That time is a pause.\n\n"));
+    EXPECT_TRUE(
+        ending.out.starts_with("A pause from Sun 15 Nov 2026, 15:05 to Sun 15 Nov 2026, 15:12:30.\n\n"));
     EXPECT_EQ(person.state().currentSession()->accumulatedPausedSeconds, 450);
     EXPECT_TRUE(filesAgree(person));
 }
@@ -92,7 +97,8 @@ TEST(Away, lastsUntilNowByDefault)
 {
     const TimeZone here("UTC");
     const Person person = personWhoFocuses();
-    EXPECT_EQ(person.types({"away", "--from", "15:05"}).code, ExitCode::done);
+    EXPECT_TRUE(person.types({"away", "--from", "3:05pm"})
+                    .out.starts_with("A pause from Sun 15 Nov 2026, 15:05 to Sun 15 Nov 2026, 15:20.\n\n"));
     EXPECT_EQ(person.state().currentSession()->accumulatedPausedSeconds, 900);
 }
 
@@ -121,9 +127,11 @@ TEST(Away, isNoLongerThanTheSessionHasRun)
 TEST(Away, refusesATextThatIsNoTime)
 {
     const Person person = personWhoFocuses();
-    expectRefusal(person, {"away", "--from", "15:05", "--to", "soon"},
-                  "--to: \"soon\" is no local time, such as 14:20, 14:20:30 or \"2026-11-15 14:20\".",
-                  ExitCode::usage);
+    expectRefusal(
+        person, {"away", "--from", "15:05", "--to", "soon"},
+        "--to: \"soon\" is no local time, such as 14:20, 2:20pm, 14:20:30, yesterday 17:00, mon 14:00 or "
+        "2026-11-15 14:20.",
+        ExitCode::usage);
     EXPECT_EQ(person.types({"away"}).code, ExitCode::usage);
 }
 

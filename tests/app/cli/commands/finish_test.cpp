@@ -47,7 +47,7 @@ TEST(Finish, saysElsewhereWhatIsPossible)
     person.has(stateIn(WorkflowState::idle));
     expectRefusal(person, {"finish"},
                   "A block is finished between its sessions, or with the review of one: nothing is planned. "
-                  "Possible: plan.");
+                  "Possible: plan, now.");
 }
 
 TEST(ReviewThatFinishes, savesTheReviewAndNeedsNoNextPlan)

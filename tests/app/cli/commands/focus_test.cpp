@@ -44,19 +44,47 @@ TEST(Focus, changesTheSavedPlanWhereOptionsSaySo)
     EXPECT_EQ(planOfTheSession(person), expected);
 }
 
-TEST(Focus, takesMiddlingRatingsWhenNoneAreGiven)
+TEST(Focus, takesANewPlanWithRatings)
 {
     const Person person = personAboutToFocus();
-    EXPECT_EQ(person.types({"focus", "--framing", "As play"}).code, ExitCode::done);
+    EXPECT_EQ(person.types({"focus", "--framing", "As play", "--energy", "2", "--morale", "5"}).code,
+              ExitCode::done);
     SessionPlan expected = SessionPlan::blank(planOfTheSession(person).id);
     expected.nicuFraming = "As play";
+    expected.energy = 2;
+    expected.morale = 5;
     EXPECT_EQ(planOfTheSession(person), expected);
+}
+
+struct Unrated {
+    Words words;
+    const char* missing;
+};
+
+const Unrated unratedPlans[] = {
+    {{"focus", "--framing", "As play"}, "--energy and --morale"},
+    {{"focus", "--morale", "3"}, "--energy"},
+    {{"focus", "--outcome", "A page", "--energy", "3"}, "--morale"},
+};
+
+TEST(Focus, inventsNoRating)
+{
+    const Person person = personAboutToFocus();
+    const auto before = pictureOf(person.directory());
+    for (const Unrated& unrated : unratedPlans) {
+        const Ending ending = person.types(unrated.words);
+        EXPECT_EQ(ending.code, ExitCode::usage);
+        EXPECT_EQ(ending.err,
+                  "The session needs your own rating: say " + std::string(unrated.missing) + ", 1 to 5.\n");
+    }
+    EXPECT_EQ(pictureOf(person.directory()), before);
 }
 
 TEST(Focus, takesAnEmptyTextForAPlan)
 {
     const Person person = personAboutToFocus();
-    EXPECT_EQ(person.types({"focus", "--outcome", ""}).code, ExitCode::done);
+    EXPECT_EQ(person.types({"focus", "--outcome", "", "--energy", "3", "--morale", "3"}).code,
+              ExitCode::done);
     EXPECT_EQ(planOfTheSession(person).intendedOutcome, "");
 }
 

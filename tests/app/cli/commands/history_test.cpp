@@ -103,6 +103,26 @@ TEST(History, acceptsALimitFromOne)
     }
 }
 
+TEST(History, showsAllBlocksThatWereFinishedInASpan)
+{
+    // The blocks are of 16 to 27 November.
+    const TimeZone here("UTC");
+    Person person = personWithHistory();
+    person.now = moment + 12 * 86'400.0;
+    const std::string week = person.types({"history", "last", "week"}).out;
+    EXPECT_TRUE(week.starts_with("Finished 2026-11-16 to 2026-11-22:\n2026-11-22 15:00  ")) << week;
+    EXPECT_EQ(occurrences("Number ", week), 7u);
+    EXPECT_EQ(occurrences("Number ", person.types({"history", "month"}).out), 12u);
+    EXPECT_TRUE(
+        person.types({"history", "30d", "--limit", "5"}).out.ends_with("7 more; --limit 12 shows all\n"));
+    EXPECT_EQ(jsonAt("/0/outcomes/1/title", person.types({"history", "2026-11-20", "--json"}).out),
+              R"("Number 5")");
+    EXPECT_EQ(person.types({"history", "2025-01"}).out,
+              "No block was finished in that time, 2025-01-01 to 2025-01-31.\n");
+    EXPECT_EQ(person.types({"history", "2025-01", "--json"}).out, "[]\n");
+    EXPECT_EQ(person.types({"history", "someday"}).code, ExitCode::usage);
+}
+
 TEST(History, printsTheRecordsOfTheFileAsJson)
 {
     const Person person = personWithHistory();

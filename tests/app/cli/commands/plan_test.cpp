@@ -122,17 +122,20 @@ TEST(Plan, saysWhetherToBeginNowOrLater)
 struct TimeText {
     const char* text;
     double secondsFromMoment;
+    const char* inFull;
 };
 
 // The clock shows 16:00 at the moment, on 15 November.
 constexpr TimeText acceptedTimes[] = {
-    {"+90s", 90},
-    {"+1h", 3600},
-    {"16:30", 1800},
-    {"15:30", 84'600},
-    {"16:00", 0},
-    {"2026-11-16 08:15", 58'500},
-    {"2026-11-16T08:15", 58'500},
+    {"+90s", 90, "Sun 15 Nov 2026, 16:01"},
+    {"in 1h", 3600, "Sun 15 Nov 2026, 17:00"},
+    {"16:30", 1800, "Sun 15 Nov 2026, 16:30"},
+    {"15:30", 84'600, "Mon 16 Nov 2026, 15:30"},
+    {"16:00", 0, "Sun 15 Nov 2026, 16:00"},
+    {"9am", 61'200, "Mon 16 Nov 2026, 09:00"},
+    {"mon 14:00", 79'200, "Mon 16 Nov 2026, 14:00"},
+    {"2026-11-16 08:15", 58'500, "Mon 16 Nov 2026, 08:15"},
+    {"2026-11-16T08:15", 58'500, "Mon 16 Nov 2026, 08:15"},
 };
 
 TEST(Plan, schedulesABlockForALocalTime)
@@ -143,12 +146,28 @@ TEST(Plan, schedulesABlockForALocalTime)
         const Person person;
         const Ending ending = person.types({"plan", "--at", time.text});
         EXPECT_EQ(ending.code, ExitCode::done);
-        EXPECT_EQ(ending.out.substr(0, 24), "The block is scheduled.\n");
+        EXPECT_TRUE(ending.out.starts_with(std::string("Scheduled for ") + time.inFull + ".\n\n"))
+            << ending.out;
         const QuillmereState state = person.state();
         EXPECT_EQ(state.workflowState, WorkflowState::idle);
         ASSERT_TRUE(state.currentBlock);
         EXPECT_EQ(state.currentBlock->plannedStart, moment + time.secondsFromMoment);
     }
+}
+
+TEST(Plan, saysWhatAChangeOfTheClocksMakesOfATime)
+{
+    const TimeZone here("Europe/Berlin");
+    const Person skipped;
+    EXPECT_TRUE(
+        skipped.types({"plan", "--at", "2027-03-28 02:30"})
+            .out.starts_with("Scheduled for Sun 28 Mar 2027, 03:30 (the clocks are set forward that day, and "
+                             "02:30 is left out).\n\n"));
+    const Person doubled;
+    EXPECT_TRUE(doubled.types({"plan", "--at", "2027-10-31 2:30am"})
+                    .out.starts_with(
+                        "Scheduled for Sun 31 Oct 2027, 02:30 (the first of two: the clocks are set back "
+                        "that day).\n\n"));
 }
 
 constexpr const char* refusedTimes[] = {"noon",  "25:00", "2026-02-30 10:00", "2026-11-15", "+", "+0s",
@@ -161,8 +180,11 @@ TEST(Plan, refusesOtherTimes)
         const Person person;
         const Ending ending = person.types({"plan", "--at", time});
         EXPECT_EQ(ending.code, ExitCode::usage);
-        EXPECT_EQ(ending.err, std::string("--at: \"") + time +
-                                  "\" is no local time, such as 14:30, 2026-11-15 09:00 or +1h.\n");
+        EXPECT_EQ(
+            ending.err,
+            std::string("--at: \"") + time +
+                "\" is no local time, such as 14:30, 9am, tomorrow 9:00, mon 14:00, 2026-11-15 09:00 or "
+                "in 20m.\n");
         EXPECT_EQ(person.names(), Words{});
     }
 }
@@ -170,7 +192,8 @@ TEST(Plan, refusesOtherTimes)
 TEST(Plan, saysWhatATimeIsWhenNoneIsGiven)
 {
     EXPECT_EQ(Person().types({"plan", "--at", ""}).err,
-              "--at: Give a local time, such as 14:30, 2026-11-15 09:00 or +1h.\n");
+              "--at: Give a local time, such as 14:30, 9am, tomorrow 9:00, mon 14:00, 2026-11-15 09:00 or in "
+              "20m.\n");
 }
 
 struct TimeElsewhere {
@@ -192,8 +215,11 @@ TEST(Plan, refusesATimeThatNoFileCanName)
         const Person person;
         const Ending ending = person.types({"plan", "--at", time.text});
         EXPECT_EQ(ending.code, ExitCode::usage);
-        EXPECT_EQ(ending.err, "--at: \"" + std::string(time.text) +
-                                  "\" is no local time, such as 14:30, 2026-11-15 09:00 or +1h.\n");
+        EXPECT_EQ(
+            ending.err,
+            "--at: \"" + std::string(time.text) +
+                "\" is no local time, such as 14:30, 9am, tomorrow 9:00, mon 14:00, 2026-11-15 09:00 or "
+                "in 20m.\n");
         EXPECT_EQ(person.names(), Words{});
     }
 }
@@ -260,6 +286,85 @@ TEST(Plan, replacesTheOutcomesWhenSomeAreGiven)
     ASSERT_EQ(block.outcomes.size(), 1u);
     EXPECT_EQ(block.outcomes[0].title, "Chapter three");
     EXPECT_EQ(block.plannedStart, moment + 3600);
+}
+
+Person personWithTwoFinishedBlocks()
+{
+    Person person;
+    QuillmereState state = stateIn(WorkflowState::idle);
+    state.blockHistory = {blockInWork(1, 3), blockInWork(2, 1)};
+    state.blockHistory[1].id = *Identifier::fromText("ABCD0000-0000-4000-8000-000000000001");
+    state.blockHistory[0].plannedStart = moment - 3600;
+    state.blockHistory[0].outcomes[0].title = "The last one";
+    state.blockHistory[1].focusDurationSeconds = 3000.5;
+    person.has(state);
+    return person;
+}
+
+TEST(PlanLike, takesTheWordsAndLengthsOfAFinishedBlock)
+{
+    for (const auto& [name, place] : {std::pair{"last", 0u}, std::pair{"9f1c", 0u}, std::pair{"ABCD", 1u}}) {
+        SCOPED_TRACE(name);
+        const Person person = personWithTwoFinishedBlocks();
+        const Block model = person.state().blockHistory[place];
+        EXPECT_EQ(person.types({"plan", "--like", name, "--start"}).code, ExitCode::done);
+        Block block = *person.state().currentBlock;
+        EXPECT_NE(block.id, model.id);
+        EXPECT_EQ(block.createdAt, moment);
+        EXPECT_EQ(block.plannedStart, std::nullopt);
+        EXPECT_TRUE(block.sessions.empty());
+        EXPECT_EQ(block.completedAt, std::nullopt);
+        ASSERT_EQ(block.outcomes.size(), model.outcomes.size());
+        for (std::size_t index = 0; index < block.outcomes.size(); ++index) {
+            EXPECT_NE(block.outcomes[index].id, model.outcomes[index].id);
+            EXPECT_EQ(block.outcomes[index].title, model.outcomes[index].title);
+        }
+        Block expected = model;
+        expected.id = block.id;
+        expected.createdAt = block.createdAt;
+        expected.plannedStart.reset();
+        expected.sessions.clear();
+        expected.outcomes = block.outcomes;
+        EXPECT_EQ(block, expected);
+    }
+}
+
+TEST(PlanLike, givesWayToOptionsAndTakesATime)
+{
+    const TimeZone here("UTC");
+    const Person person = personWithTwoFinishedBlocks();
+    EXPECT_EQ(
+        person.types({"plan", "--like", "last", "--why", "Another reason", "--focus", "40m", "--at", "+1h"})
+            .code,
+        ExitCode::done);
+    EXPECT_EQ(person.state().currentBlock->whyValue, "Another reason");
+    EXPECT_EQ(person.state().currentBlock->focusDurationSeconds, 2400);
+    EXPECT_EQ(person.state().currentBlock->doneTest, person.state().blockHistory[0].doneTest);
+    EXPECT_EQ(person.state().currentBlock->plannedStart, moment + 3600);
+}
+
+TEST(PlanLike, keepsTheBlockThatIsBeingEdited)
+{
+    const Person person = personWithTwoFinishedBlocks();
+    QuillmereState state = person.state();
+    state.currentBlock = stateWithScheduledBlock().currentBlock;
+    state.workflowState = WorkflowState::blockPlanning;
+    person.has(state);
+    EXPECT_EQ(person.types({"plan", "--like", "last", "--at", "+2h"}).code, ExitCode::done);
+    EXPECT_EQ(person.state().currentBlock->id, state.currentBlock->id);
+    EXPECT_EQ(person.state().currentBlock->createdAt, state.currentBlock->createdAt);
+    EXPECT_EQ(person.state().currentBlock->outcomes[0].title, "The last one");
+}
+
+TEST(PlanLike, saysWhichBlocksThereAre)
+{
+    const Person person = personWithTwoFinishedBlocks();
+    EXPECT_EQ(person.types({"plan", "--like", "FFFF", "--start"}).err,
+              "No block is called \"FFFF\"; see quillmere history.\n");
+    EXPECT_EQ(person.types({"plan", "--like", "9F", "--start"}).code, ExitCode::usage);
+    EXPECT_EQ(person.types({"plan", "--like", "last", "--draft", "--start"}).code, ExitCode::usage);
+    EXPECT_EQ(Person().types({"plan", "--like", "last", "--start"}).err, "No block is finished yet.\n");
+    EXPECT_EQ(person.state().workflowState, WorkflowState::idle);
 }
 
 }  // namespace

@@ -90,10 +90,9 @@ TEST(Questions, areNumberedAsTheyAreAnswered)
               "1.  Question 1  (2026-11-15 15:00)\n"
               "2.  Question 3  (2026-11-15 15:00)\n");
     EXPECT_EQ(person.types({"questions", "--all"}).out,
-              "1.  Question 1  (2026-11-15 15:00)\n"
-              "    Question 2  (2026-11-15 15:00)\n"
-              "   = Done\n"
-              "2.  Question 3  (2026-11-15 15:00)\n");
+              "1.  " + identifier(1).text() + "  Question 1  (2026-11-15 15:00)\n" + "    " +
+                  identifier(2).text() + "  Question 2  (2026-11-15 15:00)\n" + "   = Done\n" + "2.  " +
+                  identifier(3).text() + "  Question 3  (2026-11-15 15:00)\n");
 }
 
 TEST(Questions, areListedForProgramsAsTheFilesHaveThem)
@@ -133,8 +132,75 @@ TEST(Answer, goesToTheQuestionOfThatIdentifierInEitherCase)
     QuillmereState state = person.state();
     state.agentQuestions[0].id = mixed;
     person.has(state);
-    EXPECT_EQ(person.types({"answer", "aBcDeF01-0000-4000-8000-00000000000A", ""}).code, ExitCode::done);
-    EXPECT_EQ(person.state().agentQuestions[0].answer, "");
+    EXPECT_EQ(person.types({"answer", "aBcDeF01-0000-4000-8000-00000000000A", "Now"}).code, ExitCode::done);
+    EXPECT_EQ(person.state().agentQuestions[0].answer, "Now");
+}
+
+TEST(Answer, isGivenAgainByTheNameThatTheListPrints)
+{
+    const Person person = personWithQuestions();
+    QuillmereState state = person.state();
+    state.agentQuestions[0].id = *Identifier::fromText("12340000-0000-4000-8000-00000000000A");
+    state.agentQuestions[1].id = *Identifier::fromText("ABCD0000-0000-4000-8000-00000000000A");
+    state.agentQuestions[2].id = *Identifier::fromText("ABC10000-0000-4000-8000-00000000000A");
+    person.has(state);
+    const std::string list = person.types({"questions", "--all"}).out;
+    EXPECT_NE(list.find("    ABCD  Question 2"), std::string::npos) << list;
+    EXPECT_EQ(person.types({"answer", "abcd", "Another"}).code, ExitCode::done);
+    EXPECT_EQ(person.state().agentQuestions[1].answer, "Another");
+    // A name of digits only is no number.
+    EXPECT_EQ(person.types({"answer", "1234", "First"}).code, ExitCode::done);
+    EXPECT_EQ(person.state().agentQuestions[0].answer, "First");
+}
+
+TEST(Answer, needsANameThatOneQuestionHas)
+{
+    const Person person = personWithQuestions();
+    const Ending ending = person.types({"answer", identifier(1).text().substr(0, 4), "Yes"});
+    EXPECT_EQ(ending.code, ExitCode::usage);
+    EXPECT_EQ(ending.err, "Several questions begin with \"" + identifier(1).text().substr(0, 4) +
+                              "\": " + identifier(1).text() + ", " + identifier(2).text() + ", " +
+                              identifier(3).text() + ". Name one of them.\n");
+}
+
+TEST(Answer, isRefusedWhenItIsBlank)
+{
+    const Person person = personWithQuestions();
+    const auto before = pictureOf(person.directory());
+    for (const Words& words : {Words{"answer", "1"}, Words{"answer", "1", ""}, Words{"answer", "1", " \n"}}) {
+        const Ending ending = person.types(words);
+        EXPECT_EQ(ending.code, ExitCode::usage);
+        EXPECT_EQ(ending.err,
+                  "An answer needs a text. quillmere answer QUESTION --dismiss closes a question without "
+                  "one.\n");
+    }
+    EXPECT_EQ(pictureOf(person.directory()), before);
+}
+
+TEST(Answer, closesAQuestionWithoutOne)
+{
+    const Person person = personWithQuestions();
+    EXPECT_TRUE(person.types({"answer", "1", "--dismiss"})
+                    .out.starts_with("The question is closed without an answer.\n"));
+    EXPECT_EQ(person.state().agentQuestions[0].answer, "(closed without an answer)");
+    EXPECT_FALSE(person.state().agentQuestions[0].isOpen());
+    EXPECT_EQ(person.types({"answer", "2", "Yes", "--dismiss"}).code, ExitCode::usage);
+}
+
+TEST(Answer, isAskedForOnATerminal)
+{
+    Person person = personWithQuestions();
+    person.isAsked = true;
+    person.answers = "\nYes, at night\n";
+    const Ending ending = person.types({"answer", "1"});
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_EQ(ending.err,
+              "Question 1\nThe answer An answer needs a text. quillmere answer QUESTION --dismiss closes a "
+              "question without one.\nThe answer ");
+    EXPECT_EQ(person.state().agentQuestions[0].answer, "Yes, at night");
+    person.answers = "\n";
+    EXPECT_EQ(person.types({"answer", identifier(2).text()}).err, "Question 2\nThe answer [Done] ");
+    EXPECT_EQ(person.state().agentQuestions[1].answer, "Done");
 }
 
 TEST(Answer, isRefusedForAnIdentifierThatNobodyHas)
@@ -156,7 +222,7 @@ TEST(Answer, isRefusedForANumberThatIsNotOnTheList)
         const Ending ending = person.types({"answer", name, "Yes"});
         EXPECT_EQ(ending.code, ExitCode::usage);
         EXPECT_EQ(ending.err,
-                  "No open question is called " + std::string(name) + "; see quillmere questions.\n");
+                  "No question is called \"" + std::string(name) + "\"; see quillmere questions --all.\n");
     }
     EXPECT_EQ(person.types({"answer", "1"}).code, ExitCode::usage);
     EXPECT_EQ(pictureOf(person.directory()), before);

@@ -169,11 +169,21 @@ TEST(Report, refusesInvalidDays)
     const TimeZone here("UTC");
     const Person person;
     for (const Refusal& each : {
-             Refusal{{"report", "--since", "soon"},
-                     "--since: is not a day such as 2026-11-15, today or 30d: soon\n"},
-             Refusal{{"report", "--until", "2026-02-30"},
-                     "--until: is not a day such as 2026-11-15, today or 30d: 2026-02-30\n"},
-             Refusal{{"report", "--since", "today", "--until", "1d"}, "--since: is later than --until\n"},
+             Refusal{
+                 {"report", "last", "year"},
+                 "\"last year\" is no day or span, such as today, yesterday, monday, week, last week, month, "
+                 "7d, 2026-10 or 2026-10-05.\n"},
+             Refusal{
+                 {"report", "--since", "soon"},
+                 "--since: \"soon\" is no day or span, such as today, yesterday, monday, week, last week, "
+                 "month, 7d, 2026-10 or 2026-10-05.\n"},
+             Refusal{
+                 {"report", "--until", "2026-02-30"},
+                 "--until: \"2026-02-30\" is no day or span, such as today, yesterday, monday, week, last "
+                 "week, month, 7d, 2026-10 or 2026-10-05.\n"},
+             Refusal{{"report", "--since", "today", "--until", "yesterday"},
+                     "--since: is later than --until\n"},
+             Refusal{{"report", "week", "--since", "today"}, "span excludes --since (quillmere --help)\n"},
              Refusal{{"report", "--html="}, "--html: is empty (quillmere --help)\n"},
          }) {
         const Ending ending = person.types(each.words);
@@ -183,6 +193,44 @@ TEST(Report, refusesInvalidDays)
     }
 }
 
+struct ReportedSpan {
+    Words words;
+    const char* range;
+};
+
+TEST(Report, looksBackOnASpanAndSaysWhichDaysItHas)
+{
+    const TimeZone here("UTC");
+    const Person person = personWithAYear();
+    for (const ReportedSpan& each : {
+             ReportedSpan{{"week"}, "2026-11-09 to 2026-11-15"},
+             ReportedSpan{{"last", "week"}, "2026-11-02 to 2026-11-08"},
+             ReportedSpan{{"Last week"}, "2026-11-02 to 2026-11-08"},
+             ReportedSpan{{"7d"}, "2026-11-09 to 2026-11-15"},
+             ReportedSpan{{"2026-10"}, "2026-10-01 to 2026-10-31"},
+             ReportedSpan{{"2026-10-05"}, "2026-10-05"},
+             ReportedSpan{{"--since", "monday"}, "2026-11-09 to 2026-11-15"},
+             ReportedSpan{{"--since", "last month", "--until", "last week"}, "2026-10-01 to 2026-11-08"},
+             ReportedSpan{{"--until", "2026-10"}, "up to 2026-10-31"},
+         }) {
+        Words words = {"report"};
+        words.insert(words.end(), each.words.begin(), each.words.end());
+        const std::string heading = std::string("Look back  ") + each.range + "\n";
+        EXPECT_EQ(person.types(words).out.substr(0, heading.size()), heading);
+    }
+    EXPECT_EQ(person.types({"report", "2024-02"}).out,
+              "No focus session has ended in that time, 2024-02-01 to 2024-02-29.\n");
+}
+
+TEST(Report, namesTheDaysOfAnExportedSpan)
+{
+    const TimeZone here("UTC");
+    const TemporaryDirectory place;
+    const std::string file = (place.path() / "a").string();
+    EXPECT_EQ(personWithAYear().types({"report", "last", "week", "--csv", file}).out,
+              "The table of 2026-11-02 to 2026-11-08 is in " + file + ".\n");
+}
+
 TEST(Report, takesDaysOfTheLocalTimeZone)
 {
     // There it is already the 16th.
@@ -190,7 +238,7 @@ TEST(Report, takesDaysOfTheLocalTimeZone)
     const Person person;
     person.has(stateWith({session(moment, 60)}));
     EXPECT_EQ(jsonAt("/total/sessions", person.types({"report", "--json", "--since", "today"}).out), "1");
-    EXPECT_EQ(jsonAt("/total/sessions", person.types({"report", "--json", "--until", "1d"}).out), "0");
+    EXPECT_EQ(jsonAt("/total/sessions", person.types({"report", "--json", "--until", "yesterday"}).out), "0");
     EXPECT_EQ(jsonAt("/days/0/day", person.types({"report", "--json"}).out), "\"2026-11-16\"");
 }
 

@@ -11,10 +11,10 @@ struct Shown {
 
 // Ten minutes after the start of the session or break.
 constexpr Shown shownStates[] = {
-    {WorkflowState::idle, "Idle  No active block\nNext: plan\n"},
+    {WorkflowState::idle, "Idle  No active block\nNext: plan, now\n"},
     {WorkflowState::blockPlanning, "Planning  Plan the next session\nNext: plan, cancel\n"},
     {WorkflowState::sessionPlanning,
-     "Planning  Plan the next session\nOutcome: Chapter one\nNext: focus, cancel, change\n"},
+     "Planning  Plan the next session\nOutcome: Chapter one\nNext: focus, now, cancel, change\n"},
     {WorkflowState::focusing,
      "Focus  Session 1 of 3\n15:00  [##########..............]\n"
      "Outcome: Outcome of session 1\nFirst action: First action 1\nNext: pause, end, change, extend, end "
@@ -84,8 +84,10 @@ TEST(Status, offersOnlyWhatIsNotRefused)
     // The options that each command needs.
     const std::map<std::string, Words> needs = {
         {"plan", {"--start"}},
-        {"focus", {"--outcome", "More"}},
-        {"review", {"--completion", "yes", "--next-outcome", "More"}},
+        {"now", {"More", "--energy", "4", "--morale", "3"}},
+        {"focus", {"--outcome", "More", "--energy", "4", "--morale", "3"}},
+        {"review",
+         {"--completion", "yes", "--next-outcome", "More", "--next-energy", "4", "--next-morale", "3"}},
         {"break extend", {"5m"}},
         {"edit", {"--why", "Another reason"}},
         {"cancel", {"--yes"}},
@@ -107,9 +109,10 @@ TEST(Status, offersOnlyWhatIsNotRefused)
         person.has(state);
         const std::string next = jsonAt("/next", person.types({"status", "--json"}).out);
         std::size_t count = 0;
-        for (const char* command : {"plan", "start", "edit", "cancel", "focus", "pause", "resume", "end",
-                                    "review", "break end", "break extend", "reflect", "change", "extend",
-                                    "end --at", "away", "review --finish", "finish", "reset"}) {
+        for (const char* command : {"plan",      "now",          "start",           "edit",   "cancel",
+                                    "focus",     "pause",        "resume",          "end",    "review",
+                                    "break end", "break extend", "reflect",         "change", "extend",
+                                    "end --at",  "away",         "review --finish", "finish", "reset"}) {
             const std::string words = command;
             const std::size_t space = words.find(' ');
             Words arguments = space == std::string::npos
@@ -158,16 +161,16 @@ TEST(Status, countsTheQuestionsThatWait)
     const Person person;
     person.types({"ask", "First?"});
     EXPECT_EQ(person.types({"status"}).out,
-              "Idle  No active block\nA question waits (quillmere questions)\nNext: plan\n");
+              "Idle  No active block\nA question waits (quillmere questions)\nNext: plan, now\n");
     person.types({"ask", "Second?"});
     EXPECT_EQ(person.types({"status"}).out,
-              "Idle  No active block\n2 questions wait (quillmere questions)\nNext: plan\n");
+              "Idle  No active block\n2 questions wait (quillmere questions)\nNext: plan, now\n");
 }
 
 TEST(Status, ofANewPersonIsIdle)
 {
     const Person person;
-    EXPECT_EQ(person.types({"status"}).out, "Idle  No active block\nNext: plan\n");
+    EXPECT_EQ(person.types({"status"}).out, "Idle  No active block\nNext: plan, now\n");
     EXPECT_EQ(person.names(), Words{});
 }
 

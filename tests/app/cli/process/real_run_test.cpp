@@ -24,7 +24,7 @@ TEST(RealProgram, endsWith0WhenDone)
     EXPECT_EQ(ending.code, 0);
     EXPECT_EQ(ending.out,
               "The block has begun.\n\nPlanning  Plan the next session\nOutcome: Chapter\nNext: focus, "
-              "cancel, change\n");
+              "now, cancel, change\n");
     EXPECT_EQ(ending.err, "");
     EXPECT_EQ(person.state().workflowState, WorkflowState::sessionPlanning);
 }

@@ -156,7 +156,7 @@ TEST(TerminalReport, saysThatThereIsNothing)
     EXPECT_EQ(terminalReport(
                   statistics(state, {.since = day("2026-11-01"), .until = std::nullopt}, day("2026-11-15")),
                   plainPage(80)),
-              "No focus session has ended in that time.\n");
+              "No focus session has ended in that time, 2026-11-01 to 2026-11-15.\n");
 }
 
 TEST(TerminalReport, countsSessionsWithoutAKnownTime)

@@ -68,13 +68,26 @@ TEST_F(KeyReaderOfBytes, dropsC1ControlsAndNul)
 
 TEST_F(KeyReaderOfBytes, dropsUnknownSequencesAsAWhole)
 {
-    comes("a\x1B[1;5Db\x1BOPc\x1B[?1;2c\x1B[24~d");
+    comes("a\x1B[1;9Db\x1BOPc\x1B[?1;2c\x1B[24~d");
     EXPECT_EQ(keys(), "abcd");
     comes("\x1B[1;");
-    comes("5De");
+    comes("9De");
     EXPECT_EQ(keys(), "e");
     comes("\x1B[1\rf\x1B[\xC3\xA9");
     EXPECT_EQ(keys(), name(Key::Kind::enter) + "f\u00E9");
+}
+
+TEST_F(KeyReaderOfBytes, readsTheSequencesOfCursorKeys)
+{
+    comes("\x1B[D\x1BOD\x1B[C\x1B[A\x1BOB");
+    EXPECT_EQ(keys(), name(Key::Kind::left) + name(Key::Kind::left) + name(Key::Kind::right) +
+                          name(Key::Kind::up) + name(Key::Kind::down));
+    comes("\x1B[H\x1B[1~\x1BOF\x1B[4~\x1B[3~");
+    EXPECT_EQ(keys(), name(Key::Kind::home) + name(Key::Kind::home) + name(Key::Kind::end) +
+                          name(Key::Kind::end) + name(Key::Kind::remove));
+    comes("a\x1B[1;");
+    comes("5D\x1B[1;3Cb");
+    EXPECT_EQ(keys(), "a" + name(Key::Kind::wordLeft) + name(Key::Kind::wordRight) + "b");
 }
 
 TEST_F(KeyReaderOfBytes, recognisesThePressedEscapeKey)

@@ -94,6 +94,11 @@ TEST(Answers, areCompletionsInUpperOrLowerCase)
 {
     EXPECT_EQ(completionFrom({"completion", "YES"}), CompletionResult::yes);
     EXPECT_EQ(completionFrom({"completion", "half"}), CompletionResult::half);
+    EXPECT_EQ(completionFrom({"completion", "N"}), CompletionResult::no);
+    EXPECT_EQ(refusalOf([] {
+                  completionFrom({"completion", "ye"});
+              }),
+              "completion: Say whether it was completed: yes, half or no.");
     EXPECT_EQ(refusalOf([] {
                   completionFrom({"completion", "maybe"});
               }),
@@ -104,10 +109,12 @@ TEST(Answers, areLocalTimes)
 {
     const TimeZone utc("UTC");
     EXPECT_EQ(startFrom({"at", "+1h"}, moment), moment + 3600);
-    EXPECT_EQ(refusalOf([] {
-                  startFrom({"at", "noon"}, moment);
-              }),
-              "at: \"noon\" is no local time, such as 14:30, 2026-11-15 09:00 or +1h.");
+    EXPECT_EQ(
+        refusalOf([] {
+            startFrom({"at", "noon"}, moment);
+        }),
+        "at: \"noon\" is no local time, such as 14:30, 9am, tomorrow 9:00, mon 14:00, 2026-11-15 09:00 or "
+        "in 20m.");
     EXPECT_EQ(refusalOf([] { requireToCome("at", moment, moment); }), "accepted");
     EXPECT_EQ(refusalOf([] { requireToCome("at", moment - 60, moment); }),
               "at: The time to begin, 2026-11-15 14:59, has passed; name a later time, or begin now.");
@@ -117,6 +124,27 @@ TEST(Answers, areNoBlankQuestions)
 {
     EXPECT_EQ(refusalOf([] { requireQuestion("question", "Why?"); }), "accepted");
     EXPECT_EQ(refusalOf([] { requireQuestion("question", " \n\t"); }), "question: A question needs a text.");
+}
+
+TEST(Answers, areNoBlankAnswersToQuestions)
+{
+    EXPECT_EQ(refusalOf([] { requireAnswer("answer", "No."); }), "accepted");
+    EXPECT_EQ(refusalOf([] { requireAnswer("answer", " \n\t"); }),
+              "answer: An answer needs a text. quillmere answer QUESTION --dismiss closes a question without "
+              "one.");
+}
+
+TEST(Answers, areYesAndNoInUpperOrLowerCase)
+{
+    for (const char* word : {"y", "Y", "yes", "Yes", "YES"}) {
+        EXPECT_TRUE(agreementFrom({"", word})) << word;
+    }
+    for (const char* word : {"n", "N", "no", "No", "NO"}) {
+        EXPECT_FALSE(agreementFrom({"", word})) << word;
+    }
+    for (const char* word : {"", "ye", "yes ", "ja", "nope"}) {
+        EXPECT_EQ(refusalOf([&] { agreementFrom({"", word}); }), ": Say yes or no.") << word;
+    }
 }
 
 TEST(Outcomes, keepTheIdentifiersOfTheirItems)

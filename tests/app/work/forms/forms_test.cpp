@@ -111,6 +111,22 @@ TEST(ReviewForm, asksForNoPlanAfterTheLastSession)
     EXPECT_EQ(state.workflowState, WorkflowState::blockReview);
 }
 
+TEST(ReviewForm, ofAnOnlySessionHasTheReflectionAndFinishesTheBlock)
+{
+    QuillmereState state = stateIn(WorkflowState::sessionReview);
+    state.currentBlock->cycleCount = 1;
+    Form form = formOf(state);
+    EXPECT_EQ(form.field("output").heading, "The block");
+    EXPECT_EQ(moveOf(form, state), Move(Step::completeBlockReview));
+    fill(form, "lessons", "Close the door");
+    EXPECT_THROW(carryOut(form, state, moment), Unacceptable);
+    fill(form, "completion", "Half");
+    carryOut(form, state, moment);
+    EXPECT_EQ(state.workflowState, WorkflowState::idle);
+    EXPECT_EQ(state.blockHistory.front().sessions[0].review->completion, CompletionResult::half);
+    EXPECT_EQ(state.blockHistory.front().reflection->lessons, "Close the door");
+}
+
 TEST(ReflectionForm, finishesTheBlock)
 {
     QuillmereState state = stateIn(WorkflowState::blockReview);
@@ -118,6 +134,47 @@ TEST(ReflectionForm, finishesTheBlock)
     fill(form, "lessons", "Close\nthe door");
     carryOut(form, state, moment);
     EXPECT_EQ(state.blockHistory.front().reflection->lessons, "Close\nthe door");
+}
+
+struct TimesInAForm {
+    FormKind kind;
+    WorkflowState workflowState;
+    const char* field;
+    const char* text;
+    const char* inFull;
+};
+
+// At 15:00 on Sunday, 15 November 2026.
+constexpr TimesInAForm timesInForms[] = {
+    {FormKind::earlierEnd, WorkflowState::focusing, "at", "2:30pm",
+     "The focus session ended on Sun 15 Nov 2026, 14:30."},
+    {FormKind::away, WorkflowState::focusing, "from", "14:30",
+     "A pause from Sun 15 Nov 2026, 14:30 to Sun 15 Nov 2026, 15:00."},
+    {FormKind::correction, WorkflowState::breaking, "ended-at", "", ""},
+    {FormKind::length, WorkflowState::focusing, "by", "5m", ""},
+    {FormKind::anotherStart, WorkflowState::blockPlanning, "at", "mon 9am",
+     "Scheduled for Mon 16 Nov 2026, 09:00."},
+};
+
+TEST(Forms, sayInFullHowTheirTimesAreUnderstood)
+{
+    const TimeZone here("UTC");
+    for (const TimesInAForm& times : timesInForms) {
+        const QuillmereState state = stateIn(times.workflowState);
+        Form form = formFor(subjectOf(times.kind, state), state, moment);
+        fill(form, times.field, times.text);
+        EXPECT_EQ(timesInFull(form, state, moment), times.inFull);
+    }
+    Form block = formOf(stateIn(WorkflowState::blockPlanning));
+    EXPECT_EQ(timesInFull(block, stateIn(WorkflowState::blockPlanning), moment), "");
+    fill(block, "at", "tomorrow 9:00");
+    EXPECT_EQ(timesInFull(block, stateIn(WorkflowState::blockPlanning), moment),
+              "Scheduled for Mon 16 Nov 2026, 09:00.");
+    const QuillmereState breaking = stateIn(WorkflowState::breaking);
+    Form correction = formFor(subjectOf(FormKind::correction, breaking), breaking, moment);
+    fill(correction, "ended-at", "14:50");
+    EXPECT_TRUE(timesInFull(correction, breaking, moment)
+                    .starts_with("The record is corrected. The focus session ended on "));
 }
 
 TEST(QuestionForms, answerAndAsk)

@@ -1,4 +1,4 @@
-#include "screen/terminal_window.hpp"
+#include "terminal_window.hpp"
 
 #include <sstream>
 

@@ -1,0 +1,129 @@
+// Starts a focus session at once.
+#include "base/text/blank.hpp"
+#include "cli/commands.hpp"
+#include "cli/exit_code.hpp"
+#include "cli/prompt.hpp"
+#include "cli/text_options.hpp"
+#include "work/done_text.hpp"
+#include "work/fields/answers.hpp"
+#include "work/fields/unacceptable.hpp"
+#include "work/next_plan.hpp"
+#include "work/session_at_once.hpp"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <utility>
+
+namespace quillmere::cli {
+namespace {
+
+/// Energy and morale, the last two of a plan.
+constexpr auto ratingFields = std::span(work::planFields).last<2>();
+
+struct NowCommand {
+    std::string outcome;
+    std::optional<std::string> length;
+    RecordOptions<SessionPlan> ratings{ratingFields};
+};
+
+void requireRating(const work::Prompt& prompt, const std::string& text)
+{
+    const std::string name(prompt.name);
+    const std::int64_t rating = work::numberFrom({name, text}, prompt.limits);
+    if (rating < prompt.limits.least || rating > prompt.limits.most) {
+        throw work::Unacceptable(name, "Give a number from " + std::to_string(prompt.limits.least) + " to " +
+                                           std::to_string(prompt.limits.most) + ".");
+    }
+}
+
+bool lacks(const work::RecordField<SessionPlan>& field, const NowCommand& command)
+{
+    return !command.ratings.given(field.prompt.name);
+}
+
+void askForRatings(NowCommand& command, base::Environment& environment)
+{
+    for (const work::RecordField<SessionPlan>& field : ratingFields) {
+        const work::Prompt& prompt = field.prompt;
+        if (lacks(field, command)) {
+            const std::string question =
+                std::string(prompt.question) + " (" + std::string(prompt.format) + ")";
+            command.ratings.give(prompt.name,
+                                 askUntil(environment, {.text = question},
+                                          [&](const std::string& text) { requireRating(prompt, text); }));
+        }
+    }
+}
+
+/// A plan that is saved has ratings, which count.
+void requireRatings(const NowCommand& command, bool isPlanSaved)
+{
+    std::string missing;
+    for (const work::RecordField<SessionPlan>& field : ratingFields) {
+        if (lacks(field, command) && !isPlanSaved) {
+            missing += (missing.empty() ? "--" : " and --") + std::string(field.prompt.name);
+        }
+    }
+    if (!missing.empty()) {
+        throw ProgramError(ExitCode::usage, "Say " + missing + " (1 to 5).");
+    }
+}
+
+void startNow(const NowCommand& command, QuillmereState& state, Instant now)
+{
+    SessionPlan plan = work::nextPlan(state);
+    plan.intendedOutcome = command.outcome;
+    command.ratings.applyTo(plan, now);
+    work::startAtOnce(
+        state, std::move(plan),
+        command.length ? std::optional(work::durationFrom({"for", *command.length})) : std::nullopt, now);
+}
+
+/// Refusals of the engine come before ratings that are missing.
+workspace::Operation checkedStart(const NowCommand& command)
+{
+    return namingOptions([&](QuillmereState& state, Instant now) {
+        const bool isPlanSaved = state.plannedNextSession.has_value();
+        startNow(command, state, now);
+        requireRatings(command, isPlanSaved);
+    });
+}
+
+void startSession(NowCommand& command, Program& program)
+{
+    base::Environment& environment = program.environment();
+    const auto dryRun =
+        namingOptions([&](QuillmereState& state, Instant now) { startNow(command, state, now); });
+    if (environment.inputIsTerminal && program.wouldAccept(dryRun) &&
+        !program.workspace().look().state.plannedNextSession) {
+        askForRatings(command, environment);
+    }
+    program.change(work::done::focusStarted, checkedStart(command));
+}
+
+CLI::Validator namedOutcome()
+{
+    return {[](std::string& text) { return std::string(base::isBlank(text) ? "is empty" : ""); }, ""};
+}
+
+}  // namespace
+
+void addNow(CLI::App& line, Program& program)
+{
+    const auto command = std::make_shared<NowCommand>();
+    CLI::App* const app = addCommand(line, program, "now",
+                                     "Start a session at once: the next one, or one with a block of its own",
+                                     [command, &program] { startSession(*command, program); });
+    app->add_option("outcome", command->outcome, std::string(work::planFields.front().prompt.question))
+        ->required()
+        ->check(wellFormedText())
+        ->check(namedOutcome());
+    app->add_option("--for", command->length, "How long is it? 25m (usual), 1h30m")->check(wellFormedText());
+    command->ratings.addTo(*app);
+}
+
+}  // namespace quillmere::cli

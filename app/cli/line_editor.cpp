@@ -1,0 +1,287 @@
+#include "cli/line_editor.hpp"
+
+#include "base/system/held_signals.hpp"
+#include "base/system/wait.hpp"
+#include "cli/edited_keys.hpp"
+#include "cli/utf8_locale.hpp"
+#include "screen/keys/key_reader.hpp"
+#include "screen/terminal/restore_terminal.hpp"
+
+#include <fcntl.h>
+#include <histedit.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <string_view>
+#include <system_error>
+
+namespace quillmere::cli {
+namespace {
+
+using Stream = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+
+/// A stream of its own on the terminal: closing it leaves the descriptor open.
+Stream streamOn(int descriptor, const char* mode)
+{
+    const int copy = ::fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
+    std::FILE* const file = copy == -1 ? nullptr : ::fdopen(copy, mode);
+    if (!file) {
+        throw std::system_error(errno, std::generic_category(), "fdopen");
+    }
+    return {file, std::fclose};
+}
+
+/// Gives the terminal its modes back at the end. What is typed ahead stays.
+class KeptModes {
+public:
+    explicit KeptModes(int terminal) : terminal_(terminal) { isKept_ = ::tcgetattr(terminal, &modes_) == 0; }
+    KeptModes(const KeptModes&) = delete;
+    KeptModes& operator=(const KeptModes&) = delete;
+    ~KeptModes()
+    {
+        if (isKept_) {
+            ::tcsetattr(terminal_, TCSADRAIN, &modes_);
+        }
+    }
+
+    /// The signal that the terminal would send for a key; 0 for none.
+    int signalOf(const screen::Key& key) const
+    {
+        if (key.kind != screen::Key::Kind::control) {
+            return 0;
+        }
+        const auto byte = static_cast<cc_t>(key.text[0] - 'a' + 1);
+        return byte == modes_.c_cc[VINTR] ? SIGINT : byte == modes_.c_cc[VSUSP] ? SIGTSTP : 0;
+    }
+
+private:
+    int terminal_;
+    bool isKept_;
+    termios modes_{};
+};
+
+using EditorHandle = std::unique_ptr<EditLine, void (*)(EditLine*)>;
+
+/// Otherwise el_end would set the modes of the terminal so that what is typed ahead gets lost.
+void endLine(EditLine* line)
+{
+    ::el_wset(line, EL_EDITMODE, 0);
+    ::el_end(line);
+}
+
+EditorHandle lineOn(std::FILE* input, std::FILE* output, std::FILE* messages)
+{
+    EditorHandle line(::el_init("quillmere", input, output, messages), endLine);
+    if (!line) {
+        throw std::system_error(ENOMEM, std::generic_category(), "el_init");
+    }
+    return line;
+}
+
+using EarlierLines = std::unique_ptr<HistoryW, void (*)(HistoryW*)>;
+
+EarlierLines historyOf(const LineRequest& request)
+{
+    EarlierLines history(::history_winit(), ::history_wend);
+    HistEventW event{};
+    ::history_w(history.get(), &event, H_SETSIZE, static_cast<int>(request.earlier.size()));
+    for (auto line = request.earlier.rbegin(); line != request.earlier.rend(); ++line) {
+        ::history_w(history.get(), &event, H_ENTER, wideText(*line).c_str());
+    }
+    return history;
+}
+
+/// A line that is edited by libedit. It gets its characters from here, one by one: keys that the terminal
+/// sends as sequences arrive there as single control characters, and no others that could get into the line.
+class EditedLine {
+public:
+    explicit EditedLine(const LineRequest& request)
+        : request_(request), prompt_(wideText(request.prompt)), history_(historyOf(request))
+    {
+        ::el_wset(line_.get(), EL_CLIENTDATA, this);
+        ::el_wset(line_.get(), EL_PROMPT, prompt);
+        ::el_wset(line_.get(), EL_GETCFN, nextCharacter);
+        ::el_wset(line_.get(), EL_HIST, ::history_w, history_.get());
+        // The keys of signals too: a paste that has one must not end the program.
+        ::el_wset(line_.get(), EL_SETTY, L"-d", L"-isig", nullptr);
+        bindKeys(line_.get());
+    }
+
+    std::optional<std::string> read()
+    {
+        print(screen::markPastes);
+        int count = 0;
+        const wchar_t* const text = ::el_wgets(line_.get(), &count);
+        print(screen::markNoPastes);
+        return text ? std::optional(withoutLineEnd(utf8Text(text))) : std::nullopt;
+    }
+
+    /// The signal that ended the editing; 0 for none.
+    int ending() const { return ending_; }
+
+private:
+    static EditedLine& of(EditLine* line)
+    {
+        void* self = nullptr;
+        ::el_wget(line, EL_CLIENTDATA, &self);
+        return *static_cast<EditedLine*>(self);
+    }
+    static wchar_t* prompt(EditLine* line) { return of(line).prompt_.data(); }
+    static int nextCharacter(EditLine* line, wchar_t* character) noexcept
+    {
+        EditedLine& edited = of(line);
+        try {
+            while (edited.characters_.empty()) {
+                if (!edited.receive()) {
+                    return 0;
+                }
+            }
+        } catch (const std::system_error&) {
+            return -1;  // as when the terminal is gone
+        }
+        *character = edited.characters_.front();
+        edited.characters_.erase(0, 1);
+        return 1;
+    }
+
+    static std::string withoutLineEnd(std::string text)
+    {
+        if (text.ends_with('\n')) {
+            text.pop_back();
+        }
+        return text;
+    }
+
+    void print(std::string_view sequence)
+    {
+        std::fwrite(sequence.data(), 1, sequence.size(), output_.get());
+        std::fflush(output_.get());
+    }
+
+    /// Waits for a byte or a signal. Returns whether there may be more.
+    bool receive()
+    {
+        // A sequence follows its escape byte at once; the Escape key sends nothing more.
+        constexpr std::chrono::milliseconds pauseOfEscape{50};
+        std::array<base::PollSource, 2> sources{{{request_.input}, {signals_.descriptor()}}};
+        const bool isReady = base::waitFor(
+            sources, isAfterEscape_ ? std::optional<std::chrono::nanoseconds>(pauseOfEscape) : std::nullopt);
+        takeSignals();
+        if (ending_ != 0) {
+            return false;
+        }
+        if (!isReady && isAfterEscape_) {
+            isAfterEscape_ = false;
+            reader_.pause();
+        }
+        const bool isOpen = !sources[0].isReady() || readByte();
+        while (const std::optional<screen::Key> key = reader_.key()) {
+            if (const int signal = modes_.signalOf(*key)) {
+                ::kill(0, signal);  // as the terminal does, to the whole job
+            }
+            characters_ += charactersOf(*key, request_.takesLines);
+        }
+        return isOpen;
+    }
+
+    /// One byte only: what follows the line is for the next prompt.
+    bool readByte()
+    {
+        unsigned char byte = 0;
+        const ssize_t count = ::read(request_.input, &byte, 1);
+        if (count == 1) {
+            isAfterEscape_ = byte == 0x1B;
+            reader_.take(byte);
+        }
+        return count == 1 || (count == -1 && errno == EINTR);
+    }
+
+    void takeSignals()
+    {
+        for (const int signal : signals_.take()) {
+            if (signal == SIGWINCH) {
+                ::el_resize(line_.get());
+                characters_ += redraw;
+            } else if (signal == SIGTSTP) {
+                stop();
+            } else if (signal == SIGCONT) {
+                takeTerminalBack();
+                characters_ += redraw;
+            } else {
+                ending_ = signal;
+            }
+        }
+    }
+
+    void stop()
+    {
+        ::el_wset(line_.get(), EL_PREP_TERM, 0);
+        print(screen::markNoPastes);
+        print("\n");
+        base::haveUsualEffect(SIGTSTP);
+        signals_.take();  // SIGCONT
+        takeTerminalBack();
+        // The cursor stands at the beginning of another row.
+        ::el_wset(line_.get(), EL_REFRESH);
+    }
+
+    /// After a stop, in which the shell has changed the modes of the terminal. libedit sets them only where
+    /// it believes that they are different.
+    void takeTerminalBack()
+    {
+        ::el_wset(line_.get(), EL_PREP_TERM, 0);
+        ::el_wset(line_.get(), EL_PREP_TERM, 1);
+        print(screen::markPastes);
+        ::el_resize(line_.get());
+    }
+
+    const LineRequest& request_;
+    const Utf8Locale locale_;  // before all that converts texts or measures them
+    std::wstring prompt_;
+    EarlierLines history_;
+    Stream input_ = streamOn(request_.input, "r");
+    Stream output_ = streamOn(request_.output, "w");
+    // libedit reports unknown types of terminals to it.
+    Stream nothing_{std::fopen("/dev/null", "we"), std::fclose};
+    const base::HeldSignals signals_{SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGTSTP, SIGCONT, SIGWINCH};
+    const KeptModes modes_{request_.input};
+    EditorHandle line_ = lineOn(input_.get(), output_.get(), nothing_.get());
+    screen::KeyReader reader_{screen::Charset::unicode};
+    std::wstring characters_;  ///< decoded and not yet read
+    bool isAfterEscape_ = false;
+    int ending_ = 0;
+};
+
+}  // namespace
+
+bool canEditLines(int input, int output)
+{
+    const char* const type = std::getenv("TERM");
+    return type && *type && type != std::string_view("dumb") && ::isatty(input) == 1 &&
+           ::isatty(output) == 1 && Utf8Locale::isAvailable();
+}
+
+std::optional<std::string> editLine(const LineRequest& request)
+{
+    int ending = 0;
+    std::optional<std::string> text;
+    {
+        EditedLine line(request);
+        text = line.read();
+        ending = line.ending();
+    }
+    if (ending != 0) {
+        // Only now: the terminal has its modes back.
+        base::haveUsualEffect(ending);
+    }
+    return text;
+}
+
+}  // namespace quillmere::cli
