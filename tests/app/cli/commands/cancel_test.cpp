@@ -1,4 +1,11 @@
 // Leaving the planning of a block, and dropping a block.
+#include <functional>
+#include <istream>
+#include <sstream>
+#include <streambuf>
+#include <string>
+#include <utility>
+
 #include "refusal_testing.hpp"
 
 namespace quillmere::test {
@@ -23,6 +30,30 @@ Person personWhoEdits()
     person.has(state);
     return person;
 }
+
+/// An answer to a question, before which something else happens.
+class LateAnswer : public std::streambuf {
+public:
+    LateAnswer(std::string answer, std::function<void()> meanwhile)
+        : answer_(std::move(answer)), meanwhile_(std::move(meanwhile))
+    {
+    }
+
+protected:
+    int_type underflow() override
+    {
+        if (!meanwhile_) {
+            return traits_type::eof();
+        }
+        std::exchange(meanwhile_, nullptr)();
+        setg(answer_.data(), answer_.data(), answer_.data() + answer_.size());
+        return traits_type::to_int_type(answer_.front());
+    }
+
+private:
+    std::string answer_;
+    std::function<void()> meanwhile_;
+};
 
 void expectIdleWithoutABlock(const Person& person)
 {
@@ -155,6 +186,30 @@ TEST(CancelOfABlock, needsAYesWithoutATerminal)
     EXPECT_EQ(ending.code, ExitCode::done);
     EXPECT_EQ(jsonAt("/done", ending.out), R"("The block is dropped.")");
     expectIdleWithoutABlock(person);
+}
+
+TEST(CancelOfABlock, dropsNothingWhenTheWorkHasMovedOnMeanwhile)
+{
+    const Person person;
+    person.has(stateIn(WorkflowState::sessionPlanning));
+    LateAnswer answer("yes\n", [&] { person.has(stateIn(WorkflowState::focusing)); });
+    std::istream in(&answer);
+    std::ostringstream out;
+    std::ostringstream err;
+    base::Environment environment{
+        .in = in,
+        .out = out,
+        .err = err,
+        .clock = [&] { return person.now; },
+        .inputIsTerminal = true,
+        .outputIsTerminal = false,
+        .stateHome = person.stateHome(),
+    };
+    EXPECT_EQ(cli::run({"--directory", person.directory().string(), "cancel"}, environment),
+              ExitCode::refused);
+    EXPECT_NE(err.str().find("The work has moved on meanwhile. Nothing was changed."), std::string::npos)
+        << err.str();
+    EXPECT_EQ(person.state(), stateIn(WorkflowState::focusing));
 }
 
 TEST(CancelOfASchedule, asksOnATerminal)
