@@ -56,7 +56,7 @@ std::wstring pastedText(const std::string& text, bool takesLines)
     return characters;
 }
 
-/// Bytes that are no character have become U+FFFD, which nobody means to store.
+/// Removes U+FFFD, which stands for bytes that were not UTF-8.
 std::wstring withoutReplacements(std::wstring text)
 {
     std::erase(text, L'\uFFFD');

@@ -12,9 +12,9 @@
 
 namespace quillmere::cli {
 
-/// Asks for the titles one by one; Enter keeps one, "-" removes it, another title leaves it its identifier.
-/// An empty answer ends new ones. `requireRemovable` is given the identifier of one that is to be removed.
-/// Absent: all stay as they are.
+/// Asks for the title of each outcome, then for titles of new outcomes until an answer is empty. Enter keeps
+/// an outcome, "-" removes it, and another title changes it; its identifier stays. Before a removal, calls
+/// `requireRemovable` with the identifier of the outcome. Absent: no outcome was changed.
 std::optional<std::vector<work::ListItem>> askForOutcomes(const Asking& asking, const Block& present,
                                                           const Require& requireRemovable = {});
 

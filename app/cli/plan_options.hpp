@@ -26,8 +26,8 @@ public:
     /// operation, so that a refusal of the engine comes first.
     void requireOutcome(const std::optional<Block>& block) const;
 
-    /// Throws ProgramError, which names the options, when a rating was neither given nor asked for: a new
-    /// plan has ratings that nobody has said. Called as `requireOutcome` is.
+    /// Throws ProgramError, which names the options, when a rating was neither given nor asked for: the
+    /// ratings of a new plan are only defaults. To be called where `requireOutcome` is.
     void requireRatings() const;
 
     /// Asks for the fields of a new plan that were not given. Where some were, only the ratings are asked.

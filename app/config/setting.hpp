@@ -16,7 +16,7 @@ bool set(Record& record, const Key<Record>& key, const TomlValue& value);
 template <class Record>
 std::string accepted(const Key<Record>& key);
 
-/// The member as a value of TOML that would set it; empty for one that is absent or empty.
+/// The TOML value that would set the member to its present value; empty when the member is absent or empty.
 template <class Record>
 std::string written(const Record& record, const Key<Record>& key);
 

@@ -1,4 +1,4 @@
-// The values of the configuration. A value that nobody has set is the default here.
+// The values of the configuration, with their defaults.
 #pragma once
 
 #include "base/text/hours.hpp"

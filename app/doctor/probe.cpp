@@ -42,7 +42,7 @@ base::Descriptor opened(const fs::path& path, int flags)
         uninterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, ownerOnly); }));
 }
 
-/// The name of a temporary file of the state, so that the next saves remove one that a killed run has left.
+/// A temporary file named as those of the state, so that later saves remove what a killed run leaves.
 class TemporaryName {
 public:
     TemporaryName(const fs::path& directory, const fs::path& stateFile)

@@ -3,6 +3,7 @@
 #include "amendments/change_length.hpp"
 #include "amendments/refusal.hpp"
 #include "base/text/local_time.hpp"
+#include "config/new_block.hpp"
 
 #include <quillmere/engine/transition.hpp>
 #include <quillmere/engine/workflow_engine.hpp>
@@ -22,9 +23,10 @@ void requireNoScheduledBlock(const QuillmereState& state, Instant now)
 }
 
 /// Begins a block for the session, which then serves its outcome.
-void beginBlockFor(SessionPlan& plan, std::optional<double> seconds, QuillmereState& state, Instant now)
+void beginBlockFor(SessionPlan& plan, std::optional<double> seconds, const config::Values& values,
+                   QuillmereState& state, Instant now)
 {
-    Block block = Block::default_(now);
+    Block block = config::newBlock(values, now);
     block.focusDurationSeconds = seconds.value_or(block.focusDurationSeconds);
     block.cycleCount = 1;
     block.outcomes.front().title = plan.intendedOutcome;
@@ -35,11 +37,12 @@ void beginBlockFor(SessionPlan& plan, std::optional<double> seconds, QuillmereSt
 
 }  // namespace
 
-void startAtOnce(QuillmereState& state, SessionPlan plan, std::optional<double> seconds, Instant now)
+void startAtOnce(QuillmereState& state, SessionPlan plan, std::optional<double> seconds,
+                 const config::Values& values, Instant now)
 {
     requireNoScheduledBlock(state, now);
     if (state.workflowState == WorkflowState::idle) {
-        beginBlockFor(plan, seconds, state, now);
+        beginBlockFor(plan, seconds, values, state, now);
     }
     WorkflowEngine().startFocus(state, std::move(plan), now);
     const double usual = state.currentBlock->focusDurationSeconds;

@@ -14,8 +14,9 @@ namespace quillmere::base {
 /// "monday" or "2026-11-15" ("2026-11-15T09:00" too). A delay is "in 20m" or "+1h30m".
 ///
 /// A time of day alone means the next time at which the clock shows it, a weekday the next one on which that
-/// time is yet to come, today included. Of a time that the clocks show twice the next one is meant. A time
-/// that they skip means the one that they show instead: 03:30 for 02:30, where they go forward by an hour.
+/// time is yet to come, today included. When clocks are set back, some times occur twice: the next of the two
+/// is meant. When clocks are set forward, some times do not occur: where they skip an hour, 02:30 means
+/// 03:30.
 ///
 /// Absent for any other text, and outside the years of the files (0000 to 9999, UTC).
 std::optional<Instant> instantFromLocalText(std::string_view text, Instant now);

@@ -20,7 +20,7 @@ struct AnswerCommand {
     bool isDismissal = false;
 };
 
-/// An identifier is left to the engine, which refuses one that no question has.
+/// Takes any identifier as it is: the engine refuses unknown ones.
 Identifier questionOf(const AnswerCommand& command, const QuillmereState& state)
 {
     const std::optional<Identifier> id = Identifier::fromText(command.question);

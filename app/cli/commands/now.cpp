@@ -73,22 +73,23 @@ void requireRatings(const NowCommand& command, bool isPlanSaved)
     }
 }
 
-void startNow(const NowCommand& command, QuillmereState& state, Instant now)
+void startNow(const NowCommand& command, const config::Values& values, QuillmereState& state, Instant now)
 {
     SessionPlan plan = work::nextPlan(state);
     plan.intendedOutcome = command.outcome;
     command.ratings.applyTo(plan, now);
     work::startAtOnce(
         state, std::move(plan),
-        command.length ? std::optional(work::durationFrom({"for", *command.length})) : std::nullopt, now);
+        command.length ? std::optional(work::durationFrom({"for", *command.length})) : std::nullopt, values,
+        now);
 }
 
 /// Refusals of the engine come before ratings that are missing.
-workspace::Operation checkedStart(const NowCommand& command)
+workspace::Operation checkedStart(const NowCommand& command, const config::Values& values)
 {
     return namingOptions([&](QuillmereState& state, Instant now) {
         const bool isPlanSaved = state.plannedNextSession.has_value();
-        startNow(command, state, now);
+        startNow(command, values, state, now);
         requireRatings(command, isPlanSaved);
     });
 }
@@ -96,13 +97,14 @@ workspace::Operation checkedStart(const NowCommand& command)
 void startSession(NowCommand& command, Program& program)
 {
     base::Environment& environment = program.environment();
+    const config::Values& values = program.configuration().values;
     const auto dryRun =
-        namingOptions([&](QuillmereState& state, Instant now) { startNow(command, state, now); });
+        namingOptions([&](QuillmereState& state, Instant now) { startNow(command, values, state, now); });
     if (environment.inputIsTerminal && program.wouldAccept(dryRun) &&
         !program.workspace().look().state.plannedNextSession) {
         askForRatings(command, environment);
     }
-    program.change(work::done::focusStarted, checkedStart(command));
+    program.change(work::done::focusStarted, checkedStart(command, values));
 }
 
 CLI::Validator namedOutcome()

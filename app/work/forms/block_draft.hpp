@@ -1,5 +1,4 @@
-// The draft of the next block: what was typed for one that has not begun, or the words of one that was
-// dropped.
+// The draft of the next block: what was typed for a block before it began, or the words of a dropped block.
 #pragma once
 
 #include "config/values.hpp"

@@ -33,8 +33,8 @@ Form formFor(const FormSubject& subject, const QuillmereState& state, Instant no
 /// The form that a person opens for an amendment, or for another length of a break.
 FormSubject subjectOf(FormKind kind, const QuillmereState& state);
 
-/// The last session of the current block if it has ended and is no longer at work: the one that can be
-/// corrected. Otherwise null.
+/// The last session of the current block, if it can be corrected: it has ended and does not wait for its
+/// review. Otherwise null.
 const WorkSession* reviewedSession(const QuillmereState& state);
 
 /// Whether the work is still about the form's subject, so that the form may be saved. A question can always

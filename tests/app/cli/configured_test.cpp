@@ -67,6 +67,15 @@ TEST_F(Configured, doctorSaysThatTheConfigurationChoseTheDirectory)
     EXPECT_NE(person.runs({"doctor", "--json"}).out.find("chosen by the configuration"), std::string::npos);
 }
 
+TEST_F(Configured, nowBeginsABlockWithTheLengthsOfTheConfiguration)
+{
+    has("[block]\nfocus = '50m'\nbreak = '10m'");
+    person.types({"now", "Outline", "--energy", "4", "--morale", "3"});
+    EXPECT_EQ(person.state().currentBlock->focusDurationSeconds, 3'000);
+    EXPECT_EQ(person.state().currentBlock->breakDurationSeconds, 600);
+    EXPECT_EQ(person.state().currentBlock->cycleCount, 1);
+}
+
 TEST_F(Configured, theReportHasTheDaysAndTheGoalOfTheConfiguration)
 {
     const TimeZone here("UTC");

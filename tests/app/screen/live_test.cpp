@@ -6,33 +6,19 @@
 #include <fstream>
 #include <regex>
 
-#include "real_program.hpp"
-#include "terminal_window.hpp"
+#include "screen/program_elsewhere.hpp"
 
 namespace quillmere::test {
 namespace {
 
-class LiveScreen : public testing::Test {
+class LiveScreen : public ProgramElsewhere {
 protected:
-    Person person;
-
-    /// Runs the program in another process on the same directory; returns the exit code.
-    int elsewhere(const Words& words) const
-    {
-        Words all = {"--directory", person.directory().string()};
-        all.insert(all.end(), words.begin(), words.end());
-        return runProgram(all).code;
-    }
     void isFocusing(const std::string& duration = "25m") const
     {
         ASSERT_EQ(elsewhere({"plan", "--outcome", "Chapter", "--focus", duration, "--break", "1s", "--cycles",
                              "2", "--start"}),
                   0);
         ASSERT_EQ(elsewhere({"focus", "--outcome", "Headings", "--energy", "4", "--morale", "3"}), 0);
-    }
-    testing::AssertionResult comesTo(WorkflowState workflowState) const
-    {
-        return eventually([&] { return person.state().workflowState == workflowState; });
     }
     /// The process that the shell waits for (proc(5)).
     static pid_t processIn(const TerminalWindow& window)

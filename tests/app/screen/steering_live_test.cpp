@@ -3,22 +3,13 @@
 
 #include <cmath>
 
-#include "real_program.hpp"
-#include "terminal_window.hpp"
+#include "screen/program_elsewhere.hpp"
 
 namespace quillmere::test {
 namespace {
 
-class SteeringInATerminal : public testing::Test {
+class SteeringInATerminal : public ProgramElsewhere {
 protected:
-    Person person;
-
-    int elsewhere(const Words& words) const
-    {
-        Words all = {"--directory", person.directory().string()};
-        all.insert(all.end(), words.begin(), words.end());
-        return runProgram(all).code;
-    }
     /// A focus session that has run for ten minutes.
     void hasFocusedForTenMinutes() const
     {
@@ -34,10 +25,6 @@ protected:
     {
         const Instant time = person.state().currentSession()->startedAt + seconds;
         return base::localSecondSeenFrom(time, time);
-    }
-    testing::AssertionResult comesTo(WorkflowState workflowState) const
-    {
-        return eventually([&] { return person.state().workflowState == workflowState; });
     }
 };
 

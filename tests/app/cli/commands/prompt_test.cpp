@@ -451,7 +451,9 @@ TEST(PlanPrompt, offersTheWordsOfTheModel)
     person.has(state);
     const Ending ending = asked(person, {"plan", "--like", "last"}, lines(3) + "Another reason\n" + lines(9));
     ASSERT_EQ(ending.code, ExitCode::done) << ending.err;
-    EXPECT_NE(ending.err.find("Chapter one"), std::string::npos) << ending.err;
+    EXPECT_NE(ending.err.find("What should come out of it? [Chapter one] And what else? [Chapter two] "),
+              std::string::npos)
+        << ending.err;
     EXPECT_EQ(person.state().currentBlock->outcomes.size(), 2u);
     EXPECT_EQ(person.state().currentBlock->whyValue, "Another reason");
     EXPECT_EQ(person.state().currentBlock->doneTest, state.blockHistory[0].doneTest);
