@@ -1,7 +1,7 @@
 #include "cli/command_line.hpp"
 
-#include "base/version.hpp"
 #include "cli/commands.hpp"
+#include "cli/examples.hpp"
 #include "cli/program.hpp"
 
 #include <CLI/CLI.hpp>
@@ -30,6 +30,16 @@ std::vector<std::string> withEmptyValues(const std::vector<std::string>& argumen
     return words;
 }
 
+/// Ends the help of each command below `group` with its examples. `above` is the group with a space behind.
+void showExamples(CLI::App& group, const std::string& above = "")
+{
+    for (CLI::App* const command : group.get_subcommands(nullptr)) {
+        const std::string words = above + command->get_name();
+        command->footer(examplesOf(words));
+        showExamples(*command, words + " ");
+    }
+}
+
 }  // namespace
 
 void defineCommandLine(CLI::App& line, Program& program)
@@ -38,7 +48,6 @@ void defineCommandLine(CLI::App& line, Program& program)
         ->type_name("DIRECTORY")
         ->check([](const std::string& path) { return std::string(path.empty() ? "is empty" : ""); });
     line.add_flag("--json", program.settings().json, "Print JSON, for programs");
-    line.set_version_flag("--version", std::string("quillmere ") + base::programVersion);
     line.set_help_flag("-h,--help", "Print this help");
     line.require_subcommand(0, 1);
     // addUi after addStatus: both set the action for a command line without a command, and on a terminal the
@@ -52,10 +61,11 @@ void defineCommandLine(CLI::App& line, Program& program)
              addAsk, addQuestions, addAnswer,
              addHistory, addReport, addAmend, addDelete, addReset, addUndo, addRedo, addRestore,
              addWidget, addBar, addAgent, addOpen,
-             addTick, addWatch, addTour, addConfig, addDoctor}) {
+             addTick, addWatch, addTour, addConfig, addDoctor, addHelp, addVersion}) {
         // clang-format on
         add(line, program);
     }
+    showExamples(line);
 }
 
 void parse(const std::vector<std::string>& arguments, CLI::App& line)

@@ -75,6 +75,10 @@ void addTick      (CLI::App& line, Program& program);  // evaluateSchedule, eval
 void addWatch     (CLI::App& line, Program& program);  // records events as time passes, gives notices on the desktop
 void addTour      (CLI::App& line, Program& program);  // plays a whole block on a clock of its own
 
+// About the program.
+void addHelp      (CLI::App& line, Program& program);  // the help of the program or of a command
+void addVersion   (CLI::App& line, Program& program);  // its version
+
 // clang-format on
 
 /// Whether the screen can be shown: on a terminal that can, and without --json.

@@ -3,6 +3,7 @@
 #include "cli/command_line.hpp"
 #include "cli/error_report.hpp"
 #include "cli/program.hpp"
+#include "cli/usage_error.hpp"
 
 #include <CLI/CLI.hpp>
 
@@ -57,7 +58,7 @@ ExitCode parseAndRun(const std::vector<std::string>& arguments, Program& program
         return flushResult(program);
     } catch (const CLI::ParseError& error) {
         program.settings().json = wantsJson(arguments, program);
-        return reportError(ExitCode::usage, error.what() + std::string(" (quillmere --help)"), program);
+        return reportError(ExitCode::usage, usageErrorText(line, error), program);
     }
     return runAction(program);
 }

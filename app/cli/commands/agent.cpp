@@ -23,6 +23,7 @@ void addAgent(CLI::App& line, Program& program)
                    });
     command->callback([serve, &program] {
         if (!*serve) {
+            program.command = "agent";
             program.action = [&program] {
                 program.environment().out << base::sanitizedJson(agent::summaryText(program.workspace()))
                                           << '\n';

@@ -106,7 +106,7 @@ TEST(Change, refusesACountOfNoMoreThanHaveBegunAndNamesTheWay)
         "The block cannot have this number of sessions, since it has begun 1. Possible: 2 to 1000, or "
         "finish, which ends the block.");
     expectRefusal(personWithABlock(WorkflowState::breaking), {"change", "--cycles", "1001"},
-                  "--cycles: \"1001\" is no whole number from 1 to 1000. (quillmere --help)",
+                  "--cycles: \"1001\" is no whole number from 1 to 1000. (quillmere change --help)",
                   ExitCode::usage);
 }
 

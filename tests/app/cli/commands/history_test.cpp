@@ -99,7 +99,7 @@ TEST(History, acceptsALimitFromOne)
         const Ending ending = person.types({"history", "--limit", limit});
         EXPECT_EQ(ending.code, ExitCode::usage);
         EXPECT_EQ(ending.err,
-                  "--limit: is not between 1 and 9223372036854775807: " + limit + " (quillmere --help)\n");
+                  "--limit: is not between 1 and 9223372036854775807: " + limit + " (quillmere history --help)\n");
     }
 }
 

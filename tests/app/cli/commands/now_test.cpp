@@ -117,7 +117,7 @@ TEST(Now, needsAnOutcome)
     for (const Words& words : {Words{"now"}, Words{"now", ""}, Words{"now", " "}}) {
         EXPECT_EQ(person.types(words).code, ExitCode::usage);
     }
-    EXPECT_EQ(person.types({"now", " "}).err, "outcome: is empty (quillmere --help)\n");
+    EXPECT_EQ(person.types({"now", " "}).err, "outcome: is empty (quillmere now --help)\n");
 }
 
 TEST(Now, isRefusedByTheEngineWhereNoSessionCanStart)

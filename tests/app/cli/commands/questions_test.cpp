@@ -41,7 +41,7 @@ TEST(Ask, takesNoBlankQuestion)
     for (const char* question : {"", " ", "\t\n  "}) {
         const Ending ending = person.types({"ask", question});
         EXPECT_EQ(ending.code, ExitCode::usage);
-        EXPECT_EQ(ending.err, "question: A question needs a text. (quillmere --help)\n");
+        EXPECT_EQ(ending.err, "question: A question needs a text. (quillmere ask --help)\n");
     }
     EXPECT_EQ(person.names(), Words{});
 }
