@@ -91,11 +91,16 @@ void Program::print(const base::Json& json) { printJson(environment_.out, json);
 workspace::Situation Program::apply(const workspace::Operation& operation,
                                     const workspace::ChangeManner& manner)
 {
-    workspace::Situation situation = workspace().change(
-        [this](const std::vector<workspace::Event>& events) { reportEvents(events); }, operation, manner);
-    isCarriedOut_ = true;
-    warn(situation.warning);
-    return situation;
+    try {
+        workspace::Situation situation = workspace().change(
+            [this](const std::vector<workspace::Event>& events) { reportEvents(events); }, operation, manner);
+        isCarriedOut_ = true;
+        warn(situation.warning);
+        return situation;
+    } catch (const workspace::MemoryRanOutOnceSaved&) {
+        isCarriedOut_ = true;
+        throw;
+    }
 }
 
 void Program::printChange(std::string_view done, const workspace::Situation& situation)

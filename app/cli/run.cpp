@@ -46,6 +46,18 @@ bool wantsJson(const std::vector<std::string>& arguments, Program& program)
            std::find(arguments.begin(), arguments.end(), "--json") != arguments.end();
 }
 
+/// Constant texts: there may be no memory to compose one.
+const char* outOfMemoryText(bool asJson, bool isCarriedOut)
+{
+    if (isCarriedOut) {
+        return asJson
+                   ? R"({"error":{"case":"outOfMemory","message":"The command was carried out, then there was not enough memory."}})"
+                   : "The command was carried out, then there was not enough memory.";
+    }
+    return asJson ? R"({"error":{"case":"outOfMemory","message":"There is not enough memory."}})"
+                  : "There is not enough memory.";
+}
+
 /// Parses everything before the action runs, since global options may follow the command.
 ExitCode parseAndRun(const std::vector<std::string>& arguments, Program& program)
 {
@@ -71,12 +83,7 @@ ExitCode run(const std::vector<std::string>& arguments, base::Environment& envir
     try {
         return parseAndRun(arguments, program);
     } catch (const std::bad_alloc&) {
-        // Constant texts: there may be no memory to compose one.
-        environment.err
-            << (wantsJson(arguments, program)
-                    ? R"({"error":{"case":"outOfMemory","message":"There is not enough memory."}})"
-                    : "There is not enough memory.")
-            << '\n';
+        environment.err << outOfMemoryText(wantsJson(arguments, program), program.isCarriedOut()) << '\n';
         return ExitCode::outOfMemory;
     } catch (const std::exception& error) {
         environment.err << error.what() << '\n';

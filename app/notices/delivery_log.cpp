@@ -1,5 +1,6 @@
 #include "notices/delivery_log.hpp"
 
+#include "base/system/directory_names.hpp"
 #include "base/system/file_age.hpp"
 #include "base/system/private_directory.hpp"
 #include "base/text/failure.hpp"
@@ -44,8 +45,8 @@ DeliveryLog::DeliveryLog(fs::path directory, base::LineWriter& messages)
     : directory_(std::move(directory)), errors_(messages)
 {
     std::error_code ignored;
-    for (const fs::directory_entry& entry : fs::directory_iterator(directory_, ignored)) {
-        atStart_.insert(entry.path().filename());
+    for (std::string& name : base::namesInDirectory(directory_, ignored)) {
+        atStart_.insert(std::move(name));
     }
 }
 
@@ -86,12 +87,11 @@ void DeliveryLog::remove(const std::string& key)
 void DeliveryLog::prune(const std::vector<std::string>& standing) const
 {
     std::error_code ignored;
-    for (const fs::directory_entry& entry : fs::directory_iterator(directory_, ignored)) {
-        const std::string name = entry.path().filename();
+    for (const std::string& name : base::namesInDirectory(directory_, ignored)) {
         const bool stands = std::any_of(standing.begin(), standing.end(),
                                         [&](const std::string& key) { return name.ends_with(key); });
-        if (!stands && base::secondsSinceWritten(entry.path()) > retention) {
-            fs::remove(entry.path(), ignored);
+        if (!stands && base::secondsSinceWritten(directory_ / name) > retention) {
+            fs::remove(directory_ / name, ignored);
         }
     }
 }

@@ -70,10 +70,17 @@ public:
     {
         const WidgetSnapshot summary = summaryOf(state, now);
         const WidgetSnapshotStore widget = widgetStore();
-        writeState(state);
-        writeWidgetSummary(widget, summary);
-        cleanUp(widget, now);
-        return result();
+        try {
+            writeState(state);
+            writeWidgetSummary(widget, summary);
+            cleanUp(widget, now);
+            return result();
+        } catch (const std::bad_alloc&) {
+            if (replacement_.isStateReplaced()) {
+                throw MemoryRanOutOnceSaved();
+            }
+            throw;
+        }
     }
 
     SaveResult summaries(const QuillmereState& state, Instant now)

@@ -7,6 +7,7 @@
 #include <quillmere/records/quillmere_state.hpp>
 
 #include <filesystem>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,9 @@ struct SaveResult {
     std::vector<std::string> warnings;
 };
 
+/// There was not enough memory for what follows a save: the state is saved, and nothing may say otherwise.
+class MemoryRanOutOnceSaved : public std::bad_alloc {};
+
 /// Replaces the state, the agent's summary and the widget's summary, in this order: a summary never tells of
 /// a state that is not saved. The agent's summary is as of the state's `updatedAt`, the widget's as of `now`,
 /// but never before `updatedAt`. New files and directories are open to their owner alone.
@@ -36,7 +40,8 @@ struct SaveResult {
 /// programs.
 ///
 /// Throws while the state file is the old one: EncodingError, and Refusal (`fileError`), which names the
-/// file. Once the state is replaced, every file is tried.
+/// file, and `std::bad_alloc`. Once the state is replaced, every file is tried, and MemoryRanOutOnceSaved is
+/// thrown when even the result does not fit in memory.
 SaveResult saveAll(const FilePlaces& places, const ReplacedState& replaced, const QuillmereState& state,
                    Instant now);
 

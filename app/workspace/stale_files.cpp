@@ -1,5 +1,7 @@
 #include "workspace/stale_files.hpp"
 
+#include "base/system/directory_names.hpp"
+
 #include <quillmere/records/identifier.hpp>
 
 #include <sys/stat.h>
@@ -35,11 +37,9 @@ bool isOlderThanASave(const fs::path& file, Instant now)
 void removeStaleTemporaries(const fs::path& directory, std::string_view name, Instant now)
 {
     std::error_code ignored;
-    fs::directory_iterator entry(directory, ignored);
-    for (; !ignored && entry != fs::directory_iterator(); entry.increment(ignored)) {
-        if (isTemporaryOf(name, entry->path().filename().string()) && isOlderThanASave(entry->path(), now)) {
-            std::error_code stays;
-            fs::remove(entry->path(), stays);
+    for (const std::string& found : base::namesInDirectory(directory, ignored)) {
+        if (isTemporaryOf(name, found) && isOlderThanASave(directory / found, now)) {
+            fs::remove(directory / found, ignored);
         }
     }
 }

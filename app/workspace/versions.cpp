@@ -1,6 +1,7 @@
 #include "workspace/versions.hpp"
 
 #include "base/compression.hpp"
+#include "base/system/directory_names.hpp"
 #include "base/system/private_directory.hpp"
 #include "base/system/private_umask.hpp"
 #include "workspace/retention.hpp"
@@ -69,10 +70,10 @@ std::optional<Version> versionIn(const fs::path& file)
 }
 
 /// Whether the entry is a regular file, and no link to one.
-bool isFile(const fs::directory_entry& entry)
+bool isFile(const fs::path& path)
 {
     std::error_code gone;
-    return !entry.is_symlink(gone) && entry.is_regular_file(gone);
+    return fs::symlink_status(path, gone).type() == fs::file_type::regular;
 }
 
 /// Whether the name is that of a temporary file of writeAtomically.
@@ -135,11 +136,11 @@ std::vector<Version> Versions::list() const
     if (directory_.empty() || !FileManager::standard().fileExists(directory_)) {
         return versions;
     }
-    for (const fs::directory_entry& entry : fs::directory_iterator(directory_)) {
-        std::optional<Version> version = versionIn(entry.path());
-        if (version && isFile(entry)) {
+    for (const std::string& name : base::namesInDirectory(directory_)) {
+        std::optional<Version> version = versionIn(directory_ / name);
+        if (version && isFile(version->file)) {
             std::error_code gone;
-            version->size = entry.file_size(gone);
+            version->size = fs::file_size(version->file, gone);
             versions.push_back(*std::move(version));
         }
     }
@@ -208,11 +209,10 @@ void Versions::prune(std::uintmax_t stateSize) const
         }
     }
     std::error_code ignored;
-    fs::directory_iterator entry(directory_, ignored);
-    for (; !ignored && entry != fs::directory_iterator(); entry.increment(ignored)) {
+    for (const std::string& name : base::namesInDirectory(directory_, ignored)) {
         // Its process has died: only the holder of the lock writes here.
-        if (isUnfinished(entry->path().filename().string()) && isFile(*entry)) {
-            removeIfPossible(entry->path());
+        if (isUnfinished(name) && isFile(directory_ / name)) {
+            removeIfPossible(directory_ / name);
         }
     }
 }

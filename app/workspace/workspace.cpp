@@ -18,6 +18,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <new>
 #include <system_error>
 #include <utility>
 
@@ -82,6 +83,17 @@ void finish(const ChangeManner& manner, Situation& situation)
     } catch (const std::system_error& error) {
         warn(situation,
              "The change is saved, but a note about it could not be written: " + base::fileErrorText(error));
+    }
+}
+
+/// Runs what follows a save.
+template <class Work>
+void onceSaved(const Work& work)
+{
+    try {
+        work();
+    } catch (const std::bad_alloc&) {
+        throw MemoryRanOutOnceSaved();
     }
 }
 
@@ -156,16 +168,17 @@ Situation Workspace::change(const EventReport& report, const Operation& operatio
     Situation situation = caughtUp(std::move(loaded));
     const bool hasEvents = !situation.events.empty();
     if (hasEvents) {
-        const SaveResult result = save(situation, replacedAt, Keeping::ifPossible, held);
-        report(situation.events);
-        requireAllWritten("The time that passed is recorded, and nothing else was done", result);
+        recordEvents(situation, replacedAt, report, held);
         replacedAt = situation.state.updatedAt;
     }
     if (operation) {
         apply(operation, situation);
         const SaveResult result = save(situation, replacedAt, manner.keeping, held);
-        finish(manner, situation);
-        requireAllWritten<ChangeSaved>("The change itself is saved", result);
+        onceSaved([&] {
+            warn(situation, result);
+            finish(manner, situation);
+            requireAllWritten<ChangeSaved>("The change itself is saved", result);
+        });
     } else if (!hasEvents && FileManager::standard().fileExists(states_.stateURL()) &&
                !summariesAgree(states_, places_.widget, situation.state)) {
         const SaveResult result = saveSummaries(places_, situation.state, situation.now, held);
@@ -185,10 +198,13 @@ Situation Workspace::restore(const Version& version, const EventReport& report) 
     Situation situation = caughtUp(std::move(state));
     situation.state.updatedAt = std::max({situation.now, situation.state.updatedAt, replacedAt});
     const SaveResult result = save(situation, replacedAt, Keeping::necessarily, held);
-    if (!situation.events.empty()) {
-        report(situation.events);
-    }
-    requireAllWritten("Version " + std::to_string(version.number) + " is restored", result);
+    onceSaved([&] {
+        warn(situation, result);
+        if (!situation.events.empty()) {
+            report(situation.events);
+        }
+        requireAllWritten("Version " + std::to_string(version.number) + " is restored", result);
+    });
     return situation;
 }
 
@@ -241,13 +257,25 @@ void Workspace::makeFirstState() const
     writeAtomically(StateStore::encoder().source(first), states_.stateURL(), link);
 }
 
-SaveResult Workspace::save(Situation& situation, Instant replacedAt, Keeping keeping, StateLock& lock) const
+void Workspace::recordEvents(Situation& situation, Instant replacedAt, const EventReport& report,
+                             StateLock& lock) const
+{
+    try {
+        const SaveResult result = save(situation, replacedAt, Keeping::ifPossible, lock);
+        warn(situation, result);
+        report(situation.events);
+        requireAllWritten("The time that passed is recorded, and nothing else was done", result);
+    } catch (const MemoryRanOutOnceSaved&) {
+        throw std::bad_alloc();  // no operation is applied
+    }
+}
+
+SaveResult Workspace::save(const Situation& situation, Instant replacedAt, Keeping keeping,
+                           StateLock& lock) const
 {
     const ReplacedState replaced{
         .file = states_.stateURL(), .savedAt = replacedAt, .keeping = keeping, .lock = lock};
-    SaveResult result = saveAll(places_, replaced, situation.state, situation.now);
-    warn(situation, result);
-    return result;
+    return saveAll(places_, replaced, situation.state, situation.now);
 }
 
 Instant Workspace::savedAt() const

@@ -87,7 +87,7 @@ public:
     ///
     /// Throws Refusal (`fileError`) when the state file is a symbolic link or could not be written, and when
     /// it was saved and another file could not be written; then as ChangeSaved if the operation had been
-    /// applied.
+    /// applied. Throws `std::bad_alloc`; MemoryRanOutOnceSaved once the operation is saved.
     Situation change(const EventReport& report, const Operation& operation,
                      const ChangeManner& manner = {}) const;
 
@@ -118,8 +118,11 @@ private:
     StateLock lock(std::chrono::milliseconds patience = DirectoryLock::usualPatience) const;
     /// Saves an initial state unless there is a state.
     void makeFirstState() const;
-    /// Every save of the state goes through here (workspace::saveAll). Adds warnings to the situation.
-    SaveResult save(Situation& situation, Instant replacedAt, Keeping keeping, StateLock& lock) const;
+    /// Saves and reports the events of the situation.
+    void recordEvents(Situation& situation, Instant replacedAt, const EventReport& report,
+                      StateLock& lock) const;
+    /// Every save of the state goes through here (workspace::saveAll).
+    SaveResult save(const Situation& situation, Instant replacedAt, Keeping keeping, StateLock& lock) const;
     /// `updatedAt` of the state file; the present when the file is missing or cannot be decoded.
     Instant savedAt() const;
 

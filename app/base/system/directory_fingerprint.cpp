@@ -1,5 +1,7 @@
 #include "base/system/directory_fingerprint.hpp"
 
+#include "base/system/directory_names.hpp"
+
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -36,9 +38,8 @@ DirectoryFingerprint fingerprintOf(const fs::path& directory)
 {
     DirectoryFingerprint looks = {lookOf(directory, ::stat)};
     std::error_code error;
-    for (fs::directory_iterator entry(directory, error); entry != fs::directory_iterator();
-         entry.increment(error)) {
-        looks.push_back(lookOf(entry->path(), ::lstat));
+    for (const std::string& name : namesInDirectory(directory, error)) {
+        looks.push_back(lookOf(directory / name, ::lstat));
     }
     looks.push_back("error " + std::to_string(error.value()));
     std::sort(looks.begin(), looks.end());

@@ -1,5 +1,6 @@
 #include "work/forms/drafts.hpp"
 
+#include "base/system/directory_names.hpp"
 #include "base/system/file_age.hpp"
 #include "base/system/private_directory.hpp"
 
@@ -120,12 +121,11 @@ void Drafts::removeOld(const std::vector<FormSubject>& current) const
         return std::any_of(current.begin(), current.end(),
                            [&](const FormSubject& subject) { return nameOf(subject) == name; });
     };
-    for (auto entry = fs::directory_iterator(directory_, ignored); entry != fs::directory_iterator();
-         entry.increment(ignored)) {
-        const std::string name = entry->path().filename().string();
-        const bool isOld = base::secondsSinceWritten(entry->path()) > longestKept;
-        if (isOld && name.starts_with(namesBegin) && !isCurrent(name)) {
-            fs::remove(entry->path(), ignored);
+    for (const std::string& name : base::namesInDirectory(directory_, ignored)) {
+        const fs::path file = directory_ / name;
+        if (name.starts_with(namesBegin) && !isCurrent(name) &&
+            base::secondsSinceWritten(file) > longestKept) {
+            fs::remove(file, ignored);
         }
     }
 }

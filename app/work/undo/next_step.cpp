@@ -40,6 +40,10 @@ Changes ownChanges(const QuillmereState& before, const QuillmereState& after)
     return changes;
 }
 
+bool isSavedAgain(const Change& change) { return change.kind == ChangeKind::savedAgain; }
+
+bool isNothing(const Changes& changes) { return std::all_of(changes.begin(), changes.end(), isSavedAgain); }
+
 void addMissing(Changes& changes, const Changes& others)
 {
     for (const Change& other : others) {
@@ -47,12 +51,9 @@ void addMissing(Changes& changes, const Changes& others)
             changes.push_back(other);
         }
     }
-}
-
-bool isNothing(const Changes& changes)
-{
-    return std::all_of(changes.begin(), changes.end(),
-                       [](const Change& change) { return change.kind == ChangeKind::savedAgain; });
+    if (!isNothing(changes)) {
+        std::erase_if(changes, isSavedAgain);
+    }
 }
 
 /// Finds steps among the versions.

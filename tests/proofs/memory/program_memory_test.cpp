@@ -1,5 +1,6 @@
-// Allocation failures in a run of the program. It ends with exit code 71 or succeeds; the files change from
-// old to new one after another and are always whole; the next run works.
+// Allocation failures in a run of the program. It succeeds, or ends with exit code 71, or 74 when a summary
+// is missing, and says whether the change is saved; the files change from old to new one after another and
+// are always whole; the next run works.
 #include <unistd.h>
 
 #include <cstdlib>
@@ -148,13 +149,23 @@ bool areInOrder(const Files& files, const Files& oldFiles, const Files& newFiles
     return files == expected || files == newFiles;
 }
 
-/// Whether a run with a failed allocation ended as required.
-bool endedInOrder(const FailingRun& run, const Typed& typed, bool everythingIsDone)
+/// Whether a run with a failed allocation ended as required: as without one, or with a message that tells
+/// whether the change is saved.
+bool endedInOrder(const FailingRun& run, const Typed& typed, const Files& files, const Files& oldFiles,
+                  const Files& newFiles)
 {
+    const bool isSaved = files.state == newFiles.state;
     if (run.code == ExitCode::outOfMemory) {
-        return run.err == "There is not enough memory.\n";
+        const bool recordsOnlyTime = typed.words.front() == "tick";
+        return run.err.ends_with("There is not enough memory.\n")
+                   ? !isSaved || files.state == oldFiles.state || recordsOnlyTime
+                   : isSaved && run.err == "The command was carried out, then there was not enough memory.\n";
     }
-    return run.code == typed.code && everythingIsDone;
+    if (run.code == ExitCode::fileError) {
+        return isSaved &&
+               run.err.ends_with("could not be written: not enough memory. quillmere tick tries again.\n");
+    }
+    return run.code == typed.code && files == newFiles;
 }
 
 /// Fails every `step`-th allocation of a command.
@@ -187,7 +198,7 @@ Tally runOutInProgram(const Typed& typed, std::size_t mostRuns)
         const Files files = filesOf(person);
         areOld = files == oldFiles;
         const bool inOrder = areInOrder(files, oldFiles, newFiles) && person.names() == names &&
-                             endedInOrder(run, typed, files == newFiles);
+                             endedInOrder(run, typed, files, oldFiles, newFiles);
         EXPECT_TRUE(inOrder) << "allocation " << allocation << ": exit " << static_cast<int>(run.code) << ' '
                              << run.err;
         tally += {.failed = run.failed ? std::size_t{1} : 0,

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 #include "proofs/steering/random_steps.hpp"
@@ -145,13 +146,14 @@ bool RandomPerson::undoOrRedo(work::UndoDirection direction)
 }
 
 /// The step that is offered before the time that passed is recorded must be the one that is taken afterwards,
-/// where the record does not push its version out.
+/// where the record does not push a version out that it stands on.
 void RandomPerson::expectOffered(const std::optional<work::UndoStep>& taken,
                                  const std::optional<work::UndoStep>& offered) const
 {
-    if (offered && undo_.keeps(offered->version)) {
+    const auto isKept = [&](std::int64_t version) { return version == 0 || undo_.keeps(version); };
+    if (offered && isKept(offered->version) && isKept(offered->place.target)) {
         EXPECT_TRUE(taken && taken->version == offered->version && taken->changes == offered->changes)
-            << offered->changes;
+            << offered->changes << " was offered; " << (taken ? taken->changes : "nothing") << " is taken";
     }
 }
 
