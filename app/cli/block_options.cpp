@@ -56,12 +56,12 @@ void BlockOptions::askForMissing(const Block& present, const Asking& asking)
 
 void BlockOptions::askForTime(const Block& present, const Asking& asking)
 {
-    const Instant now = asking.now;
+    const Instant now = asking.here.now;
     const bool isKept = hasStartToCome(present, now);
     constexpr std::string_view begun = "now";
     const Question question{
         .text = std::string(startField.prompt.question) + " (14:30, +1h)",
-        .present = isKept ? base::localTextSeenFrom(now, *present.plannedStart) : std::string(begun)};
+        .present = isKept ? base::localTextSeenFrom(asking.here, *present.plannedStart) : std::string(begun)};
     const std::optional<std::string> when =
         askToChange(asking.environment, question, [&](const std::string& text) {
             if (!text.empty() && text != begun) {
@@ -78,11 +78,11 @@ void BlockOptions::askForTime(const Block& present, const Asking& asking)
 void BlockOptions::tellTimes(const Block& present, const Asking& asking) const
 {
     Block block = present;
-    if (start_ || !hasStartToCome(present, asking.now)) {
+    if (start_ || !hasStartToCome(present, asking.here.now)) {
         block.plannedStart.reset();
     }
-    fields_.applyTo(block, asking.now);
-    tell(asking.environment, work::timesText(block, asking.now));
+    fields_.applyTo(block, asking.here.now);
+    tell(asking.environment, work::timesText(block, asking.here));
 }
 
 Block BlockOptions::applyTo(Block block, Instant now) const

@@ -36,7 +36,7 @@ std::optional<std::string> askForField(const Asking& asking, const work::RecordF
         .canBeCleared = std::holds_alternative<std::string Record::*>(field.member),
     };
     return askToChange(asking.environment, question, [&](const std::string& answer) {
-        work::requireUsable(present, field, answer, asking.now);
+        work::requireUsable(present, field, answer, asking.here.now);
         if (alsoRequire) {
             alsoRequire(answer);
         }

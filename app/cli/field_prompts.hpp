@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/environment.hpp"
+#include "base/text/local_time.hpp"
 #include "cli/prompt.hpp"
 #include "work/fields/fields.hpp"
 
@@ -16,7 +17,7 @@ namespace quillmere::cli {
 struct Asking {
     base::Environment& environment;
     const QuillmereState& state;
-    Instant now;
+    base::SeenFrom here;
 };
 
 /// Asks for a field that is a text, a number, a duration or a completion. Enter keeps the present value, the

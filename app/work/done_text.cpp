@@ -4,16 +4,20 @@
 
 namespace quillmere::work::done {
 
-std::string scheduledFor(Instant start) { return "Scheduled for " + base::localTextInFull(start) + "."; }
-
-std::string endedOn(Instant end)
+std::string scheduledFor(Instant start, base::Hours hours)
 {
-    return "The focus session ended on " + base::localSecondInFull(end) + ".";
+    return "Scheduled for " + base::localTextInFull(start, hours) + ".";
 }
 
-std::string pauseOf(Instant from, Instant to)
+std::string endedOn(Instant end, base::Hours hours)
 {
-    return "A pause from " + base::localSecondInFull(from) + " to " + base::localSecondInFull(to) + ".";
+    return "The focus session ended on " + base::localSecondInFull(end, hours) + ".";
+}
+
+std::string pauseOf(Instant from, Instant to, base::Hours hours)
+{
+    return "A pause from " + base::localSecondInFull(from, hours) + " to " +
+           base::localSecondInFull(to, hours) + ".";
 }
 
 }  // namespace quillmere::work::done

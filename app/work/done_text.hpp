@@ -1,6 +1,8 @@
 // What a person is told after a step; every surface says the same.
 #pragma once
 
+#include "base/text/hours.hpp"
+
 #include <quillmere/records/instant.hpp>
 
 #include <string>
@@ -49,10 +51,10 @@ inline constexpr std::string_view questionDismissed = "The question is closed wi
 // understood.
 
 /// "Scheduled for Mon 23 Nov 2026, 14:00."
-std::string scheduledFor(Instant start);
+std::string scheduledFor(Instant start, base::Hours hours);
 /// "The focus session ended on Mon 23 Nov 2026, 14:20."
-std::string endedOn(Instant end);
+std::string endedOn(Instant end, base::Hours hours);
 /// "A pause from Mon 23 Nov 2026, 14:20 to Mon 23 Nov 2026, 14:35."
-std::string pauseOf(Instant from, Instant to);
+std::string pauseOf(Instant from, Instant to, base::Hours hours);
 
 }  // namespace quillmere::work::done

@@ -32,9 +32,9 @@ bool isAnswered(const FormSubject& subject, const QuillmereState& state)
 }
 
 /// What is said once the form is saved. Throws Unacceptable.
-std::string savedText(const Form& form, const QuillmereState& state, Instant now)
+std::string savedText(const Form& form, const QuillmereState& state, const base::SeenFrom& here)
 {
-    const std::string times = timesInFull(form, state, now);
+    const std::string times = timesInFull(form, state, here);
     return times.empty() ? std::string(savingFor(moveOf(form, state)).done) : times;
 }
 
@@ -212,7 +212,7 @@ std::optional<std::string> Presenter::save(std::shared_ptr<Form> form)
     keepDraft();
     try {
         const auto saveForm = [&](QuillmereState& fresh, Instant now) { carryOut(*form, fresh, now); };
-        if (!change(saveForm, savedText(*form, state(), situation().now))) {
+        if (!change(saveForm, savedText(*form, state(), {situation().now, values_.hours}))) {
             return std::nullopt;
         }
     } catch (const Unacceptable& refusal) {

@@ -13,11 +13,11 @@
 namespace quillmere::work {
 namespace {
 
-void requireNoScheduledBlock(const QuillmereState& state, Instant now)
+void requireNoScheduledBlock(const QuillmereState& state, const base::SeenFrom& here)
 {
     if (isPossible(Step::startScheduledBlockNow, state)) {
         throw amendments::Refusal("A block is scheduled for " +
-                                  base::localTextSeenFrom(now, *state.currentBlock->plannedStart) +
+                                  base::localTextSeenFrom(here, *state.currentBlock->plannedStart) +
                                   ". Possible: start, which begins it now, or cancel, which discards it.");
     }
 }
@@ -40,7 +40,7 @@ void beginBlockFor(SessionPlan& plan, std::optional<double> seconds, const confi
 void startAtOnce(QuillmereState& state, SessionPlan plan, std::optional<double> seconds,
                  const config::Values& values, Instant now)
 {
-    requireNoScheduledBlock(state, now);
+    requireNoScheduledBlock(state, {now, values.hours});
     if (state.workflowState == WorkflowState::idle) {
         beginBlockFor(plan, seconds, values, state, now);
     }

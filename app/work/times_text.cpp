@@ -1,18 +1,17 @@
 #include "work/times_text.hpp"
 
 #include "base/text/duration.hpp"
-#include "base/text/local_time.hpp"
 
 namespace quillmere::work {
 
-std::string timesText(const Block& block, Instant now)
+std::string timesText(const Block& block, const base::SeenFrom& here)
 {
     Block begun = block;
-    begun.plannedStart = block.plannedStart.value_or(now);
+    begun.plannedStart = block.plannedStart.value_or(here.now);
     const std::string from =
-        block.plannedStart ? " from " + base::localTextSeenFrom(now, *block.plannedStart) : "";
+        block.plannedStart ? " from " + base::localTextSeenFrom(here, *block.plannedStart) : "";
     return std::to_string(block.cycleCount) + " × " + base::durationText(block.focusDurationSeconds) + "," +
-           from + " until " + base::localTextSeenFrom(now, begun.plannedEnd());
+           from + " until " + base::localTextSeenFrom(here, begun.plannedEnd());
 }
 
 }  // namespace quillmere::work

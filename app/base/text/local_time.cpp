@@ -72,13 +72,13 @@ std::string clockChangeText(Instant instant)
     return skipped.empty() ? "" : " (the clocks are set forward that day, and " + skipped + " is left out)";
 }
 
-std::string inFull(Instant instant, const char* clockFormat)
+std::string inFull(Instant instant, Hours hours, const char* clockFormat)
 {
     const chrono::local_days day = localDayOf(instant);
     const chrono::year_month_day date(day);
     return std::string(weekdayText(chrono::weekday(day))) + " " +
            std::to_string(static_cast<unsigned>(date.day())) + " " + std::string(monthText(date.month())) +
-           formatted(instant, " %04Y, ") + formatted(instant, clockFormat) + clockChangeText(instant);
+           formatted(instant, " %04Y, ") + clockText(instant, hours, clockFormat) + clockChangeText(instant);
 }
 
 }  // namespace
@@ -149,11 +149,11 @@ std::string localSecondSeenFrom(const SeenFrom& here, Instant instant)
                      : localTextToTheSecond(instant, here.hours);
 }
 
-std::string localTextInFull(Instant instant) { return inFull(instant, "%H:%M"); }
+std::string localTextInFull(Instant instant, Hours hours) { return inFull(instant, hours, minutes); }
 
-std::string localSecondInFull(Instant instant)
+std::string localSecondInFull(Instant instant, Hours hours)
 {
-    return inFull(instant, localFields(instant).tm_sec == 0 ? "%H:%M" : "%H:%M:%S");
+    return inFull(instant, hours, localFields(instant).tm_sec == 0 ? minutes : minutesAndSeconds);
 }
 
 }  // namespace quillmere::base

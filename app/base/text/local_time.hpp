@@ -49,11 +49,11 @@ std::string localTextSeenFrom(const SeenFrom& here, Instant instant);
 /// "16:00:05" on the local day of the present, "2026-11-15 16:00:05" on any other.
 std::string localSecondSeenFrom(const SeenFrom& here, Instant instant);
 
-/// For a time that was typed in fewer words: "Sun 15 Nov 2026, 16:00". Where the clocks are changed, says
-/// which of two times it is, or which time they skip.
-std::string localTextInFull(Instant instant);
+/// For a time that was typed in fewer words: "Sun 15 Nov 2026, 16:00". "…, 4:00 pm" with twelve hours. Where
+/// the clocks are changed, says which of two times it is, or which time they skip.
+std::string localTextInFull(Instant instant, Hours hours = Hours::twentyFour);
 
 /// The same with seconds, if there are any: "Sun 15 Nov 2026, 16:00:05".
-std::string localSecondInFull(Instant instant);
+std::string localSecondInFull(Instant instant, Hours hours = Hours::twentyFour);
 
 }  // namespace quillmere::base

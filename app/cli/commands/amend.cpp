@@ -94,8 +94,9 @@ void requireFittingOptions(const AmendCommand& command, const work::Named& named
 }
 
 /// Returns what was corrected.
-std::string amend(const AmendCommand& command, QuillmereState& state, Instant now)
+std::string amend(const AmendCommand& command, QuillmereState& state, const base::SeenFrom& here)
 {
+    const Instant now = here.now;
     const work::Named named = work::named(command.name, state);
     requireFittingOptions(command, named, state);
     const Identifier block = named.block.id;
@@ -104,7 +105,7 @@ std::string amend(const AmendCommand& command, QuillmereState& state, Instant no
         const amendments::SessionCorrection correction = correctionOf(command, named, now);
         amendments::correctSession(state, block, session, correction, now);
         return std::string(work::done::recordCorrected) +
-               (correction.endedAt ? " " + work::done::endedOn(*correction.endedAt) : "");
+               (correction.endedAt ? " " + work::done::endedOn(*correction.endedAt, here.hours) : "");
     }
     amendments::correctBlock(state, block, correctionOf(command, named.block, now), now);
     return std::string(work::done::recordCorrected);
@@ -120,8 +121,9 @@ void addAmend(CLI::App& line, Program& program)
         [command, &program] {
             command->name =
                 nameWithoutNumber(command->name, false, program.workspace().look().state, program);
-            program.change(namingOptions(
-                [&](QuillmereState& state, Instant now) { return amend(*command, state, now); }));
+            program.change(namingOptions([&](QuillmereState& state, Instant now) {
+                return amend(*command, state, {now, program.hours()});
+            }));
         });
     app->add_option("name", command->name,
                     "A block as history names it, such as 9F1C; 9F1C.2 is its second session, .2 that of the "

@@ -2,6 +2,7 @@
 #include "amendments/back_out.hpp"
 #include "amendments/drop.hpp"
 #include "amendments/possible.hpp"
+#include "base/text/local_time.hpp"
 #include "base/text/sanitize.hpp"
 #include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
@@ -108,8 +109,10 @@ void settle(CancelCommand& command, Subject subject, const workspace::Situation&
     }
 }
 
-std::string apply(const CancelCommand& command, Subject subject, QuillmereState& state, Instant now)
+std::string apply(const CancelCommand& command, Subject subject, QuillmereState& state,
+                  const base::SeenFrom& here)
 {
+    const Instant now = here.now;
     switch (subject) {
         case Subject::schedule:
             WorkflowEngine().cancelScheduledBlock(state, now);
@@ -125,7 +128,7 @@ std::string apply(const CancelCommand& command, Subject subject, QuillmereState&
     }
     amendments::backOut(state, choiceOf(command, now), now);
     if (command.at) {
-        return work::done::scheduledFor(*state.currentBlock->plannedStart);
+        return work::done::scheduledFor(*state.currentBlock->plannedStart, here.hours);
     }
     return std::string(command.starts ? work::done::blockBegun : work::done::blockDropped);
 }
@@ -144,7 +147,7 @@ void cancel(CancelCommand& command, Program& program)
                 throw ProgramError(ExitCode::refused,
                                    "The work has moved on meanwhile. Nothing was changed.");
             }
-            done = apply(command, subject, state, now);
+            done = apply(command, subject, state, {now, program.hours()});
         },
         drafts, program.configuration().values);
     program.change([&](QuillmereState& state, Instant now) {

@@ -57,10 +57,10 @@ void requirePossible(const amendments::BlockChange& change, const Asking& asking
 {
     QuillmereState state = asking.state;
     try {
-        amendments::changeBlock(state, change, asking.now);
+        amendments::changeBlock(state, change, asking.here.now);
     } catch (const amendments::Refusal& refusal) {
         throw work::Unacceptable(
-            "", work::refusalText(refusal, {asking.state, {}, asking.now}, base::Hours::twentyFour));
+            "", work::refusalText(refusal, {asking.state, {}, asking.here.now}, asking.here.hours));
     }
 }
 
@@ -94,7 +94,7 @@ void changeBlock(ChangeCommand& command, Program& program)
     if (environment.inputIsTerminal && !command.texts.anyGiven() && !command.numbers.anyGiven()) {
         const workspace::Situation situation = program.workspace().look();
         if (amendments::isPossible(amendments::Kind::change, situation.state)) {
-            askForAll(command, {environment, situation.state, situation.now});
+            askForAll(command, {environment, situation.state, {situation.now, program.hours()}});
         }
     }
     program.change(work::done::blockChanged,

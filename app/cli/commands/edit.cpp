@@ -1,4 +1,5 @@
 // Changes a scheduled block.
+#include "base/text/local_time.hpp"
 #include "cli/block_options.hpp"
 #include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
@@ -19,15 +20,15 @@ bool isBeingEdited(const QuillmereState& state)
 }
 
 /// Takes the block back into planning and out again, so that it never loses its start in between.
-std::string edit(const BlockOptions& options, QuillmereState& state, Instant now)
+std::string edit(const BlockOptions& options, QuillmereState& state, const base::SeenFrom& here)
 {
     if (!isBeingEdited(state)) {
-        WorkflowEngine().editScheduledBlock(state, now);
+        WorkflowEngine().editScheduledBlock(state, here.now);
     }
-    options.plan(*state.currentBlock, state, now);
+    options.plan(*state.currentBlock, state, here.now);
     const std::optional<Instant>& start = state.currentBlock->plannedStart;
     if (start && options.hasTime()) {
-        return work::done::scheduledFor(*start);
+        return work::done::scheduledFor(*start, here.hours);
     }
     return std::string(start ? work::done::scheduleChanged : work::done::blockBegun);
 }
@@ -35,7 +36,7 @@ std::string edit(const BlockOptions& options, QuillmereState& state, Instant now
 void editBlock(BlockOptions& options, Program& program)
 {
     const auto operation = namingOptions([&](QuillmereState& state, Instant now) {
-        std::string done = edit(options, state, now);
+        std::string done = edit(options, state, {now, program.hours()});
         if (!options.anyGiven() && !program.environment().inputIsTerminal) {
             throw ProgramError(ExitCode::usage,
                                "Say what to change, such as --at 15:00 or --focus 50m; quillmere edit --help "
@@ -47,7 +48,7 @@ void editBlock(BlockOptions& options, Program& program)
         const workspace::Situation situation = program.workspace().look();
         if (situation.state.currentBlock && program.wouldAccept(operation)) {
             options.askForMissing(*situation.state.currentBlock,
-                                  {program.environment(), situation.state, situation.now});
+                                  {program.environment(), situation.state, {situation.now, program.hours()}});
         }
     }
     program.change(operation);

@@ -1,5 +1,6 @@
 // Ends a focus session, now or at an earlier time.
 #include "amendments/forgot_to_end.hpp"
+#include "base/text/local_time.hpp"
 #include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/text_options.hpp"
@@ -30,13 +31,13 @@ std::optional<Instant> endOf(const EndCommand& command, Instant now)
     return now - work::durationFrom({"ago", *command.ago});
 }
 
-std::string end(const EndCommand& command, QuillmereState& state, Instant now)
+std::string end(const EndCommand& command, QuillmereState& state, const base::SeenFrom& here)
 {
-    if (const std::optional<Instant> at = endOf(command, now)) {
-        amendments::forgotToEnd(state, *at, now);
-        return work::done::endedOn(*at);
+    if (const std::optional<Instant> at = endOf(command, here.now)) {
+        amendments::forgotToEnd(state, *at, here.now);
+        return work::done::endedOn(*at, here.hours);
     }
-    WorkflowEngine().endFocus(state, now);
+    WorkflowEngine().endFocus(state, here.now);
     return std::string(work::done::focusEnded);
 }
 
@@ -46,8 +47,9 @@ void addEnd(CLI::App& line, Program& program)
 {
     const auto command = std::make_shared<EndCommand>();
     CLI::App* const app = addCommand(line, program, "end", "End the focus session", [command, &program] {
-        program.change(
-            namingOptions([&](QuillmereState& state, Instant now) { return end(*command, state, now); }));
+        program.change(namingOptions([&](QuillmereState& state, Instant now) {
+            return end(*command, state, {now, program.hours()});
+        }));
     });
     CLI::Option* const at =
         app->add_option(

@@ -44,7 +44,7 @@ void focus(PlanOptions& options, Program& program)
         const PlanOptions rehearsal = options.asked();
         if (!situation.state.plannedNextSession && program.wouldAccept(operationOf(rehearsal))) {
             explainPrompts(environment);
-            options.askForMissing({environment, situation.state, situation.now});
+            options.askForMissing({environment, situation.state, {situation.now, program.hours()}});
         }
     }
     program.change(work::done::focusStarted, operationOf(options));

@@ -104,12 +104,13 @@ void plan(PlanCommand& command, Program& program)
             }
         }
         command.options.askForMissing(presentBlock(command, before->state, before->now),
-                                      {environment, before->state, before->now});
+                                      {environment, before->state, {before->now, program.hours()}});
     }
     program.change([&](QuillmereState& state, Instant now) {
         operationOf(command)(state, now);
         const std::optional<Instant>& start = state.currentBlock->plannedStart;
-        return start ? work::done::scheduledFor(*start) : std::string(work::done::blockBegun);
+        return start ? work::done::scheduledFor(*start, program.hours())
+                     : std::string(work::done::blockBegun);
     });
     if (command.draft) {
         work::forgetDraftOfNextBlock(before->state, drafts);

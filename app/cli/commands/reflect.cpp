@@ -28,7 +28,7 @@ void reflect(ReflectionOptions& options, Program& program)
     if (environment.inputIsTerminal) {
         const workspace::Situation situation = program.workspace().look();
         if (isPossible(Step::completeBlockReview, situation.state)) {
-            askForReflection(options, {environment, situation.state, situation.now});
+            askForReflection(options, {environment, situation.state, {situation.now, program.hours()}});
         }
     }
     program.change(work::done::blockFinished, [&](QuillmereState& state, Instant now) {

@@ -141,7 +141,7 @@ void review(ReviewCommand& command, Program& program)
         const ReviewCommand rehearsal = filledIn(command);
         if (program.wouldAccept(operationOf(rehearsal))) {
             const workspace::Situation situation = program.workspace().look();
-            askForReview(command, {environment, situation.state, situation.now});
+            askForReview(command, {environment, situation.state, {situation.now, program.hours()}});
         }
     }
     program.change(operationOf(command));

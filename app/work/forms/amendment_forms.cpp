@@ -61,9 +61,9 @@ void saveEarlierEnd(const Form& form, QuillmereState& state, Instant now)
     amendments::forgotToEnd(state, pastTimeFrom(answerIn(form, earlierEndPrompt), now), now);
 }
 
-std::string earlierEndTimes(const Form& form, const QuillmereState&, Instant now)
+std::string earlierEndTimes(const Form& form, const QuillmereState&, const base::SeenFrom& here)
 {
-    return done::endedOn(pastTimeFrom(answerIn(form, earlierEndPrompt), now));
+    return done::endedOn(pastTimeFrom(answerIn(form, earlierEndPrompt), here.now), here.hours);
 }
 
 void addAwayFields(Form& form, const QuillmereState&, Instant)
@@ -80,13 +80,13 @@ void saveAway(const Form& form, QuillmereState& state, Instant now)
                         now);
 }
 
-std::string awayTimes(const Form& form, const QuillmereState& state, Instant now)
+std::string awayTimes(const Form& form, const QuillmereState& state, const base::SeenFrom& here)
 {
     const Answer to = answerIn(form, awayToPrompt);
     const WorkSession* const session = state.currentSession();
-    const Instant last = session && session->pausedAt ? *session->pausedAt : now;
-    return done::pauseOf(pastTimeFrom(answerIn(form, awayFromPrompt), now),
-                         to.text.empty() ? last : pastTimeFrom(to, now));
+    const Instant last = session && session->pausedAt ? *session->pausedAt : here.now;
+    return done::pauseOf(pastTimeFrom(answerIn(form, awayFromPrompt), here.now),
+                         to.text.empty() ? last : pastTimeFrom(to, here.now), here.hours);
 }
 
 void addAnotherStartFields(Form& form, const QuillmereState&, Instant) { addLine(form, anotherStartPrompt); }
@@ -99,9 +99,9 @@ void saveAnotherStart(const Form& form, QuillmereState& state, Instant now)
     amendments::backOut(state, amendments::StartAt{start}, now);
 }
 
-std::string anotherStartTimes(const Form& form, const QuillmereState&, Instant now)
+std::string anotherStartTimes(const Form& form, const QuillmereState&, const base::SeenFrom& here)
 {
-    return done::scheduledFor(startFrom(answerIn(form, anotherStartPrompt), now));
+    return done::scheduledFor(startFrom(answerIn(form, anotherStartPrompt), here.now), here.hours);
 }
 
 }  // namespace quillmere::work

@@ -34,9 +34,11 @@ void removeKeys(FieldValue& value)
 
 bool hasPlannedStart(const Form& form) { return !form.text(startId).empty(); }
 
-std::string blockTimes(const Form& form, const QuillmereState&, Instant now)
+std::string blockTimes(const Form& form, const QuillmereState&, const base::SeenFrom& here)
 {
-    return hasPlannedStart(form) ? done::scheduledFor(startFrom({startId, form.text(startId)}, now)) : "";
+    return hasPlannedStart(form)
+               ? done::scheduledFor(startFrom({startId, form.text(startId)}, here.now), here.hours)
+               : "";
 }
 
 void addBlockFields(Form& form, const QuillmereState& state, Instant now, const config::Values& values)

@@ -64,11 +64,11 @@ void saveCorrection(const Form& form, QuillmereState& state, Instant now)
     amendments::correctSession(state, block, corrected, std::move(correction), now);
 }
 
-std::string correctionTimes(const Form& form, const QuillmereState& state, Instant)
+std::string correctionTimes(const Form& form, const QuillmereState& state, const base::SeenFrom& here)
 {
     const WorkSession* const session = reviewedSession(state);
     const std::optional<Instant> end = session ? earlierEnd(form, *session) : std::nullopt;
-    return end ? std::string(done::recordCorrected) + " " + done::endedOn(*end) : "";
+    return end ? std::string(done::recordCorrected) + " " + done::endedOn(*end, here.hours) : "";
 }
 
 }  // namespace quillmere::work

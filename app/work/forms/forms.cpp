@@ -22,7 +22,7 @@ struct FormRow {
     FormKind value;
     void (*addFields)(Form&, const QuillmereState&, Instant, const config::Values&);
     void (*save)(const Form&, QuillmereState&, Instant);
-    std::string (*times)(const Form&, const QuillmereState&, Instant) = nullptr;
+    std::string (*times)(const Form&, const QuillmereState&, const base::SeenFrom&) = nullptr;
 };
 
 constexpr auto formRows = std::to_array<FormRow>({
@@ -170,10 +170,10 @@ Move moveOf(const Form& form, const QuillmereState& state)
     return moveOf(form.subject().kind, state);
 }
 
-std::string timesInFull(const Form& form, const QuillmereState& state, Instant now)
+std::string timesInFull(const Form& form, const QuillmereState& state, const base::SeenFrom& here)
 {
     const FormRow& row = rowOf(formRows, form.subject().kind);
-    return row.times ? row.times(form, state, now) : "";
+    return row.times ? row.times(form, state, here) : "";
 }
 
 void carryOut(const Form& form, QuillmereState& state, Instant now)

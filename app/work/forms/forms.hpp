@@ -1,6 +1,7 @@
 // The forms of all records: which one a state asks for, how it begins, and how it is saved.
 #pragma once
 
+#include "base/text/local_time.hpp"
 #include "config/values.hpp"
 #include "work/forms/form.hpp"
 #include "work/move.hpp"
@@ -46,7 +47,7 @@ Move moveOf(const Form& form, const QuillmereState& state);
 
 /// The sentence that says in full how the times in the form are understood; empty for a form without a time.
 /// Throws Unacceptable.
-std::string timesInFull(const Form& form, const QuillmereState& state, Instant now);
+std::string timesInFull(const Form& form, const QuillmereState& state, const base::SeenFrom& here);
 
 /// Saves the form. Throws WorkflowError when the state is no longer about the form's subject or when the
 /// engine refuses, and Unacceptable when a value cannot be used.

@@ -1,6 +1,7 @@
 // One form for each record, used by forms.cpp.
 #pragma once
 
+#include "base/text/local_time.hpp"
 #include "config/values.hpp"
 #include "work/fields/answers.hpp"
 #include "work/forms/form.hpp"
@@ -44,11 +45,11 @@ void saveCorrection (const Form& form, QuillmereState& state, Instant now);
 void saveAnotherStart(const Form& form, QuillmereState& state, Instant now);
 
 // Each says in full how the times in its form are understood; empty when there is none.
-std::string blockTimes       (const Form& form, const QuillmereState& state, Instant now);
-std::string earlierEndTimes  (const Form& form, const QuillmereState& state, Instant now);
-std::string awayTimes        (const Form& form, const QuillmereState& state, Instant now);
-std::string correctionTimes  (const Form& form, const QuillmereState& state, Instant now);
-std::string anotherStartTimes(const Form& form, const QuillmereState& state, Instant now);
+std::string blockTimes       (const Form& form, const QuillmereState& state, const base::SeenFrom& here);
+std::string earlierEndTimes  (const Form& form, const QuillmereState& state, const base::SeenFrom& here);
+std::string awayTimes        (const Form& form, const QuillmereState& state, const base::SeenFrom& here);
+std::string correctionTimes  (const Form& form, const QuillmereState& state, const base::SeenFrom& here);
+std::string anotherStartTimes(const Form& form, const QuillmereState& state, const base::SeenFrom& here);
 // clang-format on
 
 /// Whether a block form names a time to begin at.
