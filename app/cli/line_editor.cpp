@@ -3,13 +3,13 @@
 #include "base/system/held_signals.hpp"
 #include "base/system/wait.hpp"
 #include "cli/edited_keys.hpp"
+#include "cli/kept_modes.hpp"
+#include "cli/libedit_handles.hpp"
 #include "cli/utf8_locale.hpp"
 #include "screen/keys/key_reader.hpp"
 #include "screen/terminal/restore_terminal.hpp"
 
-#include <fcntl.h>
 #include <histedit.h>
-#include <termios.h>
 #include <unistd.h>
 
 #include <array>
@@ -18,92 +18,18 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
 #include <string_view>
 #include <system_error>
 
 namespace quillmere::cli {
 namespace {
 
-using Stream = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
-
-/// A stream of its own on the terminal: closing it leaves the descriptor open.
-Stream streamOn(int descriptor, const char* mode)
-{
-    const int copy = ::fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
-    std::FILE* const file = copy == -1 ? nullptr : ::fdopen(copy, mode);
-    if (!file) {
-        throw std::system_error(errno, std::generic_category(), "fdopen");
-    }
-    return {file, std::fclose};
-}
-
-/// Gives the terminal its modes back at the end. What is typed ahead stays.
-class KeptModes {
-public:
-    explicit KeptModes(int terminal) : terminal_(terminal) { isKept_ = ::tcgetattr(terminal, &modes_) == 0; }
-    KeptModes(const KeptModes&) = delete;
-    KeptModes& operator=(const KeptModes&) = delete;
-    ~KeptModes()
-    {
-        if (isKept_) {
-            ::tcsetattr(terminal_, TCSADRAIN, &modes_);
-        }
-    }
-
-    /// The signal that the terminal would send for a key; 0 for none.
-    int signalOf(const screen::Key& key) const
-    {
-        if (key.kind != screen::Key::Kind::control) {
-            return 0;
-        }
-        const auto byte = static_cast<cc_t>(key.text[0] - 'a' + 1);
-        return byte == modes_.c_cc[VINTR] ? SIGINT : byte == modes_.c_cc[VSUSP] ? SIGTSTP : 0;
-    }
-
-private:
-    int terminal_;
-    bool isKept_;
-    termios modes_{};
-};
-
-using EditorHandle = std::unique_ptr<EditLine, void (*)(EditLine*)>;
-
-/// Otherwise el_end would set the modes of the terminal so that what is typed ahead gets lost.
-void endLine(EditLine* line)
-{
-    ::el_wset(line, EL_EDITMODE, 0);
-    ::el_end(line);
-}
-
-EditorHandle lineOn(std::FILE* input, std::FILE* output, std::FILE* messages)
-{
-    EditorHandle line(::el_init("quillmere", input, output, messages), endLine);
-    if (!line) {
-        throw std::system_error(ENOMEM, std::generic_category(), "el_init");
-    }
-    return line;
-}
-
-using EarlierLines = std::unique_ptr<HistoryW, void (*)(HistoryW*)>;
-
-EarlierLines historyOf(const LineRequest& request)
-{
-    EarlierLines history(::history_winit(), ::history_wend);
-    HistEventW event{};
-    ::history_w(history.get(), &event, H_SETSIZE, static_cast<int>(request.earlier.size()));
-    for (auto line = request.earlier.rbegin(); line != request.earlier.rend(); ++line) {
-        ::history_w(history.get(), &event, H_ENTER, wideText(*line).c_str());
-    }
-    return history;
-}
-
 /// A line that is edited by libedit. It gets its characters from here, one by one: keys that the terminal
 /// sends as sequences arrive there as single control characters, and no others that could get into the line.
 class EditedLine {
 public:
     explicit EditedLine(const LineRequest& request)
-        : request_(request), prompt_(wideText(request.prompt)), history_(historyOf(request))
+        : request_(request), prompt_(wideText(request.prompt)), history_(historyOf(request.earlier))
     {
         ::el_wset(line_.get(), EL_CLIENTDATA, this);
         ::el_wset(line_.get(), EL_PROMPT, prompt);

@@ -2,6 +2,7 @@
 
 #include "cli/exit_code.hpp"
 #include "cli/prompt.hpp"
+#include "cli/ratings.hpp"
 #include "work/fields/answers.hpp"
 #include "work/fields/unacceptable.hpp"
 
@@ -13,11 +14,6 @@ namespace quillmere::cli {
 namespace {
 
 using PlanField = work::RecordField<SessionPlan>;
-
-bool isRating(const PlanField& field)
-{
-    return std::holds_alternative<std::int64_t SessionPlan::*>(field.member);
-}
 
 bool isOutcomeServed(const PlanField& field)
 {
@@ -90,19 +86,7 @@ void PlanOptions::requireOutcome(const std::optional<Block>& block) const
     }
 }
 
-void PlanOptions::requireRatings() const
-{
-    std::string missing;
-    for (const PlanField& field : work::planFields) {
-        if (isRating(field) && !options_.wasAsked() && !options_.given(field.prompt.name)) {
-            missing += (missing.empty() ? "" : " and ") + options_.optionName(field.prompt.name);
-        }
-    }
-    if (!missing.empty()) {
-        throw ProgramError(ExitCode::usage,
-                           "The session needs your own rating: say " + missing + ", 1 to 5.");
-    }
-}
+void PlanOptions::requireRatings() const { cli::requireRatings(options_); }
 
 void PlanOptions::askForMissing(const Asking& asking)
 {

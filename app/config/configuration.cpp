@@ -104,13 +104,25 @@ private:
     void takeTemplate(const TomlEntry& entry)
     {
         const bool isEmpty = std::holds_alternative<EmptyTable>(entry.value);
-        if (entry.path.size() > 2) {
+        if (entry.path.size() > 1 && entry.path[1] == lastBlockName) {
+            refuseName(entry);
+        } else if (entry.path.size() > 2) {
             takeField(entry);
         } else if (!isEmpty) {
             complain(entry.keyPlace,
                      nameOf(entry.path) + " must be a table of its own, such as [template.report].");
         } else if (entry.path.size() == 2) {
             templateOf(entry);
+        }
+    }
+
+    /// Complains once, however many fields the template has.
+    void refuseName(const TomlEntry& entry)
+    {
+        if (!std::exchange(hasRefusedName_, true)) {
+            complain(entry.keyPlace,
+                     "template.last cannot be chosen, because plan --like last means the last "
+                     "block; give the template another name.");
         }
     }
 
@@ -169,6 +181,7 @@ private:
     Configuration& configuration_;
     const fs::path& file_;
     std::vector<Template> templates_;
+    bool hasRefusedName_ = false;
 };
 
 /// A missing file is empty.

@@ -72,4 +72,7 @@ inline constexpr auto templateKeys = std::to_array<Key<Template>>({
 /// The table that templates stand in.
 inline constexpr std::string_view templateTable = "template";
 
+/// The word by which `plan --like` names the last block. No template has this name.
+inline constexpr std::string_view lastBlockName = "last";
+
 }  // namespace quillmere::config

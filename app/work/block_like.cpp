@@ -1,6 +1,7 @@
 #include "work/block_like.hpp"
 
 #include "base/refusal.hpp"
+#include "config/keys.hpp"
 #include "work/fields/fields.hpp"
 #include "work/naming.hpp"
 
@@ -11,7 +12,7 @@ namespace quillmere::work {
 
 const Block& modelNamed(std::string_view name, const QuillmereState& state)
 {
-    if (name != "last") {
+    if (name != config::lastBlockName) {
         return blockNamed(name, state);
     }
     if (state.blockHistory.empty()) {

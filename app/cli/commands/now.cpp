@@ -2,11 +2,11 @@
 #include "base/text/blank.hpp"
 #include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
-#include "cli/prompt.hpp"
+#include "cli/field_prompts.hpp"
+#include "cli/ratings.hpp"
 #include "cli/text_options.hpp"
 #include "work/done_text.hpp"
 #include "work/fields/answers.hpp"
-#include "work/fields/unacceptable.hpp"
 #include "work/next_plan.hpp"
 #include "work/session_at_once.hpp"
 
@@ -30,47 +30,14 @@ struct NowCommand {
     RecordOptions<SessionPlan> ratings{ratingFields};
 };
 
-void requireRating(const work::Prompt& prompt, const std::string& text)
-{
-    const std::string name(prompt.name);
-    const std::int64_t rating = work::numberFrom({name, text}, prompt.limits);
-    if (rating < prompt.limits.least || rating > prompt.limits.most) {
-        throw work::Unacceptable(name, "Give a number from " + std::to_string(prompt.limits.least) + " to " +
-                                           std::to_string(prompt.limits.most) + ".");
-    }
-}
-
-bool lacks(const work::RecordField<SessionPlan>& field, const NowCommand& command)
-{
-    return !command.ratings.given(field.prompt.name);
-}
-
-void askForRatings(NowCommand& command, base::Environment& environment)
-{
-    for (const work::RecordField<SessionPlan>& field : ratingFields) {
-        const work::Prompt& prompt = field.prompt;
-        if (lacks(field, command)) {
-            const std::string question =
-                std::string(prompt.question) + " (" + std::string(prompt.format) + ")";
-            command.ratings.give(prompt.name,
-                                 askUntil(environment, {.text = question},
-                                          [&](const std::string& text) { requireRating(prompt, text); }));
-        }
-    }
-}
-
 /// A plan that is saved has ratings, which count.
-void requireRatings(const NowCommand& command, bool isPlanSaved)
+bool hasSavedPlan(const QuillmereState& state) { return state.plannedNextSession.has_value(); }
+
+void askForRatings(NowCommand& command, const Asking& asking)
 {
-    std::string missing;
-    for (const work::RecordField<SessionPlan>& field : ratingFields) {
-        if (lacks(field, command) && !isPlanSaved) {
-            missing += (missing.empty() ? "--" : " and --") + std::string(field.prompt.name);
-        }
-    }
-    if (!missing.empty()) {
-        throw ProgramError(ExitCode::usage, "Say " + missing + " (1 to 5).");
-    }
+    const SessionPlan present = SessionPlan::blank(Identifier::random());
+    command.ratings.askForMissing(
+        [&](const work::RecordField<SessionPlan>& field) { return askForField(asking, field, present); });
 }
 
 void startNow(const NowCommand& command, const config::Values& values, QuillmereState& state, Instant now)
@@ -88,9 +55,11 @@ void startNow(const NowCommand& command, const config::Values& values, Quillmere
 workspace::Operation checkedStart(const NowCommand& command, const config::Values& values)
 {
     return namingOptions([&](QuillmereState& state, Instant now) {
-        const bool isPlanSaved = state.plannedNextSession.has_value();
+        const bool isRated = hasSavedPlan(state);
         startNow(command, values, state, now);
-        requireRatings(command, isPlanSaved);
+        if (!isRated) {
+            requireRatings(command.ratings);
+        }
     });
 }
 
@@ -100,9 +69,11 @@ void startSession(NowCommand& command, Program& program)
     const config::Values& values = program.configuration().values;
     const auto dryRun =
         namingOptions([&](QuillmereState& state, Instant now) { startNow(command, values, state, now); });
-    if (environment.inputIsTerminal && program.wouldAccept(dryRun) &&
-        !program.workspace().look().state.plannedNextSession) {
-        askForRatings(command, environment);
+    if (environment.inputIsTerminal && program.wouldAccept(dryRun)) {
+        const workspace::Situation situation = program.workspace().look();
+        if (!hasSavedPlan(situation.state)) {
+            askForRatings(command, {environment, situation.state, {situation.now, program.hours()}});
+        }
     }
     program.change(work::done::focusStarted, checkedStart(command, values));
 }

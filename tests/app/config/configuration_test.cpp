@@ -191,6 +191,17 @@ TEST(ReadConfiguration, readsTemplatesInTheOrderOfTheFile)
                                 }));
 }
 
+TEST(ReadConfiguration, takesNoTemplateByTheNameOfTheLastBlock)
+{
+    Configuration configuration;
+    config::add(configuration, "[template.last]\nwhy = \"a\"\nfocus = \"25m\"\n", "config.toml");
+    EXPECT_TRUE(configuration.values.templates.empty());
+    ASSERT_EQ(configuration.problems.size(), 1u);
+    EXPECT_EQ(config::problemText(configuration.problems.front()),
+              "config.toml:2:1: template.last cannot be chosen, because plan --like last means the last "
+              "block; give the template another name.");
+}
+
 TEST(ReadConfiguration, replacesATemplateOfProgramsAsAWhole)
 {
     Configuration configuration;

@@ -154,6 +154,7 @@ private:
 bool saysThatItIsSaved(const std::string& message)
 {
     return message.find("The change itself is saved") != std::string::npos ||
+           message.find("The focus session ended at") != std::string::npos ||
            message.find("The time that passed is recorded") != std::string::npos ||
            message.find("Version 1 is restored") != std::string::npos;
 }

@@ -105,8 +105,10 @@ TEST(Now, isRefusedWhileAScheduledBlockWaits)
 TEST(Now, namesTheRatingsThatAreMissing)
 {
     const Person person;
-    expectRefusal(person, {"now", "Outline"}, "Say --energy and --morale (1 to 5).", ExitCode::usage);
-    expectRefusal(person, {"now", "Outline", "--energy", "3"}, "Say --morale (1 to 5).", ExitCode::usage);
+    expectRefusal(person, {"now", "Outline"},
+                  "The session needs your own rating: say --energy and --morale, 1 to 5.", ExitCode::usage);
+    expectRefusal(person, {"now", "Outline", "--energy", "3"},
+                  "The session needs your own rating: say --morale, 1 to 5.", ExitCode::usage);
     EXPECT_EQ(person.types({"now", "Outline", "--energy", "6", "--morale", "3"}).code, ExitCode::refused);
     EXPECT_EQ(person.names(), Words{});
 }

@@ -420,9 +420,9 @@ TEST(NowPrompt, asksForTheRatingsThatAreMissing)
     const Ending ending = asked(person, {"now", "Outline", "--energy", "4"}, "6\nmuch\n2\n");
     EXPECT_EQ(ending.code, ExitCode::done);
     EXPECT_EQ(ending.err,
-              "How is the morale? (1 to 5) Give a number from 1 to 5.\n"
-              "How is the morale? (1 to 5) \"much\" is no whole number from 1 to 5.\n"
-              "How is the morale? (1 to 5) ");
+              "How is the morale? (1 to 5) [3] \"6\" is no whole number from 1 to 5.\n"
+              "How is the morale? (1 to 5) [3] \"much\" is no whole number from 1 to 5.\n"
+              "How is the morale? (1 to 5) [3] ");
     EXPECT_EQ(person.state().currentSession()->plan.energy, 4);
     EXPECT_EQ(person.state().currentSession()->plan.morale, 2);
 }
