@@ -12,6 +12,7 @@ namespace {
 
 constexpr char saveLetter = 's';
 constexpr char questionsLetter = 'o';
+constexpr char modelsLetter = 't';
 
 bool isLetter(const Key& key, std::string_view letter)
 {
@@ -53,6 +54,9 @@ void Screen::follow(const std::optional<work::FormSubject>& before)
     }
     adopt(workForm_, presenter_.workForm());
     adopt(openedForm_, presenter_.openedForm());
+    if (page_ == Page::models && presenter_.models().empty()) {
+        page_ = Page::work;
+    }
     if (presenter_.isUsable()) {
         const std::size_t count = state().openQuestions().size();
         choose(std::min(chosenQuestion_, count == 0 ? 0 : count - 1));
@@ -103,6 +107,8 @@ void Screen::take(const Key& key)
         pressInForm(key);
     } else if (page_ == Page::questions) {
         pressOnQuestions(key);
+    } else if (page_ == Page::models) {
+        pressOnModels(key);
     } else {
         pressOnWork(key);
     }
@@ -188,6 +194,23 @@ void Screen::choose(std::size_t question)
     chosenQuestion_ = question;
 }
 
+void Screen::pressOnModels(const Key& key)
+{
+    const std::vector<work::Model> models = presenter_.models();
+    if (key.kind == Key::Kind::escape) {
+        page_ = Page::work;
+    } else if (isLetter(key, "q")) {
+        isOver_ = true;
+    } else if (key.kind == Key::Kind::up && chosenModel_ > 0) {
+        --chosenModel_;
+    } else if (key.kind == Key::Kind::down && chosenModel_ + 1 < models.size()) {
+        ++chosenModel_;
+    } else if (key.kind == Key::Kind::enter && chosenModel_ < models.size()) {
+        presenter_.planLike(models[chosenModel_]);
+        page_ = Page::work;
+    }
+}
+
 void Screen::pressInForm(const Key& key)
 {
     FormEditor& editor = *form();
@@ -200,6 +223,10 @@ void Screen::pressInForm(const Key& key)
     } else if (!openedForm_ && key == withControl(questionsLetter)) {
         keepDraft();
         page_ = Page::questions;
+    } else if (!openedForm_ && key == withControl(modelsLetter) && !presenter_.models().empty()) {
+        keepDraft();
+        chosenModel_ = 0;
+        page_ = Page::models;
     } else if (isPageKey(key)) {
         editor.scroll(key.kind == Key::Kind::pageDown, window_, contentArea());
     } else if (editor.take(key, window_)) {

@@ -44,7 +44,7 @@ private:
     static constexpr const char* keysKey = "?";
     static constexpr Size usualWindow{.rows = 24, .columns = 80};
 
-    enum class Page { work, keys, questions };
+    enum class Page { work, keys, questions, models };
 
     const workspace::Situation& situation() const { return presenter_.situation(); }
     const QuillmereState& state() const { return situation().state; }
@@ -58,6 +58,7 @@ private:
     /// Keys of the pages of work and of keys.
     void pressForAction(const Key& key);
     void pressOnQuestions(const Key& key);
+    void pressOnModels(const Key& key);
     void pressInForm(const Key& key);
     /// Goes back from a form: closes it, leaves the planning, or shows what else is possible.
     void leaveForm();
@@ -76,6 +77,7 @@ private:
     std::vector<KeyHint> keys() const;
     std::vector<KeyHint> keysOfForm() const;
     std::vector<KeyHint> keysOfQuestions() const;
+    std::vector<KeyHint> keysOfModels() const;
     std::vector<KeyHint> keysOfWork() const;
     /// Every key of the work, for the page of keys.
     std::vector<KeyHint> allKeys() const;
@@ -86,7 +88,8 @@ private:
     Size window_ = usualWindow;
     Page page_ = Page::work;
     std::size_t chosenQuestion_ = 0;
-    std::size_t scrolledRows_ = 0;          ///< of the chosen question
+    std::size_t scrolledRows_ = 0;  ///< of the chosen question
+    std::size_t chosenModel_ = 0;
     std::optional<FormEditor> workForm_;    ///< of the state
     std::optional<FormEditor> openedForm_;  ///< covers everything else
     bool holdsKeys_ = false;                ///< ignores keys until Esc

@@ -27,6 +27,9 @@ std::vector<KeyHint> Screen::keysOfForm() const
         hints.push_back({"Esc", "back"});
     } else {
         const work::Action* const leaving = work::actionFor(work::ActionId::leavePlanning, situation());
+        if (!presenter_.models().empty()) {
+            hints.push_back({"^T", "like another"});
+        }
         hints.push_back({"^O", questionsLabel()});
         hints.push_back({"Esc", leaving ? std::string(leaving->label) : "more"});
     }
@@ -45,6 +48,11 @@ std::vector<KeyHint> Screen::keysOfQuestions() const
     hints.push_back({"Esc", "back"});
     hints.push_back({"q", "quit"});
     return hints;
+}
+
+std::vector<KeyHint> Screen::keysOfModels() const
+{
+    return {{"↑↓", "choose"}, {"Enter", "take its words and lengths"}, {"Esc", "back"}, {"q", "quit"}};
 }
 
 std::vector<KeyHint> Screen::keysOfWork() const
@@ -97,6 +105,7 @@ std::vector<KeyHint> Screen::keys() const
     }
     switch (page_) {
         case Page::questions: return keysOfQuestions();
+        case Page::models: return keysOfModels();
         case Page::keys: return {{"Esc", "back"}};
         case Page::work: break;
     }
@@ -154,6 +163,9 @@ Canvas Screen::picture(Charset charset) const
         current->draw(canvas, area, {.accent = surrounding.accent, .bold = true});
     } else if (page_ == Page::questions) {
         drawQuestions(canvas, area, situation(), chosenQuestion_, scrolledRows_, presenter_.hours());
+    } else if (page_ == Page::models) {
+        drawModels(canvas, area, presenter_.models(), chosenModel_,
+                   {.accent = surrounding.accent, .bold = true});
     } else if (page_ == Page::keys) {
         drawKeyList(canvas, area, allKeys(), {.accent = surrounding.accent, .bold = true});
     } else if (const auto view = work::SituationView::of(situation()); view.timer) {

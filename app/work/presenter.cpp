@@ -227,6 +227,19 @@ std::optional<std::string> Presenter::save(std::shared_ptr<Form> form)
     return std::nullopt;
 }
 
+std::vector<Model> Presenter::models() const
+{
+    const bool isPlanned = isUsable() && workForm_ && workForm_->subject().kind == FormKind::block;
+    return isPlanned ? modelsFor(state(), values_, {situation().now, values_.hours}) : std::vector<Model>();
+}
+
+void Presenter::planLike(const Model& model)
+{
+    workForm_ = std::make_shared<Form>(filledLike(model.block, *workForm_));
+    noteChange(workForm_);
+    keepDraft();
+}
+
 void Presenter::request(const Action& action)
 {
     if (mustAsk(action)) {

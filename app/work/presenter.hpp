@@ -6,6 +6,7 @@
 #include "work/actions.hpp"
 #include "work/forms/drafts.hpp"
 #include "work/forms/forms.hpp"
+#include "work/models.hpp"
 #include "work/state_change.hpp"
 #include "work/undo/undo_step.hpp"
 #include "workspace/retrying_workspace.hpp"
@@ -72,6 +73,11 @@ public:
     void keepDraft();
     /// Saves a form; saving may close it. Returns the id of the field to correct when a value cannot be used.
     std::optional<std::string> save(std::shared_ptr<Form> form);
+
+    /// What the block in planning can be filled in after; empty while the work does not wait for one.
+    std::vector<Model> models() const;
+    /// Fills the form of the block in, but for its time to begin. The work must wait for it.
+    void planLike(const Model& model);
 
     /// Takes an action, opens its form, or waits for its confirmation when it has a question.
     void request(const Action& action);

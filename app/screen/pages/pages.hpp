@@ -3,6 +3,7 @@
 
 #include "base/text/hours.hpp"
 #include "screen/canvas/canvas.hpp"
+#include "work/models.hpp"
 #include "work/situation_view.hpp"
 #include "workspace/workspace.hpp"
 
@@ -46,6 +47,10 @@ void drawQuestions(Canvas& canvas, const Area& area, const workspace::Situation&
 /// The number of rows to scroll until the end of the chosen question is in view.
 std::size_t mostScrolled(Size window, const Area& area, const workspace::Situation& situation,
                          std::size_t chosen);
+
+/// What a block can be planned after; the chosen one is marked and in view.
+void drawModels(Canvas& canvas, const Area& area, const std::vector<work::Model>& models, std::size_t chosen,
+                Look look);
 
 /// All keys, one a row.
 void drawKeyList(Canvas& canvas, const Area& area, const std::vector<KeyHint>& keys, Look look);

@@ -1,6 +1,7 @@
 // The form of a block.
 #include "config/new_block.hpp"
 #include "work/done_text.hpp"
+#include "work/forms/forms.hpp"
 #include "work/forms/record_forms.hpp"
 
 #include <quillmere/engine/workflow_engine.hpp>
@@ -54,6 +55,18 @@ void addBlockFields(Form& form, const QuillmereState& state, Instant now, const 
         }
         form.add(std::move(field));
     }
+}
+
+Form filledLike(const Block& model, Form form)
+{
+    for (const RecordField<Block>& row : blockFields) {
+        if (row.prompt.name != startId) {
+            FieldValue value = valueIn(model, row);
+            removeKeys(value);
+            form.setValue(form.indexOf(row.prompt.name).value(), std::move(value));
+        }
+    }
+    return form;
 }
 
 void saveBlock(const Form& form, QuillmereState& state, Instant now)

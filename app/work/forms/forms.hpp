@@ -45,6 +45,10 @@ bool isCurrent(const FormSubject& subject, const QuillmereState& state);
 /// The move that saving the form makes; the last one where it makes two.
 Move moveOf(const Form& form, const QuillmereState& state);
 
+/// The form of a block with the words and lengths of another one, as if the person had typed them; its time
+/// to begin stays.
+Form filledLike(const Block& model, Form form);
+
 /// The sentence that says in full how the times in the form are understood; empty for a form without a time.
 /// Throws Unacceptable.
 std::string timesInFull(const Form& form, const QuillmereState& state, const base::SeenFrom& here);
