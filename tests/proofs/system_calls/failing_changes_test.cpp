@@ -195,7 +195,9 @@ TEST_F(AChangeOfTheRealProgram, thatFailsSaysWhatIsSavedAndKeepsNoVersionOfWhatI
                     EXPECT_LT(run.code, 128);
                     // Where no write succeeds any more there is no message either.
                     const bool canSpeak = !fromThereOn || callOf(call) != SystemCall::write;
-                    EXPECT_EQ(canSpeak && run.code != 0 && files.hasChanged(), saysThatItIsSaved(run.err))
+                    const bool hasFailed = run.code != 0;
+                    EXPECT_EQ(canSpeak && hasFailed && files.hasChanged(),
+                              hasFailed && saysThatItIsSaved(run.err))
                         << run.err;
                     EXPECT_TRUE(files.hasChanged() || files.hasSameVersions() ||
                                 (error == EDQUOT && files.hasNewestVersion()))
