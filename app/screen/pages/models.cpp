@@ -6,7 +6,7 @@
 namespace quillmere::screen {
 namespace {
 
-constexpr std::size_t markColumns = 2;
+constexpr std::size_t markAndGap = 2;
 constexpr std::size_t rowsOfModel = 2;
 
 }  // namespace
@@ -22,8 +22,8 @@ void drawModels(Canvas& canvas, const Area& area, const std::vector<work::Model>
     for (std::size_t index = first; index < models.size() && flow.rowsLeft() >= rowsOfModel; ++index) {
         const bool isChosen = index == chosen;
         canvas.write({flow.rest().row, area.column}, isChosen ? "▸" : " ", look);
-        flow.line(models[index].name, {.bold = isChosen}, markColumns);
-        flow.line(models[index].note, {.dim = true}, markColumns);
+        flow.line(models[index].name, {.bold = isChosen}, markAndGap);
+        flow.line(models[index].note, {.dim = true}, markAndGap);
     }
     drawMoreArrows(canvas, area, first > 0, first + shown < models.size());
 }
