@@ -47,7 +47,7 @@ constexpr auto examples = std::to_array<Examples>({
     {"questions",    "quillmere questions",           "quillmere questions --all"},
     {"answer",       "quillmere answer 1 'The second one'",
                      "quillmere answer 1 --dismiss"},
-    {"history",      "quillmere history",             "quillmere history --limit 50"},
+    {"history",      "quillmere history --search headings", "quillmere history 9F1C"},
     {"report",       "quillmere report last week",    "quillmere report --since 2026-10 --html look-back.html"},
     {"amend",        "quillmere amend 9F1C --why 'For the course'",
                      "quillmere amend 9F1C.2 --completion half"},

@@ -38,16 +38,24 @@ const config::Configuration& Program::readConfiguration(bool saysProblems) const
 
 void Program::change(std::string_view done, const workspace::Operation& operation)
 {
-    printChange(done, apply(operation));
+    change([&](QuillmereState& state, Instant now) {
+        operation(state, now);
+        return std::string(done);
+    });
 }
 
 void Program::change(const std::function<std::string(QuillmereState&, Instant now)>& operation,
                      const std::function<std::string()>& afterwards)
 {
     std::string done;
-    const workspace::Situation situation =
-        apply([&](QuillmereState& state, Instant now) { done = operation(state, now); });
-    printChange(done + (afterwards ? afterwards() : ""), situation);
+    WorkflowState before{};
+    const workspace::Situation situation = apply([&](QuillmereState& state, Instant now) {
+        before = state.workflowState;
+        done = operation(state, now);
+    });
+    const StatusDetail detail =
+        situation.state.workflowState == before ? StatusDetail::brief : StatusDetail::whole;
+    printChange(done + (afterwards ? afterwards() : ""), situation, detail);
 }
 
 void Program::restore(const workspace::Version& version)
@@ -55,7 +63,8 @@ void Program::restore(const workspace::Version& version)
     const workspace::Situation situation = workspace().restore(
         version, [this](const std::vector<workspace::Event>& events) { reportEvents(events); });
     isCarriedOut_ = true;
-    printChange("Version " + std::to_string(version.number) + " is restored.", situation);
+    printChange("Version " + std::to_string(version.number) + " is restored.", situation,
+                StatusDetail::whole);
 }
 
 void Program::take(const work::UndoStep& step)
@@ -64,7 +73,7 @@ void Program::take(const work::UndoStep& step)
     const work::UndoChange change = work::changeBy(step, files);
     const workspace::Situation situation = apply(change.operation, change.manner);
     reportEvents(change.step->events);
-    printChange(work::doneText(*change.step), situation);
+    printChange(work::doneText(*change.step), situation, StatusDetail::whole);
 }
 
 void Program::catchUp() { apply(nullptr); }
@@ -103,14 +112,14 @@ workspace::Situation Program::apply(const workspace::Operation& operation,
     }
 }
 
-void Program::printChange(std::string_view done, const workspace::Situation& situation)
+void Program::printChange(std::string_view done, const workspace::Situation& situation, StatusDetail detail)
 {
     if (settings_.json) {
         print({{"done", done}, {"events", eventsJson(events_)}, {"status", statusJson(situation)}});
         return;
     }
     environment_.out << done << "\n\n";
-    printStatus(environment_.out, situation, style(), hours());
+    printStatus(environment_.out, situation, style(), configuration().values, detail);
 }
 
 void Program::warn(const std::string& warning) const

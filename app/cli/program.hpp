@@ -22,6 +22,9 @@ struct UndoStep;
 
 namespace quillmere::cli {
 
+/// How much of the status follows a change: what helps at a moment is told when that moment begins.
+enum class StatusDetail { brief, whole };
+
 /// The global options.
 struct Settings {
     std::optional<std::filesystem::path> directory;
@@ -89,7 +92,7 @@ public:
 private:
     workspace::Situation apply(const workspace::Operation& operation,
                                const workspace::ChangeManner& manner = {});
-    void printChange(std::string_view done, const workspace::Situation& situation);
+    void printChange(std::string_view done, const workspace::Situation& situation, StatusDetail detail);
     /// Prints a warning, unless it is empty.
     void warn(const std::string& warning) const;
     const config::Configuration& readConfiguration(bool saysProblems) const;

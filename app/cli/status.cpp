@@ -1,12 +1,12 @@
 #include "cli/status.hpp"
 
 #include "base/record_json.hpp"
-#include "base/text/duration.hpp"
-#include "base/text/local_time.hpp"
 #include "base/text/sanitize.hpp"
-#include "work/countdown.hpp"
+#include "cli/recall_text.hpp"
 #include "work/event_text.hpp"
+#include "work/recall/moment.hpp"
 #include "work/situation_view.hpp"
+#include "work/timer_text.hpp"
 
 #include <nlohmann/json.hpp>
 
@@ -31,12 +31,12 @@ void printQuestions(std::ostream& out, std::size_t count)
     }
 }
 
-void printSchedule(std::ostream& out, const std::optional<work::ScheduleView>& schedule, base::Hours hours)
+/// The time, a bar, and when it ends: "14:59  [###.....]  until 14:55".
+void printTimer(std::ostream& out, const work::TimerView& timer, const base::SeenFrom& here)
 {
-    if (schedule) {
-        out << "A block is scheduled: " << base::localText(schedule->start, hours) << " to "
-            << base::localText(schedule->end, hours) << '\n';
-    }
+    const std::string end = work::endText(timer, here);
+    out << work::timeText(timer, here) << "  " << base::progressBar(timer.usedShare)
+        << (end.empty() ? "" : "  " + end) << '\n';
 }
 
 }  // namespace
@@ -70,29 +70,23 @@ void printField(std::ostream& out, std::string_view heading, std::string_view te
     }
 }
 
-void printHeadline(std::ostream& out, const WidgetSnapshot& snapshot, Instant now,
-                   std::optional<double> progress, const base::Style& style)
+void printTitle(std::ostream& out, WidgetPhase phase, std::string_view caption, const base::Style& style)
 {
-    out << style.accented(title(snapshot.phase), QuillmereDesign::accent(snapshot.phase)) << "  "
-        << QuillmereDesign::caption(snapshot) << '\n';
-    if (const auto remaining = work::remainingSeconds(snapshot, now)) {
-        out << QuillmereDesign::timeText(*remaining);
-        if (progress) {
-            out << "  " << base::progressBar(*progress);
-        }
-        out << (snapshot.countdown->isPaused ? "  paused" : "") << '\n';
-    }
+    out << style.accented(title(phase), QuillmereDesign::accent(phase)) << "  " << caption << '\n';
 }
 
 void printStatus(std::ostream& out, const workspace::Situation& situation, const base::Style& style,
-                 base::Hours hours)
+                 const config::Values& values, StatusDetail detail)
 {
     const work::SituationView view = work::SituationView::of(situation);
-    printHeadline(out, WidgetSnapshot::make(situation.state, situation.now), situation.now,
-                  view.timer ? std::optional(view.timer->usedShare) : std::nullopt, style);
-    printField(out, "Outcome", view.intendedOutcome);
-    printField(out, "First action", view.firstAction);
-    printSchedule(out, view.schedule, hours);
+    printTitle(out, view.phase, view.caption, style);
+    if (view.timer) {
+        printTimer(out, *view.timer, {situation.now, values.hours});
+    }
+    if (detail == StatusDetail::whole) {
+        printRecall(out, work::recallAt(situation, values), style, textColumns());
+        out << '\n';
+    }
     printQuestions(out, view.openQuestionCount);
     printNextCommands(out, view, style);
 }

@@ -10,13 +10,13 @@ namespace quillmere::cli {
 
 base::Json statusJson(const workspace::Situation& situation);
 
+/// A brief one says the phase, the time, the questions that wait and what is possible; a whole one also what
+/// helps now (work::recallAt).
 void printStatus(std::ostream& out, const workspace::Situation& situation, const base::Style& style,
-                 base::Hours hours);
+                 const config::Values& values, StatusDetail detail = StatusDetail::whole);
 
-/// The phase, the caption and, while a timer runs, the time left and a bar: the first lines of what a
-/// person and a widget see. The bar shows `progress`.
-void printHeadline(std::ostream& out, const WidgetSnapshot& snapshot, Instant now,
-                   std::optional<double> progress, const base::Style& style);
+/// Prints the phase and what stands beside it: the first line of what a person and a widget see.
+void printTitle(std::ostream& out, WidgetPhase phase, std::string_view caption, const base::Style& style);
 
 /// Prints a heading and a text, or nothing when the text is empty.
 void printField(std::ostream& out, std::string_view heading, std::string_view text);

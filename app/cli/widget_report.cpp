@@ -55,11 +55,24 @@ base::Json widgetJson(const WidgetSnapshot& snapshot, Instant now)
     return json;
 }
 
+/// The time left, and a bar of its share.
+void printTime(std::ostream& out, const WidgetSnapshot& snapshot, Instant now)
+{
+    const std::optional<std::int64_t> remaining = work::remainingSeconds(snapshot, now);
+    if (!remaining) {
+        return;
+    }
+    const std::optional<double> progress = snapshot.sessionProgress(now);
+    out << QuillmereDesign::timeText(*remaining) << (progress ? "  " + base::progressBar(*progress) : "")
+        << (snapshot.countdown->isPaused ? "  paused" : "") << '\n';
+}
+
 void printWidget(std::ostream& out, const WidgetSnapshot& snapshot, const base::SeenFrom& here,
                  const base::Style& style)
 {
     const Instant now = here.now;
-    printHeadline(out, snapshot, now, snapshot.sessionProgress(now), style);
+    printTitle(out, snapshot.phase, QuillmereDesign::caption(snapshot), style);
+    printTime(out, snapshot, now);
     printField(out, "Outcome", snapshot.intendedOutcome);
     printField(out, "First action", snapshot.firstAction);
     if (snapshot.sessionsPlanned > 0) {

@@ -57,9 +57,12 @@ std::optional<TimerView> timerOf(const workspace::Situation& situation)
     if (!timer) {
         return std::nullopt;
     }
-    return TimerView{.remainingSeconds = timer->remainingSeconds,
-                     .isPaused = timer->isPaused,
-                     .usedShare = usedShare(situation).value_or(0)};
+    return TimerView{
+        .remainingSeconds = timer->remainingSeconds,
+        .isPaused = timer->isPaused,
+        .usedShare = usedShare(situation).value_or(0),
+        .end = situation.now + static_cast<double>(timer->remainingSeconds),
+        .pausedSince = timer->isPaused ? situation.state.currentSession()->pausedAt : std::nullopt};
 }
 
 std::optional<SessionPlan> planOf(const QuillmereState& state)
@@ -71,6 +74,16 @@ std::optional<SessionPlan> planOf(const QuillmereState& state)
     return state.plannedNextSession;
 }
 
+/// The library's caption, except where the page is about the block and the caption about a session.
+std::string captionOf(const WidgetSnapshot& snapshot, WorkflowState state)
+{
+    switch (state) {
+        case WorkflowState::blockPlanning: return "Plan the block";
+        case WorkflowState::blockReview: return "Look back on the block";
+        default: return QuillmereDesign::caption(snapshot);
+    }
+}
+
 }  // namespace
 
 SituationView SituationView::of(const workspace::Situation& situation)
@@ -80,7 +93,7 @@ SituationView SituationView::of(const workspace::Situation& situation)
     SituationView view{.phase = snapshot.phase,
                        .accent = QuillmereDesign::accent(snapshot.phase),
                        .title = quillmere::title(snapshot.phase),
-                       .caption = QuillmereDesign::caption(snapshot),
+                       .caption = captionOf(snapshot, state.workflowState),
                        .timer = timerOf(situation),
                        .session = {},
                        .schedule = {},

@@ -21,6 +21,8 @@ struct TimerView {
     std::int64_t remainingSeconds;  ///< below zero in overtime
     bool isPaused;
     double usedShare;  ///< 0 to 1; stands still in a pause
+    Instant end;       ///< when it runs out, or has run out; in a pause, if it ended now
+    std::optional<Instant> pausedSince;
 };
 
 /// The part of the block that is done: `number` of `count` sessions have begun.
@@ -39,7 +41,7 @@ struct SituationView {
     WidgetPhase phase;
     QuillmereDesign::Accent accent;
     std::string_view title;  ///< of the phase
-    std::string caption;
+    std::string caption;     ///< beside the title: what is to be done
     std::optional<TimerView> timer;
     std::optional<SessionView> session;    ///< absent without a block
     std::optional<ScheduleView> schedule;  ///< while a scheduled block waits

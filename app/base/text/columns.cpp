@@ -1,10 +1,13 @@
 #include "base/text/columns.hpp"
 
+#include "base/text/sanitize.hpp"
+
 #include <unigbrk.h>
 #include <unilbrk.h>
 #include <uniwidth.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace quillmere::base {
 namespace {
@@ -127,6 +130,21 @@ std::vector<std::string> wrapped(std::string_view text, std::size_t most)
         }
     }
     return lines;
+}
+
+std::vector<std::string> linesWithin(std::string_view text, std::size_t most)
+{
+    std::vector<std::string> lines;
+    while (true) {
+        const std::size_t end = text.find('\n');
+        for (std::string& line : wrapped(sanitized(text.substr(0, end)), most)) {
+            lines.push_back(std::move(line));
+        }
+        if (end == std::string_view::npos) {
+            return lines;
+        }
+        text.remove_prefix(end + 1);
+    }
 }
 
 }  // namespace quillmere::base

@@ -29,4 +29,7 @@ std::string cutToBytes(std::string_view text, std::size_t most);
 /// are kept.
 std::vector<std::string> wrapped(std::string_view text, std::size_t most);
 
+/// A text that a person or an agent wrote, sanitized, in such lines; its own line breaks stay.
+std::vector<std::string> linesWithin(std::string_view text, std::size_t most);
+
 }  // namespace quillmere::base

@@ -142,6 +142,16 @@ std::string localTextSeenFrom(const SeenFrom& here, Instant instant)
     return isThatDay ? localClockText(instant, here.hours) : localText(instant, here.hours);
 }
 
+std::string localTextWithin(const SeenFrom& here, Instant instant)
+{
+    constexpr chrono::days week(7);
+    const chrono::local_days day = localDayOf(instant);
+    const chrono::days away = chrono::abs(day - localDayOf(here.now));
+    return away == chrono::days(0) || away >= week
+               ? localTextSeenFrom(here, instant)
+               : std::string(weekdayText(chrono::weekday(day))) + " " + localClockText(instant, here.hours);
+}
+
 std::string localSecondSeenFrom(const SeenFrom& here, Instant instant)
 {
     const bool isThatDay = localDayText(instant) == localDayText(here.now);

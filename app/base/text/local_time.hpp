@@ -46,6 +46,9 @@ struct SeenFrom {
 /// "16:00" on the local day of the present, "2026-11-15 16:00" on any other.
 std::string localTextSeenFrom(const SeenFrom& here, Instant instant);
 
+/// The same, but "Thu 16:00" within the six days before and after that day.
+std::string localTextWithin(const SeenFrom& here, Instant instant);
+
 /// "16:00:05" on the local day of the present, "2026-11-15 16:00:05" on any other.
 std::string localSecondSeenFrom(const SeenFrom& here, Instant instant);
 

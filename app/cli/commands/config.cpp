@@ -5,11 +5,11 @@
 #include "cli/commands.hpp"
 #include "cli/configuration_report.hpp"
 #include "cli/exit_code.hpp"
+#include "cli/ignored_key_signals.hpp"
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
-#include <csignal>
 #include <cstdlib>
 #include <memory>
 #include <ostream>
@@ -17,23 +17,6 @@
 
 namespace quillmere::cli {
 namespace {
-
-/// While it exists, control-C on the terminal reaches the editor alone.
-class IgnoredKeySignals {
-public:
-    IgnoredKeySignals() : interrupt_(std::signal(SIGINT, SIG_IGN)), quit_(std::signal(SIGQUIT, SIG_IGN)) {}
-    IgnoredKeySignals(const IgnoredKeySignals&) = delete;
-    IgnoredKeySignals& operator=(const IgnoredKeySignals&) = delete;
-    ~IgnoredKeySignals()
-    {
-        std::signal(SIGINT, interrupt_);
-        std::signal(SIGQUIT, quit_);
-    }
-
-private:
-    void (*interrupt_)(int);
-    void (*quit_)(int);
-};
 
 /// The editor of this user, a command of the shell.
 std::string editorFor(const std::filesystem::path& file)

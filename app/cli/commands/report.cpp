@@ -3,6 +3,7 @@
 #include "base/text/sanitize.hpp"
 #include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
+#include "cli/pager.hpp"
 #include "cli/span_option.hpp"
 #include "figures/statistics.hpp"
 #include "lookback/calendar_file.hpp"
@@ -12,6 +13,7 @@
 #include "lookback/terminal/terminal_page.hpp"
 #include "lookback/terminal/terminal_report.hpp"
 #include "lookback/words.hpp"
+#include "work/habits.hpp"
 
 #include <quillmere/widget/app_group.hpp>
 
@@ -65,22 +67,6 @@ figures::Range rangeOf(const ReportOptions& options, figures::Day today)
         throw ProgramError(ExitCode::usage, "--since: is later than --until");
     }
     return range;
-}
-
-figures::Habits habitsOf(const config::Values& values)
-{
-    const auto weekday = [](config::Weekday day) {
-        return std::chrono::weekday(static_cast<unsigned>(day) + 1);  // both count from Monday
-    };
-    figures::Habits habits{.weekBegins = weekday(values.weekBegins),
-                           .dayBeginsAtHour = static_cast<int>(values.dayBeginsAtHour),
-                           .dailyGoalSeconds = values.dailyGoalSeconds,
-                           .daysOff = {},
-                           .hours = values.hours};
-    for (const config::Weekday day : values.daysOff) {
-        habits.daysOff.push_back(weekday(day));
-    }
-    return habits;
 }
 
 /// The directories with files of this program: those of this run, and the default ones of the user.
@@ -191,7 +177,7 @@ void showReport(const ReportOptions& options, Program& program)
 {
     requireAllowedFiles(options, program);
     const workspace::Situation situation = program.workspace().look();
-    const figures::Habits habits = habitsOf(program.configuration().values);
+    const figures::Habits habits = work::habitsOf(program.configuration().values);
     const figures::Day today = figures::LocalCalendar(habits.dayBeginsAtHour).dayOf(situation.now);
     const figures::LookBack look =
         figures::statistics(situation.state, rangeOf(options, today), today, habits);
@@ -205,8 +191,9 @@ void showReport(const ReportOptions& options, Program& program)
     if (program.settings().json) {
         program.print(lookback::lookBackJson(look));
     } else if (!isExported) {
-        program.environment().out << lookback::terminalReport(
-            look, lookback::terminalPage(program.style(), program.environment().outputIsTerminal));
+        page(program.environment(),
+             lookback::terminalReport(
+                 look, lookback::terminalPage(program.style(), program.environment().outputIsTerminal)));
     }
 }
 

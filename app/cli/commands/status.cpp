@@ -13,7 +13,7 @@ void showStatus(Program& program)
     if (program.settings().json) {
         program.print(statusJson(situation));
     } else {
-        printStatus(program.environment().out, situation, program.style(), program.hours());
+        printStatus(program.environment().out, situation, program.style(), program.configuration().values);
     }
 }
 

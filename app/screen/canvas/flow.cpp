@@ -11,21 +11,6 @@ constexpr std::size_t nameColumns = 14;
 
 }  // namespace
 
-std::vector<std::string> linesOf(std::string_view text, std::size_t most)
-{
-    std::vector<std::string> lines;
-    while (true) {
-        const std::size_t end = text.find('\n');
-        for (std::string& line : base::wrapped(base::sanitized(text.substr(0, end)), most)) {
-            lines.push_back(std::move(line));
-        }
-        if (end == std::string_view::npos) {
-            return lines;
-        }
-        text.remove_prefix(end + 1);
-    }
-}
-
 void drawMoreArrows(Canvas& canvas, const Area& area, bool above, bool below)
 {
     const std::size_t edge = area.column + area.columns - 1;
@@ -62,7 +47,8 @@ void Flow::centred(std::string_view text, Look look)
 
 void Flow::paragraph(std::string_view text, Look look, std::size_t indent, std::size_t most)
 {
-    const std::vector<std::string> lines = linesOf(text, area_.columns - std::min(indent, area_.columns - 1));
+    const std::vector<std::string> lines =
+        base::linesWithin(text, area_.columns - std::min(indent, area_.columns - 1));
     for (std::size_t index = 0; index < lines.size() && index < most; ++index) {
         const bool isCut = index + 1 == most && index + 1 < lines.size();
         line(isCut ? lines[index] + "…" : lines[index], look, indent);

@@ -9,9 +9,6 @@
 
 namespace quillmere::screen {
 
-/// Sanitizes a text and wraps it to `most` columns; its own line breaks stay.
-std::vector<std::string> linesOf(std::string_view text, std::size_t most);
-
 /// Draws arrows in the last column of an area when there are more rows above or below.
 void drawMoreArrows(Canvas& canvas, const Area& area, bool above, bool below);
 

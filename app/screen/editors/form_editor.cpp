@@ -1,4 +1,5 @@
 #include "screen/editors/form_editor.hpp"
+#include "base/text/columns.hpp"
 
 #include "screen/canvas/flow.hpp"
 #include "screen/canvas/layout.hpp"
@@ -33,7 +34,7 @@ FormGrid gridFor(std::size_t columns)
 
 std::size_t rowsOfField(const work::Field& field, const FieldEditor& editor, const FormGrid& grid)
 {
-    const std::size_t question = linesOf(field.question, grid.questionWidth).size();
+    const std::size_t question = base::linesWithin(field.question, grid.questionWidth).size();
     const std::size_t answer = editor.rows(grid.fieldWidth);
     return grid.isWide ? std::max(question, answer) : question + answer;
 }

@@ -82,7 +82,7 @@ Area drawFrame(Canvas& canvas, const Frame& frame)
     const std::size_t firstHint = area.rows - hints.size();
     drawHints(canvas, {firstHint, margin, hints.size(), area.columns}, hints, gap,
               {.accent = frame.accent, .bold = true});
-    const std::vector<std::string> message = linesOf(frame.message, area.columns);
+    const std::vector<std::string> message = base::linesWithin(frame.message, area.columns);
     const std::size_t firstMessage = firstHint - std::min(message.size(), mostMessageRows);
     Flow(canvas, {firstMessage, margin, firstHint - firstMessage, area.columns})
         .paragraph(frame.message, {.bold = true});

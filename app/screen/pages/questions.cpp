@@ -1,4 +1,5 @@
 // The page of the open questions.
+#include "base/text/columns.hpp"
 #include "base/text/local_time.hpp"
 #include "screen/canvas/flow.hpp"
 #include "screen/canvas/layout.hpp"
@@ -55,7 +56,7 @@ std::size_t mostScrolled(Size window, const Area& area, const workspace::Situati
     std::size_t rows = 0;
     for (std::size_t index = firstInView(chosen); index <= chosen && index < questions.size(); ++index) {
         const std::size_t lines =
-            linesOf(questions[index].question, textColumns(area) - numberColumns).size();
+            base::linesWithin(questions[index].question, textColumns(area) - numberColumns).size();
         rows += (index == chosen ? lines : std::min(lines, mostLinesOfOthers) + gapRows(window)) + 1;
     }
     return rows - std::min(rows, area.rows);

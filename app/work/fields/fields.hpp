@@ -1,5 +1,5 @@
-// The fields that a person fills in: one table for each record. The options of the commands, their prompts
-// and the forms all follow from these tables.
+// The fields that a person fills in: one table for each record. The options of the commands, their prompts,
+// the forms, and what is shown again of the words all follow from these tables.
 #pragma once
 
 #include "base/text/duration.hpp"
@@ -13,6 +13,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -28,6 +29,7 @@ template <class Record>
 struct RecordField {
     Prompt prompt;
     Member<Record> member;
+    std::string_view label;  ///< stands before the value wherever it is shown again
 };
 
 /// Durations are seconds.
@@ -42,41 +44,41 @@ using enum FieldKind;
 
 // clang-format off
 inline constexpr auto block = std::to_array<RecordField<Block>>({
-    {{"outcome",   "What should come out of it?",           list, {}, "(may be given several times)"}, &Block::outcomes},
-    {{"why",       "Why does it matter?",                   text}, &Block::whyValue},
-    {{"done-test", "How will you know that it is done?",    line}, &Block::doneTest},
-    {{"hazards",   "What could get in the way?",            text}, &Block::hazards},
-    {{"check",     "What can be measured at the end?",      line}, &Block::measurableCheck},
-    {{"notes",     "What else should be at hand?",          text}, &Block::contextNotes},
-    {{"focus",     "How long is a focus session?",          line, durationLimits, "25m (usual), 1h30m"}, &Block::focusDurationSeconds},
-    {{"break",     "How long is a break?",                  line, durationLimits, "5m (usual)"}, &Block::breakDurationSeconds},
-    {{"cycles",    "How many focus sessions?",              line, cycleLimits, "8 (usual)"}, &Block::cycleCount},
-    {{"at",        "When does it begin?",                   line, {}, "14:30, 9am, \"mon 14:00\", \"2026-11-15 09:00\", +1h", "14:30, +1h; empty: now"}, &Block::plannedStart},
+    {{"outcome",   "What should come out of it?",           list, {}, "(may be given several times)"}, &Block::outcomes, "Outcome"},
+    {{"why",       "Why does it matter?",                   text}, &Block::whyValue, "Why"},
+    {{"done-test", "How will you know that it is done?",    line}, &Block::doneTest, "Done when"},
+    {{"hazards",   "What could get in the way?",            text}, &Block::hazards, "In the way"},
+    {{"check",     "What can be measured at the end?",      line}, &Block::measurableCheck, "To measure"},
+    {{"notes",     "What else should be at hand?",          text}, &Block::contextNotes, "At hand"},
+    {{"focus",     "How long is a focus session?",          line, durationLimits, "25m (usual), 1h30m"}, &Block::focusDurationSeconds, "Focus"},
+    {{"break",     "How long is a break?",                  line, durationLimits, "5m (usual)"}, &Block::breakDurationSeconds, "Break"},
+    {{"cycles",    "How many focus sessions?",              line, cycleLimits, "8 (usual)"}, &Block::cycleCount, "Sessions"},
+    {{"at",        "When does it begin?",                   line, {}, "14:30, 9am, \"mon 14:00\", \"2026-11-15 09:00\", +1h", "14:30, +1h; empty: now"}, &Block::plannedStart, "Begins"},
 });
 
 inline constexpr auto plan = std::to_array<RecordField<SessionPlan>>({
-    {{"outcome",      "What should this session bring about?",       line}, &SessionPlan::intendedOutcome},
-    {{"first-action", "What is the first action?",                   line}, &SessionPlan::firstAction},
-    {{"hazards",      "What could get in the way, and what then?",   text}, &SessionPlan::hazardsMitigation},
-    {{"framing",      "How will you look at it?",                    text}, &SessionPlan::nicuFraming},
-    {{"towards",      "Which outcome of the block does it serve?",   choice, {}, "(its number)"}, &SessionPlan::blockOutcomeID},
-    {{"energy",       "How much energy is there?",                   choice, ratingLimits, "1 to 5", "1 to 5"}, &SessionPlan::energy},
-    {{"morale",       "How is the morale?",                          choice, ratingLimits, "1 to 5", "1 to 5"}, &SessionPlan::morale},
+    {{"outcome",      "What should this session bring about?",       line}, &SessionPlan::intendedOutcome, "Outcome"},
+    {{"first-action", "What is the first action?",                   line}, &SessionPlan::firstAction, "First action"},
+    {{"hazards",      "What could get in the way, and what then?",   text}, &SessionPlan::hazardsMitigation, "In the way"},
+    {{"framing",      "How will you look at it?",                    text}, &SessionPlan::nicuFraming, "View"},
+    {{"towards",      "Which outcome of the block does it serve?",   choice, {}, "(its number)"}, &SessionPlan::blockOutcomeID, "Towards"},
+    {{"energy",       "How much energy is there?",                   choice, ratingLimits, "1 to 5", "1 to 5"}, &SessionPlan::energy, "Energy"},
+    {{"morale",       "How is the morale?",                          choice, ratingLimits, "1 to 5", "1 to 5"}, &SessionPlan::morale, "Morale"},
 });
 
 inline constexpr auto review = std::to_array<RecordField<SessionReview>>({
-    {{"completion",   "Was it completed?",           choice, {}, {}, "yes, half, no"}, &SessionReview::completion},
-    {{"result",       "What came out of it?",        text}, &SessionReview::noteworthyResult},
-    {{"distractions", "What distracted you?",        text}, &SessionReview::distractions},
-    {{"improvement",  "What would you do better?",   text}, &SessionReview::improvement},
+    {{"completion",   "Was it completed?",           choice, {}, {}, "yes, half, no"}, &SessionReview::completion, "Completed"},
+    {{"result",       "What came out of it?",        text}, &SessionReview::noteworthyResult, "Result"},
+    {{"distractions", "What distracted you?",        text}, &SessionReview::distractions, "Distractions"},
+    {{"improvement",  "What would you do better?",   text}, &SessionReview::improvement, "Do better"},
 });
 
 inline constexpr auto reflection = std::to_array<RecordField<BlockReview>>({
-    {{"output",      "What was produced?",                     text}, &BlockReview::outputProduced},
-    {{"comparison",  "How does it compare with the usual?",    text}, &BlockReview::normalComparison},
-    {{"bogged-down", "Where did it bog down?",                 text}, &BlockReview::boggedDown},
-    {{"went-well",   "What went well?",                        text}, &BlockReview::wentWell},
-    {{"lessons",     "What is to be learnt from it?",          text}, &BlockReview::lessons},
+    {{"output",      "What was produced?",                     text}, &BlockReview::outputProduced, "Produced"},
+    {{"comparison",  "How does it compare with the usual?",    text}, &BlockReview::normalComparison, "Compared"},
+    {{"bogged-down", "Where did it bog down?",                 text}, &BlockReview::boggedDown, "Bogged down"},
+    {{"went-well",   "What went well?",                        text}, &BlockReview::wentWell, "Went well"},
+    {{"lessons",     "What is to be learnt from it?",          text}, &BlockReview::lessons, "Lessons"},
 });
 
 // What amendments of a running session ask for.

@@ -341,7 +341,7 @@ TEST_F(Clocks, setBackWhileABlockWaits)
     clockShows(-secondsADay);
     EXPECT_EQ(shown(), "idle");
     EXPECT_EQ(person.state(), stateWithScheduledBlock());
-    EXPECT_NE(person.types({"status"}).out.find("A block is scheduled: 2026-11-15 16:00 to "),
+    EXPECT_NE(person.types({"status"}).out.find("Time      2026-11-15 16:00 to 2026-11-15 "),
               std::string::npos);
     takes({"start"});
     EXPECT_EQ(shown(), "planning");

@@ -183,7 +183,8 @@ TEST(Report, refusesInvalidDays)
                  "week, month, 7d, 2026-10 or 2026-10-05.\n"},
              Refusal{{"report", "--since", "today", "--until", "yesterday"},
                      "--since: is later than --until\n"},
-             Refusal{{"report", "week", "--since", "today"}, "span excludes --since (quillmere report --help)\n"},
+             Refusal{{"report", "week", "--since", "today"},
+                     "span excludes --since (quillmere report --help)\n"},
              Refusal{{"report", "--html="}, "--html: is empty (quillmere report --help)\n"},
          }) {
         const Ending ending = person.types(each.words);

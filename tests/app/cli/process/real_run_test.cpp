@@ -23,8 +23,8 @@ TEST(RealProgram, endsWith0WhenDone)
     const ProcessEnding ending = ran(person, {"plan", "--outcome", "Chapter", "--start"});
     EXPECT_EQ(ending.code, 0);
     EXPECT_EQ(ending.out,
-              "The block has begun.\n\nPlanning  Plan the next session\nOutcome: Chapter\nNext: focus, "
-              "now, cancel, change\n");
+              "The block has begun.\n\nPlanning  Plan the next session\n\nThe block\n  Outcome  Chapter\n\n"
+              "Next: focus, now, cancel, change\n");
     EXPECT_EQ(ending.err, "");
     EXPECT_EQ(person.state().workflowState, WorkflowState::sessionPlanning);
 }

@@ -1,0 +1,35 @@
+// What a person wrote, told again: passages of facts, which every surface shows in its own way.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace quillmere::work {
+
+/// Neither part is sanitized; the text may have several lines.
+struct Fact {
+    std::string label;  ///< may be empty
+    std::string text;
+
+    friend bool operator==(const Fact&, const Fact&) = default;
+};
+
+struct Passage {
+    std::string heading;
+    std::vector<Fact> facts;
+
+    friend bool operator==(const Passage&, const Passage&) = default;
+};
+
+using Recall = std::vector<Passage>;
+
+/// Adds a passage, unless it has no facts.
+inline void addPassage(Recall& recall, std::string heading, std::vector<Fact> facts)
+{
+    if (!facts.empty()) {
+        recall.push_back({std::move(heading), std::move(facts)});
+    }
+}
+
+}  // namespace quillmere::work
