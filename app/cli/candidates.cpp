@@ -6,6 +6,7 @@
 #include "cli/program.hpp"
 #include "cli/record_candidates.hpp"
 #include "cli/span_option.hpp"
+#include "config/keys.hpp"
 #include "figures/local_day.hpp"
 #include "figures/span.hpp"
 #include "lookback/words.hpp"
@@ -19,7 +20,7 @@ namespace quillmere::cli {
 namespace {
 
 /// Beside a value, most terminals have room for it.
-constexpr std::size_t mostColumns = 60;
+constexpr std::size_t mostDescriptionColumns = 60;
 
 Candidates blocks(const CLI::App&, Program& program)
 {
@@ -53,7 +54,7 @@ Candidates models(const CLI::App& line, Program& program)
     const Candidates finished = blocks(line, program);
     Candidates all;
     if (!finished.empty()) {
-        all.push_back({"last", finished.front().description});
+        all.push_back({std::string(config::lastBlockName), finished.front().description});
     }
     for (const config::Template& fields : program.configuration().values.templates) {
         all.push_back({fields.name, "a template of the configuration"});
@@ -128,7 +129,7 @@ Candidates candidatesOf(std::string_view typeName, const CLI::App& line, Program
     // A value that must be sanitized could not be typed from what is shown.
     std::erase_if(all, [](const Candidate& each) { return base::sanitized(each.value) != each.value; });
     for (Candidate& each : all) {
-        each.description = base::cutToColumns(base::sanitized(each.description), mostColumns);
+        each.description = base::cutToColumns(base::sanitized(each.description), mostDescriptionColumns);
     }
     return all;
 }
