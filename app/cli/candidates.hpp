@@ -19,8 +19,9 @@ class Program;
 /// session), QUESTION, VERSION, MODEL, SPAN, COMMAND.
 bool isCandidateKind(std::string_view typeName);
 
-/// The candidates of a kind, as far as texts are concerned sanitized and short; none for an unknown kind.
-/// Reads the files of the person and throws what reading them throws.
+/// The candidates of a kind, with sanitized and short descriptions; none for an unknown kind. Leaves out
+/// values with characters that cannot be shown. Reads the files of the person and throws what reading them
+/// throws.
 Candidates candidatesOf(std::string_view typeName, const CLI::App& line, Program& program);
 
 /// For a value of several words, "last week", of which some are typed: the words that may be the next, each
