@@ -61,7 +61,7 @@ void defineCommandLine(CLI::App& line, Program& program)
              addAsk, addQuestions, addAnswer,
              addHistory, addReport, addAmend, addDelete, addReset, addUndo, addRedo, addRestore,
              addWidget, addBar, addAgent, addOpen,
-             addTick, addWatch, addTour, addConfig, addDoctor, addHelp, addVersion}) {
+             addTick, addWatch, addTour, addConfig, addDoctor, addHelp, addVersion, addComplete}) {
         // clang-format on
         add(line, program);
     }

@@ -13,8 +13,8 @@ namespace quillmere::cli {
 class Program;
 
 /// Adds the global options and all commands to `line`. The completions of shells take the kind of an option's
-/// value from the name of its type (CLI::Option::type_name): FILE, DIRECTORY, or a choice in braces,
-/// {yes,half,no}.
+/// value from the name of its type (CLI::Option::type_name): FILE, DIRECTORY, a choice in braces,
+/// {yes,half,no}, or a kind of candidates such as BLOCK (cli::isCandidateKind).
 void defineCommandLine(CLI::App& line, Program& program);
 
 /// Parses the arguments into the settings and the action of the program. Throws

@@ -78,6 +78,7 @@ void addTour      (CLI::App& line, Program& program);  // plays a whole block on
 // About the program.
 void addHelp      (CLI::App& line, Program& program);  // the help of the program or of a command
 void addVersion   (CLI::App& line, Program& program);  // its version
+void addComplete  (CLI::App& line, Program& program);  // hidden: the values that a shell may offer
 
 // clang-format on
 

@@ -26,6 +26,7 @@ CLI::Option* addSpan(CLI::App& command, std::vector<std::string>& words)
     return command
         .add_option("span", words,
                     "The days: today, yesterday, monday, week, last week, month, 7d, 2026-10, 2026-10-05")
+        ->type_name("SPAN")
         ->check(wellFormedText());
 }
 

@@ -3,7 +3,8 @@
 #include "base/text/calendar_text.hpp"
 #include "base/text/lower_case.hpp"
 
-#include <string>
+#include <algorithm>
+#include <array>
 
 namespace quillmere::figures {
 namespace {
@@ -15,7 +16,11 @@ constexpr int mostDays = 9999 * 366;
 
 Range oneDayRange(Day day) { return {.since = day, .until = day}; }
 
-Range weekFrom(Day first) { return {.since = first, .until = first + chrono::weeks(1) - oneDay}; }
+Range weekOf(Day day, chrono::weekday firstOfWeek)
+{
+    const Day first = day - (chrono::weekday(day) - firstOfWeek);
+    return {.since = first, .until = first + chrono::weeks(1) - oneDay};
+}
 
 Range rangeOf(chrono::year_month month)
 {
@@ -29,26 +34,26 @@ chrono::year_month monthOf(Day day)
     return date.year() / date.month();
 }
 
+struct NamedSpan {
+    std::string_view name;
+    Range (*range)(Day today, chrono::weekday firstOfWeek);
+};
+
+constexpr auto spans = std::to_array<NamedSpan>({
+    {"today", [](Day today, chrono::weekday) { return oneDayRange(today); }},
+    {"yesterday", [](Day today, chrono::weekday) { return oneDayRange(today - oneDay); }},
+    {"week", [](Day today, chrono::weekday first) { return weekOf(today, first); }},
+    {"last week", [](Day today, chrono::weekday first) { return weekOf(today - chrono::weeks(1), first); }},
+    {"month", [](Day today, chrono::weekday) { return rangeOf(monthOf(today)); }},
+    {"last month", [](Day today, chrono::weekday) { return rangeOf(monthOf(today) - chrono::months(1)); }},
+});
+
 std::optional<Range> namedSpan(std::string_view name, Day today, chrono::weekday firstOfWeek)
 {
-    const Day first = today - (chrono::weekday(today) - firstOfWeek);
-    if (name == "today") {
-        return oneDayRange(today);
-    }
-    if (name == "yesterday") {
-        return oneDayRange(today - oneDay);
-    }
-    if (name == "week") {
-        return weekFrom(first);
-    }
-    if (name == "last week") {
-        return weekFrom(first - chrono::weeks(1));
-    }
-    if (name == "month") {
-        return rangeOf(monthOf(today));
-    }
-    if (name == "last month") {
-        return rangeOf(monthOf(today) - chrono::months(1));
+    const auto found =
+        std::find_if(spans.begin(), spans.end(), [name](const NamedSpan& span) { return span.name == name; });
+    if (found != spans.end()) {
+        return found->range(today, firstOfWeek);
     }
     const std::optional<chrono::weekday> weekday = base::weekdayFromText(name);
     return weekday ? std::optional(oneDayRange(today - (chrono::weekday(today) - *weekday))) : std::nullopt;
@@ -83,6 +88,19 @@ std::optional<Range> spanFromText(std::string_view text, Day today, chrono::week
     }
     const std::optional<Day> day = base::dayFromText(name);
     return day ? std::optional(oneDayRange(*day)) : std::nullopt;
+}
+
+std::vector<std::string> namedSpans()
+{
+    std::vector<std::string> names;
+    for (const NamedSpan& span : spans) {
+        names.emplace_back(span.name);
+    }
+    for (int number = 0; number < chrono::days(chrono::weeks(1)).count(); ++number) {
+        names.push_back(base::lowerCase(base::weekdayInFull(chrono::Monday + chrono::days(number))));
+    }
+    names.insert(names.end(), {"7d", "30d"});
+    return names;
 }
 
 }  // namespace quillmere::figures

@@ -5,7 +5,9 @@
 
 #include <chrono>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace quillmere::figures {
 
@@ -15,6 +17,9 @@ namespace quillmere::figures {
 /// text.
 std::optional<Range> spanFromText(std::string_view text, Day today,
                                   std::chrono::weekday firstOfWeek = std::chrono::Monday);
+
+/// The spans that it reads by a name, then the weekdays and two numbers of days, as a person would type them.
+std::vector<std::string> namedSpans();
 
 /// The spans that it reads, in the words of messages.
 inline constexpr std::string_view acceptedSpans =

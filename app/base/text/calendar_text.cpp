@@ -25,8 +25,10 @@ constexpr std::size_t dayLength = std::string_view("2026-11-15").size();
 
 std::string_view weekdayText(chrono::weekday weekday)
 {
-    return weekdayNames[weekday.c_encoding()].substr(0, shortLength);
+    return weekdayInFull(weekday).substr(0, shortLength);
 }
+
+std::string_view weekdayInFull(chrono::weekday weekday) { return weekdayNames[weekday.c_encoding()]; }
 
 std::string_view monthText(chrono::month month) { return monthNames[static_cast<unsigned>(month) - 1]; }
 

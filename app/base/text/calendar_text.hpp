@@ -10,6 +10,9 @@ namespace quillmere::base {
 /// "Sun".
 std::string_view weekdayText(std::chrono::weekday weekday);
 
+/// "Sunday".
+std::string_view weekdayInFull(std::chrono::weekday weekday);
+
 /// "Nov".
 std::string_view monthText(std::chrono::month month);
 

@@ -129,6 +129,7 @@ void addAmend(CLI::App& line, Program& program)
                     "A block as history names it, such as 9F1C; 9F1C.2 is its second session, .2 that of the "
                     "current block; on a terminal also its number, 1 for the last one")
         ->required()
+        ->type_name("RECORD")
         ->check(wellFormedText());
     command->texts.addTo(*app);
     command->reflection.addTo(*app);

@@ -68,6 +68,7 @@ void addAnswer(CLI::App& line, Program& program)
     app->add_option("question", command->question,
                     "Its number in the list of questions, or its name there with --all")
         ->required()
+        ->type_name("QUESTION")
         ->check(wellFormedText());
     CLI::Option* const text = app->add_option(std::string(work::answerPrompt.name), command->text,
                                               std::string(work::answerPrompt.question));

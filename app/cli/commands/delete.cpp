@@ -110,6 +110,7 @@ void addDelete(CLI::App& line, Program& program)
     app->add_option("name", command->name,
                     "The block, as history names it; on a terminal also its number, 1 for the last one")
         ->required()
+        ->type_name("BLOCK")
         ->check(wellFormedText());
     app->add_flag("--yes", command->isConfirmed, "Delete it without asking");
     app->add_flag("--versions-too", command->inVersionsToo,

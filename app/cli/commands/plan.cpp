@@ -132,6 +132,7 @@ void addPlan(CLI::App& line, Program& program)
            "--like", command->model,
            "Begin with the words and lengths of another block: last, its name as history prints it, or a "
            "template of the configuration")
+        ->type_name("MODEL")
         ->check(wellFormedText())
         ->excludes(draft);
 }

@@ -207,8 +207,10 @@ void addReport(CLI::App& line, Program& program)
                    [options, &program] { showReport(*options, program); });
     CLI::Option* const span = addSpan(*command, options->span);
     command->add_option("--since", options->since, "The first day, or a span that begins with it")
+        ->type_name("SPAN")
         ->excludes(span);
     command->add_option("--until", options->until, "The last day, or a span that ends with it")
+        ->type_name("SPAN")
         ->excludes(span);
     for (std::size_t index = 0; index < exports.size(); ++index) {
         command

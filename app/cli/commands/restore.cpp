@@ -133,6 +133,7 @@ void addRestore(CLI::App& line, Program& program)
                                      [command, &program] { restore(*command, program); });
     CLI::Option* const number =
         app->add_option("version", command->number, "The number of the version to restore")
+            ->type_name("VERSION")
             ->transform(wholeNumber());
     CLI::Option* const yes =
         app->add_flag("--yes", command->isConfirmed, "Replace the current state without asking");

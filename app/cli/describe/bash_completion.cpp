@@ -7,7 +7,7 @@
 namespace quillmere::cli::describe {
 namespace {
 
-/// The argument for `_quillmere_offer` of the frame.
+/// The first argument for `_quillmere_offer` of the frame.
 std::string offer(const Argument& argument)
 {
     switch (argument.kind) {
@@ -16,6 +16,9 @@ std::string offer(const Argument& argument)
         case ValueKind::choice: return joined(argument.choices);
         case ValueKind::file: return "file";
         case ValueKind::directory: return "directory";
+        // The value of an option is one word; an argument of several is typed word by word.
+        case ValueKind::candidate:
+            return (argument.isPositional() ? "words " : "values ") + argument.candidateKind;
     }
     return "";
 }

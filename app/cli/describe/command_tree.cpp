@@ -1,5 +1,6 @@
 #include "cli/describe/command_tree.hpp"
 
+#include "cli/candidates.hpp"
 #include "cli/command_line.hpp"
 #include "cli/program.hpp"
 
@@ -40,6 +41,9 @@ ValueKind kindOf(const std::string& typeName)
     if (!choicesFrom(typeName).empty()) {
         return ValueKind::choice;
     }
+    if (isCandidateKind(typeName)) {
+        return ValueKind::candidate;
+    }
     return typeName == "FILE"        ? ValueKind::file
            : typeName == "DIRECTORY" ? ValueKind::directory
                                      : ValueKind::text;
@@ -62,12 +66,14 @@ Argument argumentFrom(const CLI::Option& option)
 {
     const bool isFlag = option.get_items_expected_max() == 0;
     const std::string typeName = option.get_type_name();
+    const ValueKind kind = isFlag ? ValueKind::none : kindOf(typeName);
     Argument argument{
         .names = option.get_positional() ? std::vector{option.get_name(true)} : dashedNames(option),
         .help = helpOf(option),
-        .kind = isFlag ? ValueKind::none : kindOf(typeName),
+        .kind = kind,
         .valueName = isFlag ? "" : valueNameOf(typeName),
         .choices = choicesFrom(typeName),
+        .candidateKind = kind == ValueKind::candidate ? typeName : "",
         .excluded = {},
         .isRequired = option.get_required(),
         .mayRepeat = option.get_expected_max() > 1,

@@ -13,6 +13,7 @@ enum class ValueKind {
     choice,     ///< one of `choices`
     file,       ///< a path
     directory,  ///< a path of a directory
+    candidate,  ///< one of those that `quillmere complete` prints for `candidateKind`
 };
 
 /// An option or a positional argument.
@@ -22,9 +23,12 @@ struct Argument {
     ValueKind kind = ValueKind::none;
     std::string valueName;              ///< the placeholder for the value in help: "text"
     std::vector<std::string> choices;   ///< for ValueKind::choice
+    std::string candidateKind;          ///< for ValueKind::candidate: "BLOCK"
     std::vector<std::string> excluded;  ///< options that cannot be combined with this one
     bool isRequired = false;
     bool mayRepeat = false;
+
+    bool isPositional() const { return !names.front().starts_with('-'); }
 };
 
 /// A command, or the program as a whole.
@@ -39,7 +43,8 @@ struct Command {
 };
 
 /// The whole command line of this program, without hidden options. The kind of a value follows from the name
-/// of its type: FILE, DIRECTORY, or a choice in braces, {yes,half,no}.
+/// of its type: FILE, DIRECTORY, a choice in braces, {yes,half,no}, or a kind of candidates
+/// (cli::isCandidateKind).
 Command thisProgram();
 
 /// The command, followed by all its subcommands, at every depth.

@@ -23,6 +23,9 @@ std::string fishOffer(const Argument& argument)
         case ValueKind::choice: return " -x -a " + quotedForFish(joined(argument.choices));
         case ValueKind::file: return " -r -F";
         case ValueKind::directory: return " -x -a '(__fish_complete_directories)'";
+        case ValueKind::candidate:
+            return std::string(" -x -k -a '(__quillmere_") + (argument.isPositional() ? "words" : "values") +
+                   " " + argument.candidateKind + ")'";
     }
     return "";
 }

@@ -34,6 +34,10 @@ std::string action(const Argument& argument)
         case ValueKind::choice: return "(" + joined(argument.choices) + ")";
         case ValueKind::file: return "_files";
         case ValueKind::directory: return "_files -/";
+        // A space in front: called without the arguments that _arguments would add.
+        case ValueKind::candidate:
+            return (argument.mayRepeat ? " _quillmere_words " : " _quillmere_values ") +
+                   argument.candidateKind;
     }
     return " ";
 }
@@ -59,7 +63,9 @@ void printOption(std::ostream& out, const Argument& option)
 
 void printArgument(std::ostream& out, const Argument& argument)
 {
-    const std::string separator = argument.mayRepeat ? "*:" : argument.isRequired ? ":" : "::";
+    // With two colons, the action finds the words of this argument alone.
+    const std::string repeated = argument.kind == ValueKind::candidate ? "*::" : "*:";
+    const std::string separator = argument.mayRepeat ? repeated : argument.isRequired ? ":" : "::";
     out << "        "
         << quoted(separator + escaped(argument.names.front(), ":", "\\") + ":" + action(argument)) << " \\\n";
 }
@@ -90,6 +96,7 @@ void printFunction(std::ostream& out, const Command& command)
         << "    local curcontext=$curcontext state state_descr line\n"
         << "    local -a commands context\n"
         << "    local -A opt_args\n"
+        << (command.path.empty() ? "    local -a typed=(\"${words[@]}\")\n" : "")
         // -A: options after a subcommand belong to the subcommand.
         << "    _arguments -C -S " << (command.commands.empty() ? "" : "-A '-*' ") << "\\\n";
     for (const Argument& option : allOptions(command)) {

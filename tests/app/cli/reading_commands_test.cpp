@@ -20,6 +20,8 @@ const Words readingCommands[] = {
     {"config"},
     {"agent"},
     {"open", "quillmere://open/focus"},
+    {"complete", "RECORD"},
+    {"complete", "VERSION"},
     {},
 };
 

@@ -54,6 +54,15 @@ TEST(SpanFromText, beginsWeeksOnTheDayThatIsTheFirst)
     EXPECT_EQ(spanFromText("week", day("2026-11-15"), std::chrono::Sunday)->since, day("2026-11-15"));
 }
 
+TEST(NamedSpans, areAllRead)
+{
+    const std::vector<std::string> names = figures::namedSpans();
+    EXPECT_EQ(names.size(), 15u);
+    for (const std::string& name : names) {
+        EXPECT_TRUE(spanFromText(name, day("2026-11-15"))) << name;
+    }
+}
+
 TEST(SpanFromText, readsNothingElse)
 {
     for (const char* text :
