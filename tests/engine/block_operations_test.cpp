@@ -78,15 +78,15 @@ constexpr auto unworkable = std::to_array<BlockNumbers>({
     {1500, notANumber, 3},
     {1500, 300, 0},
     {1500, 300, -1},
-    {1500, 300, std::numeric_limits<std::int64_t>::min()},
+    {1500, 300, least},
     {0, 0, 0},
 });
 
 constexpr auto workable = std::to_array<BlockNumbers>({
     {1500, 300, 1},
     {0.5, 0.25, 1},
-    {std::numeric_limits<double>::denorm_min(), std::numeric_limits<double>::denorm_min(), 1},
-    {1500, 300, std::numeric_limits<std::int64_t>::max()},
+    {smallest, smallest, 1},
+    {1500, 300, most},
     // No timer can count these; the program must prevent them.
     {1e300, infinity, 1},
 });

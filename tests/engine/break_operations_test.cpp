@@ -46,7 +46,7 @@ TEST(ExtendBreak, refusesSecondsThatAreNotAboveZeroWithInvalidTransition)
 TEST(ExtendBreak, acceptsAnythingAboveZero)
 {
     // No timer can count the largest ones; the program must prevent them.
-    for (const double seconds : {std::numeric_limits<double>::denorm_min(), 0.5, 1e300, infinity}) {
+    for (const double seconds : {smallest, 0.5, 1e300, infinity}) {
         SCOPED_TRACE(seconds);
         QuillmereState state = stateIn(breaking);
         extendingBy(seconds)(state);

@@ -77,6 +77,16 @@ private:
 
 }  // namespace
 
+SessionPlan planRated(std::int64_t energy, std::int64_t morale)
+{
+    SessionPlan plan = samplePlan(9);
+    plan.energy = energy;
+    plan.morale = morale;
+    return plan;
+}
+
+WorkSession& session(QuillmereState& state) { return state.currentBlock->sessions.back(); }
+
 QuillmereState crowdedStateIn(WorkflowState workflowState)
 {
     QuillmereState state = fullState();

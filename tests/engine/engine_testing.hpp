@@ -4,9 +4,11 @@
 #include <gtest/gtest.h>
 #include <quillmere/engine/workflow_engine.hpp>
 
-#include <limits>
+#include <array>
+#include <cstdint>
 #include <optional>
 
+#include "support/extreme_numbers.hpp"
 #include "support/sample_states.hpp"
 
 namespace quillmere::test {
@@ -16,9 +18,29 @@ inline constexpr WorkflowEngine engine;
 /// Later than every instant in the samples.
 inline constexpr Instant now = moment + 10'000;
 
-inline constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-inline constexpr double infinity = std::numeric_limits<double>::infinity();
 inline constexpr Instant noInstant{notANumber};
+
+/// Energy and morale of plans that the engine refuses.
+inline constexpr auto badRatings = std::to_array<std::array<std::int64_t, 2>>({
+    {0, 3},
+    {6, 3},
+    {9, 3},
+    {3, 0},
+    {3, 6},
+    {0, 6},
+    {-1, 3},
+    {3, -1},
+    {-1, -1},
+    {most, 3},
+    {3, most},
+    {least, 3},
+    {3, least},
+});
+
+SessionPlan planRated(std::int64_t energy, std::int64_t morale);
+
+/// The last session of the current block, which must have one.
+WorkSession& session(QuillmereState& state);
 
 /// `fullState` in another workflow state: every field has a value, even where the engine would never leave
 /// one, so that every unnecessary write is detected.

@@ -16,8 +16,6 @@ void pause(QuillmereState& state) { engine.pauseFocus(state, now); }
 void resume(QuillmereState& state) { engine.resumeFocus(state, now); }
 void end(QuillmereState& state) { engine.endFocus(state, now); }
 
-WorkSession& session(QuillmereState& state) { return state.currentBlock->sessions.back(); }
-
 TEST(PauseFocus, stampsTheCurrentSessionAndNothingElse)
 {
     QuillmereState state = crowdedStateIn(focusing);

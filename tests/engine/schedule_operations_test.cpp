@@ -200,12 +200,12 @@ TEST(EvaluateSchedule, startsTheDueBlockAndKeepsItsPlannedStartAndThePlan)
 }
 
 /// The planned start is `moment`; the evaluation is `offset` later.
-struct Evaluation {
+struct ScheduleEvaluation {
     double offset;
     bool starts;
 };
 
-constexpr auto evaluations = std::to_array<Evaluation>({
+constexpr auto evaluations = std::to_array<ScheduleEvaluation>({
     {-1, false},
     {-0.001, false},
     {0, true},

@@ -27,14 +27,6 @@ auto savingWith(std::optional<SessionPlan> nextPlan)
     };
 }
 
-SessionPlan planRated(std::int64_t energy, std::int64_t morale)
-{
-    SessionPlan plan = samplePlan(9);
-    plan.energy = energy;
-    plan.morale = morale;
-    return plan;
-}
-
 TEST(SaveReviewAndStartBreak, whileCyclesRemainKeepsReviewAndPlanAndStartsTheBreak)
 {
     QuillmereState state = afterSession(1);
@@ -106,9 +98,6 @@ TEST(SaveReviewAndStartBreak, doesNotTakeThePlanSavedEarlierForTheNextPlan)
     state.plannedNextSession = samplePlan(2);
     EXPECT_TRUE(isRefused(WorkflowError::nextSessionPlanRequired, state, savingWith(std::nullopt)));
 }
-
-constexpr auto badRatings =
-    std::to_array<std::array<std::int64_t, 2>>({{0, 3}, {6, 3}, {9, 3}, {3, 0}, {3, 6}, {-1, -1}});
 
 TEST(SaveReviewAndStartBreak, refusesANextPlanWithRatingsOutsideOneToFive)
 {

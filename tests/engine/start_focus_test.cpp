@@ -3,7 +3,6 @@
 
 #include <array>
 #include <cstdint>
-#include <limits>
 #include <string>
 
 #include "engine_testing.hpp"
@@ -12,14 +11,6 @@ namespace quillmere::test {
 namespace {
 
 using enum WorkflowState;
-
-SessionPlan planRated(std::int64_t energy, std::int64_t morale)
-{
-    SessionPlan plan = samplePlan(9);
-    plan.energy = energy;
-    plan.morale = morale;
-    return plan;
-}
 
 auto startingWith(std::optional<SessionPlan> plan)
 {
@@ -82,11 +73,6 @@ TEST(StartFocus, isRefusedWithoutAnyPlan)
     state.plannedNextSession.reset();
     EXPECT_TRUE(isRefused(WorkflowError::missingSessionPlan, state, startingWith(std::nullopt)));
 }
-
-constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
-constexpr std::int64_t least = std::numeric_limits<std::int64_t>::min();
-constexpr auto badRatings = std::to_array<std::array<std::int64_t, 2>>(
-    {{0, 3}, {6, 3}, {3, 0}, {3, 6}, {0, 6}, {-1, 3}, {3, -1}, {most, 3}, {3, most}, {least, 3}, {3, least}});
 
 TEST(StartFocus, refusesEnergyAndMoraleOutsideOneToFive)
 {

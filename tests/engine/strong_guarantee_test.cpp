@@ -98,7 +98,7 @@ TEST(StrongGuarantee, holdsWhenTheOperationIsRefused)
             SCOPED_TRACE(nameOf(arrow));
             QuillmereState state = startOf(arrow, complete);
             const QuillmereState before = state;
-            const bool throws = arrow.elsewhere == Elsewhere::isRefused;
+            const bool throws = arrow.elsewhere == Elsewhere::refuses;
             failEveryAllocationOf(
                 state, [&](QuillmereState& changed) { arrow.walk(changed, now); },
                 throws ? std::optional(WorkflowError::invalidTransition) : std::nullopt);

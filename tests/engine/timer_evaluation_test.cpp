@@ -10,8 +10,6 @@ namespace {
 
 using enum WorkflowState;
 
-WorkSession& session(QuillmereState& state) { return state.currentBlock->sessions.back(); }
-
 /// Whether an evaluation reports nothing and changes nothing.
 testing::AssertionResult hasNothingToDo(const QuillmereState& before, Instant at)
 {
@@ -23,12 +21,12 @@ testing::AssertionResult hasNothingToDo(const QuillmereState& before, Instant at
 }
 
 /// An evaluation `offset` seconds after the start of a session of 1500 seconds, or of a break of 300 seconds.
-struct Evaluation {
+struct TimerEvaluation {
     double offset;
     bool isOver;
 };
 
-constexpr auto focusEvaluations = std::to_array<Evaluation>({
+constexpr auto focusEvaluations = std::to_array<TimerEvaluation>({
     {0, false},
     {-60, false},
     {1499, false},
@@ -100,7 +98,7 @@ TEST(EvaluateTimer, reportsTheEndOfAFocusOnce)
     EXPECT_TRUE(hasNothingToDo(state, moment + 1501));
 }
 
-constexpr auto breakEvaluations = std::to_array<Evaluation>({
+constexpr auto breakEvaluations = std::to_array<TimerEvaluation>({
     {0, false},
     {-60, false},
     {299.999, false},

@@ -14,8 +14,6 @@ constexpr const char* doesNotFit = "a duration is not a number of seconds that f
 constexpr const char* overflows = "a difference of whole numbers overflows 64 bits";
 constexpr auto uncountable = std::to_array<double>({1e300, -1e300, infinity, -infinity, notANumber, 0x1p64});
 
-WorkSession& session(QuillmereState& state) { return state.currentBlock->sessions.back(); }
-
 TEST(FocusTimerDeathTest, stopsTheProgramOverADurationThatCannotBeCounted)
 {
     for (const double seconds : uncountable) {
@@ -98,10 +96,10 @@ TEST(TimerSnapshot, countsUpToTheEdgesOf64Bits)
 
     session(state).plannedDurationSeconds = 0;
     session(state).startedAt = Instant(0);
-    const auto late = TimerSnapshot::derive(state, Instant(0x1.fffffffffffffp62));
-    ASSERT_TRUE(late.has_value());
-    EXPECT_EQ(late->remainingSeconds, -9'223'372'036'854'774'784);
-    EXPECT_EQ(late->displaySeconds, 9'223'372'036'854'774'784);
+    const auto overdue = TimerSnapshot::derive(state, Instant(0x1.fffffffffffffp62));
+    ASSERT_TRUE(overdue.has_value());
+    EXPECT_EQ(overdue->remainingSeconds, -9'223'372'036'854'774'784);
+    EXPECT_EQ(overdue->displaySeconds, 9'223'372'036'854'774'784);
 }
 
 TEST(TimerSnapshot, doesNotLookAtNumbersThatItDoesNotCount)

@@ -11,8 +11,6 @@ namespace {
 
 using enum WorkflowState;
 
-WorkSession& session(QuillmereState& state) { return state.currentBlock->sessions.back(); }
-
 TimerSnapshot focusTimer(std::int64_t elapsed, std::int64_t remaining, bool isPaused = false)
 {
     return {
@@ -217,7 +215,7 @@ TEST(TimeRanOut, isFalseForASessionThatHasNotEnded)
 // Break ----------------------------------------------------------------------------------------------
 
 /// One break: planned and extended seconds, and the timer `offset` seconds after its start.
-struct Break {
+struct TimedBreak {
     double planned;
     double extension;
     double offset;
@@ -225,7 +223,7 @@ struct Break {
     std::int64_t remaining;
 };
 
-constexpr auto breaks = std::to_array<Break>({
+constexpr auto timedBreaks = std::to_array<TimedBreak>({
     {300, 0, 0, 0, 300},
     {300, 0, 100.9, 100, 200},
     {300, 60.5, 0, 0, 360},
@@ -243,7 +241,7 @@ constexpr auto breaks = std::to_array<Break>({
 
 TEST(BreakTimer, countsTheBreakAndItsExtension)
 {
-    for (const auto& [planned, extension, offset, elapsed, remaining] : breaks) {
+    for (const auto& [planned, extension, offset, elapsed, remaining] : timedBreaks) {
         SCOPED_TRACE(std::to_string(planned) + ", " + std::to_string(extension) + ", " +
                      std::to_string(offset));
         QuillmereState state = stateIn(breaking);

@@ -10,8 +10,6 @@ namespace {
 
 using enum Elsewhere;
 
-WorkSession& session(QuillmereState& state) { return state.currentBlock->sessions.back(); }
-
 void asItIs(QuillmereState&) {}
 void noBlock(QuillmereState& state) { state.currentBlock.reset(); }
 void notYetTriggered(QuillmereState& state) { state.currentBlock->scheduledStartTriggeredAt.reset(); }
@@ -100,28 +98,28 @@ using Engine = WorkflowEngine;
 
 // clang-format off
 constexpr auto rows = std::to_array<Arrow>({
-    // operation                 when              step                           elsewhere       prepare          walk
-    {"beginBlockPlanning",       "",               Step::beginBlockPlanning,      isRefused,      noBlock,         call<&Engine::beginBlockPlanning>},
-    {"startBlock",               "",               Step::startBlock,              isRefused,      asItIs,          startBlock},
-    {"scheduleBlock",            "",               Step::scheduleBlock,           isRefused,      asItIs,          scheduleBlock},
-    {"editScheduledBlock",       "",               Step::editScheduledBlock,      isRefused,      asItIs,          call<&Engine::editScheduledBlock>},
-    {"cancelScheduledBlock",     "",               Step::cancelScheduledBlock,    isRefused,      asItIs,          call<&Engine::cancelScheduledBlock>},
-    {"startScheduledBlockNow",   "",               Step::startScheduledBlockNow,  isRefused,      asItIs,          call<&Engine::startScheduledBlockNow>},
-    {"evaluateSchedule",         "it is due",      Step::evaluateSchedule,        hasNothingToDo, notYetTriggered, evaluateSchedule},
-    {"startFocus",               "",               Step::startFocus,              isRefused,      asItIs,          startFocus},
-    {"pauseFocus",               "",               Step::pauseFocus,              isRefused,      notPaused,       call<&Engine::pauseFocus>},
-    {"resumeFocus",              "",               Step::resumeFocus,             isRefused,      asItIs,          call<&Engine::resumeFocus>},
-    {"endFocus",                 "",               Step::endFocus,                isRefused,      asItIs,          call<&Engine::endFocus>},
-    {"saveReviewAndStartBreak",  "cycles remain",  Step::saveReviewAndStartBreak, isRefused,      asItIs,          saveReview},
-    {"saveReviewAndStartBreak",  "the last cycle", Step::saveLastReview,          isRefused,      lastCycle,       saveReview},
-    {"extendBreak",              "",               Step::extendBreak,             isRefused,      asItIs,          extendBreak},
-    {"endBreak",                 "",               Step::endBreak,                isRefused,      asItIs,          call<&Engine::endBreak>},
-    {"skipBreak",                "",               Step::endBreak,                isRefused,      asItIs,          call<&Engine::skipBreak>},
-    {"evaluateTimer",            "focus is over",  Step::endFocus,                hasNothingToDo, focusTimeIsUp,   evaluateTimer},
-    {"evaluateTimer",            "break is over",  Step::announceBreakEnd,        hasNothingToDo, breakTimeIsUp,   evaluateTimer},
-    {"completeBlockReview",      "",               Step::completeBlockReview,     isRefused,      asItIs,          completeBlockReview},
-    {"addQuestion",              "",               Step::addQuestion,             isRefused,      asItIs,          addQuestion},
-    {"answerQuestion",           "",               Step::answerQuestion,          isRefused,      asItIs,          answerQuestion},
+    // operation                 when              step                           elsewhere    prepare          walk
+    {"beginBlockPlanning",       "",               Step::beginBlockPlanning,      refuses,     noBlock,         call<&Engine::beginBlockPlanning>},
+    {"startBlock",               "",               Step::startBlock,              refuses,     asItIs,          startBlock},
+    {"scheduleBlock",            "",               Step::scheduleBlock,           refuses,     asItIs,          scheduleBlock},
+    {"editScheduledBlock",       "",               Step::editScheduledBlock,      refuses,     asItIs,          call<&Engine::editScheduledBlock>},
+    {"cancelScheduledBlock",     "",               Step::cancelScheduledBlock,    refuses,     asItIs,          call<&Engine::cancelScheduledBlock>},
+    {"startScheduledBlockNow",   "",               Step::startScheduledBlockNow,  refuses,     asItIs,          call<&Engine::startScheduledBlockNow>},
+    {"evaluateSchedule",         "it is due",      Step::evaluateSchedule,        doesNothing, notYetTriggered, evaluateSchedule},
+    {"startFocus",               "",               Step::startFocus,              refuses,     asItIs,          startFocus},
+    {"pauseFocus",               "",               Step::pauseFocus,              refuses,     notPaused,       call<&Engine::pauseFocus>},
+    {"resumeFocus",              "",               Step::resumeFocus,             refuses,     asItIs,          call<&Engine::resumeFocus>},
+    {"endFocus",                 "",               Step::endFocus,                refuses,     asItIs,          call<&Engine::endFocus>},
+    {"saveReviewAndStartBreak",  "cycles remain",  Step::saveReviewAndStartBreak, refuses,     asItIs,          saveReview},
+    {"saveReviewAndStartBreak",  "the last cycle", Step::saveLastReview,          refuses,     lastCycle,       saveReview},
+    {"extendBreak",              "",               Step::extendBreak,             refuses,     asItIs,          extendBreak},
+    {"endBreak",                 "",               Step::endBreak,                refuses,     asItIs,          call<&Engine::endBreak>},
+    {"skipBreak",                "",               Step::endBreak,                refuses,     asItIs,          call<&Engine::skipBreak>},
+    {"evaluateTimer",            "focus is over",  Step::endFocus,                doesNothing, focusTimeIsUp,   evaluateTimer},
+    {"evaluateTimer",            "break is over",  Step::announceBreakEnd,        doesNothing, breakTimeIsUp,   evaluateTimer},
+    {"completeBlockReview",      "",               Step::completeBlockReview,     refuses,     asItIs,          completeBlockReview},
+    {"addQuestion",              "",               Step::addQuestion,             refuses,     asItIs,          addQuestion},
+    {"answerQuestion",           "",               Step::answerQuestion,          refuses,     asItIs,          answerQuestion},
 });
 // clang-format on
 

@@ -11,7 +11,7 @@
 namespace quillmere::test {
 
 /// The behaviour of an operation when its step is not possible.
-enum class Elsewhere { isRefused, hasNothingToDo };
+enum class Elsewhere { refuses, doesNothing };
 
 /// One way to call an operation.
 struct Arrow {

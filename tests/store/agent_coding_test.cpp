@@ -3,16 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include "store_testing.hpp"
 #include "support/json_members.hpp"
 #include "support/sample_states.hpp"
 
 namespace quillmere::test {
 namespace {
-
-AgentSnapshot summaryOf(const QuillmereState& state)
-{
-    return StateStore("/nowhere", StateStore::renameReplacing).agentSnapshot(state, std::nullopt);
-}
 
 template <class Record>
 std::string compact(const Record& record)

@@ -4,16 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include "store_testing.hpp"
 #include "support/sample_states.hpp"
 
 namespace quillmere::test {
 namespace {
-
-AgentSnapshot summaryOf(const QuillmereState& state, std::optional<Instant> at = std::nullopt)
-{
-    // The directory does not exist: building a summary does not need it.
-    return StateStore("/nowhere", StateStore::renameReplacing).agentSnapshot(state, at);
-}
 
 TEST(AgentSnapshot, ofAFreshStateIsEmptyAndInterruptible)
 {

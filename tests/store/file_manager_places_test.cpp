@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "store_testing.hpp"
 #include "support/file_system.hpp"
 #include "support/process_settings.hpp"
 #include "support/store_doubles.hpp"
@@ -13,8 +14,6 @@ namespace quillmere::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-const FileManager& files() { return FileManager::standard(); }
 
 /// Sets the environment to an empty directory.
 struct Environment {

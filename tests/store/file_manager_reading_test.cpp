@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "store_testing.hpp"
 #include "support/file_system.hpp"
 #include "support/process_settings.hpp"
 #include "support/temporary_directory.hpp"
@@ -11,8 +12,6 @@ namespace quillmere::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-const FileManager& files() { return FileManager::standard(); }
 
 std::string contentsOf(const fs::path& path) { return std::string(files().contents(path).view()); }
 

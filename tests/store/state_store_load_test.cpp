@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-StateStore storeIn(const fs::path& directory)
+StateStore storeAtMoment(const fs::path& directory)
 {
     return StateStore(directory, StandingClock(moment), StateStore::renameReplacing);
 }
@@ -69,7 +69,7 @@ TEST(Load, givesTheInitialStateAtTheClocksInstantFromAnEmptyDirectory)
 TEST(Load, givesTheInitialStateFromADirectoryThatDoesNotExistAndCreatesNothing)
 {
     const TemporaryDirectory directory;
-    expectInitial(storeIn(directory.path() / "missing" / "inner").load(), moment);
+    expectInitial(storeAtMoment(directory.path() / "missing" / "inner").load(), moment);
     EXPECT_TRUE(directory.names().empty());
 }
 
@@ -77,13 +77,13 @@ TEST(Load, givesTheInitialStateBelowAFile)
 {
     const TemporaryDirectory directory;
     writeText(directory.path() / "file", "");
-    expectInitial(storeIn(directory.path() / "file").load(), moment);
+    expectInitial(storeAtMoment(directory.path() / "file").load(), moment);
 }
 
 TEST(Load, givesAnotherInitialStateEachTime)
 {
     const TemporaryDirectory directory;
-    const StateStore store = storeIn(directory.path());
+    const StateStore store = storeAtMoment(directory.path());
     EXPECT_NE(store.load().id, store.load().id);
 }
 
@@ -110,7 +110,7 @@ TEST(Load, doesNotReadTheClockWhenThereIsAFile)
 TEST(Load, readsTheFileAfreshEachTime)
 {
     const TemporaryDirectory directory;
-    const StateStore store = storeIn(directory.path());
+    const StateStore store = storeAtMoment(directory.path());
     store.save(fullState());
     store.load();
     writeText(store.stateURL(), compact(stateIn(WorkflowState::breaking)));
@@ -122,7 +122,7 @@ TEST(Load, readsTheFileAfreshEachTime)
 TEST(Load, needsNoOtherFileThanTheState)
 {
     const TemporaryDirectory directory;
-    const StateStore store = storeIn(directory.path());
+    const StateStore store = storeAtMoment(directory.path());
     writeText(store.stateURL(), compact(fullState()));
     writeText(store.agentStateURL(), "not JSON");
     writeText(directory.path() / ".state.json.9F1C2A4E-0B7D-4C55-8E21-3A6B5D0C7F10.tmp", "cut sho");
@@ -134,13 +134,13 @@ TEST(Load, followsALinkToTheFile)
     const TemporaryDirectory directory;
     writeText(directory.path() / "elsewhere.json", compact(fullState()));
     fs::create_symlink("elsewhere.json", directory.path() / "state.json");
-    EXPECT_EQ(storeIn(directory.path()).load(), fullState());
+    EXPECT_EQ(storeAtMoment(directory.path()).load(), fullState());
 }
 
 TEST(Load, takesAStateWithoutAKeyOrRefusesItAsTheRecordSays)
 {
     const TemporaryDirectory directory;
-    const StateStore store = storeIn(directory.path());
+    const StateStore store = storeAtMoment(directory.path());
     constexpr struct {
         std::string_view key;
         bool isRequired;

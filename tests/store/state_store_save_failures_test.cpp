@@ -3,8 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
+#include "support/extreme_numbers.hpp"
 #include "support/file_system.hpp"
 #include "support/process_settings.hpp"
 #include "support/sample_states.hpp"
@@ -15,8 +14,6 @@ namespace quillmere::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 /// A directory with the files of one state, and another state to replace it with.
 class SaveFailure : public testing::Test {

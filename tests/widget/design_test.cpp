@@ -3,8 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
+#include "support/extreme_numbers.hpp"
 #include "support/sample_states.hpp"
 
 namespace quillmere::test {
@@ -14,9 +13,6 @@ using QuillmereDesign::Accent;
 using QuillmereDesign::accent;
 using QuillmereDesign::caption;
 using QuillmereDesign::timeText;
-
-constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
-constexpr std::int64_t least = std::numeric_limits<std::int64_t>::min();
 
 WidgetSnapshot snapshotIn(WidgetPhase phase)
 {

@@ -5,14 +5,11 @@
 
 #include <limits>
 
+#include "support/extreme_numbers.hpp"
 #include "support/sample_states.hpp"
 
 namespace quillmere::test {
 namespace {
-
-constexpr std::int64_t least = std::numeric_limits<std::int64_t>::min();
-constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 /// A summary with a countdown of 1000 seconds from `moment` on.
 WidgetSnapshot running()

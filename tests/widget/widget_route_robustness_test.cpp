@@ -7,12 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "widget_testing.hpp"
+
 namespace quillmere::test {
 namespace {
-
-constexpr std::optional<WidgetRoute> none;
-
-std::optional<WidgetRoute> parsed(std::string_view link) { return fromURL<WidgetRoute>(link); }
 
 std::string repeated(std::string_view text, std::size_t count)
 {
@@ -30,7 +28,7 @@ TEST(WidgetRouteFromURL, refusesZeroBytesAtEveryPlace)
     for (std::size_t place = 0; place <= link.size(); ++place) {
         std::string spoilt = link;
         spoilt.insert(place, 1, '\0');
-        EXPECT_EQ(parsed(spoilt), none) << place;
+        EXPECT_EQ(parsed(spoilt), noRoute) << place;
     }
 }
 
@@ -43,12 +41,12 @@ TEST(WidgetRouteFromURL, takesOrRefusesAnyLength)
     EXPECT_EQ(parsed("quillmere://open:" + std::string(count, '1') + "/focus"), WidgetRoute::focus);
     EXPECT_EQ(parsed("quillmere://open/focus?" + std::string(count, 'q')), WidgetRoute::focus);
     EXPECT_EQ(parsed("quillmere://open/focus#" + std::string(count, 'f')), WidgetRoute::focus);
-    EXPECT_EQ(parsed("quillmere://open/" + std::string(count, 'f')), none);
-    EXPECT_EQ(parsed("quillmere://open" + std::string(count, 'n') + "/focus"), none);
-    EXPECT_EQ(parsed(std::string(count, 'q') + "://open/focus"), none);
-    EXPECT_EQ(parsed(std::string(count, ':')), none);
-    EXPECT_EQ(parsed("quillmere://" + std::string(count, '@')), none);
-    EXPECT_EQ(parsed("quillmere://open/" + std::string(count, '%')), none);
+    EXPECT_EQ(parsed("quillmere://open/" + std::string(count, 'f')), noRoute);
+    EXPECT_EQ(parsed("quillmere://open" + std::string(count, 'n') + "/focus"), noRoute);
+    EXPECT_EQ(parsed(std::string(count, 'q') + "://open/focus"), noRoute);
+    EXPECT_EQ(parsed(std::string(count, ':')), noRoute);
+    EXPECT_EQ(parsed("quillmere://" + std::string(count, '@')), noRoute);
+    EXPECT_EQ(parsed("quillmere://open/" + std::string(count, '%')), noRoute);
 }
 
 TEST(WidgetRouteFromURL, looksAtNoByteBehindTheText)
@@ -62,7 +60,7 @@ TEST(WidgetRouteFromURL, looksAtNoByteBehindTheText)
     }
     constexpr std::string_view cut = "quillmere://open/focu%73";
     EXPECT_EQ(parsed(cut), WidgetRoute::focus);
-    EXPECT_EQ(parsed(cut.substr(0, cut.size() - 1)), none);
+    EXPECT_EQ(parsed(cut.substr(0, cut.size() - 1)), noRoute);
 }
 
 TEST(WidgetRouteFromURL, survivesAnyTextAndNeverMindsItsCase)

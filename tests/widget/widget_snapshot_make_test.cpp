@@ -6,11 +6,10 @@
 #include <limits>
 
 #include "support/sample_states.hpp"
+#include "widget_testing.hpp"
 
 namespace quillmere::test {
 namespace {
-
-WidgetSnapshot summaryOf(const QuillmereState& state) { return WidgetSnapshot::make(state, moment); }
 
 AgentQuestion question(std::string text, std::optional<Instant> answeredAt = std::nullopt)
 {

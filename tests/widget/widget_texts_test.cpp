@@ -5,11 +5,10 @@
 #include <gtest/gtest.h>
 
 #include "support/sample_states.hpp"
+#include "widget_testing.hpp"
 
 namespace quillmere::test {
 namespace {
-
-WidgetSnapshot summaryOf(const QuillmereState& state) { return WidgetSnapshot::make(state, moment); }
 
 /// A state with sessions by plans 1 and 2, and plan 3 for the next session; all ratings are different.
 QuillmereState stateWithAllPlans(WorkflowState workflowState)

@@ -2,7 +2,11 @@
 
 #include <quillmere/store/state_store.hpp>
 
+#include "proofs/support/figures.hpp"
+
 namespace quillmere::test {
+
+std::uint64_t roundCount() { return amount(4, mostRounds); }
 
 std::string questionOf(int asker, std::uint64_t round)
 {

@@ -8,6 +8,10 @@
 
 namespace quillmere::test {
 
+/// The questions that each asker asks, one a round. Fewer in the short form.
+inline constexpr std::uint64_t mostRounds = 250;
+std::uint64_t roundCount();
+
 /// A different text for every asker and round.
 std::string questionOf(int asker, std::uint64_t round);
 

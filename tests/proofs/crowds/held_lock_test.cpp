@@ -24,11 +24,11 @@ struct LockedOut {
     double seconds;
 };
 
-using Clock = std::chrono::steady_clock;
+using SteadyClock = std::chrono::steady_clock;
 
-double secondsSince(Clock::time_point begin)
+double secondsSince(SteadyClock::time_point begin)
 {
-    return std::chrono::duration<double>(Clock::now() - begin).count();
+    return std::chrono::duration<double>(SteadyClock::now() - begin).count();
 }
 
 std::string inSeconds(double seconds)
@@ -47,7 +47,7 @@ TEST(AHeldLock, refusesEveryProcessAfterFiveSecondsAndKeepsTheFiles)
     Crowd crowd;
     for (LockedOut& one : *all) {
         crowd.join([&] {
-            const auto begin = Clock::now();
+            const auto begin = SteadyClock::now();
             one.code = startAsking(files.directory(), "May I?").wait().code;
             one.seconds = secondsSince(begin);
             return 0;

@@ -22,10 +22,6 @@
 namespace quillmere::test {
 namespace {
 
-constexpr std::uint64_t mostRounds = 250;
-
-std::uint64_t roundCount() { return amount(4, mostRounds); }
-
 /// Whether and how one asking process is killed.
 struct Fate {
     enum class Kind { spared, killedInItsSave, killedAtRandom };

@@ -13,8 +13,6 @@ namespace {
 
 using Questions = std::map<std::string, int>;
 
-std::uint64_t roundCount() { return amount(4, 250); }
-
 /// Every question of every asker, with a count of 1.
 Questions allQuestions()
 {

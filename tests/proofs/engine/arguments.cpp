@@ -1,23 +1,19 @@
 // The arguments for the calls of every operation.
-#include <limits>
 
 #include "proofs/engine/digits.hpp"
 #include "proofs/engine/situations.hpp"
+#include "support/extreme_numbers.hpp"
 #include "support/sample_states.hpp"
 
 namespace quillmere::test {
 namespace {
 
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinite = std::numeric_limits<double>::infinity();
-constexpr double smallest = std::numeric_limits<double>::denorm_min();
-
-constexpr auto ratings = std::to_array<std::int64_t>({0, 1, 5, 6});
-constexpr std::size_t planChoices = 1 + ratings.size() * ratings.size();
+constexpr auto givenRatings = std::to_array<std::int64_t>({0, 1, 5, 6});
+constexpr std::size_t planChoices = 1 + givenRatings.size() * givenRatings.size();
 
 /// Blocks to start or schedule, each with one unusual property.
 constexpr auto givenDurations =
-    std::to_array<double>({1'500, 0, -0.0, -1, notANumber, infinite, -infinite, smallest});
+    std::to_array<double>({1'500, 0, -0.0, -1, notANumber, infinity, -infinity, smallest});
 constexpr auto givenCycles = std::to_array<std::int64_t>({1, 0, -1, INT64_MAX, INT64_MIN});
 constexpr std::size_t givenBlockChoices = 2 * givenDurations.size() + givenCycles.size() + 2;
 
@@ -51,7 +47,7 @@ Block givenBlock(std::size_t number)
 }
 
 constexpr auto extensions =
-    std::to_array<double>({300, 0, -0.0, -1, notANumber, infinite, -infinite, smallest});
+    std::to_array<double>({300, 0, -0.0, -1, notANumber, infinity, -infinity, smallest});
 constexpr auto texts = std::to_array<const char*>({"", "  ", "Which one?"});
 constexpr auto askedFor = std::to_array<unsigned>({601, 602, 603});
 
@@ -62,8 +58,8 @@ std::optional<SessionPlan> givenPlan(std::size_t number)
     }
     Digits digits(number - 1);
     SessionPlan plan = samplePlan(9);
-    plan.energy = digits.oneOf(ratings);
-    plan.morale = digits.oneOf(ratings);
+    plan.energy = digits.oneOf(givenRatings);
+    plan.morale = digits.oneOf(givenRatings);
     return plan;
 }
 

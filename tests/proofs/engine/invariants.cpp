@@ -91,7 +91,7 @@ void expectOneCountdown(const QuillmereState& state, Instant now, const AgentSna
 
 Bytes fileOf(const QuillmereState& state) { return JsonEncoder(JsonLayout::pretty).encode(state); }
 
-bool isFinite(const Block& block)
+bool hasFiniteDurations(const Block& block)
 {
     return std::isfinite(block.focusDurationSeconds) && std::isfinite(block.breakDurationSeconds);
 }
@@ -131,9 +131,9 @@ void expectReadsBack(const QuillmereState& state)
 bool isFinite(const QuillmereState& state)
 {
     return std::isfinite(state.breakExtensionSeconds) &&
-           (!state.currentBlock || isFinite(*state.currentBlock)) &&
+           (!state.currentBlock || hasFiniteDurations(*state.currentBlock)) &&
            std::all_of(state.blockHistory.begin(), state.blockHistory.end(),
-                       [](const Block& block) { return isFinite(block); });
+                       [](const Block& block) { return hasFiniteDurations(block); });
 }
 
 }  // namespace quillmere::test

@@ -1,18 +1,17 @@
 #include "proofs/engine/random_calls.hpp"
 
-#include <limits>
 #include <span>
 
+#include "support/extreme_numbers.hpp"
 #include "support/sample_states.hpp"
 
 namespace quillmere::test {
 namespace {
 
-using enum Operation;
-
 /// The usual next operations in a workflow state.
 std::span<const Operation> sensible(WorkflowState workflowState)
 {
+    using enum Operation;
     static constexpr auto inIdle =
         std::to_array({beginBlockPlanning, beginBlockPlanning, evaluateSchedule, editScheduledBlock,
                        startScheduledBlockNow, cancelScheduledBlock});
@@ -55,15 +54,12 @@ Operation RandomCalls::operation(WorkflowState workflowState)
         return choices[below(static_cast<std::uint32_t>(choices.size()))];
     }
     const Operation drawn = operationAt(below(operationCount));
-    return drawn == addQuestion && below(4) != 0 ? answerQuestion : drawn;
+    return drawn == Operation::addQuestion && below(4) != 0 ? Operation::answerQuestion : drawn;
 }
 
 double RandomCalls::duration()
 {
-    static constexpr double infinite = std::numeric_limits<double>::infinity();
-    static constexpr auto unusual =
-        std::to_array<double>({0, -1, std::numeric_limits<double>::quiet_NaN(), infinite,
-                               std::numeric_limits<double>::denorm_min()});
+    static constexpr auto unusual = std::to_array<double>({0, -1, notANumber, infinity, smallest});
     static constexpr auto usual = std::to_array<double>({1'500, 300, 60, 1, 0.5, 59.7});
     return oneIn(12) ? oneOf(unusual) : oneOf(usual);
 }
@@ -112,6 +108,7 @@ Call RandomCalls::next(const QuillmereState& state)
     moveTheClock();
     Call call = Call::of(operation(state.workflowState), now_);
     switch (call.operation) {
+        using enum Operation;
         case startBlock:
         case scheduleBlock: call.block = block(state); break;
         case startFocus: call.plan = maybePlan(); break;

@@ -1,16 +1,12 @@
 #include "proofs/engine/situations.hpp"
 
-#include <limits>
-
 #include "proofs/engine/digits.hpp"
+#include "support/extreme_numbers.hpp"
 #include "support/sample_states.hpp"
 
 namespace quillmere::test {
 namespace {
 
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinite = std::numeric_limits<double>::infinity();
-constexpr double smallest = std::numeric_limits<double>::denorm_min();
 constexpr double lowest = -0x1p63;  // The lowest representable number of whole seconds.
 
 constexpr auto workflowStates = std::to_array<WorkflowState>({
@@ -26,7 +22,7 @@ constexpr auto workflowStates = std::to_array<WorkflowState>({
 
 /// Times of the clock, relative to the instant in the records. 1500 ends a session, 300 a break.
 constexpr auto clockSteps =
-    std::to_array<double>({0, 0.3, 1, 300, 1'500, 10'000, -0.3, -10'000, notANumber, infinite});
+    std::to_array<double>({0, 0.3, 1, 300, 1'500, 10'000, -0.3, -10'000, notANumber, infinity});
 
 /// The planned start of a waiting block, relative to the clock.
 struct Waiting {
@@ -74,7 +70,7 @@ constexpr auto breakShapes = std::to_array<Rest>({
     {.isStarted = true, .extension = 60.5, .isNotified = false},
     {.isStarted = true, .extension = 0, .isNotified = true},
     {.isStarted = true, .extension = notANumber, .isNotified = true},
-    {.isStarted = false, .extension = infinite, .isNotified = true},
+    {.isStarted = false, .extension = infinity, .isNotified = true},
 });
 
 /// The durations in the records.
@@ -88,7 +84,7 @@ constexpr auto lengths = std::to_array<Lengths>({
     {.focus = 0, .rest = 0, .paused = 0},
     {.focus = -1, .rest = -1, .paused = -1},
     {.focus = notANumber, .rest = notANumber, .paused = 0},
-    {.focus = infinite, .rest = infinite, .paused = 0},
+    {.focus = infinity, .rest = infinity, .paused = 0},
     {.focus = smallest, .rest = smallest, .paused = smallest},
     {.focus = lowest, .rest = lowest, .paused = 0},
     {.focus = 1'500, .rest = 300, .paused = notANumber},

@@ -139,9 +139,9 @@ std::string run(const Scene& scene, std::vector<std::string> words)
     return "the program cannot be run: " + std::string(::strerror(errno));
 }
 
-std::string status(const Scene& scene) { return run(scene, {"status"}); }
-std::string widget(const Scene& scene) { return run(scene, {"widget"}); }
-std::string ask(const Scene& scene) { return run(scene, {"ask", "Why?"}); }
+std::string runStatus(const Scene& scene) { return run(scene, {"status"}); }
+std::string runWidget(const Scene& scene) { return run(scene, {"widget"}); }
+std::string runAsk(const Scene& scene) { return run(scene, {"ask", "Why?"}); }
 
 }  // namespace
 
@@ -155,9 +155,9 @@ const std::array<Operation, operationCount>& operations()
         {"load", load, {}},
         {"widget's save", saveWidget, {"widget-snapshot.json"}},
         {"widget's load", loadWidget, {}},
-        {"`status`", status, {}},
-        {"`widget`", widget, {}},
-        {"`ask`", ask, all, 0600, 0700},
+        {"`status`", runStatus, {}},
+        {"`widget`", runWidget, {}},
+        {"`ask`", runAsk, all, 0600, 0700},
     }};
     return table;
 }

@@ -17,7 +17,7 @@ namespace {
 constexpr int killed = 128 + 9;
 
 /// The files after one kill, and after the next run.
-struct Aftermath {
+struct CallAftermath {
     std::string call;
     Before before;
     int code;
@@ -29,18 +29,18 @@ struct Aftermath {
     std::vector<std::string> leftoversAfterNext;
 };
 
-Aftermath killAt(const TracedCall& call, Before before)
+CallAftermath killAt(const TracedCall& call, Before before)
 {
     const ThreeFiles files(before);
-    Aftermath aftermath{.call = call.text,
-                        .before = before,
-                        .code = 0,
-                        .versions = {},
-                        .leftovers = {},
-                        .nextCode = 0,
-                        .nextAgrees = false,
-                        .nextOpenedLeftovers = false,
-                        .leftoversAfterNext = {}};
+    CallAftermath aftermath{.call = call.text,
+                            .before = before,
+                            .code = 0,
+                            .versions = {},
+                            .leftovers = {},
+                            .nextCode = 0,
+                            .nextAgrees = false,
+                            .nextOpenedLeftovers = false,
+                            .leftoversAfterNext = {}};
     const std::string injection = call.name + ":signal=KILL:when=" + std::to_string(call.ordinal);
     aftermath.code = traced(files.directory(), ThreeFiles::asking(), files.home(), injection).code;
     aftermath.versions = files.versions();
@@ -60,10 +60,10 @@ Aftermath killAt(const TracedCall& call, Before before)
 }
 
 /// The results of all kills; made once per process.
-const std::vector<Aftermath>& aftermaths()
+const std::vector<CallAftermath>& callAftermaths()
 {
-    static const std::vector<Aftermath> all = [] {
-        std::vector<Aftermath> made;
+    static const std::vector<CallAftermath> all = [] {
+        std::vector<CallAftermath> made;
         for (const Before before : {Before::earlierFile, Before::noDirectory}) {
             if (before == Before::noDirectory && !inLongForm()) {
                 continue;
@@ -94,7 +94,7 @@ protected:
 
 TEST_F(AKillAtACall, leavesEachFileOldOrNew)
 {
-    for (const Aftermath& aftermath : aftermaths()) {
+    for (const CallAftermath& aftermath : callAftermaths()) {
         const Version old = aftermath.before == Before::earlierFile ? Version::older : Version::none;
         EXPECT_EQ(aftermath.code, killed) << aftermath.call;
         for (const Version version : aftermath.versions) {
@@ -102,23 +102,26 @@ TEST_F(AKillAtACall, leavesEachFileOldOrNew)
                 << aftermath.call << ": " << testing::PrintToString(aftermath.versions);
         }
     }
-    EXPECT_GE(aftermaths().size(), amount(10, 80));
-    reportFigure("SIGKILL at every system call of a save", "kills of the program", aftermaths().size());
+    EXPECT_GE(callAftermaths().size(), amount(10, 80));
+    reportFigure("SIGKILL at every system call of a save", "kills of the program", callAftermaths().size());
 }
 
 TEST_F(AKillAtACall, happensBetweenAllOfTheReplacements)
 {
     for (std::size_t newer = 0; newer <= 3; ++newer) {
-        EXPECT_TRUE(std::any_of(aftermaths().begin(), aftermaths().end(), [&](const Aftermath& aftermath) {
-            return static_cast<std::size_t>(std::count(aftermath.versions.begin(), aftermath.versions.end(),
-                                                       Version::newer)) == newer;
-        })) << newer;
+        EXPECT_TRUE(std::any_of(callAftermaths().begin(), callAftermaths().end(),
+                                [&](const CallAftermath& aftermath) {
+                                    return static_cast<std::size_t>(std::count(aftermath.versions.begin(),
+                                                                               aftermath.versions.end(),
+                                                                               Version::newer)) == newer;
+                                }))
+            << newer;
     }
 }
 
 TEST_F(AKillAtACall, leavesNoSummaryNewerThanTheState)
 {
-    for (const Aftermath& aftermath : aftermaths()) {
+    for (const CallAftermath& aftermath : callAftermaths()) {
         // The state must be newest, then the agent's summary, then the widget's.
         EXPECT_TRUE(std::is_sorted(aftermath.versions.begin(), aftermath.versions.end(),
                                    [](Version left, Version right) { return left > right; }))
@@ -128,7 +131,7 @@ TEST_F(AKillAtACall, leavesNoSummaryNewerThanTheState)
 
 TEST_F(AKillAtACall, isRepairedByTheNextSave)
 {
-    for (const Aftermath& aftermath : aftermaths()) {
+    for (const CallAftermath& aftermath : callAftermaths()) {
         EXPECT_EQ(aftermath.nextCode, 0) << aftermath.call;
         EXPECT_TRUE(aftermath.nextAgrees) << aftermath.call;
     }
@@ -137,7 +140,7 @@ TEST_F(AKillAtACall, isRepairedByTheNextSave)
 TEST_F(AKillAtACall, leavesHiddenFilesThatAreNeverRead)
 {
     std::size_t count = 0;
-    for (const Aftermath& aftermath : aftermaths()) {
+    for (const CallAftermath& aftermath : callAftermaths()) {
         count += aftermath.leftovers.size();
         EXPECT_TRUE(areHiddenTemporaries(aftermath.leftovers)) << aftermath.call;
         EXPECT_FALSE(aftermath.nextOpenedLeftovers) << aftermath.call;

@@ -22,7 +22,7 @@ namespace {
 constexpr std::size_t smallSize = 1'000;
 
 /// The files after one kill, and after the next save.
-struct Aftermath {
+struct RandomAftermath {
     std::uint64_t completed;
     std::uint64_t begun;
     Numbers numbers;
@@ -52,15 +52,15 @@ std::vector<std::string> takeLeftovers(const TemporaryDirectory& directory)
 }
 
 /// The results of all kills; made once per process.
-const std::vector<Aftermath>& aftermaths()
+const std::vector<RandomAftermath>& randomAftermaths()
 {
-    static const std::vector<Aftermath> all = [] {
-        std::vector<Aftermath> made(amount(40, 10'000));
+    static const std::vector<RandomAftermath> all = [] {
+        std::vector<RandomAftermath> made(amount(40, 10'000));
         std::mt19937_64 random(20261115);
         const TemporaryDirectory directory;
         std::uint64_t last = 1;
         saveNumbered(directory.path(), numberedState(last, smallSize));
-        for (Aftermath& aftermath : made) {
+        for (RandomAftermath& aftermath : made) {
             SavingProcess process(directory.path(), last + 1);
             process.waitForBeginning();
             ::usleep(delay(random));
@@ -82,24 +82,24 @@ const std::vector<Aftermath>& aftermaths()
 
 TEST(AKillAtRandom, leavesEachFileOldOrNew)
 {
-    for (const Aftermath& aftermath : aftermaths()) {
+    for (const RandomAftermath& aftermath : randomAftermaths()) {
         for (const auto& number :
              {aftermath.numbers.state, aftermath.numbers.agent, aftermath.numbers.widget}) {
             EXPECT_TRUE(number == aftermath.completed || number == aftermath.begun)
                 << number.value_or(0) << " is neither " << aftermath.completed << " nor " << aftermath.begun;
         }
     }
-    const auto inASave =
-        std::count_if(aftermaths().begin(), aftermaths().end(),
-                      [](const Aftermath& aftermath) { return aftermath.completed != aftermath.begun; });
+    const auto inASave = std::count_if(
+        randomAftermaths().begin(), randomAftermaths().end(),
+        [](const RandomAftermath& aftermath) { return aftermath.completed != aftermath.begun; });
     EXPECT_GT(inASave, 0);
-    reportFigure("SIGKILL at random moments", "kills of a process that saves", aftermaths().size());
+    reportFigure("SIGKILL at random moments", "kills of a process that saves", randomAftermaths().size());
     reportFigure("SIGKILL at random moments", "of these, during a save", inASave);
 }
 
 TEST(AKillAtRandom, leavesNoSummaryNewerThanTheState)
 {
-    for (const Aftermath& aftermath : aftermaths()) {
+    for (const RandomAftermath& aftermath : randomAftermaths()) {
         EXPECT_LE(aftermath.numbers.agent, aftermath.numbers.state);
         EXPECT_LE(aftermath.numbers.widget, aftermath.numbers.agent);
     }
@@ -107,7 +107,7 @@ TEST(AKillAtRandom, leavesNoSummaryNewerThanTheState)
 
 TEST(AKillAtRandom, isRepairedByTheNextSave)
 {
-    for (const Aftermath& aftermath : aftermaths()) {
+    for (const RandomAftermath& aftermath : randomAftermaths()) {
         const std::uint64_t saved = aftermath.begun + 1;
         EXPECT_EQ(aftermath.next.state, saved);
         EXPECT_EQ(aftermath.next.agent, saved);
@@ -118,7 +118,7 @@ TEST(AKillAtRandom, isRepairedByTheNextSave)
 TEST(AKillAtRandom, leavesOneHiddenFileAtTheMost)
 {
     std::size_t count = 0;
-    for (const Aftermath& aftermath : aftermaths()) {
+    for (const RandomAftermath& aftermath : randomAftermaths()) {
         count += aftermath.leftoverCount;
         EXPECT_TRUE(aftermath.leftoversAreHidden);
         EXPECT_LE(aftermath.leftoverCount, 1u);

@@ -89,12 +89,12 @@ const std::vector<Typed>& everything()
 }
 
 /// The three files, with every identifier replaced by "#", because each run draws different ones.
-struct Files {
+struct SavedFiles {
     std::string state;
     std::string agent;
     std::string widget;
 
-    friend bool operator==(const Files&, const Files&) = default;
+    friend bool operator==(const SavedFiles&, const SavedFiles&) = default;
 };
 
 bool isIdentifierAt(const std::string& text, std::size_t place)
@@ -126,7 +126,7 @@ std::string withoutIdentifiers(const std::string& text)
     return result;
 }
 
-Files filesOf(const Person& person)
+SavedFiles filesOf(const Person& person)
 {
     const auto text = [&](const char* name) { return withoutIdentifiers(textOf(person.directory() / name)); };
     return {.state = text("state.json"),
@@ -135,9 +135,9 @@ Files filesOf(const Person& person)
 }
 
 /// Whether each file is old or new, and none is newer than the file that it is derived from.
-bool areInOrder(const Files& files, const Files& oldFiles, const Files& newFiles)
+bool areInOrder(const SavedFiles& files, const SavedFiles& oldFiles, const SavedFiles& newFiles)
 {
-    Files expected = oldFiles;
+    SavedFiles expected = oldFiles;
     if (files == expected) {
         return true;
     }
@@ -151,8 +151,8 @@ bool areInOrder(const Files& files, const Files& oldFiles, const Files& newFiles
 
 /// Whether a run with a failed allocation ended as required: as without one, or with a message that tells
 /// whether the change is saved.
-bool endedInOrder(const FailingRun& run, const Typed& typed, const Files& files, const Files& oldFiles,
-                  const Files& newFiles)
+bool endedInOrder(const FailingRun& run, const Typed& typed, const SavedFiles& files,
+                  const SavedFiles& oldFiles, const SavedFiles& newFiles)
 {
     const bool isSaved = files.state == newFiles.state;
     if (run.code == ExitCode::outOfMemory) {
@@ -179,13 +179,13 @@ Tally runOutInProgram(const Typed& typed, std::size_t mostRuns)
     };
     Words words = {"--directory", person.directory().string()};
     words.insert(words.end(), typed.words.begin(), typed.words.end());
-    const Files oldFiles = prepare();
+    const SavedFiles oldFiles = prepare();
     const auto names = person.names();
     runFailing(undisturbed, words, typed.now);  // performs the allocations that happen once per process
     prepare();
     const FailingRun whole = runFailing(undisturbed, words, typed.now);
     EXPECT_EQ(whole.code, typed.code) << whole.err;
-    const Files newFiles = filesOf(person);
+    const SavedFiles newFiles = filesOf(person);
     const std::size_t step = whole.allocations / mostRuns + 1;
 
     Tally tally;
@@ -195,7 +195,7 @@ Tally runOutInProgram(const Typed& typed, std::size_t mostRuns)
             prepare();
         }
         const FailingRun run = runFailing(allocation, words, typed.now);
-        const Files files = filesOf(person);
+        const SavedFiles files = filesOf(person);
         areOld = files == oldFiles;
         const bool inOrder = areInOrder(files, oldFiles, newFiles) && person.names() == names &&
                              endedInOrder(run, typed, files, oldFiles, newFiles);

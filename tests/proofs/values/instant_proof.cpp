@@ -18,6 +18,7 @@
 #include "proofs/support/figures.hpp"
 #include "proofs/values/calendar_check.hpp"
 #include "records/coding_helpers.hpp"
+#include "support/extreme_numbers.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -25,7 +26,6 @@ namespace {
 constexpr std::int64_t secondsPerDay = 86'400;
 constexpr std::int64_t dayCount = daysBeforeYear(10'000);
 static_assert(dayCount == 3'652'425);
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 constexpr double secondsAt(std::int64_t day, std::int64_t second)
 {
@@ -210,9 +210,9 @@ TEST(EveryInstant, isRefusedBeyondTheCalendar)
 {
     EXPECT_EQ(written(firstSecond), "0000-01-01T00:00:00Z");
     EXPECT_EQ(written(std::nextafter(endSecond, 0)), "9999-12-31T23:59:59Z");
-    for (const double seconds : {std::nextafter(firstSecond, -infinity), firstSecond - 1, endSecond, 0x1p63,
-                                 -0x1p63, std::numeric_limits<double>::max(), infinity, -infinity,
-                                 std::numeric_limits<double>::quiet_NaN()}) {
+    for (const double seconds :
+         {std::nextafter(firstSecond, -infinity), firstSecond - 1, endSecond, 0x1p63, -0x1p63,
+          std::numeric_limits<double>::max(), infinity, -infinity, notANumber}) {
         EXPECT_EQ(written(seconds), "refused") << seconds;
         EXPECT_TRUE(encodingError(QuillmereState::initial(Instant(seconds)))) << seconds;
     }

@@ -5,19 +5,16 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <limits>
 #include <random>
 #include <string>
 #include <vector>
 
 #include "proofs/support/figures.hpp"
 #include "records/coding_helpers.hpp"
+#include "support/extreme_numbers.hpp"
 
 namespace quillmere::test {
 namespace {
-
-constexpr std::int64_t least = std::numeric_limits<std::int64_t>::min();
-constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
 
 const std::string& planText()
 {

@@ -17,6 +17,7 @@
 
 #include "proofs/support/figures.hpp"
 #include "records/coding_helpers.hpp"
+#include "support/extreme_numbers.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -75,7 +76,6 @@ bool isRefused(double value)
 /// Adds a number and its three neighbours on each side.
 void addWithNeighbours(std::vector<double>& values, double value)
 {
-    constexpr double infinity = std::numeric_limits<double>::infinity();
     double below = value;
     double above = value;
     values.push_back(value);
@@ -137,8 +137,8 @@ TEST(EveryDouble, readsBackAtThePowersOfTwoAndTenAndBesideThem)
 TEST(EveryDouble, readsBackWhereItIsWhole)
 {
     // Durations are nearly always whole seconds, which are written by separate code.
-    const auto most = static_cast<std::int64_t>(amount(30'000, 20'000'000));
-    for (std::int64_t whole = 0; whole <= most; ++whole) {
+    const auto largest = static_cast<std::int64_t>(amount(30'000, 20'000'000));
+    for (std::int64_t whole = 0; whole <= largest; ++whole) {
         const auto value = static_cast<double>(whole);
         ASSERT_TRUE(survives(value) && survives(-value)) << whole;
         ASSERT_TRUE(survives(value + 0.5) && survives(-value - 0.5)) << whole;

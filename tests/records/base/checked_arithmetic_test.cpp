@@ -5,16 +5,12 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <limits>
 #include <string>
+
+#include "support/extreme_numbers.hpp"
 
 namespace quillmere::test {
 namespace {
-
-constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
-constexpr std::int64_t least = std::numeric_limits<std::int64_t>::min();
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 struct Whole {
     double seconds;
@@ -31,8 +27,8 @@ constexpr auto wholes = std::to_array<Whole>({
     {-0.5, -1},
     {-1, -1},
     {-1.001, -2},
-    {std::numeric_limits<double>::denorm_min(), 0},
-    {-std::numeric_limits<double>::denorm_min(), -1},
+    {smallest, 0},
+    {-smallest, -1},
     // Above 2^52 every double is whole.
     {0x1p52 + 1, 4'503'599'627'370'497},
     {-0x1p63, least},
