@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace quillmere::cli {
 namespace {
@@ -80,6 +81,16 @@ Candidates spans(const CLI::App&, Program& program)
     return all;
 }
 
+/// What `history` takes: a record to show, or days to list.
+Candidates recordsAndSpans(const CLI::App& line, Program& program)
+{
+    Candidates all = records(line, program);
+    for (Candidate& span : spans(line, program)) {
+        all.push_back(std::move(span));
+    }
+    return all;
+}
+
 void addCommandsBelow(Candidates& all, const CLI::App& group, const std::string& above)
 {
     for (const CLI::App* const command :
@@ -108,6 +119,7 @@ constexpr auto kinds = std::to_array<CandidateKind>({
     {"VERSION", versions},
     {"MODEL", models},
     {"SPAN", spans},
+    {"HISTORY", recordsAndSpans},
     {"COMMAND", commands},
 });
 

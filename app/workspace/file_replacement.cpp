@@ -41,21 +41,19 @@ void FileReplacement::replaceState(const fs::path& temporary)
 {
     syncFile(temporary);
     const bool isKept = replaced_.keeping != Keeping::no && !haveSameContent(temporary, replaced_.file);
-    // Kept by a save that was killed before its rename.
-    const std::optional<Version> leftOver = versions_.newestEqualTo(replaced_.file, replaced_.savedAt);
-    const std::optional<Version> kept = isKept && !leftOver ? keep() : std::nullopt;
+    const KeptState state = keep(isKept);
     try {
         replaced_.lock.follow(temporary);
         StateStore::renameReplacing(temporary, replaced_.file);
     } catch (const std::system_error&) {
-        if (kept) {
-            versions_.remove(*kept);
+        if (state.kept) {
+            versions_.remove(*state.kept);
         }
         throw;
     }
     isStateReplaced_ = true;
-    if (leftOver && !isKept) {
-        versions_.remove(*leftOver);
+    if (state.leftOver && !isKept) {
+        versions_.remove(*state.leftOver);
     }
     try {
         syncDirectory(replaced_.file.parent_path());
@@ -64,17 +62,21 @@ void FileReplacement::replaceState(const fs::path& temporary)
     }
 }
 
-std::optional<Version> FileReplacement::keep()
+FileReplacement::KeptState FileReplacement::keep(bool isKept)
 {
     try {
-        return versions_.keep(replaced_.file, replaced_.savedAt);
+        KeptState state{.leftOver = versions_.newestEqualTo(replaced_.file, replaced_.savedAt), .kept = {}};
+        if (isKept && !state.leftOver) {
+            state.kept = versions_.keep(replaced_.file, replaced_.savedAt);
+        }
+        return state;
     } catch (const std::system_error& error) {
         if (replaced_.keeping == Keeping::necessarily) {
             throw;
         }
         // The change matters more to the person than the way back from it.
-        unkept_ = base::fileErrorText(error);
-        return std::nullopt;
+        unkept_ = isKept ? base::fileErrorText(error) : "";
+        return {};
     }
 }
 

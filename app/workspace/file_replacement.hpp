@@ -49,8 +49,15 @@ public:
     const std::string& unsynced() const { return unsynced_; }
 
 private:
+    struct KeptState {
+        std::optional<Version>
+            leftOver;  ///< equal to the state: kept by a save that was killed before its rename
+        std::optional<Version> kept;  ///< by this save
+    };
+
     void replaceState(const std::filesystem::path& temporary);
-    std::optional<Version> keep();
+    /// Keeps the state if it is to be kept and is not among the versions.
+    KeptState keep(bool isKept);
 
     ReplacedState replaced_;
     Versions versions_;

@@ -213,10 +213,12 @@ void addHistory(CLI::App& line, Program& program)
                    [command, &program] { showHistory(*command, program); });
     CLI::Option* const words =
         addSpan(*app, command->words)
+            ->type_name("HISTORY")
             ->description(
                 "A block or session to show whole, such as 9F1C or 9F1C.2; or the days to list: today, "
                 "yesterday, monday, week, last week, month, 7d, 2026-10, 2026-10-05");
     app->add_option("--since", command->since, "The first day, or a span that begins with it")
+        ->type_name("SPAN")
         ->excludes(words);
     app->add_option("--search", command->search, "Only blocks with this in their words, in either case")
         ->check(wellFormedText());

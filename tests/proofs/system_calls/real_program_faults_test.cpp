@@ -1,8 +1,9 @@
-// The same faults in the real program, injected by strace.
+// Faults in the real program, injected by strace, beside those of failing changes.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
+#include "cli/exit_code.hpp"
 #include "proofs/support/figures.hpp"
 #include "proofs/system_calls/three_files.hpp"
 #include "proofs/system_calls/traced_faults.hpp"
@@ -12,35 +13,6 @@ namespace quillmere::test {
 namespace {
 
 using cli::ExitCode;
-
-/// Injects every fault at every call, and passes the program's exit code and files to `check`.
-template <class Check>
-std::size_t forEveryFault(Check check)
-{
-    std::size_t count = 0;
-    for (const Before before : {Before::noDirectory, Before::earlierFile}) {
-        const ThreeFiles example(before);
-        const Undisturbed run(traced(example.directory(), ThreeFiles::asking(), example.home()).calls);
-        for (std::size_t index = 0; index < run.calls().size(); ++index) {
-            const TracedCall& call = run.calls()[index];
-            for (const int error : errorsToTry(call)) {
-                for (const bool fromThereOn : {false, true}) {
-                    if (fromThereOn && !mayBePermanent(call)) {
-                        continue;
-                    }
-                    const ThreeFiles files(before);
-                    const std::string injection = injectionOf(call, error, fromThereOn);
-                    SCOPED_TRACE(injection + "   " + call.text);
-                    const int code =
-                        traced(files.directory(), ThreeFiles::asking(), files.home(), injection).code;
-                    check(run.outcomeOf(index, error, fromThereOn), before, code, files);
-                    ++count;
-                }
-            }
-        }
-    }
-    return count;
-}
 
 class TheTracedProgram : public testing::Test {
 protected:
@@ -52,7 +24,7 @@ protected:
     }
 };
 
-/// Runs runs only in the long form. In the short form save_faults_test.cpp injects the faults into the
+/// Runs only in the long form. In the short form save_faults_test.cpp injects the faults into the
 /// library in this process, and one trace shows that the program makes the same calls.
 class TheProgramWithAFault : public TheTracedProgram {
 protected:
@@ -64,23 +36,6 @@ protected:
         TheTracedProgram::SetUp();
     }
 };
-
-TEST_F(TheProgramWithAFault, saysSoAndLeavesWholeFiles)
-{
-    const std::size_t count =
-        forEveryFault([](const Outcome& outcome, Before before, int code, const ThreeFiles& files) {
-            const Version old = before == Before::earlierFile ? Version::older : Version::none;
-            std::vector<Version> expected(3, old);
-            for (std::size_t file = 0; file < expected.size(); ++file) {
-                expected[file] = outcome.isReplaced.at(file) ? Version::newer : old;
-            }
-            EXPECT_EQ(code, static_cast<int>(outcome.code));
-            EXPECT_EQ(files.versions(), expected);
-            EXPECT_TRUE(files.others().empty());
-        });
-    EXPECT_GE(count, 100u);
-    reportFigure("A fault at every system call of the program, by strace", "faulted runs", count);
-}
 
 TEST_F(TheProgramWithAFault, makesTheChangeWhenTheVersionBeforeItCannotBeKept)
 {
