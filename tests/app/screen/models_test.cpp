@@ -6,7 +6,7 @@ namespace {
 
 using namespace screen;
 
-constexpr Key down{Key::Kind::down};
+const Key down{Key::Kind::down};
 
 class ModelsAtTheScreen : public ScreenOfAPerson {
 protected:

@@ -89,7 +89,7 @@ workspace::Situation situationIn(WorkflowState workflowState)
     return {.state = std::move(state), .events = {}, .now = moment + 1500};
 }
 
-std::string textOf(const Recall& recall)
+std::string recallText(const Recall& recall)
 {
     std::string text;
     for (const Passage& passage : recall) {
@@ -127,7 +127,7 @@ TEST(Recall, hasAtEachMomentTheWordsThatHelp)
     };
     for (const auto& [state, markers] : promised) {
         SCOPED_TRACE(rawValue(state));
-        expectAll(markers, textOf(work::recallAt(situationIn(state), {})));
+        expectAll(markers, recallText(work::recallAt(situationIn(state), {})));
     }
 }
 
@@ -145,7 +145,7 @@ TEST(Recall, ofTheDayHasTheWorkTheScheduleAndTheLastLessons)
     situation.state.currentBlock->plannedStart = moment + 7200;
     config::Values values;
     values.dailyGoalSeconds = 4 * 3600;
-    const std::string text = textOf(work::recallAt(situation, values));
+    const std::string text = recallText(work::recallAt(situation, values));
     expectAll({"Worked=3 h 20 min of 4 h", "Finished=4 blocks", "Time=17:00 to 18:30", "outcome-1",
                "lesson-1", "lesson-3"},
               text);
@@ -199,7 +199,7 @@ std::vector<std::string> wordsOf(const Block& block)
 TEST(AccountOfABlock, hasEveryWordOfIt)
 {
     const Block block = markedBlock();
-    expectAll(wordsOf(block), textOf(work::accountOf(block, moment)));
+    expectAll(wordsOf(block), recallText(work::accountOf(block, moment)));
 }
 
 TEST(AccountOfASession, hasItsTimeAndPauses)
