@@ -88,6 +88,7 @@ void Presenter::refresh()
         }
         tell(events);
     }
+    noteQuestions(!before);
     if (!recorded.empty()) {
         warn();
     }
@@ -101,6 +102,12 @@ void Presenter::tell(const std::vector<workspace::Event>& events)
         bell_ = true;
         message_ = eventText(event, {situation().now, values_.hours});
     }
+}
+
+void Presenter::noteQuestions(bool isFirst)
+{
+    const std::size_t before = std::exchange(questionCount_, state().openQuestions().size());
+    bell_ = bell_ || (!isFirst && questionCount_ > before && state().interruptible());
 }
 
 void Presenter::warn()
@@ -319,6 +326,7 @@ bool Presenter::change(const workspace::Operation& operation, std::string_view d
         return false;
     }
     lastShown_ = LastShown::of(state());
+    questionCount_ = state().openQuestions().size();
     tell(events);
     say(outcome);
     warn();

@@ -12,6 +12,7 @@
 
 #include <quillmere/widget/widget_route.hpp>
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
@@ -52,8 +53,9 @@ public:
     void clearMessage() { message_.clear(); }
     /// Appends a sentence to the message.
     void say(std::string_view sentence);
-    /// Whether an event happened since the last call.
-    bool takeBell() { return std::exchange(bell_, false); }
+    /// Whether the bell is to ring: an event happened since the last call, or a question of another program
+    /// that may interrupt, and the person wants sound.
+    bool takeBell() { return std::exchange(bell_, false) && values_.sound; }
 
     /// The form that the workflow waits for; null: none. Another form is another object.
     const std::shared_ptr<Form>& workForm() const { return workForm_; }
@@ -94,6 +96,8 @@ private:
     void perform(const Action& action);
     void perform(const UndoStep& step);
     void tell(const std::vector<workspace::Event>& events);
+    /// Rings the bell for questions that have come; not for those of the first look.
+    void noteQuestions(bool isFirst);
     /// Says the warning of the last change.
     void warn();
     /// Says once that the files cannot be watched.
@@ -121,6 +125,7 @@ private:
     bool isToldOfNoDrafts_ = false;
     bool isToldOfNoWatch_ = false;
     bool bell_ = false;
+    std::size_t questionCount_ = 0;  ///< of the state last shown
 };
 
 }  // namespace quillmere::work
