@@ -44,6 +44,7 @@ private:
     {
         screen_.resize(terminal_.size());
         terminal_.show(screen_.picture(terminal_.charset()));
+        terminal_.setTitle(screen_.title());
         if (screen_.takeBell()) {
             terminal_.ringBell();
         }

@@ -34,8 +34,11 @@ public:
 
     Canvas picture(Charset charset) const;
 
+    /// Of the window: "14:59 Focus"; "Quillmere" while no timer runs.
+    std::string title() const;
+
     bool isOver() const { return isOver_; }
-    /// Whether an event happened since the last call.
+    /// As Presenter::takeBell.
     bool takeBell() { return presenter_.takeBell(); }
 
 private:
