@@ -74,7 +74,7 @@ Watch::Watch(workspace::Workspace workspace, base::Environment& environment, Wat
       messages_(environment.err, environment.error),
       settings_(std::move(settings)),
       workspace_(std::move(workspace)),
-      deliveryLog_(placeOf("notices", workspace_.stateDirectory()), messages_),
+      deliveryLog_(workspace::noticesDirectory(workspace_.stateDirectory()), messages_),
       subprocesses_(messages_),
       notifier_({.urgency = settings_.urgency,
                  .hasSound = settings_.sound,

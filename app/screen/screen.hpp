@@ -26,6 +26,9 @@ public:
     /// Presenter::compressVersion.
     void compressVersion() { presenter_.compressVersion(); }
 
+    /// Presenter::takeSilenceWarning.
+    std::string takeSilenceWarning() { return presenter_.takeSilenceWarning(); }
+
     void resize(Size window) { window_ = window; }
     void press(const Key& key);
 

@@ -5,6 +5,7 @@
 #include "work/event_text.hpp"
 #include "work/fields/unacceptable.hpp"
 #include "work/forms/block_draft.hpp"
+#include "workspace/leader_lock.hpp"
 
 #include <quillmere/engine/timer_snapshot.hpp>
 #include <quillmere/engine/transition.hpp>
@@ -125,6 +126,16 @@ void Presenter::warnOfNoWatch()
     }
 }
 
+std::string Presenter::takeSilenceWarning()
+{
+    if (!isUsable() || state().workflowState != WorkflowState::focusing || isToldOfSilence_ ||
+        workspace::hasLeader(workspace::noticesDirectory(files_.workspace().stateDirectory()))) {
+        return "";
+    }
+    isToldOfSilence_ = true;
+    return "No watch is running: nothing rings when the session ends (quillmere watch).";
+}
+
 void Presenter::warnOf(const std::vector<config::Problem>& problems)
 {
     if (!problems.empty()) {
@@ -137,6 +148,9 @@ void Presenter::warnOf(const std::vector<config::Problem>& problems)
 
 void Presenter::say(std::string_view sentence)
 {
+    if (sentence.empty()) {
+        return;
+    }
     message_ += (message_.empty() ? "" : " ") + std::string(sentence);
 }
 
@@ -303,6 +317,7 @@ void Presenter::perform(const UndoStep& step)
 bool Presenter::change(const workspace::Operation& operation, std::string_view done,
                        const workspace::ChangeManner& manner)
 {
+    const bool wasFocusing = isUsable() && state().workflowState == WorkflowState::focusing;
     std::vector<workspace::Event> events;
     std::string outcome(done);
     try {
@@ -330,6 +345,9 @@ bool Presenter::change(const workspace::Operation& operation, std::string_view d
     tell(events);
     say(outcome);
     warn();
+    if (!wasFocusing) {
+        say(takeSilenceWarning());
+    }
     openedForm_.reset();
     if (workForm_ && subjectFor(state()) != workForm_->subject()) {
         workForm_.reset();

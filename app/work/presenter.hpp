@@ -57,6 +57,10 @@ public:
     /// that may interrupt, and the person wants sound.
     bool takeBell() { return std::exchange(bell_, false) && values_.sound; }
 
+    /// Where a focus session runs and no watch does: the sentence that nothing will ring at its end. Empty
+    /// otherwise, and after the first time.
+    std::string takeSilenceWarning();
+
     /// The form that the workflow waits for; null: none. Another form is another object.
     const std::shared_ptr<Form>& workForm() const { return workForm_; }
     /// The form that the person has opened: of a question, an answer or an amendment; null: none.
@@ -124,6 +128,7 @@ private:
     bool areOldDraftsRemoved_ = false;
     bool isToldOfNoDrafts_ = false;
     bool isToldOfNoWatch_ = false;
+    bool isToldOfSilence_ = false;
     bool bell_ = false;
     std::size_t questionCount_ = 0;  ///< of the state last shown
 };
