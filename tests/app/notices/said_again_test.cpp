@@ -23,12 +23,12 @@ protected:
     const notices::WatchSettings reminding{.reminderSeconds = {300, 600}};
 
     /// The headings of the notices that come until `last` seconds after `moment`, with the seconds at which
-    /// they come, when all these watches look every ten seconds.
+    /// they come, when all these watches look every minute.
     Words noticesUntil(int last, const std::vector<ClockedWatch*>& watches,
                        const std::vector<FakeNotifier*>& notifiers)
     {
         Words list;
-        for (; person.now <= moment + last; person.now = person.now + 10) {
+        for (; person.now <= moment + last; person.now = person.now + 60) {
             for (ClockedWatch* const watch : watches) {
                 watch->untilIdle();
             }
@@ -50,7 +50,7 @@ protected:
 
 TEST_F(SaidAgain, isAMinuteBeforeAndAfterEachReminderAndThenNoMore)
 {
-    EXPECT_EQ(noticesUntil(4'000),
+    EXPECT_EQ(noticesUntil(3'000),
               (Words{"1440 Focus ends in a minute", "1500 Focus is over", "1800 Review waiting since 15:25",
                      "2100 Review waiting since 15:25"}));
 }
@@ -63,16 +63,16 @@ TEST_F(SaidAgain, isOnceHoweverManyWatchesRun)
     EXPECT_EQ(noticesUntil(1'800, {&first, &second}, {&notifier, &other}).size(), 3U);
     notifier.ends("no bus");
     notifier.becomesUnreachable("no bus");
-    EXPECT_EQ(noticesUntil(4'000, {&first, &second}, {&notifier, &other}),
+    EXPECT_EQ(noticesUntil(3'000, {&first, &second}, {&notifier, &other}),
               Words{"2100 Review waiting since 15:25"});
 }
 
 TEST_F(SaidAgain, isOneNoticeOfTheEventWhenNobodyWasThere)
 {
     person.now = moment + 2'000;
-    EXPECT_EQ(noticesUntil(2'090), Words{"2000 Focus is over"});
-    person.now = moment + 2'090;
-    EXPECT_EQ(noticesUntil(4'000), Words{"2100 Review waiting since 15:25"});
+    EXPECT_EQ(noticesUntil(2'000), Words{"2000 Focus is over"});
+    person.now = moment + 2'100;
+    EXPECT_EQ(noticesUntil(2'400), Words{"2100 Review waiting since 15:25"});
 }
 
 TEST_F(SaidAgain, isNeitherPrintedNorGivenToHooks)
@@ -85,17 +85,17 @@ TEST_F(SaidAgain, isNeitherPrintedNorGivenToHooks)
 TEST_F(SaidAgain, isOfABreakAndOfAPlanToo)
 {
     person.has(stateIn(WorkflowState::breaking));
-    EXPECT_EQ(noticesUntil(650), (Words{"300 The break is over", "600 Break over since 15:05"}));
-    person.now = moment;
+    EXPECT_EQ(noticesUntil(660), (Words{"300 The break is over", "600 Break over since 15:05"}));
+    person.now = moment + 3'600;
     person.has(stateWithScheduledBlock());
-    EXPECT_EQ(noticesUntil(3'950),
+    EXPECT_EQ(noticesUntil(3'960),
               (Words{"3600 The scheduled block has begun", "3900 Plan waiting since 16:00"}));
 }
 
 TEST_F(SaidAgain, isNeverAQuestion)
 {
     person.has(asking(stateIn(WorkflowState::idle), 1, "May I?"));
-    EXPECT_EQ(noticesUntil(2'000), Words{"0 A question waits"});
+    EXPECT_EQ(noticesUntil(1'200), Words{"0 A question waits"});
 }
 
 TEST_F(SaidAgain, hasTheSoundOfItsEvent)
@@ -125,13 +125,16 @@ TEST_F(SaidAgain, isQuietBeforeTheEndAndOffersTime)
 TEST_F(SaidAgain, isBeforeTheEndNoMoreAfterAPauseButAfterAnExtension)
 {
     person.now = moment + 1'440;
-    EXPECT_EQ(noticesUntil(1'450), Words{"1440 Focus ends in a minute"});
+    EXPECT_EQ(noticesUntil(1'440), Words{"1440 Focus ends in a minute"});
+    person.now = moment + 1'450;
     ASSERT_EQ(person.types({"pause"}).code, ExitCode::done);
     person.now = person.now + 100;
     ASSERT_EQ(person.types({"resume"}).code, ExitCode::done);
-    EXPECT_EQ(noticesUntil(1'590), Words());
+    EXPECT_EQ(noticesUntil(1'550), Words());
+    person.now = moment + 1'560;
     ASSERT_EQ(person.types({"extend", "10m"}).code, ExitCode::done);
-    EXPECT_EQ(noticesUntil(2'180), Words{"2140 Focus ends in a minute"});
+    person.now = moment + 2'080;
+    EXPECT_EQ(noticesUntil(2'140), Words{"2140 Focus ends in a minute"});
 }
 
 TEST_F(SaidAgain, isNotBeforeTheEndOfASessionOfAMinute)
@@ -139,7 +142,7 @@ TEST_F(SaidAgain, isNotBeforeTheEndOfASessionOfAMinute)
     QuillmereState state = stateIn(WorkflowState::focusing);
     state.currentBlock->sessions.back().plannedDurationSeconds = 60;
     person.has(state);
-    EXPECT_EQ(noticesUntil(50), Words());
+    EXPECT_EQ(noticesUntil(0), Words());
 }
 
 TEST_F(SaidAgain, givesTenMinutesMoreByItsButton)
