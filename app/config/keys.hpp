@@ -20,11 +20,11 @@ struct Limits {
 
 /// The member that a value is stored in. Its type says how the value is written (config::accepted).
 template <class Record>
-using Member =
-    std::variant<double Record::*, std::optional<double> Record::*, std::int64_t Record::*,
-                 std::optional<std::int64_t> Record::*, std::optional<std::string> Record::*,
-                 std::vector<std::string> Record::*, Weekday Record::*, std::vector<Weekday> Record::*,
-                 base::Hours Record::*, std::filesystem::path Record::*>;
+using Member = std::variant<double Record::*, std::optional<double> Record::*, std::int64_t Record::*,
+                            std::optional<std::int64_t> Record::*, std::optional<std::string> Record::*,
+                            std::vector<std::string> Record::*, Weekday Record::*,
+                            std::vector<Weekday> Record::*, base::Hours Record::*,
+                            std::filesystem::path Record::*, bool Record::*, std::vector<double> Record::*>;
 
 template <class Record>
 struct Key {
@@ -40,6 +40,7 @@ inline constexpr Limits durationLimits = {static_cast<std::int64_t>(base::shorte
 inline constexpr Limits goalLimits = {60, 86'400};
 inline constexpr Limits cycleLimits = {1, base::mostCycles};
 inline constexpr Limits hourLimits = {0, 23};
+inline constexpr Limits reminderLimits = {60, 86'400};
 
 // clang-format off
 inline constexpr auto keys = std::to_array<Key<Values>>({
@@ -49,6 +50,8 @@ inline constexpr auto keys = std::to_array<Key<Values>>({
     {"day-begins",   &Values::dayBeginsAtHour,  hourLimits,     "The hour at which a day of the look back begins; what is earlier belongs to the day before"},
     {"daily-goal",   &Values::dailyGoalSeconds, goalLimits,     "The focus time to reach on a day"},
     {"days-off",     &Values::daysOff,          noLimits,       "The days of the week without a goal; they interrupt no streak"},
+    {"sound",        &Values::sound,            noLimits,       "Whether notices have sounds and the screen rings the bell"},
+    {"reminders",    &Values::reminderSeconds,  reminderLimits, "When a review, plan or break that waits is said again; an empty list: never"},
     {"block.focus",  &Values::focusSeconds,     durationLimits, "The length of a focus session in a new block"},
     {"block.break",  &Values::breakSeconds,     durationLimits, "The length of a break in a new block"},
     {"block.cycles", &Values::cycleCount,       cycleLimits,    "The number of focus sessions in a new block"},

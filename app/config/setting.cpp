@@ -64,6 +64,31 @@ bool setTo(std::vector<std::string>& member, const TomlValue& value, const Limit
     return texts;
 }
 
+bool setTo(bool& member, const TomlValue& value, const Limits&)
+{
+    const auto* const truth = std::get_if<bool>(&value);
+    member = truth ? *truth : member;
+    return truth;
+}
+
+bool setTo(std::vector<double>& member, const TomlValue& value, const Limits& limits)
+{
+    const auto* const texts = std::get_if<std::vector<std::string>>(&value);
+    if (!texts) {
+        return false;
+    }
+    std::vector<double> durations;
+    for (const std::string& text : *texts) {
+        if (!setTo(durations.emplace_back(), text, limits)) {
+            return false;
+        }
+    }
+    std::sort(durations.begin(), durations.end());
+    durations.erase(std::unique(durations.begin(), durations.end()), durations.end());
+    member = std::move(durations);
+    return true;
+}
+
 template <RawEnumeration Enumeration>
 bool setTo(Enumeration& member, const TomlValue& value, const Limits&)
 {
@@ -117,6 +142,7 @@ bool setTo(std::optional<Value>& member, const TomlValue& value, const Limits& l
 
 std::string textOf(double seconds) { return tomlText(base::durationAsTyped(seconds)); }
 std::string textOf(std::int64_t number) { return std::to_string(number); }
+std::string textOf(bool truth) { return truth ? "true" : "false"; }
 std::string textOf(const std::string& text) { return tomlText(text); }
 std::string textOf(const std::filesystem::path& path)
 {
@@ -141,12 +167,31 @@ std::string textOf(const std::vector<Value>& values)
     }
     return list.empty() ? list : "[" + list + "]";
 }
+/// Its usual value is not empty, so an empty list is a value of its own.
+std::string textOf(const std::vector<double>& values)
+{
+    std::string list;
+    for (const double value : values) {
+        list += (list.empty() ? "" : ", ") + textOf(value);
+    }
+    return "[" + list + "]";
+}
+
+std::string durationsWithin(const Limits& limits)
+{
+    return "from " + base::durationText(static_cast<double>(limits.least)) + " to " +
+           base::durationText(static_cast<double>(limits.most)) + ", such as ";
+}
 
 std::string acceptedBy(double, const Limits& limits)
 {
-    return "a duration from " + base::durationText(static_cast<double>(limits.least)) + " to " +
-           base::durationText(static_cast<double>(limits.most)) + ", such as \"25m\" or \"1h30m\"";
+    return "a duration " + durationsWithin(limits) + "\"25m\" or \"1h30m\"";
 }
+std::string acceptedBy(const std::vector<double>&, const Limits& limits)
+{
+    return "a list of durations " + durationsWithin(limits) + "[\"5m\", \"1h30m\"]";
+}
+std::string acceptedBy(bool, const Limits&) { return "true or false"; }
 std::string acceptedBy(std::int64_t, const Limits& limits)
 {
     return "a whole number from " + std::to_string(limits.least) + " to " + std::to_string(limits.most);

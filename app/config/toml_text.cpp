@@ -40,6 +40,9 @@ TomlValue valueOf(const toml::node& node)
     if (const auto* const number = node.as_integer()) {
         return number->get();
     }
+    if (const auto* const truth = node.as_boolean()) {
+        return truth->get();
+    }
     if (const auto* const array = node.as_array()) {
         return listOf(*array);
     }

@@ -10,7 +10,7 @@
 
 namespace quillmere::config {
 
-/// A value that no key takes: a number with a fraction, a truth value, a date, a mixed list.
+/// A value that no key takes: a number with a fraction, a date, a mixed list.
 struct OtherValue {
     friend bool operator==(OtherValue, OtherValue) = default;
 };
@@ -20,7 +20,8 @@ struct EmptyTable {
     friend bool operator==(EmptyTable, EmptyTable) = default;
 };
 
-using TomlValue = std::variant<OtherValue, EmptyTable, std::string, std::int64_t, std::vector<std::string>>;
+using TomlValue =
+    std::variant<OtherValue, EmptyTable, std::string, std::int64_t, bool, std::vector<std::string>>;
 
 /// Both count from 1.
 struct TextPlace {

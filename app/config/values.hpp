@@ -44,6 +44,8 @@ struct Values {
     base::Hours hours = base::Hours::twentyFour;
     std::filesystem::path directory = {};  ///< as it was written (config::expanded); empty: the usual one
     std::vector<std::string> hooks = {};   ///< shell commands of the watch
+    bool sound = true;                     ///< notices have sounds, and the screen rings the bell
+    std::vector<double> reminderSeconds = {300, 600, 1'200};  ///< after an event, ascending
 
     friend bool operator==(const Values&, const Values&) = default;
 };

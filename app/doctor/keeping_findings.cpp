@@ -7,6 +7,7 @@
 #include "base/text/local_time.hpp"
 #include "doctor/file_system.hpp"
 #include "doctor/words.hpp"
+#include "workspace/leader_lock.hpp"
 
 #include <quillmere/records/json/coding_error.hpp>
 
@@ -118,7 +119,7 @@ std::optional<Finding> inotifyFinding(const Examined& examined)
 std::optional<Finding> watchFinding(const Examined& examined)
 {
     const fs::path& place = examined.subject.workspace.stateDirectory();
-    const fs::path notices = place / "notices";
+    const fs::path notices = workspace::noticesDirectory(place);
     std::error_code isMissing;
     if (place.empty() || !fs::is_directory(notices, isMissing)) {
         return good("No notices have been given here; quillmere watch gives them.");

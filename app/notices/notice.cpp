@@ -4,9 +4,11 @@
 #include "base/text/count.hpp"
 #include "base/text/sanitize.hpp"
 
+#include <quillmere/records/base/enumeration.hpp>
 #include <quillmere/records/json/utf8.hpp>
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 
 namespace quillmere::notices {
@@ -16,6 +18,21 @@ constexpr std::size_t mostTexts = 10;
 constexpr std::size_t mostColumns = 200;
 // Combining characters take no columns, so a limit in columns alone is no limit in bytes.
 constexpr std::size_t mostBytes = 1'000;
+
+struct SoundRow {
+    work::EventKind value;
+    std::string_view name;
+};
+
+// clang-format off
+constexpr auto soundRows = std::to_array<SoundRow>({
+    {work::EventKind::blockStarted,   "alarm-clock-elapsed"},
+    {work::EventKind::focusEnded,     "complete"},
+    {work::EventKind::breakEnded,     "bell"},
+    {work::EventKind::questionRaised, "message-new-instant"},
+});
+// clang-format on
+static_assert(inCaseOrder(soundRows));
 
 /// U+FDD0 to U+FDEF, and the last two code points of each plane.
 bool isNoncharacter(std::string_view character)
@@ -55,10 +72,20 @@ NoticeSubject subjectOf(work::EventKind kind)
 
 Notice noticeOf(const std::vector<StandingEvent>& events)
 {
-    const work::EventKind kind = events.front().kind;
-    Notice notice{.heading = std::string(work::eventHeading(kind)),
-                  .body = line(events.front().text),
-                  .mayExtendBreak = kind == work::EventKind::breakEnded};
+    const StandingEvent& first = events.front();
+    if (first.isAhead) {
+        return {.heading = "Focus ends in a minute",
+                .body = line(first.text),
+                .offer = NoticeAction::extendFocus,
+                .isQuiet = true};
+    }
+    Notice notice{
+        .heading = first.reminder ? first.reminder->heading : std::string(work::eventHeading(first.kind)),
+        .body = line(first.text),
+        .sound = rowOf(soundRows, first.kind).name};
+    if (first.kind == work::EventKind::breakEnded) {
+        notice.offer = NoticeAction::extendBreak;
+    }
     if (events.size() > 1) {
         notice.heading = work::waitingQuestionsText(events.size());
     }

@@ -3,7 +3,9 @@
 
 #include "notices/standing_events.hpp"
 
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quillmere::notices {
@@ -14,10 +16,16 @@ enum class NoticeSubject { work, questions };
 
 NoticeSubject subjectOf(work::EventKind kind);
 
+/// A person's choice on a notice.
+enum class NoticeAction { open, extendBreak, extendFocus };
+
 struct Notice {
-    std::string heading;  ///< one line
-    std::string body;     ///< sanitized lines without markup; may be empty
-    bool mayExtendBreak;  ///< whether the notice offers that
+    std::string heading;                     ///< one line
+    std::string body;                        ///< sanitized lines without markup; may be empty
+    std::optional<NoticeAction> offer = {};  ///< beside opening the screen
+    bool isQuiet = false;                    ///< of low urgency
+    std::string_view sound =
+        {};  ///< a name of the Sound Naming Specification (freedesktop.org); may be empty
 
     friend bool operator==(const Notice&, const Notice&) = default;
 };

@@ -1,6 +1,7 @@
 #include "notices/notifier.hpp"
 
 #include "base/text/duration.hpp"
+#include "notices/said_again.hpp"
 #include "work/break_extension.hpp"
 
 #include <algorithm>
@@ -21,15 +22,17 @@ struct ActionRow {
 constexpr auto actionRows = std::to_array<ActionRow>({
     {NoticeAction::open, "default"},
     {NoticeAction::extendBreak, "extend"},
+    {NoticeAction::extendFocus, "extend-focus"},
 });
 
 std::string label(NoticeAction action)
 {
     switch (action) {
         case NoticeAction::open: return "Open";
-        case NoticeAction::extendBreak: break;
+        case NoticeAction::extendBreak: return "Extend by " + base::durationText(work::usualExtension);
+        case NoticeAction::extendFocus: break;
     }
-    return "Extend by " + base::durationText(work::usualExtension);
+    return "10 more minutes";
 }
 
 /// Alternating keys and labels.
@@ -37,7 +40,7 @@ std::vector<std::string> actionsOn(const Notice& notice)
 {
     std::vector<std::string> actions;
     for (const ActionRow& row : actionRows) {
-        if (row.action != NoticeAction::extendBreak || notice.mayExtendBreak) {
+        if (row.action == NoticeAction::open || row.action == notice.offer) {
             actions.insert(actions.end(), {row.key, label(row.action)});
         }
     }
@@ -49,6 +52,7 @@ std::vector<std::string> actionsOn(const Notice& notice)
 Notifier::Notifier(const NotifierSettings& settings, DeliveryLog& deliveryLog, NotifierChannel& channel,
                    base::LineWriter& messages)
     : urgency_(settings.urgency),
+      hasSound_(settings.hasSound),
       offersActions_(settings.offersActions),
       deliveryLog_(deliveryLog),
       channel_(channel),
@@ -90,7 +94,7 @@ std::vector<Notifier::Events> Notifier::dueNotices(const Events& events) const
         // replaces theirs.
         const auto delivered = std::stable_partition(
             notice.begin(), notice.end(),
-            [this](const StandingEvent& event) { return !deliveryLog_.has(event.key); });
+            [this](const StandingEvent& event) { return !deliveryLog_.has(deliveryKey(event)); });
         if (delivered != notice.begin()) {
             notices.push_back(std::move(notice));
         }
@@ -128,17 +132,28 @@ bool Notifier::tryToLead()
 
 void Notifier::send(const Events& notice, base::Moment now)
 {
+    const Notice text = textOf(notice);
     if (!recordDelivery(notice)) {
         return;
     }
     underWay_ = notice;
-    const Notice text = noticeOf(notice);
     channel_.send({.replaces = shown_.numberOf(subjectOf(notice.front().kind)),
                    .heading = text.heading,
                    .body = text.body,
-                   .urgency = static_cast<std::uint8_t>(urgency_),
-                   .actions = offersActions_ ? actionsOn(text) : std::vector<std::string>()},
+                   .urgency = static_cast<std::uint8_t>(text.isQuiet ? Urgency::low : urgency_),
+                   .actions = offersActions_ ? actionsOn(text) : std::vector<std::string>(),
+                   .sound = std::string(hasSound_ ? text.sound : "")},
                   now);
+}
+
+Notice Notifier::textOf(Events notice) const
+{
+    for (StandingEvent& event : notice) {
+        if (!deliveryLog_.has(event.key)) {
+            event.reminder.reset();
+        }
+    }
+    return noticeOf(notice);
 }
 
 std::vector<NoticeAction> Notifier::takeActions(base::Moment now)
@@ -202,8 +217,10 @@ void Notifier::handleAction(const NotifierMessage& message, std::vector<NoticeAc
 bool Notifier::recordDelivery(const Events& notice)
 {
     for (const StandingEvent& event : notice) {
-        if (deliveryLog_.record(event.key)) {
-            recorded_.push_back(event.key);
+        for (const std::string& key : deliveryKeys(event)) {
+            if (deliveryLog_.record(key)) {
+                recorded_.push_back(key);
+            }
         }
     }
     return !recorded_.empty();

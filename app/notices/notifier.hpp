@@ -20,11 +20,9 @@ namespace quillmere::notices {
 /// The numbers are those of Desktop Notifications 1.2 (freedesktop.org).
 enum class Urgency : std::uint8_t { low = 0, normal = 1, critical = 2 };
 
-/// A person's choice on a notice.
-enum class NoticeAction { open, extendBreak };
-
 struct NotifierSettings {
     Urgency urgency;
+    bool hasSound;                    ///< false: every notice is silent
     bool offersActions;               ///< false when this process ends before a choice could reach it
     std::filesystem::path shownFile;  ///< for ShownNotices
 };
@@ -69,6 +67,8 @@ private:
     void send(const Events& notice, base::Moment now);
     void handle(const NotifierMessage& message, base::Moment now, std::vector<NoticeAction>& actions);
     void handleAction(const NotifierMessage& message, std::vector<NoticeAction>& actions) const;
+    /// The text of the notice. An event that nobody has been told of yet is no reminder.
+    Notice textOf(Events notice) const;
     /// Records the events; false when another process has recorded them all meanwhile.
     bool recordDelivery(const Events& notice);
     /// Ends the notice under way, which was given.
@@ -78,6 +78,7 @@ private:
     void reportError(const NotifierMessage& message);
 
     Urgency urgency_;
+    bool hasSound_;
     bool offersActions_;
     DeliveryLog& deliveryLog_;
     NotifierChannel& channel_;

@@ -6,6 +6,7 @@
 #include "base/system/wait.hpp"
 #include "base/text/xml.hpp"
 #include "notices/notifier_protocol.hpp"
+#include "notices/sound_player.hpp"
 
 #include <sdbus-c++/sdbus-c++.h>
 
@@ -116,6 +117,9 @@ public:
             std::uint32_t number = 0;
             reply >> number;
             send({.kind = NotifierMessageKind::given, .number = number});
+            if (!can(capabilities, "sound")) {
+                sounds_.play(notice.sound);
+            }
         } catch (const sdbus::Error&) {
             send({.kind = NotifierMessageKind::unanswered,
                   .text = "the answer of the notification service cannot be read"});
@@ -138,6 +142,11 @@ private:
     static constexpr const char* ownerChanged =
         "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
         "member='NameOwnerChanged',arg0='org.freedesktop.Notifications'";
+
+    static bool can(const Capabilities& capabilities, const char* capability)
+    {
+        return std::find(capabilities.begin(), capabilities.end(), capability) != capabilities.end();
+    }
 
     /// The capabilities of the service, and its unique name.
     std::pair<Capabilities, std::string> capabilitiesOf(sdbus::IProxy& notifications) const
@@ -185,16 +194,19 @@ private:
 
     sdbus::MethodCall callFor(const NoticeRequest& notice, const Capabilities& capabilities) const
     {
-        const auto can = [&](const char* capability) {
-            return std::find(capabilities.begin(), capabilities.end(), capability) != capabilities.end();
-        };
-        const std::map<std::string, sdbus::Variant> hints = {{"urgency", sdbus::Variant(notice.urgency)},
-                                                             {"desktop-entry", sdbus::Variant("quillmere")}};
+        std::map<std::string, sdbus::Variant> hints = {{"urgency", sdbus::Variant(notice.urgency)},
+                                                       {"desktop-entry", sdbus::Variant("quillmere")}};
+        if (notice.sound.empty()) {
+            hints.emplace("suppress-sound", sdbus::Variant(true));
+        } else {
+            hints.emplace("sound-name", sdbus::Variant(notice.sound));
+        }
         constexpr std::int32_t defaultTimeout = -1;
         sdbus::MethodCall call = notifications_->createMethodCall(interface, "Notify");
         call << std::string("Quillmere") << notice.replaces << std::string() << notice.heading
-             << (can("body-markup") ? base::escapedForXml(notice.body) : notice.body)
-             << (can("actions") ? notice.actions : std::vector<std::string>()) << hints << defaultTimeout;
+             << (can(capabilities, "body-markup") ? base::escapedForXml(notice.body) : notice.body)
+             << (can(capabilities, "actions") ? notice.actions : std::vector<std::string>()) << hints
+             << defaultTimeout;
         return call;
     }
 
@@ -204,6 +216,7 @@ private:
     std::string name_;
     std::string owner_;  ///< the present owner of the service's name
     std::unique_ptr<sdbus::IProxy> notifications_;
+    SoundPlayer sounds_;
 };
 
 /// Appends what `watch` sent; false once `watch` has closed the socket.

@@ -11,7 +11,7 @@
 
 namespace quillmere::notices {
 
-NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(NoticeRequest, replaces, heading, body, urgency, actions)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(NoticeRequest, replaces, heading, body, urgency, actions, sound)
 
 // An unknown kind is read as the first row.
 NLOHMANN_JSON_SERIALIZE_ENUM(NotifierMessageKind, {{NotifierMessageKind::ended, "ended"},

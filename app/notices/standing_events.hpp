@@ -5,10 +5,20 @@
 
 #include <quillmere/records/quillmere_state.hpp>
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace quillmere::notices {
+
+/// A notice that repeats the one of an event.
+struct Reminder {
+    std::size_t number;   ///< counts from 1
+    std::string heading;  ///< "Review waiting since 14:55"
+
+    friend bool operator==(const Reminder&, const Reminder&) = default;
+};
 
 /// An event that still stands in a state: the person has not reacted to it yet. It follows from the state
 /// alone, so all processes agree on it, whichever of them recorded it, and an event that was dealt with
@@ -17,7 +27,9 @@ struct StandingEvent {
     work::EventKind kind;
     std::string key;  ///< identifies the event in every process; fit for a file name
     Instant at;
-    std::string text;  ///< an outcome, a title or a question, as written; may be empty
+    std::string text;                       ///< an outcome, a title or a question, as written; may be empty
+    bool isAhead = false;                   ///< has not happened yet; its notice is a quiet one
+    std::optional<Reminder> reminder = {};  ///< the last that is due
 
     friend bool operator==(const StandingEvent&, const StandingEvent&) = default;
 };

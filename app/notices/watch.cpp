@@ -7,8 +7,10 @@
 #include "base/text/digest.hpp"
 #include "base/text/failure.hpp"
 #include "base/text/local_time.hpp"
+#include "notices/said_again.hpp"
 #include "work/break_extension.hpp"
 #include "work/event_text.hpp"
+#include "work/focus_extension.hpp"
 
 #include <nlohmann/json.hpp>
 
@@ -26,6 +28,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto longestOnce = 5s;
+constexpr double moreFocusSeconds = 10 * 60;
 
 // However often others write into the directory, it is read a few times a second.
 constexpr auto restAfterRead = 250ms;
@@ -71,9 +74,10 @@ Watch::Watch(workspace::Workspace workspace, base::Environment& environment, Wat
       messages_(environment.err, environment.error),
       settings_(std::move(settings)),
       workspace_(std::move(workspace)),
-      deliveryLog_(placeOf("notices", workspace_.stateDirectory()), messages_),
+      deliveryLog_(workspace::noticesDirectory(workspace_.stateDirectory()), messages_),
       subprocesses_(messages_),
       notifier_({.urgency = settings_.urgency,
+                 .hasSound = settings_.sound,
                  .offersActions = !settings_.once,
                  .shownFile = placeOf("shown-notices.json", workspace_.stateDirectory())},
                 deliveryLog_, channel, messages_),
@@ -204,9 +208,18 @@ void Watch::deliver(base::Moment now)
         deliveryLog_.prune(keysOf(events));
     }
     std::erase_if(events, [&](const StandingEvent& event) { return !mayBeDelivered(event, state); });
-    notifier_.notify(events, now);
+    notifier_.notify(toNotify(events), now);
     runHooks(events, now);
     print(events);
+}
+
+std::vector<StandingEvent> Watch::toNotify(std::vector<StandingEvent> events) const
+{
+    if (std::optional<StandingEvent> ahead = eventAhead(situation().state, situation().now)) {
+        events.insert(events.begin(), *std::move(ahead));
+    }
+    addReminders(events, settings_.reminderSeconds, {situation().now, settings_.hours});
+    return events;
 }
 
 void Watch::runHooks(const std::vector<StandingEvent>& events, base::Moment now)
@@ -274,6 +287,7 @@ void Watch::perform(NoticeAction action)
     switch (action) {
         case NoticeAction::open: openScreen(); break;
         case NoticeAction::extendBreak: extendBreak(); break;
+        case NoticeAction::extendFocus: extendFocus(); break;
     }
 }
 
@@ -285,15 +299,28 @@ void Watch::openScreen()
 
 void Watch::extendBreak()
 {
+    change([](QuillmereState& state, Instant now) { work::extendBreak(state, work::usualExtension, now); },
+           "The break is not longer: ");
+}
+
+void Watch::extendFocus()
+{
+    change(
+        [](QuillmereState& state, Instant now) {
+            work::extendFocus(state, moreFocusSeconds, amendments::TimeSinceEnd::countsAsFocus, now);
+        },
+        "The session is not longer: ");
+}
+
+void Watch::change(const workspace::Operation& operation, const std::string& refusal)
+{
     try {
         const auto ignoreEvents = [](const std::vector<workspace::Event>&) {};
-        reportWarning(workspace_.change(ignoreEvents, [](QuillmereState& state, Instant now) {
-            work::extendBreak(state, work::usualExtension, now);
-        }));
+        reportWarning(workspace_.change(ignoreEvents, operation));
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) {
-        messages_.say("The break is not longer: " + base::failureText(error));
+        messages_.say(refusal + base::failureText(error));
     }
 }
 

@@ -26,6 +26,8 @@ struct WatchSettings {
     bool once = false;  ///< deliver the events that stand now, then end
     bool json = false;  ///< print events for programs
     Urgency urgency = Urgency::normal;
+    bool sound = true;                            ///< with the notices
+    std::vector<double> reminderSeconds = {};     ///< config::Values::reminderSeconds
     std::vector<std::string> hooks = {};          ///< shell commands
     std::string opener = "xdg-open";              ///< the program that opens links
     base::Hours hours = base::Hours::twentyFour;  ///< for the log
@@ -73,6 +75,8 @@ private:
     /// As recorded or, while recording fails, as it would be recorded.
     const workspace::Situation& situation() const { return unrecorded_ ? *unrecorded_ : open_->situation(); }
     void deliver(base::Moment now);
+    /// The events to notify of, with those ahead and the reminders.
+    std::vector<StandingEvent> toNotify(std::vector<StandingEvent> events) const;
     void runHooks(const std::vector<StandingEvent>& events, base::Moment now);
     /// Runs a hook that has not been run for the event; false when it must wait.
     bool runHook(const std::string& command, const StandingEvent& event, workspace::LeaderLock& lock,
@@ -82,6 +86,9 @@ private:
     void perform(NoticeAction action);
     void openScreen();
     void extendBreak();
+    void extendFocus();
+    /// Applies an operation; says `refusal` with the reason when that fails.
+    void change(const workspace::Operation& operation, const std::string& refusal);
 
     Clock clock_;
     base::LineWriter output_;

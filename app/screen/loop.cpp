@@ -12,6 +12,8 @@
 
 #include <array>
 #include <chrono>
+#include <ostream>
+#include <string>
 
 namespace quillmere::screen {
 namespace {
@@ -44,6 +46,7 @@ private:
     {
         screen_.resize(terminal_.size());
         terminal_.show(screen_.picture(terminal_.charset()));
+        terminal_.setTitle(screen_.title());
         if (screen_.takeBell()) {
             terminal_.ringBell();
         }
@@ -127,15 +130,20 @@ void showScreen(const workspace::Workspace& workspace, const base::Environment& 
                             "The live screen needs a terminal. quillmere status works without one.");
     }
     int ending = 0;
+    std::string farewell;
     {
         const base::HeldSignals signals{SIGTERM, SIGHUP, SIGINT, SIGQUIT, SIGTSTP, SIGCONT, SIGWINCH};
         Screen screen(workspace, work::Drafts(workspace.stateDirectory()), route, configuration);
         Terminal terminal;
         const CrashHandler crashHandler;
         ending = Loop(screen, terminal, signals, environment.clock).run();
+        farewell = screen.takeSilenceWarning();
     }
     if (ending != 0) {
         base::haveUsualEffect(ending);
+    }
+    if (!farewell.empty()) {
+        environment.out << farewell << '\n';
     }
 }
 

@@ -26,6 +26,9 @@ public:
     /// Presenter::compressVersion.
     void compressVersion() { presenter_.compressVersion(); }
 
+    /// Presenter::takeSilenceWarning.
+    std::string takeSilenceWarning() { return presenter_.takeSilenceWarning(); }
+
     void resize(Size window) { window_ = window; }
     void press(const Key& key);
 
@@ -34,8 +37,11 @@ public:
 
     Canvas picture(Charset charset) const;
 
+    /// Of the window: "14:59 Focus"; "Quillmere" while no timer runs.
+    std::string title() const;
+
     bool isOver() const { return isOver_; }
-    /// Whether an event happened since the last call.
+    /// As Presenter::takeBell.
     bool takeBell() { return presenter_.takeBell(); }
 
 private:

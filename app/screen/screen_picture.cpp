@@ -8,6 +8,7 @@
 #include "work/situation_view.hpp"
 
 #include <iterator>
+#include <optional>
 
 namespace quillmere::screen {
 
@@ -15,6 +16,21 @@ std::string Screen::questionCount() const
 {
     const auto count = std::ssize(state().openQuestions());
     return count == 0 ? "" : base::countText(count, "question");
+}
+
+std::string Screen::title() const
+{
+    const auto view =
+        presenter_.isUsable() ? std::optional(work::SituationView::of(situation())) : std::nullopt;
+    if (!view || !view->timer) {
+        return "Quillmere";
+    }
+    const std::string phase(view->title);
+    if (view->timer->remainingSeconds < 0) {
+        return phase + " over";
+    }
+    return QuillmereDesign::timeText(view->timer->remainingSeconds) + " " + phase +
+           (view->timer->isPaused ? ", paused" : "");
 }
 
 std::string Screen::questionsLabel() const { return questionCount().empty() ? "questions" : questionCount(); }

@@ -5,6 +5,7 @@
 #include "work/event_text.hpp"
 #include "work/fields/unacceptable.hpp"
 #include "work/forms/block_draft.hpp"
+#include "workspace/leader_lock.hpp"
 
 #include <quillmere/engine/timer_snapshot.hpp>
 #include <quillmere/engine/transition.hpp>
@@ -88,6 +89,7 @@ void Presenter::refresh()
         }
         tell(events);
     }
+    noteQuestions(!before);
     if (!recorded.empty()) {
         warn();
     }
@@ -101,6 +103,12 @@ void Presenter::tell(const std::vector<workspace::Event>& events)
         bell_ = true;
         message_ = eventText(event, {situation().now, values_.hours});
     }
+}
+
+void Presenter::noteQuestions(bool isFirst)
+{
+    const std::size_t before = std::exchange(questionCount_, state().openQuestions().size());
+    bell_ = bell_ || (!isFirst && questionCount_ > before && state().interruptible());
 }
 
 void Presenter::warn()
@@ -118,6 +126,16 @@ void Presenter::warnOfNoWatch()
     }
 }
 
+std::string Presenter::takeSilenceWarning()
+{
+    if (!isUsable() || state().workflowState != WorkflowState::focusing || isToldOfSilence_ ||
+        workspace::hasLeader(workspace::noticesDirectory(files_.workspace().stateDirectory()))) {
+        return "";
+    }
+    isToldOfSilence_ = true;
+    return "No watch is running: nothing rings when the session ends (quillmere watch).";
+}
+
 void Presenter::warnOf(const std::vector<config::Problem>& problems)
 {
     if (!problems.empty()) {
@@ -130,6 +148,9 @@ void Presenter::warnOf(const std::vector<config::Problem>& problems)
 
 void Presenter::say(std::string_view sentence)
 {
+    if (sentence.empty()) {
+        return;
+    }
     message_ += (message_.empty() ? "" : " ") + std::string(sentence);
 }
 
@@ -309,6 +330,7 @@ void Presenter::perform(const UndoStep& step)
 bool Presenter::change(const workspace::Operation& operation, std::string_view done,
                        const workspace::ChangeManner& manner)
 {
+    const bool wasFocusing = isUsable() && state().workflowState == WorkflowState::focusing;
     std::vector<workspace::Event> events;
     std::string outcome(done);
     try {
@@ -332,9 +354,13 @@ bool Presenter::change(const workspace::Operation& operation, std::string_view d
         return false;
     }
     lastShown_ = LastShown::of(state());
+    questionCount_ = state().openQuestions().size();
     tell(events);
     say(outcome);
     warn();
+    if (!wasFocusing) {
+        say(takeSilenceWarning());
+    }
     openedForm_.reset();
     if (workForm_ && subjectFor(state()) != workForm_->subject()) {
         workForm_.reset();

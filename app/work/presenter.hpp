@@ -13,6 +13,7 @@
 
 #include <quillmere/widget/widget_route.hpp>
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
@@ -53,8 +54,13 @@ public:
     void clearMessage() { message_.clear(); }
     /// Appends a sentence to the message.
     void say(std::string_view sentence);
-    /// Whether an event happened since the last call.
-    bool takeBell() { return std::exchange(bell_, false); }
+    /// Whether the bell is to ring: an event happened since the last call, or a question of another program
+    /// that may interrupt, and the person wants sound.
+    bool takeBell() { return std::exchange(bell_, false) && values_.sound; }
+
+    /// Where a focus session runs and no watch does: the sentence that nothing will ring at its end. Empty
+    /// otherwise, and after the first time.
+    std::string takeSilenceWarning();
 
     /// The form that the workflow waits for; null: none. Another form is another object.
     const std::shared_ptr<Form>& workForm() const { return workForm_; }
@@ -100,6 +106,8 @@ private:
     void perform(const Action& action);
     void perform(const UndoStep& step);
     void tell(const std::vector<workspace::Event>& events);
+    /// Rings the bell for questions that have come; not for those of the first look.
+    void noteQuestions(bool isFirst);
     /// Says the warning of the last change.
     void warn();
     /// Says once that the files cannot be watched.
@@ -126,7 +134,9 @@ private:
     bool areOldDraftsRemoved_ = false;
     bool isToldOfNoDrafts_ = false;
     bool isToldOfNoWatch_ = false;
+    bool isToldOfSilence_ = false;
     bool bell_ = false;
+    std::size_t questionCount_ = 0;  ///< of the state last shown
 };
 
 }  // namespace quillmere::work

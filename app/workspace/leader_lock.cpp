@@ -28,4 +28,25 @@ void LeaderLock::release()
     isHeld_ = false;
 }
 
+std::filesystem::path noticesDirectory(const std::filesystem::path& stateDirectory)
+{
+    return stateDirectory.empty() ? stateDirectory : stateDirectory / "notices";
+}
+
+bool hasLeader(const std::filesystem::path& directory)
+{
+    std::error_code isUnknown;
+    if (directory.empty()) {
+        return true;
+    }
+    if (!std::filesystem::exists(directory, isUnknown)) {
+        return isUnknown.operator bool();
+    }
+    try {
+        return !DirectoryLock::tryTake(directory);
+    } catch (const std::system_error&) {
+        return true;
+    }
+}
+
 }  // namespace quillmere::workspace

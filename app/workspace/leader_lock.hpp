@@ -29,4 +29,11 @@ private:
     bool isHeld_ = false;
 };
 
+/// Where notices are recorded, the directory that their leader locks; empty when there is no state directory.
+std::filesystem::path noticesDirectory(const std::filesystem::path& stateDirectory);
+
+/// Whether some process holds the lock of `directory`, or locking is impossible. Creates nothing. Takes the
+/// lock for an instant; a leader that is refused meanwhile tries again.
+bool hasLeader(const std::filesystem::path& directory);
+
 }  // namespace quillmere::workspace

@@ -1,13 +1,11 @@
 // Makes a session longer or shorter, or lets it go on after its end.
-#include "amendments/change_length.hpp"
-#include "amendments/go_on.hpp"
 #include "amendments/possible.hpp"
 #include "amendments/refusal.hpp"
 #include "cli/commands.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/text_options.hpp"
-#include "work/done_text.hpp"
 #include "work/fields/answers.hpp"
+#include "work/focus_extension.hpp"
 
 #include <CLI/CLI.hpp>
 
@@ -24,21 +22,15 @@ struct ExtendCommand {
 std::string extend(const ExtendCommand& command, QuillmereState& state, Instant now)
 {
     const double by = work::lengthChangeFrom({"by", command.by});
-    if (amendments::isPossible(amendments::Kind::goOn, state)) {
-        amendments::goOn(state, by,
-                         command.isPause ? amendments::TimeSinceEnd::countsAsPause
-                                         : amendments::TimeSinceEnd::countsAsFocus,
-                         now);
-        return std::string(work::done::focusWentOn);
-    }
     if (command.isPause && amendments::isPossible(amendments::Kind::changeLength, state)) {
         throw amendments::Refusal(
             "The session has not ended, so that no time since its end can be a pause. Possible: extend "
             "without "
             "--as-pause; away, for a pause that was forgotten.");
     }
-    amendments::changeLength(state, by, now);
-    return std::string(by < 0 ? work::done::focusShortened : work::done::focusLengthened);
+    using amendments::TimeSinceEnd;
+    return std::string(work::extendFocus(
+        state, by, command.isPause ? TimeSinceEnd::countsAsPause : TimeSinceEnd::countsAsFocus, now));
 }
 
 }  // namespace

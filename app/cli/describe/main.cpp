@@ -21,6 +21,7 @@ constexpr auto pieces = std::to_array<Piece>({
     {"<manual options>", printManualOptions},
     {"<manual commands>", printManualCommands},
     {"<manual configuration>", printManualConfiguration},
+    {"<manual events>", printManualEvents},
     {"<bash commands>", printBashCommands},
     {"<bash values>", printBashValues},
     {"<zsh functions>", printZshFunctions},

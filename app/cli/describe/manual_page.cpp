@@ -4,6 +4,7 @@
 #include "cli/describe/words.hpp"
 #include "config/keys.hpp"
 #include "config/setting.hpp"
+#include "work/event_text.hpp"
 
 #include <array>
 #include <ostream>
@@ -118,6 +119,16 @@ void printManualConfiguration(std::ostream& out, const Command&)
     out << ".Pp\nA table\n.Ic [template.NAME]\nis a template for blocks.\nIts keys:\n.Pp\n";
     printKeys(out, config::templateKeys);
     out << ".Pp\n";
+}
+
+void printManualEvents(std::ostream& out, const Command&)
+{
+    out << ".Bl -tag -width Ds -compact\n";
+    for (const work::EventDescription& event : work::allEvents()) {
+        out << ".It Ic " << plain(std::string(event.name)) << '\n';
+        printSentence(out, std::string(event.meaning));
+    }
+    out << ".El\n";
 }
 
 void printManualOptions(std::ostream& out, const Command& program) { printList(out, {}, program.options); }

@@ -16,6 +16,9 @@ void printManualCommands(std::ostream& out, const Command& program);
 /// The keys of the configuration and those of a template, as lists of mdoc(7). Nothing of the command line.
 void printManualConfiguration(std::ostream& out, const Command& program);
 
+/// The events that hooks run at, with their meanings. Nothing of the command line.
+void printManualEvents(std::ostream& out, const Command& program);
+
 /// Branches of a `case` over the command, which set `commands`, `options` and `argument`.
 void printBashCommands(std::ostream& out, const Command& program);
 

@@ -48,6 +48,7 @@ void leaveScreen()
     const InterruptibleWrite writing;
     ::endwin();
     writeToTerminal(markNoPastes);
+    writeToTerminal(bringTitleBack);
     // Without an alternate screen the picture stays visible, with the cursor in its last row.
     const char* const clearRow = capability("el");
     if (!capability("rmcup") && clearRow) {

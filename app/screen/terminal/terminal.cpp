@@ -20,6 +20,7 @@
 #include <clocale>
 #include <cstdlib>
 #include <cwchar>
+#include <utility>
 
 // Macros of curses that clash with names below.
 #undef columns
@@ -162,10 +163,20 @@ Terminal::Terminal() : charset_(takeOverLocale()), keyReader_(charset_)
     adaptToSize();
     setInputModes();
     writeToTerminal(markPastes);
+    keepFormerTitle();
     coloured_ = setUpColours();
 }
 
 Terminal::~Terminal() = default;
+
+void Terminal::keepFormerTitle()
+{
+    // A process that is stopped by SIGSTOP is continued without having given the terminal back.
+    if (!std::exchange(keepsTitle_, true)) {
+        writeToTerminal(keepTitle);
+        title_.clear();
+    }
+}
 
 void Terminal::setInputModes()
 {
@@ -193,12 +204,17 @@ void Terminal::adaptToSize()
     }
 }
 
-void Terminal::giveBack() { leaveScreen(); }
+void Terminal::giveBack()
+{
+    leaveScreen();
+    keepsTitle_ = false;
+}
 
 void Terminal::takeBack()
 {
     ::reset_prog_mode();
     writeToTerminal(markPastes);
+    keepFormerTitle();
     adaptToSize();
     ::clearok(curscr, TRUE);
     const InterruptibleWrite writing;
@@ -232,6 +248,16 @@ void Terminal::show(const Canvas& canvas)
 }
 
 void Terminal::ringBell() { ::beep(); }
+
+void Terminal::setTitle(const std::string& title)
+{
+    if (title != title_) {
+        // OSC 2 of xterm, ended by ST: a BEL would ring in terminals that do not know it.
+        const InterruptibleWrite writing;
+        writeToTerminal("\x1b]2;" + title + "\x1b\\");
+        title_ = title;
+    }
+}
 
 std::vector<Key> Terminal::takeKeys()
 {

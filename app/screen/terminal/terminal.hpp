@@ -5,6 +5,7 @@
 #include "screen/keys/key_reader.hpp"
 
 #include <memory>
+#include <string>
 #include <vector>
 
 struct screen;  // of curses
@@ -30,6 +31,8 @@ public:
     /// Shows a picture of the terminal's size.
     void show(const Canvas& canvas);
     void ringBell();
+    /// Sets the title of the window, which has its former title again whenever the terminal is restored.
+    void setTitle(const std::string& title);
 
     /// The keys pressed since the last call, without waiting; a few hundred at most. Unknown keys are
     /// dropped.
@@ -46,6 +49,7 @@ public:
 
 private:
     void setInputModes();
+    void keepFormerTitle();
 
     struct Delete {
         void operator()(::screen* terminal) const;
@@ -56,6 +60,8 @@ private:
     KeyReader keyReader_;
     bool hasMoreKeys_ = false;
     bool coloured_ = false;
+    bool keepsTitle_ = false;  ///< the former title is kept by the terminal
+    std::string title_;        ///< as it was set last; empty: not since the terminal was taken over
 };
 
 }  // namespace quillmere::screen

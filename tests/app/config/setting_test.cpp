@@ -60,6 +60,13 @@ TEST(Setting, isReadAndWrittenByItsType)
         {"directory", "focus", "refused"},
         {"directory", "", "refused"},
         {"directory", std::string("/a\0b", 4), "refused"},
+        {"sound", false, "false"},
+        {"sound", "false", "refused"},
+        {"reminders", Texts{"10m", "5m", "10m"}, "[\"5m\", \"10m\"]"},
+        {"reminders", Texts(), "[]"},
+        {"reminders", Texts{"5m", "59s"}, "refused"},
+        {"reminders", Texts{"5m", "1d1s"}, "refused"},
+        {"reminders", "5m", "refused"},
         {"watch.hooks", "notify", "[\"notify\"]"},
         {"watch.hooks", Texts{"a", "b"}, "[\"a\", \"b\"]"},
         {"watch.hooks", EmptyTable(), "refused"},
@@ -83,6 +90,9 @@ TEST(Setting, saysWhatItAccepts)
     EXPECT_EQ(accepted(key("block.focus")), "a duration from 1 s to 366 d, such as \"25m\" or \"1h30m\"");
     EXPECT_EQ(accepted(key("block.cycles")), "a whole number from 1 to 1000");
     EXPECT_EQ(accepted(key("clock")), "one of \"12h\", \"24h\"");
+    EXPECT_EQ(accepted(key("sound")), "true or false");
+    EXPECT_EQ(accepted(key("reminders")),
+              "a list of durations from 1 min to 1 d, such as [\"5m\", \"1h30m\"]");
     EXPECT_EQ(accepted(key("directory")), "a path that begins with / or ~/");
 }
 

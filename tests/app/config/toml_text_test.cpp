@@ -55,7 +55,7 @@ TEST(ReadToml, tellsTheTypesOfValuesApart)
         {"a = {}", EmptyTable()},
         {"a = ['x', 1]", OtherValue()},
         {"a = 1.5", OtherValue()},
-        {"a = true", OtherValue()},
+        {"a = true", true},
         {"a = 2026-11-15", OtherValue()},
         {"[[a]]", OtherValue()},
         {"a.b.c.d.e = 1", OtherValue()},

@@ -49,8 +49,17 @@ TEST_F(Delivery, requestsTheNoticeOfAnEvent)
                                                    .heading = "Focus is over",
                                                    .body = "Outcome of session 1",
                                                    .urgency = 1,
-                                                   .actions = {"default", "Open"}}));
+                                                   .actions = {"default", "Open"},
+                                                   .sound = "complete"}));
     EXPECT_EQ(recordCount(), 1U);
+}
+
+TEST_F(Delivery, isSilentWithoutSound)
+{
+    person.has(stateIn(WorkflowState::focusing));
+    ClockedWatch(person, notifier, {.sound = false}).untilIdle();
+    ASSERT_EQ(notifier.requests.size(), 1U);
+    EXPECT_EQ(notifier.requests[0].sound, "");
 }
 
 TEST_F(Delivery, offersToExtendABreakThatIsOver)

@@ -53,7 +53,7 @@ private:
 /// How the stand-in service behaves (notification_service.cpp).
 struct ServiceSettings {
     std::string behaviour = "answers";
-    Words capabilities = {"actions", "body", "body-markup"};
+    Words capabilities = {"actions", "body", "body-markup", "sound"};
 };
 
 /// The stand-in service, running.

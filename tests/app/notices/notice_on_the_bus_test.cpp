@@ -31,7 +31,8 @@ TEST_F(NoticeOnTheBus, tellsThatFocusIsOver)
                                              {"body", "Outcome of session 1"},
                                              {"actions", json::array()},
                                              {"urgency", 1},
-                                             {"timeout", -1}}}));
+                                             {"timeout", -1},
+                                             {"sound", "complete"}}}));
     EXPECT_EQ(said(), "");
 }
 

@@ -29,20 +29,24 @@ std::vector<StandingEvent> questions(std::size_t count)
 TEST(NoticeText, namesTheEventAndQuotesItsText)
 {
     EXPECT_EQ(noticeOf({eventSaying(work::EventKind::focusEnded, "Five headings")}),
-              (Notice{.heading = "Focus is over", .body = "Five headings", .mayExtendBreak = false}));
+              (Notice{.heading = "Focus is over", .body = "Five headings", .sound = "complete"}));
     EXPECT_EQ(noticeOf({eventSaying(work::EventKind::breakEnded, "The fifth")}),
-              (Notice{.heading = "The break is over", .body = "The fifth", .mayExtendBreak = true}));
-    EXPECT_EQ(noticeOf({eventSaying(work::EventKind::blockStarted, "")}),
-              (Notice{.heading = "The scheduled block has begun", .body = "", .mayExtendBreak = false}));
+              (Notice{.heading = "The break is over",
+                      .body = "The fifth",
+                      .offer = notices::NoticeAction::extendBreak,
+                      .sound = "bell"}));
+    EXPECT_EQ(
+        noticeOf({eventSaying(work::EventKind::blockStarted, "")}),
+        (Notice{.heading = "The scheduled block has begun", .body = "", .sound = "alarm-clock-elapsed"}));
     EXPECT_EQ(noticeOf(questions(1)),
-              (Notice{.heading = "A question waits", .body = "Question 1", .mayExtendBreak = false}));
+              (Notice{.heading = "A question waits", .body = "Question 1", .sound = "message-new-instant"}));
 }
 
 TEST(NoticeText, countsSeveralQuestionsAndQuotesThem)
 {
     EXPECT_EQ(noticeOf(questions(3)), (Notice{.heading = "3 questions wait",
                                               .body = "Question 1\nQuestion 2\nQuestion 3",
-                                              .mayExtendBreak = false}));
+                                              .sound = "message-new-instant"}));
 }
 
 TEST(NoticeText, quotesTenQuestionsAndCountsTheRest)

@@ -146,14 +146,20 @@ private:
                  const std::string& summary, const std::string& body, const std::vector<std::string>& actions,
                  const Hints& hints, std::int32_t timeout)
     {
-        const nlohmann::json call = {{"name", name},
-                                     {"replaces", replaces},
-                                     {"icon", icon},
-                                     {"summary", summary},
-                                     {"body", body},
-                                     {"actions", actions},
-                                     {"urgency", hints.at("urgency").get<std::uint8_t>()},
-                                     {"timeout", timeout}};
+        nlohmann::json call = {{"name", name},
+                               {"replaces", replaces},
+                               {"icon", icon},
+                               {"summary", summary},
+                               {"body", body},
+                               {"actions", actions},
+                               {"urgency", hints.at("urgency").get<std::uint8_t>()},
+                               {"timeout", timeout}};
+        if (const auto sound = hints.find("sound-name"); sound != hints.end()) {
+            call["sound"] = sound->second.get<std::string>();
+        }
+        if (hints.contains("suppress-sound")) {
+            call["sound"] = "suppressed";
+        }
         std::ofstream(log_, std::ios::app) << call.dump() + '\n';
     }
 

@@ -79,7 +79,8 @@ TEST_F(NotifierOnTheBus, givesTheNoticeThatIsRequested)
                                              .heading = "The break is over",
                                              .body = "Five headings",
                                              .urgency = 2,
-                                             .actions = {"default", "Open"}});
+                                             .actions = {"default", "Open"},
+                                             .sound = "bell"});
     EXPECT_EQ(answer.kind, notices::NotifierMessageKind::given);
     EXPECT_EQ(answer.number, 1U);
     EXPECT_EQ(notices(), (std::vector<json>{{{"name", "Quillmere"},
@@ -89,7 +90,46 @@ TEST_F(NotifierOnTheBus, givesTheNoticeThatIsRequested)
                                              {"body", "Five headings"},
                                              {"actions", {"default", "Open"}},
                                              {"urgency", 2},
-                                             {"timeout", -1}}}));
+                                             {"timeout", -1},
+                                             {"sound", "bell"}}}));
+}
+
+TEST_F(NotifierOnTheBus, asksForSilenceWithoutASound)
+{
+    hasBus();
+    hasService();
+    starts();
+    EXPECT_EQ(answerTo(simpleRequest).kind, notices::NotifierMessageKind::given);
+    EXPECT_EQ(notices()[0]["sound"], "suppressed");
+}
+
+TEST_F(NotifierOnTheBus, playsASoundItselfWhereTheServiceHasNone)
+{
+    const EnvironmentVariable library("LD_LIBRARY_PATH", WRITTEN_SOUNDS);
+    const EnvironmentVariable sounds("QUILLMERE_SOUNDS", file("sounds").string());
+    hasBus();
+    hasService({.capabilities = {"body"}});
+    starts();
+    NoticeRequest request = simpleRequest;
+    EXPECT_EQ(answerTo(request).kind, notices::NotifierMessageKind::given);
+    request.sound = "complete";
+    EXPECT_EQ(answerTo(request).kind, notices::NotifierMessageKind::given);
+    EXPECT_TRUE(eventually([&] { return textIn("sounds") == "complete\n"; })) << textIn("sounds");
+}
+
+TEST_F(NotifierOnTheBus, leavesTheSoundToTheServiceThatHasOne)
+{
+    const EnvironmentVariable library("LD_LIBRARY_PATH", WRITTEN_SOUNDS);
+    const EnvironmentVariable sounds("QUILLMERE_SOUNDS", file("sounds").string());
+    hasBus();
+    hasService();
+    starts();
+    NoticeRequest request = simpleRequest;
+    request.sound = "complete";
+    EXPECT_EQ(answerTo(request).kind, notices::NotifierMessageKind::given);
+    // The notifier answers the second request after it has done all for the first.
+    EXPECT_EQ(answerTo(request).kind, notices::NotifierMessageKind::given);
+    EXPECT_EQ(textIn("sounds"), "");
 }
 
 TEST_F(NotifierOnTheBus, replacesANotice)

@@ -82,6 +82,31 @@ TEST_F(LiveScreen, opensOnADeepLinkAndCountsDown)
     EXPECT_NE(person.state().breakEndNotifiedAt, std::nullopt);
 }
 
+TEST_F(LiveScreen, hasTheTimeInTheTitleOfItsWindowAndGivesTheFormerOneBack)
+{
+    isFocusing();
+    const TerminalWindow window(person);
+    const auto isTitled = [&](const std::string& pattern) {
+        return eventually(
+                   [&] { return std::regex_match(window.variable("pane_title"), std::regex(pattern)); })
+               << window.variable("pane_title");
+    };
+    window.runs("printf '\\033]2;mine\\033\\\\'");
+    ASSERT_TRUE(isTitled("mine"));
+    window.runs("$Q ui");
+    EXPECT_TRUE(isTitled("2[45]:\\d\\d Focus"));
+    window.presses("C-z");
+    EXPECT_TRUE(isTitled("mine"));
+    window.runs("fg");
+    EXPECT_TRUE(isTitled("2[45]:\\d\\d Focus"));
+    window.presses("q");
+    EXPECT_TRUE(isTitled("mine"));
+    window.runs("$Q ui");
+    EXPECT_TRUE(isTitled("2[45]:\\d\\d Focus"));
+    ::kill(processIn(window), SIGTERM);
+    EXPECT_TRUE(isTitled("mine"));
+}
+
 TEST_F(LiveScreen, answersQuestionsInFocus)
 {
     isFocusing();

@@ -142,6 +142,48 @@ TEST_F(ScreenOfAPerson, hearsOfTheEndAlsoWhenAnotherProgramRecordedIt)
     EXPECT_TRUE(shows("The focus session ended at 15:25."));
 }
 
+TEST_F(ScreenOfAPerson, hearsAQuestionThatMayInterrupt)
+{
+    opens(stateIn(WorkflowState::idle));
+    ASSERT_EQ(person.types({"ask", "Which build?"}).code, ExitCode::done);
+    ui->refresh();
+    EXPECT_TRUE(ui->takeBell());
+    waits(60);
+    EXPECT_FALSE(ui->takeBell());
+}
+
+TEST_F(ScreenOfAPerson, hearsNoQuestionInFocus)
+{
+    opens(stateIn(WorkflowState::focusing));
+    ASSERT_EQ(person.types({"ask", "Which build?"}).code, ExitCode::done);
+    ui->refresh();
+    EXPECT_FALSE(ui->takeBell());
+}
+
+TEST_F(ScreenOfAPerson, hearsNothingWithoutSound)
+{
+    configuration.values.sound = false;
+    opens(stateIn(WorkflowState::focusing));
+    waits(1'500);
+    EXPECT_TRUE(shows("The focus session ended at 15:25."));
+    EXPECT_FALSE(ui->takeBell());
+}
+
+TEST_F(ScreenOfAPerson, hasTheTimeInItsTitle)
+{
+    opens(stateIn(WorkflowState::focusing));
+    EXPECT_EQ(ui->title(), "25:00 Focus");
+    waits(61);
+    EXPECT_EQ(ui->title(), "23:59 Focus");
+    presses(" ");
+    EXPECT_EQ(ui->title(), "23:59 Focus, paused");
+    opens(stateIn(WorkflowState::breaking));
+    waits(301);
+    EXPECT_EQ(ui->title(), "Break over");
+    opens(stateIn(WorkflowState::idle));
+    EXPECT_EQ(ui->title(), "Quillmere");
+}
+
 TEST_F(ScreenOfAPerson, seesABreakGoOnInOvertime)
 {
     opens(stateIn(WorkflowState::breaking));

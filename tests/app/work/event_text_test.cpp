@@ -32,6 +32,13 @@ TEST(EventText, hasANameForProgramsAHeadingAndASentence)
     }
 }
 
+TEST(EventText, hasAHeadingForWhatWaits)
+{
+    EXPECT_EQ(work::waitingHeading(EventKind::blockStarted), "Plan waiting");
+    EXPECT_EQ(work::waitingHeading(EventKind::focusEnded), "Review waiting");
+    EXPECT_EQ(work::waitingHeading(EventKind::breakEnded), "Break over");
+}
+
 TEST(EventText, countsQuestionsThatWait)
 {
     EXPECT_EQ(work::waitingQuestionsText(1), "A question waits");

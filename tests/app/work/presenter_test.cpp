@@ -6,6 +6,8 @@
 #include "program_testing.hpp"
 #include "refused_inotify.hpp"
 #include "work/forms/form_testing.hpp"
+#include "workspace/leader_lock.hpp"
+#include "workspace/state_home.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -24,6 +26,15 @@ protected:
         presenter = std::make_unique<Presenter>(
             workspace::Workspace::in(person.directory(), [this] { return person.now; }),
             Drafts(person.stateHome()), route);
+    }
+    /// As a person whose notices are recorded.
+    void opensWithStateHome(const QuillmereState& state)
+    {
+        person.has(state);
+        presenter = std::make_unique<Presenter>(
+            workspace::Workspace::in(
+                person.directory(), [this] { return person.now; }, person.stateHome()),
+            Drafts(person.stateHome()), std::nullopt);
     }
     void fills(const std::shared_ptr<Form>& form, std::string_view field, const std::string& text)
     {
@@ -120,6 +131,29 @@ TEST_F(PresenterOfAPerson, savesAFormAndForgetsItsDraft)
     EXPECT_EQ(presenter->message(), "Focus.");
     EXPECT_FALSE(presenter->workForm());
     EXPECT_EQ(namesIn(person.stateHome()), Words{});
+}
+
+TEST_F(PresenterOfAPerson, saysOnceThatNothingRingsWithoutAWatch)
+{
+    const std::string silence = "No watch is running: nothing rings when the session ends (quillmere watch).";
+    opensWithStateHome(stateIn(WorkflowState::sessionPlanning));
+    EXPECT_EQ(presenter->takeSilenceWarning(), "");
+    fills(presenter->workForm(), "outcome", "Headings");
+    presenter->save(presenter->workForm());
+    EXPECT_EQ(presenter->message(), "Focus. " + silence);
+    EXPECT_EQ(presenter->takeSilenceWarning(), "");
+    opensWithStateHome(stateIn(WorkflowState::focusing));
+    EXPECT_EQ(presenter->takeSilenceWarning(), silence);
+    EXPECT_EQ(presenter->takeSilenceWarning(), "");
+}
+
+TEST_F(PresenterOfAPerson, saysNothingOfSilenceWhileAWatchRuns)
+{
+    opensWithStateHome(stateIn(WorkflowState::focusing));
+    workspace::LeaderLock watch(
+        workspace::noticesDirectory(workspace::stateDirectory(person.directory(), person.stateHome())));
+    ASSERT_TRUE(watch.tryAcquire());
+    EXPECT_EQ(presenter->takeSilenceWarning(), "");
 }
 
 TEST_F(PresenterOfAPerson, namesTheFieldToCorrect)

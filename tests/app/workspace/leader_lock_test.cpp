@@ -27,6 +27,20 @@ TEST_F(LeaderLockOfADirectory, isHeldByOneAtATime)
     EXPECT_TRUE(other.tryAcquire());
 }
 
+TEST_F(LeaderLockOfADirectory, isSeenByOthersWhileItIsHeld)
+{
+    using workspace::hasLeader;
+    EXPECT_FALSE(hasLeader(directory));
+    EXPECT_FALSE(std::filesystem::exists(directory));
+    LeaderLock one(directory);
+    EXPECT_TRUE(one.tryAcquire());
+    EXPECT_TRUE(hasLeader(directory));
+    one.release();
+    EXPECT_FALSE(hasLeader(directory));
+    // Without a directory nobody can tell.
+    EXPECT_TRUE(hasLeader({}));
+}
+
 TEST_F(LeaderLockOfADirectory, isReleasedWithItsHolder)
 {
     LeaderLock other(directory);
