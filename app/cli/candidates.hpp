@@ -24,8 +24,8 @@ bool isCandidateKind(std::string_view typeName);
 /// throws.
 Candidates candidatesOf(std::string_view typeName, const CLI::App& line, Program& program);
 
-/// For a value of several words, "last week", of which some are typed: the words that may be the next, each
-/// once. The description is that of the value that the word completes.
+/// The next words of a value of several words, such as "last week", after the words that are typed; each once. A
+/// word has the description of its value.
 Candidates nextWords(const Candidates& candidates, const std::vector<std::string>& typed);
 
 }  // namespace quillmere::cli

@@ -22,7 +22,7 @@ EditorHandle lineOn(std::FILE* input, std::FILE* output, std::FILE* messages);
 
 using EarlierLines = std::unique_ptr<HistoryW, void (*)(HistoryW*)>;
 
-/// The lines that the arrow keys bring, the newest of which is the first.
+/// The lines that the arrow keys bring, the newest first.
 EarlierLines historyOf(const std::vector<std::string>& lines);
 
 }  // namespace quillmere::cli

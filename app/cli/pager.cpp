@@ -37,7 +37,7 @@ std::pair<base::Descriptor, base::Descriptor> makePipe()
     return {base::Descriptor(ends[0]), base::Descriptor(ends[1])};
 }
 
-/// Stops when nobody reads any more: the person has left the pager.
+/// Stops when the person has left the pager.
 void writeAll(int descriptor, std::string_view text)
 {
     const base::BrokenPipesAreErrors stays;

@@ -25,7 +25,7 @@ struct Notice {
     std::optional<NoticeAction> offer = {};  ///< beside opening the screen
     bool isQuiet = false;                    ///< of low urgency
     std::string_view sound =
-        {};  ///< a name of the Sound Naming Specification (freedesktop.org); may be empty
+        {};  ///< a name of the sounds of freedesktop.org; may be empty
 
     friend bool operator==(const Notice&, const Notice&) = default;
 };

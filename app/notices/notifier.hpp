@@ -67,7 +67,7 @@ private:
     void send(const Events& notice, base::Moment now);
     void handle(const NotifierMessage& message, base::Moment now, std::vector<NoticeAction>& actions);
     void handleAction(const NotifierMessage& message, std::vector<NoticeAction>& actions) const;
-    /// The text of the notice. An event that nobody has been told of yet is no reminder.
+    /// The text of the notice. The first notice of an event is no reminder.
     Notice textOf(Events notice) const;
     /// Records the events; false when another process has recorded them all meanwhile.
     bool recordDelivery(const Events& notice);

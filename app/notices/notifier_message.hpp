@@ -14,7 +14,7 @@ struct NoticeRequest {
     std::string body;                  ///< without markup
     std::uint8_t urgency;              ///< 0 low, 1 normal, 2 critical (Desktop Notifications)
     std::vector<std::string> actions;  ///< alternating keys and labels
-    std::string sound = {};            ///< a name of the Sound Naming Specification; empty: no sound
+    std::string sound = {};            ///< a name of the sounds of freedesktop.org; empty: no sound
 
     friend bool operator==(const NoticeRequest&, const NoticeRequest&) = default;
 };

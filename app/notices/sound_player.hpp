@@ -8,7 +8,7 @@ struct ca_context;  // of libcanberra
 
 namespace quillmere::notices {
 
-/// Plays sounds by their names in the Sound Naming Specification (freedesktop.org), for notification services
+/// Plays sounds by their names at freedesktop.org, for notification services
 /// that play none. A computer without a sound server or without the sound stays silent: the notice is given
 /// all the same.
 class SoundPlayer {

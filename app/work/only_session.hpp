@@ -5,8 +5,8 @@
 
 namespace quillmere::work {
 
-/// Whether the session that waits for its review is the only one that its block has. Its review and the
-/// reflection on the block are then given together.
+/// Whether the review of a block's only session is due. The review and the reflection on the block are then
+/// given together.
 bool isOnlySessionInReview(const QuillmereState& state);
 
 /// Saves both, which finishes the block. Throws WorkflowError for any other session.

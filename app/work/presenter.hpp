@@ -82,7 +82,7 @@ public:
 
     /// What the block in planning can be filled in after; empty while the work does not wait for one.
     std::vector<Model> models() const;
-    /// Fills the form of the block in, but for its time to begin. The work must wait for it.
+    /// Fills in the form of the block in planning, except when it begins.
     void planLike(const Model& model);
 
     /// Takes an action, opens its form, or waits for its confirmation when it has a question.

@@ -11,8 +11,7 @@
 
 namespace quillmere::work {
 
-/// Every word and figure of the block: what it was for, each session with its plan and review, the
-/// reflection.
+/// All that is recorded of the block: its purpose, the plan and the review of each session, the reflection.
 Recall accountOf(const Block& block, const base::SeenFrom& here);
 
 /// One session of it.

@@ -11,7 +11,7 @@ namespace quillmere::work {
 /// as it helps now:
 /// - before a session: what the block is for, how the sessions so far went, and what the last one taught;
 /// - in a session: its plan, why the block matters, how the sessions so far went;
-/// - at its review: what it was meant to do;
+/// - at its review: the plan;
 /// - in a break: the result just saved, the next plan;
 /// - at the reflection: each outcome with its sessions, what was to be reached, hazards beside distractions;
 /// - while nothing runs: today, what is scheduled, the last lessons; at the very first start what a block is.

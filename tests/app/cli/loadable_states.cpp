@@ -136,7 +136,7 @@ QuillmereState stateWithoutBlock(WorkflowState workflowState)
     return state;
 }
 
-/// Whether the review of the session is still to come, so that the way out replaces one that is there.
+/// Whether the review of the session is still to come: the way out then writes over an existing review.
 bool isBeforeReview(WorkflowState workflowState)
 {
     return workflowState == WorkflowState::focusing || workflowState == WorkflowState::sessionReview;

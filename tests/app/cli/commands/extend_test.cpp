@@ -1,4 +1,4 @@
-// A session made longer or shorter, and one that goes on after its end.
+// A session gets longer or shorter, or goes on after its end.
 #include "refusal_testing.hpp"
 
 namespace quillmere::test {
