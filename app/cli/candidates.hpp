@@ -24,8 +24,8 @@ bool isCandidateKind(std::string_view typeName);
 /// throws.
 Candidates candidatesOf(std::string_view typeName, const CLI::App& line, Program& program);
 
-/// The next words of a value of several words, such as "last week", after the words that are typed; each once. A
-/// word has the description of its value.
+/// The next words of a value of several words, such as "last week", after the words that are typed; each
+/// once. A word has the description of its value.
 Candidates nextWords(const Candidates& candidates, const std::vector<std::string>& typed);
 
 }  // namespace quillmere::cli

@@ -24,8 +24,7 @@ struct Notice {
     std::string body;                        ///< sanitized lines without markup; may be empty
     std::optional<NoticeAction> offer = {};  ///< beside opening the screen
     bool isQuiet = false;                    ///< of low urgency
-    std::string_view sound =
-        {};  ///< a name of the sounds of freedesktop.org; may be empty
+    std::string_view sound = {};             ///< a name of the sounds of freedesktop.org; may be empty
 
     friend bool operator==(const Notice&, const Notice&) = default;
 };
