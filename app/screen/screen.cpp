@@ -228,7 +228,7 @@ void Screen::pressInForm(const Key& key)
         chosenModel_ = 0;
         page_ = Page::models;
     } else if (isPageKey(key)) {
-        editor.scroll(key.kind == Key::Kind::pageDown, window_, contentArea());
+        editor.scroll(key.kind == Key::Kind::pageDown, window_, besideRecall(contentArea()));
     } else if (editor.take(key, window_)) {
         presenter_.noteChange(editor.form());
     }

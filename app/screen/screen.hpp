@@ -80,6 +80,8 @@ private:
     std::string message() const;
     /// The area inside the frame.
     Area contentArea() const;
+    /// The part of the area for a form; in a wide window what helps to fill it in stands beside.
+    Area besideRecall(Area area) const;
     std::vector<KeyHint> keys() const;
     std::vector<KeyHint> keysOfForm() const;
     std::vector<KeyHint> keysOfQuestions() const;

@@ -163,6 +163,17 @@ Area Screen::contentArea() const
     return drawFrame(canvas, frame());
 }
 
+Area Screen::besideRecall(Area area) const
+{
+    // Forms keep the columns of a usual window.
+    constexpr std::size_t columnsOfForm = 76;
+    constexpr std::size_t leastForRecall = 36;
+    if (!openedForm_ && !presenter_.recall().empty() && area.columns >= columnsOfForm + leastForRecall) {
+        area.columns = columnsOfForm;
+    }
+    return area;
+}
+
 Canvas Screen::picture(Charset charset) const
 {
     Canvas canvas(window_, charset);
@@ -176,7 +187,15 @@ Canvas Screen::picture(Charset charset) const
     if (!presenter_.isUsable()) {
         drawTrouble(canvas, area, presenter_.trouble());
     } else if (const FormEditor* const current = form()) {
-        current->draw(canvas, area, {.accent = surrounding.accent, .bold = true});
+        const Look look{.accent = surrounding.accent, .bold = true};
+        const Area fields = besideRecall(area);
+        current->draw(canvas, fields, look);
+        if (fields.columns < area.columns) {
+            const std::size_t gap = columnsOf(QuillmereDesign::Spacing::section);
+            const std::size_t first = fields.columns + gap;
+            drawRecall(canvas, {area.row, area.column + first, area.rows, area.columns - first},
+                       presenter_.recall(), look);
+        }
     } else if (page_ == Page::questions) {
         drawQuestions(canvas, area, situation(), chosenQuestion_, scrolledRows_, presenter_.hours());
     } else if (page_ == Page::models) {
@@ -185,7 +204,7 @@ Canvas Screen::picture(Charset charset) const
     } else if (page_ == Page::keys) {
         drawKeyList(canvas, area, allKeys(), {.accent = surrounding.accent, .bold = true});
     } else if (const auto view = work::SituationView::of(situation()); view.timer) {
-        drawCountdown(canvas, area, view);
+        drawCountdown(canvas, area, view, presenter_.recall(), {situation().now, presenter_.hours()});
     } else {
         drawIdle(canvas, area, situation(), presenter_.hours());
     }

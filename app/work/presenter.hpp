@@ -7,6 +7,7 @@
 #include "work/forms/drafts.hpp"
 #include "work/forms/forms.hpp"
 #include "work/models.hpp"
+#include "work/recall/moment.hpp"
 #include "work/state_change.hpp"
 #include "work/undo/undo_step.hpp"
 #include "workspace/retrying_workspace.hpp"
@@ -45,6 +46,9 @@ public:
     std::string trouble() const { return files_.trouble().value_or(""); }
     const workspace::Situation& situation() const { return *files_.situation(); }
     const QuillmereState& state() const { return situation().state; }
+
+    /// What helps at this moment of the work.
+    Recall recall() const { return recallAt(situation(), values_); }
 
     /// How the person reads times.
     base::Hours hours() const { return values_.hours; }

@@ -34,7 +34,7 @@ export LD_LIBRARY_PATH="$libraries"
 export PKG_CONFIG_PATH="$libraries/pkgconfig"
 [ "$("$program" --version)" = "quillmere $version" ] || { echo "the version differs"; exit 1; }
 "$program" --directory "$root/var/files" plan --outcome Outline --start >/dev/null
-"$program" --directory "$root/var/files" status | grep -q "Outcome: Outline" || { echo "the program does not work"; exit 1; }
+"$program" --directory "$root/var/files" status | grep -q "Outcome  *Outline" || { echo "the program does not work"; exit 1; }
 grep -qx 'ExecStart=/usr/bin/quillmere watch' "$root/usr/lib/systemd/user/quillmere-watch.service" ||
     { echo "the unit starts another program"; exit 1; }
 man -M "$root/usr/share/man" -w quillmere >/dev/null || { echo "the manual is not installed"; exit 1; }

@@ -29,6 +29,11 @@ constexpr auto asciiForms = std::to_array<AsciiForm>({
     {"↑", '^'},
     {"↓", 'v'},
     {"…", '~'},
+    {"✓", '+'},
+    {"½", '%'},
+    {"✗", '-'},
+    {"◐", 'o'},
+    {"×", 'x'},
 });
 
 struct CodeRange {

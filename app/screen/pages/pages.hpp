@@ -2,8 +2,10 @@
 #pragma once
 
 #include "base/text/hours.hpp"
+#include "base/text/local_time.hpp"
 #include "screen/canvas/canvas.hpp"
 #include "work/models.hpp"
+#include "work/recall/passage.hpp"
 #include "work/situation_view.hpp"
 #include "workspace/workspace.hpp"
 
@@ -37,8 +39,12 @@ Area drawFrame(Canvas& canvas, const Frame& frame);
 /// The scheduled block and the finished blocks.
 void drawIdle(Canvas& canvas, const Area& area, const workspace::Situation& situation, base::Hours hours);
 
-/// The running timer, with the plan of the running or the next session.
-void drawCountdown(Canvas& canvas, const Area& area, const work::SituationView& view);
+/// The running timer, and what helps now.
+void drawCountdown(Canvas& canvas, const Area& area, const work::SituationView& view,
+                   const work::Recall& recall, const base::SeenFrom& here);
+
+/// What a person wrote, told again. A small window shows the first facts, a line each.
+void drawRecall(Canvas& canvas, const Area& area, const work::Recall& recall, Look heading);
 
 /// The open questions: the chosen one in full, scrolled down by `scrolled` rows.
 void drawQuestions(Canvas& canvas, const Area& area, const workspace::Situation& situation,

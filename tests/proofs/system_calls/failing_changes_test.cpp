@@ -24,11 +24,20 @@ namespace fs = std::filesystem;
 
 struct Change {
     std::vector<std::string> words;
-    std::optional<QuillmereState> state;  ///< before it; absent: there is no directory yet
+    /// Makes the state before it, since some last for minutes only; absent: there is no directory yet.
+    std::optional<QuillmereState> (*before)();
 };
 
+std::optional<QuillmereState> nothing() { return std::nullopt; }
+
+template <WorkflowState workflowState>
+std::optional<QuillmereState> in()
+{
+    return stateIn(workflowState);
+}
+
 /// A session that began a minute ago by the clock of the program.
-QuillmereState runningFocus()
+std::optional<QuillmereState> runningFocus()
 {
     QuillmereState state = stateIn(WorkflowState::focusing);
     state.updatedAt = wallClock() - 60;
@@ -36,14 +45,14 @@ QuillmereState runningFocus()
     return state;
 }
 
-QuillmereState pausedFocus()
+std::optional<QuillmereState> pausedFocus()
 {
-    QuillmereState state = runningFocus();
+    QuillmereState state = *runningFocus();
     state.currentBlock->sessions.back().pausedAt = state.updatedAt;
     return state;
 }
 
-QuillmereState runningBreak()
+std::optional<QuillmereState> runningBreak()
 {
     QuillmereState state = stateIn(WorkflowState::breaking);
     state.updatedAt = wallClock() - 60;
@@ -51,14 +60,14 @@ QuillmereState runningBreak()
     return state;
 }
 
-QuillmereState scheduledBlock()
+std::optional<QuillmereState> scheduledBlock()
 {
     QuillmereState state = stateWithScheduledBlock();
     state.currentBlock->plannedStart = wallClock() + 3'600;
     return state;
 }
 
-QuillmereState withQuestion()
+std::optional<QuillmereState> withQuestion()
 {
     QuillmereState state = stateIn(WorkflowState::idle);
     WorkflowEngine().addQuestion(state, "Which build?", state.updatedAt);
@@ -69,32 +78,31 @@ QuillmereState withQuestion()
 /// first seven.
 std::vector<Change> changes()
 {
-    const QuillmereState idle = stateIn(WorkflowState::idle);
     std::vector<Change> all = {
-        {{"ask", "May I?"}, std::nullopt},
-        {{"ask", "May I?"}, idle},
-        {{"plan", "--outcome", "A chapter", "--start"}, idle},
-        {{"tick"}, stateIn(WorkflowState::focusing)},
+        {{"ask", "May I?"}, nothing},
+        {{"ask", "May I?"}, in<WorkflowState::idle>},
+        {{"plan", "--outcome", "A chapter", "--start"}, in<WorkflowState::idle>},
+        {{"tick"}, in<WorkflowState::focusing>},
         {{"review", "--completion", "yes", "--next-outcome", "More", "--next-energy", "4", "--next-morale",
           "3"},
-         stateIn(WorkflowState::focusing)},
-        {{"reflect", "--lessons", "Close the door"}, stateIn(WorkflowState::blockReview)},
-        {{"restore", "1", "--yes"}, idle},
-        {{"answer", "1", "The new one"}, withQuestion()},
-        {{"pause"}, runningFocus()},
-        {{"resume"}, pausedFocus()},
-        {{"end"}, runningFocus()},
+         in<WorkflowState::focusing>},
+        {{"reflect", "--lessons", "Close the door"}, in<WorkflowState::blockReview>},
+        {{"restore", "1", "--yes"}, in<WorkflowState::idle>},
+        {{"answer", "1", "The new one"}, withQuestion},
+        {{"pause"}, runningFocus},
+        {{"resume"}, pausedFocus},
+        {{"end"}, runningFocus},
         {{"focus", "--outcome", "A page", "--energy", "4", "--morale", "3"},
-         stateIn(WorkflowState::sessionPlanning)},
-        {{"break", "extend", "5m"}, runningBreak()},
-        {{"break", "end"}, runningBreak()},
-        {{"start"}, scheduledBlock()},
-        {{"edit"}, scheduledBlock()},
-        {{"cancel"}, scheduledBlock()},
+         in<WorkflowState::sessionPlanning>},
+        {{"break", "extend", "5m"}, runningBreak},
+        {{"break", "end"}, runningBreak},
+        {{"start"}, scheduledBlock},
+        {{"edit"}, scheduledBlock},
+        {{"cancel"}, scheduledBlock},
     };
     constexpr std::size_t few = 7;
     if (!inLongForm()) {
-        all.resize(few, {{}, idle});
+        all.resize(few, {{}, in<WorkflowState::idle>});
     }
     return all;
 }
@@ -199,7 +207,7 @@ TEST_F(AChangeOfTheRealProgram, thatFailsSaysWhatIsSavedAndKeepsNoVersionOfWhatI
 {
     std::size_t failed = 0;
     for (const Change& change : changes()) {
-        const Files example(change.state);
+        const Files example(change.before());
         const TracedRun undisturbed = example.run(change.words);
         ASSERT_EQ(undisturbed.code, 0) << change.words[0] << ": " << undisturbed.err;
         ASSERT_TRUE(example.hasChanged()) << change.words[0];
@@ -214,7 +222,7 @@ TEST_F(AChangeOfTheRealProgram, thatFailsSaysWhatIsSavedAndKeepsNoVersionOfWhatI
                     if (fromThereOn && !mayBePermanent(call)) {
                         continue;
                     }
-                    const Files files(change.state);
+                    const Files files(change.before());
                     const std::string injection = injectionOf(call, error, fromThereOn);
                     SCOPED_TRACE(change.words[0] + " " + injection + "   " + call.text);
                     const TracedRun run = files.run(change.words, injection);

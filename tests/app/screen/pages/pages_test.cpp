@@ -113,13 +113,23 @@ TEST(Pages, sayThatTheWindowIsTooSmall)
     EXPECT_NO_FATAL_FAILURE(pictureOf(stateIn(WorkflowState::focusing), {.rows = 1, .columns = 1}));
 }
 
-TEST(Pages, countOvertimeWithAPlus)
+TEST(Pages, saySinceWhenTheTimeIsOver)
 {
+    const TimeZone here("UTC");
     Canvas canvas(usualWindow, Charset::ascii);
     drawCountdown(canvas, {3, 2, 18, 76},
-                  work::SituationView::of({stateIn(WorkflowState::breaking), {}, moment + 375}));
-    EXPECT_TRUE(shows(canvas.text(), "  ##    ##  ##")) << canvas.text();
+                  work::SituationView::of({stateIn(WorkflowState::breaking), {}, moment + 375}), {},
+                  moment + 375);
+    EXPECT_TRUE(shows(canvas.text(), "over since 15:05")) << canvas.text();
     EXPECT_FALSE(shows(canvas.text(), "......"));
+}
+
+TEST(Pages, sayWhatWasMeantBesideTheReviewInAWideWindow)
+{
+    const std::string wide = pictureOf(stateIn(WorkflowState::sessionReview), {.rows = 40, .columns = 140});
+    EXPECT_TRUE(shows(wide, "What was meant")) << wide;
+    EXPECT_TRUE(shows(wide, "Phone in the drawer")) << wide;
+    EXPECT_FALSE(shows(pictureOf(stateIn(WorkflowState::sessionReview), usualWindow), "What was meant"));
 }
 
 }  // namespace
