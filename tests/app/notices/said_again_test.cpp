@@ -137,6 +137,13 @@ TEST_F(SaidAgain, isBeforeTheEndNoMoreAfterAPauseButAfterAnExtension)
     EXPECT_EQ(noticesUntil(2'140), Words{"2140 Focus ends in a minute"});
 }
 
+TEST_F(SaidAgain, isNotBeforeTheEndWhileTheSessionIsPaused)
+{
+    person.now = moment + 1'450;
+    ASSERT_EQ(person.types({"pause"}).code, ExitCode::done);
+    EXPECT_EQ(noticesUntil(1'450), Words());
+}
+
 TEST_F(SaidAgain, isNotBeforeTheEndOfASessionOfAMinute)
 {
     QuillmereState state = stateIn(WorkflowState::focusing);

@@ -87,8 +87,9 @@ TEST_F(LiveScreen, hasTheTimeInTheTitleOfItsWindowAndGivesTheFormerOneBack)
     isFocusing();
     const TerminalWindow window(person);
     const auto isTitled = [&](const std::string& pattern) {
-        return eventually(
-                   [&] { return std::regex_match(window.variable("pane_title"), std::regex(pattern)); })
+        return eventually([&] {
+                   return std::regex_match(window.variable("pane_title"), std::regex(pattern + "\n"));
+               })
                << window.variable("pane_title");
     };
     window.runs("printf '\\033]2;mine\\033\\\\'");
