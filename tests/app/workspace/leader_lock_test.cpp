@@ -37,7 +37,7 @@ TEST_F(LeaderLockOfADirectory, isSeenByOthersWhileItIsHeld)
     EXPECT_TRUE(hasLeader(directory));
     one.release();
     EXPECT_FALSE(hasLeader(directory));
-    // Without a directory nobody can tell.
+    // Without a directory it cannot be told.
     EXPECT_TRUE(hasLeader({}));
 }
 

@@ -8,7 +8,7 @@
 namespace quillmere::test {
 namespace {
 
-/// A finished block of two sessions, of which one ended, and an older one.
+/// Two finished blocks; the newer has an ended session and an unended one.
 QuillmereState stateWithHistory()
 {
     QuillmereState state = stateIn(WorkflowState::idle);

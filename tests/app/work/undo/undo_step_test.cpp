@@ -415,7 +415,7 @@ TEST(Undo, ignoresAPlaceAmongVersionsThatWereDeleted)
     person.does(60, pause);
     person.undoes(60);
     fs::remove_all(person.workspace().stateDirectory() / "versions");
-    // Its version has the number of one that was undone.
+    // Its version has the number of an undone version.
     person.does(60, pause);
     EXPECT_EQ(person.undoes(60), "focus session 1 paused (15:03)");
 }
