@@ -97,7 +97,7 @@ std::vector<Change> changes()
         {{"break", "extend", "5m"}, runningBreak},
         {{"break", "end"}, runningBreak},
         {{"start"}, scheduledBlock},
-        {{"edit"}, scheduledBlock},
+        {{"edit", "--why", "Another reason"}, scheduledBlock},
         {{"cancel"}, scheduledBlock},
     };
     constexpr std::size_t few = 7;

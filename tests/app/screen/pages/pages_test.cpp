@@ -126,9 +126,10 @@ TEST(Pages, saySinceWhenTheTimeIsOver)
 
 TEST(Pages, sayWhatWasMeantBesideTheReviewInAWideWindow)
 {
-    const std::string wide = pictureOf(stateIn(WorkflowState::sessionReview), {.rows = 40, .columns = 140});
-    EXPECT_TRUE(shows(wide, "What was meant")) << wide;
-    EXPECT_TRUE(shows(wide, "Phone in the drawer")) << wide;
+    const std::string inWideWindow =
+        pictureOf(stateIn(WorkflowState::sessionReview), {.rows = 40, .columns = 140});
+    EXPECT_TRUE(shows(inWideWindow, "What was meant")) << inWideWindow;
+    EXPECT_TRUE(shows(inWideWindow, "Phone in the drawer")) << inWideWindow;
     EXPECT_FALSE(shows(pictureOf(stateIn(WorkflowState::sessionReview), usualWindow), "What was meant"));
 }
 
