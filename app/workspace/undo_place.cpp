@@ -2,11 +2,10 @@
 
 #include "base/system/private_directory.hpp"
 #include "base/system/private_umask.hpp"
+#include "base/system/replace_file.hpp"
 
 #include <nlohmann/json.hpp>
-#include <quillmere/store/atomic_write.hpp>
 #include <quillmere/store/file_manager.hpp>
-#include <quillmere/store/state_store.hpp>
 
 #include <algorithm>
 #include <string>
@@ -132,8 +131,7 @@ void UndoPlaceFile::write(const UndoPlace& place) const
     const base::PrivateUmask ownersOnly;
     base::createOwnersDirectory(directory_);
     const std::string text = jsonTextOf(place);
-    writeAtomically([&](const ByteSink& sink) { sink(text); }, directory_ / fileName,
-                    StateStore::renameReplacing);
+    base::replaceOwnFile(directory_ / fileName, text);
 }
 
 }  // namespace quillmere::workspace

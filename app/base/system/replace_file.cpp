@@ -19,6 +19,17 @@ fs::path parentOf(const fs::path& file) { return fs::weakly_canonical(fs::absolu
 /// Links in /proc stand for open files of processes (proc(5)).
 bool holdsOpenFiles(const fs::path& directory) { return directory.string().starts_with("/proc/"); }
 
+/// An error names `shown`, not the temporary file.
+void write(std::string_view content, const fs::path& place, const ReplaceItem& moveOver,
+           const fs::path& shown)
+{
+    try {
+        writeAtomically([content](const ByteSink& sink) { sink(content); }, place, moveOver);
+    } catch (const std::system_error& error) {
+        throw fs::filesystem_error("write", shown, error.code());
+    }
+}
+
 }  // namespace
 
 fs::path destinationOf(const fs::path& file)
@@ -67,12 +78,12 @@ void replaceFile(const fs::path& file, std::string_view content)
         }
         StateStore::renameReplacing(written, destination);
     };
-    try {
-        writeAtomically([content](const ByteSink& sink) { sink(content); }, place, moveOver);
-    } catch (const std::system_error& error) {
-        // The error names the path that the user gave, not the temporary file.
-        throw fs::filesystem_error("write", file, error.code());
-    }
+    write(content, place, moveOver, file);
+}
+
+void replaceOwnFile(const fs::path& file, std::string_view content)
+{
+    write(content, file, StateStore::renameReplacing, file);
 }
 
 }  // namespace quillmere::base

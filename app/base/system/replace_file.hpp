@@ -20,4 +20,8 @@ bool liesWithin(const std::filesystem::path& path, const std::filesystem::path& 
 /// unchanged.
 void replaceFile(const std::filesystem::path& file, std::string_view content);
 
+/// The same for a file that this program alone writes: a link is replaced. Throws `std::system_error` with
+/// the file's path.
+void replaceOwnFile(const std::filesystem::path& file, std::string_view content);
+
 }  // namespace quillmere::base

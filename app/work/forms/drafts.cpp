@@ -3,10 +3,10 @@
 #include "base/system/directory_names.hpp"
 #include "base/system/file_age.hpp"
 #include "base/system/private_directory.hpp"
+#include "base/system/replace_file.hpp"
 
 #include <nlohmann/json.hpp>
-#include <quillmere/store/atomic_write.hpp>
-#include <quillmere/store/state_store.hpp>
+#include <quillmere/store/file_manager.hpp>
 
 #include <algorithm>
 
@@ -96,8 +96,7 @@ void Drafts::keep(const Form& form) const
     base::createOwnersDirectory(directory_);
     // Malformed UTF-8 is replaced: it must not cost the rest of the draft.
     const std::string text = draft.dump(2, ' ', false, Json::error_handler_t::replace);
-    writeAtomically([&](const ByteSink& sink) { sink(text); }, fileOf(form.subject()),
-                    StateStore::renameReplacing);
+    base::replaceOwnFile(fileOf(form.subject()), text);
 }
 
 BroughtBack Drafts::fillIn(Form& form) const
