@@ -8,9 +8,8 @@ struct ca_context;  // of libcanberra
 
 namespace quillmere::notices {
 
-/// Plays sounds by their names at freedesktop.org, for notification services
-/// that play none. A computer without a sound server or without the sound stays silent: the notice is given
-/// all the same.
+/// Plays sounds by their names at freedesktop.org, for notification services that play none. A computer
+/// without a sound server or without the sound stays silent: the notice is given all the same.
 class SoundPlayer {
 public:
     /// Begins to play the sound and does not wait for its end. An empty name is silence.
