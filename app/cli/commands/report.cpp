@@ -36,13 +36,15 @@ struct Export {
     const char* option;
     const char* help;
     std::string_view name;
-    std::string (*text)(const figures::LookBack&);
+    std::string (*text)(const figures::LookBack&, std::size_t blocks);  ///< with so many blocks told whole
 };
 
 constexpr auto exports = std::to_array<Export>({
     {"--html", "Make a page for a browser", "page", lookback::htmlPage},
-    {"--csv", "Make a table of the sessions for spreadsheets", "table", lookback::csvOf},
-    {"--ics", "Make a calendar of the sessions", "calendar", lookback::calendarOf},
+    {"--csv", "Make a table of the sessions for spreadsheets", "table",
+     [](const figures::LookBack& look, std::size_t) { return lookback::csvOf(look); }},
+    {"--ics", "Make a calendar of the sessions", "calendar",
+     [](const figures::LookBack& look, std::size_t) { return lookback::calendarOf(look); }},
 });
 
 constexpr std::string_view standardOutput = "-";
@@ -51,6 +53,7 @@ struct ReportOptions {
     std::vector<std::string> span;  ///< its words
     std::optional<std::string> since;
     std::optional<std::string> until;
+    bool allBlocks = false;
     std::array<std::optional<std::string>, exports.size()> files;  ///< by index in `exports`
 };
 
@@ -157,10 +160,9 @@ void printExport(const std::string& text, Program& program)
     }
 }
 
-void makeExport(const Export& form, const std::string& file, const figures::LookBack& look,
-                std::ostream& messages, Program& program)
+void makeExport(const Export& form, const std::string& file, const std::string& text,
+                const figures::LookBack& look, std::ostream& messages, Program& program)
 {
-    const std::string text = form.text(look);
     if (file == standardOutput) {
         printExport(text, program);
         return;
@@ -184,7 +186,10 @@ void showReport(const ReportOptions& options, Program& program)
     bool isExported = false;
     for (std::size_t index = 0; index < exports.size(); ++index) {
         if (const std::optional<std::string>& file = options.files[index]) {
-            makeExport(exports[index], *file, look, messagesOf(options, program), program);
+            const std::size_t blocks =
+                options.allBlocks ? lookback::allBlocksOnPage : lookback::usualBlocksOnPage;
+            makeExport(exports[index], *file, exports[index].text(look, blocks), look,
+                       messagesOf(options, program), program);
             isExported = true;
         }
     }
@@ -219,6 +224,10 @@ void addReport(CLI::App& line, Program& program)
             ->type_name("FILE")
             ->check([](const std::string& file) { return std::string(file.empty() ? "is empty" : ""); });
     }
+    command
+        ->add_flag("--all", options->allBlocks,
+                   "Tell all blocks on the page of --html, not only the newest 100")
+        ->needs(command->get_option("--html"));
 }
 
 }  // namespace quillmere::cli

@@ -1,5 +1,6 @@
 #include "lookback/page/html_page.hpp"
 
+#include "lookback/page/block_section.hpp"
 #include "lookback/page/markup.hpp"
 #include "lookback/page/sections.hpp"
 #include "lookback/page/style.hpp"
@@ -26,11 +27,11 @@ constexpr std::string_view pageFooter =
 
 }  // namespace
 
-std::string htmlPage(const figures::LookBack& look)
+std::string htmlPage(const figures::LookBack& look, std::size_t blocks)
 {
     const bool isEmpty = look.sessions.empty() && look.days.empty();
-    const std::string content =
-        isEmpty ? element("p", {}, escaped(emptyText(look))) + "\n" : keyFigures(look) + pageSections(look);
+    const std::string content = isEmpty ? element("p", {}, escaped(emptyText(look))) + "\n"
+                                        : keyFigures(look) + pageSections(look) + blockSection(look, blocks);
     const std::string body =
         element("header", {}, element("h1", {}, "Look back") + element("p", {}, escaped(rangeText(look)))) +
         "\n" + content + element("footer", {}, element("p", {}, pageFooter));

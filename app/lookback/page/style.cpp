@@ -62,6 +62,7 @@ header p { margin: 0.35rem 0 1.75rem; color: var(--quiet); }
 .figure dd { margin: 0; }
 .figure .value { font-size: 1.5rem; font-weight: 600; line-height: 1.35; font-variant-numeric: tabular-nums; }
 .figure .more { color: var(--quiet); font-size: 0.875rem; }
+.charts + section { margin-top: 1rem; }
 .charts { display: grid; grid-template-columns: repeat(2, minmax(0, 1fr)); gap: 1rem; }
 .wide { grid-column: 1 / -1; }
 .halves { display: grid; grid-template-columns: repeat(2, minmax(0, 1fr)); gap: 0.5rem 1.5rem; }
@@ -103,6 +104,13 @@ svg text { font-size: 11.5px; fill: var(--quiet); font-variant-numeric: tabular-
 .swatch { width: 0.75rem; height: 0.75rem; border-radius: 2px; }
 details { margin-top: 0.75rem; font-size: 0.875rem; }
 summary { color: var(--quiet); cursor: pointer; width: max-content; max-width: 100%; }
+.block { margin: 0; border-bottom: 1px solid var(--edge); }
+.block summary { width: auto; padding: 0.5rem 0; color: var(--ink); overflow-wrap: anywhere; }
+.block h3 { font-size: 0.875rem; margin: 0.75rem 0 0.25rem; color: var(--quiet); font-weight: 600; }
+.block dl { display: grid; grid-template-columns: 9rem minmax(0, 1fr); gap: 0.15rem 1rem; margin: 0 0 0.75rem; max-width: 52rem; }
+.block dt { color: var(--quiet); }
+.block dd { margin: 0; overflow-wrap: anywhere; }
+.when, .note { color: var(--quiet); font-variant-numeric: tabular-nums; }
 .scroll { overflow-x: auto; max-height: 24rem; margin-top: 0.5rem; }
 table { border-collapse: collapse; width: 100%; font-size: 0.875rem; font-variant-numeric: tabular-nums; }
 caption { text-align: left; color: var(--quiet); padding-bottom: 0.3rem; }
@@ -114,9 +122,10 @@ td.text { white-space: normal; overflow-wrap: anywhere; }
 @media (max-width: 27rem) {
   svg text { font-size: 16.5px; }
   section { padding: 0.9rem 0.75rem; }
+  .block dl { grid-template-columns: minmax(0, 1fr); }
 }
 footer { margin-top: 1.5rem; color: var(--quiet); font-size: 0.875rem; }
-@media print { details { display: none; } body { padding: 0; } section, .figure { break-inside: avoid; } }
+@media print { details:not(.block) { display: none; } body { padding: 0; } section, .figure { break-inside: avoid; } }
 )";
 
 }  // namespace

@@ -1,4 +1,5 @@
 // The finished blocks.
+#include "marked_block.hpp"
 #include "program_testing.hpp"
 
 namespace quillmere::test {
@@ -34,6 +35,16 @@ TEST(History, showsABlockWithItsTimeInFocusWithoutPauses)
               "    ◐ 2  Outcome of session 2\n"
               "  Number 12\n"
               "11 more; --limit 12 shows all\n");
+}
+
+TEST(History, ofOneBlockHasEveryWordOfIt)
+{
+    const Person person;
+    QuillmereState state = stateIn(WorkflowState::idle);
+    state.blockHistory = {markedBlock()};
+    person.has(state);
+    const std::string id = state.blockHistory.front().id.text();
+    expectAll(markersOf(state.blockHistory.front()), person.types({"history", id}).out);
 }
 
 TEST(History, namesEachBlockByAsManyCharactersAsItTakes)

@@ -105,6 +105,17 @@ TEST(Report, writesSeveralFilesAtOnce)
     EXPECT_EQ(place.names(), (Words{"a", "b", "c"}));
 }
 
+TEST(Report, tellsAllBlocksOnAPageOnlyWhenAsked)
+{
+    const Person person = personWithAYear();
+    const std::string page = person.types({"report", "--html", "-"}).out;
+    EXPECT_NE(page.find("more before these; quillmere report --html FILE --all"), std::string::npos);
+    const std::string whole = person.types({"report", "--html", "-", "--all"}).out;
+    EXPECT_EQ(whole.find("more before these"), std::string::npos);
+    EXPECT_GT(whole.size(), page.size());
+    EXPECT_EQ(person.types({"report", "--all"}).code, ExitCode::usage);
+}
+
 TEST(Report, namesFilesOnStandardErrorWhenItPrintsAnExport)
 {
     const Person person = personWithAYear();

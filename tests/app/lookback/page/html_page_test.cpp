@@ -5,6 +5,7 @@
 #include "lookback/page/markup.hpp"
 
 #include "generated_year.hpp"
+#include "marked_block.hpp"
 #include "support/process.hpp"
 
 namespace quillmere::test {
@@ -174,10 +175,44 @@ TEST(Page, showsTheLastTwentySessionsTheNewestFirst)
         sessions.push_back(session(moment + index * 60, 30));
         sessions.back().plan.intendedOutcome = "Number " + std::to_string(index) + ".";
     }
-    const std::string page = pageAt(stateWith(sessions));
+    const std::string whole = pageAt(stateWith(sessions));
+    const std::string page = whole.substr(0, whole.find("The blocks"));
     EXPECT_TRUE(holds(page, "Number 5."));
     EXPECT_FALSE(holds(page, "Number 4."));
     EXPECT_LT(page.find("Number 24."), page.find("Number 23."));
+}
+
+/// Blocks of one session each.
+QuillmereState stateWithBlocks(int count)
+{
+    QuillmereState state = QuillmereState::initial(moment);
+    for (int index = 0; index < count; ++index) {
+        QuillmereState one = stateWith({session(moment - index * 86'400, 1500)});
+        one.blockHistory.front().outcomes.front().title = "Block " + std::to_string(index) + ".";
+        state.blockHistory.push_back(one.blockHistory.front());
+    }
+    return state;
+}
+
+TEST(Page, tellsTheNewestHundredBlocksWholeAndTheOthersWhenAsked)
+{
+    const QuillmereState state = stateWithBlocks(102);
+    const figures::LookBack look = statistics(state, {}, day("2026-11-15"));
+    const std::string page = htmlPage(look);
+    EXPECT_TRUE(holds(page, "<strong>Block 99.;"));
+    EXPECT_FALSE(holds(page, "Block 100."));
+    EXPECT_LT(page.find("<strong>Block 0."), page.find("<strong>Block 1."));
+    EXPECT_TRUE(holds(page, "2 more before these"));
+    const std::string whole = htmlPage(look, lookback::allBlocksOnPage);
+    EXPECT_TRUE(holds(whole, "<strong>Block 101.;"));
+    EXPECT_FALSE(holds(whole, "more before these"));
+}
+
+TEST(Page, hasEveryWordOfABlock)
+{
+    QuillmereState state = QuillmereState::initial(moment);
+    state.blockHistory = {markedBlock()};
+    expectAll(markersOf(state.blockHistory.front()), pageAt(state));
 }
 
 TEST(Page, saysThatThereIsNothing)
