@@ -1,9 +1,12 @@
 // Streams, clock and descriptors, injected so that tests and the tour can run commands in-process.
 #pragma once
 
+#include "base/system/sleep_detector.hpp"
+
 #include <quillmere/records/instant.hpp>
 
 #include <filesystem>
+#include <functional>
 #include <iosfwd>
 
 namespace quillmere::base {
@@ -23,6 +26,8 @@ struct Environment {
     int input = -1;
     int output = -1;
     int error = -1;
+    /// As `base::suspendedSeconds`.
+    std::function<double()> suspended = suspendedSeconds;
 };
 
 }  // namespace quillmere::base

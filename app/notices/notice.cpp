@@ -63,6 +63,11 @@ std::string line(const std::string& text)
     return base::cutToColumns(noncharactersReplaced(base::sanitized(text.substr(0, mostBytes))), mostColumns);
 }
 
+std::string joined(const std::string& first, const std::string& second)
+{
+    return first + (first.empty() ? "" : "\n") + second;
+}
+
 }  // namespace
 
 NoticeSubject subjectOf(work::EventKind kind)
@@ -79,12 +84,21 @@ Notice noticeOf(const std::vector<StandingEvent>& events)
                 .offer = NoticeAction::extendFocus,
                 .isQuiet = true};
     }
+    if (first.sleep && !first.sleep->isOver) {
+        return {.heading = first.sleep->sentence,
+                .body = joined(line(first.text), first.sleep->commands),
+                .offer = NoticeAction::makeSleepAPause};
+    }
     Notice notice{
         .heading = first.reminder ? first.reminder->heading : std::string(work::eventHeading(first.kind)),
         .body = line(first.text),
         .sound = rowOf(soundRows, first.kind).name};
     if (first.kind == work::EventKind::breakEnded) {
         notice.offer = NoticeAction::extendBreak;
+    }
+    if (first.sleep) {
+        notice.body = joined(notice.body, first.sleep->sentence + " " + first.sleep->commands);
+        notice.offer = NoticeAction::endBeforeSleep;
     }
     if (events.size() > 1) {
         notice.heading = work::waitingQuestionsText(events.size());

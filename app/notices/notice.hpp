@@ -17,7 +17,7 @@ enum class NoticeSubject { work, questions };
 NoticeSubject subjectOf(work::EventKind kind);
 
 /// A person's choice on a notice.
-enum class NoticeAction { open, extendBreak, extendFocus };
+enum class NoticeAction { open, extendBreak, extendFocus, makeSleepAPause, endBeforeSleep };
 
 struct Notice {
     std::string heading;                     ///< one line

@@ -23,6 +23,8 @@ constexpr auto actionRows = std::to_array<ActionRow>({
     {NoticeAction::open, "default"},
     {NoticeAction::extendBreak, "extend"},
     {NoticeAction::extendFocus, "extend-focus"},
+    {NoticeAction::makeSleepAPause, "sleep-was-pause"},
+    {NoticeAction::endBeforeSleep, "end-before-sleep"},
 });
 
 std::string label(NoticeAction action)
@@ -30,9 +32,11 @@ std::string label(NoticeAction action)
     switch (action) {
         case NoticeAction::open: return "Open";
         case NoticeAction::extendBreak: return "Extend by " + base::durationText(work::usualExtension);
-        case NoticeAction::extendFocus: break;
+        case NoticeAction::extendFocus: return "10 more minutes";
+        case NoticeAction::makeSleepAPause: return "Count it as a pause";
+        case NoticeAction::endBeforeSleep: break;
     }
-    return "10 more minutes";
+    return "It ended before the sleep";
 }
 
 /// Alternating keys and labels.

@@ -56,6 +56,27 @@ void addReminders(std::vector<StandingEvent>& events, const std::vector<double>&
     }
 }
 
+void addSleep(std::vector<StandingEvent>& events, const work::SleptThrough& slept, std::int64_t total,
+              const base::SeenFrom& here)
+{
+    const ToldSleep told{.sentence = work::sleepText(slept, here),
+                         .commands = work::sleepCommands(slept, here.now),
+                         .isOver = slept.isOver};
+    if (!slept.isOver) {
+        events.insert(events.begin(), {.kind = work::EventKind::focusEnded,
+                                       .key = "slept-" + slept.session.text() + "-" + std::to_string(total),
+                                       .at = slept.sleep.to,
+                                       .text = {},
+                                       .sleep = told});
+        return;
+    }
+    for (StandingEvent& event : events) {
+        if (event.kind == work::EventKind::focusEnded) {
+            event.sleep = told;
+        }
+    }
+}
+
 std::string deliveryKey(const StandingEvent& event)
 {
     return event.reminder ? reminderKey(event, event.reminder->number) : event.key;

@@ -1,11 +1,13 @@
-// Notices beside the one at the event: a minute before it, and while it waits.
+// Notices beside the one at the event: a minute before it, while it waits, and after a sleep of the computer.
 #pragma once
 
 #include "base/text/local_time.hpp"
 #include "notices/standing_events.hpp"
+#include "work/slept_through.hpp"
 
 #include <quillmere/records/quillmere_state.hpp>
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -20,6 +22,11 @@ std::optional<StandingEvent> eventAhead(const QuillmereState& state, Instant now
 /// the event, ascend.
 void addReminders(std::vector<StandingEvent>& events, const std::vector<double>& reminderSeconds,
                   const base::SeenFrom& here);
+
+/// Tells of a sleep of the computer: with the end of the session, which came meanwhile, or else by an event
+/// of its own. Of all watches one tells it, because all have counted the same `total` seconds of sleep.
+void addSleep(std::vector<StandingEvent>& events, const work::SleptThrough& slept, std::int64_t total,
+              const base::SeenFrom& here);
 
 /// The record of the notice that is due for the event: that of its reminder, otherwise that of the event.
 std::string deliveryKey(const StandingEvent& event);

@@ -20,6 +20,15 @@ struct Reminder {
     friend bool operator==(const Reminder&, const Reminder&) = default;
 };
 
+/// A sleep of the computer that a notice tells of.
+struct ToldSleep {
+    std::string sentence;  ///< work::sleepText
+    std::string commands;  ///< work::sleepCommands
+    bool isOver;           ///< the session ended meanwhile
+
+    friend bool operator==(const ToldSleep&, const ToldSleep&) = default;
+};
+
 /// An event that still stands in a state: the person has not reacted to it yet. It follows from the state
 /// alone, so all processes agree on it, whichever of them recorded it, and an event that was dealt with
 /// before a notice could be given needs none.
@@ -30,6 +39,7 @@ struct StandingEvent {
     std::string text;                       ///< an outcome, a title or a question, as written; may be empty
     bool isAhead = false;                   ///< has not happened yet; its notice is a quiet one
     std::optional<Reminder> reminder = {};  ///< the last that is due
+    std::optional<ToldSleep> sleep = {};    ///< in the session whose end it is, or is to be
 
     friend bool operator==(const StandingEvent&, const StandingEvent&) = default;
 };

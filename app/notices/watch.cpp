@@ -1,5 +1,7 @@
 #include "notices/watch.hpp"
 
+#include "amendments/forgot_to_end.hpp"
+#include "amendments/was_away.hpp"
 #include "base/json.hpp"
 #include "base/refusal.hpp"
 #include "base/system/held_signals.hpp"
@@ -75,6 +77,7 @@ Watch::Watch(workspace::Workspace workspace, base::Environment& environment, Wat
       settings_(std::move(settings)),
       workspace_(std::move(workspace)),
       deliveryLog_(workspace::noticesDirectory(workspace_.stateDirectory()), messages_),
+      sleeps_(environment.suspended),
       subprocesses_(messages_),
       notifier_({.urgency = settings_.urgency,
                  .hasSound = settings_.sound,
@@ -115,6 +118,7 @@ void Watch::round(base::Moment now)
     if (canRecord_ || now >= restEnds_) {
         refresh(now);
     }
+    noteSleep();
     for (const NoticeAction action : notifier_.takeActions(now)) {
         perform(action);
     }
@@ -123,6 +127,20 @@ void Watch::round(base::Moment now)
     }
     if (open_ && canRecord_ && !settings_.once) {
         open_->compressVersion();
+    }
+}
+
+void Watch::noteSleep()
+{
+    const std::optional<base::Sleep> sleep = sleeps_.take(clock_());
+    if (!canDeliver_) {
+        return;
+    }
+    if (sleep) {
+        slept_ = work::sleptThrough(*sleep, situation().state);
+    }
+    if (slept_ && !work::stands(*slept_, situation().state)) {
+        slept_.reset();
     }
 }
 
@@ -218,7 +236,11 @@ std::vector<StandingEvent> Watch::toNotify(std::vector<StandingEvent> events) co
     if (std::optional<StandingEvent> ahead = eventAhead(situation().state, situation().now)) {
         events.insert(events.begin(), *std::move(ahead));
     }
-    addReminders(events, settings_.reminderSeconds, {situation().now, settings_.hours});
+    const base::SeenFrom here(situation().now, settings_.hours);
+    addReminders(events, settings_.reminderSeconds, here);
+    if (slept_) {
+        addSleep(events, *slept_, static_cast<std::int64_t>(sleeps_.totalSeconds()), here);
+    }
     return events;
 }
 
@@ -288,6 +310,8 @@ void Watch::perform(NoticeAction action)
         case NoticeAction::open: openScreen(); break;
         case NoticeAction::extendBreak: extendBreak(); break;
         case NoticeAction::extendFocus: extendFocus(); break;
+        case NoticeAction::makeSleepAPause: makeSleepAPause(); break;
+        case NoticeAction::endBeforeSleep: endBeforeSleep(); break;
     }
 }
 
@@ -310,6 +334,26 @@ void Watch::extendFocus()
             work::extendFocus(state, moreFocusSeconds, amendments::TimeSinceEnd::countsAsFocus, now);
         },
         "The session is not longer: ");
+}
+
+void Watch::makeSleepAPause()
+{
+    if (slept_) {
+        change(
+            [&sleep = slept_->sleep](QuillmereState& state, Instant now) {
+                amendments::wasAway(state, sleep.from, sleep.to, now);
+            },
+            "The sleep is no pause: ");
+    }
+}
+
+void Watch::endBeforeSleep()
+{
+    if (slept_) {
+        change([end = slept_->sleep.from](QuillmereState& state,
+                                          Instant now) { amendments::forgotToEnd(state, end, now); },
+               "The session has not ended earlier: ");
+    }
 }
 
 void Watch::change(const workspace::Operation& operation, const std::string& refusal)

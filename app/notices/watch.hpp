@@ -11,6 +11,7 @@
 #include "notices/notifier.hpp"
 #include "notices/notifier_channel.hpp"
 #include "notices/subprocesses.hpp"
+#include "work/slept_through.hpp"
 #include "workspace/leader_lock.hpp"
 #include "workspace/open_workspace.hpp"
 
@@ -69,13 +70,15 @@ public:
 
 private:
     void refresh(base::Moment now);
+    /// Notes a sleep of the computer in a focus session.
+    void noteSleep();
     void handleRefreshError(const std::exception& error, base::Moment now);
     void reportWarning(const workspace::Situation& situation);
     void reportWatchTrouble();
     /// As recorded or, while recording fails, as it would be recorded.
     const workspace::Situation& situation() const { return unrecorded_ ? *unrecorded_ : open_->situation(); }
     void deliver(base::Moment now);
-    /// The events to notify of, with those ahead and the reminders.
+    /// The events to notify of, with those ahead, the reminders and a sleep.
     std::vector<StandingEvent> toNotify(std::vector<StandingEvent> events) const;
     void runHooks(const std::vector<StandingEvent>& events, base::Moment now);
     /// Runs a hook that has not been run for the event; false when it must wait.
@@ -87,6 +90,8 @@ private:
     void openScreen();
     void extendBreak();
     void extendFocus();
+    void makeSleepAPause();
+    void endBeforeSleep();
     /// Applies an operation; says `refusal` with the reason when that fails.
     void change(const workspace::Operation& operation, const std::string& refusal);
 
@@ -103,6 +108,8 @@ private:
         restEnds_{};  ///< until then changes of the directory are ignored, and errors not tried again
     DeliveryLog deliveryLog_;
     bool isLogPruned_ = false;
+    base::SleepDetector sleeps_;
+    std::optional<work::SleptThrough> slept_;
     std::set<std::string> printed_;
     Subprocesses subprocesses_;
     bool hooksWait_ = false;

@@ -21,8 +21,13 @@ namespace {
 /// Runs the screen: waits for keys, signals, changed files and the next second or minute.
 class Loop {
 public:
-    Loop(Screen& screen, Terminal& terminal, const base::HeldSignals& signals, const Clock& clock)
-        : screen_(screen), terminal_(terminal), signals_(signals), clock_(clock)
+    Loop(Screen& screen, Terminal& terminal, const base::HeldSignals& signals,
+         const base::Environment& environment)
+        : screen_(screen),
+          terminal_(terminal),
+          signals_(signals),
+          clock_(environment.clock),
+          sleeps_(environment.suspended)
     {
     }
 
@@ -64,6 +69,9 @@ private:
         const bool hasKeys = terminal_.hasMoreKeys() || sources[0].isReady();
         if ((!isReady && !hasKeys) || sources[2].isReady()) {
             screen_.refresh();
+        }
+        if (const std::optional<base::Sleep> sleep = sleeps_.take(clock_())) {
+            screen_.noteSleep(*sleep);
         }
         if (!isReady && !hasKeys) {
             screen_.compressVersion();
@@ -112,6 +120,7 @@ private:
     Terminal& terminal_;
     const base::HeldSignals& signals_;
     const Clock& clock_;
+    base::SleepDetector sleeps_;
     int ending_ = 0;
 };
 
@@ -136,7 +145,7 @@ void showScreen(const workspace::Workspace& workspace, const base::Environment& 
         Screen screen(workspace, work::Drafts(workspace.stateDirectory()), route, configuration);
         Terminal terminal;
         const CrashHandler crashHandler;
-        ending = Loop(screen, terminal, signals, environment.clock).run();
+        ending = Loop(screen, terminal, signals, environment).run();
         farewell = screen.takeSilenceWarning();
     }
     if (ending != 0) {

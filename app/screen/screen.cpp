@@ -47,6 +47,19 @@ void Screen::refresh()
     follow(before);
 }
 
+void Screen::noteSleep(const base::Sleep& sleep)
+{
+    if (!presenter_.noteSleep(sleep)) {
+        return;
+    }
+    if (work::actionFor(work::ActionId::wasAway, situation())) {
+        presenter_.say(keyName(work::ActionId::wasAway) + " makes it a pause.");
+    }
+    if (work::actionFor(work::ActionId::endEarlier, situation())) {
+        presenter_.say(keyName(work::ActionId::endEarlier) + " ends the session then.");
+    }
+}
+
 void Screen::follow(const std::optional<work::FormSubject>& before)
 {
     for (const work::FormSubject& closed : presenter_.takeClosedForms()) {

@@ -26,6 +26,9 @@ public:
     /// Presenter::compressVersion.
     void compressVersion() { presenter_.compressVersion(); }
 
+    /// As Presenter::noteSleep; says the keys that correct the session.
+    void noteSleep(const base::Sleep& sleep);
+
     /// Presenter::takeSilenceWarning.
     std::string takeSilenceWarning() { return presenter_.takeSilenceWarning(); }
 

@@ -126,6 +126,15 @@ void Presenter::warnOfNoWatch()
     }
 }
 
+bool Presenter::noteSleep(const base::Sleep& sleep)
+{
+    slept_ = isUsable() ? sleptThrough(sleep, state()) : std::nullopt;
+    if (slept_) {
+        say(sleepText(*slept_, {situation().now, values_.hours}));
+    }
+    return slept_.has_value();
+}
+
 std::string Presenter::takeSilenceWarning()
 {
     if (!isUsable() || state().workflowState != WorkflowState::focusing || isToldOfSilence_ ||
@@ -280,6 +289,9 @@ void Presenter::perform(const Action& action)
 {
     if (const auto* const form = std::get_if<FormKind>(&action.effect)) {
         open(openedForm_, subjectOf(*form, state()));
+        if (slept_ && stands(*slept_, state())) {
+            fillIn(*openedForm_, slept_->sleep, situation().now);
+        }
     } else {
         change(keepingWords(std::get<Action::Operation>(action.effect), drafts_, values_), action.done);
     }

@@ -8,6 +8,7 @@
 #include "work/forms/forms.hpp"
 #include "work/models.hpp"
 #include "work/recall/moment.hpp"
+#include "work/slept_through.hpp"
 #include "work/state_change.hpp"
 #include "work/undo/undo_step.hpp"
 #include "workspace/retrying_workspace.hpp"
@@ -61,6 +62,10 @@ public:
     /// Whether the bell is to ring: an event happened since the last call, or a question of another program
     /// that may interrupt, and the person wants sound.
     bool takeBell() { return std::exchange(bell_, false) && values_.sound; }
+
+    /// Notes that the computer slept: says so where it was in a focus session, and returns whether it was.
+    /// The forms that correct the session then begin with the times of the sleep.
+    bool noteSleep(const base::Sleep& sleep);
 
     /// Where a focus session runs and no watch does: the sentence that nothing will ring at its end. Empty
     /// otherwise, and after the first time.
@@ -133,6 +138,7 @@ private:
     std::vector<FormSubject> closedForms_;
     const Action* toConfirm_ = nullptr;
     std::optional<UndoStep> stepToConfirm_;
+    std::optional<SleptThrough> slept_;
     std::optional<LastShown> lastShown_;
     std::string message_;
     bool areOldDraftsRemoved_ = false;

@@ -34,6 +34,7 @@ ClockedWatch::ClockedWatch(const Person& person, notices::NotifierChannel& chann
           .inputIsTerminal = false,
           .outputIsTerminal = false,
           .stateHome = stateHome,
+          .suspended = [this] { return person_.suspendedSeconds; },
       },
       watch_(workspace::Workspace::in(directory, environment_.clock, stateHome), environment_, settings,
              channel)

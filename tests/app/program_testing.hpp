@@ -41,6 +41,7 @@ class Person {
 public:
     /// The time on the person's clock. Usually between whole seconds, as on real clocks.
     Instant now = moment + 0.75;
+    double suspendedSeconds = 0;            ///< base::suspendedSeconds of the person's computer
     bool isAsked = false;                   ///< standard input is a terminal, so the program may ask
     bool seesColour = false;                ///< standard output is a terminal that shows colours
     std::string answers;                    ///< the content of standard input

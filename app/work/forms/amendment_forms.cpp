@@ -7,6 +7,7 @@
 #include "work/break_extension.hpp"
 #include "work/done_text.hpp"
 #include "work/fields/unacceptable.hpp"
+#include "work/forms/forms.hpp"
 #include "work/forms/record_forms.hpp"
 
 namespace quillmere::work {
@@ -22,7 +23,21 @@ Answer answerIn(const Form& form, const Prompt& prompt)
 
 void addLine(Form& form, const Prompt& prompt) { form.add(fieldOf(prompt, "", std::string())); }
 
+void setTime(Form& form, const Prompt& prompt, Instant instant, Instant now)
+{
+    if (const std::optional<std::size_t> index = form.indexOf(prompt.name)) {
+        form.setValue(*index, base::localSecondSeenFrom(now, instant));
+    }
+}
+
 }  // namespace
+
+void fillIn(Form& form, const base::Sleep& sleep, Instant now)
+{
+    setTime(form, earlierEndPrompt, sleep.from, now);
+    setTime(form, awayFromPrompt, sleep.from, now);
+    setTime(form, awayToPrompt, sleep.to, now);
+}
 
 void addLengthFields(Form& form, const QuillmereState& state, Instant)
 {

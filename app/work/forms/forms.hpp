@@ -1,6 +1,7 @@
 // The forms of all records: which one a state asks for, how it begins, and how it is saved.
 #pragma once
 
+#include "base/system/sleep_detector.hpp"
 #include "base/text/local_time.hpp"
 #include "config/values.hpp"
 #include "work/forms/form.hpp"
@@ -48,6 +49,9 @@ Move moveOf(const Form& form, const QuillmereState& state);
 /// The form of a block with the words and lengths of another one, as if the person had typed them; its time
 /// to begin stays.
 Form filledLike(const Block& model, Form form);
+
+/// Fills in the times of a sleep of the computer where the form asks for an earlier end or for an absence.
+void fillIn(Form& form, const base::Sleep& sleep, Instant now);
 
 /// The sentence that says in full how the times in the form are understood; empty for a form without a time.
 /// Throws Unacceptable.

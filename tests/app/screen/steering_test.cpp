@@ -237,5 +237,31 @@ TEST_F(SteeringAtTheScreen, losesAFormThatDoesNotFitAnyMore)
     EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
 }
 
+TEST_F(SteeringAtTheScreen, offersAPauseOrAnEarlierEndAfterASleepOfTheComputer)
+{
+    opens(stateIn(WorkflowState::focusing));
+    waits(900);
+    ui->noteSleep({.from = moment + 300, .to = moment + 900});
+    EXPECT_TRUE(shows("The computer slept from 15:05 to 15:15. w makes it a pause."));
+    presses("w");
+    EXPECT_TRUE(shows("15:05:00"));
+    EXPECT_TRUE(shows("15:15:00"));
+    presses(save);
+    EXPECT_EQ(person.state().currentSession()->accumulatedPausedSeconds, 600);
+
+    opens(stateIn(WorkflowState::focusing));
+    ui->noteSleep({.from = moment + 300, .to = moment + 900});
+    presses("t");
+    presses(save);
+    EXPECT_EQ(person.state().currentSession()->endedAt, moment + 300);
+}
+
+TEST_F(SteeringAtTheScreen, saysNothingOfASleepOutsideAFocusSession)
+{
+    opens(stateIn(WorkflowState::breaking));
+    ui->noteSleep({.from = moment, .to = moment + 200});
+    EXPECT_FALSE(shows("The computer slept"));
+}
+
 }  // namespace
 }  // namespace quillmere::test
