@@ -7,6 +7,8 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <array>
+#include <string_view>
 
 namespace quillmere::cli {
 namespace {
@@ -40,9 +42,61 @@ void showExamples(CLI::App& group, const std::string& above = "")
     }
 }
 
-}  // namespace
+struct CommandRow {
+    std::string_view name;
+    void (*add)(CLI::App&, Program&);
+    bool looksAtAll = false;  ///< needs the other commands beside it
+};
 
-void defineCommandLine(CLI::App& line, Program& program)
+// clang-format off
+// In the order of the help. ui after status: both set the action for a command line without a command, and on a
+// terminal the screen replaces the status.
+constexpr auto commandRows = std::to_array<CommandRow>({
+    {"status",    addStatus},
+    {"ui",        addUi},
+    {"plan",      addPlan},
+    {"start",     addStart},
+    {"edit",      addEdit},
+    {"cancel",    addCancel},
+    {"change",    addChange},
+    {"now",       addNow},
+    {"focus",     addFocus},
+    {"pause",     addPause},
+    {"resume",    addResume},
+    {"extend",    addExtend},
+    {"away",      addAway},
+    {"end",       addEnd},
+    {"review",    addReview},
+    {"break",     addBreak},
+    {"finish",    addFinish},
+    {"reflect",   addReflect},
+    {"ask",       addAsk},
+    {"questions", addQuestions},
+    {"answer",    addAnswer},
+    {"history",   addHistory},
+    {"report",    addReport},
+    {"amend",     addAmend},
+    {"delete",    addDelete},
+    {"reset",     addReset},
+    {"undo",      addUndo},
+    {"redo",      addRedo},
+    {"restore",   addRestore},
+    {"widget",    addWidget},
+    {"bar",       addBar},
+    {"agent",     addAgent},
+    {"open",      addOpen},
+    {"tick",      addTick},
+    {"watch",     addWatch},
+    {"tour",      addTour},
+    {"config",    addConfig},
+    {"doctor",    addDoctor},
+    {"help",      addHelp, true},
+    {"version",   addVersion},
+    {"complete",  addComplete, true},
+});
+// clang-format on
+
+void addGlobalOptions(CLI::App& line, Program& program)
 {
     line.add_option("--directory", program.settings().directory, "Keep the files in this directory")
         ->type_name("DIRECTORY")
@@ -50,22 +104,34 @@ void defineCommandLine(CLI::App& line, Program& program)
     line.add_flag("--json", program.settings().json, "Print JSON, for programs");
     line.set_help_flag("-h,--help", "Print this help");
     line.require_subcommand(0, 1);
-    // addUi after addStatus: both set the action for a command line without a command, and on a terminal the
-    // screen replaces the status.
-    // clang-format off
-    for (const auto add : {
-             addStatus, addUi,
-             addPlan, addStart, addEdit, addCancel, addChange,
-             addNow, addFocus, addPause, addResume, addExtend, addAway, addEnd, addReview, addBreak,
-             addFinish, addReflect,
-             addAsk, addQuestions, addAnswer,
-             addHistory, addReport, addAmend, addDelete, addReset, addUndo, addRedo, addRestore,
-             addWidget, addBar, addAgent, addOpen,
-             addTick, addWatch, addTour, addConfig, addDoctor, addHelp, addVersion, addComplete}) {
-        // clang-format on
-        add(line, program);
+}
+
+}  // namespace
+
+void defineCommandLine(CLI::App& line, Program& program)
+{
+    addGlobalOptions(line, program);
+    for (const CommandRow& row : commandRows) {
+        row.add(line, program);
     }
     showExamples(line);
+}
+
+bool defineNamedCommands(CLI::App& line, Program& program, const std::vector<std::string>& arguments)
+{
+    addGlobalOptions(line, program);
+    bool isAnyNamed = false;
+    for (const CommandRow& row : commandRows) {
+        if (std::find(arguments.begin(), arguments.end(), row.name) == arguments.end()) {
+            continue;
+        }
+        if (row.looksAtAll) {
+            return false;
+        }
+        row.add(line, program);
+        isAnyNamed = true;
+    }
+    return isAnyNamed;
 }
 
 void parse(const std::vector<std::string>& arguments, CLI::App& line)

@@ -17,6 +17,11 @@ class Program;
 /// {yes,half,no}, or a kind of candidates such as BLOCK (cli::isCandidateKind).
 void defineCommandLine(CLI::App& line, Program& program);
 
+/// Adds the global options and only the commands that the arguments name: to put all together takes longer
+/// than what most commands do. Returns false when none is named, or one that looks at the others. Arguments
+/// that cannot be parsed with it need the whole, for what is said about them.
+bool defineNamedCommands(CLI::App& line, Program& program, const std::vector<std::string>& arguments);
+
 /// Parses the arguments into the settings and the action of the program. Throws
 /// CLI::ParseError, and as CLI::Success when help or the version is asked for.
 void parse(const std::vector<std::string>& arguments, CLI::App& line);

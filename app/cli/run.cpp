@@ -58,9 +58,27 @@ const char* outOfMemoryText(bool asJson, bool isCarriedOut)
                   : "There is not enough memory.";
 }
 
+/// Whether the arguments can be parsed with the commands alone that they name.
+bool parseNamed(const std::vector<std::string>& arguments, CLI::App& line, Program& program)
+{
+    try {
+        if (defineNamedCommands(line, program, arguments)) {
+            parse(arguments, line);
+            return true;
+        }
+    } catch (const CLI::ParseError&) {
+    }
+    program.settings() = {};
+    return false;
+}
+
 /// Parses everything before the action runs, since global options may follow the command.
 ExitCode parseAndRun(const std::vector<std::string>& arguments, Program& program)
 {
+    CLI::App named;  // until the action has run, which may look at its options
+    if (parseNamed(arguments, named, program)) {
+        return runAction(program);
+    }
     CLI::App line("Quillmere: plan a block of work, focus, rest, look back.", "quillmere");
     defineCommandLine(line, program);
     try {

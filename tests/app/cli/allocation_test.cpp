@@ -10,7 +10,7 @@ TEST(Allocations, failingAreReportedAsAJsonObject)
     const TemporaryDirectory directory;
     const Words words = {"--directory", directory.path().string(), "pause", "--json"};
     runFailing(0, words, moment);
-    for (std::size_t allocation = 0; allocation < 600; allocation += 60) {
+    for (std::size_t allocation = 0; allocation < 60; allocation += 6) {
         const FailingRun run = runFailing(allocation, words, moment);
         EXPECT_EQ(run.code, ExitCode::outOfMemory);
         EXPECT_EQ(jsonAt("/error", run.err),

@@ -1,4 +1,11 @@
 // How the arguments are parsed: global options, directories, misuse, help.
+#include "cli/command_line.hpp"
+
+#include <CLI/CLI.hpp>
+
+#include <sstream>
+
+#include "cli/program.hpp"
 #include "program_testing.hpp"
 
 namespace quillmere::test {
@@ -40,6 +47,38 @@ TEST(GlobalOptions, mayStandAnywhereAroundACommandOfTwoWords)
         EXPECT_EQ(jsonAt("/events", ending.out), "[]");
         EXPECT_EQ(person.state().breakExtensionSeconds, extension += 60);
     }
+}
+
+TEST(NamedCommands, areTheSameAsAmongAll)
+{
+    std::istringstream in;
+    std::ostringstream out;
+    base::Environment environment{.in = in,
+                                  .out = out,
+                                  .err = out,
+                                  .clock = [] { return moment; },
+                                  .inputIsTerminal = false,
+                                  .outputIsTerminal = false};
+    cli::Program program(environment);
+    CLI::App all;
+    cli::defineCommandLine(all, program);
+    for (const CLI::App* const command : all.get_subcommands(nullptr)) {
+        CLI::App named;
+        const std::string name = command->get_name();
+        const bool looksAtAll = name == "help" || name == "complete";
+        ASSERT_NE(cli::defineNamedCommands(named, program, {name}), looksAtAll) << name;
+        if (!looksAtAll) {
+            ASSERT_EQ(named.get_subcommands(nullptr).size(), 1u) << name;
+            EXPECT_EQ(named.get_subcommands(nullptr).front()->get_name(), name);
+        }
+    }
+}
+
+TEST(NamedCommands, areNotEnoughForWhatIsSaidOfAMisspeltOption)
+{
+    const Person person;
+    EXPECT_EQ(person.types({"status", "--jsn"}).code, ExitCode::usage);
+    EXPECT_NE(person.types({"status", "--jsn"}).err.find("Did you mean --json?"), std::string::npos);
 }
 
 TEST(Directory, mayBeRelativeOrHaveASlashAtItsEnd)
