@@ -26,7 +26,7 @@ void addEndedSessions(Candidates& candidates, const Block& block, const std::str
         if (session.endedAt) {
             candidates.push_back(
                 {name + "." + std::to_string(index + 1),
-                 base::localText(session.startedAt, hours) + "  " + lookback::nameOf(session)});
+                 base::localText(session.startedAt, hours) + "  " + lookback::nameOf(session, block)});
         }
     }
 }

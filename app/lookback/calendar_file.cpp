@@ -58,6 +58,10 @@ std::string descriptionOf(const figures::EndedSession& ended)
         addParagraph(text, "Distractions", session.review->distractions);
         addParagraph(text, "Improvement", session.review->improvement);
     }
+    addParagraph(text, "Block", titlesOf(*ended.block));
+    if (ended.block->reflection) {
+        addParagraph(text, "Result of the block", ended.block->reflection->outputProduced);
+    }
     return text;
 }
 
@@ -89,10 +93,11 @@ std::string eventOf(const figures::EndedSession& ended)
     if (ended.time && calendarTime(*session.endedAt) > calendarTime(session.startedAt)) {
         text += calendarLine("DTEND", calendarTime(*session.endedAt));
     }
-    text += calendarLine("SUMMARY", calendarText(nameOf(session)));
+    text += calendarLine("SUMMARY", calendarText(nameOf(session, *ended.block)));
     if (const std::string description = descriptionOf(ended); !description.empty()) {
         text += calendarLine("DESCRIPTION", calendarText(description));
     }
+    text += calendarLine("CATEGORIES", "Focus");
     return text + calendarLine("END", "VEVENT");
 }
 

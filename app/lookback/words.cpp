@@ -4,6 +4,7 @@
 #include "base/text/duration.hpp"
 #include "lookback/day_text.hpp"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -110,10 +111,29 @@ std::string completionsText(const figures::Completions& completions)
     return text;
 }
 
-std::string nameOf(const WorkSession& session)
+std::string nameOf(const WorkSession& session, const Block& block)
 {
-    return session.plan.intendedOutcome.empty() ? "Session " + std::to_string(session.number)
-                                                : session.plan.intendedOutcome;
+    if (!session.plan.intendedOutcome.empty()) {
+        return session.plan.intendedOutcome;
+    }
+    const Outcome* const served = block.outcomeServed(session.plan);
+    if (served && !served->title.empty()) {
+        return served->title;
+    }
+    const auto titled = std::find_if(block.outcomes.begin(), block.outcomes.end(),
+                                     [](const Outcome& outcome) { return !outcome.title.empty(); });
+    return titled == block.outcomes.end() ? "Session " + std::to_string(session.number) : titled->title;
+}
+
+std::string titlesOf(const Block& block)
+{
+    std::string titles;
+    for (const Outcome& outcome : block.outcomes) {
+        if (!outcome.title.empty()) {
+            titles += (titles.empty() ? "" : "; ") + outcome.title;
+        }
+    }
+    return titles;
 }
 
 std::vector<Fact> factsOf(const figures::LookBack& look)

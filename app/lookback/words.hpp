@@ -29,8 +29,12 @@ std::string completionsText(const figures::Completions& completions);
 /// "yes".
 std::string completionText(CompletionResult completion);
 
-/// The intended outcome of a session, or its number if it has none. Not sanitized.
-std::string nameOf(const WorkSession& session);
+/// The intended outcome of a session; without one the outcome of the block that it serves, or else the first
+/// of the block; without any its number. Not sanitized.
+std::string nameOf(const WorkSession& session, const Block& block);
+
+/// The titles of the block's outcomes: "Outline; First section". Empty without any; not sanitized.
+std::string titlesOf(const Block& block);
 
 struct Fact {
     std::string name;

@@ -3,6 +3,7 @@
 #include "base/text/count.hpp"
 #include "base/text/local_time.hpp"
 #include "lookback/page/markup.hpp"
+#include "lookback/words.hpp"
 #include "work/recall/block_account.hpp"
 #include "work/recall/session_signs.hpp"
 
@@ -40,10 +41,7 @@ std::string escapedLines(std::string_view text)
 
 std::string headingOf(const Block& block, base::Hours hours)
 {
-    std::string titles;
-    for (const work::Fact& title : work::titlesOf(block)) {
-        titles += (titles.empty() ? "" : "; ") + title.text;
-    }
+    const std::string titles = titlesOf(block);
     return element("span", {{"class", "when"}},
                    escaped(base::localText(block.completedAt.value_or(block.createdAt), hours))) +
            " " + element("strong", {}, escaped(titles.empty() ? "A block without an outcome" : titles)) +

@@ -145,7 +145,7 @@ std::string sessionRow(const figures::EndedSession& ended, base::Hours hours)
     return element("tr", {},
                    element("th", {{"scope", "row"}}, escaped(base::localText(session.startedAt, hours))) +
                        element("td", {}, escaped(time)) + element("td", {}, escaped(completion)) +
-                       element("td", {{"class", "text"}}, escaped(nameOf(session))) +
+                       element("td", {{"class", "text"}}, escaped(nameOf(session, *ended.block))) +
                        element("td", {{"class", "text"}}, escaped(result)));
 }
 

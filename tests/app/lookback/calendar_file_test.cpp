@@ -42,15 +42,18 @@ TEST(Calendar, hasAnEventForEachSession)
         "SUMMARY:Outcome of session 1\r\n"
         "DESCRIPTION:Worked: 25 min of 25 min planned\\nPauses: 1 min\\nFirst action: \r\n"
         " First action 1\\nCompleted: half\\nResult: Result 1\\nDistractions: Mail\\nImp\r\n"
-        " rovement: Start with the hard part\r\n"
+        " rovement: Start with the hard part\\nBlock: Chapter one\\; Chapter two\r\n"
+        "CATEGORIES:Focus\r\n"
         "END:VEVENT\r\n"
         "BEGIN:VEVENT\r\n"
         "UID:9F1C2A4E-0B7D-4C55-8E21-0000000002BD\r\n"
         "DTSTAMP:20261115T170000Z\r\n"
         "LAST-MODIFIED:20261115T170000Z\r\n"
         "DTSTART:20261115T160000Z\r\n"
-        "SUMMARY:Session 2\r\n"
-        "DESCRIPTION:Worked: none of 25 min planned\\nPauses: none\r\n"
+        "SUMMARY:Chapter one\r\n"
+        "DESCRIPTION:Worked: none of 25 min planned\\nPauses: none\\nBlock: Chapter on\r\n"
+        " e\\; Chapter two\r\n"
+        "CATEGORIES:Focus\r\n"
         "END:VEVENT\r\n"
         "END:VCALENDAR\r\n";
     EXPECT_EQ(calendarAt(stateWith({session(moment, 1560, 60), brief})), expected);
@@ -194,7 +197,7 @@ TEST(Calendar, isReadBackAsItWasWrittenByAnotherProgram)
                              "event = events[0]\n"
                              "assert len(events) == 1 and not event.errors, event.errors\n"
                              "assert str(event['SUMMARY']) == text, (event['SUMMARY'], text)\n"
-                             "assert str(event['DESCRIPTION']).count(text) == 4\n"
+                             "assert str(event['DESCRIPTION']).count(text) == 5\n"
                              "print(event['UID'], event.decoded('DTSTART'), event.decoded('DTEND'),\n"
                              "      event.decoded('DTSTAMP'))\n");
     EXPECT_EQ(ending.code, 0) << ending.err;
