@@ -115,7 +115,8 @@ TEST(Recall, hasAtEachMomentTheWordsThatHelp)
          {"why", "done-test", "block-hazards", "result-of-2", "distractions-of-2", "improvement-of-2",
           "next-meant", "next-first", "next-hazards", "next-framing", "Sessions=½ ½ ·"}},
         {WorkflowState::focusing,
-         {"meant-of-2", "first-of-2", "hazards-of-2", "framing-of-2", "outcome-1", "why", "Sessions=½ ◐ ·"}},
+         {"[meant-of-2]", "First=first-of-2", "If=hazards-of-2", "View=framing-of-2", "For=outcome-1", "=why",
+          "Worked=25 min", "½ 1=meant-of-1", "◐ 2=meant-of-2", "Done when=done-test"}},
         {WorkflowState::sessionReview, {"meant-of-2", "first-of-2", "hazards-of-2", "framing-of-2"}},
         {WorkflowState::breaking,
          {"meant-of-2", "result-of-2", "distractions-of-2", "improvement-of-2", "next-meant", "next-first",
@@ -158,6 +159,37 @@ TEST(Recall, ofTheFirstStartSaysWhatABlockIs)
         work::recallAt({.state = QuillmereState::initial(moment), .events = {}, .now = moment}, {});
     ASSERT_EQ(recall.size(), 1u);
     EXPECT_EQ(recall.front().facts.size(), 3u);
+}
+
+TEST(Recall, saysOnceWhatASessionAndItsOutcomeBothSay)
+{
+    workspace::Situation situation = situationIn(WorkflowState::focusing);
+    situation.state.currentBlock->sessions.back().plan.intendedOutcome = "outcome-1";
+    EXPECT_NE(recallText(work::recallAt(situation, {})).find("For=why"), std::string::npos);
+    situation = situationIn(WorkflowState::sessionReview);
+    situation.state.currentBlock->sessions.back().plan.intendedOutcome = "outcome-1";
+    const std::string text = recallText(work::recallAt(situation, {}));
+    EXPECT_NE(text.find("Outcome=outcome-1"), std::string::npos) << text;
+    EXPECT_EQ(text.find("Towards"), std::string::npos) << text;
+}
+
+TEST(Recall, inAFirstSessionHasNoListOfSessions)
+{
+    workspace::Situation situation = situationIn(WorkflowState::focusing);
+    situation.state.currentBlock->sessions.erase(situation.state.currentBlock->sessions.begin());
+    const std::string text = recallText(work::recallAt(situation, {}));
+    EXPECT_EQ(text.find("◐"), std::string::npos) << text;
+}
+
+TEST(Recall, hasTheLastFourSessionsOfMany)
+{
+    workspace::Situation situation = situationIn(WorkflowState::focusing);
+    std::vector<WorkSession>& sessions = situation.state.currentBlock->sessions;
+    sessions.insert(sessions.begin(), 3, sessions.front());
+    const std::vector<work::Fact> facts = work::recallAt(situation, {}).back().facts;
+    EXPECT_EQ(std::count_if(facts.begin(), facts.end(),
+                            [](const work::Fact& fact) { return fact.completion.has_value(); }),
+              3);
 }
 
 TEST(Recall, hasNoEmptyFactsAndNoEmptyPassages)
