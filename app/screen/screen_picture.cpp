@@ -4,6 +4,7 @@
 #include "screen/canvas/flow.hpp"
 #include "screen/canvas/layout.hpp"
 #include "screen/screen.hpp"
+#include "work/event_text.hpp"
 #include "work/forms/forms.hpp"
 #include "work/situation_view.hpp"
 
@@ -152,7 +153,7 @@ Frame Screen::frame() const
         // Some captions are only the title again.
         frame.caption = view.caption == view.title ? "" : view.caption + (isPaused ? ", paused" : "");
         frame.accent = view.accent;
-        frame.note = questionCount();
+        frame.note = view.openQuestionCount == 0 ? "" : work::waitingQuestionsText(view.openQuestionCount);
     }
     return frame;
 }
@@ -203,8 +204,8 @@ Canvas Screen::picture(Charset charset) const
                    {.accent = surrounding.accent, .bold = true});
     } else if (page_ == Page::keys) {
         drawKeyList(canvas, area, allKeys(), {.accent = surrounding.accent, .bold = true});
-    } else if (const auto view = work::SituationView::of(situation()); view.timer) {
-        drawCountdown(canvas, area, view, presenter_.recall(), {situation().now, presenter_.hours()});
+    } else if (work::SituationView::of(situation()).timer) {
+        drawCountdown(canvas, area, situation(), presenter_.recall(), presenter_.hours());
     } else {
         drawIdle(canvas, area, situation(), presenter_.hours());
     }

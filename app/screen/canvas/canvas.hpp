@@ -1,6 +1,7 @@
 // A picture in memory, to be shown by a terminal.
 #pragma once
 
+#include <quillmere/records/completion_result.hpp>
 #include <quillmere/widget/design.hpp>
 
 #include <cstddef>
@@ -37,8 +38,10 @@ struct Area {
 /// The style of a text.
 struct Look {
     std::optional<QuillmereDesign::Accent> accent = {};
+    std::optional<CompletionResult> completion = {};  ///< its colour stands before that of the accent
     bool bold = false;
-    bool dim = false;
+    bool dim = false;   ///< secondary text, in the neutral colour
+    bool edge = false;  ///< a line that parts, quieter than any text
 
     friend bool operator==(const Look&, const Look&) = default;
 };

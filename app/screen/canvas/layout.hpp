@@ -26,7 +26,7 @@ inline constexpr auto familyRows = std::to_array<FamilyRow>({
     {QuillmereWidgetFamily::small, {.rows = 0, .columns = 0}},
     {QuillmereWidgetFamily::medium, {.rows = 18, .columns = 64}},
     {QuillmereWidgetFamily::large, {.rows = 24, .columns = 80}},
-    {QuillmereWidgetFamily::extraLarge, {.rows = 32, .columns = 120}},
+    {QuillmereWidgetFamily::extraLarge, {.rows = 24, .columns = 120}},
 });
 static_assert(inCaseOrder(familyRows) && familyRows.size() == supported<QuillmereWidgetFamily>.size());
 
@@ -47,10 +47,11 @@ constexpr std::size_t columnsOf(double points) { return static_cast<std::size_t>
 constexpr std::size_t rowsOf(double points) { return static_cast<std::size_t>(points / 12 + 0.5); }
 
 /// The columns of the empty left and right border.
-constexpr std::size_t marginFor(QuillmereWidgetFamily family)
+constexpr std::size_t marginFor(Size window)
 {
+    constexpr std::size_t leastForWideMargin = 80;
     using namespace QuillmereDesign;
-    return columnsOf(layout(family) == QuillmereWidgetLayout::compact ? Spacing::tight : Spacing::regular);
+    return columnsOf(window.columns >= leastForWideMargin ? Spacing::section : Spacing::regular);
 }
 
 }  // namespace quillmere::screen

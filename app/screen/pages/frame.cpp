@@ -5,11 +5,13 @@
 #include "screen/canvas/layout.hpp"
 #include "screen/pages/pages.hpp"
 
+#include <algorithm>
+
 namespace quillmere::screen {
 namespace {
 
 constexpr std::size_t mostKeyRows = 3;
-constexpr std::size_t mostMessageRows = 3;
+constexpr std::size_t mostMessageRows = 4;
 
 /// Splits the hints into rows of at most `most` columns.
 std::vector<std::vector<KeyHint>> rowsOfHints(const std::vector<KeyHint>& hints, std::size_t most,
@@ -45,7 +47,7 @@ void drawHeadline(Canvas& canvas, const Area& area, const Frame& frame, std::siz
 {
     const Look accented{.accent = frame.accent, .bold = true};
     const std::size_t note = std::min(shownColumns(frame.note), area.columns);
-    canvas.write({area.row, area.column + area.columns - note}, frame.note, accented, note);
+    canvas.write({area.row, area.column + area.columns - note}, frame.note, {}, note);
     const std::size_t title = canvas.write({area.row, area.column}, frame.title, accented);
     const std::size_t taken = title + gap + (note > 0 ? note + gap : 0);
     if (taken < area.columns) {
@@ -69,20 +71,21 @@ Area drawFrame(Canvas& canvas, const Frame& frame)
     using namespace QuillmereDesign;
     const QuillmereWidgetFamily family = familyFor(canvas.size());
     const bool isCompact = layout(family) == QuillmereWidgetLayout::compact;
-    const std::size_t margin = marginFor(family);
+    const std::size_t margin = marginFor(canvas.size());
     const std::size_t gap = columnsOf(isCompact ? Spacing::regular : Spacing::loose);
     Area area{0, margin, canvas.size().rows, canvas.size().columns - 2 * margin};
     drawHeadline(canvas, area, frame, columnsOf(Spacing::regular));
     std::size_t top = 1;
     if (!isCompact) {
-        canvas.write({top++, margin}, ruleOf(area.columns), {.dim = true});
+        canvas.write({top++, margin}, ruleOf(area.columns), {.edge = true});
         top += rowsOf(Spacing::regular);
     }
     const auto hints = rowsOfHints(frame.keys, area.columns, gap);
     const std::size_t firstHint = area.rows - hints.size();
     drawHints(canvas, {firstHint, margin, hints.size(), area.columns}, hints, gap,
               {.accent = frame.accent, .bold = true});
-    const std::vector<std::string> message = base::linesWithin(frame.message, area.columns);
+    const std::vector<std::string> message =
+        base::linesWithin(frame.message, std::min(area.columns, mostTextColumns));
     const std::size_t firstMessage = firstHint - std::min(message.size(), mostMessageRows);
     Flow(canvas, {firstMessage, margin, firstHint - firstMessage, area.columns})
         .paragraph(frame.message, {.bold = true});

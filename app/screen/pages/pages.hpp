@@ -39,11 +39,11 @@ Area drawFrame(Canvas& canvas, const Frame& frame);
 /// The scheduled block and the finished blocks.
 void drawIdle(Canvas& canvas, const Area& area, const workspace::Situation& situation, base::Hours hours);
 
-/// The running timer, and what helps now.
-void drawCountdown(Canvas& canvas, const Area& area, const work::SituationView& view,
-                   const work::Recall& recall, const base::SeenFrom& here);
+/// The running timer, the sessions of the block, and what helps now.
+void drawCountdown(Canvas& canvas, const Area& area, const workspace::Situation& situation,
+                   const work::Recall& recall, base::Hours hours);
 
-/// What a person wrote, told again. A small window shows the first facts, a line each.
+/// What a person wrote, told again. A small window shows the first heading and fact, a line each.
 void drawRecall(Canvas& canvas, const Area& area, const work::Recall& recall, Look heading);
 
 /// The open questions: the chosen one in full, scrolled down by `scrolled` rows.

@@ -70,7 +70,6 @@ TEST(Pages, showTheCountdownAndThePlanInEveryWindow)
     for (const Size window : windows) {
         const std::string picture = pictureOf(stateIn(WorkflowState::focusing), window, Charset::ascii);
         EXPECT_TRUE(shows(picture, "######  ######      ######  ######")) << picture;
-        EXPECT_TRUE(shows(picture, "......")) << picture;
         EXPECT_TRUE(shows(picture, "Outcome of session 1")) << picture;
         EXPECT_TRUE(shows(picture, "First action 1")) << picture;
     }
@@ -116,12 +115,46 @@ TEST(Pages, sayThatTheWindowIsTooSmall)
 TEST(Pages, saySinceWhenTheTimeIsOver)
 {
     const TimeZone here("UTC");
-    Canvas canvas(usualWindow, Charset::ascii);
-    drawCountdown(canvas, {3, 2, 18, 76},
-                  work::SituationView::of({stateIn(WorkflowState::breaking), {}, moment + 375}), {},
-                  moment + 375);
+    Canvas canvas(usualWindow);
+    drawCountdown(canvas, {3, 4, 18, 72}, {stateIn(WorkflowState::breaking), {}, moment + 375}, {},
+                  base::Hours::twentyFour);
     EXPECT_TRUE(shows(canvas.text(), "over since 15:05")) << canvas.text();
-    EXPECT_FALSE(shows(canvas.text(), "......"));
+    EXPECT_FALSE(canvas.cell({3, 4}).look.accent);
+    EXPECT_FALSE(shows(canvas.text(), "─")) << "the bar is full";
+}
+
+TEST(Pages, haveTheEndBesideTheBar)
+{
+    const TimeZone here("UTC");
+    const std::string picture = pictureOf(stateIn(WorkflowState::focusing), usualWindow);
+    EXPECT_TRUE(shows(picture, "──────  until 15:25\n")) << picture;
+}
+
+TEST(Pages, drawAPausedTimeHollow)
+{
+    const TimeZone here("UTC");
+    QuillmereState state = stateIn(WorkflowState::focusing);
+    EXPECT_TRUE(shows(pictureOf(state, usualWindow), "██████"));
+    state.currentBlock->sessions.back().pausedAt = moment;
+    const std::string picture = pictureOf(state, usualWindow);
+    EXPECT_FALSE(shows(picture, "█")) << picture;
+    EXPECT_TRUE(shows(picture, "┌───┐")) << picture;
+    EXPECT_TRUE(shows(picture, "paused since 15:00")) << picture;
+}
+
+TEST(Pages, haveASignForEachSession)
+{
+    QuillmereState state = stateIn(WorkflowState::focusing);
+    state.currentBlock->cycleCount = 3;
+    EXPECT_TRUE(shows(pictureOf(state, usualWindow), "◐  ·  ·"));
+}
+
+TEST(Pages, sayWhatASessionIsForBesideItsTimeInAWideWindow)
+{
+    const std::string beside = "██" + std::string(24, ' ') + "Outcome of session 1";
+    const QuillmereState state = stateIn(WorkflowState::focusing);
+    EXPECT_TRUE(shows(pictureOf(state, {.rows = 24, .columns = 120}), beside));
+    EXPECT_FALSE(shows(pictureOf(state, usualWindow), beside));
 }
 
 TEST(Pages, sayWhatWasMeantBesideTheReviewInAWideWindow)
