@@ -51,6 +51,8 @@ struct Cell {
     std::string text = " ";
     std::size_t columns = 1;  ///< 2 for a wide character, 0 for the second cell that it covers
     Look look = {};
+
+    friend bool operator==(const Cell&, const Cell&) = default;
 };
 
 /// The characters that the terminal can show.

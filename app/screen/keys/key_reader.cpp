@@ -2,6 +2,7 @@
 
 #include <quillmere/records/json/utf8.hpp>
 
+#include <algorithm>
 #include <array>
 
 namespace quillmere::screen {
@@ -40,6 +41,31 @@ constexpr auto sequenceKeys = std::to_array<SequenceKey>({
     {"[8~", Key::Kind::end},        {"[3~", Key::Kind::remove},      {"[1;5D", Key::Kind::wordLeft},
     {"[1;3D", Key::Kind::wordLeft}, {"[1;5C", Key::Kind::wordRight}, {"[1;3C", Key::Kind::wordRight},
 });
+
+/// Letters that move by words with Alt, as in shells. Terminals send Escape before the letter.
+std::optional<Key::Kind> withAlt(unsigned char byte)
+{
+    switch (byte) {
+        case 'b': return Key::Kind::wordLeft;
+        case 'f': return Key::Kind::wordRight;
+        default: return std::nullopt;
+    }
+}
+
+/// ST and BEL.
+constexpr auto answerEnds = std::to_array<std::string_view>({"\x1b\\", "\x07"});
+
+/// Whether an answer about the background may begin so: "11;rgb:1c1c/1c1c/1c1c".
+bool mayBeginAnswer(std::string_view bytes)
+{
+    constexpr std::string_view begin = "11;rgb";
+    constexpr std::string_view others = "a:/0123456789abcdefABCDEF";
+    constexpr std::size_t longest = 40;
+    const std::string_view rest = bytes.substr(std::min(bytes.size(), begin.size()));
+    const std::size_t other = rest.find_first_not_of(others);
+    return begin.starts_with(bytes.substr(0, begin.size())) && bytes.size() < longest &&
+           (other == std::string_view::npos || (other + 1 == rest.size() && rest.back() == '\x1b'));
+}
 
 bool isControl(unsigned char byte) { return byte < 0x20 || byte == 0x7F; }
 
@@ -81,6 +107,7 @@ void KeyReader::take(unsigned char byte)
         case Place::escape: takeAfterEscape(byte); break;
         case Place::sequence: takeInSequence(byte); break;
         case Place::paste: takeInPaste(byte); break;
+        case Place::answer: takeInAnswer(byte); break;
     }
 }
 
@@ -155,9 +182,41 @@ void KeyReader::takeAfterEscape(unsigned char byte)
     if (byte == '[' || byte == 'O') {
         place_ = Place::sequence;
         pending_ = static_cast<char>(byte);
+    } else if (byte == ']' && expectsAnswer_) {
+        place_ = Place::answer;
+        pending_.clear();
+    } else if (const std::optional<Key::Kind> kind = withAlt(byte)) {
+        place_ = Place::text;
+        put({*kind});
     } else {
         pause();
         takeText(byte);
+    }
+}
+
+void KeyReader::takeInAnswer(unsigned char byte)
+{
+    pending_ += static_cast<char>(byte);
+    for (const std::string_view end : answerEnds) {
+        if (pending_.ends_with(end)) {
+            pending_.resize(pending_.size() - end.size());
+            place_ = Place::text;
+            expectsAnswer_ = false;
+            answer_ = std::exchange(pending_, {});
+            return;
+        }
+    }
+    if (!mayBeginAnswer(pending_)) {
+        typeAfterEscape("]" + std::exchange(pending_, {}));
+    }
+}
+
+void KeyReader::typeAfterEscape(const std::string& bytes)
+{
+    place_ = Place::text;
+    put({Key::Kind::escape});
+    for (const char byte : bytes) {
+        take(static_cast<unsigned char>(byte));
     }
 }
 
