@@ -88,8 +88,7 @@ void Screen::press(const Key& key)
 
 void Screen::take(const Key& key)
 {
-    const bool isVisible = presenter_.isUsable() && isLargeEnough(window_);
-    if (holdsKeys_ && isVisible) {
+    if (holdsKeys_ && isVisible()) {
         if (key.kind == Key::Kind::escape) {
             holdsKeys_ = false;
             presenter_.clearMessage();
@@ -97,7 +96,7 @@ void Screen::take(const Key& key)
         return;
     }
     presenter_.clearMessage();
-    if (!isVisible) {
+    if (!isVisible()) {
         // A person does not change what they cannot see.
         presenter_.confirm(false);
         isOver_ = isLetter(key, "q");

@@ -76,6 +76,11 @@ private:
     void follow(const std::optional<work::FormSubject>& before);
     std::optional<work::FormSubject> subject() const;
 
+    /// Whether the window shows all that keys can change now.
+    bool isVisible() const;
+    /// The picture in a window without room for a page.
+    Canvas smallPicture(Charset charset) const;
+
     Frame frame() const;
     std::string message() const;
     /// The area inside the frame.

@@ -1,4 +1,5 @@
 // The picture of the live screen.
+#include "base/text/columns.hpp"
 #include "base/text/count.hpp"
 #include "screen/action_keys.hpp"
 #include "screen/canvas/flow.hpp"
@@ -175,13 +176,38 @@ Area Screen::besideRecall(Area area) const
     return area;
 }
 
+bool Screen::isVisible() const
+{
+    if (!presenter_.isUsable() || !contains(window_, leastSmallSize)) {
+        return false;
+    }
+    constexpr std::size_t headlineAndKeys = 2;
+    const bool isWork = !form() && page_ == Page::work;
+    const bool isWhole =
+        base::linesWithin(presenter_.question(), window_.columns).size() <= window_.rows - headlineAndKeys;
+    return isLargeEnough(window_) || (isWork && isWhole);
+}
+
+Canvas Screen::smallPicture(Charset charset) const
+{
+    Canvas canvas(window_, charset);
+    if (!contains(window_, leastSmallSize)) {
+        Flow(canvas, canvas.area()).paragraph("Too small: 20 columns and 5 rows are needed. q quits.");
+    } else if (!presenter_.isUsable()) {
+        drawSmallNotice(canvas, frame(), presenter_.trouble());
+    } else if (!isVisible()) {
+        drawSmallNotice(canvas, frame(), "This needs 40 columns and 12 rows. q quits.");
+    } else {
+        drawSmallWork(canvas, frame(), situation(), presenter_.hours());
+    }
+    return canvas;
+}
+
 Canvas Screen::picture(Charset charset) const
 {
     Canvas canvas(window_, charset);
     if (!isLargeEnough(window_)) {
-        Flow(canvas, canvas.area())
-            .paragraph("This window is too small: Quillmere needs 40 columns and 12 rows. q quits.");
-        return canvas;
+        return smallPicture(charset);
     }
     const Frame surrounding = frame();
     const Area area = drawFrame(canvas, surrounding);

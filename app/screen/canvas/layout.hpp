@@ -11,11 +11,15 @@ namespace quillmere::screen {
 
 /// The smallest window with room for a page.
 inline constexpr Size leastSize{.rows = 12, .columns = 40};
+/// The smallest window with room for the phase, the time and a line.
+inline constexpr Size leastSmallSize{.rows = 5, .columns = 20};
 
-constexpr bool isLargeEnough(Size window)
+constexpr bool contains(Size window, Size least)
 {
-    return window.rows >= leastSize.rows && window.columns >= leastSize.columns;
+    return window.rows >= least.rows && window.columns >= least.columns;
 }
+
+constexpr bool isLargeEnough(Size window) { return contains(window, leastSize); }
 
 struct FamilyRow {
     QuillmereWidgetFamily value;

@@ -61,6 +61,13 @@ void drawModels(Canvas& canvas, const Area& area, const std::vector<work::Model>
 /// All keys, one a row.
 void drawKeyList(Canvas& canvas, const Area& area, const std::vector<KeyHint>& keys, Look look);
 
+/// The work in a window without room for a page: the phase, the time, one line. A message stands before them.
+void drawSmallWork(Canvas& canvas, const Frame& frame, const workspace::Situation& situation,
+                   base::Hours hours);
+
+/// The phase and a sentence in such a window.
+void drawSmallNotice(Canvas& canvas, const Frame& frame, std::string_view sentence);
+
 /// Why the files cannot be used.
 void drawTrouble(Canvas& canvas, const Area& area, std::string_view trouble);
 

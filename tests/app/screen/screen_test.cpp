@@ -605,11 +605,34 @@ TEST_F(ScreenOfAPerson, changesNothingInAWindowThatIsTooSmall)
 {
     opens(stateIn(WorkflowState::focusing));
     presses("e");
-    ui->resize({.rows = 5, .columns = 20});
+    ui->resize({.rows = 4, .columns = 20});
     presses("yp");
     EXPECT_EQ(person.state(), stateIn(WorkflowState::focusing));
     presses("q");
     EXPECT_TRUE(ui->isOver());
+}
+
+TEST_F(ScreenOfAPerson, confirmsInASmallWindowOnlyWhatItShowsWhole)
+{
+    opens(stateIn(WorkflowState::focusing));
+    ui->resize({.rows = 5, .columns = 20});
+    presses("e");
+    EXPECT_TRUE(shows("before its time?"));
+    presses("n");
+    presses("f");
+    EXPECT_FALSE(shows("Finish the block?"));
+    presses("y");
+    EXPECT_EQ(person.state(), stateIn(WorkflowState::focusing));
+    presses("ey");
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
+}
+
+TEST_F(ScreenOfAPerson, pausesInASmallWindow)
+{
+    opens(stateIn(WorkflowState::focusing));
+    ui->resize({.rows = 5, .columns = 20});
+    presses(" ");
+    EXPECT_TRUE(shows("paused"));
 }
 
 TEST_F(ScreenOfAPerson, readsLongMessagesInASmallWindowToo)

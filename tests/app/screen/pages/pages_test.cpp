@@ -105,10 +105,49 @@ TEST(Pages, sanitizeTheTextsOfTheFiles)
     }
 }
 
-TEST(Pages, sayThatTheWindowIsTooSmall)
+TEST(SmallWindow, hasThePhaseTheTimeAndALine)
 {
-    EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::focusing), {.rows = 11, .columns = 80}), "too small"));
-    EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::focusing), {.rows = 24, .columns = 39}), "too small"));
+    const TimeZone here("UTC");
+    EXPECT_EQ(pictureOf(stateIn(WorkflowState::focusing), {.rows = 5, .columns = 20}),
+              "Focus Session 1 of 3\n"
+              "25:00  until 15:25\n"
+              "────────────────────\n"
+              "Outcome of session 1\n"
+              "space pause\n");
+    const std::string idle = pictureOf(stateIn(WorkflowState::idle), {.rows = 5, .columns = 20});
+    EXPECT_TRUE(shows(idle, "p plan a block")) << idle;
+}
+
+TEST(SmallWindow, saysThatTheTimeStands)
+{
+    QuillmereState state = stateIn(WorkflowState::focusing);
+    state.currentBlock->sessions.back().pausedAt = moment;
+    const std::string picture = pictureOf(state, {.rows = 5, .columns = 20});
+    EXPECT_TRUE(shows(picture, "25:00  paused\n")) << picture;
+    EXPECT_TRUE(shows(picture, "space go on")) << picture;
+}
+
+TEST(SmallWindow, hasLargeDigitsWhereRowsAreLeft)
+{
+    EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::focusing), {.rows = 9, .columns = 36}), "██████"));
+}
+
+TEST(SmallWindow, asksForMoreRoomForAForm)
+{
+    const std::string picture = pictureOf(stateIn(WorkflowState::sessionReview), {.rows = 5, .columns = 20});
+    EXPECT_EQ(picture,
+              "Review Review this…\n"
+              "This needs 40\n"
+              "columns and 12 rows.\n"
+              "q quits.\n"
+              "\n");
+}
+
+TEST(SmallWindow, saysWhenItIsTooSmall)
+{
+    for (const Size window : {Size{.rows = 4, .columns = 80}, Size{.rows = 24, .columns = 19}}) {
+        EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::focusing), window), "Too small"));
+    }
     EXPECT_NO_FATAL_FAILURE(pictureOf(stateIn(WorkflowState::focusing), {.rows = 1, .columns = 1}));
 }
 
