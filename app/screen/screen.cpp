@@ -76,8 +76,26 @@ std::optional<work::FormSubject> Screen::subject() const
     return form() ? std::optional(form()->form()->subject()) : std::nullopt;
 }
 
+void Screen::click(Place place)
+{
+    if (!isLargeEnough(window_)) {
+        return;
+    }
+    const Frame shown = frame();
+    const KeyHint* const hint = hintAt(shown, window_, place);
+    if (hint && hint->key == "^C") {
+        isOver_ = true;  // pressed, it is a signal
+    } else if (const std::optional<Key> key = hint ? keyNamed(hint->key) : std::nullopt) {
+        press(*key);
+    }
+}
+
 void Screen::press(const Key& key)
 {
+    if (key.kind == Key::Kind::click) {
+        click(key.place);
+        return;
+    }
     if (key.kind == Key::Kind::paste && !form()) {
         return;  // pasted text gives no commands
     }

@@ -60,6 +60,8 @@ private:
     const FormEditor* form() const { return const_cast<Screen*>(this)->form(); }
 
     void take(const Key& key);
+    /// Presses the key whose hint stands there.
+    void click(Place place);
     void pressOnWork(const Key& key);
     /// Keys of the pages of work and of keys.
     void pressForAction(const Key& key);

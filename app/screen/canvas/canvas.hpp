@@ -22,8 +22,8 @@ struct Size {
 
 /// A cell, counted from 0 at the top left.
 struct Place {
-    std::size_t row;
-    std::size_t column;
+    std::size_t row = 0;
+    std::size_t column = 0;
 
     friend bool operator==(const Place&, const Place&) = default;
 };

@@ -85,7 +85,8 @@ Effect TextEditor::take(const Key& key, std::size_t columns)
         case Key::Kind::backTab:
         case Key::Kind::pageUp:
         case Key::Kind::pageDown:
-        case Key::Kind::escape: break;
+        case Key::Kind::escape:
+        case Key::Kind::click: break;
     }
     return Effect::notForIt;
 }

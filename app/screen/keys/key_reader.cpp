@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <utility>
 
 namespace quillmere::screen {
 namespace {
@@ -48,6 +50,46 @@ std::optional<Key::Kind> withAlt(unsigned char byte)
     switch (byte) {
         case 'b': return Key::Kind::wordLeft;
         case 'f': return Key::Kind::wordRight;
+        default: return std::nullopt;
+    }
+}
+
+/// The next number of a sequence, and what ends it, are removed from its front. Absent for none, or one too
+/// large for a screen.
+std::optional<std::size_t> takeNumber(std::string_view& rest)
+{
+    std::size_t number = 0;
+    const auto [stop, error] = std::from_chars(rest.data(), rest.data() + rest.size(), number);
+    const auto taken = static_cast<std::size_t>(stop - rest.data());
+    constexpr std::size_t most = 10'000;
+    if (error != std::errc() || taken == rest.size() || number > most) {
+        return std::nullopt;
+    }
+    rest.remove_prefix(taken + 1);
+    return number;
+}
+
+/// A press of the mouse as xterm reports it in its mode 1006: "[<0;10;5M", the first column and row being 1.
+std::optional<Key> mouseKey(std::string_view sequence)
+{
+    constexpr std::string_view begin = "[<";
+    constexpr std::size_t firstButton = 0;
+    constexpr std::size_t wheelUp = 64;
+    constexpr std::size_t wheelDown = 65;
+    if (!sequence.starts_with(begin) || !sequence.ends_with('M')) {
+        return std::nullopt;
+    }
+    std::string_view rest = sequence.substr(begin.size());
+    const auto button = takeNumber(rest);
+    const auto column = button ? takeNumber(rest) : std::nullopt;
+    const auto row = column ? takeNumber(rest) : std::nullopt;
+    if (!row || !rest.empty() || *column == 0 || *row == 0) {
+        return std::nullopt;
+    }
+    switch (*button) {
+        case firstButton: return Key{.kind = Key::Kind::click, .place = {*row - 1, *column - 1}};
+        case wheelUp: return Key{Key::Kind::pageUp};
+        case wheelDown: return Key{Key::Kind::pageDown};
         default: return std::nullopt;
     }
 }
@@ -238,6 +280,9 @@ void KeyReader::takeInSequence(unsigned char byte)
         if (key.sequence == sequence) {
             put({key.kind});
         }
+    }
+    if (std::optional<Key> key = mouseKey(sequence)) {
+        put(*std::move(key));
     }
 }
 

@@ -36,6 +36,9 @@ struct Frame {
 /// Draws the frame; returns the area inside it.
 Area drawFrame(Canvas& canvas, const Frame& frame);
 
+/// The hint at a place of a window with this frame; null: none.
+const KeyHint* hintAt(const Frame& frame, Size window, Place place);
+
 /// The scheduled block and the finished blocks.
 void drawIdle(Canvas& canvas, const Area& area, const workspace::Situation& situation, base::Hours hours);
 
@@ -61,7 +64,8 @@ void drawModels(Canvas& canvas, const Area& area, const std::vector<work::Model>
 /// All keys, one a row.
 void drawKeyList(Canvas& canvas, const Area& area, const std::vector<KeyHint>& keys, Look look);
 
-/// The work in a window without room for a page: the phase, the time, one line. A message stands before them.
+/// The work in a window without room for a page: the phase, the time, one line. A message
+/// stands in place of the line, and of the time where it is long.
 void drawSmallWork(Canvas& canvas, const Frame& frame, const workspace::Situation& situation,
                    base::Hours hours);
 

@@ -41,10 +41,10 @@ void writeKeys(Canvas& canvas, const Area& row, const Frame& frame)
     }
 }
 
-/// The time and its end; large digits where rows are left.
-void writeTime(Flow& flow, Canvas& canvas, const work::SituationView& view, const base::SeenFrom& here)
+/// The time and its end, and the bar; large digits where rows are left besides those below.
+void writeTime(Flow& flow, Canvas& canvas, const work::SituationView& view, const base::SeenFrom& here,
+               std::size_t below)
 {
-    constexpr std::size_t rowsBelow = 3;  // the bar, a line, the keys
     const work::TimerView& timer = *view.timer;
     const std::string end = work::endText(timer, here);
     const std::string time = work::timeText(timer, here);
@@ -53,7 +53,7 @@ void writeTime(Flow& flow, Canvas& canvas, const work::SituationView& view, cons
     if (end.empty()) {
         flow.line(time, {.bold = true});
     } else {
-        const std::size_t rows = flow.rowsLeft() - std::min(flow.rowsLeft(), rowsBelow);
+        const std::size_t rows = flow.rowsLeft() - std::min(flow.rowsLeft(), below + 1);
         const BigDigits digits(time, {.rows = rows, .columns = flow.rest().columns});
         digits.draw(canvas, place, timer.isPaused ? DigitStyle::hollow : DigitStyle::full,
                     {.accent = accent, .bold = digits.rows() == 1});
@@ -77,15 +77,16 @@ void drawSmallWork(Canvas& canvas, const Frame& frame, const workspace::Situatio
 {
     const work::SituationView view = work::SituationView::of(situation);
     const Area all = canvas.area();
-    Area work = all;
-    work.rows -= 1;
-    Flow flow(canvas, work);
+    Flow flow(canvas, {all.row, all.column, all.rows - 1, all.columns});
     writeHeadline(flow, canvas, frame);
-    if (view.timer && frame.message.empty()) {
-        writeTime(flow, canvas, view, {situation.now, hours});
+    const bool isTold = !frame.message.empty();
+    const std::string& line = isTold ? frame.message : view.intendedOutcome;
+    const std::size_t below = isTold ? base::linesWithin(line, all.columns).size() : 1;
+    constexpr std::size_t timeAndBar = 2;
+    if (view.timer && below + timeAndBar <= flow.rowsLeft()) {
+        writeTime(flow, canvas, view, {situation.now, hours}, below);
     }
-    flow.paragraph(frame.message.empty() ? view.intendedOutcome : frame.message,
-                   {.bold = !frame.message.empty()}, 0, std::max<std::size_t>(flow.rowsLeft(), 1));
+    flow.paragraph(line, {.bold = isTold}, 0, std::max<std::size_t>(flow.rowsLeft(), 1));
     writeKeys(canvas, {all.rows - 1, 0, 1, all.columns}, frame);
 }
 

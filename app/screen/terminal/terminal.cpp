@@ -120,6 +120,7 @@ Terminal::Terminal() : charset_(takeOverLocale()), keyReader_(charset_)
     adaptToSize();
     setInputModes();
     writeToTerminal(markPastes);
+    writeToTerminal(reportMouse);
     keepFormerTitle();
     TerminalAbilities abilities = abilitiesOfTerminal();
     const bool dependsOnBackground = abilities.colours >= base::ColourDepth::of256;
@@ -191,6 +192,7 @@ void Terminal::takeBack()
 {
     ::reset_prog_mode();
     writeToTerminal(markPastes);
+    writeToTerminal(reportMouse);
     keepFormerTitle();
     adaptToSize();
     ::clearok(curscr, TRUE);

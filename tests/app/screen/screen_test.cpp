@@ -3,6 +3,8 @@
 
 #include <sys/resource.h>
 
+#include <sstream>
+
 namespace quillmere::test {
 namespace {
 
@@ -625,6 +627,30 @@ TEST_F(ScreenOfAPerson, confirmsInASmallWindowOnlyWhatItShowsWhole)
     EXPECT_EQ(person.state(), stateIn(WorkflowState::focusing));
     presses("ey");
     EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
+}
+
+TEST_F(ScreenOfAPerson, pressesTheKeyOfAHintByAClick)
+{
+    const auto clickOn = [&](const std::string& hint) {
+        std::istringstream rows(ui->picture(screen::Charset::ascii).text());
+        std::string row;
+        for (std::size_t number = 0; std::getline(rows, row); ++number) {
+            if (const std::size_t column = row.find(hint); column != std::string::npos) {
+                presses(Key{.kind = Key::Kind::click, .place = {number, column + hint.size() - 1}});
+                return;
+            }
+        }
+        FAIL() << "no hint: " << hint;
+    };
+    opens(stateIn(WorkflowState::focusing));
+    clickOn("space pause");
+    EXPECT_TRUE(shows("paused since"));
+    clickOn("? keys");
+    EXPECT_TRUE(shows("you were away"));
+    clickOn("Esc back");
+    presses(Key{.kind = Key::Kind::click, .place = {0, 0}});
+    presses(Key{.kind = Key::Kind::click, .place = {500, 500}});
+    EXPECT_TRUE(shows("space go on"));
 }
 
 TEST_F(ScreenOfAPerson, pausesInASmallWindow)

@@ -136,7 +136,7 @@ TEST(SmallWindow, asksForMoreRoomForAForm)
 {
     const std::string picture = pictureOf(stateIn(WorkflowState::sessionReview), {.rows = 5, .columns = 20});
     EXPECT_EQ(picture,
-              "Review Review this…\n"
+              "Review Review this …\n"
               "This needs 40\n"
               "columns and 12 rows.\n"
               "q quits.\n"

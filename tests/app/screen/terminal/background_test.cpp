@@ -35,7 +35,7 @@ TEST(Background, isUnknownWithoutAColour)
 std::string shownAfter(const std::string& typed)
 {
     const Person person;
-    person.has(stateIn(WorkflowState::focusing));
+    person.has(stateIn(WorkflowState::breaking));
     const Channel terminal = Channel::terminal();
     ProcessOptions options = realProgram({"--directory", person.directory().string()},
                                          {.in = terminal, .out = terminal, .err = terminal});
@@ -57,16 +57,16 @@ TEST(BackgroundOfATerminal, isTakenFromItsAnswerAndNotTyped)
 {
     const std::string shown = shownAfter("\x1b]11;rgb:ffff/ffff/ffff\x1b\\q");
     EXPECT_TRUE(has(shown, screen::askForBackground.data()));
-    EXPECT_TRUE(has(shown, "\x1b[38;5;124m")) << "focus on light";
-    EXPECT_FALSE(has(shown, "\x1b[38;5;173m")) << "focus on dark";
+    EXPECT_TRUE(has(shown, "\x1b[38;5;23m")) << "a break on light";
+    EXPECT_FALSE(has(shown, "\x1b[38;5;72m")) << "a break on dark";
     EXPECT_FALSE(has(shown, "Nothing is on this key"));
 }
 
 TEST(BackgroundOfATerminal, isDarkWithoutAnAnswer)
 {
     const std::string shown = shownAfter("q");
-    EXPECT_TRUE(has(shown, "\x1b[38;5;173m"));
-    EXPECT_FALSE(has(shown, "\x1b[38;5;124m"));
+    EXPECT_TRUE(has(shown, "\x1b[38;5;72m"));
+    EXPECT_FALSE(has(shown, "\x1b[38;5;23m"));
 }
 
 }  // namespace
