@@ -49,8 +49,10 @@ void printRecall(std::ostream& out, const work::Recall& recall, const base::Styl
     const std::size_t labels = labelColumns(recall);
     for (const work::Passage& passage : recall) {
         out << '\n';
-        for (const std::string& line : base::linesWithin(passage.heading, columns)) {
-            out << line << '\n';
+        if (!passage.heading.empty()) {
+            for (const std::string& line : base::linesWithin(passage.heading, columns)) {
+                out << line << '\n';
+            }
         }
         for (const work::Fact& fact : passage.facts) {
             printFact(out, fact, labels, style, columns);

@@ -95,8 +95,10 @@ Area drawFrame(Canvas& canvas, const Frame& frame)
     const std::size_t firstHint = hints.empty() ? area.rows - 1 : hints.front().place.row;
     const std::vector<std::string> message =
         base::linesWithin(frame.message, std::min(area.columns, mostTextColumns));
-    const std::size_t firstMessage = firstHint - std::min(message.size(), mostMessageRows);
-    Flow(canvas, {firstMessage, margin, firstHint - firstMessage, area.columns})
+    const std::size_t gap = isCompact || message.empty() ? 0 : rowsOf(Spacing::regular);
+    const std::size_t rowsOfMessage = std::min(message.size(), mostMessageRows);
+    const std::size_t firstMessage = firstHint - gap - rowsOfMessage;
+    Flow(canvas, {firstMessage, margin, rowsOfMessage, area.columns})
         .paragraph(frame.message, {.bold = true});
     const std::size_t bottom = firstMessage - (isCompact ? 0 : rowsOf(Spacing::snug));
     return {top, margin, bottom - top, area.columns};

@@ -45,7 +45,13 @@ void drawRecall(Canvas& canvas, const Area& area, const work::Recall& recall, Lo
     const std::size_t labels = columnsOfLabels(recall);
     Flow flow(canvas, area);
     for (const work::Passage& passage : recall) {
-        flow.paragraph(passage.heading, heading, 0, isFull ? linesOfHeading : 1);
+        constexpr std::size_t headingAndFact = 2;
+        if (!passage.heading.empty()) {
+            if (flow.rowsLeft() < headingAndFact && !passage.facts.empty()) {
+                return;
+            }
+            flow.paragraph(passage.heading, heading, 0, isFull ? linesOfHeading : 1);
+        }
         std::size_t shown = 0;
         for (const work::Fact& fact : passage.facts) {
             writeFact(flow, fact, labels, isFull ? linesOfFact : 1);

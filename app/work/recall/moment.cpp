@@ -116,13 +116,13 @@ private:
             // Stands also where the person wrote nothing else.
             recall_.push_back({plan.intendedOutcome, std::move(facts)});
         }
-        add("Today", daySoFar(block));
+        add("", daySoFar(block));
     }
 
     /// The day's work, and the last sessions of the block with the running one.
     std::vector<Fact> daySoFar(const Block& block) const
     {
-        std::vector<Fact> facts = {{"Worked", workedToday()}};
+        std::vector<Fact> facts = {{"Today", workedToday()}};
         const std::size_t count = block.sessions.size();
         for (std::size_t index = count - std::min(count, sessionsShown); count > 1 && index < count;
              ++index) {

@@ -21,7 +21,8 @@ struct Fact {
 };
 
 struct Passage {
-    std::string heading;  ///< not sanitized: in a focus session, what the person wants from it
+    /// Not sanitized: in a focus session, what the person wants from it. Empty where the facts need none.
+    std::string heading;
     std::vector<Fact> facts;
 
     friend bool operator==(const Passage&, const Passage&) = default;

@@ -181,6 +181,16 @@ TEST(Pages, drawAPausedTimeHollow)
     EXPECT_TRUE(shows(picture, "paused since 15:00")) << picture;
 }
 
+TEST(Pages, haveNoHeadingWithoutItsFacts)
+{
+    const work::Recall recall = {{"First heading", {{"One", "fact"}}}, {"Second heading", {{"Two", "fact"}}}};
+    for (const std::size_t rows : {4u, 5u}) {
+        Canvas canvas({24, 80});
+        drawRecall(canvas, {0, 0, rows, 80}, recall, {});
+        EXPECT_EQ(shows(canvas.text(), "Second heading"), rows == 5) << canvas.text();
+    }
+}
+
 TEST(Pages, haveASignForEachSession)
 {
     QuillmereState state = stateIn(WorkflowState::focusing);

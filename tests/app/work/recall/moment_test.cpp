@@ -116,7 +116,7 @@ TEST(Recall, hasAtEachMomentTheWordsThatHelp)
           "next-meant", "next-first", "next-hazards", "next-framing", "Sessions=½ ½ ·"}},
         {WorkflowState::focusing,
          {"[meant-of-2]", "First=first-of-2", "If=hazards-of-2", "View=framing-of-2", "For=outcome-1", "=why",
-          "Worked=25 min", "½ 1=meant-of-1", "◐ 2=meant-of-2", "Done when=done-test"}},
+          "Today=25 min", "½ 1=meant-of-1", "◐ 2=meant-of-2", "Done when=done-test"}},
         {WorkflowState::sessionReview, {"meant-of-2", "first-of-2", "hazards-of-2", "framing-of-2"}},
         {WorkflowState::breaking,
          {"meant-of-2", "result-of-2", "distractions-of-2", "improvement-of-2", "next-meant", "next-first",
@@ -249,11 +249,13 @@ TEST(OutcomesWithSessions, nameTheSessionsThatServeNoneOfThem)
 {
     Block block = markedBlock();
     block.sessions.back().plan.blockOutcomeID.reset();
-    EXPECT_EQ(work::outcomesWithSessions(block), (std::vector<Fact>{{"Outcome", "outcome-1"},
-                                                                    {"½ 1", "meant-of-1: result-of-1"},
-                                                                    {"Outcome", "outcome-2"},
-                                                                    {"Outcome", "none of these"},
-                                                                    {"½ 2", "meant-of-2: result-of-2"}}));
+    constexpr auto half = CompletionResult::half;
+    EXPECT_EQ(work::outcomesWithSessions(block),
+              (std::vector<Fact>{{"Outcome", "outcome-1"},
+                                 {"½ 1", "meant-of-1: result-of-1", half},
+                                 {"Outcome", "outcome-2"},
+                                 {"Outcome", "none of these"},
+                                 {"½ 2", "meant-of-2: result-of-2", half}}));
 }
 
 }  // namespace
