@@ -35,8 +35,9 @@ bool wantsColour(bool outputIsTerminal)
 
 std::string Style::wrapped(std::string_view text, std::string_view sequence) const
 {
-    return coloured_ && !sequence.empty() ? std::string(sequence).append(text).append("\x1b[0m")
-                                          : std::string(text);
+    return coloured_ && !sequence.empty() && !text.empty()
+               ? std::string(sequence).append(text).append("\x1b[0m")
+               : std::string(text);
 }
 
 std::string Style::accented(std::string_view text, QuillmereDesign::Accent accent) const

@@ -620,13 +620,17 @@ TEST_F(ScreenOfAPerson, confirmsInASmallWindowOnlyWhatItShowsWhole)
     ui->resize({.rows = 5, .columns = 20});
     presses("e");
     EXPECT_TRUE(shows("before its time?"));
-    presses("n");
-    presses("f");
-    EXPECT_FALSE(shows("Finish the block?"));
     presses("y");
-    EXPECT_EQ(person.state(), stateIn(WorkflowState::focusing));
-    presses("ey");
     EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
+    opens(stateIn(WorkflowState::breaking));
+    ui->resize({.rows = 5, .columns = 20});
+    presses("f");
+    EXPECT_TRUE(shows("This needs 40"));
+    presses("y");
+    EXPECT_EQ(person.state(), stateIn(WorkflowState::breaking));
+    ui->resize(smallWindow);
+    presses("fy");
+    EXPECT_NE(person.state(), stateIn(WorkflowState::breaking));
 }
 
 TEST_F(ScreenOfAPerson, pressesTheKeyOfAHintByAClick)
