@@ -61,7 +61,7 @@ std::array<std::string, rowsOfDots> dotsOf(std::string_view text)
 std::size_t widthInDots(std::string_view text) { return dotsOf(text).front().size(); }
 
 /// The lines of a box drawing character, as bits.
-enum Lines : unsigned { none = 0, up = 1, right = 2, down = 4, left = 8 };
+enum Lines : unsigned { noLine = 0, lineUp = 1, lineRight = 2, lineDown = 4, lineLeft = 8 };
 
 /// By their lines; a dot without neighbours is a ring.
 constexpr std::array<std::string_view, 16> lineCharacters = {"○", "│", "─", "└", "│", "│", "┌", "├",
@@ -120,15 +120,16 @@ void BigDigits::drawHollow(Canvas& canvas, Place place, Look look) const
             if (!isDot(row, column)) {
                 continue;
             }
-            const unsigned lines =
-                (row > 0 && isDot(row - 1, column) ? up : none) | (isDot(row, column + 1) ? right : none) |
-                (isDot(row + 1, column) ? down : none) | (column > 0 && isDot(row, column - 1) ? left : none);
+            const unsigned lines = (row > 0 && isDot(row - 1, column) ? lineUp : noLine) |
+                                   (isDot(row, column + 1) ? lineRight : noLine) |
+                                   (isDot(row + 1, column) ? lineDown : noLine) |
+                                   (column > 0 && isDot(row, column - 1) ? lineLeft : noLine);
             const Place joint{place.row + row * scale_, place.column + column * dotWidth_};
             canvas.write(joint, lineCharacters[lines], look);
-            for (std::size_t step = 1; (lines & right) && step < dotWidth_; ++step) {
+            for (std::size_t step = 1; (lines & lineRight) && step < dotWidth_; ++step) {
                 canvas.write({joint.row, joint.column + step}, "─", look);
             }
-            for (std::size_t step = 1; (lines & down) && step < scale_; ++step) {
+            for (std::size_t step = 1; (lines & lineDown) && step < scale_; ++step) {
                 canvas.write({joint.row + step, joint.column}, "│", look);
             }
         }
