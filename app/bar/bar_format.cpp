@@ -1,7 +1,7 @@
 #include "bar/bar_format.hpp"
 
 #include "base/json.hpp"
-#include "base/text/accents.hpp"
+#include "base/text/colours.hpp"
 #include "base/text/columns.hpp"
 #include "base/text/xml.hpp"
 
@@ -43,7 +43,7 @@ std::string escaped(std::string_view text, const std::array<BarEscape, count>& e
 /// Most bars are dark. Empty for the neutral accent: the bar keeps its own colour.
 std::string_view colourForI3(QuillmereDesign::Accent accent)
 {
-    return accent == QuillmereDesign::Accent::neutral ? "" : base::coloursOf(accent).dark;
+    return accent == QuillmereDesign::Accent::neutral ? "" : base::colourOf(accent).shades.dark;
 }
 
 std::string waybarLine(const BarContent& content)

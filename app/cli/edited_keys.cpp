@@ -105,7 +105,8 @@ std::wstring charactersOf(const screen::Key& key, bool takesLines)
         case tab:
         case backTab:
         case pageUp:
-        case pageDown: break;
+        case pageDown:
+        case click: break;
     }
     return {};
 }

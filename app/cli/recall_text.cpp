@@ -32,7 +32,9 @@ void printFact(std::ostream& out, const work::Fact& fact, std::size_t labels, co
 {
     const std::size_t left = indent + labels;
     const std::size_t room = columns > left + narrowest ? columns - left : narrowest;
-    std::string before = std::string(indent, ' ') + style.dimmed(fact.label) +
+    const std::string label =
+        fact.completion ? style.marked(fact.label, *fact.completion) : style.dimmed(fact.label);
+    std::string before = std::string(indent, ' ') + label +
                          std::string(labels - std::min(labels, base::columnsOf(fact.label)), ' ');
     for (const std::string& line : base::linesWithin(fact.text, room)) {
         out << before << line << '\n';
@@ -46,7 +48,12 @@ void printRecall(std::ostream& out, const work::Recall& recall, const base::Styl
 {
     const std::size_t labels = labelColumns(recall);
     for (const work::Passage& passage : recall) {
-        out << '\n' << base::sanitized(passage.heading) << '\n';
+        out << '\n';
+        if (!passage.heading.empty()) {
+            for (const std::string& line : base::linesWithin(passage.heading, columns)) {
+                out << line << '\n';
+            }
+        }
         for (const work::Fact& fact : passage.facts) {
             printFact(out, fact, labels, style, columns);
         }

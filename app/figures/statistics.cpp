@@ -221,4 +221,21 @@ LookBack statistics(const QuillmereState& state, const Range& range, Day today, 
     return look;
 }
 
+double focusOn(const QuillmereState& state, Day day, LocalCalendar& calendar)
+{
+    const Instant begin = calendar.startOf(day);
+    const Instant end = calendar.startOf(day + oneDay);
+    double sum = 0;
+    forEachBlock(state, [&](const Block& block) {
+        for (const WorkSession& session : block.sessions) {
+            if (const std::optional<SessionTime> time = timeOf(session)) {
+                const Instant from = std::max(session.startedAt, begin);
+                const Instant to = std::min(session.startedAt + time->workedSeconds, end);
+                sum += from < to ? to - from : 0;
+            }
+        }
+    });
+    return sum;
+}
+
 }  // namespace quillmere::figures

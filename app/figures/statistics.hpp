@@ -1,6 +1,7 @@
 // The figures of a state.
 #pragma once
 
+#include "figures/local_day.hpp"
 #include "figures/look_back.hpp"
 
 namespace quillmere::figures {
@@ -11,5 +12,9 @@ namespace quillmere::figures {
 /// The records do not say when a session was paused. Its focus time is taken to be continuous from its start,
 /// so the division at a midnight is exact only for sessions without pauses.
 LookBack statistics(const QuillmereState& state, const Range& range, Day today, const Habits& habits = {});
+
+/// Seconds of focus on one day of a calendar: those of `statistics`, without the cost of all others. For
+/// displays that are drawn every second.
+double focusOn(const QuillmereState& state, Day day, LocalCalendar& calendar);
 
 }  // namespace quillmere::figures

@@ -57,6 +57,30 @@ std::string keyName(ActionId action)
     return key == ' ' ? "space" : key == escapeSign ? "Esc" : std::string(1, key);
 }
 
+std::optional<Key> keyNamed(std::string_view name)
+{
+    struct NamedKey {
+        std::string_view name;
+        Key::Kind kind;
+    };
+    constexpr auto namedKeys = std::to_array<NamedKey>({{"Esc", Key::Kind::escape},
+                                                        {"Tab", Key::Kind::tab},
+                                                        {"Enter", Key::Kind::enter},
+                                                        {"PgDn", Key::Kind::pageDown}});
+    for (const NamedKey& named : namedKeys) {
+        if (named.name == name) {
+            return Key{named.kind};
+        }
+    }
+    if (name == "space") {
+        return typed(" ");
+    }
+    if (name.size() == 2 && name.front() == '^' && name.back() >= 'A' && name.back() <= 'Z') {
+        return withControl(static_cast<char>(name.back() - 'A' + 'a'));
+    }
+    return name.size() == 1 ? std::optional(typed(std::string(name))) : std::nullopt;
+}
+
 bool isUsual(ActionId action) { return rowOf(keyRows, action).isUsual; }
 
 const work::Action* actionOn(const Key& key, const workspace::Situation& situation)

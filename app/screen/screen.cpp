@@ -89,8 +89,26 @@ std::optional<work::FormSubject> Screen::subject() const
     return form() ? std::optional(form()->form()->subject()) : std::nullopt;
 }
 
+void Screen::click(Place place)
+{
+    if (!isLargeEnough(window_)) {
+        return;
+    }
+    const Frame shown = frame();
+    const KeyHint* const hint = hintAt(shown, window_, place);
+    if (hint && hint->key == "^C") {
+        isOver_ = true;  // pressed, it is a signal
+    } else if (const std::optional<Key> key = hint ? keyNamed(hint->key) : std::nullopt) {
+        press(*key);
+    }
+}
+
 void Screen::press(const Key& key)
 {
+    if (key.kind == Key::Kind::click) {
+        click(key.place);
+        return;
+    }
     if (key.kind == Key::Kind::paste && !form()) {
         return;  // pasted text gives no commands
     }
@@ -101,8 +119,7 @@ void Screen::press(const Key& key)
 
 void Screen::take(const Key& key)
 {
-    const bool isVisible = presenter_.isUsable() && isLargeEnough(window_);
-    if (holdsKeys_ && isVisible) {
+    if (holdsKeys_ && isVisible()) {
         if (key.kind == Key::Kind::escape) {
             holdsKeys_ = false;
             presenter_.clearMessage();
@@ -110,7 +127,7 @@ void Screen::take(const Key& key)
         return;
     }
     presenter_.clearMessage();
-    if (!isVisible) {
+    if (!isVisible()) {
         // A person does not change what they cannot see.
         presenter_.confirm(false);
         isOver_ = isLetter(key, "q");

@@ -63,6 +63,8 @@ private:
     const FormEditor* form() const { return const_cast<Screen*>(this)->form(); }
 
     void take(const Key& key);
+    /// Presses the key whose hint stands there.
+    void click(Place place);
     void pressOnWork(const Key& key);
     /// Keys of the pages of work and of keys.
     void pressForAction(const Key& key);
@@ -78,6 +80,11 @@ private:
     /// received them, which was `before`.
     void follow(const std::optional<work::FormSubject>& before);
     std::optional<work::FormSubject> subject() const;
+
+    /// Whether the window shows all that keys can change now.
+    bool isVisible() const;
+    /// The picture in a window without room for a page.
+    Canvas smallPicture(Charset charset) const;
 
     Frame frame() const;
     std::string message() const;

@@ -1,9 +1,11 @@
 // The picture of the live screen.
+#include "base/text/columns.hpp"
 #include "base/text/count.hpp"
 #include "screen/action_keys.hpp"
 #include "screen/canvas/flow.hpp"
 #include "screen/canvas/layout.hpp"
 #include "screen/screen.hpp"
+#include "work/event_text.hpp"
 #include "work/forms/forms.hpp"
 #include "work/situation_view.hpp"
 
@@ -152,7 +154,7 @@ Frame Screen::frame() const
         // Some captions are only the title again.
         frame.caption = view.caption == view.title ? "" : view.caption + (isPaused ? ", paused" : "");
         frame.accent = view.accent;
-        frame.note = questionCount();
+        frame.note = view.openQuestionCount == 0 ? "" : work::waitingQuestionsText(view.openQuestionCount);
     }
     return frame;
 }
@@ -174,13 +176,38 @@ Area Screen::besideRecall(Area area) const
     return area;
 }
 
+bool Screen::isVisible() const
+{
+    if (!presenter_.isUsable() || !contains(window_, leastSmallSize)) {
+        return false;
+    }
+    constexpr std::size_t headlineAndKeys = 2;
+    const bool isWork = !form() && page_ == Page::work;
+    const bool isWhole =
+        base::linesWithin(presenter_.question(), window_.columns).size() <= window_.rows - headlineAndKeys;
+    return isLargeEnough(window_) || (isWork && isWhole);
+}
+
+Canvas Screen::smallPicture(Charset charset) const
+{
+    Canvas canvas(window_, charset);
+    if (!contains(window_, leastSmallSize)) {
+        Flow(canvas, canvas.area()).paragraph("Too small: 20 columns and 5 rows are needed. q quits.");
+    } else if (!presenter_.isUsable()) {
+        drawSmallNotice(canvas, frame(), presenter_.trouble());
+    } else if (!isVisible()) {
+        drawSmallNotice(canvas, frame(), "This needs 40 columns and 12 rows. q quits.");
+    } else {
+        drawSmallWork(canvas, frame(), situation(), presenter_.hours());
+    }
+    return canvas;
+}
+
 Canvas Screen::picture(Charset charset) const
 {
     Canvas canvas(window_, charset);
     if (!isLargeEnough(window_)) {
-        Flow(canvas, canvas.area())
-            .paragraph("This window is too small: Quillmere needs 40 columns and 12 rows. q quits.");
-        return canvas;
+        return smallPicture(charset);
     }
     const Frame surrounding = frame();
     const Area area = drawFrame(canvas, surrounding);
@@ -203,8 +230,8 @@ Canvas Screen::picture(Charset charset) const
                    {.accent = surrounding.accent, .bold = true});
     } else if (page_ == Page::keys) {
         drawKeyList(canvas, area, allKeys(), {.accent = surrounding.accent, .bold = true});
-    } else if (const auto view = work::SituationView::of(situation()); view.timer) {
-        drawCountdown(canvas, area, view, presenter_.recall(), {situation().now, presenter_.hours()});
+    } else if (work::SituationView::of(situation()).timer) {
+        drawCountdown(canvas, area, situation(), presenter_.recall(), presenter_.hours());
     } else {
         drawIdle(canvas, area, situation(), presenter_.hours());
     }

@@ -1,6 +1,6 @@
 #include "base/text/style.hpp"
 
-#include "base/text/accents.hpp"
+#include "base/text/colours.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -9,11 +9,14 @@
 namespace quillmere::base {
 namespace {
 
-/// Select Graphic Rendition (ECMA-48): bold, in a basic colour.
-std::string sequenceFor(QuillmereDesign::Accent accent)
+/// Select Graphic Rendition (ECMA-48). One of the basic colours, which a terminal matches to its background:
+/// whoever only prints does not know whether that is light or dark.
+std::string sequenceFor(const Colour& colour, bool isBold)
 {
-    const short colour = coloursOf(accent).of16;
-    return colour == usualColour ? "\x1b[1m" : "\x1b[1;3" + std::to_string(colour) + "m";
+    const std::string parameters = foregroundParameters(colour, ColourDepth::of16, Background::dark);
+    const std::string_view separator = isBold && !parameters.empty() ? ";" : "";
+    const std::string all = (isBold ? "1" : "") + std::string(separator) + parameters;
+    return all.empty() ? "" : "\x1b[" + all + "m";
 }
 
 bool isSet(const char* variable)
@@ -32,12 +35,19 @@ bool wantsColour(bool outputIsTerminal)
 
 std::string Style::wrapped(std::string_view text, std::string_view sequence) const
 {
-    return coloured_ ? std::string(sequence).append(text).append("\x1b[0m") : std::string(text);
+    return coloured_ && !sequence.empty() && !text.empty()
+               ? std::string(sequence).append(text).append("\x1b[0m")
+               : std::string(text);
 }
 
 std::string Style::accented(std::string_view text, QuillmereDesign::Accent accent) const
 {
-    return wrapped(text, sequenceFor(accent));
+    return wrapped(text, sequenceFor(colourOf(accent), true));
+}
+
+std::string Style::marked(std::string_view text, CompletionResult completion) const
+{
+    return wrapped(text, sequenceFor(colourOf(completion), false));
 }
 
 std::string Style::dimmed(std::string_view text) const { return wrapped(text, "\x1b[2m"); }

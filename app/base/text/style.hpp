@@ -1,6 +1,7 @@
 // Coloured text on a terminal.
 #pragma once
 
+#include <quillmere/records/completion_result.hpp>
 #include <quillmere/widget/design.hpp>
 
 #include <string>
@@ -18,6 +19,8 @@ public:
     explicit Style(bool coloured) : coloured_(coloured) {}
 
     std::string accented(std::string_view text, QuillmereDesign::Accent accent) const;
+    /// In the colour of a result, for a text that also says it by a sign.
+    std::string marked(std::string_view text, CompletionResult completion) const;
     std::string dimmed(std::string_view text) const;
 
 private:

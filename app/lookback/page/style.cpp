@@ -1,6 +1,6 @@
 #include "lookback/page/style.hpp"
 
-#include "base/text/accents.hpp"
+#include "base/text/colours.hpp"
 
 #include <array>
 #include <string_view>
@@ -8,41 +8,46 @@
 namespace quillmere::lookback {
 namespace {
 
-/// A variable of the style sheet that has the colour of an accent.
-struct AccentVariable {
+/// A variable of the style sheet that has a colour of all surfaces.
+struct SharedVariable {
     std::string_view name;
-    QuillmereDesign::Accent accent;
+    base::Shades shades;
 };
 
-constexpr auto accentVariables = std::to_array<AccentVariable>({
-    {"--focus", QuillmereDesign::Accent::focus},
-    {"--energy", QuillmereDesign::Accent::plan},
-    {"--quiet", QuillmereDesign::Accent::neutral},
+constexpr auto sharedVariables = std::to_array<SharedVariable>({
+    {"--paper", base::paper},
+    {"--card", base::card},
+    {"--edge", base::edge.shades},
+    {"--ink", base::ink},
+    {"--focus", base::colourOf(QuillmereDesign::Accent::focus).shades},
+    {"--energy", base::colourOf(QuillmereDesign::Accent::plan).shades},
+    {"--quiet", base::colourOf(QuillmereDesign::Accent::neutral).shades},
+    {"--yes", base::colourOf(CompletionResult::yes).shades},
+    {"--half", base::colourOf(CompletionResult::half).shades},
+    {"--no", base::colourOf(CompletionResult::no).shades},
 });
 
-std::string accentsAs(std::string_view base::AccentColours::*shade)
+std::string sharedColours(base::Background background)
 {
     std::string rule = ":root {";
-    for (const AccentVariable& variable : accentVariables) {
+    for (const SharedVariable& variable : sharedVariables) {
         rule.append(" ").append(variable.name).append(": ");
-        rule.append(base::coloursOf(variable.accent).*shade).append(";");
+        rule.append(variable.shades.on(background)).append(";");
     }
     return rule + " }";
 }
 
-/// Every other colour stands in the variables at the top, once for light and once for dark.
+/// Every colour of the page alone stands in the variables at the top, once for light and once for dark.
 constexpr std::string_view rules = R"(
 :root {
   color-scheme: light dark;
-  --paper: #faf9f6; --card: #ffffff; --edge: #e4e1d9; --ink: #23211d;
-  --planned: #cfc9bd; --yes: #2f7a5a; --half: #d0a03a; --no: #8d8577;
+  --planned: #cfc9bd;
   --morale: #b06a1c; --grid: #eae7df;
   --heat0: #eeebe3; --heat1: #f0c9b8; --heat2: #dd927a; --heat3: #bd5b45; --heat4: #85301f;
 }
 @media (prefers-color-scheme: dark) {
   :root {
-    --paper: #171614; --card: #1f1e1b; --edge: #35322d; --ink: #ece8e0;
-    --planned: #6b665c; --yes: #5fbf95; --half: #e3bd62; --no: #7b756a;
+    --planned: #6b665c;
     --morale: #e5a257; --grid: #302d29;
     --heat0: #2a2824; --heat1: #55302a; --heat2: #8d4537; --heat3: #c7664f; --heat4: #f5a48e;
   }
@@ -132,8 +137,8 @@ footer { margin-top: 1.5rem; color: var(--quiet); font-size: 0.875rem; }
 
 std::string pageStyle()
 {
-    return "\n" + accentsAs(&base::AccentColours::light) + "\n@media (prefers-color-scheme: dark) { " +
-           accentsAs(&base::AccentColours::dark) + " }" + std::string(rules);
+    return "\n" + sharedColours(base::Background::light) + "\n@media (prefers-color-scheme: dark) { " +
+           sharedColours(base::Background::dark) + " }" + std::string(rules);
 }
 
 }  // namespace quillmere::lookback

@@ -14,7 +14,7 @@ namespace {
 using QuillmereDesign::Accent;
 
 /// A bar of the whole width, divided by the completions.
-std::string partsOf(const figures::Completions& completions, std::size_t width, const Glyphs& glyphs)
+std::string partsOf(const figures::Completions& completions, std::size_t width, const TerminalPage& page)
 {
     const std::int64_t all = figures::total(completions);
     std::string bar;
@@ -25,7 +25,10 @@ std::string partsOf(const figures::Completions& completions, std::size_t width, 
         const double end =
             static_cast<double>(before) / static_cast<double>(all) * static_cast<double>(width);
         const auto column = static_cast<std::size_t>(std::lround(end));
-        bar += repeated(glyphs.completions[index], column - drawn);
+        if (column > drawn) {
+            bar += page.style.marked(repeated(glyphsOf(page).completions[index], column - drawn),
+                                     allCases<CompletionResult>()[index]);
+        }
         drawn = column;
     }
     return bar;
@@ -84,7 +87,7 @@ std::string completionLines(const figures::LookBack& look, const TerminalPage& p
             const figures::Completions& completions =
                 (*byRating)[static_cast<std::size_t>(rating - figures::lowestRating)];
             const std::string label = std::string(name) + " " + std::to_string(rating);
-            const std::string bar = partsOf(completions, barWidth, glyphs);
+            const std::string bar = partsOf(completions, barWidth, page);
             text += page.style.dimmed(filledUp(label, labelWidth)) + bar + (bar.empty() ? "" : " ") +
                     (figures::total(completions) > 0 ? completionsText(completions) : "none") + "\n";
         }

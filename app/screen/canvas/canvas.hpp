@@ -1,6 +1,7 @@
 // A picture in memory, to be shown by a terminal.
 #pragma once
 
+#include <quillmere/records/completion_result.hpp>
 #include <quillmere/widget/design.hpp>
 
 #include <cstddef>
@@ -21,8 +22,8 @@ struct Size {
 
 /// A cell, counted from 0 at the top left.
 struct Place {
-    std::size_t row;
-    std::size_t column;
+    std::size_t row = 0;
+    std::size_t column = 0;
 
     friend bool operator==(const Place&, const Place&) = default;
 };
@@ -37,8 +38,10 @@ struct Area {
 /// The style of a text.
 struct Look {
     std::optional<QuillmereDesign::Accent> accent = {};
+    std::optional<CompletionResult> completion = {};  ///< its colour stands before that of the accent
     bool bold = false;
-    bool dim = false;
+    bool dim = false;   ///< secondary text, in the neutral colour
+    bool edge = false;  ///< a line that parts, quieter than any text
 
     friend bool operator==(const Look&, const Look&) = default;
 };
@@ -48,6 +51,8 @@ struct Cell {
     std::string text = " ";
     std::size_t columns = 1;  ///< 2 for a wide character, 0 for the second cell that it covers
     Look look = {};
+
+    friend bool operator==(const Cell&, const Cell&) = default;
 };
 
 /// The characters that the terminal can show.

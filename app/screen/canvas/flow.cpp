@@ -4,10 +4,20 @@
 #include "base/text/sanitize.hpp"
 #include "screen/canvas/layout.hpp"
 
+#include <algorithm>
+#include <cmath>
+
 namespace quillmere::screen {
 namespace {
 
-constexpr std::size_t nameColumns = 14;
+std::string repeated(std::string_view sign, std::size_t count)
+{
+    std::string text;
+    for (std::size_t index = 0; index < count; ++index) {
+        text += sign;
+    }
+    return text;
+}
 
 }  // namespace
 
@@ -20,6 +30,15 @@ void drawMoreArrows(Canvas& canvas, const Area& area, bool above, bool below)
     if (below) {
         canvas.write({area.row + area.rows - 1, edge}, "↓", {.dim = true});
     }
+}
+
+void drawShare(Canvas& canvas, Place place, std::size_t columns, double share, Look filled)
+{
+    const auto halves =
+        static_cast<std::size_t>(std::lround(std::clamp(share, 0.0, 1.0) * 2 * static_cast<double>(columns)));
+    const std::string full = repeated("█", halves / 2) + (halves % 2 == 1 ? "▌" : "");
+    const std::size_t taken = canvas.write(place, full, filled);
+    canvas.write({place.row, place.column + taken}, repeated("─", columns - taken), {.dim = true});
 }
 
 void Flow::skip(std::size_t rows)
@@ -47,21 +66,21 @@ void Flow::centred(std::string_view text, Look look)
 
 void Flow::paragraph(std::string_view text, Look look, std::size_t indent, std::size_t most)
 {
-    const std::vector<std::string> lines =
-        base::linesWithin(text, area_.columns - std::min(indent, area_.columns - 1));
+    const std::size_t columns = std::min(area_.columns, std::max(mostTextColumns, indent + 1));
+    const std::vector<std::string> lines = base::linesWithin(text, columns - std::min(indent, columns - 1));
     for (std::size_t index = 0; index < lines.size() && index < most; ++index) {
         const bool isCut = index + 1 == most && index + 1 < lines.size();
         line(isCut ? lines[index] + "…" : lines[index], look, indent);
     }
 }
 
-void Flow::field(std::string_view name, std::string_view text, std::size_t most)
+void Flow::field(std::string_view name, std::string_view text, const Naming& naming)
 {
     if (text.empty() || area_.rows == 0) {
         return;
     }
-    canvas_.write({area_.row, area_.column}, name, {.dim = true}, nameColumns - 1);
-    paragraph(text, {}, nameColumns, most);
+    canvas_.write({area_.row, area_.column}, name, naming.look, naming.columns - 1);
+    paragraph(text, {}, naming.columns, naming.most);
 }
 
 }  // namespace quillmere::screen

@@ -11,11 +11,15 @@ namespace quillmere::screen {
 
 /// The smallest window with room for a page.
 inline constexpr Size leastSize{.rows = 12, .columns = 40};
+/// The smallest window with room for the phase, the time and a line.
+inline constexpr Size leastSmallSize{.rows = 5, .columns = 20};
 
-constexpr bool isLargeEnough(Size window)
+constexpr bool contains(Size window, Size least)
 {
-    return window.rows >= leastSize.rows && window.columns >= leastSize.columns;
+    return window.rows >= least.rows && window.columns >= least.columns;
 }
+
+constexpr bool isLargeEnough(Size window) { return contains(window, leastSize); }
 
 struct FamilyRow {
     QuillmereWidgetFamily value;
@@ -26,7 +30,7 @@ inline constexpr auto familyRows = std::to_array<FamilyRow>({
     {QuillmereWidgetFamily::small, {.rows = 0, .columns = 0}},
     {QuillmereWidgetFamily::medium, {.rows = 18, .columns = 64}},
     {QuillmereWidgetFamily::large, {.rows = 24, .columns = 80}},
-    {QuillmereWidgetFamily::extraLarge, {.rows = 32, .columns = 120}},
+    {QuillmereWidgetFamily::extraLarge, {.rows = 24, .columns = 120}},
 });
 static_assert(inCaseOrder(familyRows) && familyRows.size() == supported<QuillmereWidgetFamily>.size());
 
@@ -47,10 +51,11 @@ constexpr std::size_t columnsOf(double points) { return static_cast<std::size_t>
 constexpr std::size_t rowsOf(double points) { return static_cast<std::size_t>(points / 12 + 0.5); }
 
 /// The columns of the empty left and right border.
-constexpr std::size_t marginFor(QuillmereWidgetFamily family)
+constexpr std::size_t marginFor(Size window)
 {
+    constexpr std::size_t leastForWideMargin = 80;
     using namespace QuillmereDesign;
-    return columnsOf(layout(family) == QuillmereWidgetLayout::compact ? Spacing::tight : Spacing::regular);
+    return columnsOf(window.columns >= leastForWideMargin ? Spacing::section : Spacing::regular);
 }
 
 }  // namespace quillmere::screen

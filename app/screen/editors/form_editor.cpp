@@ -65,7 +65,7 @@ bool FormEditor::take(const Key& key, Size window)
 {
     FieldEditor& editor = *editors_[current_];
     scrolledTo_.reset();
-    const std::size_t columns = window.columns - 2 * marginFor(familyFor(window));
+    const std::size_t columns = window.columns - 2 * marginFor(window);
     const Effect effect = editor.take(key, gridFor(columns).fieldWidth);
     if (effect == Effect::changed) {
         form_->setValue(current_, editor.value());

@@ -5,6 +5,28 @@
 #include <algorithm>
 
 namespace quillmere::screen {
+namespace {
+
+constexpr std::string_view betweenWords = " \t\n";
+
+/// The beginning of the word before an offset.
+std::size_t wordBefore(std::string_view text, std::size_t offset)
+{
+    const std::size_t last = text.substr(0, offset).find_last_not_of(betweenWords);
+    const std::size_t gap =
+        last == std::string_view::npos ? last : text.substr(0, last).find_last_of(betweenWords);
+    return gap == std::string_view::npos ? 0 : gap + 1;
+}
+
+/// The end of the word after an offset.
+std::size_t wordAfter(std::string_view text, std::size_t offset)
+{
+    const std::size_t first = text.find_first_not_of(betweenWords, offset);
+    return first == std::string_view::npos ? text.size()
+                                           : std::min(text.find_first_of(betweenWords, first), text.size());
+}
+
+}  // namespace
 
 void TextEditor::insert(std::string_view text)
 {
@@ -17,6 +39,21 @@ Effect TextEditor::erase(std::size_t begin, std::size_t end)
     text_.erase(begin, end - begin);
     cursor_ = begin;
     return begin == end ? Effect::unchanged : Effect::changed;
+}
+
+Effect TextEditor::takeControl(std::string_view letter, std::size_t columns)
+{
+    // The letters that shells and other line editors have for these.
+    if (letter == "a") {
+        return take({Key::Kind::home}, columns);
+    }
+    if (letter == "e") {
+        return take({Key::Kind::end}, columns);
+    }
+    if (letter == "w") {
+        return erase(wordBefore(text_, cursor_), cursor_);
+    }
+    return letter == "u" ? erase(0, text_.size()) : Effect::notForIt;
 }
 
 Effect TextEditor::take(const Key& key, std::size_t columns)
@@ -37,18 +74,19 @@ Effect TextEditor::take(const Key& key, std::size_t columns)
         case Key::Kind::right: return moveTo(afterCharacter(text_, cursor_));
         case Key::Kind::home: return moveTo(row().begin);
         case Key::Kind::end: return moveTo(row().end);
+        case Key::Kind::wordLeft: return moveTo(wordBefore(text_, cursor_));
+        case Key::Kind::wordRight: return moveTo(wordAfter(text_, cursor_));
         case Key::Kind::up: return moveByRows(columns, false) ? Effect::unchanged : Effect::notForIt;
         case Key::Kind::down: return moveByRows(columns, true) ? Effect::unchanged : Effect::notForIt;
-        case Key::Kind::control: return key.text == "u" ? erase(0, text_.size()) : Effect::notForIt;
+        case Key::Kind::control: return takeControl(key.text, columns);
         case Key::Kind::paste:
         case Key::Kind::enter:
         case Key::Kind::tab:
         case Key::Kind::backTab:
-        case Key::Kind::wordLeft:
-        case Key::Kind::wordRight:
         case Key::Kind::pageUp:
         case Key::Kind::pageDown:
-        case Key::Kind::escape: break;
+        case Key::Kind::escape:
+        case Key::Kind::click: break;
     }
     return Effect::notForIt;
 }

@@ -39,6 +39,7 @@ public:
     std::size_t cursorRow(const std::vector<Row>& rows) const;
 
 private:
+    Effect takeControl(std::string_view letter, std::size_t columns);
     Effect erase(std::size_t begin, std::size_t end);
     bool moveByRows(std::size_t columns, bool down);
 

@@ -1,6 +1,8 @@
 // A key press.
 #pragma once
 
+#include "screen/canvas/canvas.hpp"
+
 #include <string>
 #include <utility>
 
@@ -27,10 +29,12 @@ struct Key {
         pageUp,
         pageDown,
         escape,
+        click,  ///< of the first mouse button, at `place`; the wheel is pageUp and pageDown
     };
 
     Kind kind;
     std::string text = {};
+    Place place = {};
 
     friend bool operator==(const Key&, const Key&) = default;
 };

@@ -2,7 +2,10 @@
 
 #include <quillmere/records/json/utf8.hpp>
 
+#include <algorithm>
 #include <array>
+#include <charconv>
+#include <utility>
 
 namespace quillmere::screen {
 namespace {
@@ -40,6 +43,71 @@ constexpr auto sequenceKeys = std::to_array<SequenceKey>({
     {"[8~", Key::Kind::end},        {"[3~", Key::Kind::remove},      {"[1;5D", Key::Kind::wordLeft},
     {"[1;3D", Key::Kind::wordLeft}, {"[1;5C", Key::Kind::wordRight}, {"[1;3C", Key::Kind::wordRight},
 });
+
+/// Letters that move by words with Alt, as in shells. Terminals send Escape before the letter.
+std::optional<Key::Kind> withAlt(unsigned char byte)
+{
+    switch (byte) {
+        case 'b': return Key::Kind::wordLeft;
+        case 'f': return Key::Kind::wordRight;
+        default: return std::nullopt;
+    }
+}
+
+/// The next number of a sequence, and what ends it, are removed from its front. Absent for none, or one too
+/// large for a screen.
+std::optional<std::size_t> takeNumber(std::string_view& rest)
+{
+    std::size_t number = 0;
+    const auto [stop, error] = std::from_chars(rest.data(), rest.data() + rest.size(), number);
+    const auto taken = static_cast<std::size_t>(stop - rest.data());
+    constexpr std::size_t most = 10'000;
+    if (error != std::errc() || taken == rest.size() || number > most) {
+        return std::nullopt;
+    }
+    rest.remove_prefix(taken + 1);
+    return number;
+}
+
+/// A press of the mouse as xterm reports it in its mode 1006: "[<0;10;5M", the first column and row being 1.
+std::optional<Key> mouseKey(std::string_view sequence)
+{
+    constexpr std::string_view begin = "[<";
+    constexpr std::size_t firstButton = 0;
+    constexpr std::size_t wheelUp = 64;
+    constexpr std::size_t wheelDown = 65;
+    if (!sequence.starts_with(begin) || !sequence.ends_with('M')) {
+        return std::nullopt;
+    }
+    std::string_view rest = sequence.substr(begin.size());
+    const auto button = takeNumber(rest);
+    const auto column = button ? takeNumber(rest) : std::nullopt;
+    const auto row = column ? takeNumber(rest) : std::nullopt;
+    if (!row || !rest.empty() || *column == 0 || *row == 0) {
+        return std::nullopt;
+    }
+    switch (*button) {
+        case firstButton: return Key{.kind = Key::Kind::click, .place = {*row - 1, *column - 1}};
+        case wheelUp: return Key{Key::Kind::pageUp};
+        case wheelDown: return Key{Key::Kind::pageDown};
+        default: return std::nullopt;
+    }
+}
+
+/// ST and BEL.
+constexpr auto answerEnds = std::to_array<std::string_view>({"\x1b\\", "\x07"});
+
+/// Whether an answer about the background may begin so: "11;rgb:1c1c/1c1c/1c1c".
+bool mayBeginAnswer(std::string_view bytes)
+{
+    constexpr std::string_view begin = "11;rgb";
+    constexpr std::string_view others = "a:/0123456789abcdefABCDEF";
+    constexpr std::size_t longest = 40;
+    const std::string_view rest = bytes.substr(std::min(bytes.size(), begin.size()));
+    const std::size_t other = rest.find_first_not_of(others);
+    return begin.starts_with(bytes.substr(0, begin.size())) && bytes.size() < longest &&
+           (other == std::string_view::npos || (other + 1 == rest.size() && rest.back() == '\x1b'));
+}
 
 bool isControl(unsigned char byte) { return byte < 0x20 || byte == 0x7F; }
 
@@ -81,6 +149,7 @@ void KeyReader::take(unsigned char byte)
         case Place::escape: takeAfterEscape(byte); break;
         case Place::sequence: takeInSequence(byte); break;
         case Place::paste: takeInPaste(byte); break;
+        case Place::answer: takeInAnswer(byte); break;
     }
 }
 
@@ -155,9 +224,41 @@ void KeyReader::takeAfterEscape(unsigned char byte)
     if (byte == '[' || byte == 'O') {
         place_ = Place::sequence;
         pending_ = static_cast<char>(byte);
+    } else if (byte == ']' && expectsAnswer_) {
+        place_ = Place::answer;
+        pending_.clear();
+    } else if (const std::optional<Key::Kind> kind = withAlt(byte)) {
+        place_ = Place::text;
+        put({*kind});
     } else {
         pause();
         takeText(byte);
+    }
+}
+
+void KeyReader::takeInAnswer(unsigned char byte)
+{
+    pending_ += static_cast<char>(byte);
+    for (const std::string_view end : answerEnds) {
+        if (pending_.ends_with(end)) {
+            pending_.resize(pending_.size() - end.size());
+            place_ = Place::text;
+            expectsAnswer_ = false;
+            answer_ = std::exchange(pending_, {});
+            return;
+        }
+    }
+    if (!mayBeginAnswer(pending_)) {
+        typeAfterEscape("]" + std::exchange(pending_, {}));
+    }
+}
+
+void KeyReader::typeAfterEscape(const std::string& bytes)
+{
+    place_ = Place::text;
+    put({Key::Kind::escape});
+    for (const char byte : bytes) {
+        take(static_cast<unsigned char>(byte));
     }
 }
 
@@ -179,6 +280,9 @@ void KeyReader::takeInSequence(unsigned char byte)
         if (key.sequence == sequence) {
             put({key.kind});
         }
+    }
+    if (std::optional<Key> key = mouseKey(sequence)) {
+        put(*std::move(key));
     }
 }
 

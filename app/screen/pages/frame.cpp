@@ -5,47 +5,57 @@
 #include "screen/canvas/layout.hpp"
 #include "screen/pages/pages.hpp"
 
+#include <algorithm>
+
 namespace quillmere::screen {
 namespace {
 
 constexpr std::size_t mostKeyRows = 3;
-constexpr std::size_t mostMessageRows = 3;
+constexpr std::size_t mostMessageRows = 4;
 
-/// Splits the hints into rows of at most `most` columns.
-std::vector<std::vector<KeyHint>> rowsOfHints(const std::vector<KeyHint>& hints, std::size_t most,
-                                              std::size_t gap)
+/// A hint and where it stands.
+struct PlacedHint {
+    const KeyHint& hint;
+    Place place;
+    std::size_t columns;
+};
+
+/// The hints in rows of at most `most` columns, the first row being 0.
+std::vector<PlacedHint> placed(const std::vector<KeyHint>& hints, std::size_t most, std::size_t gap)
 {
-    std::vector<std::vector<KeyHint>> rows(1);
-    std::size_t taken = 0;
+    std::vector<PlacedHint> all;
+    Place next{0, 0};
     for (const KeyHint& hint : hints) {
         const std::size_t width = base::columnsOf(hint.key) + 1 + base::columnsOf(hint.label);
-        if (taken > 0 && taken + gap + width > most && rows.size() < mostKeyRows) {
-            rows.emplace_back();
-            taken = 0;
+        if (next.column > 0 && next.column + width > most && next.row + 1 < mostKeyRows) {
+            next = {next.row + 1, 0};
         }
-        taken += (taken > 0 ? gap : 0) + width;
-        rows.back().push_back(hint);
+        all.push_back({hint, next, width});
+        next.column += width + gap;
     }
-    return rows;
+    return all;
 }
 
-void drawHints(Canvas& canvas, const Area& area, const std::vector<std::vector<KeyHint>>& rows,
-               std::size_t gap, Look look)
+/// The hints at the bottom of a window.
+std::vector<PlacedHint> hintsAtTheBottom(const std::vector<KeyHint>& hints, Size window)
 {
-    for (std::size_t row = 0; row < rows.size(); ++row) {
-        std::size_t column = area.column;
-        for (const KeyHint& hint : rows[row]) {
-            column += canvas.write({area.row + row, column}, hint.key, look) + 1;
-            column += canvas.write({area.row + row, column}, hint.label, {.dim = true}) + gap;
-        }
+    const std::size_t margin = marginFor(window);
+    const bool isCompact = layout(familyFor(window)) == QuillmereWidgetLayout::compact;
+    const std::size_t gap =
+        columnsOf(isCompact ? QuillmereDesign::Spacing::regular : QuillmereDesign::Spacing::loose);
+    std::vector<PlacedHint> all = placed(hints, window.columns - 2 * margin, gap);
+    const std::size_t rows = all.empty() ? 1 : all.back().place.row + 1;
+    for (PlacedHint& hint : all) {
+        hint.place = {window.rows - rows + hint.place.row, margin + hint.place.column};
     }
+    return all;
 }
 
 void drawHeadline(Canvas& canvas, const Area& area, const Frame& frame, std::size_t gap)
 {
     const Look accented{.accent = frame.accent, .bold = true};
     const std::size_t note = std::min(shownColumns(frame.note), area.columns);
-    canvas.write({area.row, area.column + area.columns - note}, frame.note, accented, note);
+    canvas.write({area.row, area.column + area.columns - note}, frame.note, {}, note);
     const std::size_t title = canvas.write({area.row, area.column}, frame.title, accented);
     const std::size_t taken = title + gap + (note > 0 ? note + gap : 0);
     if (taken < area.columns) {
@@ -69,25 +79,39 @@ Area drawFrame(Canvas& canvas, const Frame& frame)
     using namespace QuillmereDesign;
     const QuillmereWidgetFamily family = familyFor(canvas.size());
     const bool isCompact = layout(family) == QuillmereWidgetLayout::compact;
-    const std::size_t margin = marginFor(family);
-    const std::size_t gap = columnsOf(isCompact ? Spacing::regular : Spacing::loose);
+    const std::size_t margin = marginFor(canvas.size());
     Area area{0, margin, canvas.size().rows, canvas.size().columns - 2 * margin};
     drawHeadline(canvas, area, frame, columnsOf(Spacing::regular));
     std::size_t top = 1;
     if (!isCompact) {
-        canvas.write({top++, margin}, ruleOf(area.columns), {.dim = true});
+        canvas.write({top++, margin}, ruleOf(area.columns), {.edge = true});
         top += rowsOf(Spacing::regular);
     }
-    const auto hints = rowsOfHints(frame.keys, area.columns, gap);
-    const std::size_t firstHint = area.rows - hints.size();
-    drawHints(canvas, {firstHint, margin, hints.size(), area.columns}, hints, gap,
-              {.accent = frame.accent, .bold = true});
-    const std::vector<std::string> message = base::linesWithin(frame.message, area.columns);
-    const std::size_t firstMessage = firstHint - std::min(message.size(), mostMessageRows);
-    Flow(canvas, {firstMessage, margin, firstHint - firstMessage, area.columns})
+    const std::vector<PlacedHint> hints = hintsAtTheBottom(frame.keys, canvas.size());
+    for (const auto& [hint, place, width] : hints) {
+        const std::size_t key = canvas.write(place, hint.key, {.accent = frame.accent, .bold = true});
+        canvas.write({place.row, place.column + key + 1}, hint.label, {.dim = true});
+    }
+    const std::size_t firstHint = hints.empty() ? area.rows - 1 : hints.front().place.row;
+    const std::vector<std::string> message =
+        base::linesWithin(frame.message, std::min(area.columns, mostTextColumns));
+    const std::size_t gap = isCompact || message.empty() ? 0 : rowsOf(Spacing::regular);
+    const std::size_t rowsOfMessage = std::min(message.size(), mostMessageRows);
+    const std::size_t firstMessage = firstHint - gap - rowsOfMessage;
+    Flow(canvas, {firstMessage, margin, rowsOfMessage, area.columns})
         .paragraph(frame.message, {.bold = true});
     const std::size_t bottom = firstMessage - (isCompact ? 0 : rowsOf(Spacing::snug));
     return {top, margin, bottom - top, area.columns};
+}
+
+const KeyHint* hintAt(const Frame& frame, Size window, Place place)
+{
+    for (const auto& [hint, begin, width] : hintsAtTheBottom(frame.keys, window)) {
+        if (place.row == begin.row && place.column >= begin.column && place.column < begin.column + width) {
+            return &hint;
+        }
+    }
+    return nullptr;
 }
 
 void drawTrouble(Canvas& canvas, const Area& area, std::string_view trouble)

@@ -36,14 +36,17 @@ struct Frame {
 /// Draws the frame; returns the area inside it.
 Area drawFrame(Canvas& canvas, const Frame& frame);
 
+/// The hint at a place of a window with this frame; null: none.
+const KeyHint* hintAt(const Frame& frame, Size window, Place place);
+
 /// The scheduled block and the finished blocks.
 void drawIdle(Canvas& canvas, const Area& area, const workspace::Situation& situation, base::Hours hours);
 
-/// The running timer, and what helps now.
-void drawCountdown(Canvas& canvas, const Area& area, const work::SituationView& view,
-                   const work::Recall& recall, const base::SeenFrom& here);
+/// The running timer, the sessions of the block, and what helps now.
+void drawCountdown(Canvas& canvas, const Area& area, const workspace::Situation& situation,
+                   const work::Recall& recall, base::Hours hours);
 
-/// What a person wrote, told again. A small window shows the first facts, a line each.
+/// What a person wrote, told again. A small window shows the first heading and fact, a line each.
 void drawRecall(Canvas& canvas, const Area& area, const work::Recall& recall, Look heading);
 
 /// The open questions: the chosen one in full, scrolled down by `scrolled` rows.
@@ -60,6 +63,14 @@ void drawModels(Canvas& canvas, const Area& area, const std::vector<work::Model>
 
 /// All keys, one a row.
 void drawKeyList(Canvas& canvas, const Area& area, const std::vector<KeyHint>& keys, Look look);
+
+/// The work in a window without room for a page: the phase, the time, one line. A message
+/// stands in place of the line, and of the time where it is long.
+void drawSmallWork(Canvas& canvas, const Frame& frame, const workspace::Situation& situation,
+                   base::Hours hours);
+
+/// The phase and a sentence in such a window.
+void drawSmallNotice(Canvas& canvas, const Frame& frame, std::string_view sentence);
 
 /// Why the files cannot be used.
 void drawTrouble(Canvas& canvas, const Area& area, std::string_view trouble);

@@ -1,31 +1,60 @@
 // What a person wrote, told again beside the clock and the forms.
+#include "screen/canvas/characters.hpp"
 #include "screen/canvas/flow.hpp"
 #include "screen/canvas/layout.hpp"
 #include "screen/pages/pages.hpp"
 
+#include <algorithm>
+
 namespace quillmere::screen {
 namespace {
 
+constexpr std::size_t linesOfHeading = 2;
 constexpr std::size_t linesOfFact = 3;
-constexpr std::size_t factsOfSmallWindow = 2;
+constexpr std::size_t factsOfSmallWindow = 1;
+
+/// The columns of the labels and the gap after them; 0 when no fact has a label.
+std::size_t columnsOfLabels(const work::Recall& recall)
+{
+    std::size_t most = 0;
+    for (const work::Passage& passage : recall) {
+        for (const work::Fact& fact : passage.facts) {
+            most = std::max(most, shownColumns(fact.label));
+        }
+    }
+    return most == 0 ? 0 : most + columnsOf(QuillmereDesign::Spacing::regular);
+}
+
+void writeFact(Flow& flow, const work::Fact& fact, std::size_t labels, std::size_t lines)
+{
+    if (labels == 0) {
+        flow.paragraph(fact.text);
+    } else {
+        flow.field(fact.label, fact.text,
+                   {.columns = labels,
+                    .look = {.completion = fact.completion, .dim = !fact.completion},
+                    .most = lines});
+    }
+}
 
 }  // namespace
 
 void drawRecall(Canvas& canvas, const Area& area, const work::Recall& recall, Look heading)
 {
     const bool isFull = showsFullPlan(layout(familyFor(canvas.size())));
+    const std::size_t labels = columnsOfLabels(recall);
     Flow flow(canvas, area);
     for (const work::Passage& passage : recall) {
-        if (isFull) {
-            flow.line(passage.heading, heading);
+        constexpr std::size_t headingAndFact = 2;
+        if (!passage.heading.empty()) {
+            if (flow.rowsLeft() < headingAndFact && !passage.facts.empty()) {
+                return;
+            }
+            flow.paragraph(passage.heading, heading, 0, isFull ? linesOfHeading : 1);
         }
         std::size_t shown = 0;
         for (const work::Fact& fact : passage.facts) {
-            if (fact.label.empty()) {
-                flow.paragraph(fact.text);
-            } else {
-                flow.field(fact.label, fact.text, isFull ? linesOfFact : 1);
-            }
+            writeFact(flow, fact, labels, isFull ? linesOfFact : 1);
             if (!isFull && ++shown == factsOfSmallWindow) {
                 return;
             }

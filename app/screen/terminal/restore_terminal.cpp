@@ -47,6 +47,7 @@ void leaveScreen()
 {
     const InterruptibleWrite writing;
     ::endwin();
+    writeToTerminal(reportNoMouse);
     writeToTerminal(markNoPastes);
     writeToTerminal(bringTitleBack);
     // Without an alternate screen the picture stays visible, with the cursor in its last row.

@@ -2,8 +2,9 @@
 
 #include "base/refusal.hpp"
 #include "base/system/terminal_charset.hpp"
-#include "base/text/accents.hpp"
-#include "base/text/style.hpp"
+#include "base/system/wait.hpp"
+#include "screen/terminal/abilities.hpp"
+#include "screen/terminal/background.hpp"
 #include "screen/terminal/interruptible_write.hpp"
 #include "screen/terminal/restore_terminal.hpp"
 
@@ -17,9 +18,9 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <clocale>
 #include <cstdlib>
-#include <cwchar>
 #include <utility>
 
 // Macros of curses that clash with names below.
@@ -29,24 +30,6 @@
 
 namespace quillmere::screen {
 namespace {
-
-constexpr short pairOf(QuillmereDesign::Accent accent)
-{
-    return static_cast<short>(static_cast<int>(accent) + 1);
-}
-
-/// Defines the colour pairs that the terminal supports; returns whether it has colours.
-bool setUpColours()
-{
-    if (!base::wantsColour(true) || !::has_colors() || ::start_color() == ERR ||
-        ::use_default_colors() == ERR) {
-        return false;
-    }
-    for (const base::AccentColours& colours : base::accentColours) {
-        ::init_pair(pairOf(colours.value), COLORS >= 256 ? colours.of256 : colours.of16, base::usualColour);
-    }
-    return true;
-}
 
 struct KeyRow {
     int code;
@@ -89,37 +72,6 @@ Charset takeOverLocale()
     return isSet ? Charset::unicode : Charset::ascii;
 }
 
-constexpr std::size_t mostCharactersOfCell = CCHARW_MAX;
-
-/// The characters of a cell for curses: one with a width, then combining ones. A question mark replaces a
-/// character whose width in the C library differs from ours.
-std::array<wchar_t, mostCharactersOfCell + 1> charactersOf(const Cell& cell)
-{
-    std::array<wchar_t, mostCharactersOfCell + 1> characters{};
-    std::size_t count = 0;
-    std::mbstate_t state{};
-    const char* rest = cell.text.data();
-    const char* const end = rest + cell.text.size();
-    while (rest < end && count < mostCharactersOfCell) {
-        wchar_t character = 0;
-        const std::size_t length =
-            std::mbrtowc(&character, rest, static_cast<std::size_t>(end - rest), &state);
-        if (length == 0 || length > cell.text.size()) {
-            break;
-        }
-        rest += length;
-        const int width = ::wcwidth(character);
-        if (count == 0 && width != static_cast<int>(cell.columns)) {
-            characters[0] = L'?';
-            return characters;
-        }
-        if (count == 0 || width == 0) {
-            characters[count++] = character;
-        }
-    }
-    return characters;
-}
-
 }  // namespace
 
 bool canShowScreens()
@@ -157,17 +109,41 @@ Terminal::Terminal() : charset_(takeOverLocale()), keyReader_(charset_)
     ::cbreak();
     ::noecho();
     ::nonl();
-    ::keypad(stdscr, TRUE);
-    ::nodelay(stdscr, TRUE);
+    // Keys are read from a pad, which curses does not draw.
+    input_ = ::newpad(1, 1);
+    ::keypad(input_, TRUE);
+    ::nodelay(input_, TRUE);
+    // The key reader decodes the mouse.
+    ::define_key(nullptr, KEY_MOUSE);
+    ::wrefresh(stdscr);
     // Curses uses LINES and COLUMNS, which may describe another window.
     adaptToSize();
     setInputModes();
     writeToTerminal(markPastes);
+    writeToTerminal(reportMouse);
     keepFormerTitle();
-    coloured_ = setUpColours();
+    TerminalAbilities abilities = abilitiesOfTerminal();
+    const bool dependsOnBackground = abilities.colours >= base::ColourDepth::of256;
+    painter_.emplace(std::move(abilities));
+    if (dependsOnBackground) {
+        askForItsBackground();
+    }
 }
 
 Terminal::~Terminal() = default;
+
+void Terminal::askForItsBackground()
+{
+    keyReader_.expectAnswer();
+    writeToTerminal(askForBackground);
+    // A late answer is taken as well; the wait only avoids a first picture in the wrong colours.
+    constexpr std::chrono::milliseconds shortWait(100);
+    std::array<base::PollSource, 1> input{{{STDIN_FILENO}}};
+    if (base::waitFor(input, shortWait)) {
+        earlyKeys_ = takeKeys();
+        hasMoreKeys_ = true;
+    }
+}
 
 void Terminal::keepFormerTitle()
 {
@@ -200,7 +176,9 @@ void Terminal::adaptToSize()
     winsize window{};
     if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &window) == 0 && window.ws_row > 0 && window.ws_col > 0) {
         ::resize_term(window.ws_row, window.ws_col);
-        ::clearok(curscr, TRUE);
+        if (painter_) {
+            painter_->forget();
+        }
     }
 }
 
@@ -214,6 +192,7 @@ void Terminal::takeBack()
 {
     ::reset_prog_mode();
     writeToTerminal(markPastes);
+    writeToTerminal(reportMouse);
     keepFormerTitle();
     adaptToSize();
     ::clearok(curscr, TRUE);
@@ -223,28 +202,14 @@ void Terminal::takeBack()
 
 void Terminal::show(const Canvas& canvas)
 {
-    ::werase(stdscr);
-    for (std::size_t row = 0; row < canvas.size().rows; ++row) {
-        for (std::size_t column = 0; column < canvas.size().columns; ++column) {
-            const Cell& cell = canvas.cell({row, column});
-            if (cell.columns == 0) {
-                continue;
-            }
-            const attr_t attributes =
-                (cell.look.bold ? A_BOLD : A_NORMAL) | (cell.look.dim ? A_DIM : A_NORMAL);
-            const short pair = coloured_ && cell.look.accent ? pairOf(*cell.look.accent) : short{0};
-            cchar_t character{};
-            ::setcchar(&character, charactersOf(cell).data(), attributes, pair, nullptr);
-            ::mvwadd_wchnstr(stdscr, static_cast<int>(row), static_cast<int>(column), &character, 1);
-        }
-    }
-    const std::optional<Place>& cursor = canvas.cursor();
-    ::curs_set(cursor ? 1 : 0);
-    if (cursor) {
-        ::wmove(stdscr, static_cast<int>(cursor->row), static_cast<int>(cursor->column));
-    }
     const InterruptibleWrite writing;
-    ::wrefresh(stdscr);
+    if (!canvas.cursor()) {
+        ::curs_set(0);
+    }
+    writeToTerminal(painter_->paint(canvas));
+    if (canvas.cursor()) {
+        ::curs_set(1);
+    }
 }
 
 void Terminal::ringBell() { ::beep(); }
@@ -264,10 +229,10 @@ std::vector<Key> Terminal::takeKeys()
     // A limit, so that pictures are shown and signals handled during a long paste.
     constexpr std::size_t mostKeys = 300;
     constexpr int mostBytes = 10'000;
-    std::vector<Key> keys;
+    std::vector<Key> keys = std::exchange(earlyKeys_, {});
     hasMoreKeys_ = true;
     for (int count = 0; count < mostBytes && keys.size() < mostKeys && hasMoreKeys_; ++count) {
-        const int code = ::wgetch(stdscr);
+        const int code = ::wgetch(input_);
         if (code == ERR) {
             hasMoreKeys_ = false;
             keyReader_.pause();
@@ -278,6 +243,11 @@ std::vector<Key> Terminal::takeKeys()
         }
         while (std::optional<Key> key = keyReader_.key()) {
             keys.push_back(*std::move(key));
+        }
+    }
+    if (const std::optional<std::string> answer = keyReader_.takeAnswer()) {
+        if (const std::optional<base::Background> background = backgroundFrom(*answer)) {
+            painter_->setBackground(*background);
         }
     }
     return keys;

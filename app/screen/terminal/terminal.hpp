@@ -3,12 +3,15 @@
 
 #include "screen/canvas/canvas.hpp"
 #include "screen/keys/key_reader.hpp"
+#include "screen/terminal/painter.hpp"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
-struct screen;  // of curses
+struct screen;   // of curses
+struct _win_st;  // of curses
 
 namespace quillmere::screen {
 
@@ -49,6 +52,7 @@ public:
 
 private:
     void setInputModes();
+    void askForItsBackground();
     void keepFormerTitle();
 
     struct Delete {
@@ -56,10 +60,12 @@ private:
     };
 
     std::unique_ptr<::screen, Delete> screen_;
+    _win_st* input_ = nullptr;  ///< owned by `screen_`
     Charset charset_;
     KeyReader keyReader_;
+    std::optional<Painter> painter_;
+    std::vector<Key> earlyKeys_;  ///< pressed while the terminal was being asked
     bool hasMoreKeys_ = false;
-    bool coloured_ = false;
     bool keepsTitle_ = false;  ///< the former title is kept by the terminal
     std::string title_;        ///< as it was set last; empty: not since the terminal was taken over
 };

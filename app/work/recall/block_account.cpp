@@ -12,11 +12,6 @@
 namespace quillmere::work {
 namespace {
 
-std::string labelOf(const WorkSession& session)
-{
-    return std::string(signOf(session)) + " " + std::to_string(session.number);
-}
-
 /// What was meant, and what came of it.
 std::string meantAndDone(const WorkSession& session)
 {
@@ -111,7 +106,7 @@ std::vector<Fact> outcomesWithSessions(const Block& block)
     const auto addSessionsOf = [&](const Outcome* outcome) {
         for (const WorkSession& session : block.sessions) {
             if (block.outcomeServed(session.plan) == outcome) {
-                facts.push_back({labelOf(session), meantAndDone(session)});
+                facts.push_back({labelOf(session), meantAndDone(session), completionOf(session)});
             }
         }
     };

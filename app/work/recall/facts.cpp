@@ -67,7 +67,12 @@ std::optional<Fact> factOf(const Record& record, const RecordField<Record>& fiel
 
 std::vector<Fact> factsOf(const SessionPlan& plan, const Block& block)
 {
-    return factsOfAll<SessionPlan>(plan, planFields, block);
+    SessionPlan told = plan;
+    const Outcome* const served = block.outcomeServed(plan);
+    if (served && served->title == plan.intendedOutcome) {
+        told.blockOutcomeID.reset();
+    }
+    return factsOfAll<SessionPlan>(told, planFields, block);
 }
 
 std::vector<Fact> factsOf(const SessionReview& review, const Block& block)

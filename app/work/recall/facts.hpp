@@ -16,7 +16,8 @@ namespace quillmere::work {
 template <class Record>
 std::optional<Fact> factOf(const Record& record, const RecordField<Record>& field, const Block& block);
 
-/// The facts of all fields of the record's table.
+/// The facts of all fields of the record's table. The outcome that a plan serves is left out where the
+/// session has the same one.
 std::vector<Fact> factsOf(const SessionPlan& plan, const Block& block);
 std::vector<Fact> factsOf(const SessionReview& review, const Block& block);
 std::vector<Fact> factsOf(const BlockReview& reflection, const Block& block);

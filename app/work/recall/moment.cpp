@@ -5,7 +5,6 @@
 #include "base/text/local_time.hpp"
 #include "figures/local_day.hpp"
 #include "figures/statistics.hpp"
-#include "work/habits.hpp"
 #include "work/recall/block_account.hpp"
 #include "work/recall/facts.hpp"
 #include "work/recall/session_signs.hpp"
@@ -18,6 +17,8 @@ namespace {
 
 /// Blocks whose lessons are told again.
 constexpr std::size_t lessonsShown = 3;
+/// Sessions of the block that are told again in the next one.
+constexpr std::size_t sessionsShown = 4;
 
 class Moment {
 public:
@@ -51,6 +52,27 @@ private:
         }
     }
 
+    static void tell(std::vector<Fact>& facts, std::string label, const std::string& text)
+    {
+        if (!text.empty()) {
+            facts.push_back({std::move(label), text});
+        }
+    }
+
+    figures::LocalCalendar localCalendar() const
+    {
+        return figures::LocalCalendar(static_cast<int>(values_.dayBeginsAtHour));
+    }
+
+    /// "1 h 40 min of 4 h"; without a goal "1 h 40 min".
+    std::string workedToday() const
+    {
+        figures::LocalCalendar calendar = localCalendar();
+        const double worked = figures::focusOn(state_, calendar.dayOf(here_.now), calendar);
+        const std::optional<double>& goal = values_.dailyGoalSeconds;
+        return base::hoursText(worked) + (goal ? " of " + base::hoursText(*goal) : "");
+    }
+
     void add(std::string heading, std::vector<Fact> facts)
     {
         addPassage(recall_, std::move(heading), std::move(facts));
@@ -78,10 +100,39 @@ private:
         if (!session) {
             return;
         }
-        std::vector<Fact> facts = factsOf(session->plan, block);
-        addFact(facts, block, &Block::whyValue, block);
-        facts.push_back({"Sessions", signsOf(block)});
-        add("This session", std::move(facts));
+        const SessionPlan& plan = session->plan;
+        const Outcome* const served = block.outcomeServed(plan);
+        const std::string purpose =
+            served && served->title != plan.intendedOutcome ? served->title : std::string();
+        std::vector<Fact> facts;
+        tell(facts, "First", plan.firstAction);
+        tell(facts, "If", plan.hazardsMitigation);
+        tell(facts, "View", plan.nicuFraming);
+        tell(facts, "For", purpose);
+        tell(facts, purpose.empty() ? "For" : "", block.whyValue);
+        if (plan.intendedOutcome.empty()) {
+            add("This session", std::move(facts));
+        } else {
+            // Stands also where the person wrote nothing else.
+            recall_.push_back({plan.intendedOutcome, std::move(facts)});
+        }
+        add("", daySoFar(block));
+    }
+
+    /// The day's work, and the last sessions of the block with the running one.
+    std::vector<Fact> daySoFar(const Block& block) const
+    {
+        std::vector<Fact> facts = {{"Today", workedToday()}};
+        const std::size_t count = block.sessions.size();
+        for (std::size_t index = count - std::min(count, sessionsShown); count > 1 && index < count;
+             ++index) {
+            const WorkSession& session = block.sessions[index];
+            if (!session.plan.intendedOutcome.empty()) {
+                facts.push_back({labelOf(session), session.plan.intendedOutcome, completionOf(session)});
+            }
+        }
+        addFact(facts, block, &Block::doneTest, block);
+        return facts;
     }
 
     void atItsReview(const Block& block)
@@ -120,17 +171,12 @@ private:
     static std::vector<Fact> foreseenAndMet(const Block& block)
     {
         std::vector<Fact> facts;
-        const auto tell = [&](const char* label, const std::string& text) {
-            if (!text.empty()) {
-                facts.push_back({label, text});
-            }
-        };
-        tell("Foreseen", block.hazards);
+        tell(facts, "Foreseen", block.hazards);
         for (const WorkSession& session : block.sessions) {
             const std::string number = std::to_string(session.number);
-            tell(("Foreseen " + number).c_str(), session.plan.hazardsMitigation);
+            tell(facts, "Foreseen " + number, session.plan.hazardsMitigation);
             if (session.review) {
-                tell(("Met " + number).c_str(), session.review->distractions);
+                tell(facts, "Met " + number, session.review->distractions);
             }
         }
         return facts;
@@ -151,13 +197,9 @@ private:
 
     void tellToday()
     {
-        const figures::LocalCalendar calendar(static_cast<int>(values_.dayBeginsAtHour));
+        const figures::LocalCalendar calendar = localCalendar();
         const figures::Day today = calendar.dayOf(here_.now);
-        const double worked =
-            figures::focusOn(figures::statistics(state_, {today, today}, today, habitsOf(values_)), today);
-        const std::optional<double>& goal = values_.dailyGoalSeconds;
-        std::vector<Fact> facts = {
-            {"Worked", base::hoursText(worked) + (goal ? " of " + base::hoursText(*goal) : "")}};
+        std::vector<Fact> facts = {{"Worked", workedToday()}};
         const auto finished =
             std::count_if(state_.blockHistory.begin(), state_.blockHistory.end(), [&](const Block& block) {
                 return calendar.dayOf(block.completedAt.value_or(block.createdAt)) == today;

@@ -1,6 +1,9 @@
 // What a person wrote, told again: passages of facts, which every surface shows in its own way.
 #pragma once
 
+#include <quillmere/records/session_review.hpp>
+
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -11,11 +14,14 @@ namespace quillmere::work {
 struct Fact {
     std::string label;  ///< may be empty
     std::string text;
+    /// Of the session whose sign the label begins with.
+    std::optional<CompletionResult> completion = {};
 
     friend bool operator==(const Fact&, const Fact&) = default;
 };
 
 struct Passage {
+    /// Not sanitized: in a focus session, what the person wants from it. Empty where the facts need none.
     std::string heading;
     std::vector<Fact> facts;
 

@@ -89,6 +89,23 @@ TEST(Statistics, divideFocusAmongLocalDays)
     }
 }
 
+TEST(FocusOnOneDay, isThatOfTheStatistics)
+{
+    for (const Split& each : splits) {
+        SCOPED_TRACE(each.zone);
+        SCOPED_TRACE(each.start);
+        const TimeZone here(each.zone);
+        const QuillmereState state = stateWith({session(local(each.start), each.elapsed, each.paused)});
+        const LookBack look = lookAt(state);
+        figures::LocalCalendar calendar;
+        const figures::Day first = look.days.front().first;
+        for (figures::Day day = first - figures::oneDay; day <= first + std::chrono::days(3);
+             day += figures::oneDay) {
+            EXPECT_EQ(figures::focusOn(state, day, calendar), figures::focusOn(look, day));
+        }
+    }
+}
+
 TEST(Statistics, sumDaysUpToWeeksMonthsAndATotal)
 {
     const TimeZone here("Europe/Berlin");

@@ -41,11 +41,9 @@ TEST(ActionKeys, findTheirActions)
 {
     for (const workspace::Situation& situation : situations()) {
         for (const work::Action* const action : work::actionsFor(situation)) {
-            const std::string name = keyName(action->id);
-            const Key key = name == "Esc"     ? Key{Key::Kind::escape}
-                            : name == "space" ? typed(" ")
-                                              : typed(name);
-            EXPECT_EQ(actionOn(key, situation), action) << action->label;
+            const std::optional<Key> key = keyNamed(keyName(action->id));
+            ASSERT_TRUE(key) << action->label;
+            EXPECT_EQ(actionOn(*key, situation), action) << action->label;
         }
     }
 }
@@ -56,6 +54,17 @@ TEST(ActionKeys, findNothingThatIsNotPossible)
     EXPECT_EQ(actionOn(typed("p"), running), nullptr);
     EXPECT_EQ(actionOn(Key{Key::Kind::escape}, running), nullptr);
     EXPECT_EQ(actionOn(Key{Key::Kind::enter}, running), nullptr);
+}
+
+TEST(KeyNamed, isTheKeyOfAHint)
+{
+    EXPECT_EQ(keyNamed("^S"), withControl('s'));
+    EXPECT_EQ(keyNamed("Tab"), Key{Key::Kind::tab});
+    EXPECT_EQ(keyNamed("Enter"), Key{Key::Kind::enter});
+    EXPECT_EQ(keyNamed("PgDn"), Key{Key::Kind::pageDown});
+    EXPECT_EQ(keyNamed("?"), typed("?"));
+    EXPECT_EQ(keyNamed("\u2191\u2193"), std::nullopt);
+    EXPECT_EQ(keyNamed("any other key"), std::nullopt);
 }
 
 }  // namespace

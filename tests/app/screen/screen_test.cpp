@@ -3,6 +3,8 @@
 
 #include <sys/resource.h>
 
+#include <sstream>
+
 namespace quillmere::test {
 namespace {
 
@@ -414,11 +416,11 @@ TEST_F(ScreenOfAPerson, givesNoCommandsByTypingOnAfterAFormWasClosed)
               ExitCode::done);
     ui->refresh();
     const QuillmereState state = person.state();
-    EXPECT_TRUE(shows("What you wrote is kept. Esc goes on."));
+    EXPECT_TRUE(shows("What you wrote is kept."));
     EXPECT_TRUE(shows("Esc go on"));
     presses("is finished\nes");
     EXPECT_EQ(person.state(), state);
-    EXPECT_TRUE(shows("What you wrote is kept. Esc goes on."));
+    EXPECT_TRUE(shows("What you wrote is kept."));
     presses(escape);
     EXPECT_FALSE(shows("go on"));
     presses("e");
@@ -605,11 +607,62 @@ TEST_F(ScreenOfAPerson, changesNothingInAWindowThatIsTooSmall)
 {
     opens(stateIn(WorkflowState::focusing));
     presses("e");
-    ui->resize({.rows = 5, .columns = 20});
+    ui->resize({.rows = 4, .columns = 20});
     presses("yp");
     EXPECT_EQ(person.state(), stateIn(WorkflowState::focusing));
     presses("q");
     EXPECT_TRUE(ui->isOver());
+}
+
+TEST_F(ScreenOfAPerson, confirmsInASmallWindowOnlyWhatItShowsWhole)
+{
+    opens(stateIn(WorkflowState::focusing));
+    ui->resize({.rows = 5, .columns = 20});
+    presses("e");
+    EXPECT_TRUE(shows("before its time?"));
+    presses("y");
+    EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
+    opens(stateIn(WorkflowState::breaking));
+    ui->resize({.rows = 5, .columns = 20});
+    presses("f");
+    EXPECT_TRUE(shows("This needs 40"));
+    presses("y");
+    EXPECT_EQ(person.state(), stateIn(WorkflowState::breaking));
+    ui->resize(smallWindow);
+    presses("fy");
+    EXPECT_NE(person.state(), stateIn(WorkflowState::breaking));
+}
+
+TEST_F(ScreenOfAPerson, pressesTheKeyOfAHintByAClick)
+{
+    const auto clickOn = [&](const std::string& hint) {
+        std::istringstream rows(ui->picture(screen::Charset::ascii).text());
+        std::string row;
+        for (std::size_t number = 0; std::getline(rows, row); ++number) {
+            if (const std::size_t column = row.find(hint); column != std::string::npos) {
+                presses(Key{.kind = Key::Kind::click, .place = {number, column + hint.size() - 1}});
+                return;
+            }
+        }
+        FAIL() << "no hint: " << hint;
+    };
+    opens(stateIn(WorkflowState::focusing));
+    clickOn("space pause");
+    EXPECT_TRUE(shows("paused since"));
+    clickOn("? keys");
+    EXPECT_TRUE(shows("you were away"));
+    clickOn("Esc back");
+    presses(Key{.kind = Key::Kind::click, .place = {0, 0}});
+    presses(Key{.kind = Key::Kind::click, .place = {500, 500}});
+    EXPECT_TRUE(shows("space go on"));
+}
+
+TEST_F(ScreenOfAPerson, pausesInASmallWindow)
+{
+    opens(stateIn(WorkflowState::focusing));
+    ui->resize({.rows = 5, .columns = 20});
+    presses(" ");
+    EXPECT_TRUE(shows("paused"));
 }
 
 TEST_F(ScreenOfAPerson, readsLongMessagesInASmallWindowToo)
@@ -617,7 +670,8 @@ TEST_F(ScreenOfAPerson, readsLongMessagesInASmallWindowToo)
     opens(stateIn(WorkflowState::focusing));
     ui->resize(smallWindow);
     presses("-----");
-    EXPECT_TRUE(shows("and for 366 days at most."));
+    EXPECT_TRUE(shows("what is used, and for 366 days at"));
+    EXPECT_TRUE(shows("most."));
     EXPECT_TRUE(shows("space pause"));
 }
 

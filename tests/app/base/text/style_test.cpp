@@ -47,6 +47,9 @@ TEST(Style, wrapsTextsInTheColourOfTheirAccent)
     EXPECT_EQ(style.accented("Review", Accent::review), "\x1b[1;35mReview\x1b[0m");
     EXPECT_EQ(style.accented("Idle", Accent::neutral), "\x1b[1mIdle\x1b[0m");
     EXPECT_EQ(style.dimmed("Next"), "\x1b[2mNext\x1b[0m");
+    EXPECT_EQ(style.marked("✓ 1", CompletionResult::yes), "\x1b[32m✓ 1\x1b[0m");
+    EXPECT_EQ(style.marked("½ 2", CompletionResult::half), "\x1b[33m½ 2\x1b[0m");
+    EXPECT_EQ(style.marked("✗ 3", CompletionResult::no), "✗ 3");
 }
 
 TEST(Style, leavesTextsAsTheyAreWithoutColour)

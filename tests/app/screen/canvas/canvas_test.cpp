@@ -93,17 +93,46 @@ TEST(Canvas, copiesRowsWithTheCursor)
     EXPECT_EQ(other.cursor(), std::nullopt);
 }
 
-TEST(BigDigits, adaptToTheWidthOfTheArea)
+Canvas pictureOfDigits(std::string_view text, Size room, DigitStyle style = DigitStyle::full,
+                       Charset charset = Charset::ascii)
 {
-    Canvas large({5, 40}, Charset::ascii);
-    drawBigDigits(large, large.area(), "+1:0", {});
-    EXPECT_EQ(large.rowText(2), "       ######      ##      ##  ##");
-    Canvas narrow({5, 16}, Charset::ascii);
-    drawBigDigits(narrow, narrow.area(), "+1:0", {});
-    EXPECT_EQ(narrow.rowText(2), " ###   #   # #");
-    Canvas tiny({5, 8}, Charset::ascii);
-    drawBigDigits(tiny, tiny.area(), "+1:0", {});
-    EXPECT_EQ(tiny.rowText(0), "+1:0");
+    Canvas canvas(room, charset);
+    BigDigits(text, room).draw(canvas, {0, 0}, style, {});
+    return canvas;
+}
+
+TEST(BigDigits, adaptToTheRoom)
+{
+    EXPECT_EQ(pictureOfDigits("+1:0", {5, 40}).rowText(2), "######      ##      ##  ##");
+    EXPECT_EQ(pictureOfDigits("+1:0", {5, 16}).rowText(2), "###   #   # #");
+    EXPECT_EQ(pictureOfDigits("+1:0", {5, 8}).rowText(0), "+1:0");
+    EXPECT_EQ(pictureOfDigits("+1:0", {4, 40}).rowText(0), "+1:0");
+}
+
+TEST(BigDigits, growInALargeRoom)
+{
+    const Size room{.rows = 12, .columns = 40};
+    const BigDigits digits("17", room);
+    EXPECT_EQ(digits.rows(), 10u);
+    EXPECT_EQ(digits.columns(), 28u);
+    const Canvas canvas = pictureOfDigits("17", room);
+    EXPECT_EQ(canvas.rowText(1), "        ####    ############");
+    EXPECT_EQ(canvas.rowText(9), "        ####            ####");
+    EXPECT_EQ(canvas.rowText(10), "");
+}
+
+TEST(BigDigits, areLinesWhereTheyAreHollow)
+{
+    EXPECT_EQ(pictureOfDigits("8:1", {5, 40}, DigitStyle::hollow, Charset::unicode).text(),
+              "┌───┐           │\n"
+              "│   │   ○       │\n"
+              "├───┤           │\n"
+              "│   │   ○       │\n"
+              "└───┘           │\n");
+    const Canvas large = pictureOfDigits("7", {10, 20}, DigitStyle::hollow, Charset::unicode);
+    EXPECT_EQ(large.rowText(0), "────────┐");
+    EXPECT_EQ(large.rowText(9), "");
+    EXPECT_EQ(large.rowText(8), "        │");
 }
 
 }  // namespace

@@ -15,7 +15,13 @@ TEST(Layout, followsTheSizeOfTheWindow)
     EXPECT_EQ(familyFor({.rows = 18, .columns = 64}), medium);
     EXPECT_EQ(familyFor({.rows = 24, .columns = 79}), medium);
     EXPECT_EQ(familyFor({.rows = 24, .columns = 80}), large);
-    EXPECT_EQ(familyFor({.rows = 32, .columns = 120}), extraLarge);
+    EXPECT_EQ(familyFor({.rows = 24, .columns = 120}), extraLarge);
+}
+
+TEST(Layout, hasWideMarginsFromEightyColumns)
+{
+    EXPECT_EQ(marginFor({.rows = 24, .columns = 79}), 2U);
+    EXPECT_EQ(marginFor({.rows = 10, .columns = 80}), 4U);
 }
 
 TEST(Layout, turnsPointsIntoWholeCells)

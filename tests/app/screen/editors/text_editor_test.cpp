@@ -56,6 +56,38 @@ TEST(TextEditor, isEmptiedWithControlU)
     EXPECT_EQ(editor.text(), "");
 }
 
+TEST(TextEditor, movesByWords)
+{
+    TextEditor editor("one  t\u00E9o\nthree");
+    const auto offsetAfter = [&](Key::Kind kind) {
+        press(editor, {kind});
+        return editor.cursor();
+    };
+    EXPECT_EQ(offsetAfter(Key::Kind::wordLeft), 10u);
+    EXPECT_EQ(offsetAfter(Key::Kind::wordLeft), 5u);
+    EXPECT_EQ(offsetAfter(Key::Kind::wordLeft), 0u);
+    EXPECT_EQ(offsetAfter(Key::Kind::wordLeft), 0u);
+    EXPECT_EQ(offsetAfter(Key::Kind::wordRight), 3u);
+    EXPECT_EQ(offsetAfter(Key::Kind::wordRight), 9u);
+    EXPECT_EQ(offsetAfter(Key::Kind::wordRight), 15u);
+    EXPECT_EQ(offsetAfter(Key::Kind::wordRight), 15u);
+}
+
+TEST(TextEditor, hasTheControlKeysOfALineEditor)
+{
+    TextEditor editor("one two");
+    editor.take(withControl('a'), roomy);
+    EXPECT_EQ(editor.cursor(), 0u);
+    EXPECT_EQ(editor.take(withControl('w'), roomy), Effect::unchanged);
+    editor.take(withControl('e'), roomy);
+    EXPECT_EQ(editor.cursor(), 7u);
+    EXPECT_EQ(editor.take(withControl('w'), roomy), Effect::changed);
+    EXPECT_EQ(editor.text(), "one ");
+    EXPECT_EQ(editor.take(withControl('w'), roomy), Effect::changed);
+    EXPECT_EQ(editor.text(), "");
+    EXPECT_EQ(editor.take(withControl('k'), roomy), Effect::notForIt);
+}
+
 TEST(TextEditor, breaksRowsBetweenWords)
 {
     EXPECT_EQ(rowsOf(TextEditor("one two three"), 9), (std::vector<std::string>{"one two ", "three"}));

@@ -90,6 +90,56 @@ TEST_F(KeyReaderOfBytes, readsTheSequencesOfCursorKeys)
     EXPECT_EQ(keys(), "a" + name(Key::Kind::wordLeft) + name(Key::Kind::wordRight) + "b");
 }
 
+TEST_F(KeyReaderOfBytes, readsTheMouse)
+{
+    comes("\x1B[<0;10;5M");
+    EXPECT_EQ(reader.key(), (Key{.kind = Key::Kind::click, .place = {4, 9}}));
+    comes("\x1B[<0;10;5m\x1B[<2;1;1M\x1B[<64;1;1M\x1B[<65;1;1Mx");
+    EXPECT_EQ(keys(), name(Key::Kind::pageUp) + name(Key::Kind::pageDown) + "x");
+}
+
+TEST_F(KeyReaderOfBytes, dropsReportsOfTheMouseThatNameNoPlace)
+{
+    for (const char* const report : {"<0;0;1M", "<0;1;0M", "<0;1M", "<0;1;1;1M", "<;1;1M",
+                                     "<0;99999999999999999999;1M", "<0;1;M", "<M"}) {
+        comes(std::string("\x1B[") + report);
+        EXPECT_EQ(keys(), "") << report;
+    }
+}
+
+TEST_F(KeyReaderOfBytes, readsLettersWithAltThatMoveByWords)
+{
+    comes(
+        "\x1B"
+        "b\x1B"
+        "fb");
+    EXPECT_EQ(keys(), name(Key::Kind::wordLeft) + name(Key::Kind::wordRight) + "b");
+}
+
+TEST_F(KeyReaderOfBytes, takesAnExpectedAnswerAndNoKeysFromIt)
+{
+    for (const std::string end : {"\x1B\\", "\x07"}) {
+        reader.expectAnswer();
+        comes("a\x1B]11;rgb:1c");
+        comes("1c/1c1c/1c1c" + end + "b");
+        EXPECT_EQ(keys(), "ab");
+        EXPECT_EQ(reader.takeAnswer(), "11;rgb:1c1c/1c1c/1c1c");
+        EXPECT_EQ(reader.takeAnswer(), std::nullopt);
+    }
+}
+
+TEST_F(KeyReaderOfBytes, takesWhatIsNoAnswerForKeys)
+{
+    comes("\x1B]11");
+    EXPECT_EQ(keys(), name(Key::Kind::escape) + "]11") << "none is expected";
+    reader.expectAnswer();
+    comes("\x1B]1x");
+    EXPECT_EQ(keys(), name(Key::Kind::escape) + "]1x");
+    comes("\x1B]" + std::string("11;rgb:") + std::string(40, '0'));
+    EXPECT_EQ(keys(), name(Key::Kind::escape) + "]11;rgb:" + std::string(40, '0'));
+    EXPECT_EQ(reader.takeAnswer(), std::nullopt);
+}
+
 TEST_F(KeyReaderOfBytes, recognisesThePressedEscapeKey)
 {
     comes("\x1B");

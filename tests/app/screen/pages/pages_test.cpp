@@ -70,7 +70,6 @@ TEST(Pages, showTheCountdownAndThePlanInEveryWindow)
     for (const Size window : windows) {
         const std::string picture = pictureOf(stateIn(WorkflowState::focusing), window, Charset::ascii);
         EXPECT_TRUE(shows(picture, "######  ######      ######  ######")) << picture;
-        EXPECT_TRUE(shows(picture, "......")) << picture;
         EXPECT_TRUE(shows(picture, "Outcome of session 1")) << picture;
         EXPECT_TRUE(shows(picture, "First action 1")) << picture;
     }
@@ -106,22 +105,105 @@ TEST(Pages, sanitizeTheTextsOfTheFiles)
     }
 }
 
-TEST(Pages, sayThatTheWindowIsTooSmall)
+TEST(SmallWindow, hasThePhaseTheTimeAndALine)
 {
-    EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::focusing), {.rows = 11, .columns = 80}), "too small"));
-    EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::focusing), {.rows = 24, .columns = 39}), "too small"));
+    const TimeZone here("UTC");
+    EXPECT_EQ(pictureOf(stateIn(WorkflowState::focusing), {.rows = 5, .columns = 20}),
+              "Focus Session 1 of 3\n"
+              "25:00  until 15:25\n"
+              "────────────────────\n"
+              "Outcome of session 1\n"
+              "space pause\n");
+    const std::string idle = pictureOf(stateIn(WorkflowState::idle), {.rows = 5, .columns = 20});
+    EXPECT_TRUE(shows(idle, "p plan a block")) << idle;
+}
+
+TEST(SmallWindow, saysThatTheTimeStands)
+{
+    QuillmereState state = stateIn(WorkflowState::focusing);
+    state.currentBlock->sessions.back().pausedAt = moment;
+    const std::string picture = pictureOf(state, {.rows = 5, .columns = 20});
+    EXPECT_TRUE(shows(picture, "25:00  paused\n")) << picture;
+    EXPECT_TRUE(shows(picture, "space go on")) << picture;
+}
+
+TEST(SmallWindow, hasLargeDigitsWhereRowsAreLeft)
+{
+    EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::focusing), {.rows = 9, .columns = 36}), "██████"));
+}
+
+TEST(SmallWindow, asksForMoreRoomForAForm)
+{
+    const std::string picture = pictureOf(stateIn(WorkflowState::sessionReview), {.rows = 5, .columns = 20});
+    EXPECT_EQ(picture,
+              "Review Review this …\n"
+              "This needs 40\n"
+              "columns and 12 rows.\n"
+              "q quits.\n"
+              "\n");
+}
+
+TEST(SmallWindow, saysWhenItIsTooSmall)
+{
+    for (const Size window : {Size{.rows = 4, .columns = 80}, Size{.rows = 24, .columns = 19}}) {
+        EXPECT_TRUE(shows(pictureOf(stateIn(WorkflowState::focusing), window), "Too small"));
+    }
     EXPECT_NO_FATAL_FAILURE(pictureOf(stateIn(WorkflowState::focusing), {.rows = 1, .columns = 1}));
 }
 
 TEST(Pages, saySinceWhenTheTimeIsOver)
 {
     const TimeZone here("UTC");
-    Canvas canvas(usualWindow, Charset::ascii);
-    drawCountdown(canvas, {3, 2, 18, 76},
-                  work::SituationView::of({stateIn(WorkflowState::breaking), {}, moment + 375}), {},
-                  moment + 375);
+    Canvas canvas(usualWindow);
+    drawCountdown(canvas, {3, 4, 18, 72}, {stateIn(WorkflowState::breaking), {}, moment + 375}, {},
+                  base::Hours::twentyFour);
     EXPECT_TRUE(shows(canvas.text(), "over since 15:05")) << canvas.text();
-    EXPECT_FALSE(shows(canvas.text(), "......"));
+    EXPECT_FALSE(canvas.cell({3, 4}).look.accent);
+    EXPECT_FALSE(shows(canvas.text(), "─")) << "the bar is full";
+}
+
+TEST(Pages, haveTheEndBesideTheBar)
+{
+    const TimeZone here("UTC");
+    const std::string picture = pictureOf(stateIn(WorkflowState::focusing), usualWindow);
+    EXPECT_TRUE(shows(picture, "──────  until 15:25\n")) << picture;
+}
+
+TEST(Pages, drawAPausedTimeHollow)
+{
+    const TimeZone here("UTC");
+    QuillmereState state = stateIn(WorkflowState::focusing);
+    EXPECT_TRUE(shows(pictureOf(state, usualWindow), "██████"));
+    state.currentBlock->sessions.back().pausedAt = moment;
+    const std::string picture = pictureOf(state, usualWindow);
+    EXPECT_FALSE(shows(picture, "█")) << picture;
+    EXPECT_TRUE(shows(picture, "┌───┐")) << picture;
+    EXPECT_TRUE(shows(picture, "paused since 15:00")) << picture;
+}
+
+TEST(Pages, haveNoHeadingWithoutItsFacts)
+{
+    const work::Recall recall = {{"First heading", {{"One", "fact"}}}, {"Second heading", {{"Two", "fact"}}}};
+    for (const std::size_t rows : {4u, 5u}) {
+        Canvas canvas({24, 80});
+        drawRecall(canvas, {0, 0, rows, 80}, recall, {});
+        EXPECT_EQ(shows(canvas.text(), "Second heading"), rows == 5) << canvas.text();
+    }
+}
+
+TEST(Pages, haveASignForEachSession)
+{
+    QuillmereState state = stateIn(WorkflowState::focusing);
+    state.currentBlock->cycleCount = 3;
+    EXPECT_TRUE(shows(pictureOf(state, usualWindow), "◐  ·  ·"));
+}
+
+TEST(Pages, sayWhatASessionIsForBesideItsTimeInAWideWindow)
+{
+    const std::string beside = "██" + std::string(24, ' ') + "Outcome of session 1";
+    const QuillmereState state = stateIn(WorkflowState::focusing);
+    EXPECT_TRUE(shows(pictureOf(state, {.rows = 24, .columns = 120}), beside));
+    EXPECT_FALSE(shows(pictureOf(state, usualWindow), beside));
 }
 
 TEST(Pages, sayWhatWasMeantBesideTheReviewInAWideWindow)

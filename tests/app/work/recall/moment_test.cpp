@@ -66,8 +66,9 @@ TEST(Recall, hasAtEachMomentTheWordsThatHelp)
           "distractions-of-2", "improvement-of-2", "next-meant", "next-first", "next-hazards", "next-framing",
           "Sessions=½ ½ ·"}},
         {WorkflowState::focusing,
-         {"intended_outcome-of-2", "first_action-of-2", "hazards_mitigation-of-2", "nicu_framing-of-2",
-          "title-of-1", "why_value-of-block", "Sessions=½ ◐ ·"}},
+         {"[intended_outcome-of-2]", "First=first_action-of-2", "If=hazards_mitigation-of-2",
+          "View=nicu_framing-of-2", "For=title-of-1", "=why_value-of-block", "Today=25 min",
+          "½ 1=intended_outcome-of-1", "◐ 2=intended_outcome-of-2", "Done when=done_test-of-block"}},
         {WorkflowState::sessionReview,
          {"intended_outcome-of-2", "first_action-of-2", "hazards_mitigation-of-2", "nicu_framing-of-2"}},
         {WorkflowState::breaking,
@@ -114,6 +115,37 @@ TEST(Recall, ofTheFirstStartSaysWhatABlockIs)
     EXPECT_EQ(recall.front().facts.size(), 3u);
 }
 
+TEST(Recall, saysOnceWhatASessionAndItsOutcomeBothSay)
+{
+    workspace::Situation situation = situationIn(WorkflowState::focusing);
+    situation.state.currentBlock->sessions.back().plan.intendedOutcome = "outcome-1";
+    EXPECT_NE(recallText(work::recallAt(situation, {})).find("For=why"), std::string::npos);
+    situation = situationIn(WorkflowState::sessionReview);
+    situation.state.currentBlock->sessions.back().plan.intendedOutcome = "outcome-1";
+    const std::string text = recallText(work::recallAt(situation, {}));
+    EXPECT_NE(text.find("Outcome=outcome-1"), std::string::npos) << text;
+    EXPECT_EQ(text.find("Towards"), std::string::npos) << text;
+}
+
+TEST(Recall, inAFirstSessionHasNoListOfSessions)
+{
+    workspace::Situation situation = situationIn(WorkflowState::focusing);
+    situation.state.currentBlock->sessions.erase(situation.state.currentBlock->sessions.begin());
+    const std::string text = recallText(work::recallAt(situation, {}));
+    EXPECT_EQ(text.find("◐"), std::string::npos) << text;
+}
+
+TEST(Recall, hasTheLastFourSessionsOfMany)
+{
+    workspace::Situation situation = situationIn(WorkflowState::focusing);
+    std::vector<WorkSession>& sessions = situation.state.currentBlock->sessions;
+    sessions.insert(sessions.begin(), 3, sessions.front());
+    const std::vector<work::Fact> facts = work::recallAt(situation, {}).back().facts;
+    EXPECT_EQ(std::count_if(facts.begin(), facts.end(),
+                            [](const work::Fact& fact) { return fact.completion.has_value(); }),
+              3);
+}
+
 TEST(Recall, hasNoEmptyFactsAndNoEmptyPassages)
 {
     for (const WorkflowState state : allCases<WorkflowState>()) {
@@ -152,12 +184,13 @@ TEST(OutcomesWithSessions, nameTheSessionsThatServeNoneOfThem)
 {
     Block block = markedBlock();
     block.sessions.back().plan.blockOutcomeID.reset();
+    constexpr auto half = CompletionResult::half;
     EXPECT_EQ(work::outcomesWithSessions(block),
               (std::vector<Fact>{{"Outcome", "title-of-1"},
-                                 {"½ 1", "intended_outcome-of-1: noteworthy_result-of-1"},
+                                 {"½ 1", "intended_outcome-of-1: noteworthy_result-of-1", half},
                                  {"Outcome", "title-of-2"},
                                  {"Outcome", "none of these"},
-                                 {"½ 2", "intended_outcome-of-2: noteworthy_result-of-2"}}));
+                                 {"½ 2", "intended_outcome-of-2: noteworthy_result-of-2", half}}));
 }
 
 }  // namespace

@@ -27,6 +27,16 @@ TEST(SessionSigns, sayDoneHalfNotRunningAndToCome)
     EXPECT_EQ(work::signsOf(blockOf({yes, yes}, 1)), "✓ ✓");
 }
 
+TEST(SessionSigns, haveTheCompletionThatColoursThem)
+{
+    using enum CompletionResult;
+    const std::vector<work::SessionSign> signs = work::sessionSigns(blockOf({half, std::nullopt}, 3));
+    ASSERT_EQ(signs.size(), 3u);
+    EXPECT_EQ(signs[0].completion, half);
+    EXPECT_EQ(signs[1].completion, std::nullopt);
+    EXPECT_EQ(signs[2].completion, std::nullopt);
+}
+
 TEST(SessionSigns, areNumbersForManySessions)
 {
     using enum CompletionResult;
