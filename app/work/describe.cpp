@@ -36,7 +36,7 @@ std::vector<std::string> describe(const QuillmereState& before, const QuillmereS
 std::string describeInASentence(const QuillmereState& before, const QuillmereState& after,
                                 const base::SeenFrom& here)
 {
-    constexpr std::ptrdiff_t mostNamed = 3;
+    constexpr std::ptrdiff_t mostNamed = 2;
     const Changes changes = changesBetween(before, after);
     const std::ptrdiff_t named = std::min(std::ssize(changes), mostNamed);
     std::string line;

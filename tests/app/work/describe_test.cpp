@@ -425,7 +425,7 @@ TEST(Describe, namesTheFirstChangesInOneSentenceAndCountsTheOthers)
     workflow.addQuestion(after, "Third", moment);
     workflow.addQuestion(after, "Fourth", moment);
     workflow.addQuestion(after, "Fifth", moment);
-    EXPECT_EQ(sentence().substr(sentence().rfind(';')), "; and 2 more.");
+    EXPECT_EQ(sentence().substr(sentence().rfind(';')), "; and 3 more.");
 }
 
 TEST(WayBack, saysWhatWouldGoAndWhatWouldComeBack)
