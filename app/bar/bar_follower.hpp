@@ -26,12 +26,12 @@ using BarLines = std::function<std::string(const BarReading& reading, Instant no
 /// Workspace::widgetSnapshot does.
 work::SummarizedWork readSummaries(const workspace::Workspace& workspace, Instant now);
 
-/// Writes lines to a descriptor: at once, whenever a summary changes, and each second while a countdown
-/// runs. Sleeps in between. Reads the files only when the widget's summary, which is written last, has
-/// changed, or when the widget's timeline says so. Returns
-/// on SIGTERM, on SIGINT and when the reader is gone, also while it sleeps or waits for a slow reader. A
-/// summary that cannot be read becomes a line, and following goes on. Throws `std::system_error` when the
-/// directory cannot be watched or the output cannot be written.
+/// Writes lines to a descriptor: at once, whenever the widget's summary changes, and each second while a
+/// countdown runs. Sleeps in between. Reads the files only when the widget's summary, which is written last,
+/// has changed or the widget's timeline says so. Returns on SIGTERM, on SIGINT and when the reader is gone,
+/// also while it sleeps or waits for a slow reader. A summary that cannot be read becomes a line, and
+/// following goes on. Throws `std::system_error` when the directory cannot be watched or the output cannot be
+/// written.
 ///
 /// Where the system offers no more watches (DirectoryWatch::trouble), says so once in `messages`, and looks
 /// for changes every second.

@@ -21,8 +21,9 @@ namespace fs = std::filesystem;
 
 constexpr std::int64_t agentSchemaVersion = 1;
 
-/// Bytes. Some hundred sessions of usual texts.
-constexpr std::uintmax_t longestAgentSummary = 1 << 18;
+/// Bytes; a block of some eighty sessions with usual texts. A status bar should take less than five
+/// milliseconds of processor time.
+constexpr std::uintmax_t longestAgentSummary = 1 << 17;
 
 bool agentAgrees(const StateStore& states, const QuillmereState& state)
 {
