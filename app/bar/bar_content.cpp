@@ -3,7 +3,7 @@
 #include "base/text/columns.hpp"
 #include "base/text/count.hpp"
 #include "base/text/sanitize.hpp"
-#include "work/countdown.hpp"
+#include "work/timer_text.hpp"
 
 #include <cmath>
 
@@ -31,28 +31,28 @@ void addDetail(std::vector<std::string>& details, std::string_view heading, std:
     }
 }
 
-bool isPaused(const WidgetSnapshot& summary) { return summary.countdown && summary.countdown->isPaused; }
+bool isPaused(const work::ShortView& work) { return work.timer && work.timer->isPaused; }
 
-/// "15:00", "15:00 paused", "+01:15".
-std::string timeInWords(const WidgetSnapshot& summary, std::int64_t remaining)
+/// "15:00", "15:00 paused", "over since 14:55"; empty without a time.
+std::string timeInWords(const work::ShortView& work, const base::SeenFrom& here)
 {
-    return QuillmereDesign::timeText(remaining) + (isPaused(summary) ? " paused" : "");
+    return work::timeText(work.timer, work.overSince, here) + (isPaused(work) ? " paused" : "");
 }
 
 /// "Focus 15:00 paused".
-std::string shortLine(const WidgetSnapshot& summary, std::optional<std::int64_t> remaining)
+std::string shortLine(const work::ShortView& work, const std::string& time)
 {
-    const std::string name(title(summary.phase));
-    return remaining ? name + " " + timeInWords(summary, *remaining) : name;
+    const std::string name(title(work.snapshot.phase));
+    return time.empty() ? name : name + " " + time;
 }
 
 /// The person's own text comes last, so that text of another direction cannot reorder the rest.
-std::string fullLine(const WidgetSnapshot& summary, std::optional<std::int64_t> remaining, std::size_t width)
+std::string fullLine(const work::ShortView& work, const std::string& time, std::size_t width)
 {
-    std::string line = shortLine(summary, remaining);
-    const std::string caption = QuillmereDesign::caption(summary);
-    if (caption != title(summary.phase)) {
-        line.append(separator).append(caption);
+    const WidgetSnapshot& summary = work.snapshot;
+    std::string line = shortLine(work, time);
+    if (work.heading != title(summary.phase)) {
+        line.append(separator).append(work.heading);
     }
     if (summary.openQuestionCount > 0) {
         line.append(separator).append(base::countText(summary.openQuestionCount, "question"));
@@ -63,11 +63,12 @@ std::string fullLine(const WidgetSnapshot& summary, std::optional<std::int64_t> 
     return line;
 }
 
-std::vector<std::string> detailsOf(const WidgetSnapshot& summary, std::optional<std::int64_t> remaining)
+std::vector<std::string> detailsOf(const work::ShortView& work, const std::string& time)
 {
-    std::vector<std::string> details = {QuillmereDesign::caption(summary)};
-    if (remaining) {
-        details.push_back(timeInWords(summary, *remaining));
+    const WidgetSnapshot& summary = work.snapshot;
+    std::vector<std::string> details = {work.heading};
+    if (!time.empty()) {
+        details.push_back(time);
     }
     addDetail(details, "Outcome", summary.intendedOutcome);
     addDetail(details, "First action", summary.firstAction);
@@ -80,13 +81,14 @@ std::vector<std::string> detailsOf(const WidgetSnapshot& summary, std::optional<
     return details;
 }
 
-std::vector<std::string> classesOf(const WidgetSnapshot& summary, bool isOvertime)
+std::vector<std::string> classesOf(const work::ShortView& work)
 {
+    const WidgetSnapshot& summary = work.snapshot;
     std::vector<std::string> classes = {std::string(rawValue(summary.phase))};
-    if (isPaused(summary)) {
+    if (isPaused(work)) {
         classes.emplace_back("paused");
     }
-    if (isOvertime) {
+    if (work.overSince) {
         classes.emplace_back("overtime");
     }
     if (summary.openQuestionCount > 0) {
@@ -95,8 +97,9 @@ std::vector<std::string> classesOf(const WidgetSnapshot& summary, bool isOvertim
     return classes;
 }
 
-BarFacts factsOf(const WidgetSnapshot& summary, std::optional<std::int64_t> remaining)
+BarFacts factsOf(const work::ShortView& work)
 {
+    const WidgetSnapshot& summary = work.snapshot;
     std::vector<std::string> questions;
     for (const std::string& question : summary.openQuestions) {
         questions.push_back(cut(question, tooltipWidth));
@@ -104,8 +107,8 @@ BarFacts factsOf(const WidgetSnapshot& summary, std::optional<std::int64_t> rema
     return {
         .title = std::string(title(summary.phase)),
         .caption = QuillmereDesign::caption(summary),
-        .remainingSeconds = remaining,
-        .timeText = remaining ? QuillmereDesign::timeText(*remaining) : "",
+        .remainingSeconds = work.timer ? std::optional(work.timer->remainingSeconds) : std::nullopt,
+        .timeText = work.timer ? QuillmereDesign::timeText(work.timer->remainingSeconds) : "",
         .intendedOutcome = cut(summary.intendedOutcome, tooltipWidth),
         .firstAction = cut(summary.firstAction, tooltipWidth),
         .openQuestionCount = summary.openQuestionCount,
@@ -117,24 +120,23 @@ BarFacts factsOf(const WidgetSnapshot& summary, std::optional<std::int64_t> rema
 
 }  // namespace
 
-BarContent barContent(const WidgetSnapshot& summary, Instant now, std::size_t width)
+BarContent barContent(const work::ShortView& work, const base::SeenFrom& here, std::size_t width)
 {
-    const std::optional<std::int64_t> remaining = work::remainingSeconds(summary, now);
-    const bool isOvertime = remaining && *remaining < 0;
+    const std::string time = timeInWords(work, here);
     BarContent content{
-        .text = cut(fullLine(summary, remaining, width), width),
-        .shortText = cut(shortLine(summary, remaining), width),
-        .details = detailsOf(summary, remaining),
-        .alternative = std::string(rawValue(summary.phase)),
-        .classes = classesOf(summary, isOvertime),
-        .accent = QuillmereDesign::accent(summary.phase),
-        .isOvertime = isOvertime,
+        .text = cut(fullLine(work, time, width), width),
+        .shortText = cut(shortLine(work, time), width),
+        .details = detailsOf(work, time),
+        .alternative = std::string(rawValue(work.snapshot.phase)),
+        .classes = classesOf(work),
+        .accent = QuillmereDesign::accent(work.snapshot.phase),
+        .isOvertime = work.overSince.has_value(),
         .percentage = std::nullopt,
-        .facts = factsOf(summary, remaining),
+        .facts = factsOf(work),
         .error = {},
     };
-    if (const std::optional<double> progress = work::usedShare(summary, now)) {
-        content.percentage = std::lround(*progress * 100);
+    if (work.timer) {
+        content.percentage = std::lround(work.timer->usedShare * 100);
     }
     return content;
 }

@@ -1,6 +1,9 @@
 // The content of a line in a status bar, in the format of no bar yet.
 #pragma once
 
+#include "base/text/local_time.hpp"
+#include "work/short_view.hpp"
+
 #include <quillmere/widget/design.hpp>
 
 #include <cstddef>
@@ -17,7 +20,7 @@ inline constexpr std::size_t usualBarWidth = 60;
 /// Facts for programs, besides the line. Texts are sanitized and cut.
 struct BarFacts {
     std::string title;
-    std::string caption;
+    std::string caption;  ///< of the library: QuillmereDesign::caption
     std::optional<std::int64_t> remainingSeconds;
     std::string timeText;  ///< of the remaining seconds; empty without them
     std::string intendedOutcome;
@@ -36,15 +39,14 @@ struct BarContent {
     std::string alternative;           ///< a word of a fixed set, by which a bar chooses an icon
     std::vector<std::string> classes;  ///< words of a fixed set, by which a bar chooses a look
     QuillmereDesign::Accent accent;
-    bool isOvertime;
+    bool isOvertime;                         ///< the time is over, and the person has not gone on
     std::optional<std::int64_t> percentage;  ///< of a countdown that is used up, 0 to 100
     std::optional<BarFacts> facts;           ///< absent without a summary
     std::string error;                       ///< why there is no summary; empty with one
 };
 
-/// The content for a summary at an instant. Computes a running countdown from its dates; a paused one stands
-/// still.
-BarContent barContent(const WidgetSnapshot& summary, Instant now, std::size_t width);
+/// The content for the work as it is at the present.
+BarContent barContent(const work::ShortView& work, const base::SeenFrom& here, std::size_t width);
 
 /// The content for a summary that cannot be read.
 BarContent barContentOfFailure(const std::string& message, std::size_t width);

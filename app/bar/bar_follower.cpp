@@ -77,9 +77,9 @@ private:
         try {
             // Without a file, the summary is empty as of this instant. It is always the same one, so that
             // two such readings are equal.
-            return {.summary = workspace_.widgetSnapshot(begin_), .failure = {}};
+            return {.work = readSummaries(workspace_, begin_), .failure = {}};
         } catch (const base::Refusal& error) {
-            return {.summary = std::nullopt, .failure = error.what()};
+            return {.work = std::nullopt, .failure = error.what()};
         }
     }
 
@@ -92,8 +92,8 @@ private:
         }
         const BarReading before = std::exchange(reading_, read());
         readings_ = {.last = now,
-                     .next = reading_.summary ? nextBarReading(*reading_.summary, now)
-                                              : nextBarReadingAfterFailure(now)};
+                     .next = reading_.work ? nextBarReading(reading_.work->widget, now)
+                                           : nextBarReadingAfterFailure(now)};
         return reading_ != before;
     }
 
@@ -106,7 +106,8 @@ private:
             unwritten_ = text;
             written_ = std::move(text);
         }
-        nextLine_ = reading_.summary ? nextBarLine(*reading_.summary, now, readings_.next) : readings_.next;
+        nextLine_ = reading_.work ? nextBarLine(work::ShortView::of(*reading_.work, now), now, readings_.next)
+                                  : readings_.next;
     }
 
     /// Waits until the output has room; false when following is over first.
@@ -188,6 +189,12 @@ private:
 };
 
 }  // namespace
+
+work::SummarizedWork readSummaries(const workspace::Workspace& workspace, Instant now)
+{
+    WidgetSnapshot widget = workspace.widgetSnapshot(now);
+    return work::SummarizedWork::of(std::move(widget), workspace.agentSnapshot());
+}
 
 void followBar(const workspace::Workspace& workspace, const Clock& clock, const BarLines& lines, int output,
                base::LineWriter& messages)

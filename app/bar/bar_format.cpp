@@ -40,10 +40,11 @@ std::string escaped(std::string_view text, const std::array<BarEscape, count>& e
     return result;
 }
 
-/// Most bars are dark. Empty for the neutral accent: the bar keeps its own colour.
-std::string_view colourForI3(QuillmereDesign::Accent accent)
+/// Most bars are dark. Empty for the neutral accent and once the time is over: the bar keeps its own colour.
+std::string_view colourForI3(const BarContent& content)
 {
-    return accent == QuillmereDesign::Accent::neutral ? "" : base::colourOf(accent).shades.dark;
+    const bool isPlain = content.accent == QuillmereDesign::Accent::neutral || content.isOvertime;
+    return isPlain ? "" : base::colourOf(content.accent).shades.dark;
 }
 
 std::string waybarLine(const BarContent& content)
@@ -106,7 +107,7 @@ std::string i3blocksLines(const BarContent& content, BarPace pace)
     // While a run stays, i3blocks shows each of its lines as a new text.
     if (pace == BarPace::once) {
         lines.append(content.shortText).append("\n");
-        if (const std::string_view colour = colourForI3(content.accent); !colour.empty()) {
+        if (const std::string_view colour = colourForI3(content); !colour.empty()) {
             lines.append(colour).append("\n");
         }
     }

@@ -16,7 +16,7 @@ enum class BarFormat { waybar, i3blocks, polybar, tmux, text, json };
 enum class BarPace { once, following };
 
 /// The content in the format of a bar, with line ends. One line; for i3blocks, a run that ends prints up to
-/// three: the text, the short text and, unless the accent is neutral, a colour.
+/// three: the text, the short text and, unless the accent is neutral or the time over, a colour.
 std::string barText(BarFormat format, const BarContent& content, BarPace pace);
 
 // These take sanitized text and return text that the bar shows as it was.

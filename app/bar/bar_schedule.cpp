@@ -7,11 +7,27 @@
 
 namespace quillmere::bar {
 
-Instant nextBarLine(const WidgetSnapshot& summary, Instant now, Instant nextReading)
+namespace {
+
+/// The next whole multiple of so many seconds.
+Instant nextWhole(double seconds, Instant now)
 {
-    const bool moves = summary.countdown && !summary.countdown->isPaused;
-    const Instant nextSecond(std::floor(now.secondsSince1970()) + 1);
-    return moves ? std::min(nextSecond, nextReading) : nextReading;
+    return Instant((std::floor(now.secondsSince1970() / seconds) + 1) * seconds);
+}
+
+}  // namespace
+
+Instant nextBarLine(const work::ShortView& work, Instant now, Instant nextReading)
+{
+    constexpr double minute = 60;
+    if (work.overSince) {
+        return std::min(nextWhole(minute, now), nextReading);
+    }
+    if (work.timer && !work.timer->isPaused) {
+        return std::min(nextWhole(1, now), nextReading);
+    }
+    return work.schedule ? std::min({work.schedule->start, nextWhole(minute, now), nextReading})
+                         : nextReading;
 }
 
 Instant nextBarReading(const WidgetSnapshot& summary, Instant now)

@@ -1,13 +1,17 @@
 // When `quillmere bar --follow` looks and prints again.
 #pragma once
 
+#include "work/short_view.hpp"
+
 #include <quillmere/widget/widget_snapshot.hpp>
 
 namespace quillmere::bar {
 
-/// When the line of `now` is out of date: at the next whole second while a countdown runs, also in overtime;
-/// otherwise at `nextReading`.
-Instant nextBarLine(const WidgetSnapshot& summary, Instant now, Instant nextReading);
+/// When the line of `now` is out of date, at the latest at `nextReading`: at the next whole second while a
+/// countdown runs. At the next whole minute once it is over, when the words for its end may name another day,
+/// and while a scheduled block waits, whose start must not be slept through with a machine that sleeps; also
+/// at that start.
+Instant nextBarLine(const work::ShortView& work, Instant now, Instant nextReading);
 
 /// When to read the summary again although its file has not changed. Follows the widget's timeline.
 Instant nextBarReading(const WidgetSnapshot& summary, Instant now);

@@ -31,12 +31,16 @@ void printQuestions(std::ostream& out, std::size_t count)
     }
 }
 
-/// The time, a bar, and when it ends: "14:59  [###.....]  until 14:55".
-void printTimer(std::ostream& out, const work::TimerView& timer, const base::SeenFrom& here)
+/// The time, a bar, and when it ends: "14:59  [###.....]  until 14:55". For a session in review since when
+/// its time is over, and nothing without a time.
+void printTime(std::ostream& out, const work::SituationView& view, const base::SeenFrom& here)
 {
-    const std::string end = work::endText(timer, here);
-    out << work::timeText(timer, here) << "  " << base::progressBar(timer.usedShare)
-        << (end.empty() ? "" : "  " + end) << '\n';
+    std::string line = work::timeText(view.timer, view.overSince, here);
+    if (view.timer) {
+        const std::string end = work::endText(*view.timer, here);
+        line += "  " + base::progressBar(view.timer->usedShare) + (end.empty() ? "" : "  " + end);
+    }
+    out << line << (line.empty() ? "" : "\n");
 }
 
 }  // namespace
@@ -80,9 +84,7 @@ void printStatus(std::ostream& out, const workspace::Situation& situation, const
 {
     const work::SituationView view = work::SituationView::of(situation);
     printTitle(out, view.phase, view.caption, style);
-    if (view.timer) {
-        printTimer(out, *view.timer, {situation.now, values.hours});
-    }
+    printTime(out, view, {situation.now, values.hours});
     if (detail == StatusDetail::whole) {
         printRecall(out, work::recallAt(situation, values), style, textColumns());
         out << '\n';

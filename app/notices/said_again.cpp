@@ -43,7 +43,7 @@ std::optional<StandingEvent> eventAhead(const QuillmereState& state, Instant now
 }
 
 void addReminders(std::vector<StandingEvent>& events, const std::vector<double>& reminderSeconds,
-                  const base::SeenFrom& here)
+                  std::optional<Instant> overSince, const base::SeenFrom& here)
 {
     for (StandingEvent& event : events) {
         const auto due = std::count_if(reminderSeconds.begin(), reminderSeconds.end(),
@@ -51,7 +51,7 @@ void addReminders(std::vector<StandingEvent>& events, const std::vector<double>&
         if (due > 0 && subjectOf(event.kind) == NoticeSubject::work) {
             event.reminder = {.number = static_cast<std::size_t>(due),
                               .heading = std::string(work::waitingHeading(event.kind)) + " since " +
-                                         base::localTextSeenFrom(here, event.at)};
+                                         base::localTextWithin(here, overSince.value_or(event.at))};
         }
     }
 }

@@ -19,9 +19,10 @@ namespace quillmere::notices {
 std::optional<StandingEvent> eventAhead(const QuillmereState& state, Instant now);
 
 /// Gives each event of the work its last reminder that is due at the present. The reminders, in seconds after
-/// the event, ascend.
+/// the event, ascend. `overSince` is that of the displays (work::ShortView): an event of the work is waiting
+/// since then, where displays name an instant, and otherwise since it happened.
 void addReminders(std::vector<StandingEvent>& events, const std::vector<double>& reminderSeconds,
-                  const base::SeenFrom& here);
+                  std::optional<Instant> overSince, const base::SeenFrom& here);
 
 /// Tells of a sleep of the computer: with the end of the session, which came meanwhile, or else by an event
 /// of its own. Of all watches one tells it, because all have counted the same `total` seconds of sleep.

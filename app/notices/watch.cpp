@@ -13,6 +13,7 @@
 #include "work/break_extension.hpp"
 #include "work/event_text.hpp"
 #include "work/focus_extension.hpp"
+#include "work/short_view.hpp"
 
 #include <nlohmann/json.hpp>
 
@@ -237,7 +238,7 @@ std::vector<StandingEvent> Watch::toNotify(std::vector<StandingEvent> events) co
         events.insert(events.begin(), *std::move(ahead));
     }
     const base::SeenFrom here(situation().now, settings_.hours);
-    addReminders(events, settings_.reminderSeconds, here);
+    addReminders(events, settings_.reminderSeconds, work::ShortView::of(situation()).overSince, here);
     if (slept_) {
         addSleep(events, *slept_, static_cast<std::int64_t>(sleeps_.totalSeconds()), here);
     }

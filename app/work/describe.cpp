@@ -1,6 +1,11 @@
 #include "work/describe.hpp"
 
+#include "base/text/count.hpp"
 #include "work/changes/change_text.hpp"
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
 
 namespace quillmere::work {
 namespace {
@@ -26,6 +31,23 @@ std::vector<std::string> describe(const QuillmereState& before, const QuillmereS
         sentences.push_back(changeText(change, after.updatedAt));
     }
     return sentences;
+}
+
+std::string describeInASentence(const QuillmereState& before, const QuillmereState& after,
+                                const base::SeenFrom& here)
+{
+    constexpr std::ptrdiff_t mostNamed = 2;
+    const Changes changes = changesBetween(before, after);
+    const std::ptrdiff_t named = std::min(std::ssize(changes), mostNamed);
+    std::string line;
+    for (auto change = changes.begin(); change != changes.begin() + named; ++change) {
+        line += (line.empty() ? "" : "; ") + changeText(*change, here);
+    }
+    if (named < std::ssize(changes)) {
+        line += "; " + base::moreText(std::ssize(changes) - named);
+    }
+    const bool isEnded = line.ends_with('.') || line.ends_with('?') || line.ends_with('!');
+    return line + (isEnded ? "" : ".");
 }
 
 WayBack describeWayBack(const QuillmereState& earlier, const QuillmereState& present, Instant now)

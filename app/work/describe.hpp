@@ -1,6 +1,8 @@
 // What happened between two states, in sentences.
 #pragma once
 
+#include "base/text/local_time.hpp"
+
 #include <quillmere/records/quillmere_state.hpp>
 
 #include <string>
@@ -13,6 +15,11 @@ namespace quillmere::work {
 /// least one for states that differ. Local times are as short as they are clear at the time of `after`. Both
 /// states must be within the limits of workspace::requireUsable.
 std::vector<std::string> describe(const QuillmereState& before, const QuillmereState& after);
+
+/// The same as the rest of one sentence: "focus session 1 ended early at 15:10; break begun at 15:12." Names
+/// the first few changes and counts the others. The states differ.
+std::string describeInASentence(const QuillmereState& before, const QuillmereState& after,
+                                const base::SeenFrom& here);
 
 /// The sentences of a way back.
 struct WayBack {

@@ -2,8 +2,7 @@
 
 #include "base/text/local_time.hpp"
 #include "work/situation_view.hpp"
-
-#include <quillmere/engine/timer_snapshot.hpp>
+#include "work/timer_text.hpp"
 
 #include <array>
 
@@ -46,11 +45,6 @@ std::string_view lackOf(std::string_view command)
     return {};
 }
 
-std::string timeText(const workspace::Situation& situation, base::Hours hours, Instant instant)
-{
-    return base::localTextSeenFrom({situation.now, hours}, instant);
-}
-
 /// "session 2 of 4"; of a state without a block: "the session".
 std::string sessionText(const QuillmereState& state, std::size_t number)
 {
@@ -65,33 +59,24 @@ std::string idleText(const workspace::Situation& situation, base::Hours hours)
     if (!block) {
         return "nothing is planned";
     }
-    return block->plannedStart
-               ? "the block is scheduled for " + timeText(situation, hours, *block->plannedStart)
-               : "a block without a start waits";
+    return block->plannedStart ? "the block is scheduled for " +
+                                     base::localTextSeenFrom({situation.now, hours}, *block->plannedStart)
+                               : "a block without a start waits";
 }
 
-std::string focusText(const workspace::Situation& situation, base::Hours hours, const std::string& session)
+/// "session 2 of 4 runs until 14:55", "the break is over since 14:55".
+std::string timedText(const workspace::Situation& situation, base::Hours hours, const std::string& name)
 {
-    const auto timer = TimerSnapshot::derive(situation.state, situation.now);
-    if (const std::optional<Instant> paused =
-            situation.state.currentSession() ? situation.state.currentSession()->pausedAt : std::nullopt) {
-        return session + " is paused since " + timeText(situation, hours, *paused);
-    }
-    return session + " runs" +
-           (timer ? " until " + timeText(situation, hours,
-                                         situation.now + static_cast<double>(timer->remainingSeconds))
-                  : "");
-}
-
-std::string breakText(const workspace::Situation& situation, base::Hours hours)
-{
-    const auto timer = TimerSnapshot::derive(situation.state, situation.now);
+    const std::optional<TimerView> timer = ShortView::of(situation).timer;
     if (!timer) {
-        return "a break runs";
+        return name + " runs";
     }
-    const Instant end = situation.now + static_cast<double>(timer->remainingSeconds);
-    return (timer->remainingSeconds > 0 ? "the break runs until " : "the break is over since ") +
-           timeText(situation, hours, end);
+    const base::SeenFrom here(situation.now, hours);
+    const std::string end = endText(*timer, here);
+    if (end.empty()) {
+        return name + " is " + timeText(*timer, here);
+    }
+    return name + (timer->isPaused ? " is " : " runs ") + end;
 }
 
 std::string possibleText(const workspace::Situation& situation)
@@ -128,9 +113,9 @@ std::string standText(const workspace::Situation& situation, base::Hours hours)
         case WorkflowState::idle: return idleText(situation, hours);
         case WorkflowState::blockPlanning: return "a block is being planned";
         case WorkflowState::sessionPlanning: return sessionText(state, begun + 1) + " is being planned";
-        case WorkflowState::focusing: return focusText(situation, hours, sessionText(state, begun));
+        case WorkflowState::focusing: return timedText(situation, hours, sessionText(state, begun));
         case WorkflowState::sessionReview: return sessionText(state, begun) + " waits for its review";
-        case WorkflowState::breaking: return breakText(situation, hours);
+        case WorkflowState::breaking: return timedText(situation, hours, "the break");
         case WorkflowState::blockReview: return "the block waits for its reflection";
         case WorkflowState::complete: break;
     }

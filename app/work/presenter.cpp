@@ -2,6 +2,7 @@
 
 #include "base/text/failure.hpp"
 #include "work/amendment_text.hpp"
+#include "work/describe.hpp"
 #include "work/event_text.hpp"
 #include "work/fields/unacceptable.hpp"
 #include "work/forms/block_draft.hpp"
@@ -79,22 +80,35 @@ void Presenter::refresh()
     if (!std::exchange(areOldDraftsRemoved_, true)) {
         drafts_.removeOld(subjectsOf(state()));
     }
-    const std::optional<LastShown> before = std::exchange(lastShown_, LastShown::of(state()));
-    // An event that was shown before it could be recorded is not told again.
-    if (!before || *before != *lastShown_) {
-        const std::vector<workspace::Event> events =
-            recorded.empty() && before ? newsSince(*before, state()) : recorded;
-        if (before && events.empty()) {
-            message_ = "Another program has moved the work on.";
-        }
-        tell(events);
-    }
-    noteQuestions(!before);
+    const bool isFirst = !lastShown_;
+    tellOfChanges(recorded);
+    noteQuestions(isFirst);
     if (!recorded.empty()) {
         warn();
     }
     followState();
     warnOfNoWatch();
+}
+
+void Presenter::tellOfChanges(const std::vector<workspace::Event>& recorded)
+{
+    const std::optional<LastShown> before =
+        lastShown_ ? std::optional(LastShown::of(*lastShown_)) : std::nullopt;
+    const bool hasMoved = before != LastShown::of(state());
+    // An event that was shown before it could be recorded is not told again.
+    if (hasMoved) {
+        const std::vector<workspace::Event> events =
+            recorded.empty() && before ? newsSince(*before, state()) : recorded;
+        if (before && events.empty()) {
+            message_ = "Changed elsewhere: " +
+                       describeInASentence(*lastShown_, state(), {situation().now, values_.hours});
+        }
+        tell(events);
+    }
+    // A copy of a long history takes its time, and this is called each second.
+    if (hasMoved || lastShown_->updatedAt != state().updatedAt) {
+        lastShown_ = state();
+    }
 }
 
 void Presenter::tell(const std::vector<workspace::Event>& events)
@@ -365,7 +379,7 @@ bool Presenter::change(const workspace::Operation& operation, std::string_view d
         say(reason);
         return false;
     }
-    lastShown_ = LastShown::of(state());
+    lastShown_ = state();
     questionCount_ = state().openQuestions().size();
     tell(events);
     say(outcome);

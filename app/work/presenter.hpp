@@ -117,6 +117,8 @@ private:
     void tell(const std::vector<workspace::Event>& events);
     /// Rings the bell for questions that have come; not for those of the first look.
     void noteQuestions(bool isFirst);
+    /// Says what has changed since the state was last shown; nothing while the work stands where it stood.
+    void tellOfChanges(const std::vector<workspace::Event>& recorded);
     /// Says the warning of the last change.
     void warn();
     /// Says once that the files cannot be watched.
@@ -139,7 +141,7 @@ private:
     const Action* toConfirm_ = nullptr;
     std::optional<UndoStep> stepToConfirm_;
     std::optional<SleptThrough> slept_;
-    std::optional<LastShown> lastShown_;
+    std::optional<QuillmereState> lastShown_;
     std::string message_;
     bool areOldDraftsRemoved_ = false;
     bool isToldOfNoDrafts_ = false;

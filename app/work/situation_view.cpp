@@ -1,12 +1,10 @@
 #include "work/situation_view.hpp"
 
 #include "amendments/possible.hpp"
-#include "work/countdown.hpp"
-
-#include <quillmere/engine/timer_snapshot.hpp>
 
 #include <array>
 #include <iterator>
+#include <utility>
 
 namespace quillmere::work {
 namespace {
@@ -51,20 +49,6 @@ std::vector<std::string_view> nextCommandsOf(const QuillmereState& state)
     return commands;
 }
 
-std::optional<TimerView> timerOf(const workspace::Situation& situation)
-{
-    const auto timer = TimerSnapshot::derive(situation.state, situation.now);
-    if (!timer) {
-        return std::nullopt;
-    }
-    return TimerView{
-        .remainingSeconds = timer->remainingSeconds,
-        .isPaused = timer->isPaused,
-        .usedShare = usedShare(situation).value_or(0),
-        .end = situation.now + static_cast<double>(timer->remainingSeconds),
-        .pausedSince = timer->isPaused ? situation.state.currentSession()->pausedAt : std::nullopt};
-}
-
 std::optional<SessionPlan> planOf(const QuillmereState& state)
 {
     if (state.workflowState == WorkflowState::focusing) {
@@ -74,32 +58,23 @@ std::optional<SessionPlan> planOf(const QuillmereState& state)
     return state.plannedNextSession;
 }
 
-/// The library's caption, except where the page is about the block and the caption about a session.
-std::string captionOf(const WidgetSnapshot& snapshot, WorkflowState state)
-{
-    switch (state) {
-        case WorkflowState::blockPlanning: return "Plan the block";
-        case WorkflowState::blockReview: return "Look back on the block";
-        default: return QuillmereDesign::caption(snapshot);
-    }
-}
-
 }  // namespace
 
 SituationView SituationView::of(const workspace::Situation& situation)
 {
     const QuillmereState& state = situation.state;
-    const WidgetSnapshot snapshot = WidgetSnapshot::make(state, situation.now);
-    SituationView view{.phase = snapshot.phase,
-                       .accent = QuillmereDesign::accent(snapshot.phase),
-                       .title = quillmere::title(snapshot.phase),
-                       .caption = captionOf(snapshot, state.workflowState),
-                       .timer = timerOf(situation),
+    ShortView brief = ShortView::of(situation);
+    SituationView view{.phase = brief.snapshot.phase,
+                       .accent = QuillmereDesign::accent(brief.snapshot.phase),
+                       .title = quillmere::title(brief.snapshot.phase),
+                       .caption = std::move(brief.heading),
+                       .timer = brief.timer,
+                       .overSince = brief.overSince,
                        .session = {},
-                       .schedule = {},
+                       .schedule = brief.schedule,
                        .plan = planOf(state),
-                       .intendedOutcome = snapshot.intendedOutcome,
-                       .firstAction = snapshot.firstAction,
+                       .intendedOutcome = std::move(brief.snapshot.intendedOutcome),
+                       .firstAction = std::move(brief.snapshot.firstAction),
                        .outcomeServed = {},
                        .openQuestionCount = state.openQuestions().size(),
                        .nextCommands = nextCommandsOf(state)};
@@ -107,9 +82,6 @@ SituationView SituationView::of(const workspace::Situation& situation)
         view.session = SessionView{.number = std::ssize(block->sessions), .count = block->cycleCount};
         const Outcome* const served = view.plan ? block->outcomeServed(*view.plan) : nullptr;
         view.outcomeServed = served ? served->title : "";
-        if (state.workflowState == WorkflowState::idle && block->plannedStart) {
-            view.schedule = ScheduleView{.start = *block->plannedStart, .end = block->plannedEnd()};
-        }
     }
     return view;
 }

@@ -1,6 +1,7 @@
 // A situation as people see it: the values that every surface derives from a state.
 #pragma once
 
+#include "work/short_view.hpp"
 #include "workspace/workspace.hpp"
 
 #include <quillmere/engine/transition.hpp>
@@ -16,25 +17,10 @@
 
 namespace quillmere::work {
 
-/// A running focus session or break.
-struct TimerView {
-    std::int64_t remainingSeconds;  ///< below zero in overtime
-    bool isPaused;
-    double usedShare;  ///< 0 to 1; stands still in a pause
-    Instant end;       ///< when it runs out, or has run out; in a pause, if it ended now
-    std::optional<Instant> pausedSince;
-};
-
 /// The part of the block that is done: `number` of `count` sessions have begun.
 struct SessionView {
     std::int64_t number;
     std::int64_t count;
-};
-
-/// When a scheduled block runs.
-struct ScheduleView {
-    Instant start;
-    Instant end;
 };
 
 struct SituationView {
@@ -43,6 +29,7 @@ struct SituationView {
     std::string_view title;  ///< of the phase
     std::string caption;     ///< beside the title: what is to be done
     std::optional<TimerView> timer;
+    std::optional<Instant> overSince;      ///< as in ShortView
     std::optional<SessionView> session;    ///< absent without a block
     std::optional<ScheduleView> schedule;  ///< while a scheduled block waits
     std::optional<SessionPlan> plan;       ///< of the running session, otherwise of the next session

@@ -10,7 +10,7 @@
 
 namespace quillmere::work {
 
-/// The part of the state shown last that tells whether the work has moved on.
+/// The part of a state that tells whether the work has moved on.
 struct LastShown {
     WorkflowState workflowState;
     std::optional<Identifier> block;

@@ -1,16 +1,10 @@
 #include "work/timer_text.hpp"
 
 namespace quillmere::work {
-namespace {
-
-bool hasRunOut(const TimerView& timer) { return timer.remainingSeconds < 1 && !timer.isPaused; }
-
-}  // namespace
 
 std::string timeText(const TimerView& timer, const base::SeenFrom& here)
 {
-    return hasRunOut(timer) ? "over since " + base::localTextWithin(here, timer.end)
-                            : QuillmereDesign::timeText(timer.remainingSeconds);
+    return timer.hasRunOut() ? overText(timer.end, here) : QuillmereDesign::timeText(timer.remainingSeconds);
 }
 
 std::string endText(const TimerView& timer, const base::SeenFrom& here)
@@ -18,7 +12,18 @@ std::string endText(const TimerView& timer, const base::SeenFrom& here)
     if (timer.pausedSince) {
         return "paused since " + base::localTextWithin(here, *timer.pausedSince);
     }
-    return hasRunOut(timer) ? "" : "until " + base::localTextWithin(here, timer.end);
+    return timer.hasRunOut() ? "" : "until " + base::localTextWithin(here, timer.end);
+}
+
+std::string overText(Instant since, const base::SeenFrom& here)
+{
+    return "over since " + base::localTextWithin(here, since);
+}
+
+std::string timeText(const std::optional<TimerView>& timer, const std::optional<Instant>& overSince,
+                     const base::SeenFrom& here)
+{
+    return timer ? timeText(*timer, here) : overSince ? overText(*overSince, here) : std::string();
 }
 
 }  // namespace quillmere::work

@@ -3,18 +3,27 @@
 #include "base/refusal.hpp"
 #include "workspace/screening.hpp"
 
+#include <quillmere/records/json/coding_error.hpp>
 #include <quillmere/records/json/json_encoder.hpp>
 #include <quillmere/store/agent_snapshot.hpp>
 #include <quillmere/store/file_manager.hpp>
 #include <quillmere/widget/widget_snapshot_store.hpp>
 
+#include <cstdint>
 #include <optional>
 #include <system_error>
+#include <utility>
 
 namespace quillmere::workspace {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr std::int64_t agentSchemaVersion = 1;
+
+/// Bytes; a block of some eighty sessions with usual texts. A status bar should take less than five
+/// milliseconds of processor time.
+constexpr std::uintmax_t longestAgentSummary = 1 << 17;
 
 bool agentAgrees(const StateStore& states, const QuillmereState& state)
 {
@@ -61,6 +70,23 @@ WidgetSnapshot widgetSummary(const WidgetPlace& place, Instant now)
             case WidgetSnapshotLoadError::unreadable: break;
         }
         throw base::Refusal(base::Refusal::Kind::unusableData, "The widget's summary cannot be read.");
+    }
+}
+
+std::optional<AgentSnapshot> agentSummary(const StateStore& states)
+{
+    std::error_code error;
+    if (fs::file_size(states.agentStateURL(), error) > longestAgentSummary || error) {
+        return std::nullopt;
+    }
+    try {
+        const Bytes text = FileManager::standard().contents(states.agentStateURL());
+        AgentSnapshot summary = StateStore::decoder().decode<AgentSnapshot>(text);
+        return summary.schemaVersion == agentSchemaVersion ? std::optional(std::move(summary)) : std::nullopt;
+    } catch (const std::system_error&) {
+        return std::nullopt;
+    } catch (const DecodingError&) {
+        return std::nullopt;
     }
 }
 

@@ -4,10 +4,12 @@
 #include "workspace/widget_place.hpp"
 
 #include <quillmere/records/quillmere_state.hpp>
+#include <quillmere/store/agent_snapshot.hpp>
 #include <quillmere/store/state_store.hpp>
 #include <quillmere/widget/widget_snapshot.hpp>
 
 #include <filesystem>
+#include <optional>
 #include <string_view>
 
 namespace quillmere::workspace {
@@ -15,6 +17,10 @@ namespace quillmere::workspace {
 /// The widget's summary as it was last written; the empty one when there is no file. Throws Refusal
 /// (`unusableData`) when the file cannot be read or holds numbers outside the limits.
 WidgetSnapshot widgetSummary(const WidgetPlace& place, Instant now);
+
+/// The agent's summary as it was last written. Absent when there is no such file, when it cannot be read,
+/// when a newer program wrote it, and when it is so long that reading it would take the time of a status bar.
+std::optional<AgentSnapshot> agentSummary(const StateStore& states);
 
 /// Whether both files hold what follows from the state; they do not when a run was killed between the files.
 /// A widget's summary that a newer program wrote counts as right.

@@ -149,6 +149,8 @@ Situation Workspace::look() const { return caughtUp(load(states_)); }
 
 WidgetSnapshot Workspace::widgetSnapshot(Instant now) const { return widgetSummary(places_.widget, now); }
 
+std::optional<AgentSnapshot> Workspace::agentSnapshot() const { return agentSummary(states_); }
+
 Situation Workspace::change(const EventReport& report, const Operation& operation,
                             const ChangeManner& manner) const
 {

@@ -74,6 +74,9 @@ public:
     /// The widget's summary as it was last written, or the empty one (workspace::widgetSummary).
     WidgetSnapshot widgetSnapshot(Instant now) const;
 
+    /// The agent's summary as it was last written (workspace::agentSummary).
+    std::optional<AgentSnapshot> agentSnapshot() const;
+
     /// The directory of the widget's summary, whether or not it exists: to watch it.
     std::filesystem::path widgetPlace() const { return places_.widget.path(); }
 

@@ -1,4 +1,4 @@
-// Prints the line for a status bar. Reads the widget's summary only.
+// Prints the line for a status bar. Reads the two summaries only.
 #include "bar/bar_follower.hpp"
 #include "bar/bar_format.hpp"
 #include "base/system/line_writer.hpp"
@@ -48,10 +48,11 @@ bar::BarFormat formatOf(const BarCommand& command, const Settings& settings)
 void follow(const BarCommand& command, Program& program)
 {
     const bar::BarFormat format = formatOf(command, program.settings());
-    const auto lines = [&](const bar::BarReading& reading, Instant now) {
+    const auto lines = [&, hours = program.hours()](const bar::BarReading& reading, Instant now) {
         return bar::barText(format,
-                            reading.summary ? bar::barContent(*reading.summary, now, command.width)
-                                            : bar::barContentOfFailure(reading.failure, command.width),
+                            reading.work ? bar::barContent(work::ShortView::of(*reading.work, now),
+                                                           {now, hours}, command.width)
+                                         : bar::barContentOfFailure(reading.failure, command.width),
                             bar::BarPace::following);
     };
     // By its descriptor: a stream does not tell whether the reader is still there.
@@ -65,7 +66,8 @@ void showBar(const BarCommand& command, Program& program)
     const workspace::Workspace workspace = program.workspace();
     const Instant now = workspace.now();
     const bar::BarFormat format = formatOf(command, program.settings());
-    const bar::BarContent content = bar::barContent(workspace.widgetSnapshot(now), now, command.width);
+    const work::ShortView work = work::ShortView::of(bar::readSummaries(workspace, now), now);
+    const bar::BarContent content = bar::barContent(work, {now, program.hours()}, command.width);
     program.environment().out << bar::barText(format, content, bar::BarPace::once);
     if (format == bar::BarFormat::i3blocks && content.isOvertime) {
         program.exitCode = ExitCode::urgent;

@@ -8,6 +8,7 @@
 #include "cli/exit_code.hpp"
 #include "cli/prompt.hpp"
 #include "cli/text_options.hpp"
+#include "work/describe.hpp"
 #include "work/done_text.hpp"
 #include "work/fields/answers.hpp"
 #include "work/fields/unacceptable.hpp"
@@ -144,8 +145,10 @@ void cancel(CancelCommand& command, Program& program)
     const workspace::Operation operation = work::keepingWords(
         [&](QuillmereState& state, Instant now) {
             if (subjectIn(state, now) != subject) {
-                throw ProgramError(ExitCode::refused,
-                                   "The work has moved on meanwhile. Nothing was changed.");
+                throw ProgramError(ExitCode::refused, "Changed meanwhile: " +
+                                                          work::describeInASentence(situation.state, state,
+                                                                                    {now, program.hours()}) +
+                                                          " Nothing was cancelled.");
             }
             done = apply(command, subject, state, {now, program.hours()});
         },

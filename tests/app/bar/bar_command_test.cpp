@@ -54,25 +54,94 @@ TEST(Bar, refusesUnknownFormats)
 
 TEST(Bar, exitsWith33InOvertimeForI3blocksOnly)
 {
+    const TimeZone utc("UTC");
     Person person = personWith(summaryWith("Chapter"));
     for (const std::string& format : formats) {
         SCOPED_TRACE(format);
-        person.now = moment + 1500.75;
+        person.now = moment + 1499.75;
         EXPECT_EQ(person.types({"bar", "--format", format}).code, ExitCode::done);
-        person.now = moment + 1501;
+        person.now = moment + 1500;
         const Ending late = person.types({"bar", "--format", format});
         EXPECT_EQ(late.code, format == "i3blocks" ? ExitCode::urgent : ExitCode::done);
-        EXPECT_NE(late.out.find("+00:01"), std::string::npos);
+        EXPECT_NE(late.out.find("over since 15:25"), std::string::npos) << late.out;
         EXPECT_EQ(late.err, "");
     }
 }
 
-TEST(Bar, readsOnlyTheWidgetsSummary)
+TEST(Bar, readsOnlyTheSummaries)
 {
-    const Person person = personWith(summaryWith("Chapter"));
+    Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    const std::string line = person.types({"bar"}).out;
     writeText(person.store().stateURL(), "spoilt");
-    writeText(person.store().agentStateURL(), "spoilt");
-    EXPECT_EQ(person.types({"bar"}).code, ExitCode::done);
+    EXPECT_EQ(person.types({"bar"}).out, line);
+}
+
+TEST(Bar, readsTheWidgetsSummaryAloneWhereTheAgentsCannotBeRead)
+{
+    Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    const std::string line = person.types({"bar"}).out;
+    for (const std::string& text : {std::string("spoilt"), std::string(), std::string(300'000, ' ')}) {
+        writeText(person.store().agentStateURL(), text);
+        const Ending ending = person.types({"bar"});
+        EXPECT_EQ(ending.out, line);
+        EXPECT_EQ(ending.err, "");
+    }
+    std::filesystem::remove(person.store().agentStateURL());
+    EXPECT_EQ(person.types({"bar"}).out, line);
+}
+
+TEST(Bar, saysTheSameWhetherTheEndOfASessionIsRecordedOrNot)
+{
+    const TimeZone utc("UTC");
+    Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    person.now = moment + 1'600.5;
+    for (const std::string& format : formats) {
+        person.has(stateIn(WorkflowState::focusing));
+        const Ending before = person.types({"bar", "--format", format});
+        ASSERT_EQ(person.types({"tick"}).code, ExitCode::done);
+        const Ending after = person.types({"bar", "--format", format});
+        if (format != "json") {
+            EXPECT_EQ(before.out, after.out);
+        }
+        EXPECT_EQ(before.code, after.code);
+        EXPECT_NE(before.out.find("Review over since 15:25"), std::string::npos) << before.out;
+    }
+}
+
+TEST(Bar, standsStillInAPauseInWhichSomethingIsSaved)
+{
+    Person person;
+    person.has(stateIn(WorkflowState::focusing));
+    person.typesLater(600, {"pause"});
+    for (int question = 0; question < 3; ++question) {
+        ASSERT_EQ(person.typesLater(600, {"ask", "May I?"}).code, ExitCode::done);
+        EXPECT_EQ(jsonAt("/percentage", person.types({"bar", "--json"}).out), "40");
+    }
+}
+
+TEST(Bar, beginsAScheduledBlockThatNobodyHasBegun)
+{
+    Person person;
+    person.has(stateWithScheduledBlock());
+    person.now = moment + 3'599.75;
+    EXPECT_EQ(jsonAt("/phase", person.types({"bar", "--json"}).out), R"("idle")");
+    person.now = moment + 3'600;
+    EXPECT_EQ(person.types({"bar"}).out, "Planning \u00B7 Plan the next session \u00B7 Chapter one\n");
+}
+
+TEST(Bar, readsTimesAsThePersonDoes)
+{
+    const TimeZone utc("UTC");
+    const TemporaryDirectory configuration;
+    writeText(configuration.path() / "config.toml", "clock = \"12h\"\n");
+    Person person;
+    person.configDirectory = configuration.path();
+    person.has(stateIn(WorkflowState::breaking));
+    person.now = moment + 400;
+    EXPECT_EQ(person.types({"bar"}).out, "Break over since 3:05 pm \u00B7 Outcome of session 2\n");
 }
 
 TEST(Bar, isIdleBeforeAnythingWasSaved)

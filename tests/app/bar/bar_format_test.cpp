@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <sstream>
 
+#include "bar/content_of_widget.hpp"
 #include "base/text/sanitize.hpp"
 #include "hostile_texts.hpp"
 #include "program_testing.hpp"
@@ -11,7 +12,6 @@
 namespace quillmere::test {
 namespace {
 
-using bar::barContent;
 using bar::BarContent;
 using bar::BarFormat;
 using bar::BarPace;
@@ -19,7 +19,7 @@ using bar::barText;
 
 BarContent contentWith(const std::string& text, double after = 600)
 {
-    return barContent(summaryWith(text), moment + after, 200);
+    return contentOfWidget(summaryWith(text), moment + after, 200);
 }
 
 std::string lineOf(BarFormat format, const std::string& text)
@@ -91,12 +91,14 @@ TEST(BarText, ofTmuxHasNoOddHash)
 
 TEST(BarText, ofWaybarHasTheMembersOfItsProtocol)
 {
+    const TimeZone utc("UTC");
     const std::string line = barText(BarFormat::waybar, contentWith("<b>", 1600), BarPace::once);
     EXPECT_EQ(line,
-              R"({"text":"Focus +01:40 \u00b7 Session 1 of 3 \u00b7 4 questions \u00b7 &lt;b&gt;",)"
-              R"("alt":"focusing","tooltip":"Session 1 of 3\n+01:40\nOutcome: &lt;b&gt;\n)"
+              R"({"text":"Review over since 15:25 \u00b7 Review this session \u00b7 4 questions \u00b7 )"
+              R"(&lt;b&gt;",)"
+              R"("alt":"reviewing","tooltip":"Review this session\nover since 15:25\nOutcome: &lt;b&gt;\n)"
               R"(First action: &lt;b&gt;\nAsked: &lt;b&gt;\nAsked: &lt;b&gt;\nAsked: &lt;b&gt;\nand 1 more",)"
-              R"("class":["focusing","overtime","question"],"percentage":100})"
+              R"("class":["reviewing","overtime","question"],"percentage":0})"
               "\n");
 }
 
@@ -110,7 +112,7 @@ TEST(BarText, ofJsonHasTheDocumentedMembers)
                     R"("open_question_count":4,"open_questions":["<b>","<b>","<b>"],)"
                     R"("link":"quillmere://open/focus","updated_at":"2026-11-15T15:00:00Z"})"
                     "\n");
-    const auto idle = barContent(WidgetSnapshot::empty(moment), moment, 60);
+    const auto idle = contentOfWidget(WidgetSnapshot::empty(moment), moment, 60);
     const std::string idleLine = barText(BarFormat::json, idle, BarPace::once);
     EXPECT_EQ(keysOf(idleLine), keysOf(line));
     for (const char* member : {"/percentage", "/remaining_seconds", "/time_text"}) {
@@ -124,8 +126,14 @@ TEST(BarText, ofI3blocksIsThreeLinesFromARunThatEnds)
               "Focus 15:00 \u00B7 Session 1 of 3 \u00B7 4 questions \u00B7 <b>\nFocus 15:00\n#e0806a\n");
     EXPECT_EQ(barText(BarFormat::i3blocks, contentWith("<b>"), BarPace::following),
               "Focus 15:00 \u00B7 Session 1 of 3 \u00B7 4 questions \u00B7 <b>\n");
-    const auto idle = barContent(WidgetSnapshot::empty(moment), moment, 60);
+    const auto idle = contentOfWidget(WidgetSnapshot::empty(moment), moment, 60);
     EXPECT_EQ(barText(BarFormat::i3blocks, idle, BarPace::once), "Idle \u00B7 No active block\nIdle\n");
+}
+
+TEST(BarText, ofI3blocksHasNoColourOnceTheTimeIsOver)
+{
+    const std::string text = barText(BarFormat::i3blocks, contentWith("<b>", 1600), BarPace::once);
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 2) << text;
 }
 
 TEST(BarText, ofI3blocksHasNoLineLongerThanItsBuffer)
@@ -133,7 +141,7 @@ TEST(BarText, ofI3blocksHasNoLineLongerThanItsBuffer)
     // i3blocks 1.5: a buffer of 1,024 bytes for each line.
     for (const std::string& text : hostileTexts) {
         for (const BarPace pace : {BarPace::once, BarPace::following}) {
-            const BarContent content = barContent(summaryWith(text), moment + 600, 1'000);
+            const BarContent content = contentOfWidget(summaryWith(text), moment + 600, 1'000);
             std::istringstream lines(barText(BarFormat::i3blocks, content, pace));
             int count = 0;
             for (std::string line; std::getline(lines, line); ++count) {

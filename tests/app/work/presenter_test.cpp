@@ -185,7 +185,7 @@ TEST_F(PresenterOfAPerson, reportsAFormThatIsClosedWhileItIsFilledIn)
     presenter->refresh();
     EXPECT_EQ(presenter->takeClosedForms(), std::vector<FormSubject>{subject});
     EXPECT_TRUE(presenter->takeClosedForms().empty());
-    EXPECT_EQ(presenter->message(), "Another program has moved the work on. What you wrote is kept.");
+    EXPECT_EQ(presenter->message(), "Changed elsewhere: focus session 1 started. What you wrote is kept.");
 }
 
 TEST_F(PresenterOfAPerson, reportsNoFormThatWasNotFilledIn)
@@ -231,6 +231,29 @@ TEST_F(PresenterOfAPerson, closesAnAnswerThatWasGivenElsewhere)
     presenter->refresh();
     EXPECT_FALSE(presenter->openedForm());
     EXPECT_TRUE(presenter->message().ends_with("Another program has answered this question."));
+}
+
+TEST_F(PresenterOfAPerson, saysWhatWasChangedElsewhere)
+{
+    opens(stateIn(WorkflowState::focusing));
+    ASSERT_EQ(person.types({"pause"}).code, ExitCode::done);
+    presenter->refresh();
+    EXPECT_EQ(presenter->message(), "Changed elsewhere: focus session 1 paused.");
+    ASSERT_EQ(person.types({"resume"}).code, ExitCode::done);
+    ASSERT_EQ(person.types({"end"}).code, ExitCode::done);
+    presenter->refresh();
+    EXPECT_EQ(presenter->message(), "Changed elsewhere: focus session 1 ended early at 15:00.");
+}
+
+TEST_F(PresenterOfAPerson, doesNotSayAgainWhatItSaidOrDidItself)
+{
+    opens(stateIn(WorkflowState::focusing));
+    presenter->request(*actionFor(ActionId::pause, presenter->situation()));
+    ASSERT_EQ(person.typesLater(1, {"ask", "Which build?"}).code, ExitCode::done);
+    presenter->refresh();
+    ASSERT_EQ(person.types({"resume"}).code, ExitCode::done);
+    presenter->refresh();
+    EXPECT_EQ(presenter->message(), "Changed elsewhere: focus session 1 resumed.");
 }
 
 TEST_F(PresenterOfAPerson, tellsOfAnEventOnce)

@@ -207,7 +207,8 @@ TEST(CancelOfABlock, dropsNothingWhenTheWorkHasMovedOnMeanwhile)
     };
     EXPECT_EQ(cli::run({"--directory", person.directory().string(), "cancel"}, environment),
               ExitCode::refused);
-    EXPECT_NE(err.str().find("The work has moved on meanwhile. Nothing was changed."), std::string::npos)
+    EXPECT_NE(err.str().find("Changed meanwhile: focus session 1 started. Nothing was cancelled."),
+              std::string::npos)
         << err.str();
     EXPECT_EQ(person.state(), stateIn(WorkflowState::focusing));
 }
