@@ -1,10 +1,10 @@
-// The pages of the screen, drawn from a situation alone.
+// The frame of every page, and the pages of the work, drawn from a situation alone.
 #pragma once
 
-#include "base/text/hours.hpp"
 #include "base/text/local_time.hpp"
+#include "config/values.hpp"
 #include "screen/canvas/canvas.hpp"
-#include "work/models.hpp"
+#include "screen/pages/page.hpp"
 #include "work/recall/passage.hpp"
 #include "work/situation_view.hpp"
 #include "workspace/workspace.hpp"
@@ -16,12 +16,6 @@
 #include <vector>
 
 namespace quillmere::screen {
-
-/// A key and what it does.
-struct KeyHint {
-    std::string key;
-    std::string label;
-};
 
 /// The parts around the content of every page.
 struct Frame {
@@ -36,8 +30,9 @@ struct Frame {
 /// Draws the frame; returns the area inside it.
 Area drawFrame(Canvas& canvas, const Frame& frame);
 
-/// The scheduled block and the finished blocks.
-void drawIdle(Canvas& canvas, const Area& area, const workspace::Situation& situation, base::Hours hours);
+/// The time until a scheduled start, the recall, and the blocks that were finished last.
+void drawIdle(Canvas& canvas, const Area& area, const workspace::Situation& situation,
+              const work::Recall& recall, const config::Values& values);
 
 /// The running timer, and what helps now.
 void drawCountdown(Canvas& canvas, const Area& area, const work::SituationView& view,
@@ -45,21 +40,6 @@ void drawCountdown(Canvas& canvas, const Area& area, const work::SituationView& 
 
 /// What a person wrote, told again. A small window shows the first facts, a line each.
 void drawRecall(Canvas& canvas, const Area& area, const work::Recall& recall, Look heading);
-
-/// The open questions: the chosen one in full, scrolled down by `scrolled` rows.
-void drawQuestions(Canvas& canvas, const Area& area, const workspace::Situation& situation,
-                   std::size_t chosen, std::size_t scrolled, base::Hours hours);
-
-/// The number of rows to scroll until the end of the chosen question is in view.
-std::size_t mostScrolled(Size window, const Area& area, const workspace::Situation& situation,
-                         std::size_t chosen);
-
-/// What a block can be planned after; the chosen one is marked and in view.
-void drawModels(Canvas& canvas, const Area& area, const std::vector<work::Model>& models, std::size_t chosen,
-                Look look);
-
-/// All keys, one a row.
-void drawKeyList(Canvas& canvas, const Area& area, const std::vector<KeyHint>& keys, Look look);
 
 /// Why the files cannot be used.
 void drawTrouble(Canvas& canvas, const Area& area, std::string_view trouble);

@@ -115,7 +115,7 @@ TEST_F(LiveScreen, answersQuestionsInFocus)
     const TerminalWindow window(person);
     window.runs("$Q ui");
     ASSERT_TRUE(window.shows("1 question"));
-    window.presses("r");
+    window.presses("z");
     EXPECT_TRUE(window.shows("Nothing is on this key now; ? shows the keys."));
     window.presses("a");
     EXPECT_TRUE(window.shows("Which build? #{pane_pid} \uFFFD[2J\uFFFD \u65E5\u672C"));

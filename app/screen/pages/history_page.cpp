@@ -1,0 +1,233 @@
+#include "screen/pages/history_page.hpp"
+
+#include "base/text/columns.hpp"
+#include "base/text/count.hpp"
+#include "base/text/local_time.hpp"
+#include "base/text/quotes.hpp"
+#include "screen/canvas/characters.hpp"
+#include "screen/canvas/flow.hpp"
+#include "screen/canvas/layout.hpp"
+#include "screen/pages/block_page.hpp"
+#include "work/naming.hpp"
+#include "work/recall/block_account.hpp"
+#include "work/recall/search.hpp"
+#include "work/recall/session_signs.hpp"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace quillmere::screen {
+namespace {
+
+constexpr std::size_t markColumns = 2;
+constexpr std::size_t gap = 2;
+constexpr const char* searchLabel = "Search  ";
+
+std::size_t rowsAboveList(Size window)
+{
+    const bool isCompact = layout(familyFor(window)) == QuillmereWidgetLayout::compact;
+    return 1 + (isCompact ? 0 : rowsOf(QuillmereDesign::Spacing::regular));
+}
+
+std::size_t rowsOfList(Size window, const Area& area)
+{
+    return area.rows - std::min(area.rows, rowsAboveList(window));
+}
+
+/// The first row in view: the chosen one is about in the middle.
+std::size_t firstInView(std::size_t chosen, std::size_t rows, std::size_t shown)
+{
+    return std::min(chosen - std::min(chosen, shown / 2), rows - std::min(rows, shown));
+}
+
+}  // namespace
+
+HistoryPage::HistoryPage(work::Presenter& presenter) : presenter_(presenter) { list(); }
+
+bool HistoryPage::follow()
+{
+    if (listed_ != Listed::of(presenter_.state())) {
+        list();
+    }
+    return true;
+}
+
+HistoryPage::Listed HistoryPage::Listed::of(const QuillmereState& state)
+{
+    return {state.updatedAt, state.blockHistory.size(), state.currentBlock.has_value()};
+}
+
+HistoryPage::Row HistoryPage::rowFor(const Block& block, std::string day, std::string name) const
+{
+    const std::vector<work::Fact> titles = work::titlesOf(block);
+    return {.block = block.id,
+            .day = std::move(day),
+            .name = std::move(name),
+            .signs = work::signsOf(block),
+            .title = titles.empty() ? "no named outcome" : titles.front().text};
+}
+
+void HistoryPage::list()
+{
+    const QuillmereState& state = presenter_.state();
+    const std::optional<Identifier> before =
+        chosen_ < rows_.size() ? std::optional(rows_[chosen_].block) : std::nullopt;
+    const work::SearchedText searched(searched_.text());
+    const Instant now = presenter_.situation().now;
+    listed_ = Listed::of(state);
+    rows_.clear();
+    if (state.currentBlock && searched.occursIn(*state.currentBlock, now)) {
+        rows_.push_back(
+            rowFor(*state.currentBlock, "at hand", work::shortName(state.currentBlock->id, state)));
+    }
+    const std::vector<std::string> names = work::shortNames(state);
+    for (std::size_t index = 0; index < state.blockHistory.size(); ++index) {
+        const Block& block = state.blockHistory[index];
+        if (searched.occursIn(block, now)) {
+            rows_.push_back(rowFor(block, base::localDayText(work::finishedAt(block)), names[index]));
+        }
+    }
+    const auto again =
+        std::find_if(rows_.begin(), rows_.end(), [&](const Row& row) { return row.block == before; });
+    const std::size_t last = rows_.empty() ? 0 : rows_.size() - 1;
+    chosen_ = again == rows_.end() ? std::min(chosen_, last)
+                                   : static_cast<std::size_t>(std::distance(rows_.begin(), again));
+}
+
+PageStep HistoryPage::take(const Key& key, const Room& room)
+{
+    if (isSearching_) {
+        takeInSearch(key, room);
+    } else if (types(key, "/")) {
+        isSearching_ = true;
+    } else if (rows_.empty()) {
+        return {};
+    } else if (key.kind == Key::Kind::enter) {
+        return {.opened = std::make_unique<BlockPage>(presenter_, rows_[chosen_].block)};
+    } else if (types(key, "d")) {
+        presenter_.requestDeletion(rows_[chosen_].block);
+    } else {
+        choose(key, room);
+    }
+    return {};
+}
+
+void HistoryPage::takeInSearch(const Key& key, const Room& room)
+{
+    if (key.kind == Key::Kind::enter) {
+        isSearching_ = false;
+    } else if (key.kind == Key::Kind::escape) {
+        isSearching_ = false;
+        searched_ = TextEditor();
+        list();
+    } else if (key.kind == Key::Kind::up || key.kind == Key::Kind::down) {
+        choose(key, room);
+    } else if (key.kind == Key::Kind::paste) {
+        searched_.insert(key.text.substr(0, key.text.find('\n')));
+        list();
+    } else if (searched_.take(key, room.area.columns) == Effect::changed) {
+        list();
+    }
+}
+
+void HistoryPage::choose(const Key& key, const Room& room)
+{
+    const std::size_t last = rows_.empty() ? 0 : rows_.size() - 1;
+    const std::size_t page = std::max<std::size_t>(rowsOfList(room.window, room.area), 2) - 1;
+    switch (key.kind) {
+        case Key::Kind::up: chosen_ -= std::min<std::size_t>(chosen_, 1); break;
+        case Key::Kind::down: chosen_ = std::min(chosen_ + 1, last); break;
+        case Key::Kind::pageUp: chosen_ -= std::min(chosen_, page); break;
+        case Key::Kind::pageDown: chosen_ = std::min(chosen_ + page, last); break;
+        case Key::Kind::home: chosen_ = 0; break;
+        case Key::Kind::end: chosen_ = last; break;
+        default: break;
+    }
+}
+
+std::vector<KeyHint> HistoryPage::keys(bool scrolls) const
+{
+    if (isSearching_) {
+        return {{"Enter", "keep the word"}, {"↑↓", "choose"}, {"Esc", "all blocks"}};
+    }
+    std::vector<KeyHint> hints;
+    if (!rows_.empty()) {
+        hints = {{"↑↓", "choose"}, {"Enter", "open"}};
+        if (scrolls) {
+            hints.push_back({"PgDn", "scroll"});
+        }
+        if (work::finishedBlockWith(rows_[chosen_].block, presenter_.state())) {
+            hints.push_back({"d", "delete"});
+        }
+    }
+    hints.push_back({"/", "search"});
+    hints.push_back({"Esc", "back"});
+    hints.push_back({"q", "quit"});
+    return hints;
+}
+
+bool HistoryPage::scrolls(const Room& room) const
+{
+    return rows_.size() > rowsOfList(room.window, room.area);
+}
+
+void HistoryPage::drawHeading(Canvas& canvas, const Area& area, Look heading) const
+{
+    const std::string& word = searched_.text();
+    if (!isSearching_) {
+        const std::size_t taken = canvas.write({area.row, area.column}, "History", heading) + gap;
+        const std::string count = base::countText(std::ssize(rows_), "block");
+        canvas.write({area.row, area.column + taken},
+                     word.empty() ? count : count + " with " + base::inQuotes(word), {.dim = true},
+                     area.columns - taken);
+        return;
+    }
+    const std::size_t label = canvas.write({area.row, area.column}, searchLabel, heading);
+    const std::size_t most = area.columns - label - 1;
+    canvas.write({area.row, area.column + label}, word, {}, most);
+    const std::size_t beforeCursor = shownColumns(std::string_view(word).substr(0, searched_.cursor()));
+    canvas.setCursor({area.row, area.column + label + std::min(beforeCursor, most)});
+}
+
+std::string HistoryPage::nothingText() const
+{
+    return searched_.text().empty() ? "No block is finished yet."
+                                    : "No block has " + base::inQuotes(searched_.text()) + " in its words.";
+}
+
+void HistoryPage::draw(Canvas& canvas, const Area& area, Look heading) const
+{
+    drawHeading(canvas, area, heading);
+    const std::size_t above = std::min(area.rows, rowsAboveList(canvas.size()));
+    const Area below{area.row + above, area.column, area.rows - above, area.columns};
+    Flow flow(canvas, {below.row, below.column, below.rows, below.columns - 1});
+    if (rows_.empty()) {
+        flow.paragraph(nothingText());
+        return;
+    }
+    const std::size_t first = firstInView(chosen_, rows_.size(), below.rows);
+    const std::size_t end = std::min(first + below.rows, rows_.size());
+    std::size_t names = 0;
+    std::size_t signs = 0;
+    for (std::size_t index = first; index < end; ++index) {
+        names = std::max(names, rows_[index].name.size());
+        signs = std::max(signs, base::columnsOf(rows_[index].signs));
+    }
+    constexpr std::size_t dayColumns = 10;
+    const std::size_t nameColumn = markColumns + dayColumns + gap;
+    const std::size_t signColumn = nameColumn + names + gap;
+    for (std::size_t index = first; index < end; ++index) {
+        const Row& row = rows_[index];
+        const bool isChosen = index == chosen_;
+        const std::size_t line = flow.rest().row;
+        canvas.write({line, area.column}, isChosen ? "▸" : " ", heading);
+        canvas.write({line, area.column + markColumns}, row.day, {.bold = isChosen});
+        canvas.write({line, area.column + nameColumn}, row.name, {.dim = true});
+        canvas.write({line, area.column + signColumn}, row.signs);
+        flow.line(row.title, {.bold = isChosen}, signColumn + signs + gap);
+    }
+    drawMoreArrows(canvas, below, first > 0, end < rows_.size());
+}
+
+}  // namespace quillmere::screen
