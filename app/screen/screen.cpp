@@ -22,8 +22,6 @@ constexpr char questionsLetter = 'o';
 constexpr char modelsLetter = 't';
 constexpr char recallLetter = 'r';
 
-bool isPageKey(const Key& key) { return key.kind == Key::Kind::pageUp || key.kind == Key::Kind::pageDown; }
-
 /// Makes an editor when the presenter has opened another form.
 void adopt(std::optional<FormEditor>& editor, const std::shared_ptr<work::Form>& form)
 {

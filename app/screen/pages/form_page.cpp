@@ -10,8 +10,8 @@
 namespace quillmere::screen {
 namespace {
 
-constexpr std::size_t indent = 2;          ///< that of the questions
-constexpr std::size_t columnsOfForm = 76;  ///< those of a usual window
+constexpr std::size_t columnsBeforeFacts = 2;  ///< that of the questions
+constexpr std::size_t columnsOfForm = 76;      ///< those of a usual window
 constexpr std::size_t leastForRecall = 36;
 constexpr std::size_t leastRowsForFacts = 18;  ///< of the window, as those below
 constexpr std::size_t rowsForOneFact = 8;
@@ -45,7 +45,7 @@ FormPage::FormPage(const FormEditor& editor, const work::Recall& recall, Size wi
         fields_.row += taken;
         fields_.rows -= std::min(taken, fields_.rows);
     }
-    above_ = {area.row, area.column + indent, rowsAbove(), fields_.columns - indent};
+    above_ = {area.row, area.column + columnsBeforeFacts, rowsAbove(), fields_.columns - columnsBeforeFacts};
 }
 
 std::size_t FormPage::rowsAbove() const

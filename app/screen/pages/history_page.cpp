@@ -20,8 +20,8 @@
 namespace quillmere::screen {
 namespace {
 
-constexpr std::size_t markColumns = 2;
-constexpr std::size_t gap = 2;
+constexpr std::size_t columnsOfChoice = 2;
+constexpr std::size_t columnsBetween = 2;
 constexpr const char* searchLabel = "Search  ";
 
 std::size_t rowsAboveList(Size window)
@@ -36,7 +36,7 @@ std::size_t rowsOfList(Size window, const Area& area)
 }
 
 /// The first row in view: the chosen one is about in the middle.
-std::size_t firstInView(std::size_t chosen, std::size_t rows, std::size_t shown)
+std::size_t firstRowInView(std::size_t chosen, std::size_t rows, std::size_t shown)
 {
     return std::min(chosen - std::min(chosen, shown / 2), rows - std::min(rows, shown));
 }
@@ -176,7 +176,7 @@ void HistoryPage::drawHeading(Canvas& canvas, const Area& area, Look heading) co
 {
     const std::string& word = searched_.text();
     if (!isSearching_) {
-        const std::size_t taken = canvas.write({area.row, area.column}, "History", heading) + gap;
+        const std::size_t taken = canvas.write({area.row, area.column}, "History", heading) + columnsBetween;
         const std::string count = base::countText(std::ssize(rows_), "block");
         canvas.write({area.row, area.column + taken},
                      word.empty() ? count : count + " with " + base::inQuotes(word), {.dim = true},
@@ -206,7 +206,7 @@ void HistoryPage::draw(Canvas& canvas, const Area& area, Look heading) const
         flow.paragraph(nothingText());
         return;
     }
-    const std::size_t first = firstInView(chosen_, rows_.size(), below.rows);
+    const std::size_t first = firstRowInView(chosen_, rows_.size(), below.rows);
     const std::size_t end = std::min(first + below.rows, rows_.size());
     std::size_t names = 0;
     std::size_t signs = 0;
@@ -215,17 +215,17 @@ void HistoryPage::draw(Canvas& canvas, const Area& area, Look heading) const
         signs = std::max(signs, base::columnsOf(rows_[index].signs));
     }
     constexpr std::size_t dayColumns = 10;
-    const std::size_t nameColumn = markColumns + dayColumns + gap;
-    const std::size_t signColumn = nameColumn + names + gap;
+    const std::size_t nameColumn = columnsOfChoice + dayColumns + columnsBetween;
+    const std::size_t signColumn = nameColumn + names + columnsBetween;
     for (std::size_t index = first; index < end; ++index) {
         const Row& row = rows_[index];
         const bool isChosen = index == chosen_;
         const std::size_t line = flow.rest().row;
         canvas.write({line, area.column}, isChosen ? "▸" : " ", heading);
-        canvas.write({line, area.column + markColumns}, row.day, {.bold = isChosen});
+        canvas.write({line, area.column + columnsOfChoice}, row.day, {.bold = isChosen});
         canvas.write({line, area.column + nameColumn}, row.name, {.dim = true});
         canvas.write({line, area.column + signColumn}, row.signs);
-        flow.line(row.title, {.bold = isChosen}, signColumn + signs + gap);
+        flow.line(row.title, {.bold = isChosen}, signColumn + signs + columnsBetween);
     }
     drawMoreArrows(canvas, below, first > 0, end < rows_.size());
 }

@@ -50,22 +50,32 @@ std::vector<KeyHint> LookBackPage::ownKeys() const
     return hints;
 }
 
+std::string LookBackPage::report(const Printed& printed) const
+{
+    const figures::Range range =
+        figures::spanFromText(printed.span, printed.today).value_or(figures::Range{});
+    const figures::LookBack look =
+        figures::statistics(presenter_.state(), range, printed.today, work::habitsOf(presenter_.values()));
+    return lookback::terminalReport(look, {.style = base::Style(false),
+                                           .width = lookback::widthOfPage(printed.columns),
+                                           .drawsBlocks = printed.charset == Charset::unicode});
+}
+
 Canvas LookBackPage::text(std::size_t columns, Charset charset, Look) const
 {
-    const figures::Habits habits = work::habitsOf(presenter_.values());
-    const figures::Day today =
-        figures::LocalCalendar(habits.dayBeginsAtHour).dayOf(presenter_.situation().now);
-    const figures::Range range = figures::spanFromText(span_, today).value_or(figures::Range{});
-    const figures::LookBack look = figures::statistics(presenter_.state(), range, today, habits);
-    const std::string report = lookback::terminalReport(look, {.style = base::Style(false),
-                                                               .width = lookback::widthOfPage(columns),
-                                                               .drawsBlocks = charset == Charset::unicode});
-    const auto rows = static_cast<std::size_t>(std::count(report.begin(), report.end(), '\n'));
+    const figures::LocalCalendar calendar(work::habitsOf(presenter_.values()).dayBeginsAtHour);
+    const Printed wanted{span_, calendar.dayOf(presenter_.situation().now), presenter_.state().updatedAt,
+                         columns, charset};
+    if (printed_ != wanted) {
+        report_ = report(wanted);
+        printed_ = wanted;
+    }
+    const auto rows = static_cast<std::size_t>(std::count(report_.begin(), report_.end(), '\n'));
     Canvas canvas({.rows = rows, .columns = columns}, charset);
     Flow flow(canvas, canvas.area());
-    for (std::size_t begin = 0; begin < report.size();) {
-        const std::size_t end = report.find('\n', begin);
-        flow.line(report.substr(begin, end - begin));
+    for (std::size_t begin = 0; begin < report_.size();) {
+        const std::size_t end = report_.find('\n', begin);
+        flow.line(std::string_view(report_).substr(begin, end - begin));
         begin = end + 1;
     }
     return canvas;

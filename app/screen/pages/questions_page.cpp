@@ -23,8 +23,6 @@ std::size_t gapRows(Size window)
                       : QuillmereDesign::Spacing::regular);
 }
 
-bool isPageKey(const Key& key) { return key.kind == Key::Kind::pageUp || key.kind == Key::Kind::pageDown; }
-
 }  // namespace
 
 PageStep QuestionsPage::take(const Key& key, const Room& room)

@@ -8,7 +8,7 @@
 namespace quillmere::screen {
 namespace {
 
-constexpr std::size_t columnsOfMark = 2;
+constexpr std::size_t columnsOfPassageMark = 2;
 constexpr std::size_t indentOfFacts = 2;
 constexpr std::size_t gapAfterLabel = 2;
 constexpr std::size_t mostColumns = 88;  ///< longer lines are hard to read
@@ -21,7 +21,7 @@ struct RecallGrid {
     std::size_t width;
 };
 
-RecallGrid gridFor(const work::Recall& recall, std::size_t columns, Marks marks)
+RecallGrid recallGridFor(const work::Recall& recall, std::size_t columns, Marks marks)
 {
     std::size_t labels = 0;
     for (const work::Passage& passage : recall) {
@@ -29,7 +29,7 @@ RecallGrid gridFor(const work::Recall& recall, std::size_t columns, Marks marks)
             labels = std::max(labels, base::columnsOf(fact.label));
         }
     }
-    const std::size_t heading = marks == Marks::possible ? columnsOfMark : 0;
+    const std::size_t heading = marks == Marks::possible ? columnsOfPassageMark : 0;
     const std::size_t label = heading + indentOfFacts;
     const std::size_t text = label + (labels > 0 ? labels + gapAfterLabel : 0);
     const std::size_t whole = std::min(columns, mostColumns);
@@ -53,7 +53,7 @@ std::size_t rowsOf(const work::Recall& recall, const RecallGrid& grid)
 RecallText textOf(const work::Recall& recall, std::size_t columns, Charset charset, Look heading, Marks marks,
                   std::optional<std::size_t> marked)
 {
-    const RecallGrid grid = gridFor(recall, columns, marks);
+    const RecallGrid grid = recallGridFor(recall, columns, marks);
     RecallText text{Canvas({.rows = rowsOf(recall, grid), .columns = columns}, charset), {}};
     Canvas& canvas = text.canvas;
     Flow flow(canvas, {0, 0, canvas.size().rows, std::min(columns, grid.text + grid.width)});

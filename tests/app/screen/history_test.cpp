@@ -6,11 +6,6 @@ namespace {
 
 using namespace screen;
 
-const Key up{Key::Kind::up};
-const Key down{Key::Kind::down};
-const Key end{Key::Kind::end};
-const Key home{Key::Kind::home};
-
 /// Finished at `moment`, days before.
 Block finishedBlock(unsigned number, double daysBefore)
 {
@@ -66,7 +61,7 @@ TEST_F(HistoryAtTheScreen, saysThatNoBlockIsFinished)
     EXPECT_TRUE(shows("No block is finished yet."));
     presses(enter);
     presses("d");
-    presses(down);
+    presses(downKey);
     EXPECT_TRUE(shows("No block is finished yet."));
 }
 
@@ -74,21 +69,21 @@ TEST_F(HistoryAtTheScreen, choosesWithTheArrowsAndLeavesWithPageKeys)
 {
     hasFinished(40);
     presses("h");
-    presses(down);
+    presses(downKey);
     EXPECT_TRUE(shows("▸ 2026-11-14"));
-    presses(up);
-    presses(up);
+    presses(upKey);
+    presses(upKey);
     EXPECT_TRUE(shows("▸ 2026-11-15"));
     EXPECT_TRUE(shows("PgDn scroll"));
     presses(pageDown);
     EXPECT_FALSE(shows("2026-11-15"));
-    presses(end);
+    presses(endKey);
     EXPECT_TRUE(shows("▸ 2026-10-07"));
     EXPECT_TRUE(shows("↑\n"));
     EXPECT_FALSE(shows("↓\n"));
     presses(pageUp);
     EXPECT_FALSE(shows("▸ 2026-10-07"));
-    presses(home);
+    presses(homeKey);
     EXPECT_TRUE(shows("▸ 2026-11-15"));
 }
 
@@ -97,15 +92,15 @@ TEST_F(HistoryAtTheScreen, opensABlockWholeAndASessionOfIt)
     hasFinished(2);
     ui->resize({.rows = 50, .columns = 100});
     presses("h");
-    presses(down);
+    presses(downKey);
     presses(enter);
     EXPECT_TRUE(shows("Number 3"));
     EXPECT_TRUE(shows("2000 words"));
     EXPECT_TRUE(shows("½ 1 of 3"));
     EXPECT_TRUE(shows("Close the door"));
     EXPECT_FALSE(shows("Enter open"));
-    presses(down);
-    presses(down);
+    presses(downKey);
+    presses(downKey);
     EXPECT_TRUE(shows("▸ ✓ 2 of 3"));
     presses(enter);
     EXPECT_TRUE(shows("Outcome of session 2"));
@@ -118,7 +113,7 @@ TEST_F(HistoryAtTheScreen, goesOneBackUpWithEachEscape)
     hasFinished(1);
     presses("h");
     presses(enter);
-    presses(down);
+    presses(downKey);
     presses(enter);
     EXPECT_FALSE(shows("choose a session"));
     presses(escape);
@@ -144,13 +139,13 @@ TEST_F(HistoryAtTheScreen, bringsTheChosenSessionIntoViewInASmallWindow)
     ui->resize({.rows = 15, .columns = 60});
     presses("h\n");
     EXPECT_FALSE(shows("✓ 2 of 3"));
-    presses(down);
-    presses(down);
+    presses(downKey);
+    presses(downKey);
     EXPECT_TRUE(shows("▸ ✓ 2 of 3"));
-    presses(up);
-    presses(up);
+    presses(upKey);
+    presses(upKey);
     EXPECT_TRUE(shows("The block"));
-    presses(end);
+    presses(endKey);
     EXPECT_TRUE(shows("Close the door"));
 }
 
@@ -211,7 +206,7 @@ TEST_F(HistoryAtTheScreen, leavesTheViewOfASessionWhoseBlockIsDeletedElsewhere)
 {
     hasFinished(2);
     presses("h\n");
-    presses(down);
+    presses(downKey);
     presses(enter);
     QuillmereState state = person.state();
     state.blockHistory.erase(state.blockHistory.begin());
@@ -243,7 +238,7 @@ TEST_F(HistoryAtTheScreen, offersNoDeletionOfTheBlockAtHand)
     presses("dy");
     EXPECT_TRUE(person.state().currentBlock);
     EXPECT_EQ(person.state().blockHistory.size(), 1U);
-    presses(down);
+    presses(downKey);
     EXPECT_TRUE(shows("d delete"));
 }
 
@@ -251,7 +246,7 @@ TEST_F(HistoryAtTheScreen, keepsTheChosenBlockWhenAnotherOneIsFinished)
 {
     hasFinished(2);
     presses("h");
-    presses(down);
+    presses(downKey);
     QuillmereState state = person.state();
     state.blockHistory.insert(state.blockHistory.begin(), finishedBlock(9, 0));
     state.updatedAt = moment + 1;
@@ -265,9 +260,9 @@ TEST_F(HistoryAtTheScreen, correctsASessionOfAFinishedBlock)
 {
     hasFinished(2);
     presses("h");
-    presses(down);
+    presses(downKey);
     presses(enter);
-    presses(down);
+    presses(downKey);
     EXPECT_TRUE(shows("c correct the session"));
     presses("c");
     EXPECT_TRUE(shows("● Half"));
@@ -283,7 +278,7 @@ TEST_F(HistoryAtTheScreen, correctsASessionFromItsOwnView)
 {
     hasFinished(1);
     presses("h\n");
-    presses(down);
+    presses(downKey);
     presses(enter);
     presses("c");
     presses(Key{Key::Kind::tab});
@@ -320,7 +315,7 @@ TEST_F(HistoryAtTheScreen, correctsNoSessionThatRunsOrWaitsForItsReview)
         opens(stateIn(workflowState));
         presses(escape);
         presses("h\n");
-        presses(down);
+        presses(downKey);
         EXPECT_TRUE(shows("Enter open"));
         EXPECT_FALSE(shows("c correct"));
         presses("c");

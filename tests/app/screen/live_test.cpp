@@ -68,6 +68,22 @@ TEST_F(LiveScreen, takesAPersonThroughAWholeBlock)
     EXPECT_EQ(namesIn(person.stateHome() / "quillmere").size(), 1U);
 }
 
+TEST_F(LiveScreen, opensABlockOfTheHistoryAndGoesBack)
+{
+    QuillmereState state = stateIn(WorkflowState::idle);
+    state.blockHistory.push_back(blockInWork(2, 1));
+    person.has(state);
+    const TerminalWindow window(person);
+    window.runs("$Q");
+    ASSERT_TRUE(window.shows("h history"));
+    window.presses("h");
+    ASSERT_TRUE(window.shows("History  1 block"));
+    window.presses("Enter");
+    ASSERT_TRUE(window.shows("c correct the block"));
+    window.presses("Escape");
+    EXPECT_TRUE(window.shows("History  1 block"));
+}
+
 TEST_F(LiveScreen, opensOnADeepLinkAndCountsDown)
 {
     isFocusing("3s");

@@ -54,18 +54,18 @@ TEST_F(ScreenOfAPerson, scrollsTheLookBackByRowsAndPagesAndToItsEnds)
     presses("r");
     EXPECT_TRUE(shows("PgDn scroll"));
     EXPECT_TRUE(shows("↓\n"));
-    presses(Key{Key::Kind::down});
+    presses(downKey);
     EXPECT_FALSE(shows("Look back  up to"));
     EXPECT_TRUE(shows("in 2 sessions"));
-    presses(Key{Key::Kind::up});
+    presses(upKey);
     EXPECT_TRUE(shows("Look back  up to"));
     presses(pageDown);
     EXPECT_FALSE(shows("in 2 sessions"));
-    presses(Key{Key::Kind::end});
+    presses(endKey);
     EXPECT_FALSE(shows("↓\n"));
     presses(pageUp);
     EXPECT_TRUE(shows("↓\n"));
-    presses(Key{Key::Kind::home});
+    presses(homeKey);
     EXPECT_TRUE(shows("Look back  up to"));
 }
 
