@@ -2,20 +2,15 @@
 
 #include "base/text/columns.hpp"
 #include "base/text/count.hpp"
-#include "base/text/local_time.hpp"
 #include "base/text/quotes.hpp"
 #include "screen/canvas/characters.hpp"
 #include "screen/canvas/flow.hpp"
 #include "screen/canvas/layout.hpp"
 #include "screen/pages/block_page.hpp"
 #include "work/naming.hpp"
-#include "work/recall/block_account.hpp"
-#include "work/recall/search.hpp"
-#include "work/recall/session_signs.hpp"
 
 #include <algorithm>
 #include <iterator>
-#include <utility>
 
 namespace quillmere::screen {
 namespace {
@@ -47,52 +42,33 @@ HistoryPage::HistoryPage(work::Presenter& presenter) : presenter_(presenter) { l
 
 bool HistoryPage::follow()
 {
-    if (listed_ != Listed::of(presenter_.state())) {
-        list();
-    }
+    list();
     return true;
-}
-
-HistoryPage::Listed HistoryPage::Listed::of(const QuillmereState& state)
-{
-    return {state.updatedAt, state.blockHistory.size(), state.currentBlock.has_value()};
-}
-
-HistoryPage::Row HistoryPage::rowFor(const Block& block, std::string day, std::string name) const
-{
-    const std::vector<work::Fact> titles = work::titlesOf(block);
-    return {.block = block.id,
-            .day = std::move(day),
-            .name = std::move(name),
-            .signs = work::signsOf(block),
-            .title = titles.empty() ? "no named outcome" : titles.front().text};
 }
 
 void HistoryPage::list()
 {
-    const QuillmereState& state = presenter_.state();
     const std::optional<Identifier> before =
-        chosen_ < rows_.size() ? std::optional(rows_[chosen_].block) : std::nullopt;
-    const work::SearchedText searched(searched_.text());
-    const Instant now = presenter_.situation().now;
-    listed_ = Listed::of(state);
-    rows_.clear();
-    if (state.currentBlock && searched.occursIn(*state.currentBlock, now)) {
-        rows_.push_back(
-            rowFor(*state.currentBlock, "at hand", work::shortName(state.currentBlock->id, state)));
+        rows().empty() ? std::nullopt : std::optional(rows()[chosen_].block);
+    list_.update(presenter_.situation(), searched_.text());
+    const std::optional<std::size_t> again = before ? list_.indexOf(*before) : std::nullopt;
+    chosen_ = again.value_or(std::min(chosen_, rows().empty() ? 0 : rows().size() - 1));
+}
+
+void HistoryPage::endSearch()
+{
+    isSearching_ = false;
+    searched_ = TextEditor();
+    list();
+}
+
+bool HistoryPage::goesBack()
+{
+    if (searched_.text().empty()) {
+        return false;
     }
-    const std::vector<std::string> names = work::shortNames(state);
-    for (std::size_t index = 0; index < state.blockHistory.size(); ++index) {
-        const Block& block = state.blockHistory[index];
-        if (searched.occursIn(block, now)) {
-            rows_.push_back(rowFor(block, base::localDayText(work::finishedAt(block)), names[index]));
-        }
-    }
-    const auto again =
-        std::find_if(rows_.begin(), rows_.end(), [&](const Row& row) { return row.block == before; });
-    const std::size_t last = rows_.empty() ? 0 : rows_.size() - 1;
-    chosen_ = again == rows_.end() ? std::min(chosen_, last)
-                                   : static_cast<std::size_t>(std::distance(rows_.begin(), again));
+    endSearch();
+    return true;
 }
 
 PageStep HistoryPage::take(const Key& key, const Room& room)
@@ -101,12 +77,12 @@ PageStep HistoryPage::take(const Key& key, const Room& room)
         takeInSearch(key, room);
     } else if (types(key, "/")) {
         isSearching_ = true;
-    } else if (rows_.empty()) {
+    } else if (rows().empty()) {
         return {};
     } else if (key.kind == Key::Kind::enter) {
-        return {.opened = std::make_unique<BlockPage>(presenter_, rows_[chosen_].block)};
+        return {.opened = std::make_unique<BlockPage>(presenter_, rows()[chosen_].block)};
     } else if (types(key, "d")) {
-        presenter_.requestDeletion(rows_[chosen_].block);
+        presenter_.requestDeletion(rows()[chosen_].block);
     } else {
         choose(key, room);
     }
@@ -118,9 +94,7 @@ void HistoryPage::takeInSearch(const Key& key, const Room& room)
     if (key.kind == Key::Kind::enter) {
         isSearching_ = false;
     } else if (key.kind == Key::Kind::escape) {
-        isSearching_ = false;
-        searched_ = TextEditor();
-        list();
+        endSearch();
     } else if (key.kind == Key::Kind::up || key.kind == Key::Kind::down) {
         choose(key, room);
     } else if (key.kind == Key::Kind::paste) {
@@ -133,7 +107,7 @@ void HistoryPage::takeInSearch(const Key& key, const Room& room)
 
 void HistoryPage::choose(const Key& key, const Room& room)
 {
-    const std::size_t last = rows_.empty() ? 0 : rows_.size() - 1;
+    const std::size_t last = rows().empty() ? 0 : rows().size() - 1;
     const std::size_t page = std::max<std::size_t>(rowsOfList(room.window, room.area), 2) - 1;
     switch (key.kind) {
         case Key::Kind::up: chosen_ -= std::min<std::size_t>(chosen_, 1); break;
@@ -152,24 +126,24 @@ std::vector<KeyHint> HistoryPage::keys(bool scrolls) const
         return {{"Enter", "keep the word"}, {"↑↓", "choose"}, {"Esc", "all blocks"}};
     }
     std::vector<KeyHint> hints;
-    if (!rows_.empty()) {
+    if (!rows().empty()) {
         hints = {{"↑↓", "choose"}, {"Enter", "open"}};
         if (scrolls) {
             hints.push_back({"PgDn", "scroll"});
         }
-        if (work::finishedBlockWith(rows_[chosen_].block, presenter_.state())) {
+        if (work::finishedBlockWith(rows()[chosen_].block, presenter_.state())) {
             hints.push_back({"d", "delete"});
         }
     }
     hints.push_back({"/", "search"});
-    hints.push_back({"Esc", "back"});
+    hints.push_back({"Esc", searched_.text().empty() ? "back" : "all blocks"});
     hints.push_back({"q", "quit"});
     return hints;
 }
 
 bool HistoryPage::scrolls(const Room& room) const
 {
-    return rows_.size() > rowsOfList(room.window, room.area);
+    return rows().size() > rowsOfList(room.window, room.area);
 }
 
 void HistoryPage::drawHeading(Canvas& canvas, const Area& area, Look heading) const
@@ -177,7 +151,7 @@ void HistoryPage::drawHeading(Canvas& canvas, const Area& area, Look heading) co
     const std::string& word = searched_.text();
     if (!isSearching_) {
         const std::size_t taken = canvas.write({area.row, area.column}, "History", heading) + columnsBetween;
-        const std::string count = base::countText(std::ssize(rows_), "block");
+        const std::string count = base::countText(std::ssize(rows()), "block");
         canvas.write({area.row, area.column + taken},
                      word.empty() ? count : count + " with " + base::inQuotes(word), {.dim = true},
                      area.columns - taken);
@@ -202,23 +176,23 @@ void HistoryPage::draw(Canvas& canvas, const Area& area, Look heading) const
     const std::size_t above = std::min(area.rows, rowsAboveList(canvas.size()));
     const Area below{area.row + above, area.column, area.rows - above, area.columns};
     Flow flow(canvas, {below.row, below.column, below.rows, below.columns - 1});
-    if (rows_.empty()) {
+    if (rows().empty()) {
         flow.paragraph(nothingText());
         return;
     }
-    const std::size_t first = firstRowInView(chosen_, rows_.size(), below.rows);
-    const std::size_t end = std::min(first + below.rows, rows_.size());
+    const std::size_t first = firstRowInView(chosen_, rows().size(), below.rows);
+    const std::size_t end = std::min(first + below.rows, rows().size());
     std::size_t names = 0;
     std::size_t signs = 0;
     for (std::size_t index = first; index < end; ++index) {
-        names = std::max(names, rows_[index].name.size());
-        signs = std::max(signs, base::columnsOf(rows_[index].signs));
+        names = std::max(names, rows()[index].name.size());
+        signs = std::max(signs, base::columnsOf(rows()[index].signs));
     }
     constexpr std::size_t dayColumns = 10;
     const std::size_t nameColumn = columnsOfChoice + dayColumns + columnsBetween;
     const std::size_t signColumn = nameColumn + names + columnsBetween;
     for (std::size_t index = first; index < end; ++index) {
-        const Row& row = rows_[index];
+        const HistoryRow& row = rows()[index];
         const bool isChosen = index == chosen_;
         const std::size_t line = flow.rest().row;
         canvas.write({line, area.column}, isChosen ? "▸" : " ", heading);
@@ -227,7 +201,7 @@ void HistoryPage::draw(Canvas& canvas, const Area& area, Look heading) const
         canvas.write({line, area.column + signColumn}, row.signs);
         flow.line(row.title, {.bold = isChosen}, signColumn + signs + columnsBetween);
     }
-    drawMoreArrows(canvas, below, first > 0, end < rows_.size());
+    drawMoreArrows(canvas, below, first > 0, end < rows().size());
 }
 
 }  // namespace quillmere::screen

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "screen/editors/text_editor.hpp"
+#include "screen/pages/history_list.hpp"
 #include "screen/pages/page.hpp"
 #include "work/presenter.hpp"
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,39 +24,24 @@ public:
     bool follow() override;
 
 private:
-    struct Row {
-        Identifier block;
-        std::string day;
-        std::string name;
-        std::string signs;
-        std::string title;
-    };
-
-    /// What the rows depend on: when the state changed, and its blocks.
-    struct Listed {
-        Instant updatedAt;
-        std::size_t finished;
-        bool hasCurrent;
-
-        static Listed of(const QuillmereState& state);
-        friend bool operator==(const Listed&, const Listed&) = default;
-    };
-
+    /// To the whole list.
+    bool goesBack() override;
     PageStep take(const Key& key, const Room& room) override;
     void takeInSearch(const Key& key, const Room& room);
     /// Takes a key that chooses another row.
     void choose(const Key& key, const Room& room);
+    /// Lists anew, and keeps the chosen block.
     void list();
-    Row rowFor(const Block& block, std::string day, std::string name) const;
+    const std::vector<HistoryRow>& rows() const { return list_.rows(); }
+    void endSearch();
     void drawHeading(Canvas& canvas, const Area& area, Look heading) const;
     std::string nothingText() const;
 
     work::Presenter& presenter_;
-    std::vector<Row> rows_;
+    HistoryList list_;
     std::size_t chosen_ = 0;
     TextEditor searched_;
     bool isSearching_ = false;
-    std::optional<Listed> listed_;
 };
 
 }  // namespace quillmere::screen

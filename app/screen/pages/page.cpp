@@ -5,7 +5,7 @@ namespace quillmere::screen {
 PageStep Page::press(const Key& key, const Room& room)
 {
     if (!takesText() && key.kind == Key::Kind::escape) {
-        return {PageStep::Kind::leaves};
+        return {goesBack() ? PageStep::Kind::stays : PageStep::Kind::leaves};
     }
     if (!takesText() && types(key, "q")) {
         return {PageStep::Kind::quits};

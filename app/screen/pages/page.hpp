@@ -63,6 +63,8 @@ public:
     virtual bool follow() { return true; }
 
 protected:
+    /// Goes a step back within the page. Returns false when there is none, so that Esc leaves the page.
+    virtual bool goesBack() { return false; }
     virtual PageStep take(const Key& key, const Room& room) = 0;
 };
 

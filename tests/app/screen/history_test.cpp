@@ -160,11 +160,22 @@ TEST_F(HistoryAtTheScreen, narrowsTheListToTheBlocksWithAWord)
     EXPECT_TRUE(shows("History  1 block with \"nUMBER 7\""));
     presses(enter);
     EXPECT_TRUE(shows("2000 words"));
-    presses(escape);
-    presses("/");
+}
+
+TEST_F(HistoryAtTheScreen, goesBackFromAWordToAllBlocks)
+{
+    hasFinished(12);
+    presses("h/Number 7");
     presses(escape);
     EXPECT_TRUE(shows("History  12 blocks"));
     EXPECT_TRUE(shows("▸ 2026-11-10"));
+    presses("/Number 7\n");
+    EXPECT_TRUE(shows("Esc all blocks"));
+    presses(escape);
+    EXPECT_TRUE(shows("History  12 blocks"));
+    EXPECT_TRUE(shows("Esc back"));
+    presses(escape);
+    EXPECT_TRUE(shows("p plan a block"));
 }
 
 TEST_F(HistoryAtTheScreen, takesKeysAndPastedTextAsTheWordWhileOneIsTyped)
