@@ -20,6 +20,9 @@ public:
     /// As the presenter: opens on the page of the state.
     Screen(workspace::Workspace workspace, work::Drafts drafts, std::optional<WidgetRoute> route,
            const config::Configuration& configuration = {});
+    // The pages refer to the presenter.
+    Screen(const Screen&) = delete;
+    Screen& operator=(const Screen&) = delete;
 
     /// For poll(2): readable when `refresh` is due.
     int descriptor() const { return presenter_.descriptor(); }
