@@ -1,11 +1,10 @@
 #include "cli/block_number.hpp"
 
 #include "base/text/count.hpp"
-#include "base/text/local_time.hpp"
-#include "base/text/sanitize.hpp"
 #include "cli/exit_code.hpp"
 #include "cli/program.hpp"
 #include "cli/prompt.hpp"
+#include "work/deletion.hpp"
 #include "work/naming.hpp"
 
 #include <algorithm>
@@ -28,13 +27,6 @@ std::size_t numberIn(const std::string& name)
 
 }  // namespace
 
-std::string blockInOneLine(const Block& block, base::Hours hours)
-{
-    const std::string title = block.outcomes.empty() ? "" : base::sanitized(block.outcomes.front().title);
-    return "the block of " + base::localText(block.completedAt.value_or(block.createdAt), hours) + ", " +
-           base::countText(std::ssize(block.sessions), "session") + (title.empty() ? "" : ": " + title);
-}
-
 std::string nameWithoutNumber(const std::string& name, bool commandAsks, const QuillmereState& state,
                               Program& program)
 {
@@ -55,7 +47,7 @@ std::string nameWithoutNumber(const std::string& name, bool commandAsks, const Q
     const Block& block = state.blockHistory[number - 1];
     if (!commandAsks) {
         requireAgreement(program.environment(),
-                         "This is " + blockInOneLine(block, program.hours()) + ". Is it meant?");
+                         "This is " + work::blockInOneLine(block, program.hours()) + ". Is it meant?");
     }
     const std::size_t point = std::min(name.find('.'), name.size());
     return work::shortName(block.id, state) + name.substr(point);

@@ -1,8 +1,6 @@
 // Blocks named by their number in the history, which only a person at a terminal may use.
 #pragma once
 
-#include "base/text/hours.hpp"
-
 #include <quillmere/records/quillmere_state.hpp>
 
 #include <string>
@@ -10,9 +8,6 @@
 namespace quillmere::cli {
 
 class Program;
-
-/// The block in one line: when it finished, how many sessions it had, its first outcome.
-std::string blockInOneLine(const Block& block, base::Hours hours);
 
 /// The name with a number replaced by the name of the block: 1 is the block that was finished last, 1.2 its
 /// second session. Any other text is returned as it is. The number of a block changes with every block that

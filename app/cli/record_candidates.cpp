@@ -4,6 +4,7 @@
 #include "lookback/words.hpp"
 #include "work/naming.hpp"
 #include "work/question_naming.hpp"
+#include "work/recall/block_account.hpp"
 
 #include <string_view>
 
@@ -16,7 +17,7 @@ constexpr std::size_t mostBlocksWithSessions = 10;
 Candidate blockCandidate(const Block& block, const std::string& name, base::Hours hours)
 {
     const std::string title = block.outcomes.empty() ? "" : block.outcomes.front().title;
-    return {name, base::localText(block.completedAt.value_or(block.createdAt), hours) + "  " + title};
+    return {name, base::localText(work::finishedAt(block), hours) + "  " + title};
 }
 
 void addEndedSessions(Candidates& candidates, const Block& block, const std::string& name, base::Hours hours)
@@ -66,8 +67,7 @@ Candidates monthCandidates(const QuillmereState& state)
     constexpr std::size_t monthLength = std::string_view("2026-10").size();
     Candidates months;
     for (const Block& block : state.blockHistory) {
-        const std::string month =
-            base::localDayText(block.completedAt.value_or(block.createdAt)).substr(0, monthLength);
+        const std::string month = base::localDayText(work::finishedAt(block)).substr(0, monthLength);
         if (months.size() < mostMonths && (months.empty() || months.back().value != month)) {
             months.push_back({month, ""});
         }

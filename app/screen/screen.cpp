@@ -2,6 +2,13 @@
 
 #include "screen/action_keys.hpp"
 #include "screen/canvas/layout.hpp"
+#include "screen/pages/history_page.hpp"
+#include "screen/pages/keys_page.hpp"
+#include "screen/pages/look_back_page.hpp"
+#include "screen/pages/models_page.hpp"
+#include "screen/pages/questions_page.hpp"
+#include "screen/pages/recall_page.hpp"
+#include "screen/work_keys.hpp"
 
 #include <algorithm>
 #include <memory>
@@ -13,13 +20,7 @@ namespace {
 constexpr char saveLetter = 's';
 constexpr char questionsLetter = 'o';
 constexpr char modelsLetter = 't';
-
-bool isLetter(const Key& key, std::string_view letter)
-{
-    return key.kind == Key::Kind::character && key.text == letter;
-}
-
-bool isPageKey(const Key& key) { return key.kind == Key::Kind::pageUp || key.kind == Key::Kind::pageDown; }
+constexpr char recallLetter = 'r';
 
 /// Makes an editor when the presenter has opened another form.
 void adopt(std::optional<FormEditor>& editor, const std::shared_ptr<work::Form>& form)
@@ -67,12 +68,8 @@ void Screen::follow(const std::optional<work::FormSubject>& before)
     }
     adopt(workForm_, presenter_.workForm());
     adopt(openedForm_, presenter_.openedForm());
-    if (page_ == Page::models && presenter_.models().empty()) {
-        page_ = Page::work;
-    }
     if (presenter_.isUsable()) {
-        const std::size_t count = state().openQuestions().size();
-        choose(std::min(chosenQuestion_, count == 0 ? 0 : count - 1));
+        std::erase_if(pages_, [](const std::unique_ptr<Page>& page) { return !page->follow(); });
     }
 }
 
@@ -81,7 +78,12 @@ FormEditor* Screen::form()
     if (openedForm_) {
         return &*openedForm_;
     }
-    return page_ == Page::work && workForm_ ? &*workForm_ : nullptr;
+    return !page() && workForm_ ? &*workForm_ : nullptr;
+}
+
+FormPage Screen::formPage(const Area& area) const
+{
+    return {*form(), openedForm_ ? work::Recall() : presenter_.recall(), window_, area};
 }
 
 std::optional<work::FormSubject> Screen::subject() const
@@ -109,7 +111,8 @@ void Screen::press(const Key& key)
         click(key.place);
         return;
     }
-    if (key.kind == Key::Kind::paste && !form()) {
+    const bool isForText = form() || (page() && page()->takesText());
+    if (key.kind == Key::Kind::paste && !isForText) {
         return;  // pasted text gives no commands
     }
     const std::optional<work::FormSubject> before = subject();
@@ -130,30 +133,44 @@ void Screen::take(const Key& key)
     if (!isVisible()) {
         // A person does not change what they cannot see.
         presenter_.confirm(false);
-        isOver_ = isLetter(key, "q");
+        isOver_ = types(key, "q");
     } else if (!presenter_.question().empty()) {
-        presenter_.confirm(isLetter(key, "y"));
+        presenter_.confirm(types(key, "y"));
     } else if (form()) {
         pressInForm(key);
-    } else if (page_ == Page::questions) {
-        pressOnQuestions(key);
-    } else if (page_ == Page::models) {
-        pressOnModels(key);
+    } else if (page()) {
+        pressOnPage(key);
     } else {
         pressOnWork(key);
     }
 }
 
+void Screen::pressOnPage(const Key& key)
+{
+    PageStep step = page()->press(key, {window_, contentArea()});
+    switch (step.kind) {
+        case PageStep::Kind::stays: break;
+        case PageStep::Kind::leaves: pages_.pop_back(); break;
+        case PageStep::Kind::quits: isOver_ = true; break;
+        case PageStep::Kind::isForTheWork: pressOnWork(key); break;
+    }
+    if (step.opened) {
+        pages_.push_back(std::move(step.opened));
+    }
+}
+
 void Screen::pressOnWork(const Key& key)
 {
-    if (page_ == Page::keys && key.kind == Key::Kind::escape) {
-        page_ = Page::work;
-    } else if (isLetter(key, keysKey)) {
-        page_ = page_ == Page::keys ? Page::work : Page::keys;
-    } else if (isLetter(key, "q")) {
+    if (types(key, "q")) {
         isOver_ = true;
-    } else if (isLetter(key, "a")) {
-        page_ = Page::questions;
+    } else if (types(key, keysKey)) {
+        open<KeysPage>();
+    } else if (types(key, questionsKey)) {
+        open<QuestionsPage>();
+    } else if (types(key, historyKey)) {
+        open<HistoryPage>();
+    } else if (types(key, lookBackKey)) {
+        open<LookBackPage>();
     } else {
         pressForAction(key);
     }
@@ -161,14 +178,14 @@ void Screen::pressOnWork(const Key& key)
 
 void Screen::pressForAction(const Key& key)
 {
-    if (isLetter(key, undoKey)) {
-        page_ = Page::work;
+    if (types(key, undoKey)) {
+        pages_.clear();
         presenter_.request(work::UndoDirection::undo);
-    } else if (isLetter(key, redoKey)) {
-        page_ = Page::work;
+    } else if (types(key, redoKey)) {
+        pages_.clear();
         presenter_.request(work::UndoDirection::redo);
     } else if (const work::Action* const action = actionOn(key, situation())) {
-        page_ = Page::work;
+        pages_.clear();
         presenter_.request(*action);
     } else if (key.kind == Key::Kind::character) {
         presenter_.say("Nothing is on this key now; ? shows the keys.");
@@ -185,60 +202,26 @@ void Screen::leaveForm()
         presenter_.request(*action);
     } else {
         keepDraft();
-        page_ = Page::keys;
+        open<KeysPage>();
     }
 }
 
-void Screen::pressOnQuestions(const Key& key)
+bool Screen::openFromForm(const Key& key)
 {
-    const std::vector<AgentQuestion> open = state().openQuestions();
-    if (key.kind == Key::Kind::escape) {
-        page_ = Page::work;
-    } else if (isLetter(key, "q")) {
-        isOver_ = true;
-    } else if (isLetter(key, "n")) {
-        presenter_.openQuestion();
-    } else if (key.kind == Key::Kind::up && chosenQuestion_ > 0) {
-        choose(chosenQuestion_ - 1);
-    } else if (key.kind == Key::Kind::down && chosenQuestion_ + 1 < open.size()) {
-        choose(chosenQuestion_ + 1);
-    } else if (isPageKey(key)) {
-        scrollQuestion(key.kind == Key::Kind::pageDown);
-    } else if (key.kind == Key::Kind::enter && !open.empty()) {
-        presenter_.openAnswer(open[chosenQuestion_]);
+    if (openedForm_) {
+        return false;
     }
-}
-
-void Screen::scrollQuestion(bool down)
-{
-    const Area area = contentArea();
-    const std::size_t most = mostScrolled(window_, area, situation(), chosenQuestion_);
-    const std::size_t step = std::max<std::size_t>(area.rows, 2) - 1;
-    const std::size_t first = std::min(scrolledRows_, most);
-    scrolledRows_ = down ? std::min(first + step, most) : first - std::min(first, step);
-}
-
-void Screen::choose(std::size_t question)
-{
-    scrolledRows_ = question == chosenQuestion_ ? scrolledRows_ : 0;
-    chosenQuestion_ = question;
-}
-
-void Screen::pressOnModels(const Key& key)
-{
-    const std::vector<work::Model> models = presenter_.models();
-    if (key.kind == Key::Kind::escape) {
-        page_ = Page::work;
-    } else if (isLetter(key, "q")) {
-        isOver_ = true;
-    } else if (key.kind == Key::Kind::up && chosenModel_ > 0) {
-        --chosenModel_;
-    } else if (key.kind == Key::Kind::down && chosenModel_ + 1 < models.size()) {
-        ++chosenModel_;
-    } else if (key.kind == Key::Kind::enter && chosenModel_ < models.size()) {
-        presenter_.planLike(models[chosenModel_]);
-        page_ = Page::work;
+    if (key == withControl(questionsLetter)) {
+        open<QuestionsPage>();
+    } else if (key == withControl(recallLetter) && !presenter_.recall().empty()) {
+        open<RecallPage>();
+    } else if (key == withControl(modelsLetter) && !presenter_.models().empty()) {
+        open<ModelsPage>();
+    } else {
+        return false;
     }
+    keepDraft();
+    return true;
 }
 
 void Screen::pressInForm(const Key& key)
@@ -250,15 +233,10 @@ void Screen::pressInForm(const Key& key)
         }
     } else if (key.kind == Key::Kind::escape) {
         leaveForm();
-    } else if (!openedForm_ && key == withControl(questionsLetter)) {
-        keepDraft();
-        page_ = Page::questions;
-    } else if (!openedForm_ && key == withControl(modelsLetter) && !presenter_.models().empty()) {
-        keepDraft();
-        chosenModel_ = 0;
-        page_ = Page::models;
+    } else if (openFromForm(key)) {
+        return;
     } else if (isPageKey(key)) {
-        editor.scroll(key.kind == Key::Kind::pageDown, window_, besideRecall(contentArea()));
+        editor.scroll(key.kind == Key::Kind::pageDown, formPage(contentArea()).fields());
     } else if (editor.take(key, window_)) {
         presenter_.noteChange(editor.form());
     }

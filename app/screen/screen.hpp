@@ -2,20 +2,27 @@
 #pragma once
 
 #include "screen/editors/form_editor.hpp"
+#include "screen/pages/form_page.hpp"
+#include "screen/pages/page.hpp"
 #include "screen/pages/pages.hpp"
 #include "work/presenter.hpp"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace quillmere::screen {
 
+/// Gives the keys to what is in view: a form, the page on top, or the work.
 class Screen {
 public:
     /// As the presenter: opens on the page of the state.
     Screen(workspace::Workspace workspace, work::Drafts drafts, std::optional<WidgetRoute> route,
            const config::Configuration& configuration = {});
+    // The pages refer to the presenter.
+    Screen(const Screen&) = delete;
+    Screen& operator=(const Screen&) = delete;
 
     /// For poll(2): readable when `refresh` is due.
     int descriptor() const { return presenter_.descriptor(); }
@@ -48,35 +55,39 @@ public:
     bool takeBell() { return presenter_.takeBell(); }
 
 private:
-    static constexpr const char* undoKey = "u";
-    static constexpr const char* redoKey = "U";
-    static constexpr const char* keysKey = "?";
     static constexpr Size usualWindow{.rows = 24, .columns = 80};
 
-    enum class Page { work, keys, questions, models };
-
     const workspace::Situation& situation() const { return presenter_.situation(); }
-    const QuillmereState& state() const { return situation().state; }
 
+    /// The page on top; null: the work is in view.
+    Page* page() const { return pages_.empty() ? nullptr : pages_.back().get(); }
     /// The form that receives the keys; null on pages without one.
     FormEditor* form();
     const FormEditor* form() const { return const_cast<Screen*>(this)->form(); }
+    /// The form in its area. A form that the person has opened has no recall.
+    FormPage formPage(const Area& area) const;
 
     void take(const Key& key);
     /// Presses the key whose hint stands there.
     void click(Place place);
+    void pressOnPage(const Key& key);
     void pressOnWork(const Key& key);
-    /// Keys of the pages of work and of keys.
     void pressForAction(const Key& key);
-    void pressOnQuestions(const Key& key);
-    void pressOnModels(const Key& key);
     void pressInForm(const Key& key);
+    /// Opens the page of a key in the form of the work. Returns false when the key has none.
+    bool openFromForm(const Key& key);
     /// Goes back from a form: closes it, leaves the planning, or shows what else is possible.
     void leaveForm();
-    void choose(std::size_t question);
-    void scrollQuestion(bool down);
 
-    /// Adopts the forms and the questions of the presenter. Holds the keys when it has closed the form that
+    /// Opens a page over the work.
+    template <class Shown>
+    void open()
+    {
+        pages_.clear();
+        pages_.push_back(std::make_unique<Shown>(presenter_));
+    }
+
+    /// Adopts the forms and the state of the presenter. Holds the keys when it has closed the form that
     /// received them, which was `before`.
     void follow(const std::optional<work::FormSubject>& before);
     std::optional<work::FormSubject> subject() const;
@@ -86,31 +97,24 @@ private:
     /// The picture in a window without room for a page.
     Canvas smallPicture(Charset charset) const;
 
+    /// With the keys that scroll only where there is something to scroll.
     Frame frame() const;
+    Frame frame(bool scrolls) const;
+    /// Whether a part of the form or page is out of view in this area.
+    bool scrolls(const Area& area) const;
     std::string message() const;
     /// The area inside the frame.
     Area contentArea() const;
-    /// The part of the area for a form; in a wide window what helps to fill it in stands beside.
-    Area besideRecall(Area area) const;
-    std::vector<KeyHint> keys() const;
-    std::vector<KeyHint> keysOfForm() const;
-    std::vector<KeyHint> keysOfQuestions() const;
-    std::vector<KeyHint> keysOfModels() const;
-    std::vector<KeyHint> keysOfWork() const;
-    /// Every key of the work, for the page of keys.
-    std::vector<KeyHint> allKeys() const;
-    std::string questionCount() const;
-    std::string questionsLabel() const;
+    std::vector<KeyHint> keys(bool scrolls) const;
+    std::vector<KeyHint> keysOfForm(bool scrolls) const;
+    void drawContent(Canvas& canvas, const Area& area, Look heading) const;
 
     work::Presenter presenter_;
     Size window_ = usualWindow;
-    Page page_ = Page::work;
-    std::size_t chosenQuestion_ = 0;
-    std::size_t scrolledRows_ = 0;  ///< of the chosen question
-    std::size_t chosenModel_ = 0;
-    std::optional<FormEditor> workForm_;    ///< of the state
-    std::optional<FormEditor> openedForm_;  ///< covers everything else
-    bool holdsKeys_ = false;                ///< ignores keys until Esc
+    std::vector<std::unique_ptr<Page>> pages_;  ///< each covers the one before, and the first the work
+    std::optional<FormEditor> workForm_;        ///< of the state
+    std::optional<FormEditor> openedForm_;      ///< covers everything else
+    bool holdsKeys_ = false;                    ///< ignores keys until Esc
     bool isOver_ = false;
 };
 

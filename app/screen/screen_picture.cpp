@@ -1,24 +1,16 @@
 // The picture of the live screen.
 #include "base/text/columns.hpp"
-#include "base/text/count.hpp"
-#include "screen/action_keys.hpp"
 #include "screen/canvas/flow.hpp"
 #include "screen/canvas/layout.hpp"
 #include "screen/screen.hpp"
+#include "screen/work_keys.hpp"
 #include "work/event_text.hpp"
 #include "work/forms/forms.hpp"
 #include "work/situation_view.hpp"
 
-#include <iterator>
 #include <optional>
 
 namespace quillmere::screen {
-
-std::string Screen::questionCount() const
-{
-    const auto count = std::ssize(state().openQuestions());
-    return count == 0 ? "" : base::countText(count, "question");
-}
 
 std::string Screen::title() const
 {
@@ -35,79 +27,29 @@ std::string Screen::title() const
            (view->timer->isPaused ? ", paused" : "");
 }
 
-std::string Screen::questionsLabel() const { return questionCount().empty() ? "questions" : questionCount(); }
-
-std::vector<KeyHint> Screen::keysOfForm() const
+std::vector<KeyHint> Screen::keysOfForm(bool scrolls) const
 {
-    const work::Saving& saving = work::savingFor(work::moveOf(*form()->form(), state()));
+    const work::Saving& saving = work::savingFor(work::moveOf(*form()->form(), situation().state));
     std::vector<KeyHint> hints{{"^S", std::string(saving.label)}, {"Tab", "next field"}};
-    if (openedForm_) {
-        hints.push_back({"Esc", "back"});
-    } else {
-        const work::Action* const leaving = work::actionFor(work::ActionId::leavePlanning, situation());
+    if (!openedForm_) {
         if (!presenter_.models().empty()) {
             hints.push_back({"^T", "like another"});
         }
-        hints.push_back({"^O", questionsLabel()});
-        hints.push_back({"Esc", leaving ? std::string(leaving->label) : "more"});
+        hints.push_back({"^O", questionsLabel(situation().state)});
+        if (!presenter_.recall().empty()) {
+            hints.push_back({"^R", "what helps"});
+        }
     }
-    hints.push_back({"PgDn", "scroll"});
+    if (scrolls) {
+        hints.push_back({"PgDn", "scroll"});
+    }
+    const work::Action* const leaving = work::actionFor(work::ActionId::leavePlanning, situation());
+    hints.push_back({"Esc", openedForm_ ? "back" : leaving ? std::string(leaving->label) : "more"});
     hints.push_back({"^C", "quit"});
     return hints;
 }
 
-std::vector<KeyHint> Screen::keysOfQuestions() const
-{
-    std::vector<KeyHint> hints;
-    if (!state().openQuestions().empty()) {
-        hints = {{"↑↓", "choose"}, {"Enter", "answer"}, {"PgDn", "scroll"}};
-    }
-    hints.push_back({"n", "ask one"});
-    hints.push_back({"Esc", "back"});
-    hints.push_back({"q", "quit"});
-    return hints;
-}
-
-std::vector<KeyHint> Screen::keysOfModels() const
-{
-    return {{"↑↓", "choose"}, {"Enter", "take its words and lengths"}, {"Esc", "back"}, {"q", "quit"}};
-}
-
-std::vector<KeyHint> Screen::keysOfWork() const
-{
-    std::vector<KeyHint> hints;
-    for (const work::Action* const action : work::actionsFor(situation())) {
-        if (isUsual(action->id)) {
-            hints.push_back({keyName(action->id), std::string(action->label)});
-        }
-    }
-    hints.push_back({"a", questionsLabel()});
-    if (presenter_.keepsVersions()) {
-        hints.push_back({undoKey, "undo"});
-    }
-    hints.push_back({keysKey, "keys"});
-    hints.push_back({"q", "quit"});
-    return hints;
-}
-
-std::vector<KeyHint> Screen::allKeys() const
-{
-    std::vector<KeyHint> keys;
-    for (const work::Action* const action : work::actionsFor(situation())) {
-        if (action->id != work::ActionId::leavePlanning) {
-            keys.push_back({keyName(action->id), std::string(action->label)});
-        }
-    }
-    if (presenter_.keepsVersions()) {
-        keys.push_back({undoKey, "undo the last change"});
-        keys.push_back({redoKey, "redo what was undone"});
-    }
-    keys.push_back({"a", questionsLabel()});
-    keys.push_back({"q", "quit"});
-    return keys;
-}
-
-std::vector<KeyHint> Screen::keys() const
+std::vector<KeyHint> Screen::keys(bool scrolls) const
 {
     if (!presenter_.isUsable()) {
         return {{"q", "quit"}};
@@ -119,15 +61,9 @@ std::vector<KeyHint> Screen::keys() const
         return {{"y", "yes"}, {"any other key", "no"}};
     }
     if (form()) {
-        return keysOfForm();
+        return keysOfForm(scrolls);
     }
-    switch (page_) {
-        case Page::questions: return keysOfQuestions();
-        case Page::models: return keysOfModels();
-        case Page::keys: return {{"Esc", "back"}};
-        case Page::work: break;
-    }
-    return keysOfWork();
+    return page() ? page()->keys(scrolls) : usualKeys(presenter_, window_);
 }
 
 std::string Screen::message() const
@@ -139,14 +75,14 @@ std::string Screen::message() const
     return message + (holdsKeys_ ? (message.empty() ? "Esc goes on." : " Esc goes on.") : "");
 }
 
-Frame Screen::frame() const
+Frame Screen::frame(bool scrolls) const
 {
     Frame frame{.title = "Quillmere",
                 .caption = {},
                 .accent = QuillmereDesign::Accent::neutral,
                 .note = {},
                 .message = message(),
-                .keys = keys()};
+                .keys = keys(scrolls)};
     if (presenter_.isUsable()) {
         const work::SituationView view = work::SituationView::of(situation());
         const bool isPaused = view.timer && view.timer->isPaused;
@@ -159,21 +95,44 @@ Frame Screen::frame() const
     return frame;
 }
 
+bool Screen::scrolls(const Area& area) const
+{
+    if (!presenter_.isUsable()) {
+        return false;
+    }
+    if (form()) {
+        return form()->scrolls(formPage(area).fields());
+    }
+    return page() && page()->scrolls({window_, area});
+}
+
+Frame Screen::frame() const
+{
+    // The hint may take a row: there is less room with it, and so no less to scroll.
+    const Frame without = frame(false);
+    Canvas canvas(window_);
+    return scrolls(drawFrame(canvas, without)) ? frame(true) : without;
+}
+
 Area Screen::contentArea() const
 {
     Canvas canvas(window_);
     return drawFrame(canvas, frame());
 }
 
-Area Screen::besideRecall(Area area) const
+void Screen::drawContent(Canvas& canvas, const Area& area, Look heading) const
 {
-    // Forms keep the columns of a usual window.
-    constexpr std::size_t columnsOfForm = 76;
-    constexpr std::size_t leastForRecall = 36;
-    if (!openedForm_ && !presenter_.recall().empty() && area.columns >= columnsOfForm + leastForRecall) {
-        area.columns = columnsOfForm;
+    if (!presenter_.isUsable()) {
+        drawTrouble(canvas, area, presenter_.trouble());
+    } else if (form()) {
+        formPage(area).draw(canvas, heading);
+    } else if (page()) {
+        page()->draw(canvas, area, heading);
+    } else if (work::SituationView::of(situation()).timer) {
+        drawCountdown(canvas, area, situation(), presenter_.recall(), presenter_.hours());
+    } else {
+        drawIdle(canvas, area, situation(), presenter_.recall(), presenter_.values());
     }
-    return area;
 }
 
 bool Screen::isVisible() const
@@ -182,7 +141,7 @@ bool Screen::isVisible() const
         return false;
     }
     constexpr std::size_t headlineAndKeys = 2;
-    const bool isWork = !form() && page_ == Page::work;
+    const bool isWork = !form() && !page();
     const bool isWhole =
         base::linesWithin(presenter_.question(), window_.columns).size() <= window_.rows - headlineAndKeys;
     return isLargeEnough(window_) || (isWork && isWhole);
@@ -210,31 +169,7 @@ Canvas Screen::picture(Charset charset) const
         return smallPicture(charset);
     }
     const Frame surrounding = frame();
-    const Area area = drawFrame(canvas, surrounding);
-    if (!presenter_.isUsable()) {
-        drawTrouble(canvas, area, presenter_.trouble());
-    } else if (const FormEditor* const current = form()) {
-        const Look look{.accent = surrounding.accent, .bold = true};
-        const Area fields = besideRecall(area);
-        current->draw(canvas, fields, look);
-        if (fields.columns < area.columns) {
-            const std::size_t gap = columnsOf(QuillmereDesign::Spacing::section);
-            const std::size_t first = fields.columns + gap;
-            drawRecall(canvas, {area.row, area.column + first, area.rows, area.columns - first},
-                       presenter_.recall(), look);
-        }
-    } else if (page_ == Page::questions) {
-        drawQuestions(canvas, area, situation(), chosenQuestion_, scrolledRows_, presenter_.hours());
-    } else if (page_ == Page::models) {
-        drawModels(canvas, area, presenter_.models(), chosenModel_,
-                   {.accent = surrounding.accent, .bold = true});
-    } else if (page_ == Page::keys) {
-        drawKeyList(canvas, area, allKeys(), {.accent = surrounding.accent, .bold = true});
-    } else if (work::SituationView::of(situation()).timer) {
-        drawCountdown(canvas, area, situation(), presenter_.recall(), presenter_.hours());
-    } else {
-        drawIdle(canvas, area, situation(), presenter_.hours());
-    }
+    drawContent(canvas, drawFrame(canvas, surrounding), {.accent = surrounding.accent, .bold = true});
     return canvas;
 }
 

@@ -21,6 +21,7 @@ inline constexpr std::string_view scheduleKept = "The scheduled block is as it w
 inline constexpr std::string_view blockDropped = "The block is dropped.";
 inline constexpr std::string_view blockAtItsEnd = "No session follows; the block waits for its reflection.";
 inline constexpr std::string_view blockChanged = "The block is changed.";
+inline constexpr std::string_view blockDeleted = "The block is deleted.";
 inline constexpr std::string_view recordCorrected = "The record is corrected.";
 inline constexpr std::string_view workReset = "The work is reset.";
 

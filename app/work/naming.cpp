@@ -84,6 +84,20 @@ std::vector<std::string> shortNames(const QuillmereState& state)
     return ofHistory;
 }
 
+const Block* finishedBlockWith(const Identifier& id, const QuillmereState& state)
+{
+    const std::vector<Block>& history = state.blockHistory;
+    const auto found =
+        std::find_if(history.begin(), history.end(), [&](const Block& block) { return block.id == id; });
+    return found == history.end() ? nullptr : &*found;
+}
+
+const Block* blockWith(const Identifier& id, const QuillmereState& state)
+{
+    const bool isCurrent = state.currentBlock && state.currentBlock->id == id;
+    return isCurrent ? &*state.currentBlock : finishedBlockWith(id, state);
+}
+
 bool isBlockNamed(std::string_view name, const QuillmereState& state)
 {
     const std::vector<const Block*> blocks = blocksOf(state);

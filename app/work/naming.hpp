@@ -18,6 +18,12 @@ std::string shortName(const Identifier& block, const QuillmereState& state);
 /// The short names of the finished blocks, in the order of the history.
 std::vector<std::string> shortNames(const QuillmereState& state);
 
+/// The finished block, or the current one, with this identifier; null: none.
+const Block* blockWith(const Identifier& id, const QuillmereState& state);
+
+/// The finished block with this identifier; null: none.
+const Block* finishedBlockWith(const Identifier& id, const QuillmereState& state);
+
 /// Whether a finished block, or the current one, has this name.
 bool isBlockNamed(std::string_view name, const QuillmereState& state);
 

@@ -1,11 +1,14 @@
 #include "work/presenter.hpp"
 
+#include "amendments/delete_block.hpp"
 #include "base/text/failure.hpp"
 #include "work/amendment_text.hpp"
+#include "work/deletion.hpp"
 #include "work/describe.hpp"
 #include "work/event_text.hpp"
 #include "work/fields/unacceptable.hpp"
 #include "work/forms/block_draft.hpp"
+#include "work/naming.hpp"
 #include "workspace/leader_lock.hpp"
 
 #include <quillmere/engine/timer_snapshot.hpp>
@@ -196,6 +199,9 @@ void Presenter::followState()
     if (toConfirm_ && !isPossible(toConfirm_->move, state())) {
         toConfirm_ = nullptr;
     }
+    if (blockToDelete_ && !finishedBlockWith(*blockToDelete_, state())) {
+        blockToDelete_.reset();
+    }
 }
 
 void Presenter::open(std::shared_ptr<Form>& place, const FormSubject& subject)
@@ -323,8 +329,18 @@ void Presenter::request(UndoDirection direction)
     }
 }
 
+void Presenter::requestDeletion(const Identifier& finishedBlock)
+{
+    if (finishedBlockWith(finishedBlock, state())) {
+        blockToDelete_ = finishedBlock;
+    }
+}
+
 std::string Presenter::question() const
 {
+    if (blockToDelete_) {
+        return deletionQuestion(*finishedBlockWith(*blockToDelete_, state()), values_.hours);
+    }
     if (stepToConfirm_) {
         return offerText(*stepToConfirm_);
     }
@@ -335,11 +351,20 @@ void Presenter::confirm(bool isAgreed)
 {
     const Action* const action = std::exchange(toConfirm_, nullptr);
     const std::optional<UndoStep> step = std::exchange(stepToConfirm_, std::nullopt);
-    if (action && isAgreed) {
+    const std::optional<Identifier> block = std::exchange(blockToDelete_, std::nullopt);
+    if (block && isAgreed) {
+        deleteBlock(*block);
+    } else if (action && isAgreed) {
         perform(*action);
     } else if (step && isAgreed) {
         perform(*step);
     }
+}
+
+void Presenter::deleteBlock(const Identifier& id)
+{
+    const std::string done = deletedText(*finishedBlockWith(id, state()), state());
+    change([&](QuillmereState& fresh, Instant now) { amendments::deleteBlock(fresh, id, now); }, done);
 }
 
 void Presenter::perform(const UndoStep& step)

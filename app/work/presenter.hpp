@@ -51,6 +51,7 @@ public:
     /// What helps at this moment of the work.
     Recall recall() const { return recallAt(situation(), values_); }
 
+    const config::Values& values() const { return values_; }
     /// How the person reads times.
     base::Hours hours() const { return values_.hours; }
 
@@ -77,6 +78,8 @@ public:
     const std::shared_ptr<Form>& openedForm() const { return openedForm_; }
     void openQuestion() { open(openedForm_, newQuestion()); }
     void openAnswer(const AgentQuestion& question);
+    /// Opens the form of a correction that is possible now.
+    void openCorrection(const FormSubject& subject) { open(openedForm_, subject); }
     void closeOpenedForm();
     /// The subjects of the forms that the person was filling in when the work moved on elsewhere, since the
     /// last call. Typing that was meant for such a form must not reach what replaces it.
@@ -102,6 +105,8 @@ public:
     bool keepsVersions() const { return !files_.workspace().stateDirectory().empty(); }
     /// Waits for the confirmation of the next step back or forward; says so when there is none.
     void request(UndoDirection direction);
+    /// Waits for the confirmation of the deletion of a finished block.
+    void requestDeletion(const Identifier& finishedBlock);
     /// The question that waits for an answer; empty: none.
     std::string question() const;
     /// Answers the question that waits.
@@ -114,6 +119,7 @@ private:
     bool mustAsk(const Action& action) const;
     void perform(const Action& action);
     void perform(const UndoStep& step);
+    void deleteBlock(const Identifier& id);
     void tell(const std::vector<workspace::Event>& events);
     /// Rings the bell for questions that have come; not for those of the first look.
     void noteQuestions(bool isFirst);
@@ -141,6 +147,7 @@ private:
     const Action* toConfirm_ = nullptr;
     std::optional<UndoStep> stepToConfirm_;
     std::optional<SleptThrough> slept_;
+    std::optional<Identifier> blockToDelete_;  ///< once it is confirmed
     std::optional<QuillmereState> lastShown_;
     std::string message_;
     bool areOldDraftsRemoved_ = false;

@@ -6,6 +6,8 @@
 #include "cli/exit_code.hpp"
 #include "cli/prompt.hpp"
 #include "cli/text_options.hpp"
+#include "work/deletion.hpp"
+#include "work/done_text.hpp"
 #include "work/naming.hpp"
 #include "work/short_names.hpp"
 #include "workspace/retention.hpp"
@@ -28,8 +30,8 @@ struct DeleteCommand {
 
 std::string deletionQuestion(const Block& block, const DeleteCommand& command, base::Hours hours)
 {
-    return "Delete " + blockInOneLine(block, hours) +
-           (command.inVersionsToo ? "? In the versions too, so that nothing brings it back." : "?");
+    return work::deletionQuestion(block, hours) +
+           (command.inVersionsToo ? " In the versions too, so that nothing brings it back." : "");
 }
 
 std::string forgottenText(const workspace::Forgotten& forgotten)
@@ -84,12 +86,8 @@ void deleteBlock(DeleteCommand& command, Program& program)
     const Block& block = work::blockNamed(command.name, state);
     const auto operation = [&](QuillmereState& present, Instant now) {
         amendments::deleteBlock(present, block.id, now);
-        return "The block is deleted." +
-               (command.inVersionsToo
-                    ? std::string()
-                    : " Versions hold it for longer: " + std::string(workspace::retentionInWords) +
-                          ". quillmere delete " + work::shortName(block.id, state) +
-                          " --versions-too removes it there.");
+        return command.inVersionsToo ? std::string(work::done::blockDeleted)
+                                     : work::deletedText(block, state);
     };
     if (!command.isConfirmed && program.wouldAccept(operation)) {
         requireAgreement(program.environment(), deletionQuestion(block, command, program.hours()));

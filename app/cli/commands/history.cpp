@@ -1,6 +1,5 @@
 // Lists the finished blocks, or shows one whole.
 #include "base/record_json.hpp"
-#include "base/text/case_folding.hpp"
 #include "base/text/columns.hpp"
 #include "base/text/count.hpp"
 #include "base/text/duration.hpp"
@@ -18,6 +17,7 @@
 #include "lookback/words.hpp"
 #include "work/naming.hpp"
 #include "work/recall/block_account.hpp"
+#include "work/recall/search.hpp"
 #include "work/recall/session_signs.hpp"
 
 #include <CLI/CLI.hpp>
@@ -48,9 +48,6 @@ CLI::Validator limitOfBlocks()
             ""};
 }
 
-/// Of a finished block; files may lack it.
-Instant finishedAt(const Block& block) { return block.completedAt.value_or(block.createdAt); }
-
 struct HistoryCommand {
     std::vector<std::string> words;  ///< of a span, or the name of a block or session
     std::optional<std::string> since;
@@ -65,15 +62,6 @@ struct Listing {
     figures::Day today;
 };
 
-bool contains(const work::Recall& account, const std::string& folded)
-{
-    return std::any_of(account.begin(), account.end(), [&](const work::Passage& passage) {
-        return std::any_of(passage.facts.begin(), passage.facts.end(), [&](const work::Fact& fact) {
-            return base::caseFolded(fact.text).find(folded) != std::string::npos;
-        });
-    });
-}
-
 figures::Range rangeOf(const HistoryCommand& command, figures::Day today)
 {
     return command.since ? figures::Range{.since = spanOfOption("--since", *command.since, today).since,
@@ -86,12 +74,12 @@ Listing listingOf(const HistoryCommand& command, const workspace::Situation& sit
     const figures::LocalCalendar calendar(static_cast<int>(program.configuration().values.dayBeginsAtHour));
     Listing listing{.places = {}, .range = {}, .today = calendar.dayOf(situation.now)};
     listing.range = rangeOf(command, listing.today);
-    const std::string searched = base::caseFolded(command.search.value_or(""));
+    const work::SearchedText searched(command.search.value_or(""));
     const std::vector<Block>& history = situation.state.blockHistory;
     for (std::size_t place = 0; place < history.size(); ++place) {
         const Block& block = history[place];
-        if (listing.range.contains(calendar.dayOf(finishedAt(block))) &&
-            (searched.empty() || contains(work::accountOf(block, situation.now), searched))) {
+        if (listing.range.contains(calendar.dayOf(work::finishedAt(block))) &&
+            searched.occursIn(block, situation.now)) {
             listing.places.push_back(place);
         }
     }
@@ -101,8 +89,8 @@ Listing listingOf(const HistoryCommand& command, const workspace::Situation& sit
 void printBlock(std::ostream& out, const Block& block, const std::string& name, base::Hours hours,
                 std::size_t columns)
 {
-    out << base::localText(finishedAt(block), hours) << "  " << name << "  " << work::signsOf(block) << "  "
-        << block.sessions.size() << " of " << base::countText(block.cycleCount, "session") << ", "
+    out << base::localText(work::finishedAt(block), hours) << "  " << name << "  " << work::signsOf(block)
+        << "  " << block.sessions.size() << " of " << base::countText(block.cycleCount, "session") << ", "
         << base::durationText(work::focusSecondsOf(block)) << " of focus\n";
     for (const work::Fact& fact : work::outcomesWithSessions(block)) {
         const bool isOutcome = fact.label == work::outcomeLabel;

@@ -15,12 +15,12 @@ constexpr std::size_t mostWidth = 120;  // longer bars are hard to compare
 
 }  // namespace
 
+std::size_t widthOfPage(std::size_t columns) { return std::clamp(columns, leastWidth, mostWidth); }
+
 TerminalPage terminalPage(const base::Style& style, bool outputIsTerminal)
 {
     const std::size_t width = outputIsTerminal ? base::terminalWidth().value_or(usualWidth) : usualWidth;
-    return {.style = style,
-            .width = std::clamp(width, leastWidth, mostWidth),
-            .drawsBlocks = base::terminalUsesUtf8()};
+    return {.style = style, .width = widthOfPage(width), .drawsBlocks = base::terminalUsesUtf8()};
 }
 
 }  // namespace quillmere::lookback

@@ -13,6 +13,9 @@ struct TerminalPage {
     bool drawsBlocks;   ///< block elements of Unicode; otherwise ASCII only
 };
 
+/// The width of a page in so many columns: within the bounds of readable charts.
+std::size_t widthOfPage(std::size_t columns);
+
 /// The page of this process: as wide as the terminal within bounds, 80 columns where the output is no
 /// terminal. Block elements where the terminal uses UTF-8.
 TerminalPage terminalPage(const base::Style& style, bool outputIsTerminal);

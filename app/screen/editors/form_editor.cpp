@@ -84,18 +84,6 @@ bool FormEditor::take(const Key& key, Size window)
     return false;
 }
 
-Area FormEditor::drawReminder(Canvas& canvas, const Area& area) const
-{
-    Flow flow(canvas, area);
-    if (!form_->reminder().empty()) {
-        flow.line(form_->reminder(), {.dim = true}, markColumns);
-        flow.space(layout(familyFor(canvas.size())) == QuillmereWidgetLayout::compact
-                       ? QuillmereDesign::Spacing::none
-                       : QuillmereDesign::Spacing::regular);
-    }
-    return flow.rest();
-}
-
 Canvas FormEditor::fieldsFor(const Area& area, Charset charset, Look look) const
 {
     const FormGrid grid = gridFor(area.columns);
@@ -137,19 +125,21 @@ std::size_t FormEditor::firstRowShown(const Canvas& fields, std::size_t shown) c
     return std::min(scrolledTo_.value_or(cursorRow - std::min(cursorRow, shown / 2)), last);
 }
 
-void FormEditor::draw(Canvas& canvas, const Area& whole, Look look) const
+void FormEditor::draw(Canvas& canvas, const Area& area, Look look) const
 {
-    const Area area = drawReminder(canvas, whole);
     const Canvas fields = fieldsFor(area, canvas.charset(), look);
     const std::size_t first = firstRowShown(fields, area.rows);
     canvas.copy(fields, first, area);
     drawMoreArrows(canvas, area, first > 0, first + area.rows < fields.size().rows);
 }
 
-void FormEditor::scroll(bool down, Size window, const Area& whole)
+bool FormEditor::scrolls(const Area& area) const
 {
-    Canvas canvas(window);
-    const Area area = drawReminder(canvas, whole);
+    return fieldsFor(area, Charset::unicode, {}).size().rows > area.rows;
+}
+
+void FormEditor::scroll(bool down, const Area& area)
+{
     const Canvas fields = fieldsFor(area, Charset::unicode, {});
     const std::size_t first = firstRowShown(fields, area.rows);
     const std::size_t step = std::max<std::size_t>(area.rows, 2) - 1;

@@ -30,12 +30,13 @@ public:
     /// Draws the part of the form around the cursor, or the part that `scroll` has moved to.
     void draw(Canvas& canvas, const Area& area, Look look) const;
 
-    /// Scrolls by the rows that `draw` shows in this area of a window. The next key of the form moves back to
-    /// the cursor.
-    void scroll(bool down, Size window, const Area& area);
+    /// Scrolls by the rows that `draw` shows in this area. The next key of the form moves back to the cursor.
+    void scroll(bool down, const Area& area);
+
+    /// Whether a part of the form is out of view in this area.
+    bool scrolls(const Area& area) const;
 
 private:
-    Area drawReminder(Canvas& canvas, const Area& area) const;
     /// All fields at full height, to be shown in an area.
     Canvas fieldsFor(const Area& area, Charset charset, Look look) const;
     std::size_t firstRowShown(const Canvas& fields, std::size_t shown) const;

@@ -39,6 +39,12 @@ struct Key {
     friend bool operator==(const Key&, const Key&) = default;
 };
 
+/// Whether the key scrolls by a page.
+inline bool isPageKey(const Key& key)
+{
+    return key.kind == Key::Kind::pageUp || key.kind == Key::Kind::pageDown;
+}
+
 inline Key typed(std::string text) { return {Key::Kind::character, std::move(text)}; }
 inline Key pasted(std::string text) { return {Key::Kind::paste, std::move(text)}; }
 inline Key withControl(char letter) { return {Key::Kind::control, std::string(1, letter)}; }

@@ -1,10 +1,10 @@
-// The pages of the screen, drawn from a situation alone.
+// The frame of every page, and the pages of the work, drawn from a situation alone.
 #pragma once
 
-#include "base/text/hours.hpp"
 #include "base/text/local_time.hpp"
+#include "config/values.hpp"
 #include "screen/canvas/canvas.hpp"
-#include "work/models.hpp"
+#include "screen/pages/page.hpp"
 #include "work/recall/passage.hpp"
 #include "work/situation_view.hpp"
 #include "workspace/workspace.hpp"
@@ -16,12 +16,6 @@
 #include <vector>
 
 namespace quillmere::screen {
-
-/// A key and what it does.
-struct KeyHint {
-    std::string key;
-    std::string label;
-};
 
 /// The parts around the content of every page.
 struct Frame {
@@ -39,8 +33,9 @@ Area drawFrame(Canvas& canvas, const Frame& frame);
 /// The hint at a place of a window with this frame; null: none.
 const KeyHint* hintAt(const Frame& frame, Size window, Place place);
 
-/// The scheduled block and the finished blocks.
-void drawIdle(Canvas& canvas, const Area& area, const workspace::Situation& situation, base::Hours hours);
+/// The time until a scheduled start, the recall, and the blocks that were finished last.
+void drawIdle(Canvas& canvas, const Area& area, const workspace::Situation& situation,
+              const work::Recall& recall, const config::Values& values);
 
 /// The running timer, the sessions of the block, and what helps now.
 void drawCountdown(Canvas& canvas, const Area& area, const workspace::Situation& situation,
@@ -48,21 +43,6 @@ void drawCountdown(Canvas& canvas, const Area& area, const workspace::Situation&
 
 /// What a person wrote, told again. A small window shows the first heading and fact, a line each.
 void drawRecall(Canvas& canvas, const Area& area, const work::Recall& recall, Look heading);
-
-/// The open questions: the chosen one in full, scrolled down by `scrolled` rows.
-void drawQuestions(Canvas& canvas, const Area& area, const workspace::Situation& situation,
-                   std::size_t chosen, std::size_t scrolled, base::Hours hours);
-
-/// The number of rows to scroll until the end of the chosen question is in view.
-std::size_t mostScrolled(Size window, const Area& area, const workspace::Situation& situation,
-                         std::size_t chosen);
-
-/// What a block can be planned after; the chosen one is marked and in view.
-void drawModels(Canvas& canvas, const Area& area, const std::vector<work::Model>& models, std::size_t chosen,
-                Look look);
-
-/// All keys, one a row.
-void drawKeyList(Canvas& canvas, const Area& area, const std::vector<KeyHint>& keys, Look look);
 
 /// The work in a window without room for a page: the phase, the time, one line. A message
 /// stands in place of the line, and of the time where it is long.

@@ -14,18 +14,23 @@ std::optional<Value> ifOther(const Value& before, const Value& after)
 
 amendments::BlockChange changeBetween(const Block& before, const Block& after)
 {
-    return {.texts = {.whyValue = ifOther(before.whyValue, after.whyValue),
-                      .doneTest = ifOther(before.doneTest, after.doneTest),
-                      .hazards = ifOther(before.hazards, after.hazards),
-                      .measurableCheck = ifOther(before.measurableCheck, after.measurableCheck),
-                      .contextNotes = ifOther(before.contextNotes, after.contextNotes),
-                      .outcomes = ifOther(before.outcomes, after.outcomes)},
+    return {.texts = textsBetween(before, after),
             .focusDurationSeconds = ifOther(before.focusDurationSeconds, after.focusDurationSeconds),
             .breakDurationSeconds = ifOther(before.breakDurationSeconds, after.breakDurationSeconds),
             .cycleCount = ifOther(before.cycleCount, after.cycleCount)};
 }
 
 }  // namespace
+
+amendments::BlockTexts textsBetween(const Block& before, const Block& after)
+{
+    return {.whyValue = ifOther(before.whyValue, after.whyValue),
+            .doneTest = ifOther(before.doneTest, after.doneTest),
+            .hazards = ifOther(before.hazards, after.hazards),
+            .measurableCheck = ifOther(before.measurableCheck, after.measurableCheck),
+            .contextNotes = ifOther(before.contextNotes, after.contextNotes),
+            .outcomes = ifOther(before.outcomes, after.outcomes)};
+}
 
 void addBlockChangeFields(Form& form, const QuillmereState& state, Instant)
 {

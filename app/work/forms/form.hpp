@@ -31,6 +31,7 @@ enum class FormKind {
     blockChange,
     correction,
     anotherStart,
+    blockCorrection,
 };
 
 }  // namespace quillmere::work
@@ -52,6 +53,7 @@ struct quillmere::EnumerationTable<quillmere::work::FormKind> {
         {Kind::blockChange, "block-change"},
         {Kind::correction, "correction"},
         {Kind::anotherStart, "another-start"},
+        {Kind::blockCorrection, "block-correction"},
     });
 };
 

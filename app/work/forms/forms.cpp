@@ -39,6 +39,7 @@ constexpr auto formRows = std::to_array<FormRow>({
     {FormKind::blockChange, addAlike<addBlockChangeFields>, saveBlockChange},
     {FormKind::correction, addAlike<addCorrectionFields>, saveCorrection, correctionTimes},
     {FormKind::anotherStart, addAlike<addAnotherStartFields>, saveAnotherStart, anotherStartTimes},
+    {FormKind::blockCorrection, addAlike<addBlockCorrectionFields>, saveBlockCorrection},
 });
 static_assert(inCaseOrder(formRows) && formRows.size() == EnumerationTable<FormKind>::rows.size());
 
@@ -51,7 +52,8 @@ Move moveOf(FormKind kind, const QuillmereState& state)
         case FormKind::earlierEnd: return Kind::forgotToEnd;
         case FormKind::away: return Kind::wasAway;
         case FormKind::blockChange: return Kind::change;
-        case FormKind::correction: return Kind::correct;
+        case FormKind::correction:
+        case FormKind::blockCorrection: return Kind::correct;
         case FormKind::anotherStart: return Kind::backOut;
         default: break;
     }
@@ -101,6 +103,10 @@ FormSubject newBlock(const QuillmereState& state)
 
 FormSubject answerTo(const AgentQuestion& question) { return {FormKind::answer, question.id.text()}; }
 
+FormSubject correctionOf(const WorkSession& session) { return {FormKind::correction, session.id.text()}; }
+
+FormSubject correctionOf(const Block& block) { return {FormKind::blockCorrection, block.id.text()}; }
+
 FormSubject newQuestion() { return {FormKind::question, "new"}; }
 
 std::vector<FormSubject> subjectsOf(const QuillmereState& state)
@@ -143,11 +149,11 @@ bool isCurrent(const FormSubject& subject, const QuillmereState& state)
         case FormKind::reflection: return subjectFor(state) == subject;
         case FormKind::answer:
         case FormKind::question: return true;
+        case FormKind::correction:
+        case FormKind::blockCorrection: return hasRecordToCorrect(subject, state);
         default: break;
     }
-    const bool hasRecord = subject.kind != FormKind::correction || reviewedSession(state);
-    return hasRecord && subjectOf(subject.kind, state) == subject &&
-           isPossible(moveOf(subject.kind, state), state);
+    return subjectOf(subject.kind, state) == subject && isPossible(moveOf(subject.kind, state), state);
 }
 
 Move moveOf(const Form& form, const QuillmereState& state)

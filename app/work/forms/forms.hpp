@@ -35,6 +35,10 @@ Form formFor(const FormSubject& subject, const QuillmereState& state, Instant no
 /// The form that a person opens for an amendment, or for another length of a break.
 FormSubject subjectOf(FormKind kind, const QuillmereState& state);
 
+/// The form that corrects a session, or a finished block. It fits while it is current (`isCurrent`).
+FormSubject correctionOf(const WorkSession& session);
+FormSubject correctionOf(const Block& block);
+
 /// The last session of the current block, if it can be corrected: it has ended and does not wait for its
 /// review. Otherwise null.
 const WorkSession* reviewedSession(const QuillmereState& state);

@@ -1,6 +1,7 @@
 // One form for each record, used by forms.cpp.
 #pragma once
 
+#include "amendments/block_texts.hpp"
 #include "base/text/local_time.hpp"
 #include "config/values.hpp"
 #include "work/fields/answers.hpp"
@@ -28,6 +29,7 @@ void addAwayFields       (Form& form, const QuillmereState& state, Instant now);
 void addBlockChangeFields(Form& form, const QuillmereState& state, Instant now);
 void addCorrectionFields (Form& form, const QuillmereState& state, Instant now);
 void addAnotherStartFields(Form& form, const QuillmereState& state, Instant now);
+void addBlockCorrectionFields(Form& form, const QuillmereState& state, Instant now);
 
 // Each reads its form and runs the engine, or an amendment.
 void saveBlock      (const Form& form, QuillmereState& state, Instant now);
@@ -43,6 +45,7 @@ void saveAway       (const Form& form, QuillmereState& state, Instant now);
 void saveBlockChange(const Form& form, QuillmereState& state, Instant now);
 void saveCorrection (const Form& form, QuillmereState& state, Instant now);
 void saveAnotherStart(const Form& form, QuillmereState& state, Instant now);
+void saveBlockCorrection(const Form& form, QuillmereState& state, Instant now);
 
 // Each says in full how the times in its form are understood; empty when there is none.
 std::string blockTimes       (const Form& form, const QuillmereState& state, const base::SeenFrom& here);
@@ -51,6 +54,12 @@ std::string awayTimes        (const Form& form, const QuillmereState& state, con
 std::string correctionTimes  (const Form& form, const QuillmereState& state, const base::SeenFrom& here);
 std::string anotherStartTimes(const Form& form, const QuillmereState& state, const base::SeenFrom& here);
 // clang-format on
+
+/// Whether the session or block that a correction is of exists, and can be corrected.
+bool hasRecordToCorrect(const FormSubject& subject, const QuillmereState& state);
+
+/// The texts and outcomes of a block that are others afterwards.
+amendments::BlockTexts textsBetween(const Block& before, const Block& after);
 
 /// Whether a block form names a time to begin at.
 bool hasPlannedStart(const Form& form);
@@ -61,6 +70,10 @@ bool finishesBlock(const Form& form);
 /// The fields of a review. Without one nothing is chosen for the person.
 void addReview(Form& form, const std::optional<SessionReview>& review);
 SessionReview reviewFrom(const Form& form, const std::optional<SessionReview>& review, Instant now);
+
+/// The fields of a reflection.
+void addReflection(Form& form, const BlockReview& reflection);
+BlockReview reflectionFrom(const Form& form, BlockReview reflection, Instant now);
 
 /// The fields of a session plan; `prefix` stands before their ids.
 void addPlan(Form& form, const std::string& prefix, const SessionPlan& plan,

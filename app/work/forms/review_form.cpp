@@ -56,21 +56,20 @@ std::string titlesOf(const std::optional<Block>& block)
     return titles;
 }
 
-void addReflection(Form& form)
+}  // namespace
+
+void addReflection(Form& form, const BlockReview& reflection)
 {
     for (const RecordField<BlockReview>& row : reflectionFields) {
-        form.add(fieldOf(row, "", BlockReview{}));
+        form.add(fieldOf(row, "", reflection));
     }
 }
 
-BlockReview reflectionFrom(const Form& form, Instant now)
+BlockReview reflectionFrom(const Form& form, BlockReview reflection, Instant now)
 {
-    BlockReview reflection{};
     applyFields(form, "", reflectionFields, reflection, now);
     return reflection;
 }
-
-}  // namespace
 
 bool finishesBlock(const Form& form) { return form.has(afterId) && form.text(afterId) == finishKey; }
 
@@ -105,7 +104,7 @@ void addReviewFields(Form& form, const QuillmereState& state, Instant)
         addPlan(form, nextPrefix, SessionPlan::blank(Identifier::random()), state.currentBlock);
     } else if (isOnlySessionInReview(state)) {
         form.addHeading("The block");
-        addReflection(form);
+        addReflection(form, {});
     }
 }
 
@@ -113,7 +112,7 @@ void saveReview(const Form& form, QuillmereState& state, Instant now)
 {
     SessionReview review = reviewFrom(form, std::nullopt, now);
     if (form.has(reflectionFields.front().prompt.name)) {
-        finishOnlySession(state, std::move(review), reflectionFrom(form, now), now);
+        finishOnlySession(state, std::move(review), reflectionFrom(form, {}, now), now);
         return;
     }
     if (finishesBlock(form)) {
@@ -130,12 +129,12 @@ void saveReview(const Form& form, QuillmereState& state, Instant now)
 void addReflectionFields(Form& form, const QuillmereState& state, Instant)
 {
     form.setReminder(titlesOf(state.currentBlock));
-    addReflection(form);
+    addReflection(form, {});
 }
 
 void saveReflection(const Form& form, QuillmereState& state, Instant now)
 {
-    WorkflowEngine().completeBlockReview(state, reflectionFrom(form, now), now);
+    WorkflowEngine().completeBlockReview(state, reflectionFrom(form, {}, now), now);
 }
 
 }  // namespace quillmere::work

@@ -201,9 +201,8 @@ private:
         const figures::Day today = calendar.dayOf(here_.now);
         std::vector<Fact> facts = {{"Worked", workedToday()}};
         const auto finished =
-            std::count_if(state_.blockHistory.begin(), state_.blockHistory.end(), [&](const Block& block) {
-                return calendar.dayOf(block.completedAt.value_or(block.createdAt)) == today;
-            });
+            std::count_if(state_.blockHistory.begin(), state_.blockHistory.end(),
+                          [&](const Block& block) { return calendar.dayOf(finishedAt(block)) == today; });
         facts.push_back({"Finished", base::countText(finished, "block")});
         add("Today", std::move(facts));
     }
@@ -231,8 +230,7 @@ private:
         std::vector<Fact> facts;
         for (const Block& block : state_.blockHistory) {
             if (block.reflection && !block.reflection->lessons.empty() && facts.size() < lessonsShown) {
-                facts.push_back({base::localDayText(block.completedAt.value_or(block.createdAt)),
-                                 block.reflection->lessons});
+                facts.push_back({base::localDayText(finishedAt(block)), block.reflection->lessons});
             }
         }
         add("The last lessons", std::move(facts));

@@ -68,6 +68,22 @@ TEST_F(LiveScreen, takesAPersonThroughAWholeBlock)
     EXPECT_EQ(namesIn(person.stateHome() / "quillmere").size(), 1U);
 }
 
+TEST_F(LiveScreen, opensABlockOfTheHistoryAndGoesBack)
+{
+    QuillmereState state = stateIn(WorkflowState::idle);
+    state.blockHistory.push_back(blockInWork(2, 1));
+    person.has(state);
+    const TerminalWindow window(person);
+    window.runs("$Q");
+    ASSERT_TRUE(window.shows("h history"));
+    window.presses("h");
+    ASSERT_TRUE(window.shows("History  1 block"));
+    window.presses("Enter");
+    ASSERT_TRUE(window.shows("c correct the block"));
+    window.presses("Escape");
+    EXPECT_TRUE(window.shows("History  1 block"));
+}
+
 TEST_F(LiveScreen, opensOnADeepLinkAndCountsDown)
 {
     isFocusing("3s");
@@ -115,7 +131,7 @@ TEST_F(LiveScreen, answersQuestionsInFocus)
     const TerminalWindow window(person);
     window.runs("$Q ui");
     ASSERT_TRUE(window.shows("1 question"));
-    window.presses("r");
+    window.presses("z");
     EXPECT_TRUE(window.shows("Nothing is on this key now; ? shows the keys."));
     window.presses("a");
     EXPECT_TRUE(window.shows("Which build? #{pane_pid} \uFFFD[2J\uFFFD \u65E5\u672C"));

@@ -6,8 +6,6 @@ namespace {
 
 using namespace screen;
 
-const Key down{Key::Kind::down};
-
 class ModelsAtTheScreen : public ScreenOfAPerson {
 protected:
     const Key models = withControl('t');
@@ -46,7 +44,7 @@ TEST_F(ModelsAtTheScreen, fillTheFormWithTheirWordsAndLengths)
     hasFinishedBlocks();
     presses("p");
     presses(models);
-    presses(down);
+    presses(downKey);
     presses(enter);
     EXPECT_TRUE(shows("Chapter 2"));
     presses(save);

@@ -68,7 +68,7 @@ TEST_F(ScreenOfAPerson, finishesABlock)
 TEST_F(ScreenOfAPerson, handlesAScheduledBlock)
 {
     opens(stateWithScheduledBlock());
-    EXPECT_TRUE(shows("16:00 to 17:30, in 1 h"));
+    EXPECT_TRUE(shows("16:00 to 17:30"));
     presses("cn");
     EXPECT_TRUE(person.state().currentBlock);
     presses("e");
@@ -319,6 +319,51 @@ TEST_F(ScreenOfAPerson, losesTheAnswerFormWhenSomebodyElseAnswers)
     ui->refresh();
     EXPECT_TRUE(shows("Another program has answered this question."));
     EXPECT_TRUE(shows("No question waits"));
+}
+
+TEST_F(ScreenOfAPerson, readsWhatHelpsWhileAFormIsFilledIn)
+{
+    opens(stateIn(WorkflowState::sessionPlanning));
+    presses("Half a plan");
+    EXPECT_TRUE(shows("^R what helps"));
+    presses(withControl('r'));
+    EXPECT_TRUE(shows("The deadline is near"));
+    EXPECT_TRUE(shows("Rewriting the outline"));
+    EXPECT_FALSE(shows("Half a plan"));
+    presses(escape);
+    presses("!");
+    EXPECT_TRUE(shows("Half a plan!"));
+}
+
+TEST_F(ScreenOfAPerson, isOfferedNothingThatHelpsWhereThereIsNothing)
+{
+    opens(stateIn(WorkflowState::blockPlanning));
+    EXPECT_FALSE(shows("^R"));
+    presses(withControl('r'));
+    EXPECT_TRUE(shows("What should come out of it?"));
+}
+
+TEST_F(ScreenOfAPerson, seesTheKeysOfTheHistoryAndTheLookBack)
+{
+    opens(stateIn(WorkflowState::focusing));
+    EXPECT_TRUE(shows("h history"));
+    EXPECT_TRUE(shows("r look back"));
+    presses("?");
+    EXPECT_TRUE(shows("h       the blocks, and what you wrote in them"));
+    EXPECT_TRUE(shows("r       look back: focus time, completion, streaks"));
+    presses("r");
+    EXPECT_TRUE(shows("No focus session has ended yet."));
+}
+
+TEST_F(ScreenOfAPerson, readsAllKeysInASmallWindow)
+{
+    opens(stateIn(WorkflowState::focusing));
+    ui->resize(smallWindow);
+    presses("?");
+    EXPECT_TRUE(shows("PgDn scroll"));
+    EXPECT_FALSE(shows("q       quit"));
+    presses(Key{Key::Kind::end});
+    EXPECT_TRUE(shows("q       quit"));
 }
 
 TEST_F(ScreenOfAPerson, givesNoCommandsByPasting)

@@ -26,6 +26,10 @@ inline constexpr std::size_t roomy = 80;
 inline constexpr screen::Size usualWindow{.rows = 24, .columns = 80};
 inline constexpr screen::Size smallWindow{.rows = 12, .columns = 40};
 
+inline const Key upKey{Key::Kind::up};
+inline const Key downKey{Key::Kind::down};
+inline const Key homeKey{Key::Kind::home};
+inline const Key endKey{Key::Kind::end};
 inline const Key pageUp{Key::Kind::pageUp};
 inline const Key pageDown{Key::Kind::pageDown};
 

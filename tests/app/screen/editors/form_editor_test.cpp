@@ -143,15 +143,15 @@ TEST(FormEditor, scrollsByPagesUntilAKeyMovesBackToTheCursor)
         form.draw(canvas, area, {});
         return canvas.rowText(0).substr(4, 9);
     };
-    form.scroll(false, usualWindow, area);
+    form.scroll(false, area);
     EXPECT_EQ(topRow().substr(0, 7), "Field 0");
-    form.scroll(true, usualWindow, area);
+    form.scroll(true, area);
     EXPECT_EQ(topRow().substr(0, 7), "Field 9");
     for (int times = 0; times < 9; ++times) {
-        form.scroll(true, usualWindow, area);
+        form.scroll(true, area);
     }
     EXPECT_EQ(topRow().substr(0, 8), "Field 20");
-    form.scroll(false, usualWindow, area);
+    form.scroll(false, area);
     EXPECT_EQ(topRow().substr(0, 8), "Field 11");
     form.take(typed("x"), usualWindow);
     EXPECT_EQ(topRow().substr(0, 7), "Field 0");

@@ -206,6 +206,53 @@ TEST(Pages, sayWhatASessionIsForBesideItsTimeInAWideWindow)
     EXPECT_FALSE(shows(pictureOf(state, usualWindow), beside));
 }
 
+TEST(Pages, sayAFewFactsAboveTheFieldsInAUsualWindow)
+{
+    const std::string picture = pictureOf(stateIn(WorkflowState::sessionReview), usualWindow);
+    EXPECT_TRUE(shows(picture,
+                      "    Outcome of session 1\n"
+                      "    First action  First action 1\n"
+                      "    In the way    Phone in the drawer\n"))
+        << picture;
+    EXPECT_FALSE(shows(pictureOf(stateIn(WorkflowState::sessionReview), smallWindow), "First action 1"));
+}
+
+TEST(Pages, sayTheCountdownToAScheduledStartOfToday)
+{
+    const TimeZone here("UTC");
+    QuillmereState state = stateWithScheduledBlock();
+    EXPECT_TRUE(shows(pictureOf(state, usualWindow), "Begins at 16:00, in 1 h"));
+    state.currentBlock->plannedStart = moment + 3'599;
+    EXPECT_TRUE(shows(pictureOf(state, usualWindow), "in 59 min\n"));
+    state.currentBlock->plannedStart = moment + 59;
+    EXPECT_TRUE(shows(pictureOf(state, usualWindow), "in 59 s\n"));
+    state.currentBlock->plannedStart = moment + 86'400;
+    EXPECT_FALSE(shows(pictureOf(state, usualWindow), "Begins at"));
+    EXPECT_TRUE(shows(pictureOf(state, usualWindow), "2026-11-16 15:00"));
+}
+
+TEST(Pages, tellWhatHelpsWhileNothingRuns)
+{
+    QuillmereState state = stateIn(WorkflowState::idle);
+    EXPECT_TRUE(shows(pictureOf(state, usualWindow), "You say what should come out of it, and why."));
+    Block block = blockInWork(2, 1);
+    block.completedAt = moment;
+    block.reflection = sampleReflection();
+    state.blockHistory.push_back(block);
+    const std::string picture = pictureOf(state, usualWindow);
+    EXPECT_TRUE(shows(picture, "Finished    1 block")) << picture;
+    EXPECT_TRUE(shows(picture, "Close the door")) << picture;
+    EXPECT_TRUE(shows(picture, "Finished last")) << picture;
+    EXPECT_FALSE(shows(pictureOf(state, smallWindow), "Finished last"));
+}
+
+TEST(Pages, sayThatSomethingScrollsOnlyWhereItDoes)
+{
+    const QuillmereState state = stateIn(WorkflowState::sessionReview);
+    EXPECT_TRUE(shows(pictureOf(state, usualWindow), "PgDn scroll"));
+    EXPECT_FALSE(shows(pictureOf(state, {.rows = 60, .columns = 80}), "PgDn scroll"));
+}
+
 TEST(Pages, sayWhatWasMeantBesideTheReviewInAWideWindow)
 {
     const std::string inWideWindow =

@@ -177,6 +177,77 @@ TEST(Forms, sayInFullHowTheirTimesAreUnderstood)
                     .starts_with("The record is corrected. The focus session ended on "));
 }
 
+/// Two finished blocks alike, each with a reviewed session and one that has not ended.
+QuillmereState stateWithTwoFinishedBlocks()
+{
+    QuillmereState state = stateIn(WorkflowState::focusing);
+    for (const unsigned number : {2U, 3U}) {
+        Block block = blockInWork(number, 2);
+        block.sessions[0].id = Identifier::random();
+        block.sessions[1].id = Identifier::random();
+        block.reflection = sampleReflection();
+        block.completedAt = moment;
+        state.blockHistory.push_back(block);
+    }
+    return state;
+}
+
+TEST(CorrectionForms, correctASessionOfAnyFinishedBlock)
+{
+    QuillmereState state = stateWithTwoFinishedBlocks();
+    const Block other = state.blockHistory[0];
+    const WorkSession before = state.blockHistory[1].sessions[0];
+    Form form = formFor(correctionOf(before), state, moment);
+    EXPECT_EQ(form.text("result"), "Result 1");
+    fill(form, "result", "Another");
+    carryOut(form, state, moment + 1);
+    WorkSession expected = before;
+    expected.review->noteworthyResult = "Another";
+    EXPECT_EQ(state.blockHistory[1].sessions[0], expected);
+    EXPECT_EQ(state.blockHistory[0], other);
+}
+
+TEST(CorrectionForms, fitNoSessionThatHasNotEnded)
+{
+    const QuillmereState state = stateWithTwoFinishedBlocks();
+    EXPECT_TRUE(isCurrent(correctionOf(state.blockHistory[0].sessions[0]), state));
+    EXPECT_FALSE(isCurrent(correctionOf(state.blockHistory[0].sessions[1]), state));
+    EXPECT_FALSE(isCurrent(correctionOf(state.currentBlock->sessions[0]), state));
+    const QuillmereState inReview = stateIn(WorkflowState::sessionReview);
+    EXPECT_FALSE(isCurrent(correctionOf(inReview.currentBlock->sessions[0]), inReview));
+}
+
+TEST(CorrectionForms, correctTheReflectionAndTheTextsOfAFinishedBlock)
+{
+    QuillmereState state = stateWithTwoFinishedBlocks();
+    Form form = formFor(correctionOf(state.blockHistory[1]), state, moment);
+    EXPECT_EQ(form.text("lessons"), "Close the door");
+    fill(form, "lessons", "Open it");
+    fill(form, "why", "Another reason");
+    carryOut(form, state, moment + 1);
+    EXPECT_EQ(state.blockHistory[1].reflection->lessons, "Open it");
+    EXPECT_EQ(state.blockHistory[1].reflection->wentWell, "The outline");
+    EXPECT_EQ(state.blockHistory[1].whyValue, "Another reason");
+    EXPECT_EQ(state.blockHistory[0].reflection, sampleReflection());
+}
+
+TEST(CorrectionForms, makeNoReflectionWhereNothingWasWritten)
+{
+    QuillmereState state = stateWithTwoFinishedBlocks();
+    state.blockHistory[0].reflection.reset();
+    Form form = formFor(correctionOf(state.blockHistory[0]), state, moment);
+    fill(form, "why", "Another reason");
+    carryOut(form, state, moment + 1);
+    EXPECT_FALSE(state.blockHistory[0].reflection);
+}
+
+TEST(CorrectionForms, fitNoBlockThatIsNotFinished)
+{
+    const QuillmereState state = stateWithTwoFinishedBlocks();
+    EXPECT_TRUE(isCurrent(correctionOf(state.blockHistory[0]), state));
+    EXPECT_FALSE(isCurrent(correctionOf(*state.currentBlock), state));
+}
+
 TEST(QuestionForms, answerAndAsk)
 {
     QuillmereState state = stateIn(WorkflowState::focusing);
