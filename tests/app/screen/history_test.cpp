@@ -43,7 +43,7 @@ TEST_F(HistoryAtTheScreen, listsTheFinishedBlocksWithDayNameSignsAndOutcome)
     presses("h");
     EXPECT_TRUE(shows("History  2 blocks"));
     EXPECT_TRUE(shows("▸ 2026-11-15  1002  ½ ✓ ·  Number 2"));
-    EXPECT_TRUE(shows("\n    2026-11-14  1003  ½ ✓ ·  Number 3"));
+    EXPECT_TRUE(shows("\n      2026-11-14  1003  ½ ✓ ·  Number 3"));
 }
 
 TEST_F(HistoryAtTheScreen, hasTheBlockAtHandFirst)
@@ -51,7 +51,7 @@ TEST_F(HistoryAtTheScreen, hasTheBlockAtHandFirst)
     hasFinished(1, stateIn(WorkflowState::focusing));
     presses("h");
     EXPECT_TRUE(shows("▸ at hand     9F1C  ◐ · ·  Chapter one"));
-    EXPECT_TRUE(shows("\n    2026-11-15"));
+    EXPECT_TRUE(shows("\n      2026-11-15"));
 }
 
 TEST_F(HistoryAtTheScreen, saysThatNoBlockIsFinished)
@@ -90,7 +90,7 @@ TEST_F(HistoryAtTheScreen, choosesWithTheArrowsAndLeavesWithPageKeys)
 TEST_F(HistoryAtTheScreen, opensABlockWholeAndASessionOfIt)
 {
     hasFinished(2);
-    ui->resize({.rows = 50, .columns = 100});
+    ui->resize({.rows = 56, .columns = 100});
     presses("h");
     presses(downKey);
     presses(enter);

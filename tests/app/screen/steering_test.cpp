@@ -232,7 +232,7 @@ TEST_F(SteeringAtTheScreen, losesAFormThatDoesNotFitAnyMore)
     presses("l10m");
     ASSERT_EQ(person.types({"end"}).code, ExitCode::done);
     ui->refresh();
-    EXPECT_TRUE(shows("The form is closed,"));
+    EXPECT_TRUE(shows("closed, because it does not fit any more."));
     presses(escape);
     EXPECT_EQ(person.state().workflowState, WorkflowState::sessionReview);
 }

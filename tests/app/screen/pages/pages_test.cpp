@@ -210,9 +210,9 @@ TEST(Pages, sayAFewFactsAboveTheFieldsInAUsualWindow)
 {
     const std::string picture = pictureOf(stateIn(WorkflowState::sessionReview), usualWindow);
     EXPECT_TRUE(shows(picture,
-                      "    Outcome of session 1\n"
-                      "    First action  First action 1\n"
-                      "    In the way    Phone in the drawer\n"))
+                      "      Outcome of session 1\n"
+                      "      First action  First action 1\n"
+                      "      In the way    Phone in the drawer\n"))
         << picture;
     EXPECT_FALSE(shows(pictureOf(stateIn(WorkflowState::sessionReview), smallWindow), "First action 1"));
 }

@@ -118,12 +118,12 @@ TEST(Recall, ofTheFirstStartSaysWhatABlockIs)
 TEST(Recall, saysOnceWhatASessionAndItsOutcomeBothSay)
 {
     workspace::Situation situation = situationIn(WorkflowState::focusing);
-    situation.state.currentBlock->sessions.back().plan.intendedOutcome = "outcome-1";
-    EXPECT_NE(recallText(work::recallAt(situation, {})).find("For=why"), std::string::npos);
+    situation.state.currentBlock->sessions.back().plan.intendedOutcome = "title-of-1";
+    EXPECT_NE(recallText(work::recallAt(situation, {})).find("For=why_value-of-block"), std::string::npos);
     situation = situationIn(WorkflowState::sessionReview);
-    situation.state.currentBlock->sessions.back().plan.intendedOutcome = "outcome-1";
+    situation.state.currentBlock->sessions.back().plan.intendedOutcome = "title-of-1";
     const std::string text = recallText(work::recallAt(situation, {}));
-    EXPECT_NE(text.find("Outcome=outcome-1"), std::string::npos) << text;
+    EXPECT_NE(text.find("Outcome=title-of-1"), std::string::npos) << text;
     EXPECT_EQ(text.find("Towards"), std::string::npos) << text;
 }
 
