@@ -229,7 +229,7 @@ std::string settingsOf(const TerminalWindow& window)
     window.runs("stty -g >" + file + ".new; mv " + file + ".new " + file);
     EXPECT_TRUE(eventually([&] { return std::filesystem::exists(file); }));
     return textOf(file) + window.variable("cursor_flag") + window.variable("alternate_on") +
-           window.variable("keypad_cursor_flag");
+           window.variable("keypad_cursor_flag") + window.variable("mouse_any_flag");
 }
 
 TEST_F(LiveScreen, restoresTheTerminalAtEveryEnd)
@@ -240,6 +240,7 @@ TEST_F(LiveScreen, restoresTheTerminalAtEveryEnd)
         window.runs("clear; $Q ui; echo ended $?");
         EXPECT_TRUE(window.shows("q quit"));
         EXPECT_EQ(window.variable("alternate_on"), "1\n");
+        EXPECT_EQ(window.variable("mouse_any_flag"), "1\n");
     };
     opens();
     window.presses("q");
