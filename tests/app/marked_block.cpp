@@ -77,6 +77,73 @@ std::vector<std::string> markersOf(const Block& block)
     return markers;
 }
 
+QuillmereState markedStateIn(WorkflowState workflowState)
+{
+    QuillmereState state = QuillmereState::initial(moment);
+    state.workflowState = workflowState;
+    state.currentBlock = markedBlock();
+    state.currentBlock->reflection.reset();
+    state.currentBlock->completedAt.reset();
+    WorkSession& last = state.currentBlock->sessions.back();
+    if (workflowState == WorkflowState::focusing) {
+        last.endedAt.reset();
+    }
+    if (workflowState == WorkflowState::focusing || workflowState == WorkflowState::sessionReview) {
+        last.review.reset();
+    }
+    if (workflowState == WorkflowState::breaking) {
+        state.breakStartedAt = moment;
+    }
+    if (workflowState == WorkflowState::breaking || workflowState == WorkflowState::sessionPlanning) {
+        state.plannedNextSession = SessionPlan::blank(Identifier::random());
+        visitTexts(*state.plannedNextSession, "",
+                   [](const std::string& key, std::string& text) { text = "next-" + key; });
+    }
+    return state;
+}
+
+std::vector<std::string> markersPromisedIn(WorkflowState workflowState)
+{
+    switch (workflowState) {
+        case WorkflowState::sessionPlanning:
+            return {"why_value-of-block",     "done_test-of-block", "hazards-of-block",
+                    "noteworthy_result-of-2", "distractions-of-2",  "improvement-of-2",
+                    "next-intended_outcome",  "next-first_action",  "next-hazards_mitigation",
+                    "next-nicu_framing"};
+        case WorkflowState::focusing:
+            return {"intended_outcome-of-2",
+                    "first_action-of-2",
+                    "hazards_mitigation-of-2",
+                    "nicu_framing-of-2",
+                    "why_value-of-block",
+                    "done_test-of-block",
+                    "title-of-1"};
+        case WorkflowState::sessionReview:
+            return {"intended_outcome-of-2", "first_action-of-2", "hazards_mitigation-of-2",
+                    "nicu_framing-of-2"};
+        case WorkflowState::breaking:
+            return {"noteworthy_result-of-2", "distractions-of-2", "improvement-of-2",
+                    "next-intended_outcome",  "next-first_action", "next-hazards_mitigation",
+                    "next-nicu_framing"};
+        case WorkflowState::blockReview:
+            return {"title-of-1",
+                    "title-of-2",
+                    "intended_outcome-of-1",
+                    "noteworthy_result-of-1",
+                    "noteworthy_result-of-2",
+                    "done_test-of-block",
+                    "measurable_check-of-block",
+                    "hazards-of-block",
+                    "hazards_mitigation-of-1",
+                    "distractions-of-1",
+                    "distractions-of-2"};
+        case WorkflowState::idle:
+        case WorkflowState::blockPlanning:
+        case WorkflowState::complete: break;
+    }
+    return {};
+}
+
 void expectAll(const std::vector<std::string>& markers, const std::string& text)
 {
     for (const std::string& marker : markers) {

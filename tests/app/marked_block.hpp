@@ -1,7 +1,7 @@
 // A block in which each text names itself, to find out where it is shown.
 #pragma once
 
-#include <quillmere/records/block.hpp>
+#include <quillmere/records/quillmere_state.hpp>
 
 #include <string>
 #include <vector>
@@ -15,6 +15,13 @@ Block markedBlock();
 
 /// All markers of a marked block.
 std::vector<std::string> markersOf(const Block& block);
+
+/// The work in this state with a marked block in hand, whose second session is the last, and with a marked
+/// plan of the next one ("next-intended_outcome") where there is one.
+QuillmereState markedStateIn(WorkflowState workflowState);
+
+/// The markers that every display shows in this state.
+std::vector<std::string> markersPromisedIn(WorkflowState workflowState);
 
 /// Fails for each marker that is not in the text.
 void expectAll(const std::vector<std::string>& markers, const std::string& text);

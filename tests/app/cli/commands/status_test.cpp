@@ -1,4 +1,5 @@
 // `quillmere status`.
+#include "marked_block.hpp"
 #include "program_testing.hpp"
 
 namespace quillmere::test {
@@ -23,6 +24,16 @@ constexpr Shown shownStates[] = {
      "break end, break extend, finish, change"},
     {WorkflowState::blockReview, "Review  Look back on the block\n", "reflect, change"},
 };
+
+TEST(Status, hasAtEachMomentTheWordsThatHelp)
+{
+    const Person person;
+    for (const WorkflowState state : allCases<WorkflowState>()) {
+        SCOPED_TRACE(rawValue(state));
+        person.has(markedStateIn(state));
+        expectAll(markersPromisedIn(state), person.types({"status"}).out);
+    }
+}
 
 TEST(Status, showsEveryStateWithWhatMayBeDoneNext)
 {

@@ -1,6 +1,7 @@
 // The pages in windows of every size.
 #include "screen/pages/pages.hpp"
 
+#include "marked_block.hpp"
 #include "program_testing.hpp"
 #include "screen/canvas/layout.hpp"
 #include "screen/screen.hpp"
@@ -215,6 +216,14 @@ TEST(Pages, sayAFewFactsAboveTheFieldsInAUsualWindow)
                       "      In the way    Phone in the drawer\n"))
         << picture;
     EXPECT_FALSE(shows(pictureOf(stateIn(WorkflowState::sessionReview), smallWindow), "First action 1"));
+}
+
+TEST(Pages, haveAtEachMomentTheWordsThatHelp)
+{
+    for (const WorkflowState state : allCases<WorkflowState>()) {
+        SCOPED_TRACE(rawValue(state));
+        expectAll(markersPromisedIn(state), pictureOf(markedStateIn(state), {.rows = 60, .columns = 200}));
+    }
 }
 
 TEST(Pages, sayTheCountdownToAScheduledStartOfToday)

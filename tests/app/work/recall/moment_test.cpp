@@ -15,35 +15,9 @@ using work::Fact;
 using work::Passage;
 using work::Recall;
 
-SessionPlan markedPlan()
-{
-    SessionPlan plan = SessionPlan::blank(Identifier::random());
-    plan.intendedOutcome = "next-meant";
-    plan.firstAction = "next-first";
-    plan.hazardsMitigation = "next-hazards";
-    plan.nicuFraming = "next-framing";
-    return plan;
-}
-
-/// The work in this state with the marked block in hand.
 workspace::Situation situationIn(WorkflowState workflowState)
 {
-    QuillmereState state = QuillmereState::initial(moment);
-    state.workflowState = workflowState;
-    state.currentBlock = markedBlock();
-    state.currentBlock->reflection.reset();
-    state.currentBlock->completedAt.reset();
-    WorkSession& last = state.currentBlock->sessions.back();
-    if (workflowState == WorkflowState::focusing) {
-        last.endedAt.reset();
-    }
-    if (workflowState == WorkflowState::focusing || workflowState == WorkflowState::sessionReview) {
-        last.review.reset();
-    }
-    if (workflowState == WorkflowState::breaking || workflowState == WorkflowState::sessionPlanning) {
-        state.plannedNextSession = markedPlan();
-    }
-    return {.state = std::move(state), .events = {}, .now = moment + 1500};
+    return {.state = markedStateIn(workflowState), .events = {}, .now = moment + 1500};
 }
 
 std::string recallText(const Recall& recall)
@@ -63,8 +37,8 @@ TEST(Recall, hasAtEachMomentTheWordsThatHelp)
     const std::map<WorkflowState, std::vector<std::string>> promised = {
         {WorkflowState::sessionPlanning,
          {"why_value-of-block", "done_test-of-block", "hazards-of-block", "noteworthy_result-of-2",
-          "distractions-of-2", "improvement-of-2", "next-meant", "next-first", "next-hazards", "next-framing",
-          "Sessions=½ ½ ·"}},
+          "distractions-of-2", "improvement-of-2", "next-intended_outcome", "next-first_action",
+          "next-hazards_mitigation", "next-nicu_framing", "Sessions=½ ½ ·"}},
         {WorkflowState::focusing,
          {"[intended_outcome-of-2]", "First=first_action-of-2", "If=hazards_mitigation-of-2",
           "View=nicu_framing-of-2", "For=title-of-1", "=why_value-of-block", "Today=25 min",
@@ -73,7 +47,7 @@ TEST(Recall, hasAtEachMomentTheWordsThatHelp)
          {"intended_outcome-of-2", "first_action-of-2", "hazards_mitigation-of-2", "nicu_framing-of-2"}},
         {WorkflowState::breaking,
          {"intended_outcome-of-2", "noteworthy_result-of-2", "distractions-of-2", "improvement-of-2",
-          "next-meant", "next-first", "next-hazards", "next-framing"}},
+          "next-intended_outcome", "next-first_action", "next-hazards_mitigation", "next-nicu_framing"}},
         {WorkflowState::blockReview,
          {"title-of-1", "title-of-2", "½ 1=intended_outcome-of-1: noteworthy_result-of-1",
           "½ 2=intended_outcome-of-2: noteworthy_result-of-2", "done_test-of-block?",
