@@ -119,7 +119,7 @@ private:
                (isPaused ? " paused" : "");
     }
 
-    /// From the summary as it was saved, while the others derive theirs from the state.
+    /// From the summaries as they were saved, while the others derive theirs from the state.
     std::string shownByBar() const
     {
         const nlohmann::json bar = printed({"bar", "--format", "json"});
@@ -127,7 +127,7 @@ private:
         const auto classes = bar.at("classes").get<Words>();
         const bool isPaused = std::find(classes.begin(), classes.end(), "paused") != classes.end();
         const auto view = work::SituationView::of(screen->situation());
-        if (view.timer && !isPaused) {
+        if (view.timer) {
             EXPECT_EQ(bar.at("percentage").get<long>(), std::lround(view.timer->usedShare * 100));
         }
         return line(bar.at("phase").get<std::string>(),
