@@ -7,10 +7,25 @@
 #include "work/event_text.hpp"
 #include "work/forms/forms.hpp"
 #include "work/situation_view.hpp"
+#include "work/timer_text.hpp"
 
 #include <optional>
 
 namespace quillmere::screen {
+namespace {
+
+/// What is to be done, and for a session in review since when its time is over.
+std::string captionOf(const work::SituationView& view, const base::SeenFrom& here)
+{
+    // Some captions are only the title again.
+    const std::string caption = view.caption == view.title ? "" : view.caption;
+    if (view.timer) {
+        return caption + (view.timer->isPaused ? ", paused" : "");
+    }
+    return caption + (view.overSince ? ", " + work::overText(*view.overSince, here) : "");
+}
+
+}  // namespace
 
 std::string Screen::title() const
 {
@@ -20,7 +35,7 @@ std::string Screen::title() const
         return "Quillmere";
     }
     const std::string phase(view->title);
-    if (view->timer->remainingSeconds < 0) {
+    if (view->timer->hasRunOut()) {
         return phase + " over";
     }
     return QuillmereDesign::timeText(view->timer->remainingSeconds) + " " + phase +
@@ -85,10 +100,8 @@ Frame Screen::frame(bool scrolls) const
                 .keys = keys(scrolls)};
     if (presenter_.isUsable()) {
         const work::SituationView view = work::SituationView::of(situation());
-        const bool isPaused = view.timer && view.timer->isPaused;
         frame.title = view.title;
-        // Some captions are only the title again.
-        frame.caption = view.caption == view.title ? "" : view.caption + (isPaused ? ", paused" : "");
+        frame.caption = captionOf(view, {situation().now, presenter_.hours()});
         frame.accent = view.accent;
         frame.note = view.openQuestionCount == 0 ? "" : work::waitingQuestionsText(view.openQuestionCount);
     }

@@ -128,6 +128,7 @@ TEST_F(ScreenOfAPerson, hearsWhenAFocusSessionEnds)
     EXPECT_TRUE(ui->countsSeconds());
     waits(1'500);
     EXPECT_TRUE(shows("The focus session ended at 15:25."));
+    EXPECT_TRUE(shows("Review this session, over since 15:25"));
     EXPECT_TRUE(shows("Was it completed?"));
     EXPECT_TRUE(ui->takeBell());
     EXPECT_FALSE(ui->takeBell());
@@ -180,7 +181,7 @@ TEST_F(ScreenOfAPerson, hasTheTimeInItsTitle)
     presses(" ");
     EXPECT_EQ(ui->title(), "23:59 Focus, paused");
     opens(stateIn(WorkflowState::breaking));
-    waits(301);
+    waits(300);
     EXPECT_EQ(ui->title(), "Break over");
     opens(stateIn(WorkflowState::idle));
     EXPECT_EQ(ui->title(), "Quillmere");

@@ -101,12 +101,15 @@ void expectScreenOf(const Look& look, const SituationView& view, const Saying& s
     person.now = look.now;
     screen::Screen screen(workspace::Workspace::in(person.directory(), [&] { return person.now; }),
                           work::Drafts(""), std::nullopt, {});
+    // Wide enough that the first row is not cut beside the questions that wait.
+    screen.resize({.rows = 40, .columns = 120});
     const std::string picture = screen.picture(screen::Charset::unicode).text();
     EXPECT_NE(picture.find(*said.title), std::string::npos) << picture;
-    if (!view.timer) {
-        EXPECT_EQ(screen.title(), "Quillmere");
-    } else if (view.overSince) {
+    if (view.overSince) {
         EXPECT_NE(picture.find("over since " + *said.over), std::string::npos) << picture;
+        EXPECT_EQ(screen.title(), view.timer ? "Break over" : "Quillmere");
+    } else if (!view.timer) {
+        EXPECT_EQ(screen.title(), "Quillmere");
     } else {
         EXPECT_TRUE(screen.title().starts_with(QuillmereDesign::timeText(view.timer->remainingSeconds) + " " +
                                                *said.title))
