@@ -9,7 +9,7 @@
 
 namespace quillmere::screen {
 
-// Beside the keys of actions (action_keys.hpp), none of which is one of these.
+// Keys that are no actions. None of them is a key of action_keys.hpp.
 inline constexpr const char* keysKey = "?";
 inline constexpr const char* questionsKey = "a";
 inline constexpr const char* historyKey = "h";

@@ -1,4 +1,4 @@
-// The part of a situation that every display shows, also one that knows only the two summaries.
+// The part of a situation that every display shows. It can be made from a state, or from the two summaries.
 #pragma once
 
 #include "work/summarized_work.hpp"

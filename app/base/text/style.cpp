@@ -9,8 +9,8 @@
 namespace quillmere::base {
 namespace {
 
-/// Select Graphic Rendition (ECMA-48). One of the basic colours, which a terminal matches to its background:
-/// whoever only prints does not know whether that is light or dark.
+/// Select Graphic Rendition (ECMA-48). One of the basic colours, which the terminal adapts to its background.
+/// A command that only prints does not know whether that is light or dark.
 std::string sequenceFor(const Colour& colour, bool isBold)
 {
     const std::string parameters = foregroundParameters(colour, ColourDepth::of16, Background::dark);

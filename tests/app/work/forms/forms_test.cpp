@@ -177,7 +177,7 @@ TEST(Forms, sayInFullHowTheirTimesAreUnderstood)
                     .starts_with("The record is corrected. The focus session ended on "));
 }
 
-/// Two finished blocks alike, each with a reviewed session and one that has not ended.
+/// Two equal finished blocks. Each has a reviewed session, and one that has not ended.
 QuillmereState stateWithTwoFinishedBlocks()
 {
     QuillmereState state = stateIn(WorkflowState::focusing);
