@@ -40,12 +40,14 @@ Saying sayingOfBar(const SummarizedWork& work, Instant now)
     return sayingOf(bar::barContent(ShortView::of(work, now), now, wide));
 }
 
-/// What the widget's summary alone tells. It has whole seconds: a time that was over in the first second of a
-/// minute may be over in the minute before.
+double minuteOf(Instant instant) { return std::floor(instant.secondsSince1970() / 60); }
+
+/// What the widget's summary alone tells. It has whole seconds of a start, of pauses and of a length, so that
+/// the end is up to two seconds earlier or one later than that of the state, and may fall into the minute
+/// beside.
 Saying withoutTheUntold(Saying saying, const Look& look, const std::optional<Instant>& overSince)
 {
-    constexpr double minute = 60;
-    if (overSince && std::fmod(std::floor(overSince->secondsSince1970()), minute) == 0) {
+    if (overSince && minuteOf(*overSince - 3) != minuteOf(*overSince + 1)) {
         saying.over.reset();
     }
     const WorkflowState saved = look.saved.workflowState;
