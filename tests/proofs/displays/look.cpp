@@ -45,8 +45,8 @@ Look RandomLooks::next()
     if (oneIn(4)) {
         look.savedAt = look.savedAt + below(300);
     }
-    workspace::catchUp(look.saved, look.savedAt);
     look.savedAt = std::max(look.savedAt, look.saved.updatedAt);
+    workspace::catchUp(look.saved, look.savedAt);  // as every save does first
     look.now = anyTime(look);
     return look;
 }
