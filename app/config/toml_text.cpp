@@ -1,7 +1,5 @@
 #include "config/toml_text.hpp"
 
-#include "config/stray_character.hpp"
-
 // The parser is compiled into this file alone: a shared library would be loaded at every start.
 #define TOML_HEADER_ONLY 1
 #define TOML_EXCEPTIONS 0
@@ -111,10 +109,6 @@ TomlReading readToml(std::string_view text)
     if (const std::optional<std::int64_t> line = lineOfDeepKeys(text)) {
         return TomlError{.description = "the line has more than 500 full stops",
                          .place = {.line = *line, .column = 1}};
-    }
-    if (const std::optional<TextPlace> place = strayCharacter(text)) {
-        return TomlError{.description = "letters beyond ASCII stand in quotes or in a comment",
-                         .place = *place};
     }
     const toml::parse_result result = toml::parse(text);
     if (!result) {
