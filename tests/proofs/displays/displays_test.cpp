@@ -3,8 +3,8 @@
 // read the summaries as they were saved.
 //
 // Left out, because the summaries do not tell it ("What a bar cannot know" in docs/bars.md): where the
-// agent's summary is missing, how far a paused session has come, since when a session in review is over,
-// fractions of a second, and when a scheduled block begins.
+// agent's summary is missing, how far a paused session has come, since when a session in review is over, and
+// when a scheduled block begins.
 #include "bar/bar_content.hpp"
 #include "notices/said_again.hpp"
 #include "notices/standing_events.hpp"
@@ -12,9 +12,7 @@
 
 #include <quillmere/engine/transition.hpp>
 
-#include <cmath>
 #include <cstdint>
-#include <optional>
 
 #include "program_testing.hpp"
 #include "proofs/displays/look.hpp"
@@ -40,16 +38,9 @@ Saying sayingOfBar(const SummarizedWork& work, Instant now)
     return sayingOf(bar::barContent(ShortView::of(work, now), now, wide));
 }
 
-double minuteOf(Instant instant) { return std::floor(instant.secondsSince1970() / 60); }
-
-/// What the widget's summary alone tells. It has whole seconds of a start, of pauses and of a length, so that
-/// the end is up to two seconds earlier or one later than that of the state, and may fall into the minute
-/// beside.
-Saying withoutTheUntold(Saying saying, const Look& look, const std::optional<Instant>& overSince)
+/// What the widget's summary alone tells.
+Saying withoutTheUntold(Saying saying, const Look& look)
 {
-    if (overSince && minuteOf(*overSince - 3) != minuteOf(*overSince + 1)) {
-        saying.over.reset();
-    }
     const WorkflowState saved = look.saved.workflowState;
     if (saying.paused == "paused") {
         saying.share.reset();
@@ -146,7 +137,7 @@ protected:
         EXPECT_PRED2(agree, sayingOfStatus(situation), said);
         EXPECT_PRED2(agree, sayingOfAgent(situation), said);
         EXPECT_PRED2(agree, sayingOfBar(both, look.now), said);
-        EXPECT_PRED2(agree, sayingOfBar(one, look.now), withoutTheUntold(said, look, view.overSince));
+        EXPECT_PRED2(agree, sayingOfBar(one, look.now), withoutTheUntold(said, look));
         EXPECT_TRUE(haveTheSameSteps(situation, both));
         expectNoticesOf(situation, view, said);
         if (number % looksBetweenJson == 0) {
