@@ -17,9 +17,9 @@ class Program;
 /// {yes,half,no}, or a kind of candidates such as BLOCK (cli::isCandidateKind).
 void defineCommandLine(CLI::App& line, Program& program);
 
-/// Adds the global options and only the commands that the arguments name: adding all takes longer than most
-/// commands run. Returns false where the whole command line is needed: no command is named, or one that looks
-/// at the others. Arguments that cannot be parsed with it need the whole too, for the message.
+/// Adds the global options and only the commands that the arguments name, because adding all commands is
+/// slow. Returns false when the whole command line is needed: the arguments name no command, or one that uses
+/// the other commands (help). When parsing fails, the message needs the whole command line too.
 bool defineNamedCommands(CLI::App& line, Program& program, const std::vector<std::string>& arguments);
 
 /// Parses the arguments into the settings and the action of the program. Throws

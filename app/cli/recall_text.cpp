@@ -16,17 +16,6 @@ constexpr std::size_t gap = 2;
 constexpr std::size_t widest = 88;
 constexpr std::size_t narrowest = 24;
 
-std::size_t labelColumns(const work::Recall& recall)
-{
-    std::size_t most = 0;
-    for (const work::Passage& passage : recall) {
-        for (const work::Fact& fact : passage.facts) {
-            most = std::max(most, base::columnsOf(fact.label));
-        }
-    }
-    return most == 0 ? 0 : most + gap;
-}
-
 void printFact(std::ostream& out, const work::Fact& fact, std::size_t labels, const base::Style& style,
                std::size_t columns)
 {
@@ -46,7 +35,8 @@ void printFact(std::ostream& out, const work::Fact& fact, std::size_t labels, co
 
 void printRecall(std::ostream& out, const work::Recall& recall, const base::Style& style, std::size_t columns)
 {
-    const std::size_t labels = labelColumns(recall);
+    const std::size_t widestLabel = work::labelColumns(recall);
+    const std::size_t labels = widestLabel == 0 ? 0 : widestLabel + gap;
     for (const work::Passage& passage : recall) {
         out << '\n';
         if (!passage.heading.empty()) {

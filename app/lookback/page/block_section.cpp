@@ -42,8 +42,7 @@ std::string escapedLines(std::string_view text)
 std::string headingOf(const Block& block, base::Hours hours)
 {
     const std::string titles = titlesOf(block);
-    return element("span", {{"class", "when"}},
-                   escaped(base::localText(block.completedAt.value_or(block.createdAt), hours))) +
+    return element("span", {{"class", "when"}}, escaped(base::localText(work::finishedAt(block), hours))) +
            " " + element("strong", {}, escaped(titles.empty() ? "A block without an outcome" : titles)) +
            " " + element("span", {{"class", "when"}}, escaped(work::signsOf(block)));
 }
@@ -61,8 +60,7 @@ std::string passageMarkup(const work::Passage& passage)
 std::string foldedBlock(const Block& block, base::Hours hours)
 {
     std::string passages;
-    for (const work::Passage& passage :
-         work::accountOf(block, {block.completedAt.value_or(block.createdAt), hours})) {
+    for (const work::Passage& passage : work::accountOf(block, {work::finishedAt(block), hours})) {
         passages += passageMarkup(passage);
     }
     return element("details", {{"class", "block"}},

@@ -13,18 +13,6 @@ constexpr std::size_t linesOfHeading = 2;
 constexpr std::size_t linesOfFact = 3;
 constexpr std::size_t factsOfSmallWindow = 1;
 
-/// The columns of the labels and the gap after them; 0 when no fact has a label.
-std::size_t columnsOfLabels(const work::Recall& recall)
-{
-    std::size_t most = 0;
-    for (const work::Passage& passage : recall) {
-        for (const work::Fact& fact : passage.facts) {
-            most = std::max(most, shownColumns(fact.label));
-        }
-    }
-    return most == 0 ? 0 : most + columnsOf(QuillmereDesign::Spacing::regular);
-}
-
 void writeFact(Flow& flow, const work::Fact& fact, std::size_t labels, std::size_t lines)
 {
     if (labels == 0) {
@@ -42,7 +30,9 @@ void writeFact(Flow& flow, const work::Fact& fact, std::size_t labels, std::size
 void drawRecall(Canvas& canvas, const Area& area, const work::Recall& recall, Look heading)
 {
     const bool isFull = showsFullPlan(layout(familyFor(canvas.size())));
-    const std::size_t labels = columnsOfLabels(recall);
+    const std::size_t widestLabel = work::labelColumns(recall);
+    const std::size_t labels =
+        widestLabel == 0 ? 0 : widestLabel + columnsOf(QuillmereDesign::Spacing::regular);
     Flow flow(canvas, area);
     for (const work::Passage& passage : recall) {
         constexpr std::size_t headingAndFact = 2;

@@ -23,12 +23,7 @@ struct RecallGrid {
 
 RecallGrid recallGridFor(const work::Recall& recall, std::size_t columns, Marks marks)
 {
-    std::size_t labels = 0;
-    for (const work::Passage& passage : recall) {
-        for (const work::Fact& fact : passage.facts) {
-            labels = std::max(labels, base::columnsOf(fact.label));
-        }
-    }
+    const std::size_t labels = work::labelColumns(recall);
     const std::size_t heading = marks == Marks::possible ? columnsOfPassageMark : 0;
     const std::size_t label = heading + indentOfFacts;
     const std::size_t text = label + (labels > 0 ? labels + gapAfterLabel : 0);

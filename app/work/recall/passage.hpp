@@ -3,6 +3,7 @@
 
 #include <quillmere/records/session_review.hpp>
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <utility>
@@ -29,6 +30,9 @@ struct Passage {
 };
 
 using Recall = std::vector<Passage>;
+
+/// The columns of the widest label; 0 when no fact has a label.
+std::size_t labelColumns(const Recall& recall);
 
 /// Adds a passage, unless it has no facts.
 inline void addPassage(Recall& recall, std::string heading, std::vector<Fact> facts)

@@ -1,12 +1,5 @@
 // How the arguments are parsed: global options, directories, misuse, help.
-#include "cli/command_line.hpp"
-
-#include <CLI/CLI.hpp>
-
-#include <sstream>
-
-#include "cli/program.hpp"
-#include "program_testing.hpp"
+#include "cli/whole_command_line.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -51,22 +44,12 @@ TEST(GlobalOptions, mayStandAnywhereAroundACommandOfTwoWords)
 
 TEST(NamedCommands, areTheSameAsAmongAll)
 {
-    std::istringstream in;
-    std::ostringstream out;
-    base::Environment environment{.in = in,
-                                  .out = out,
-                                  .err = out,
-                                  .clock = [] { return moment; },
-                                  .inputIsTerminal = false,
-                                  .outputIsTerminal = false};
-    cli::Program program(environment);
-    CLI::App all;
-    cli::defineCommandLine(all, program);
-    for (const CLI::App* const command : all.get_subcommands(nullptr)) {
+    WholeCommandLine all;
+    for (const CLI::App* const command : all.line.get_subcommands(nullptr)) {
         CLI::App named;
         const std::string name = command->get_name();
         const bool looksAtAll = name == "help" || name == "complete";
-        ASSERT_NE(cli::defineNamedCommands(named, program, {name}), looksAtAll) << name;
+        ASSERT_NE(cli::defineNamedCommands(named, all.program, {name}), looksAtAll) << name;
         if (!looksAtAll) {
             ASSERT_EQ(named.get_subcommands(nullptr).size(), 1u) << name;
             EXPECT_EQ(named.get_subcommands(nullptr).front()->get_name(), name);

@@ -1,12 +1,5 @@
 // The help of the program and of each command.
-#include "cli/command_line.hpp"
-#include "cli/program.hpp"
-
-#include <CLI/CLI.hpp>
-
-#include <sstream>
-
-#include "program_testing.hpp"
+#include "cli/whole_command_line.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -80,18 +73,8 @@ void expectExamplesBelow(const CLI::App& group, const std::string& path, base::E
 
 TEST(Help, ofEveryCommandEndsWithTwoExamplesThatAreUnderstood)
 {
-    std::istringstream in;
-    std::ostringstream out;
-    base::Environment environment{.in = in,
-                                  .out = out,
-                                  .err = out,
-                                  .clock = [] { return moment; },
-                                  .inputIsTerminal = false,
-                                  .outputIsTerminal = false};
-    cli::Program program(environment);
-    CLI::App line("", "quillmere");
-    cli::defineCommandLine(line, program);
-    expectExamplesBelow(line, "", environment);
+    WholeCommandLine whole;
+    expectExamplesBelow(whole.line, "", whole.environment);
 }
 
 }  // namespace

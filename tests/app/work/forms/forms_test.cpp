@@ -177,7 +177,7 @@ TEST(Forms, sayInFullHowTheirTimesAreUnderstood)
                     .starts_with("The record is corrected. The focus session ended on "));
 }
 
-/// Two equal finished blocks. Each has a reviewed session, and one that has not ended.
+/// Two finished blocks with the same content: a reviewed session, and a session that has not ended.
 QuillmereState stateWithTwoFinishedBlocks()
 {
     QuillmereState state = stateIn(WorkflowState::focusing);
