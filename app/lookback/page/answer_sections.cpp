@@ -73,7 +73,7 @@ std::string answerSections(const figures::LookBack& look)
         for (const AnswerTable& table : answer.tables) {
             content += answerTable(table, answer.question);
         }
-        sections += element("section", {{"class", "answer"}}, content) + "\n";
+        sections += element("section", {{"class", "answer wide"}}, content) + "\n";
     }
     return sections;
 }
