@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <numeric>
 
 namespace quillmere::figures {
@@ -33,6 +34,40 @@ const Tally* tallyOf(const std::vector<Period>& periods, Day first)
 std::int64_t total(const Completions& completions)
 {
     return std::accumulate(completions.begin(), completions.end(), std::int64_t{0});
+}
+
+void addTo(Completions& sum, const Completions& part)
+{
+    for (std::size_t index = 0; index < sum.size(); ++index) {
+        sum[index] += part[index];
+    }
+}
+
+void addTo(Ratings& sum, const Ratings& part)
+{
+    sum.count += part.count;
+    sum.sum += part.sum;
+}
+
+double medianOf(std::vector<double> values)
+{
+    if (values.empty()) {
+        return 0;
+    }
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+std::optional<double> reachedShare(const Completions& completions)
+{
+    const std::int64_t all = total(completions);
+    if (all == 0) {
+        return std::nullopt;
+    }
+    const auto yes = static_cast<double>(completions[static_cast<std::size_t>(CompletionResult::yes)]);
+    const auto half = static_cast<double>(completions[static_cast<std::size_t>(CompletionResult::half)]);
+    return (yes + half / 2) / static_cast<double>(all);
 }
 
 std::optional<SessionTime> timeOf(const WorkSession& session)

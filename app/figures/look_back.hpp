@@ -25,6 +25,11 @@ struct Range {
 using Completions = std::array<std::int64_t, allCases<CompletionResult>().size()>;
 
 std::int64_t total(const Completions& completions);
+void addTo(Completions& sum, const Completions& part);
+
+/// How much of what they were meant to reach sessions reached, 0 to 1: "half" counts as a half. Absent
+/// without a reviewed session.
+std::optional<double> reachedShare(const Completions& completions);
 
 /// Ratings from 1 to 5. Files may contain others, which no figure counts.
 inline constexpr std::int64_t lowestRating = 1;
@@ -42,6 +47,11 @@ struct Ratings {
     }
     friend bool operator==(const Ratings&, const Ratings&) = default;
 };
+
+void addTo(Ratings& sum, const Ratings& part);
+
+/// The upper median; zero for no values.
+double medianOf(std::vector<double> values);
 
 /// Totals. A session counts on the day on which it started; its focus time is divided among the days on which
 /// it was spent.
@@ -108,11 +118,13 @@ struct LookBack {
     Day today;
     Habits habits = {};
     Tally total = {};
-    std::vector<Period> days = {};    ///< those with a figure other than zero, in order
-    std::vector<Period> weeks = {};   ///< the same
-    std::vector<Period> months = {};  ///< the same
+    std::vector<Period> days = {};      ///< those with a figure other than zero, in order
+    std::vector<Period> weeks = {};     ///< the same
+    std::vector<Period> months = {};    ///< the same
+    std::vector<Period> everyDay = {};  ///< as `days`, but those outside the range too
     std::int64_t focusDays = 0;
-    std::vector<EndedSession> sessions = {};  ///< by their start
+    std::vector<EndedSession> sessions = {};    ///< by their start
+    std::vector<EndedSession> reachingIn = {};  ///< that began before the range and worked within it
     std::int64_t sessionsWithoutTime = 0;
     ByRating byEnergy{};
     ByRating byMorale{};

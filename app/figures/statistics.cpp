@@ -1,7 +1,9 @@
 #include "figures/statistics.hpp"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
+#include <utility>
 
 namespace quillmere::figures {
 namespace {
@@ -18,13 +20,7 @@ void addRating(Ratings& ratings, std::int64_t rating)
     }
 }
 
-void addTo(Ratings& sum, const Ratings& part)
-{
-    sum.count += part.count;
-    sum.sum += part.sum;
-}
-
-void addTo(Tally& sum, const Tally& part)
+void addTally(Tally& sum, const Tally& part)
 {
     sum.focusSeconds += part.focusSeconds;
     sum.sessions += part.sessions;
@@ -32,9 +28,7 @@ void addTo(Tally& sum, const Tally& part)
     sum.workedSeconds += part.workedSeconds;
     sum.pausedSeconds += part.pausedSeconds;
     sum.pausedSessions += part.pausedSessions;
-    for (std::size_t index = 0; index < sum.completions.size(); ++index) {
-        sum.completions[index] += part.completions[index];
-    }
+    addTo(sum.completions, part.completions);
     addTo(sum.energy, part.energy);
     addTo(sum.morale, part.morale);
 }
@@ -85,24 +79,25 @@ std::vector<EndedSession> endedSessions(const QuillmereState& state, const Local
     return sessions;
 }
 
-/// The figures by day, within the range.
-Tallies dayTallies(const std::vector<EndedSession>& sessions, const Range& range, LocalCalendar& calendar)
+/// The figures by day.
+Tallies dayTallies(const std::vector<EndedSession>& sessions, LocalCalendar& calendar)
 {
     Tallies tallies;
     for (const EndedSession& ended : sessions) {
-        if (range.contains(ended.day)) {
-            addSession(tallies[ended.day], ended);
-        }
+        addSession(tallies[ended.day], ended);
         if (ended.time) {
             calendar.forEachDay(ended.session->startedAt, ended.time->workedSeconds,
-                                [&](Day day, double seconds) {
-                                    if (range.contains(day)) {
-                                        tallies[day].focusSeconds += seconds;
-                                    }
-                                });
+                                [&](Day day, double seconds) { tallies[day].focusSeconds += seconds; });
         }
     }
     return tallies;
+}
+
+/// Whether a session that began before the range was worked in it.
+bool reachesInto(const Range& range, const EndedSession& ended, const LocalCalendar& calendar)
+{
+    return range.since && ended.day < *range.since && ended.time && ended.time->workedSeconds > 0 &&
+           calendar.dayOf(ended.session->startedAt + ended.time->workedSeconds) >= *range.since;
 }
 
 /// Sums the days up by week or month, in order.
@@ -114,7 +109,7 @@ std::vector<Period> summedUp(const Tallies& days, Unit unit, std::chrono::weekda
         if (periods.empty() || periods.back().first != first) {
             periods.push_back({.first = first, .tally = {}});
         }
-        addTo(periods.back().tally, tally);
+        addTally(periods.back().tally, tally);
     }
     return periods;
 }
@@ -124,17 +119,6 @@ void addByRating(ByRating& byRating, std::int64_t rating, CompletionResult compl
     if (isRating(rating)) {
         ++byRating[static_cast<std::size_t>(rating - lowestRating)][static_cast<std::size_t>(completion)];
     }
-}
-
-/// The upper median; zero for no values.
-double medianOf(std::vector<double>& values)
-{
-    if (values.empty()) {
-        return 0;
-    }
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
 }
 
 BetweenSessions betweenSessions(const QuillmereState& state, const Range& range,
@@ -155,8 +139,8 @@ BetweenSessions betweenSessions(const QuillmereState& state, const Range& range,
         }
     });
     between.count = std::ssize(gaps);
-    between.medianSeconds = medianOf(gaps);
-    between.plannedMedianSeconds = medianOf(planned);
+    between.medianSeconds = medianOf(std::move(gaps));
+    between.plannedMedianSeconds = medianOf(std::move(planned));
     return between;
 }
 
@@ -200,14 +184,17 @@ LookBack statistics(const QuillmereState& state, const Range& range, Day today, 
     LookBack look{.range = range, .today = today, .habits = habits};
     LocalCalendar calendar(habits.dayBeginsAtHour);
     look.sessions = endedSessions(state, calendar);
-    const Tallies days = dayTallies(look.sessions, range, calendar);
-    // Only now: the focus of a session that began before the range may extend into it.
+    Tallies days = dayTallies(look.sessions, calendar);
+    look.everyDay = summedUp(days, Unit::day, habits.weekBegins);
+    std::erase_if(days, [&](const auto& day) { return !range.contains(day.first); });
+    std::copy_if(look.sessions.begin(), look.sessions.end(), std::back_inserter(look.reachingIn),
+                 [&](const EndedSession& ended) { return reachesInto(range, ended, calendar); });
     std::erase_if(look.sessions, [&](const EndedSession& ended) { return !range.contains(ended.day); });
     look.days = summedUp(days, Unit::day, habits.weekBegins);
     look.weeks = summedUp(days, Unit::week, habits.weekBegins);
     look.months = summedUp(days, Unit::month, habits.weekBegins);
     for (const Period& month : look.months) {
-        addTo(look.total, month.tally);
+        addTally(look.total, month.tally);
     }
     for (const EndedSession& ended : look.sessions) {
         look.sessionsWithoutTime += ended.time ? 0 : 1;

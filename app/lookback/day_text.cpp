@@ -62,4 +62,12 @@ std::string shortLabelOf(figures::Unit unit, figures::Day first)
 
 std::string_view weekdayText(Day day) { return base::weekdayText(chrono::weekday(day)); }
 
+std::string hourText(std::size_t hour, base::Hours hours)
+{
+    if (hours == base::Hours::twentyFour) {
+        return padded(static_cast<int>(hour), 2) + ":00";
+    }
+    return std::to_string((hour + 11) % 12 + 1) + (hour < 12 ? " am" : " pm");
+}
+
 }  // namespace quillmere::lookback

@@ -1,8 +1,10 @@
-// Days as text.
+// Days and hours as text.
 #pragma once
 
+#include "base/text/hours.hpp"
 #include "figures/local_day.hpp"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -17,5 +19,8 @@ std::string shortLabelOf(figures::Unit unit, figures::Day first);
 
 /// "Sun".
 std::string_view weekdayText(figures::Day day);
+
+/// The hour that begins then, from 0: "09:00" or "9 am".
+std::string hourText(std::size_t hour, base::Hours hours);
 
 }  // namespace quillmere::lookback

@@ -1,33 +1,14 @@
 #include "lookback/json_report.hpp"
 
+#include "lookback/answers_json.hpp"
 #include "lookback/day_text.hpp"
-#include "lookback/words.hpp"
+#include "lookback/json_parts.hpp"
 
 #include <nlohmann/json.hpp>
 #include <quillmere/records/base/checked_arithmetic.hpp>
 
 namespace quillmere::lookback {
 namespace {
-
-base::Json dayJson(const std::optional<figures::Day>& day)
-{
-    return day ? base::Json(labelOf(figures::Unit::day, *day)) : base::Json(nullptr);
-}
-
-base::Json meanJson(const figures::Ratings& ratings)
-{
-    const std::optional<double> mean = ratings.mean();
-    return mean ? base::Json(*mean) : base::Json(nullptr);
-}
-
-base::Json completionsJson(const figures::Completions& completions)
-{
-    base::Json json;
-    for (const CompletionResult result : allCases<CompletionResult>()) {
-        json[completionText(result)] = completions[static_cast<std::size_t>(result)];
-    }
-    return json;
-}
 
 base::Json tallyJson(const figures::Tally& tally)
 {
@@ -84,8 +65,7 @@ base::Json goalJson(const std::optional<figures::GoalFigures>& goal)
     return {{"seconds", wholeSeconds(goal->seconds)},
             {"days", goal->days},
             {"reached_days", goal->reachedDays},
-            {"today_seconds",
-             goal->todaySeconds ? base::Json(wholeSeconds(*goal->todaySeconds)) : base::Json(nullptr)}};
+            {"today_seconds", secondsJson(goal->todaySeconds)}};
 }
 
 }  // namespace
@@ -113,6 +93,7 @@ base::Json lookBackJson(const figures::LookBack& look)
         {"goal", goalJson(figures::goalOf(look))},
         {"by_energy", byRatingJson(look.byEnergy)},
         {"by_morale", byRatingJson(look.byMorale)},
+        {"answers", answersJson(look)},
         {"days", periodsJson(look, figures::Unit::day, "day")},
         {"weeks", periodsJson(look, figures::Unit::week, "week")},
         {"months", periodsJson(look, figures::Unit::month, "month")},

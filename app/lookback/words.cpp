@@ -79,6 +79,11 @@ std::string shareText(double part, double whole)
     return whole > 0 ? std::to_string(std::llround(part / whole * 100)) + " %" : "-";
 }
 
+std::string reachedText(const figures::Completions& completions)
+{
+    return shareText(figures::reachedShare(completions).value_or(0), figures::total(completions) > 0 ? 1 : 0);
+}
+
 std::string rangeText(const figures::Range& range, figures::Day today)
 {
     const std::string last = labelOf(figures::Unit::day, range.until.value_or(today));

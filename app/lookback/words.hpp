@@ -18,6 +18,9 @@ std::string meanText(const figures::Ratings& ratings);
 /// "60 %"; "-" when the whole is zero.
 std::string shareText(double part, double whole);
 
+/// How much was reached of what sessions were meant to: "83 %", where half counts as a half; "-" for none.
+std::string reachedText(const figures::Completions& completions);
+
 /// The days of a range: "2026-11-01 to 2026-11-21", "2026-11-21", or "up to 2026-11-21" without a first one.
 /// It ends today unless it says otherwise.
 std::string rangeText(const figures::Range& range, figures::Day today);

@@ -53,7 +53,7 @@ struct ReportOptions {
     std::vector<std::string> span;  ///< its words
     std::optional<std::string> since;
     std::optional<std::string> until;
-    bool allBlocks = false;
+    bool all = false;
     std::array<std::optional<std::string>, exports.size()> files;  ///< by index in `exports`
 };
 
@@ -175,6 +175,16 @@ void makeExport(const Export& form, const std::string& file, const std::string& 
     }
 }
 
+/// A week or less on one screen, unless everything is asked for.
+std::string textFor(const figures::LookBack& look, bool all, const lookback::TerminalPage& terminal)
+{
+    const figures::Range& range = look.range;
+    const bool isShort =
+        range.since && range.until.value_or(look.today) - *range.since < std::chrono::weeks(1);
+    return isShort && !all ? lookback::terminalSummary(look, terminal)
+                           : lookback::terminalReport(look, terminal);
+}
+
 void showReport(const ReportOptions& options, Program& program)
 {
     requireAllowedFiles(options, program);
@@ -186,8 +196,7 @@ void showReport(const ReportOptions& options, Program& program)
     bool isExported = false;
     for (std::size_t index = 0; index < exports.size(); ++index) {
         if (const std::optional<std::string>& file = options.files[index]) {
-            const std::size_t blocks =
-                options.allBlocks ? lookback::allBlocksOnPage : lookback::usualBlocksOnPage;
+            const std::size_t blocks = options.all ? lookback::allBlocksOnPage : lookback::usualBlocksOnPage;
             makeExport(exports[index], *file, exports[index].text(look, blocks), look,
                        messagesOf(options, program), program);
             isExported = true;
@@ -197,8 +206,8 @@ void showReport(const ReportOptions& options, Program& program)
         program.print(lookback::lookBackJson(look));
     } else if (!isExported) {
         page(program.environment(),
-             lookback::terminalReport(
-                 look, lookback::terminalPage(program.style(), program.environment().outputIsTerminal)));
+             textFor(look, options.all,
+                     lookback::terminalPage(program.style(), program.environment().outputIsTerminal)));
     }
 }
 
@@ -224,10 +233,9 @@ void addReport(CLI::App& line, Program& program)
             ->type_name("FILE")
             ->check([](const std::string& file) { return std::string(file.empty() ? "is empty" : ""); });
     }
-    command
-        ->add_flag("--all", options->allBlocks,
-                   "Tell all blocks on the page of --html, not only the newest 100")
-        ->needs(command->get_option("--html"));
+    command->add_flag("--all", options->all,
+                      "Show tables and charts of a week or less too; on the page of --html tell all blocks, "
+                      "not only the newest 100");
 }
 
 }  // namespace quillmere::cli

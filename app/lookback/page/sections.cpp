@@ -4,6 +4,7 @@
 #include "base/text/hours.hpp"
 #include "base/text/local_time.hpp"
 #include "lookback/day_text.hpp"
+#include "lookback/page/answer_sections.hpp"
 #include "lookback/page/charts.hpp"
 #include "lookback/page/colour_key.hpp"
 #include "lookback/page/markup.hpp"
@@ -185,7 +186,7 @@ std::string keyFigures(const figures::LookBack& look)
 std::string pageSections(const figures::LookBack& look)
 {
     return element("div", {{"class", "charts"}},
-                   yearSection(look) +
+                   answerSections(look) + yearSection(look) +
                        focusSection(look, "Focus day by day", figures::Unit::day, chartDays, false) +
                        focusSection(look, "Focus week by week", figures::Unit::week, chartWeeks, true) +
                        focusSection(look, "Focus month by month", figures::Unit::month, chartMonths, true) +

@@ -10,7 +10,7 @@ namespace quillmere::lookback {
 /// The most important figures, in large.
 std::string keyFigures(const figures::LookBack& look);
 
-/// Everything else: charts with their tables, and the last sessions.
+/// Everything else: the answers, charts with their tables, and the last sessions.
 std::string pageSections(const figures::LookBack& look);
 
 }  // namespace quillmere::lookback

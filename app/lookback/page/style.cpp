@@ -116,7 +116,15 @@ summary { color: var(--quiet); cursor: pointer; width: max-content; max-width: 1
 .block dt { color: var(--quiet); }
 .block dd { margin: 0; overflow-wrap: anywhere; }
 .when, .note { color: var(--quiet); font-variant-numeric: tabular-nums; }
+.answer p { margin: 0 0 0.5rem; }
+.answer tbody th { min-width: 6rem; white-space: normal; overflow-wrap: break-word; }
+.answer table { width: auto; }
+.answer td, .answer th { padding-right: 1.5rem; }
+td.bar { width: 16rem; min-width: 4rem; }
+td.bar span { display: block; height: 0.75rem; border-radius: 2px; }
+td.trend span { display: inline-block; width: 0.6rem; height: 0.75rem; margin-right: 1px; border-radius: 2px; }
 .scroll { overflow-x: auto; max-height: 24rem; margin-top: 0.5rem; }
+.answer .scroll { max-height: none; }
 table { border-collapse: collapse; width: 100%; font-size: 0.875rem; font-variant-numeric: tabular-nums; }
 caption { text-align: left; color: var(--quiet); padding-bottom: 0.3rem; }
 th, td { text-align: left; vertical-align: top; padding: 0.35rem 1rem 0.35rem 0; border-bottom: 1px solid var(--edge); white-space: nowrap; }

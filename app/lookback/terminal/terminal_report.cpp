@@ -1,39 +1,99 @@
 #include "lookback/terminal/terminal_report.hpp"
 
 #include "base/text/columns.hpp"
+#include "lookback/answers/answer.hpp"
+#include "lookback/terminal/answer_lines.hpp"
 #include "lookback/terminal/charts.hpp"
 #include "lookback/terminal/drawing.hpp"
 #include "lookback/words.hpp"
 
+#include <algorithm>
+#include <cstddef>
+#include <limits>
 #include <utility>
+#include <vector>
 
 namespace quillmere::lookback {
 namespace {
 
+/// A name with its text beside it, cut after so many lines.
+struct Entry {
+    std::string name;
+    std::string text;
+    std::size_t mostLines;
+};
+
+std::string entryLines(Entry entry, std::size_t nameWidth, const TerminalPage& page)
+{
+    const std::size_t room = page.width - nameWidth;
+    std::vector<std::string> lines = base::linesWithin(entry.text, room);
+    if (lines.size() > entry.mostLines) {
+        std::string& last = lines[entry.mostLines - 1];
+        last = base::cutToColumns(last + " " + lines[entry.mostLines], room);
+        lines.resize(entry.mostLines);
+    }
+    std::string text;
+    for (const std::string& line : lines) {
+        text += page.style.dimmed(filledUp(std::move(entry.name), nameWidth)) + line + "\n";
+        entry.name.clear();
+    }
+    return text;
+}
+
 std::string factLines(const figures::LookBack& look, const TerminalPage& page)
 {
     constexpr std::size_t nameWidth = 13;
+    constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
     std::string text;
     for (const Fact& fact : factsOf(look)) {
-        std::string name = fact.name;
-        for (const std::string& line : base::wrapped(fact.value, page.width - nameWidth)) {
-            text += page.style.dimmed(filledUp(std::move(name), nameWidth)) + line + "\n";
-            name.clear();
-        }
+        text += entryLines({fact.name, fact.value, anyNumber}, nameWidth, page);
     }
     return text;
+}
+
+/// The first facts in a line each, then the answers in two.
+std::string linesInShort(const figures::LookBack& look, const TerminalPage& page)
+{
+    constexpr std::size_t nameWidth = 23;
+    constexpr std::size_t facts = 3;
+    std::string text;
+    const std::vector<Fact> allFacts = factsOf(look);
+    for (std::size_t index = 0; index < std::min(facts, allFacts.size()); ++index) {
+        text += entryLines({allFacts[index].name, allFacts[index].value, 1}, nameWidth, page);
+    }
+    for (const Answer& answer : answersOf(look)) {
+        text += entryLines({answer.question, answer.inShort, 2}, nameWidth, page);
+    }
+    return text;
+}
+
+bool isEmpty(const figures::LookBack& look) { return look.sessions.empty() && look.days.empty(); }
+
+std::string titleLines(const figures::LookBack& look, const TerminalPage& page)
+{
+    return page.style.accented("Look back", QuillmereDesign::Accent::review) + "  " + rangeText(look) +
+           "\n\n";
 }
 
 }  // namespace
 
 std::string terminalReport(const figures::LookBack& look, const TerminalPage& page)
 {
-    if (look.sessions.empty() && look.days.empty()) {
+    if (isEmpty(look)) {
         return emptyText(look) + "\n";
     }
-    return page.style.accented("Look back", QuillmereDesign::Accent::review) + "  " + rangeText(look) +
-           "\n\n" + factLines(look, page) + heatMapLines(look, page) + focusLines(look, page) +
-           ratingLines(look, page) + completionLines(look, page);
+    return titleLines(look, page) + factLines(look, page) + answerLines(look, page) +
+           heatMapLines(look, page) + focusLines(look, page) + ratingLines(look, page) +
+           completionLines(look, page);
+}
+
+std::string terminalSummary(const figures::LookBack& look, const TerminalPage& page)
+{
+    if (isEmpty(look)) {
+        return emptyText(look) + "\n";
+    }
+    return titleLines(look, page) + linesInShort(look, page) + "\n" +
+           page.style.dimmed("With --all: the tables and the charts.") + "\n";
 }
 
 }  // namespace quillmere::lookback

@@ -3,6 +3,7 @@
 
 #include "base/text/columns.hpp"
 #include "figures_testing.hpp"
+#include "generated_history.hpp"
 #include "generated_year.hpp"
 #include "lookback/terminal/terminal_page.hpp"
 
@@ -16,6 +17,7 @@ using base::Style;
 using figures::statistics;
 using lookback::TerminalPage;
 using lookback::terminalReport;
+using lookback::terminalSummary;
 
 TerminalPage plainPage(std::size_t width)
 {
@@ -48,6 +50,68 @@ TEST(TerminalReport, hasFactsAndCharts)
               "Between      median 23 h between sessions of a block,\n"
               "             planned 5 min\n"
               "Energy       4.0 of 5 on average, morale 3.0\n"
+              "\n"
+              "How much did I focus?\n"
+              "Today 30 min. This week 1 h 30 min; last week none\n"
+              "Span        Focus       Goal  Share  Span before\n"
+              "Today       30 min      -     -      1 h\n"
+              "This week   1 h 30 min  -     -      none\n"
+              "Last week   none        -     -      none\n"
+              "This month  1 h 30 min  -     -      none\n"
+              "\n"
+              "When do I focus best?\n"
+              "Too few sessions have been reviewed to say\n"
+              "Hour   Focus       Sessions  Reached\n"
+              "10:00  1 h 30 min  2         75 %     ######################\n"
+              "\n"
+              "Weekday    Focus   Sessions  Reached\n"
+              "Monday     none    0         -\n"
+              "Tuesday    none    0         -\n"
+              "Wednesday  none    0         -\n"
+              "Thursday   none    0         -\n"
+              "Friday     none    0         -\n"
+              "Saturday   1 h     1         50 %     ######################\n"
+              "Sunday     30 min  1         100 %    ###########\n"
+              "\n"
+              "What did I work on?\n"
+              "Most on Chapter one: 1 h 30 min (100 % of the time), 75 %\n"
+              "reached; 1 outcome in all\n"
+              "Outcome      Worked      Share  Sessions  Reached  By day\n"
+              "Chapter one  1 h 30 min  100 %  2         75 %     #+\n"
+              "\n"
+              "Did plans come true?\n"
+              "2 of 3 sessions in 1 block, 1 ended early; 40 min over in 2\n"
+              "sessions\n"
+              "Block             Begun       Sessions  Reached  End\n"
+              "Chapter one; Ch…  2026-11-14  2 of 3    75 %     ended early\n"
+              "\n"
+              "What got in the way?\n"
+              "2 of 2 reviewed sessions were disturbed; most often: mail\n"
+              "(2)\n"
+              "Word  Sessions  Foreseen in\n"
+              "mail  2         0            ##############################\n"
+              "\n"
+              "What did I learn?\n"
+              "Last: Start with the hard part\n"
+              "Lesson or improvement     Day         Of\n"
+              "Start with the hard part  2026-11-15  session\n"
+              "Start with the hard part  2026-11-14  session\n"
+              "\n"
+              "How was I?\n"
+              "Energy 4.0 of 5, morale 3.0\n"
+              "Weekday    Energy  Morale  Reached\n"
+              "Monday     -       -       -\n"
+              "Tuesday    -       -       -\n"
+              "Wednesday  -       -       -\n"
+              "Thursday   -       -       -\n"
+              "Friday     -       -       -\n"
+              "Saturday   4.0     3.0     50 %\n"
+              "Sunday     4.0     3.0     100 %\n"
+              "\n"
+              "Breaks and pauses\n"
+              "No breaks; pauses of 1 min in 1 session\n"
+              "        Number  Taken  Planned  Median  Longest  Overlong\n"
+              "Pauses  1       1 min  -        -       1 min    0\n"
               "\n"
               "The year to 2026-11-15\n"
               "       Dec Jan Feb Mar  Apr May  Jun Jul Aug  Sep Oct Nov\n"
@@ -122,12 +186,29 @@ TEST(TerminalReport, isNeverWiderThanThePage)
     const QuillmereState state = generatedYear(moment);
     for (const std::size_t width : {48u, 57u, 80u, 120u}) {
         for (const bool drawsBlocks : {false, true}) {
-            std::istringstream lines(terminalReport(
-                reportOn(state), {.style = Style(false), .width = width, .drawsBlocks = drawsBlocks}));
+            const TerminalPage page{.style = Style(false), .width = width, .drawsBlocks = drawsBlocks};
+            std::istringstream lines(terminalReport(reportOn(state), page) +
+                                     terminalSummary(reportOn(state), page));
             for (std::string line; std::getline(lines, line);) {
                 EXPECT_LE(base::columnsOf(line), width) << line;
                 EXPECT_FALSE(line.ends_with(' ')) << line;
             }
+        }
+    }
+}
+
+TEST(TerminalSummary, fitsOnAScreenHoweverMuchThereIsToTell)
+{
+    const TimeZone here("Europe/Berlin");
+    for (const QuillmereState& state : {generatedYear(moment), hostileState(), generatedHistory(3, moment)}) {
+        for (const std::size_t width : {48u, 80u}) {
+            const figures::Habits habits{.dailyGoalSeconds = 14'400};
+            const Range week{.since = day("2026-11-09"), .until = day("2026-11-15")};
+            const std::string text =
+                terminalSummary(statistics(state, week, day("2026-11-15"), habits), plainPage(width));
+            EXPECT_LE(std::count(text.begin(), text.end(), '\n'), 24) << text;
+            EXPECT_TRUE(text.ends_with("\nWith --all: the tables and the charts.\n")) << text;
+            EXPECT_NE(text.find("\nBreaks and pauses"), std::string::npos) << text;
         }
     }
 }

@@ -1,0 +1,36 @@
+// The questions that a look back answers, and their answers in words: the terminal and the page show the
+// same.
+#pragma once
+
+#include "figures/look_back.hpp"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quillmere::lookback {
+
+/// Texts are not sanitized.
+struct AnswerRow {
+    std::vector<std::string> cells;  ///< the first names the row
+    double share = 0;                ///< of the bar, 0 to 1
+    std::vector<double> trend = {};  ///< shares of the greatest period of the table, in order
+};
+
+struct AnswerTable {
+    std::vector<std::string> head;  ///< as many as a row has cells
+    std::vector<AnswerRow> rows;
+    bool hasBars = false;
+    std::string trendName = {};  ///< the heading of the trends; empty for a table without
+};
+
+struct Answer {
+    std::string question;
+    std::string inShort;              ///< the most important figures in a sentence
+    std::vector<AnswerTable> tables;  ///< none without figures
+};
+
+/// Of all questions, in a fixed order.
+std::vector<Answer> answersOf(const figures::LookBack& look);
+
+}  // namespace quillmere::lookback

@@ -1,0 +1,42 @@
+#include "figures/answers/lessons.hpp"
+
+#include "base/text/count.hpp"
+#include "lookback/answers/questions.hpp"
+#include "lookback/day_text.hpp"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+namespace quillmere::lookback {
+namespace {
+
+constexpr std::size_t mostLessons = 12;
+
+}  // namespace
+
+Answer lessonsAnswer(const figures::LookBack& look)
+{
+    const std::vector<figures::Lesson> lessons = figures::lessonsOf(look);
+    Answer answer{.question = "What did I learn?",
+                  .inShort = "Neither a lesson nor an improvement is written down",
+                  .tables = {}};
+    if (lessons.empty()) {
+        return answer;
+    }
+    answer.inShort = "Last: " + std::string(lessons.front().text);
+    AnswerTable table{.head = {"Lesson or improvement", "Day", "Of"}, .rows = {}};
+    for (std::size_t index = 0; index < std::min(mostLessons, lessons.size()); ++index) {
+        const figures::Lesson& lesson = lessons[index];
+        table.rows.push_back({.cells = {std::string(lesson.text), labelOf(figures::Unit::day, lesson.day),
+                                        lesson.session ? "session" : "block"}});
+    }
+    answer.tables.push_back(std::move(table));
+    const auto more = std::ssize(lessons) - std::ssize(answer.tables[0].rows);
+    if (more > 0) {
+        answer.inShort += " (" + base::moreText(more) + ": quillmere history --search WORD)";
+    }
+    return answer;
+}
+
+}  // namespace quillmere::lookback

@@ -1,0 +1,87 @@
+#include "figures/answers/outcomes.hpp"
+
+#include "base/text/count.hpp"
+#include "lookback/answers/questions.hpp"
+#include "lookback/words.hpp"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+namespace quillmere::lookback {
+namespace {
+
+constexpr std::size_t mostOutcomes = 10;
+
+std::string outcomeName(const figures::OutcomeWork& work)
+{
+    return work.title.empty() ? "Without an outcome" : work.title;
+}
+
+const char* trendName(figures::Unit unit)
+{
+    switch (unit) {
+        case figures::Unit::day: return "By day";
+        case figures::Unit::week: return "By week";
+        case figures::Unit::month: break;
+    }
+    return "By month";
+}
+
+/// Shares of the greatest period of all trends, so that rows compare.
+std::vector<double> trendShares(const figures::OutcomeWork& work, double most)
+{
+    std::vector<double> shares;
+    for (const double seconds : work.trend) {
+        shares.push_back(most > 0 ? seconds / most : 0);
+    }
+    return shares;
+}
+
+double mostOfTrends(const figures::OutcomeFigures& figures)
+{
+    double most = 0;
+    for (const figures::OutcomeWork& work : figures.outcomes) {
+        for (const double seconds : work.trend) {
+            most = std::max(most, seconds);
+        }
+    }
+    return most;
+}
+
+std::string outcomesSentence(const figures::OutcomeFigures& figures, double allSeconds)
+{
+    const figures::OutcomeWork& first = figures.outcomes.front();
+    return "Most on " + outcomeName(first) + ": " + focusText(first.workedSeconds) + " (" +
+           shareText(first.workedSeconds, allSeconds) + " of the time), " + reachedText(first.completions) +
+           " reached; " + base::countText(std::ssize(figures.outcomes), "outcome") + " in all";
+}
+
+}  // namespace
+
+Answer outcomesAnswer(const figures::LookBack& look)
+{
+    const figures::OutcomeFigures figures = figures::outcomesOf(look);
+    Answer answer{.question = "What did I work on?", .inShort = "No session ended", .tables = {}};
+    if (figures.outcomes.empty()) {
+        return answer;
+    }
+    answer.inShort = outcomesSentence(figures, look.total.workedSeconds);
+    AnswerTable table{.head = {"Outcome", "Worked", "Share", "Sessions", "Reached"},
+                      .rows = {},
+                      .hasBars = false,
+                      .trendName = trendName(figures.trendUnit)};
+    const double most = mostOfTrends(figures);
+    for (std::size_t index = 0; index < std::min(mostOutcomes, figures.outcomes.size()); ++index) {
+        const figures::OutcomeWork& work = figures.outcomes[index];
+        table.rows.push_back({.cells = {outcomeName(work), focusText(work.workedSeconds),
+                                        shareText(work.workedSeconds, look.total.workedSeconds),
+                                        std::to_string(work.sessions), reachedText(work.completions)},
+                              .share = 0,
+                              .trend = trendShares(work, most)});
+    }
+    answer.tables.push_back(std::move(table));
+    return answer;
+}
+
+}  // namespace quillmere::lookback
