@@ -3,13 +3,13 @@
 #include "agent/question_text.hpp"
 #include "base/refusal.hpp"
 #include "workspace/directory_lock.hpp"
+#include "workspace/saving.hpp"
 
 #include <nlohmann/json.hpp>
 #include <quillmere/engine/workflow_engine.hpp>
 
 #include <algorithm>
 #include <chrono>
-#include <optional>
 
 namespace quillmere::agent {
 namespace {
@@ -21,20 +21,24 @@ using namespace std::chrono_literals;
 base::SortedJson asked(const workspace::Workspace& workspace, const std::string& question)
 {
     const std::string text = askable(question);
-    std::optional<Identifier> id;
+    // Made before the save: an agent that is not told that its question is saved asks it again, and after the
+    // save there may be no memory to say so.
+    const ToolRefusal onlySaved("The question is saved; do not ask it again. There is not enough memory.");
+    base::SortedJson result;  // of a library that ends the process where it runs out of memory
     const auto add = [&](QuillmereState& state, Instant now) {
         requireRoom(state, now);
         WorkflowEngine().addQuestion(state, text, now);
-        id = state.agentQuestions.back().id;
+        result = {{"id", state.agentQuestions.back().id.text()}, {"interruptible", state.interruptible()}};
     };
     try {
-        const workspace::Situation situation =
-            workspace.change([](const std::vector<workspace::Event>&) {}, add,
-                             {.patience = 0s, .keeping = workspace::Keeping::no});
-        return {{"id", id->text()}, {"interruptible", situation.state.interruptible()}};
+        workspace.change([](const std::vector<workspace::Event>&) {}, add,
+                         {.patience = 0s, .keeping = workspace::Keeping::no});
+        return result;
     } catch (const workspace::ChangeSaved& error) {
-        throw ToolRefusal("The question is saved with the id " + id->text() + "; do not ask it again. " +
-                          error.what());
+        throw ToolRefusal("The question is saved with the id " + result["id"].get<std::string>() +
+                          "; do not ask it again. " + error.what());
+    } catch (const workspace::MemoryRanOutOnceSaved&) {
+        throw onlySaved;
     }
 }
 

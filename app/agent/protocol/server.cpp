@@ -4,6 +4,7 @@
 #include "agent/protocol/replies.hpp"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 namespace quillmere::agent::protocol {
@@ -111,6 +112,11 @@ void Server::guarded(const std::optional<SortedJson>& id, const std::function<vo
         action();
     } catch (const ProtocolError& error) {
         output_ += errorLine(id, error);
+    } catch (const std::bad_alloc&) {
+        output_ +=
+            errorLine(id, ProtocolError(ErrorCode::internalError,
+                                        "There was not enough memory for an answer. The request may have "
+                                        "been carried out: look before you repeat it."));
     } catch (const std::exception& error) {
         output_ += errorLine(id, ProtocolError(ErrorCode::internalError, error.what()));
     }

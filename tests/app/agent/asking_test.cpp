@@ -1,7 +1,8 @@
-// The limits on the questions of agents.
+// The limits on the questions of agents, and asking when memory runs out.
 #include "agent/asking.hpp"
 
-#include "program_testing.hpp"
+#include "failing_run.hpp"
+#include "support/failing_allocations.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -55,6 +56,42 @@ TEST(RequireRoom, allowsFiftyOpenQuestions)
     EXPECT_NO_THROW(requireRoom(stateWithQuestions(49, moment - 3600, false), moment));
     EXPECT_THROW(requireRoom(stateWithQuestions(50, moment - 3600, false), moment), ToolRefusal);
     EXPECT_NO_THROW(requireRoom(stateWithQuestions(500, moment - 3600, true), moment));
+}
+
+TEST(AskThePerson, tellsThatTheQuestionIsSavedWhenMemoryRunsOutAfterwards)
+{
+    Person person;
+    const auto workspace = workspace::Workspace::in(
+        person.directory(), [&] { return person.now; }, person.stateHome());
+    std::size_t allocations = 0;
+    const auto refusalOf = [&](std::size_t allocation) -> std::optional<std::string> {
+        person.has(stateIn(WorkflowState::idle));
+        const agent::protocol::Call call = agent::askThePerson(workspace, "Which one of the two?", {});
+        allocations = allocationsMade();
+        failAllocationAfter(allocation);
+        try {
+            const agent::protocol::Outcome outcome = call({});
+            stopFailingAllocations();
+            allocations = allocationsMade() - allocations;
+            return std::get<agent::protocol::ToolResult>(outcome).refusal;
+        } catch (const std::bad_alloc&) {
+            stopFailingAllocations();
+            return std::nullopt;
+        }
+    };
+    refusalOf(undisturbed);  // makes the allocations that happen once in a process
+    refusalOf(undisturbed);
+    int told = 0;
+    // From the last allocation back to the save.
+    for (std::size_t allocation = allocations; allocation > 0; --allocation) {
+        const std::optional<std::string> refusal = refusalOf(allocation - 1);
+        if (person.state().agentQuestions.empty()) {
+            break;
+        }
+        ASSERT_TRUE(refusal && (refusal->empty() || refusal->starts_with("The question is saved")));
+        told += refusal->empty() ? 0 : 1;
+    }
+    EXPECT_GT(told, 0);
 }
 
 }  // namespace

@@ -116,6 +116,7 @@ private:
             };
         };
         const auto fail = [](const Json&, Moment) -> Call { throw std::runtime_error("It broke."); };
+        const auto runOut = [](const Json&, Moment) -> Call { throw std::bad_alloc(); };
         const Resource resource{.uri = "test://it",
                                 .name = "it",
                                 .title = "It",
@@ -132,7 +133,7 @@ private:
                 .instructions = "Test.",
                 .tools = {tool("echo", {{"text", {{"type", "string"}}}}, echo),
                           tool("wait", {{"for", {{"type", "integer"}}}}, wait),
-                          tool("fail", Json::object(), fail)},
+                          tool("fail", Json::object(), fail), tool("run_out", Json::object(), runOut)},
                 .resources = {resource, broken}};
     }
 
@@ -226,9 +227,9 @@ TEST_F(ServerTest, refusesMethodsThatTheVersionDoesNotHave)
 TEST_F(ServerTest, listsInAStableOrder)
 {
     const Json tools = resultOf("tools/list").at("tools");
-    ASSERT_EQ(tools.size(), 3u);
+    ASSERT_EQ(tools.size(), 4u);
     EXPECT_EQ(tools[0].at("name"), "echo");
-    EXPECT_EQ(tools[2].at("name"), "fail");
+    EXPECT_EQ(tools[3].at("name"), "run_out");
     EXPECT_EQ(tools[0].at("annotations").size(), 4u);
     EXPECT_EQ(resultOf("resources/list").at("resources").at(0).at("uri"), "test://it");
     EXPECT_EQ(resultOf("resources/templates/list"), Json::parse(R"({"resourceTemplates": []})"));
@@ -341,6 +342,15 @@ TEST_F(ServerTest, answersAnExceptionOfAToolWithAnError)
 {
     EXPECT_EQ(errorOf(request(1, "tools/call", toolCall("fail", Json::object()))), -32603);
     EXPECT_EQ(resultOf("ping"), Json::object());
+}
+
+TEST_F(ServerTest, warnsBeforeARepetitionWhenMemoryRunsOut)
+{
+    const Json error = saidTo(request(1, "tools/call", toolCall("run_out", Json::object()))).at("error");
+    EXPECT_EQ(error.at("code"), -32603);
+    EXPECT_EQ(error.at("message"),
+              "There was not enough memory for an answer. The request may have been carried out: look before "
+              "you repeat it.");
 }
 
 TEST_F(ServerTest, answersOthersWhileACallWaits)
