@@ -163,7 +163,10 @@ std::vector<Fact> factsOf(const figures::LookBack& look)
                                         " between sessions of a block, planned " +
                                         focusText(look.between.plannedMedianSeconds)});
     }
-    facts.push_back({"Energy", meanText(all.energy) + " of 5 on average, morale " + meanText(all.morale)});
+    if (all.energy.count > 0 || all.morale.count > 0) {
+        facts.push_back(
+            {"Energy", meanText(all.energy) + " of 5 on average, morale " + meanText(all.morale)});
+    }
     if (look.sessionsWithoutTime > 0) {
         facts.push_back({"Not counted", "the time of " +
                                             base::countText(look.sessionsWithoutTime, "session") +

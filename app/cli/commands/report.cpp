@@ -7,6 +7,7 @@
 #include "cli/span_option.hpp"
 #include "figures/statistics.hpp"
 #include "lookback/calendar_file.hpp"
+#include "lookback/contents.hpp"
 #include "lookback/csv.hpp"
 #include "lookback/json_report.hpp"
 #include "lookback/page/html_page.hpp"
@@ -36,24 +37,29 @@ struct Export {
     const char* option;
     const char* help;
     std::string_view name;
-    std::string (*text)(const figures::LookBack&, std::size_t blocks);  ///< with so many blocks told whole
+    std::string (*text)(const figures::LookBack&, const lookback::PageScope&);
 };
 
 constexpr auto exports = std::to_array<Export>({
     {"--html", "Make a page for a browser", "page", lookback::htmlPage},
     {"--csv", "Make a table of the sessions for spreadsheets", "table",
-     [](const figures::LookBack& look, std::size_t) { return lookback::csvOf(look); }},
+     [](const figures::LookBack& look, const lookback::PageScope&) { return lookback::csvOf(look); }},
     {"--ics", "Make a calendar of the sessions", "calendar",
-     [](const figures::LookBack& look, std::size_t) { return lookback::calendarOf(look); }},
+     [](const figures::LookBack& look, const lookback::PageScope&) { return lookback::calendarOf(look); }},
 });
 
 constexpr std::string_view standardOutput = "-";
+
+/// The words of --without.
+constexpr const char* texts = "texts";
+constexpr const char* ratings = "ratings";
 
 struct ReportOptions {
     std::vector<std::string> span;  ///< its words
     std::optional<std::string> since;
     std::optional<std::string> until;
     bool all = false;
+    std::vector<std::string> without;                              ///< words of --without
     std::array<std::optional<std::string>, exports.size()> files;  ///< by index in `exports`
 };
 
@@ -185,10 +191,23 @@ std::string textFor(const figures::LookBack& look, bool all, const lookback::Ter
                            : lookback::terminalReport(look, terminal);
 }
 
+lookback::PageScope scopeOf(const ReportOptions& options)
+{
+    const auto isIn = [&](const char* word) {
+        return std::find(options.without.begin(), options.without.end(), word) == options.without.end();
+    };
+    return {.blocks = options.all ? lookback::allBlocksOnPage : lookback::usualBlocksOnPage,
+            .contents = {.texts = isIn(texts), .ratings = isIn(ratings)}};
+}
+
 void showReport(const ReportOptions& options, Program& program)
 {
     requireAllowedFiles(options, program);
-    const workspace::Situation situation = program.workspace().look();
+    const lookback::PageScope scope = scopeOf(options);
+    workspace::Situation situation = program.workspace().look();
+    if (!options.without.empty()) {
+        situation.state = lookback::reducedTo(scope.contents, std::move(situation.state));
+    }
     const figures::Habits habits = work::habitsOf(program.configuration().values);
     const figures::Day today = figures::LocalCalendar(habits.dayBeginsAtHour).dayOf(situation.now);
     const figures::LookBack look =
@@ -196,8 +215,7 @@ void showReport(const ReportOptions& options, Program& program)
     bool isExported = false;
     for (std::size_t index = 0; index < exports.size(); ++index) {
         if (const std::optional<std::string>& file = options.files[index]) {
-            const std::size_t blocks = options.all ? lookback::allBlocksOnPage : lookback::usualBlocksOnPage;
-            makeExport(exports[index], *file, exports[index].text(look, blocks), look,
+            makeExport(exports[index], *file, exports[index].text(look, scope), look,
                        messagesOf(options, program), program);
             isExported = true;
         }
@@ -209,6 +227,19 @@ void showReport(const ReportOptions& options, Program& program)
              textFor(look, options.all,
                      lookback::terminalPage(program.style(), program.environment().outputIsTerminal)));
     }
+}
+
+/// By index in `exports`.
+std::array<CLI::Option*, exports.size()> addExports(CLI::App& command, ReportOptions& options)
+{
+    std::array<CLI::Option*, exports.size()> added = {};
+    for (std::size_t index = 0; index < exports.size(); ++index) {
+        added[index] = command.add_option(exports[index].option, options.files[index],
+                                          std::string(exports[index].help) + "; - is standard output");
+        added[index]->type_name("FILE")->check(
+            [](const std::string& file) { return std::string(file.empty() ? "is empty" : ""); });
+    }
+    return added;
 }
 
 }  // namespace
@@ -226,16 +257,17 @@ void addReport(CLI::App& line, Program& program)
     command->add_option("--until", options->until, "The last day, or a span that ends with it")
         ->type_name("SPAN")
         ->excludes(span);
-    for (std::size_t index = 0; index < exports.size(); ++index) {
-        command
-            ->add_option(exports[index].option, options->files[index],
-                         std::string(exports[index].help) + "; - is standard output")
-            ->type_name("FILE")
-            ->check([](const std::string& file) { return std::string(file.empty() ? "is empty" : ""); });
-    }
+    const auto files = addExports(*command, *options);
     command->add_flag("--all", options->all,
                       "Show tables and charts of a week or less too; on the page of --html tell all blocks, "
                       "not only the newest 100");
+    CLI::Option* const without = command->add_option("--without", options->without,
+                                                     "Make the page of --html for somebody else: without any "
+                                                     "text that you wrote, or without the ratings of "
+                                                     "energy and morale; may be given twice");
+    without->type_name("texts|ratings")->allow_extra_args(false);
+    without->check(CLI::IsMember({texts, ratings}).description(""));
+    without->needs(files[0])->excludes(files[1])->excludes(files[2]);
 }
 
 }  // namespace quillmere::cli

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "figures/look_back.hpp"
+#include "lookback/contents.hpp"
 
 #include <optional>
 #include <string>
@@ -30,7 +31,8 @@ struct Answer {
     std::vector<AnswerTable> tables;  ///< none without figures
 };
 
-/// Of all questions, in a fixed order.
-std::vector<Answer> answersOf(const figures::LookBack& look);
+/// Of all questions, in a fixed order, but for those whose answers are texts or ratings that the contents
+/// lack.
+std::vector<Answer> answersOf(const figures::LookBack& look, const Contents& contents = {});
 
 }  // namespace quillmere::lookback

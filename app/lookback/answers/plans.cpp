@@ -24,8 +24,7 @@ std::string endingOf(const figures::BlockPlan& plan)
 AnswerRow planRow(const figures::BlockPlan& plan)
 {
     const std::string titles = titlesOf(*plan.block);
-    return {.cells = {titles.empty() ? "A block without an outcome" : titles,
-                      labelOf(figures::Unit::day, plan.day),
+    return {.cells = {titles.empty() ? "Untitled block" : titles, labelOf(figures::Unit::day, plan.day),
                       std::to_string(plan.doneSessions) + " of " + std::to_string(plan.plannedSessions),
                       reachedText(plan.completions), endingOf(plan)}};
 }

@@ -64,10 +64,10 @@ std::string answerTable(const AnswerTable& table, const std::string& question)
 
 }  // namespace
 
-std::string answerSections(const figures::LookBack& look)
+std::string answerSections(const figures::LookBack& look, const Contents& contents)
 {
     std::string sections;
-    for (const Answer& answer : answersOf(look)) {
+    for (const Answer& answer : answersOf(look, contents)) {
         std::string content =
             element("h2", {}, escaped(answer.question)) + element("p", {}, escaped(answer.inShort));
         for (const AnswerTable& table : answer.tables) {

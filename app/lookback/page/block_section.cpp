@@ -43,8 +43,8 @@ std::string headingOf(const Block& block, base::Hours hours)
 {
     const std::string titles = titlesOf(block);
     return element("span", {{"class", "when"}}, escaped(base::localText(work::finishedAt(block), hours))) +
-           " " + element("strong", {}, escaped(titles.empty() ? "A block without an outcome" : titles)) +
-           " " + element("span", {{"class", "when"}}, escaped(work::signsOf(block)));
+           " " + element("strong", {}, escaped(titles.empty() ? "Untitled block" : titles)) + " " +
+           element("span", {{"class", "when"}}, escaped(work::signsOf(block)));
 }
 
 std::string passageMarkup(const work::Passage& passage)

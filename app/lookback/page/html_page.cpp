@@ -25,16 +25,27 @@ constexpr std::string_view pageFooter =
     "pauses "
     "are not recorded: in a session over midnight they are taken to come last.";
 
+std::string omissionText(const Contents& contents)
+{
+    if (contents.texts && contents.ratings) {
+        return "";
+    }
+    const std::string omitted = contents.texts ? "ratings" : contents.ratings ? "texts" : "texts and ratings";
+    return " This page leaves out " + omitted + ".";
+}
+
 }  // namespace
 
-std::string htmlPage(const figures::LookBack& look, std::size_t blocks)
+std::string htmlPage(const figures::LookBack& look, const PageScope& scope)
 {
     const bool isEmpty = look.sessions.empty() && look.days.empty();
-    const std::string content = isEmpty ? element("p", {}, escaped(emptyText(look))) + "\n"
-                                        : keyFigures(look) + pageSections(look) + blockSection(look, blocks);
+    const std::string content =
+        isEmpty ? element("p", {}, escaped(emptyText(look))) + "\n"
+                : keyFigures(look) + pageSections(look, scope.contents) + blockSection(look, scope.blocks);
     const std::string body =
         element("header", {}, element("h1", {}, "Look back") + element("p", {}, escaped(rangeText(look)))) +
-        "\n" + content + element("footer", {}, element("p", {}, pageFooter));
+        "\n" + content +
+        element("footer", {}, element("p", {}, std::string(pageFooter) + omissionText(scope.contents)));
     return "<!DOCTYPE html>\n" +
            element("html", {{"xmlns", "http://www.w3.org/1999/xhtml"}, {"lang", "en"}},
                    "\n" +

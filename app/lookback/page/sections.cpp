@@ -122,6 +122,12 @@ std::string byRatingSection(const std::string& title, const std::string& name,
         byRatingChart(byRating, title) + completionKey() + foldedTable(title, {name, "Completed"}, rows));
 }
 
+std::string byRatingSections(const figures::LookBack& look)
+{
+    return byRatingSection("Completion by energy", "Energy", look.byEnergy) +
+           byRatingSection("Completion by morale", "Morale", look.byMorale);
+}
+
 std::string factSection(const figures::LookBack& look)
 {
     std::vector<Cells> rows;
@@ -137,29 +143,34 @@ std::string factSection(const figures::LookBack& look)
     return sectionOf("In short", "chart", element("table", {}, element("tbody", {}, body)));
 }
 
-std::string sessionRow(const figures::EndedSession& ended, base::Hours hours)
+std::string sessionRow(const figures::EndedSession& ended, const Contents& contents, base::Hours hours)
 {
     const WorkSession& session = *ended.session;
     const std::string time = ended.time ? focusText(ended.time->workedSeconds) : "-";
     const std::string completion = session.review ? completionText(session.review->completion) : "-";
     const std::string result = session.review ? session.review->noteworthyResult : "";
+    const std::string texts = element("td", {{"class", "text"}}, escaped(nameOf(session, *ended.block))) +
+                              element("td", {{"class", "text"}}, escaped(result));
     return element("tr", {},
                    element("th", {{"scope", "row"}}, escaped(base::localText(session.startedAt, hours))) +
                        element("td", {}, escaped(time)) + element("td", {}, escaped(completion)) +
-                       element("td", {{"class", "text"}}, escaped(nameOf(session, *ended.block))) +
-                       element("td", {{"class", "text"}}, escaped(result)));
+                       (contents.texts ? texts : ""));
 }
 
-std::string sessionSection(const figures::LookBack& look)
+std::string sessionSection(const figures::LookBack& look, const Contents& contents)
 {
     std::string body;
     const std::size_t count = std::min(look.sessions.size(), mostSessionsShown);
     for (std::size_t index = 0; index < count; ++index) {
-        body += sessionRow(*(look.sessions.rbegin() + static_cast<std::ptrdiff_t>(index)), look.habits.hours);
+        body += sessionRow(*(look.sessions.rbegin() + static_cast<std::ptrdiff_t>(index)), contents,
+                           look.habits.hours);
     }
-    const std::string table = element(
-        "table", {{"class", "sessions"}},
-        tableHead({"Started", "Worked", "Reached", "Meant to", "Result"}) + element("tbody", {}, body));
+    Cells head = {"Started", "Worked", "Reached"};
+    if (contents.texts) {
+        head.insert(head.end(), {"Meant to", "Result"});
+    }
+    const std::string table =
+        element("table", {{"class", "sessions"}}, tableHead(head) + element("tbody", {}, body));
     return sectionOf("The last sessions", "wide", table);
 }
 
@@ -183,17 +194,16 @@ std::string keyFigures(const figures::LookBack& look)
            "\n";
 }
 
-std::string pageSections(const figures::LookBack& look)
+std::string pageSections(const figures::LookBack& look, const Contents& contents)
 {
     return element("div", {{"class", "charts"}},
-                   answerSections(look) + yearSection(look) +
+                   answerSections(look, contents) + yearSection(look) +
                        focusSection(look, "Focus day by day", figures::Unit::day, chartDays, false) +
                        focusSection(look, "Focus week by week", figures::Unit::week, chartWeeks, true) +
                        focusSection(look, "Focus month by month", figures::Unit::month, chartMonths, true) +
-                       completionSection(look) + ratingSection(look) + factSection(look) +
-                       byRatingSection("Completion by energy", "Energy", look.byEnergy) +
-                       byRatingSection("Completion by morale", "Morale", look.byMorale) +
-                       sessionSection(look)) +
+                       completionSection(look) + (contents.ratings ? ratingSection(look) : "") +
+                       factSection(look) + (contents.ratings ? byRatingSections(look) : "") +
+                       sessionSection(look, contents)) +
            "\n";
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "figures/look_back.hpp"
+#include "lookback/contents.hpp"
 
 #include <string>
 
@@ -11,6 +12,6 @@ namespace quillmere::lookback {
 std::string keyFigures(const figures::LookBack& look);
 
 /// Everything else: the answers, charts with their tables, and the last sessions.
-std::string pageSections(const figures::LookBack& look);
+std::string pageSections(const figures::LookBack& look, const Contents& contents);
 
 }  // namespace quillmere::lookback

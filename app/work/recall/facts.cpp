@@ -57,10 +57,10 @@ std::optional<Fact> factOf(const Record& record, const RecordField<Record>& fiel
 {
     std::string text =
         std::visit([&](const auto member) { return textOf(record.*member, block); }, field.member);
-    if (text.empty()) {
+    const bool isRating = field.prompt.limits.most == ratingLimits.most;
+    if (text.empty() || (isRating && text == "0")) {
         return std::nullopt;
     }
-    const bool isRating = field.prompt.limits.most == ratingLimits.most;
     return Fact{std::string(field.label),
                 text + (isRating ? " of " + std::to_string(ratingLimits.most) : "")};
 }

@@ -153,6 +153,23 @@ TEST(Report, tellsAllBlocksOnAPageOnlyWhenAsked)
     EXPECT_GT(whole.size(), page.size());
 }
 
+TEST(Report, makesAPageForSomebodyElse)
+{
+    Person person;
+    person.has(fullState());
+    const Ending page = person.types({"report", "--html", "-", "--without", "texts", "--without", "ratings"});
+    EXPECT_EQ(page.code, ExitCode::done);
+    EXPECT_NE(page.out.find("This page leaves out texts and ratings."), std::string::npos);
+    for (const Words& wrong :
+         {Words{"report", "--without", "texts"}, Words{"report", "--csv", "-", "--without", "texts"},
+          Words{"report", "--html", "-", "--csv", "f", "--without", "texts"},
+          Words{"report", "--html", "-", "--without", "names"}}) {
+        const Ending ending = person.types(wrong);
+        EXPECT_EQ(ending.code, ExitCode::usage);
+        EXPECT_NE(ending.err.find("--without"), std::string::npos) << ending.err;
+    }
+}
+
 TEST(Report, namesFilesOnStandardErrorWhenItPrintsAnExport)
 {
     const Person person = personWithAYear();

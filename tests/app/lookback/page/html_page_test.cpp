@@ -4,6 +4,7 @@
 #include "figures_testing.hpp"
 #include "lookback/page/markup.hpp"
 
+#include "generated_history.hpp"
 #include "generated_year.hpp"
 #include "marked_block.hpp"
 #include "support/process.hpp"
@@ -203,7 +204,7 @@ TEST(Page, tellsTheNewestHundredBlocksWholeAndTheOthersWhenAsked)
     EXPECT_FALSE(holds(page, "<strong>Block 100."));
     EXPECT_LT(page.find("<strong>Block 0."), page.find("<strong>Block 1."));
     EXPECT_TRUE(holds(page, "2 more before these"));
-    const std::string whole = htmlPage(look, lookback::allBlocksOnPage);
+    const std::string whole = htmlPage(look, {.blocks = lookback::allBlocksOnPage});
     EXPECT_TRUE(holds(whole, "<strong>Block 101.;"));
     EXPECT_FALSE(holds(whole, "more before these"));
 }
@@ -213,6 +214,45 @@ TEST(Page, hasEveryWordOfABlock)
     QuillmereState state = QuillmereState::initial(moment);
     state.blockHistory = {markedBlock()};
     expectAll(markersOf(state.blockHistory.front()), pageAt(state));
+}
+
+/// The page for somebody else.
+std::string reducedPageOf(const QuillmereState& state, const lookback::Contents& contents)
+{
+    const QuillmereState reduced = lookback::reducedTo(contents, state);
+    return htmlPage(statistics(reduced, {}, day("2026-11-15")), {.contents = contents});
+}
+
+TEST(Page, hasNoWordOfAPersonWithoutTexts)
+{
+    QuillmereState state = QuillmereState::initial(moment);
+    state.blockHistory = {markedBlock()};
+    const std::string page = reducedPageOf(state, {.texts = false});
+    for (const std::string& marker : markersOf(state.blockHistory.front())) {
+        EXPECT_FALSE(holds(page, marker)) << marker;
+    }
+    EXPECT_TRUE(holds(page, "When do I focus best?"));
+    EXPECT_TRUE(holds(page, "How was I?"));
+    EXPECT_TRUE(holds(page, "This page leaves out texts."));
+    EXPECT_FALSE(holds(page, "What did I learn?"));
+}
+
+TEST(Page, doesNotDependOnRatingsWithoutThem)
+{
+    const lookback::Contents contents{.ratings = false};
+    QuillmereState state = generatedHistory(1, local("2026-11-15 12:00"));
+    const std::string page = reducedPageOf(state, contents);
+    for (Block& block : state.blockHistory) {
+        for (WorkSession& rated : block.sessions) {
+            rated.plan.energy = 6 - rated.plan.energy;
+            rated.plan.morale = rated.plan.morale % 5 + 1;
+        }
+    }
+    EXPECT_EQ(reducedPageOf(state, contents), page);
+    for (const char* const word : {">Energy", "Morale", "How was I?"}) {
+        EXPECT_FALSE(holds(page, word)) << word;
+    }
+    EXPECT_TRUE(holds(page, "What did I learn?"));
 }
 
 TEST(Page, saysThatThereIsNothing)
