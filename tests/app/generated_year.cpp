@@ -43,6 +43,31 @@ constexpr auto works = std::to_array<Work>({
 constexpr auto distractions = std::to_array<std::string_view>(
     {"", "", "", "Phone", "A colleague's question", "News", "Noise in the street", "Mail"});
 
+constexpr auto hazards = std::to_array<std::string_view>(
+    {"Phone in the other room", "Phone in the other room", "Mail stays closed until noon", ""});
+
+constexpr auto lessons = std::to_array<std::string_view>({
+    "Start with the hardest part",
+    "Two short sessions beat a long one in the afternoon",
+    "Write down the next step before the break",
+    "Ask sooner when stuck for half an hour",
+    "",
+    "Do not plan more than three sessions after lunch",
+    "Read the whole thread before answering",
+    "A walk in the break is worth the minutes",
+    "",
+    "Close the door",
+    "Print what is longer than ten pages",
+});
+
+constexpr auto improvements = std::to_array<std::string_view>({
+    "Silence the phone before, not during",
+    "Take the notes by hand",
+    "Fewer open windows",
+    "Stop at the first error and write it down",
+    "Begin with a rough version",
+});
+
 class Year {
 public:
     explicit Year(Instant now) : today_(LocalCalendar().dayOf(now)), now_(now) {}
@@ -117,11 +142,15 @@ private:
         Instant time = start;
         for (unsigned number = 1; number <= cycles; ++number) {
             WorkSession session = sessionAt(time, number, index, block);
-            time = *session.endedAt + block.breakDurationSeconds + next(7) * minute;
+            const double overlong = chance(4) ? (15 + next(30)) * minute : 0;
+            time = *session.endedAt + block.breakDurationSeconds + next(7) * minute + overlong;
             if (*session.endedAt > now_) {
                 break;
             }
             block.sessions.push_back(std::move(session));
+            if (chance(4)) {
+                break;  // finished early
+            }
         }
         if (block.sessions.empty()) {
             return;
@@ -131,7 +160,7 @@ private:
                                        .normalComparison = "As usual",
                                        .boggedDown = "",
                                        .wentWell = "The first hour",
-                                       .lessons = "Start with the hardest part"};
+                                       .lessons = std::string(lessons[next(lessons.size())])};
         blocks.push_back(std::move(block));
     }
 
@@ -153,7 +182,7 @@ private:
                      .blockOutcomeID = block.outcomes.front().id,
                      .intendedOutcome = std::string(work.outcome),
                      .firstAction = std::string(work.firstAction),
-                     .hazardsMitigation = "Phone in the other room",
+                     .hazardsMitigation = std::string(hazards[next(hazards.size())]),
                      .nicuFraming = "",
                      .energy = energy,
                      .morale = rating(index + 9)},
@@ -166,7 +195,8 @@ private:
                                     .completion = completion,
                                     .noteworthyResult = std::string(isGood ? work.good : work.poor),
                                     .distractions = std::string(distractions[next(distractions.size())]),
-                                    .improvement = ""},
+                                    .improvement = std::string(
+                                        isGood || chance(60) ? "" : improvements[next(improvements.size())])},
         };
     }
 

@@ -67,6 +67,11 @@ void TerminalWindow::runs(const std::string& line) const
     presses("Enter");
 }
 
+void TerminalWindow::paint(const std::string& background) const
+{
+    tmux({"set-option", "-g", "window-style", "bg=" + background});
+}
+
 void TerminalWindow::resize(int columns, int rows) const
 {
     tmux({"resize-window", "-x", std::to_string(columns), "-y", std::to_string(rows)});

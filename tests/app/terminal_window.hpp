@@ -32,6 +32,8 @@ public:
     /// Types a command line and presses Enter.
     void runs(const std::string& line) const;
     void resize(int columns, int rows) const;
+    /// Gives the window a background, "#faf9f6", with which it answers programs that ask for it.
+    void paint(const std::string& background) const;
 
     /// The text on the screen, with the sequences for colours and the like if `withLooks`.
     std::string screen(bool withLooks = false) const;

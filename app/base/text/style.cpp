@@ -1,23 +1,11 @@
 #include "base/text/style.hpp"
 
-#include "base/text/colours.hpp"
-
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
 namespace quillmere::base {
 namespace {
-
-/// Select Graphic Rendition (ECMA-48). One of the basic colours, which the terminal adapts to its background.
-/// A command that only prints does not know whether that is light or dark.
-std::string sequenceFor(const Colour& colour, bool isBold)
-{
-    const std::string parameters = foregroundParameters(colour, ColourDepth::of16, Background::dark);
-    const std::string_view separator = isBold && !parameters.empty() ? ";" : "";
-    const std::string all = (isBold ? "1" : "") + std::string(separator) + parameters;
-    return all.empty() ? "" : "\x1b[" + all + "m";
-}
 
 bool isSet(const char* variable)
 {
@@ -33,9 +21,31 @@ bool wantsColour(bool outputIsTerminal)
     return outputIsTerminal && !isSet("NO_COLOR") && terminal && std::string_view(terminal) != "dumb";
 }
 
+ColourDepth wantedColours(bool outputIsTerminal)
+{
+    if (!wantsColour(outputIsTerminal)) {
+        return ColourDepth::none;
+    }
+    const char* const variable = std::getenv("COLORTERM");
+    const std::string_view more = variable ? variable : "";
+    if (more == "truecolor" || more == "24bit") {
+        return ColourDepth::ofAll;
+    }
+    return std::string_view(std::getenv("TERM")).ends_with("256color") ? ColourDepth::of256
+                                                                       : ColourDepth::of16;
+}
+
+std::string Style::sequenceFor(const Colour& colour, bool isBold) const
+{
+    const std::string parameters = foregroundParameters(colour, depth_, background_);
+    const std::string_view separator = isBold && !parameters.empty() ? ";" : "";
+    const std::string all = (isBold ? "1" : "") + std::string(separator) + parameters;
+    return all.empty() ? "" : "\x1b[" + all + "m";
+}
+
 std::string Style::wrapped(std::string_view text, std::string_view sequence) const
 {
-    return coloured_ && !sequence.empty() && !text.empty()
+    return depth_ != ColourDepth::none && !sequence.empty() && !text.empty()
                ? std::string(sequence).append(text).append("\x1b[0m")
                : std::string(text);
 }
@@ -45,10 +55,17 @@ std::string Style::accented(std::string_view text, QuillmereDesign::Accent accen
     return wrapped(text, sequenceFor(colourOf(accent), true));
 }
 
+std::string Style::tinted(std::string_view text, QuillmereDesign::Accent accent) const
+{
+    return wrapped(text, sequenceFor(colourOf(accent), false));
+}
+
 std::string Style::marked(std::string_view text, CompletionResult completion) const
 {
     return wrapped(text, sequenceFor(colourOf(completion), false));
 }
+
+std::string Style::strong(std::string_view text) const { return wrapped(text, "\x1b[1m"); }
 
 std::string Style::dimmed(std::string_view text) const { return wrapped(text, "\x1b[2m"); }
 

@@ -1,4 +1,5 @@
 // The look back on finished sessions: charts in the terminal, a page, exports.
+#include "base/system/asked_background.hpp"
 #include "base/system/replace_file.hpp"
 #include "base/text/sanitize.hpp"
 #include "cli/commands.hpp"
@@ -191,6 +192,18 @@ std::string textFor(const figures::LookBack& look, bool all, const lookback::Ter
                            : lookback::terminalReport(look, terminal);
 }
 
+/// The colours of all surfaces, where the terminal says what they stand on.
+base::Style styleOfPage(const base::Environment& environment)
+{
+    const base::ColourDepth depth = base::wantedColours(environment.outputIsTerminal);
+    const bool canAsk = environment.inputIsTerminal && environment.input != -1 && environment.output != -1;
+    const std::optional<base::Background> background =
+        depth > base::ColourDepth::of16 && canAsk
+            ? base::askedBackground(environment.input, environment.output)
+            : std::nullopt;
+    return background ? base::Style(depth, *background) : base::Style(depth != base::ColourDepth::none);
+}
+
 lookback::PageScope scopeOf(const ReportOptions& options)
 {
     const auto isIn = [&](const char* word) {
@@ -223,9 +236,9 @@ void showReport(const ReportOptions& options, Program& program)
     if (program.settings().json) {
         program.print(lookback::lookBackJson(look));
     } else if (!isExported) {
-        page(program.environment(),
-             textFor(look, options.all,
-                     lookback::terminalPage(program.style(), program.environment().outputIsTerminal)));
+        page(program.environment(), textFor(look, options.all,
+                                            lookback::terminalPage(styleOfPage(program.environment()),
+                                                                   program.environment().outputIsTerminal)));
     }
 }
 

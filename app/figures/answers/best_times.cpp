@@ -92,7 +92,11 @@ BestTimes bestTimesOf(const LookBack& look)
 
 std::optional<std::size_t> bestOf(std::span<const TimeSlot> slots)
 {
-    constexpr std::int64_t leastSessions = 3;
+    std::int64_t all = 0;
+    for (const TimeSlot& slot : slots) {
+        all += total(slot.completions);
+    }
+    const std::int64_t leastSessions = std::max<std::int64_t>(3, (all + 19) / 20);
     std::optional<std::size_t> best;
     double bestShare = 0;
     for (std::size_t index = 0; index < slots.size(); ++index) {

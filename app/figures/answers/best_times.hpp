@@ -28,8 +28,8 @@ struct BestTimes {
 BestTimes bestTimesOf(const LookBack& look);
 
 /// The index of the slot whose sessions came closest to what they were meant to reach: the greatest reached
-/// share (figures::reachedShare) of those with at least three reviewed sessions, of equal ones that with more
-/// of them. Absent without any.
+/// share (figures::reachedShare) of the slots with at least three reviewed sessions and a twentieth of all,
+/// so that a few lucky ones decide nothing; of equal ones that with more of them. Absent without any.
 std::optional<std::size_t> bestOf(std::span<const TimeSlot> slots);
 
 }  // namespace quillmere::figures

@@ -21,8 +21,8 @@ struct AnswerRow {
 struct AnswerTable {
     std::vector<std::string> head;  ///< as many as a row has cells
     std::vector<AnswerRow> rows;
-    bool hasBars = false;
-    std::string trendName = {};  ///< the heading of the trends; empty for a table without
+    std::string barName = {};    ///< the heading of the bars; empty for a table without
+    std::string trendName = {};  ///< of the trends
 };
 
 struct Answer {

@@ -2,6 +2,7 @@
 #include "lookback/answers/questions.hpp"
 #include "lookback/words.hpp"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -16,6 +17,11 @@ struct NamedSpan {
 
 bool hasGoal(const figures::FocusSpan& span) { return span.goalSeconds && *span.goalSeconds > 0; }
 
+double shareOfGoal(const figures::FocusSpan& span)
+{
+    return hasGoal(span) ? std::min(1.0, span.focusSeconds / *span.goalSeconds) : 0;
+}
+
 AnswerRow spanRow(const NamedSpan& named)
 {
     const figures::FocusSpan& span = named.span;
@@ -23,7 +29,8 @@ AnswerRow spanRow(const NamedSpan& named)
     return {.cells = {named.name, focusText(span.focusSeconds),
                       hasGoal(span) ? focusText(*span.goalSeconds) : withoutGoal,
                       hasGoal(span) ? shareText(span.focusSeconds, *span.goalSeconds) : "-",
-                      focusText(span.beforeSeconds), focusText(span.beforeByNowSeconds)}};
+                      focusText(span.beforeSeconds), focusText(span.beforeByNowSeconds)},
+            .share = shareOfGoal(span)};
 }
 
 /// "This week 12 h 30 min of 20 h (63 %)".
@@ -55,7 +62,9 @@ Answer howMuchAnswer(const figures::LookBack& look)
                               {"This week", "last week", spans.thisWeek},
                               {"Last week", "the week before", spans.lastWeek},
                               {"This month", "last month", spans.thisMonth}};
-    AnswerTable table{.head = {"Span", "Focus", "Goal", "Share", "Span before", "By this day"}, .rows = {}};
+    AnswerTable table{.head = {"Span", "Focus", "Goal", "Share", "Span before", "By this day"},
+                      .rows = {},
+                      .barName = look.habits.dailyGoalSeconds ? "Of the goal" : ""};
     for (const NamedSpan& row : rows) {
         table.rows.push_back(spanRow(row));
     }

@@ -3,6 +3,7 @@
 #include "base/text/count.hpp"
 #include "lookback/answers/questions.hpp"
 #include "lookback/day_text.hpp"
+#include "lookback/words.hpp"
 
 #include <algorithm>
 #include <string>
@@ -12,6 +13,15 @@ namespace quillmere::lookback {
 namespace {
 
 constexpr std::size_t mostLessons = 12;
+
+std::string sourceOf(const figures::Lesson& lesson)
+{
+    if (lesson.session) {
+        return nameOf(*lesson.session, *lesson.block);
+    }
+    const std::string titles = titlesOf(*lesson.block);
+    return titles.empty() ? "an untitled block" : titles;
+}
 
 }  // namespace
 
@@ -25,11 +35,11 @@ Answer lessonsAnswer(const figures::LookBack& look)
         return answer;
     }
     answer.inShort = "Last: " + std::string(lessons.front().text);
-    AnswerTable table{.head = {"Lesson or improvement", "Day", "Of"}, .rows = {}};
+    AnswerTable table{.head = {"Lesson or improvement", "Day", "From"}, .rows = {}};
     for (std::size_t index = 0; index < std::min(mostLessons, lessons.size()); ++index) {
         const figures::Lesson& lesson = lessons[index];
-        table.rows.push_back({.cells = {std::string(lesson.text), labelOf(figures::Unit::day, lesson.day),
-                                        lesson.session ? "session" : "block"}});
+        table.rows.push_back(
+            {.cells = {std::string(lesson.text), labelOf(figures::Unit::day, lesson.day), sourceOf(lesson)}});
     }
     answer.tables.push_back(std::move(table));
     const auto more = std::ssize(lessons) - std::ssize(answer.tables[0].rows);

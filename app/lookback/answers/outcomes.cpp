@@ -69,7 +69,7 @@ Answer outcomesAnswer(const figures::LookBack& look)
     answer.inShort = outcomesSentence(figures, look.total.workedSeconds);
     AnswerTable table{.head = {"Outcome", "Worked", "Share", "Sessions", "Reached"},
                       .rows = {},
-                      .hasBars = false,
+                      .barName = {},
                       .trendName = trendName(figures.trendUnit)};
     const double most = mostOfTrends(figures);
     for (std::size_t index = 0; index < std::min(mostOutcomes, figures.outcomes.size()); ++index) {

@@ -33,7 +33,7 @@ AnswerRow slotRow(std::string name, const TimeSlot& slot, double most)
 
 AnswerTable slotTable(std::string first)
 {
-    return {.head = {std::move(first), "Focus", "Sessions", "Reached"}, .rows = {}, .hasBars = true};
+    return {.head = {std::move(first), "Focus", "Sessions", "Reached"}, .rows = {}, .barName = "Focus"};
 }
 
 /// From the hour at which days begin, without hours that have no session.

@@ -38,7 +38,7 @@ std::string answerRow(const AnswerRow& row, const AnswerTable& table)
     }
     return element("tr", {},
                    cells + (table.trendName.empty() ? "" : trendCell(row.trend)) +
-                       (table.hasBars ? barCell(row.share) : ""));
+                       (table.barName.empty() ? "" : barCell(row.share)));
 }
 
 std::string answerTable(const AnswerTable& table, const std::string& question)
@@ -47,15 +47,15 @@ std::string answerTable(const AnswerTable& table, const std::string& question)
     if (!table.trendName.empty()) {
         head.push_back(table.trendName);
     }
-    if (table.hasBars) {
-        head.emplace_back();
+    if (!table.barName.empty()) {
+        head.push_back(table.barName);
     }
     std::string body;
     for (const AnswerRow& row : table.rows) {
         body += answerRow(row, table);
     }
     return element("div",
-                   {{"class", "scroll"},
+                   {{"class", table.barName.empty() ? "scroll" : "scroll bars"},
                     {"tabindex", "0"},
                     {"role", "region"},
                     {"aria-label", question + " " + table.head.front()}},
@@ -68,11 +68,13 @@ std::string answerSections(const figures::LookBack& look, const Contents& conten
 {
     std::string sections;
     for (const Answer& answer : answersOf(look, contents)) {
-        std::string content =
-            element("h2", {}, escaped(answer.question)) + element("p", {}, escaped(answer.inShort));
+        std::string tables;
         for (const AnswerTable& table : answer.tables) {
-            content += answerTable(table, answer.question);
+            tables += answerTable(table, answer.question);
         }
+        const std::string content = element("h2", {}, escaped(answer.question)) +
+                                    element("p", {}, escaped(answer.inShort)) +
+                                    (tables.empty() ? "" : element("div", {{"class", "tables"}}, tables));
         sections += element("section", {{"class", "answer wide"}}, content) + "\n";
     }
     return sections;

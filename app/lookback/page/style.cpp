@@ -118,9 +118,11 @@ summary { color: var(--quiet); cursor: pointer; width: max-content; max-width: 1
 .when, .note { color: var(--quiet); font-variant-numeric: tabular-nums; }
 .answer p { margin: 0 0 0.5rem; }
 .answer tbody th { min-width: 6rem; white-space: normal; overflow-wrap: break-word; }
-.answer table { width: auto; }
-.answer td, .answer th { padding-right: 1.5rem; }
-td.bar { width: 16rem; min-width: 4rem; }
+.answer td, .answer th { padding-right: 1.25rem; }
+.tables { display: flex; flex-wrap: wrap; gap: 0 2.5rem; align-items: flex-start; }
+.tables > .scroll { flex: 1 1 auto; max-width: 100%; }
+.tables > .bars { flex-basis: 26rem; }
+.answer td.bar { width: 8rem; min-width: 3.5rem; padding-right: 0; vertical-align: middle; }
 td.bar span { display: block; height: 0.75rem; border-radius: 2px; }
 td.trend span { display: inline-block; width: 0.6rem; height: 0.75rem; margin-right: 1px; border-radius: 2px; }
 .scroll { overflow-x: auto; max-height: 24rem; margin-top: 0.5rem; }
@@ -135,6 +137,12 @@ td.text { white-space: normal; overflow-wrap: anywhere; }
 @media (max-width: 27rem) {
   svg text { font-size: 16.5px; }
   section { padding: 0.9rem 0.75rem; }
+  .answer td, .answer th { padding-right: 0.7rem; }
+  .answer tbody th { min-width: 4.5rem; }
+  .answer tr { position: relative; }
+  .answer td.bar { position: absolute; inset: auto 0 0 0; width: auto; padding: 0; border: 0; }
+  td.bar span { height: 3px; }
+  .bars thead th:last-child { display: none; }
   .block dl { grid-template-columns: minmax(0, 1fr); }
 }
 footer { margin-top: 1.5rem; color: var(--quiet); font-size: 0.875rem; }

@@ -45,11 +45,12 @@ std::vector<std::size_t> widthsOf(const AnswerTable& table, std::size_t room)
 
 std::string withoutSpacesAtTheEnd(std::string line) { return line.erase(line.find_last_not_of(' ') + 1); }
 
-std::string lineOf(const std::vector<std::string>& cells, const std::vector<std::size_t>& widths)
+std::string lineOf(const std::vector<std::string>& cells, const std::vector<std::size_t>& widths,
+                   const TerminalPage& page)
 {
     std::string line;
     for (std::size_t index = 0; index < widths.size(); ++index) {
-        const std::string cell = base::cutToColumns(base::sanitized(cells[index]), widths[index]);
+        const std::string cell = cutTo(widths[index], base::sanitized(cells[index]), page);
         line += filledUp(cell, widths[index]) + std::string(index + 1 < widths.size() ? columnGap : 0, ' ');
     }
     return line;
@@ -83,7 +84,9 @@ std::string markOf(const AnswerTable& table, const AnswerRow& row, std::size_t r
     if (!table.trendName.empty()) {
         return row.trend.size() <= room ? trendOf(row.trend, glyphsOf(page)) : "";
     }
-    return table.hasBars && room >= leastBar ? barOf(row.share, std::min(room, mostBar), glyphsOf(page)) : "";
+    return !table.barName.empty() && room >= leastBar
+               ? barOf(row.share, std::min(room, mostBar), glyphsOf(page))
+               : "";
 }
 
 std::string answerTableLines(const AnswerTable& table, const TerminalPage& page)
@@ -91,17 +94,17 @@ std::string answerTableLines(const AnswerTable& table, const TerminalPage& page)
     const std::size_t markRoom = table.trendName.empty() ? 0 : trendWidth(table) + columnGap;
     const std::vector<std::size_t> widths =
         widthsOf(table, page.width > markRoom ? page.width - markRoom : page.width);
-    const std::string head = lineOf(table.head, widths);
+    const std::string head = lineOf(table.head, widths, page);
     const std::size_t taken = base::columnsOf(head) + columnGap;
     const std::size_t room = page.width > taken ? page.width - taken : 0;
-    const std::string trendName =
-        base::columnsOf(table.trendName) <= room ? std::string(columnGap, ' ') + table.trendName : "";
-    std::string text = page.style.dimmed(withoutSpacesAtTheEnd(head + trendName)) + "\n";
+    const std::string& name = table.trendName.empty() ? table.barName : table.trendName;
+    const std::string markName = base::columnsOf(name) <= room ? std::string(columnGap, ' ') + name : "";
+    std::string text = page.style.dimmed(withoutSpacesAtTheEnd(head + markName)) + "\n";
     for (const AnswerRow& row : table.rows) {
         const std::string mark = markOf(table, row, room, page);
-        const std::string line = lineOf(row.cells, widths);
+        const std::string line = lineOf(row.cells, widths, page);
         text += mark.empty() ? withoutSpacesAtTheEnd(line)
-                             : line + std::string(columnGap, ' ') + page.style.accented(mark, Accent::focus);
+                             : line + std::string(columnGap, ' ') + page.style.tinted(mark, Accent::focus);
         text += "\n";
     }
     return text;

@@ -9,9 +9,9 @@ namespace quillmere::lookback {
 namespace {
 
 constexpr Glyphs blockGlyphs = {
-    .eighths = {"▏", "▎", "▍", "▌", "▋", "▊", "▉", "█"},
+    .eighths = {"▏", "▎", "▍", "▌", "▋", "▊", "▉", "▇"},  // the last leaves a gap between bars
     .heat = {"·", "░", "▒", "▓", "█"},
-    .completions = {"█", "▒", "░"},
+    .completions = {"▇", "▒", "░"},
 };
 // Up to 3/8 of a column show as nothing, from 4/8 on as a whole one.
 constexpr Glyphs plainGlyphs = {
@@ -39,6 +39,16 @@ std::string filledUp(std::string text, std::size_t width)
     return text.append(width > taken ? width - taken : 0, ' ');
 }
 
+std::string cutTo(std::size_t width, const std::string& text, const TerminalPage& page)
+{
+    constexpr std::string_view ellipsis = "…";
+    std::string cut = base::cutToColumns(text, width);
+    if (!page.drawsBlocks && cut != text && cut.ends_with(ellipsis)) {
+        cut.replace(cut.size() - ellipsis.size(), ellipsis.size(), ".");
+    }
+    return cut;
+}
+
 std::string barOf(double share, std::size_t width, const Glyphs& glyphs)
 {
     const double wanted = std::clamp(share, 0.0, 1.0) * static_cast<double>(width) * 8;
@@ -49,7 +59,7 @@ std::string barOf(double share, std::size_t width, const Glyphs& glyphs)
 
 std::string heading(const std::string& text, const TerminalPage& page)
 {
-    return "\n" + page.style.accented(text, QuillmereDesign::Accent::neutral) + "\n";
+    return "\n" + page.style.strong(text) + "\n";
 }
 
 }  // namespace quillmere::lookback

@@ -24,6 +24,9 @@ std::string repeated(std::string_view text, std::size_t count);
 /// The text, followed by as many spaces as it takes to have `width` columns.
 std::string filledUp(std::string text, std::size_t width);
 
+/// As base::cutToColumns; the ellipsis is a full stop on a page without block elements.
+std::string cutTo(std::size_t width, const std::string& text, const TerminalPage& page);
+
 /// A bar that fills a share of the width, 0 to 1.
 std::string barOf(double share, std::size_t width, const Glyphs& glyphs);
 

@@ -56,7 +56,7 @@ std::string barLines(const figures::LookBack& look, const Bars& bars, const Term
         const double share = greatest > 0 ? row[index].tally.*bars.seconds / greatest : 0;
         const std::string bar = barOf(share, barWidth, glyphsOf(page));
         text += page.style.dimmed(filledUp(barLabel(bars.unit, row[index].first), labelWidth)) +
-                page.style.accented(bar, Accent::focus) + (bar.empty() ? "" : " ") + texts[index] + "\n";
+                page.style.tinted(bar, Accent::focus) + (bar.empty() ? "" : " ") + texts[index] + "\n";
     }
     return text;
 }

@@ -47,7 +47,7 @@ std::string heatMapLines(const figures::LookBack& look, const TerminalPage& page
             row += level ? glyphs.heat[static_cast<std::size_t>(*level)] : " ";
         }
         text += page.style.dimmed(filledUp(std::string(weekdayText(first)), labelWidth)) +
-                page.style.accented(row.substr(0, row.find_last_not_of(' ') + 1), Accent::focus) + "\n";
+                page.style.tinted(row.substr(0, row.find_last_not_of(' ') + 1), Accent::focus) + "\n";
     }
     std::string legend = "less ";
     for (const std::string_view glyph : glyphs.heat) {

@@ -65,8 +65,8 @@ std::string ratingLines(const figures::LookBack& look, const TerminalPage& page)
     for (const figures::Period& month : figures::lastPeriods(look, figures::Unit::month, months)) {
         const std::string energy = filledUp(bar(month.tally.energy), numberWidth + barWidth + 1);
         text += page.style.dimmed(filledUp(labelOf(figures::Unit::month, month.first), labelWidth)) +
-                page.style.accented(energy, Accent::plan) +
-                page.style.accented(bar(month.tally.morale), Accent::rest) + "\n";
+                page.style.tinted(energy, Accent::plan) +
+                page.style.tinted(bar(month.tally.morale), Accent::rest) + "\n";
     }
     return text;
 }

@@ -29,7 +29,7 @@ std::string entryLines(Entry entry, std::size_t nameWidth, const TerminalPage& p
     std::vector<std::string> lines = base::linesWithin(entry.text, room);
     if (lines.size() > entry.mostLines) {
         std::string& last = lines[entry.mostLines - 1];
-        last = base::cutToColumns(last + " " + lines[entry.mostLines], room);
+        last = cutTo(room, last + " " + lines[entry.mostLines], page);
         lines.resize(entry.mostLines);
     }
     std::string text;

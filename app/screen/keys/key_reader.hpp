@@ -29,8 +29,8 @@ public:
     /// The next complete key.
     std::optional<Key> key();
 
-    /// From now on, one answer about the background (background.hpp) is taken for an answer, and not for
-    /// keys. It may come late, in pieces, or never.
+    /// From now on, one answer about the background (terminal_background.hpp) is taken for an answer, and not
+    /// for keys. It may come late, in pieces, or never.
     void expectAnswer() { expectsAnswer_ = true; }
     /// The answer, from behind OSC to before its end, once.
     std::optional<std::string> takeAnswer() { return std::exchange(answer_, std::nullopt); }

@@ -3,8 +3,8 @@
 #include "base/refusal.hpp"
 #include "base/system/terminal_charset.hpp"
 #include "base/system/wait.hpp"
+#include "base/text/terminal_background.hpp"
 #include "screen/terminal/abilities.hpp"
-#include "screen/terminal/background.hpp"
 #include "screen/terminal/interruptible_write.hpp"
 #include "screen/terminal/restore_terminal.hpp"
 
@@ -135,7 +135,7 @@ Terminal::~Terminal() = default;
 void Terminal::askForItsBackground()
 {
     keyReader_.expectAnswer();
-    writeToTerminal(askForBackground);
+    writeToTerminal(base::askForBackground);
     // A late answer is taken as well; the wait only avoids a first picture in the wrong colours.
     constexpr std::chrono::milliseconds shortWait(100);
     std::array<base::PollSource, 1> input{{{STDIN_FILENO}}};
@@ -246,7 +246,7 @@ std::vector<Key> Terminal::takeKeys()
         }
     }
     if (const std::optional<std::string> answer = keyReader_.takeAnswer()) {
-        if (const std::optional<base::Background> background = backgroundFrom(*answer)) {
+        if (const std::optional<base::Background> background = base::backgroundFrom(*answer)) {
             painter_->setBackground(*background);
         }
     }

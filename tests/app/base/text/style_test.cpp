@@ -52,6 +52,34 @@ TEST(Style, wrapsTextsInTheColourOfTheirAccent)
     EXPECT_EQ(style.marked("✗ 3", CompletionResult::no), "✗ 3");
 }
 
+TEST(Style, hasTheColoursOfAllSurfacesWhereItKnowsTheBackground)
+{
+    const Style dark(base::ColourDepth::ofAll, base::Background::dark);
+    EXPECT_EQ(dark.accented("Focus", Accent::focus), "\x1b[1;38;2;224;128;106mFocus\x1b[0m");
+    EXPECT_EQ(dark.tinted("#", Accent::focus), "\x1b[38;2;224;128;106m#\x1b[0m");
+    const Style light(base::ColourDepth::of256, base::Background::light);
+    EXPECT_EQ(light.tinted("#", Accent::focus), "\x1b[38;5;124m#\x1b[0m");
+    EXPECT_EQ(light.strong("Heading"), "\x1b[1mHeading\x1b[0m");
+}
+
+TEST(WantedColours, areThoseOfTheTerminal)
+{
+    struct Case {
+        const char* terminal;
+        std::optional<std::string> more;
+        base::ColourDepth depth;
+    };
+    const EnvironmentVariable noColour("NO_COLOR", std::nullopt);
+    for (const Case& each : {Case{"xterm", std::nullopt, base::ColourDepth::of16},
+                             Case{"xterm-256color", std::nullopt, base::ColourDepth::of256},
+                             Case{"xterm", "truecolor", base::ColourDepth::ofAll},
+                             Case{"dumb", "truecolor", base::ColourDepth::none}}) {
+        const EnvironmentVariable terminal("TERM", each.terminal);
+        const EnvironmentVariable more("COLORTERM", each.more);
+        EXPECT_EQ(base::wantedColours(true), each.depth) << each.terminal;
+    }
+}
+
 TEST(Style, leavesTextsAsTheyAreWithoutColour)
 {
     const Style style(false);

@@ -136,5 +136,14 @@ TEST(BestOf, isTheSlotThatReachedMostOfThoseWithThreeReviewedSessions)
     EXPECT_EQ(figures::bestOf({}), std::nullopt);
 }
 
+TEST(BestOf, isNoSlotWithLessThanATwentiethOfAllSessions)
+{
+    std::array<TimeSlot, 3> slots = {TimeSlot{.completions = {5, 0, 0}}, TimeSlot{.completions = {60, 20, 0}},
+                                     TimeSlot{.completions = {5, 5, 5}}};
+    EXPECT_EQ(figures::bestOf(slots), 0u);
+    slots[2].completions[0] = 6;
+    EXPECT_EQ(figures::bestOf(slots), 1u);
+}
+
 }  // namespace
 }  // namespace quillmere::test

@@ -1,11 +1,11 @@
-#include "screen/terminal/background.hpp"
+#include "base/text/terminal_background.hpp"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 
-namespace quillmere::screen {
+namespace quillmere::base {
 namespace {
 
 /// The share of a part of a colour, of one to four hexadecimal digits (XParseColor(3)).
@@ -30,7 +30,7 @@ double linear(double share)
 
 }  // namespace
 
-std::optional<base::Background> backgroundFrom(std::string_view answer)
+std::optional<Background> backgroundFrom(std::string_view answer)
 {
     const std::size_t colon = answer.find(':');
     const std::string_view form = answer.substr(0, colon);
@@ -49,7 +49,7 @@ std::optional<base::Background> backgroundFrom(std::string_view answer)
         luminance += weight * linear(*share);
         rest.remove_prefix(std::min(rest.size(), digits.size() + 1));
     }
-    return luminance > betweenDarkAndLight ? base::Background::light : base::Background::dark;
+    return luminance > betweenDarkAndLight ? Background::light : Background::dark;
 }
 
-}  // namespace quillmere::screen
+}  // namespace quillmere::base
