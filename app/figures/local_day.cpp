@@ -26,8 +26,9 @@ Day firstOf(Unit unit, Day day, chrono::weekday weekBegins)
 
 Day LocalCalendar::dayOf(Instant instant) const
 {
-    const Day date = base::localDayOf(instant);
-    return base::localFields(instant).tm_hour < beginsAtHour_ ? date - oneDay : date;
+    const std::tm fields = base::localFields(instant);
+    const Day date = base::localDayOf(fields);
+    return fields.tm_hour < beginsAtHour_ ? date - oneDay : date;
 }
 
 Instant LocalCalendar::startOf(Day day)
@@ -36,17 +37,31 @@ Instant LocalCalendar::startOf(Day day)
     if (const auto known = starts_.find(number); known != starts_.end()) {
         return Instant(known->second);
     }
-    // No zone is further from UTC. A binary search finds the first second of the day: mktime(3) cannot,
-    // because some midnights occur twice and some never.
+    return Instant(starts_.emplace(number, static_cast<double>(firstSecondOf(day))).first->second);
+}
+
+std::int64_t LocalCalendar::firstSecondOf(Day day) const
+{
+    const auto isReachedAt = [&](std::int64_t second) {
+        return dayOf(Instant(static_cast<double>(second))) >= day;
+    };
+    const std::int64_t midnight = std::int64_t{day.time_since_epoch().count()} * 86'400;
+    const std::int64_t beginInUtc = midnight + std::int64_t{beginsAtHour_} * 3600;
+    const std::int64_t usual =
+        beginInUtc - base::localFields(Instant(static_cast<double>(beginInUtc))).tm_gmtoff;
+    if (isReachedAt(usual) && !isReachedAt(usual - 1)) {
+        return usual;
+    }
+    // The clocks change around it. No zone is further from UTC. A binary search finds the first second:
+    // mktime(3) cannot, because some midnights occur twice and some never.
     constexpr std::int64_t farthest = 25 * 3600;
-    const std::int64_t midnight = std::int64_t{number} * 86'400;
     std::int64_t before = midnight - farthest;
-    std::int64_t start = midnight + farthest + std::int64_t{beginsAtHour_} * 3600;
+    std::int64_t start = beginInUtc + farthest;
     while (start - before > 1) {
         const std::int64_t middle = before + (start - before) / 2;
-        (dayOf(Instant(static_cast<double>(middle))) >= day ? start : before) = middle;
+        (isReachedAt(middle) ? start : before) = middle;
     }
-    return Instant(starts_.emplace(number, static_cast<double>(start)).first->second);
+    return start;
 }
 
 }  // namespace quillmere::figures

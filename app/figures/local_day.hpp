@@ -4,6 +4,7 @@
 #include <quillmere/records/instant.hpp>
 
 #include <chrono>
+#include <cstdint>
 #include <unordered_map>
 
 namespace quillmere::figures {
@@ -47,6 +48,9 @@ public:
     }
 
 private:
+    /// Counted since 1970.
+    std::int64_t firstSecondOf(Day day) const;
+
     int beginsAtHour_;
     std::unordered_map<std::chrono::days::rep, double> starts_;  ///< cache of startOf, in seconds since 1970
 };

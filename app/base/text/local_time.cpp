@@ -91,9 +91,10 @@ std::tm localFields(Instant instant)
     return fields;
 }
 
-chrono::local_days localDayOf(Instant instant)
+chrono::local_days localDayOf(Instant instant) { return localDayOf(localFields(instant)); }
+
+chrono::local_days localDayOf(const std::tm& fields)
 {
-    const std::tm fields = localFields(instant);
     return chrono::local_days(chrono::year(fields.tm_year + 1900) /
                               chrono::month(static_cast<unsigned>(fields.tm_mon + 1)) /
                               chrono::day(static_cast<unsigned>(fields.tm_mday)));

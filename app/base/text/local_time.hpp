@@ -17,6 +17,8 @@ std::tm localFields(Instant instant);
 
 /// The local day.
 std::chrono::local_days localDayOf(Instant instant);
+/// The day of these fields.
+std::chrono::local_days localDayOf(const std::tm& fields);
 
 /// The instants at which local clocks show this time, in order: two where they are set back over it. One when
 /// they skip the time, which is then counted by the clocks as they were before: 02:30 means 03:30 where they

@@ -10,6 +10,7 @@ namespace quillmere::base {
 inline std::string lowerCase(std::string_view text)
 {
     std::string lower;
+    lower.reserve(text.size());
     for (const char letter : text) {
         const bool isUpper = letter >= 'A' && letter <= 'Z';
         lower += isUpper ? static_cast<char>(letter - 'A' + 'a') : letter;
