@@ -3,6 +3,7 @@
 #include "base/text/count.hpp"
 #include "base/text/hours.hpp"
 #include "base/text/local_time.hpp"
+#include "figures/answers/focus_spans.hpp"
 #include "lookback/day_text.hpp"
 #include "lookback/page/answer_sections.hpp"
 #include "lookback/page/charts.hpp"
@@ -174,6 +175,30 @@ std::string sessionSection(const figures::LookBack& look, const Contents& conten
     return sectionOf("The last sessions", "wide", table);
 }
 
+std::string spanFigure(const std::string& name, const figures::FocusSpan& span, const std::string& before)
+{
+    const bool hasGoal = span.goalSeconds && *span.goalSeconds > 0;
+    return figureOf(name, focusText(span.focusSeconds),
+                    (hasGoal ? "of " + focusText(*span.goalSeconds) + "; " : "") + before + " " +
+                        focusText(span.beforeSeconds));
+}
+
+/// Today and this week, unless other days are asked for; the whole of time says least.
+std::string focusFigures(const figures::LookBack& look)
+{
+    if (!look.range.since && !look.range.until) {
+        const figures::FocusSpans spans = figures::focusSpansOf(look);
+        return spanFigure("Today", spans.today, "yesterday") +
+               spanFigure("This week", spans.thisWeek, "last week");
+    }
+    const figures::Tally& all = look.total;
+    return figureOf(
+               "Focus", focusText(all.focusSeconds),
+               base::countText(all.sessions, "session") + " on " + base::countText(look.focusDays, "day")) +
+           figureOf("Worked of planned", shareText(all.workedSeconds, all.plannedSeconds),
+                    focusText(all.workedSeconds) + " of " + focusText(all.plannedSeconds));
+}
+
 }  // namespace
 
 std::string keyFigures(const figures::LookBack& look)
@@ -183,14 +208,10 @@ std::string keyFigures(const figures::LookBack& look)
     const auto reviewed = static_cast<double>(figures::total(all.completions));
     const auto days = [](const std::optional<figures::Streak>& streak) { return streak ? streak->days : 0; };
     return element("dl", {{"class", "figures"}},
-                   figureOf("Focus", focusText(all.focusSeconds),
-                            base::countText(all.sessions, "session") + " on " +
-                                base::countText(look.focusDays, "day")) +
+                   focusFigures(look) +
                        figureOf("Days in a row", std::to_string(days(look.currentStreak)),
                                 "longest: " + std::to_string(days(look.longestStreak))) +
-                       figureOf("Completed", shareText(yes, reviewed), completionsText(all.completions)) +
-                       figureOf("Worked of planned", shareText(all.workedSeconds, all.plannedSeconds),
-                                focusText(all.workedSeconds) + " of " + focusText(all.plannedSeconds))) +
+                       figureOf("Completed", shareText(yes, reviewed), completionsText(all.completions))) +
            "\n";
 }
 

@@ -121,8 +121,8 @@ summary { color: var(--quiet); cursor: pointer; width: max-content; max-width: 1
 .answer td, .answer th { padding-right: 1.25rem; }
 .tables { display: flex; flex-wrap: wrap; gap: 0 2.5rem; align-items: flex-start; }
 .tables > .scroll { flex: 1 1 auto; max-width: 100%; }
-.tables > .bars { flex-basis: 26rem; }
-.answer td.bar { width: 8rem; min-width: 3.5rem; padding-right: 0; vertical-align: middle; }
+.tables > .bars { flex-basis: 29rem; }
+.answer td.bar { width: 30%; min-width: 3.5rem; padding-right: 0; vertical-align: middle; }
 td.bar span { display: block; height: 0.75rem; border-radius: 2px; }
 td.trend span { display: inline-block; width: 0.6rem; height: 0.75rem; margin-right: 1px; border-radius: 2px; }
 .scroll { overflow-x: auto; max-height: 24rem; margin-top: 0.5rem; }

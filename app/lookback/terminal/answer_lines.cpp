@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <utility>
 #include <vector>
 
 namespace quillmere::lookback {
@@ -121,16 +122,17 @@ std::string wrappedLines(const std::string& text, const TerminalPage& page)
 
 }  // namespace
 
-std::string answerLines(const figures::LookBack& look, const TerminalPage& page)
+std::vector<std::string> answerLines(const figures::LookBack& look, const TerminalPage& page)
 {
-    std::string text;
+    std::vector<std::string> texts;
     for (const Answer& answer : answersOf(look)) {
-        text += heading(answer.question, page) + wrappedLines(answer.inShort, page);
+        std::string text = heading(answer.question, page) + wrappedLines(answer.inShort, page);
         for (std::size_t index = 0; index < answer.tables.size(); ++index) {
             text += (index > 0 ? "\n" : "") + answerTableLines(answer.tables[index], page);
         }
+        texts.push_back(std::move(text));
     }
-    return text;
+    return texts;
 }
 
 }  // namespace quillmere::lookback

@@ -5,10 +5,11 @@
 #include "lookback/terminal/terminal_page.hpp"
 
 #include <string>
+#include <vector>
 
 namespace quillmere::lookback {
 
-/// Each question as a heading, with its answer in a sentence and in tables.
-std::string answerLines(const figures::LookBack& look, const TerminalPage& page);
+/// For each question: it as a heading, its answer in a sentence and in tables.
+std::vector<std::string> answerLines(const figures::LookBack& look, const TerminalPage& page);
 
 }  // namespace quillmere::lookback

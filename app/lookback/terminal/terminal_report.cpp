@@ -69,6 +69,19 @@ std::string linesInShort(const figures::LookBack& look, const TerminalPage& page
 
 bool isEmpty(const figures::LookBack& look) { return look.sessions.empty() && look.days.empty(); }
 
+/// Today and this week come first, unless other days are asked for; the whole of time says least.
+std::string answersAndFacts(const figures::LookBack& look, const TerminalPage& page)
+{
+    const std::vector<std::string> answers = answerLines(look, page);
+    const bool isOfAllTime = !look.range.since && !look.range.until;
+    std::string text = isOfAllTime ? answers.front().substr(1) + heading("In all", page) : "";
+    text += factLines(look, page);
+    for (std::size_t index = isOfAllTime ? 1 : 0; index < answers.size(); ++index) {
+        text += answers[index];
+    }
+    return text;
+}
+
 std::string titleLines(const figures::LookBack& look, const TerminalPage& page)
 {
     return page.style.accented("Look back", QuillmereDesign::Accent::review) + "  " + rangeText(look) +
@@ -82,9 +95,8 @@ std::string terminalReport(const figures::LookBack& look, const TerminalPage& pa
     if (isEmpty(look)) {
         return emptyText(look) + "\n";
     }
-    return titleLines(look, page) + factLines(look, page) + answerLines(look, page) +
-           heatMapLines(look, page) + focusLines(look, page) + ratingLines(look, page) +
-           completionLines(look, page);
+    return titleLines(look, page) + answersAndFacts(look, page) + heatMapLines(look, page) +
+           focusLines(look, page) + ratingLines(look, page) + completionLines(look, page);
 }
 
 std::string terminalSummary(const figures::LookBack& look, const TerminalPage& page)

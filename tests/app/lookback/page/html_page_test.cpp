@@ -92,7 +92,8 @@ TEST(Page, showsTheFigures)
         stateWith({session(local("2026-11-14 10:00"), 3600), session(local("2026-11-15 10:00"), 1860, 60)});
     const std::string page = pageAt(state);
     for (const char* part : {
-             "<dd class=\"value\">1 h 30 min</dd><dd class=\"more\">2 sessions on 2 days</dd>",
+             "<dt>Today</dt><dd class=\"value\">30 min</dd><dd class=\"more\">yesterday 1 h</dd>",
+             "<dt>This week</dt><dd class=\"value\">1 h 30 min</dd><dd class=\"more\">last week none</dd>",
              "<dt>Days in a row</dt><dd class=\"value\">2</dd><dd class=\"more\">longest: 2</dd>",
              "<dd class=\"value\">0 %</dd><dd class=\"more\">0 yes, 2 half, 0 no</dd>",
              "<title>Sat 2026-11-14: 1 h</title>",
@@ -115,6 +116,18 @@ double numberIn(const std::string& page, std::size_t place, const std::string& a
 {
     const std::size_t begin = page.find(" " + attribute + "=\"", place) + attribute.size() + 3;
     return std::stod(page.substr(begin, page.find('"', begin) - begin));
+}
+
+TEST(Page, hasTheFiguresOfTheDaysThatWereAskedForInLarge)
+{
+    const TimeZone here("UTC");
+    const QuillmereState state =
+        stateWith({session(local("2026-11-14 10:00"), 3600), session(local("2026-11-15 10:00"), 1860, 60)});
+    const figures::Range range{.since = day("2026-11-14"), .until = std::nullopt};
+    const std::string page = htmlPage(statistics(state, range, day("2026-11-15")));
+    EXPECT_TRUE(
+        holds(page, "<dd class=\"value\">1 h 30 min</dd><dd class=\"more\">2 sessions on 2 days</dd>"));
+    EXPECT_FALSE(holds(page, "<dt>Today</dt>"));
 }
 
 TEST(Page, showsPlannedTimeHoweverMuchWasWorked)
