@@ -42,7 +42,7 @@ Field afterField()
             .question = "What comes after it?",
             .kind = FieldKind::choice,
             .value = std::string("break"),
-            .options = {{"break", "a break and the next session"}, {finishKey, "the end of the block"}},
+            .options = {{"break", "the next session"}, {finishKey, "the end of the block"}},
             .areOptionsLong = true};
 }
 
