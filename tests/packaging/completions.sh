@@ -91,6 +91,9 @@ rule "quillmere report --until las" "last week" "last month"
 rule "quillmere report " "${spans[@]}" last
 rule "quillmere history last " week month
 rule "quillmere history last w" week
+rule "quillmere config clo" clock
+rule "quillmere config --unset block." block.focus block.break block.cycles
+rule "quillmere config clock " # any text
 rule "quillmere help break " extend end skip
 rule "quillmere help break e" extend end
 rule "quillmere --directory folder answer " 1
