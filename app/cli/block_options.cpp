@@ -1,6 +1,5 @@
 #include "cli/block_options.hpp"
 
-#include "base/text/local_time.hpp"
 #include "cli/outcome_prompts.hpp"
 #include "cli/prompt.hpp"
 #include "work/fields/answers.hpp"
@@ -65,7 +64,7 @@ void BlockOptions::askForTime(const Block& present, const Asking& asking)
     const std::optional<std::string> when =
         askToChange(asking.environment, question, [&](const std::string& text) {
             if (!text.empty() && text != begun) {
-                work::requireToCome("at", work::startFrom({"at", text}, now), now);
+                work::requireToCome("at", work::startFrom({"at", text}, now), asking.here);
             }
         });
     start_ = when ? when->empty() || *when == begun : !isKept;
@@ -85,30 +84,30 @@ void BlockOptions::tellTimes(const Block& present, const Asking& asking) const
     tell(asking.environment, work::timesText(block, asking.here));
 }
 
-Block BlockOptions::applyTo(Block block, Instant now) const
+Block BlockOptions::applyTo(Block block, const base::SeenFrom& here) const
 {
-    fields_.applyTo(block, now);
+    fields_.applyTo(block, here.now);
     if (outcomes_) {
         block.outcomes = work::outcomesFrom(*outcomes_);
     }
     if (const std::optional<std::string>& at = fields_.given("at")) {
-        block.plannedStart = work::startFrom({"at", *at}, now);  // an empty text is a slip here
+        block.plannedStart = work::startFrom({"at", *at}, here.now);  // an empty text is a slip here
     }
     if (start_) {
         block.plannedStart.reset();
     } else if (block.plannedStart) {
-        work::requireToCome("at", *block.plannedStart, now);
+        work::requireToCome("at", *block.plannedStart, here);
     }
     return block;
 }
 
-void BlockOptions::plan(const Block& present, QuillmereState& state, Instant now) const
+void BlockOptions::plan(const Block& present, QuillmereState& state, const base::SeenFrom& here) const
 {
-    Block block = applyTo(present, now);
+    Block block = applyTo(present, here);
     if (block.plannedStart) {
-        WorkflowEngine().scheduleBlock(state, std::move(block), now);
+        WorkflowEngine().scheduleBlock(state, std::move(block), here.now);
     } else {
-        WorkflowEngine().startBlock(state, std::move(block), now);
+        WorkflowEngine().startBlock(state, std::move(block), here.now);
     }
 }
 

@@ -1,6 +1,7 @@
 // The options by which a block is planned, and the prompts for what they leave out.
 #pragma once
 
+#include "base/text/local_time.hpp"
 #include "cli/field_prompts.hpp"
 #include "cli/text_options.hpp"
 #include "work/fields/field_value.hpp"
@@ -32,10 +33,10 @@ public:
 
     /// The block with the values that were given, without a planned start when it begins now. Throws
     /// work::Unacceptable.
-    Block applyTo(Block block, Instant now) const;
+    Block applyTo(Block block, const base::SeenFrom& here) const;
 
     /// Begins or schedules the block in `blockPlanning`; one without a planned start begins.
-    void plan(const Block& present, QuillmereState& state, Instant now) const;
+    void plan(const Block& present, QuillmereState& state, const base::SeenFrom& here) const;
 
 private:
     void askForTime(const Block& present, const Asking& asking);

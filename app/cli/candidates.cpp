@@ -107,6 +107,15 @@ Candidates commands(const CLI::App& line, Program&)
     return all;
 }
 
+Candidates keys(const CLI::App&, Program&)
+{
+    Candidates all;
+    for (const auto& key : config::keys) {
+        all.push_back({std::string(key.name), std::string(key.help)});
+    }
+    return all;
+}
+
 struct CandidateKind {
     std::string_view typeName;
     Candidates (*candidates)(const CLI::App& line, Program& program);
@@ -121,6 +130,7 @@ constexpr auto kinds = std::to_array<CandidateKind>({
     {"SPAN", spans},
     {"HISTORY", recordsAndSpans},
     {"COMMAND", commands},
+    {"KEY", keys},
 });
 
 const CandidateKind* kindNamed(std::string_view typeName)

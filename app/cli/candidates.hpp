@@ -16,7 +16,8 @@ namespace quillmere::cli {
 class Program;
 
 /// Whether an option of this type name (CLI::Option::type_name) has candidates: BLOCK, RECORD (a block or a
-/// session), QUESTION, VERSION, MODEL, SPAN, HISTORY (a record or a span), COMMAND.
+/// session), QUESTION, VERSION, MODEL, SPAN, HISTORY (a record or a span), COMMAND, KEY (of
+/// the configuration).
 bool isCandidateKind(std::string_view typeName);
 
 /// The candidates of a kind, with sanitized and short descriptions; none for an unknown kind. Leaves out

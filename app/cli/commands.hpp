@@ -67,7 +67,7 @@ void addRedo      (CLI::App& line, Program& program);  // makes an undone change
 void addRestore   (CLI::App& line, Program& program);  // lists them, brings one back
 
 // The system.
-void addConfig    (CLI::App& line, Program& program);  // shows the configuration, or opens its file
+void addConfig    (CLI::App& line, Program& program);  // shows the configuration, sets a value, opens the person's file
 void addDoctor    (CLI::App& line, Program& program);  // examines the files and what they lie on
 
 // Time.

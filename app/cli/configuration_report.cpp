@@ -1,15 +1,19 @@
 #include "cli/configuration_report.hpp"
 
+#include "base/refusal.hpp"
 #include "base/text/columns.hpp"
 #include "base/text/sanitize.hpp"
+#include "config/key_names.hpp"
 #include "config/keys.hpp"
 #include "config/setting.hpp"
+#include "config/toml_text.hpp"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <ostream>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace quillmere::cli {
@@ -66,6 +70,27 @@ std::vector<Line> linesOf(const config::Configuration& configuration)
     return lines;
 }
 
+Line lineOf(const config::Configuration& configuration, const std::string& key)
+{
+    const std::vector<Line> lines = linesOf(configuration);
+    const auto found =
+        std::find_if(lines.begin(), lines.end(), [&](const Line& line) { return line.key == key; });
+    if (found == lines.end()) {
+        throw base::Refusal(base::Refusal::Kind::invalidRequest,
+                            config::unknownKeyText(key, key.substr(0, key.find('.'))));
+    }
+    return *found;
+}
+
+/// The content of a text, and any other value as it is.
+std::string plain(const std::string& value)
+{
+    const config::TomlReading reading = config::readToml("value = " + value);
+    const auto* const entries = std::get_if<std::vector<config::TomlEntry>>(&reading);
+    const auto* const text = entries ? std::get_if<std::string>(&entries->front().value) : nullptr;
+    return text ? *text : value;
+}
+
 std::string originText(const Line& line)
 {
     return line.origin
@@ -89,9 +114,14 @@ base::Json originJson(const config::Origin* origin)
     return {{"file", origin->file.string()}, {"line", origin->place.line}, {"column", origin->place.column}};
 }
 
-base::Json valueJson(const std::string& value)
+base::Json valueOrNull(const std::string& value)
 {
     return value.empty() ? base::Json(nullptr) : base::Json(value);
+}
+
+base::Json jsonOf(const Line& line)
+{
+    return {{"key", line.key}, {"value", valueOrNull(line.value)}, {"origin", originJson(line.origin)}};
 }
 
 base::Json problemJson(const config::Problem& problem)
@@ -127,12 +157,26 @@ void printConfiguration(std::ostream& out, const config::Configuration& configur
     }
 }
 
+bool printValue(std::ostream& out, const config::Configuration& configuration, const std::string& key)
+{
+    const Line line = lineOf(configuration, key);
+    if (line.value.empty()) {
+        return false;
+    }
+    out << base::sanitized(plain(line.value)) << '\n';
+    return true;
+}
+
+base::Json valueJson(const config::Configuration& configuration, const std::string& key)
+{
+    return jsonOf(lineOf(configuration, key));
+}
+
 base::Json configurationJson(const config::Configuration& configuration, const fs::path& directory)
 {
     base::Json values = base::Json::array();
     for (const Line& line : linesOf(configuration)) {
-        values.push_back(
-            {{"key", line.key}, {"value", valueJson(line.value)}, {"origin", originJson(line.origin)}});
+        values.push_back(jsonOf(line));
     }
     base::Json problems = base::Json::array();
     for (const config::Problem& problem : configuration.problems) {

@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <iosfwd>
+#include <string>
 
 namespace quillmere::cli {
 
@@ -13,6 +14,13 @@ namespace quillmere::cli {
 /// value as a comment. `directory` has the files; empty: the environment names none.
 void printConfiguration(std::ostream& out, const config::Configuration& configuration,
                         const std::filesystem::path& directory);
+
+/// Prints the value of one key alone: a text without quotation marks, anything else as in TOML; returns false
+/// and prints nothing when it has none. Throws base::Refusal (`invalidRequest`) when there is no such key.
+bool printValue(std::ostream& out, const config::Configuration& configuration, const std::string& key);
+
+/// The same as JSON, with the origin. Throws as `printValue`.
+base::Json valueJson(const config::Configuration& configuration, const std::string& key);
 
 /// Values stand as they are written in TOML; null: not set.
 base::Json configurationJson(const config::Configuration& configuration,

@@ -65,7 +65,7 @@ constexpr auto examples = std::to_array<Examples>({
     {"tick",         "quillmere tick",                "quillmere tick --json"},
     {"watch",        "quillmere watch",               "quillmere watch --once --urgency low"},
     {"tour",         "quillmere tour",                "quillmere tour /tmp/tour"},
-    {"config",       "quillmere config",              "quillmere config --edit"},
+    {"config",       "quillmere config --edit",       "quillmere config block.focus 50m"},
     {"doctor",       "quillmere doctor",              "quillmere doctor --json"},
     {"help",         "quillmere help plan",           "quillmere help break extend"},
     {"version",      "quillmere version",             "quillmere version --json"},

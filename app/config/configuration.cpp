@@ -4,13 +4,13 @@
 #include "base/system/user_directory.hpp"
 #include "base/text/failure.hpp"
 #include "base/text/quotes.hpp"
+#include "config/key_names.hpp"
 #include "config/keys.hpp"
 #include "config/setting.hpp"
 
 #include <quillmere/store/file_manager.hpp>
 
 #include <algorithm>
-#include <array>
 #include <system_error>
 #include <utility>
 
@@ -18,16 +18,6 @@ namespace quillmere::config {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr std::size_t mostBytes = 64 * 1024;
-
-template <class Record, std::size_t count>
-const Key<Record>* keyNamed(const std::array<Key<Record>, count>& table, std::string_view name)
-{
-    const auto found =
-        std::find_if(table.begin(), table.end(), [&](const Key<Record>& key) { return key.name == name; });
-    return found == table.end() ? nullptr : &*found;
-}
 
 /// The path as it is written in a file: "block.focus".
 std::string nameOf(const std::vector<std::string>& path)
@@ -37,27 +27,6 @@ std::string nameOf(const std::vector<std::string>& path)
         name += (name.empty() ? "" : ".") + tomlKey(part);
     }
     return name;
-}
-
-/// "focus, break, cycles": the keys whose names begin with `front`, without it.
-template <class Record, std::size_t count>
-std::string namesOf(const std::array<Key<Record>, count>& table, std::string_view front)
-{
-    std::string names;
-    for (const Key<Record>& key : table) {
-        if (key.name.starts_with(front)) {
-            names.append(names.empty() ? "" : ", ").append(key.name.substr(front.size()));
-        }
-    }
-    return names;
-}
-
-/// Whether some key stands in the table.
-bool isTable(const std::string& name)
-{
-    return name == templateTable || std::any_of(keys.begin(), keys.end(), [&](const Key<Values>& key) {
-               return key.name.starts_with(name + ".");
-           });
 }
 
 /// Adds the entries of one file.
@@ -83,21 +52,11 @@ private:
     void takeValue(const TomlEntry& entry)
     {
         const std::string name = nameOf(entry.path);
-        if (const Key<Values>* const key = keyNamed(keys, name)) {
+        if (const Key<Values>* const key = keyNamed(name)) {
             store(configuration_.values, *key, name, entry);
         } else if (!std::holds_alternative<EmptyTable>(entry.value) || !isTable(name)) {
-            complain(entry.keyPlace, name + " is no key. " + keysNear(entry.path));
+            complain(entry.keyPlace, unknownKeyText(name, entry.path.front()));
         }
-    }
-
-    /// "The keys of [block] are focus, break, cycles."
-    static std::string keysNear(const std::vector<std::string>& path)
-    {
-        const std::string& table = path.front();
-        return isTable(table) ? "The keys of [" + table + "] are " + namesOf(keys, table + ".") + "."
-                              : "The keys are " + namesOf(keys, "") +
-                                    "; templates stand in tables "
-                                    "such as [template.report].";
     }
 
     /// `entry` is below [template]: {"template", NAME, field}, or shorter where a value stands for a table.
@@ -130,11 +89,10 @@ private:
     {
         const std::string field = nameOf({entry.path.begin() + 2, entry.path.end()});
         Template& named = templateOf(entry);
-        if (const Key<Template>* const key = keyNamed(templateKeys, field)) {
+        if (const Key<Template>* const key = templateKeyNamed(field)) {
             store(named, *key, nameOf(entry.path), entry);
         } else {
-            complain(entry.keyPlace, nameOf(entry.path) + " is no key. The keys of a template are " +
-                                         namesOf(templateKeys, "") + ".");
+            complain(entry.keyPlace, unknownTemplateKeyText(nameOf(entry.path)));
         }
     }
 
@@ -208,6 +166,15 @@ fs::path directoryOfThisUser()
     return home.empty() ? home : home / "quillmere";
 }
 
+fs::path fileIn(const fs::path& directory, std::string_view name)
+{
+    if (directory.empty()) {
+        throw base::Refusal(base::Refusal::Kind::fileError,
+                            "Neither XDG_CONFIG_HOME nor HOME names a directory for the configuration.");
+    }
+    return directory / name;
+}
+
 Configuration read(const fs::path& directory)
 {
     Configuration configuration;
@@ -220,7 +187,7 @@ Configuration read(const fs::path& directory)
 
 void add(Configuration& configuration, std::string_view text, const fs::path& file)
 {
-    if (text.size() > mostBytes) {
+    if (text.size() > mostFileBytes) {
         configuration.problems.push_back({.file = file,
                                           .place = std::nullopt,
                                           .sentence = "It is larger than 64 KiB. The file is left out."});

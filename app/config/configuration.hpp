@@ -7,6 +7,7 @@
 #include "config/toml_text.hpp"
 #include "config/values.hpp"
 
+#include <cstddef>
 #include <filesystem>
 #include <map>
 #include <optional>
@@ -18,6 +19,9 @@ namespace quillmere::config {
 
 inline constexpr std::string_view ownFileName = "config.toml";
 inline constexpr std::string_view preferencesFileName = "preferences.toml";
+
+/// A larger file is left out.
+inline constexpr std::size_t mostFileBytes = 64 * 1024;
 
 /// A place in a file of the configuration.
 struct Origin {
@@ -43,6 +47,9 @@ struct Configuration {
 /// The directory of the two files: `quillmere` in `$XDG_CONFIG_HOME` when that is an absolute path, otherwise
 /// in `$HOME/.config` when HOME is one (XDG Base Directory); empty when the environment names neither.
 std::filesystem::path directoryOfThisUser();
+
+/// The file of this name in `directory`. Throws base::Refusal (`fileError`) when `directory` is empty.
+std::filesystem::path fileIn(const std::filesystem::path& directory, std::string_view name);
 
 /// Reads the two files in `directory`; a missing file sets nothing, and an empty `directory` has none. Files
 /// and values that cannot be used are left out and become problems. Throws `std::bad_alloc` only.

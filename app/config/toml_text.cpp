@@ -3,7 +3,6 @@
 // The parser is compiled into this file alone: a shared library would be loaded at every start.
 #define TOML_HEADER_ONLY 1
 #define TOML_EXCEPTIONS 0
-#define TOML_ENABLE_FORMATTERS 0
 #define TOML_MAX_NESTED_VALUES 8
 // One of the parser's tables of characters (3.3) leaves out most of U+00A0 to U+0499, an ordinary é among
 // them, by a statement whose behaviour is undefined. Here it answers that a character is not of its kind.
@@ -16,6 +15,9 @@
 #include <toml++/toml.h>
 
 #include <algorithm>
+#include <locale>
+#include <span>
+#include <sstream>
 #include <tuple>
 #include <utility>
 
@@ -104,6 +106,59 @@ std::optional<std::int64_t> lineOfDeepKeys(std::string_view text)
     return std::nullopt;
 }
 
+using Parsed = std::variant<toml::table, TomlError>;
+
+Parsed parse(std::string_view text)
+{
+    if (const std::optional<std::int64_t> line = lineOfDeepKeys(text)) {
+        return TomlError{.description = "the line has more than 500 full stops",
+                         .place = {.line = *line, .column = 1}};
+    }
+    toml::parse_result result = toml::parse(text);
+    if (!result) {
+        return TomlError{.description = std::string(result.error().description()),
+                         .place = placeOf(result.error().source())};
+    }
+    return std::move(result).table();
+}
+
+/// No literal strings and no line breaks in strings: each value stands in one line.
+std::string textOf(const toml::table& table)
+{
+    std::ostringstream out;
+    out.imbue(std::locale::classic());
+    out << toml::toml_formatter(table, toml::format_flags::allow_unicode_strings) << '\n';
+    return std::move(out).str();
+}
+
+using Parts = std::span<const std::string>;
+
+/// Creates the tables that are missing.
+void setBelow(toml::table& table, Parts path, const toml::node& value)
+{
+    if (path.size() == 1) {
+        table.insert_or_assign(path.front(), value);
+        return;
+    }
+    if (!table[path.front()].is_table()) {
+        table.insert_or_assign(path.front(), toml::table());
+    }
+    setBelow(*table[path.front()].as_table(), path.subspan(1), value);
+}
+
+void removeBelow(toml::table& table, Parts path)
+{
+    toml::table* const below = path.size() > 1 ? table[path.front()].as_table() : nullptr;
+    if (path.size() == 1) {
+        table.erase(path.front());
+    } else if (below && !below->empty()) {
+        removeBelow(*below, path.subspan(1));
+        if (below->empty()) {
+            table.erase(path.front());
+        }
+    }
+}
+
 std::string escapeOf(unsigned char character)
 {
     constexpr std::string_view digits = "0123456789ABCDEF";
@@ -114,21 +169,31 @@ std::string escapeOf(unsigned char character)
 
 TomlReading readToml(std::string_view text)
 {
-    if (const std::optional<std::int64_t> line = lineOfDeepKeys(text)) {
-        return TomlError{.description = "the line has more than 500 full stops",
-                         .place = {.line = *line, .column = 1}};
-    }
-    const toml::parse_result result = toml::parse(text);
-    if (!result) {
-        return TomlError{.description = std::string(result.error().description()),
-                         .place = placeOf(result.error().source())};
+    const Parsed parsed = parse(text);
+    if (const auto* const error = std::get_if<TomlError>(&parsed)) {
+        return *error;
     }
     std::vector<TomlEntry> entries;
-    addEntries(result.table(), {}, entries);
+    addEntries(std::get<toml::table>(parsed), {}, entries);
     std::stable_sort(entries.begin(), entries.end(), [](const TomlEntry& one, const TomlEntry& other) {
         return stands(one.keyPlace, other.keyPlace);
     });
     return entries;
+}
+
+std::string withValue(std::string_view text, const std::vector<std::string>& path, std::string_view value)
+{
+    auto table = std::get<toml::table>(parse(text));
+    const auto line = std::get<toml::table>(parse("value = " + std::string(value)));
+    setBelow(table, path, *line.get("value"));
+    return textOf(table);
+}
+
+std::string withoutValue(std::string_view text, const std::vector<std::string>& path)
+{
+    auto table = std::get<toml::table>(parse(text));
+    removeBelow(table, path);
+    return textOf(table);
 }
 
 std::string tomlText(std::string_view text)

@@ -90,7 +90,8 @@ std::optional<Finding> versionsFinding(const Examined& examined)
     }
     const std::string text = base::countText(std::ssize(versions), "version") + ", " +
                              sizeText(sizeOf(versions)) + ", the newest of " +
-                             base::localText(versions.front().savedAt) + ", in " + place.string();
+                             base::localText(versions.front().savedAt, examined.subject.hours) + ", in " +
+                             place.string();
     if (const std::string failure = failureToRead(versions.front()); !failure.empty()) {
         return look(sentence(text + ". The newest cannot be read: " + failure),
                     "Earlier ones may: see which.", commandLine(examined.subject, "restore"));

@@ -99,11 +99,12 @@ std::optional<Finding> clockFinding(const Examined& examined)
             "The clock is outside the years 0000 to 9999, which the files can hold. Changes are refused.",
             "Set the clock.", "timedatectl");
     }
+    const base::Hours hours = examined.subject.hours;
     const std::optional<DatedRecord> newest = newestRecord(examined);
-    const std::string reading = "The clock shows " + base::localTextToTheSecond(now);
+    const std::string reading = "The clock shows " + base::localTextToTheSecond(now, hours);
     if (newest && newest->at > now) {
         return look(reading + ". " + newest->name +
-                        " is dated after that: " + base::localTextToTheSecond(newest->at) + ".",
+                        " is dated after that: " + base::localTextToTheSecond(newest->at, hours) + ".",
                     "If the clock is wrong, set it. If it is right, go on: it was wrong when that was "
                     "recorded, and times in between look odd.",
                     "timedatectl");

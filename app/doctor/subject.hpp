@@ -1,6 +1,7 @@
 // What is examined.
 #pragma once
 
+#include "base/text/hours.hpp"
 #include "workspace/workspace.hpp"
 
 #include <quillmere/records/instant.hpp>
@@ -37,7 +38,8 @@ struct Subject {
     workspace::Workspace workspace;
     std::filesystem::path stateHome;  ///< for versions, drafts and notices; may be empty
     Origin origin;
-    Instant now;  ///< by the clock as it is, which may be far off
+    Instant now;                                  ///< by the clock as it is, which may be far off
+    base::Hours hours = base::Hours::twentyFour;  ///< how times are shown
 
     const std::filesystem::path& directory() const { return workspace.directory(); }
 };

@@ -1,9 +1,15 @@
-// The configuration: any text is read, and what was taken reads back equal.
+// The configuration: any text is read, what was taken reads back equal, and a value is set beside
+// all others.
 #include "config/configuration.hpp"
 #include "config/keys.hpp"
 #include "config/setting.hpp"
+#include "config/toml_text.hpp"
 
+#include <algorithm>
 #include <string>
+#include <utility>
+#include <variant>
+#include <vector>
 
 #include "fuzz/fuzz_target.hpp"
 
@@ -30,6 +36,40 @@ std::string textOf(const config::Values& values)
     return text;
 }
 
+using ValuesByPath = std::vector<std::pair<std::vector<std::string>, config::TomlValue>>;
+
+/// Without those below `left`.
+ValuesByPath valuesOf(const config::TomlReading& reading, const std::string& left)
+{
+    ValuesByPath values;
+    for (const config::TomlEntry& entry : std::get<std::vector<config::TomlEntry>>(reading)) {
+        if (entry.path.front() != left) {
+            values.emplace_back(entry.path, entry.value);
+        }
+    }
+    std::sort(values.begin(), values.end(),
+              [](const auto& one, const auto& other) { return one.first < other.first; });
+    return values;
+}
+
+/// Setting and removing one value keeps all others.
+void requireKept(std::string_view text)
+{
+    const config::TomlReading before = config::readToml(text);
+    if (std::holds_alternative<config::TomlError>(before)) {
+        return;
+    }
+    const std::string with = config::withValue(text, {"block", "focus"}, "\"50m\"");
+    for (const std::string& after : {with, config::withoutValue(with, {"block", "focus"})}) {
+        const config::TomlReading reading = config::readToml(after);
+        if (const auto* const error = std::get_if<config::TomlError>(&reading)) {
+            require(error->description == "the line has more than 500 full stops", "what is written is TOML");
+            return;
+        }
+        require(valuesOf(reading, "block") == valuesOf(before, "block"), "and has all other values");
+    }
+}
+
 void configure(std::string_view text)
 {
     config::Configuration configuration;
@@ -39,6 +79,7 @@ void configure(std::string_view text)
         require(!problem.place || (problem.place->line >= 1 && problem.place->column >= 1),
                 "a place is in the text");
     }
+    requireKept(text);
     config::Configuration again;
     config::add(again, textOf(configuration.values), "file");
     require(again.problems.empty(), "values that were taken are taken again");

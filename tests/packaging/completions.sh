@@ -27,6 +27,9 @@ at_home()
 # The words of a person, which do harm where a shell evaluates them.
 # shellcheck disable=SC2016 # on purpose
 hostile='$(>executed)`>executed`;>executed "a'\''b\c:d'
+# A directory of such a name, and its name between single quotation marks.
+# shellcheck disable=SC2016 # on purpose
+odd='../odd a$c`>executed`$(touch executed)"e:f'
 {
     echo "[template.report]"
     echo "cycles = 2"
@@ -42,6 +45,7 @@ hostile='$(>executed)`>executed`;>executed "a'\''b\c:d'
     at_home quillmere ask "$hostile"
     at_home quillmere ask "Which figure first?"
     at_home quillmere --directory folder ask "$hostile"
+    for number in 1 2 3 4; do at_home quillmere --directory "$odd" ask "$number?"; done
     for number in 1 2 3; do at_home quillmere --directory "$work/home/other" ask "$number?"; done
 } >"$work/said" 2>&1 || { cat "$work/said"; exit 1; }
 read -r day _ block _ < <(at_home quillmere history)
@@ -91,14 +95,27 @@ rule "quillmere report --until las" "last week" "last month"
 rule "quillmere report " "${spans[@]}" last
 rule "quillmere history last " week month
 rule "quillmere history last w" week
+rule "quillmere config clo" clock
+rule "quillmere config --unset block." block.focus block.break block.cycles
+rule "quillmere config clock " # any text
 rule "quillmere help break " extend end skip
 rule "quillmere help break e" extend end
 rule "quillmere --directory folder answer " 1
 rule "quillmere --directory=folder answer " 1
 rule "quillmere answer --directory folder " 1
 rule "quillmere --directory ~/other answer " 1 2 3
+rule "quillmere --directory '$odd' answer " 1 2 3 4
+rule "quillmere --directory='$odd' answer " 1 2 3 4
+rule "quillmere answer --directory '$odd' " 1 2 3 4
+rule "quillmere --directory $(sed 's/[^a-z]/\\&/g' <<<"$odd") answer " 1 2 3 4
+rule "quillmere --directory '../od'\"d \"'${odd#* }' answer " 1 2 3 4
+if [[ $shell != fish ]]; then # in which a backtick has no meaning, and keeps its backslash
+    rule "quillmere --directory \"$(sed 's/[$`"]/\\&/g' <<<"$odd")\" answer " 1 2 3 4
+fi
 # shellcheck disable=SC2016 # on purpose
 rule 'quillmere --directory $(>executed) answer ' # it would have to be evaluated
+# shellcheck disable=SC2016 # on purpose
+rule 'quillmere --directory "$(>executed)" answer '
 
 # shellcheck disable=SC2046 # words
 {

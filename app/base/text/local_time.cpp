@@ -20,15 +20,19 @@ std::string formatted(const std::tm& fields, const char* format)
 }
 
 /// "16:00" or "4:00 pm"; the minutes, or the minutes and seconds, by `format`.
-std::string clockText(Instant instant, Hours hours, const char* format)
+std::string clockText(const std::tm& fields, Hours hours, const char* format)
 {
-    const std::tm fields = localFields(instant);
     const std::string rest = formatted(fields, format);
     if (hours == Hours::twentyFour) {
         return formatted(fields, "%H") + rest;
     }
     // strftime(3) would take the words from the locale.
     return std::to_string((fields.tm_hour + 11) % 12 + 1) + rest + (fields.tm_hour < 12 ? " am" : " pm");
+}
+
+std::string clockText(Instant instant, Hours hours, const char* format)
+{
+    return clockText(localFields(instant), hours, format);
 }
 
 constexpr const char* minutes = ":%M";
@@ -43,7 +47,7 @@ std::int64_t offsetAt(Instant instant) { return localFields(instant).tm_gmtoff; 
 constexpr double dayAround = 26 * 3600;
 
 /// The time that the clocks skip, if at this instant they would show it without their change.
-std::string skippedTime(Instant instant)
+std::string skippedTime(Instant instant, Hours hours)
 {
     const std::int64_t before = offsetAt(instant - dayAround);
     const auto gap = static_cast<double>(offsetAt(instant) - before);
@@ -54,11 +58,11 @@ std::string skippedTime(Instant instant)
         static_cast<std::time_t>(std::floor(instant.secondsSince1970())) + static_cast<std::time_t>(before);
     std::tm fields{};
     ::gmtime_r(&shown, &fields);
-    return formatted(fields, "%H:%M");
+    return clockText(fields, hours, minutes);
 }
 
 /// Says what a change of the clocks makes of a local time; empty elsewhere.
-std::string clockChangeText(Instant instant)
+std::string clockChangeText(Instant instant, Hours hours)
 {
     const Instant second(std::floor(instant.secondsSince1970()));
     const auto sinceEpoch = static_cast<std::int64_t>(second.secondsSince1970()) + offsetAt(second);
@@ -68,7 +72,7 @@ std::string clockChangeText(Instant instant)
         return std::string(" (the ") + (second == instants.front() ? "first" : "second") +
                " of two: the clocks are set back that day)";
     }
-    const std::string skipped = skippedTime(second);
+    const std::string skipped = skippedTime(second, hours);
     return skipped.empty() ? "" : " (the clocks are set forward that day, and " + skipped + " is left out)";
 }
 
@@ -78,7 +82,8 @@ std::string inFull(Instant instant, Hours hours, const char* clockFormat)
     const chrono::year_month_day date(day);
     return std::string(weekdayText(chrono::weekday(day))) + " " +
            std::to_string(static_cast<unsigned>(date.day())) + " " + std::string(monthText(date.month())) +
-           formatted(instant, " %04Y, ") + clockText(instant, hours, clockFormat) + clockChangeText(instant);
+           formatted(instant, " %04Y, ") + clockText(instant, hours, clockFormat) +
+           clockChangeText(instant, hours);
 }
 
 }  // namespace

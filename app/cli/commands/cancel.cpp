@@ -65,7 +65,7 @@ std::optional<amendments::PassedStart> choiceOf(const CancelCommand& command, In
                       : std::nullopt;
 }
 
-void askForChoice(CancelCommand& command, base::Environment& environment, Instant now)
+void askForChoice(CancelCommand& command, base::Environment& environment, const base::SeenFrom& here)
 {
     const std::string answer = askUntil(
         environment,
@@ -73,7 +73,7 @@ void askForChoice(CancelCommand& command, base::Environment& environment, Instan
                  "drop it? (now, 14:30, drop)"},
         [&](const std::string& word) {
             if (word != "now" && word != "drop") {
-                work::requireToCome("at", work::startFrom({"at", word}, now), now);
+                work::requireToCome("at", work::startFrom({"at", word}, here.now), here);
             }
         });
     command.starts = answer == "now";
@@ -90,8 +90,9 @@ std::string whatBecomesOfTheWords(bool areDraftsKept)
 
 /// Asks for what the command line leaves open.
 void settle(CancelCommand& command, Subject subject, const workspace::Situation& situation,
-            bool areDraftsKept, base::Environment& environment)
+            bool areDraftsKept, Program& program)
 {
+    base::Environment& environment = program.environment();
     const bool mayAsk = environment.inputIsTerminal;
     if (subject == Subject::editingWithPassedStart && !choiceOf(command, situation.now)) {
         if (!mayAsk) {
@@ -99,7 +100,7 @@ void settle(CancelCommand& command, Subject subject, const workspace::Situation&
                                "The start of the scheduled block has passed while it was edited. Possible: "
                                "--start begins it now, --at TIME gives it another time, --drop drops it.");
         }
-        askForChoice(command, environment, situation.now);
+        askForChoice(command, environment, {situation.now, program.hours()});
     } else if (subject == Subject::block && !command.isConfirmed) {
         requireAgreement(environment, "Drop " + blockInWords(*situation.state.currentBlock) + "? " +
                                           whatBecomesOfTheWords(areDraftsKept));
@@ -140,7 +141,7 @@ void cancel(CancelCommand& command, Program& program)
     const workspace::Situation situation = workspace.look();
     const Subject subject = subjectIn(situation.state, situation.now);
     const work::Drafts drafts(workspace.stateDirectory());
-    settle(command, subject, situation, drafts.areKept(), program.environment());
+    settle(command, subject, situation, drafts.areKept(), program);
     std::string done;
     const workspace::Operation operation = work::keepingWords(
         [&](QuillmereState& state, Instant now) {

@@ -32,7 +32,8 @@ std::vector<doctor::Check> examined(Program& program)
         return doctor::examine({.workspace = program.workspace(),
                                 .stateHome = environment.stateHome,
                                 .origin = originOfDirectory(program),
-                                .now = environment.clock()});
+                                .now = environment.clock(),
+                                .hours = program.hours()});
     } catch (const base::Refusal& refusal) {
         return {{"directory", "Directory",
                  doctor::wrong(refusal.what(), "Without a directory nothing can be kept.")}};

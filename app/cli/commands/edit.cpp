@@ -25,7 +25,7 @@ std::string edit(const BlockOptions& options, QuillmereState& state, const base:
     if (!isBeingEdited(state)) {
         WorkflowEngine().editScheduledBlock(state, here.now);
     }
-    options.plan(*state.currentBlock, state, here.now);
+    options.plan(*state.currentBlock, state, here);
     const std::optional<Instant>& start = state.currentBlock->plannedStart;
     if (start && options.hasTime()) {
         return work::done::scheduledFor(*start, here.hours);

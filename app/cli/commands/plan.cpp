@@ -53,7 +53,7 @@ void planBlock(const PlanCommand& command, QuillmereState& state, Instant now)
     if (state.workflowState != WorkflowState::blockPlanning) {
         WorkflowEngine().beginBlockPlanning(state, now);
     }
-    command.options.plan(presentBlock(command, state, now), state, now);
+    command.options.plan(presentBlock(command, state, now), state, {now, command.values.hours});
     if (!command.options.hasTime() && !state.currentBlock->plannedStart) {
         throw ProgramError(ExitCode::usage, "Say --start to begin now, or --at TIME to begin later.");
     }

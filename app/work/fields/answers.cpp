@@ -1,7 +1,6 @@
 #include "work/fields/answers.hpp"
 
 #include "base/text/blank.hpp"
-#include "base/text/local_time.hpp"
 #include "base/text/lower_case.hpp"
 #include "base/text/quotes.hpp"
 #include "base/text/typed_time.hpp"
@@ -14,16 +13,19 @@ namespace {
 
 // One overload for each type of member.
 
-FieldValue valueOf(const std::string& text) { return text; }
-FieldValue valueOf(double seconds) { return base::durationAsTyped(seconds); }
-FieldValue valueOf(std::int64_t number) { return std::to_string(number); }
-FieldValue valueOf(CompletionResult result) { return std::string(rawValue(result)); }
-FieldValue valueOf(const std::optional<Instant>& start)
+FieldValue valueOf(const std::string& text, base::Hours) { return text; }
+FieldValue valueOf(double seconds, base::Hours) { return base::durationAsTyped(seconds); }
+FieldValue valueOf(std::int64_t number, base::Hours) { return std::to_string(number); }
+FieldValue valueOf(CompletionResult result, base::Hours) { return std::string(rawValue(result)); }
+FieldValue valueOf(const std::optional<Instant>& start, base::Hours hours)
 {
-    return start ? base::localText(*start) : std::string();
+    return start ? base::localText(*start, hours) : std::string();
 }
-FieldValue valueOf(const std::optional<Identifier>& id) { return id ? id->text() : std::string(); }
-FieldValue valueOf(const std::vector<Outcome>& outcomes)
+FieldValue valueOf(const std::optional<Identifier>& id, base::Hours)
+{
+    return id ? id->text() : std::string();
+}
+FieldValue valueOf(const std::vector<Outcome>& outcomes, base::Hours)
 {
     std::vector<ListItem> items;
     for (const Outcome& outcome : outcomes) {
@@ -139,10 +141,10 @@ double lengthChangeFrom(const Answer& answer)
     return isNegative ? -*seconds : *seconds;
 }
 
-void requireToCome(const std::string& field, Instant start, Instant now)
+void requireToCome(const std::string& field, Instant start, const base::SeenFrom& here)
 {
-    if (start < now) {
-        throw Unacceptable(field, "The time to begin, " + base::localText(start) +
+    if (start < here.now) {
+        throw Unacceptable(field, "The time to begin, " + base::localText(start, here.hours) +
                                       ", has passed; name a later time, or begin now.");
     }
 }
@@ -189,9 +191,9 @@ std::vector<Outcome> outcomesFrom(const std::vector<ListItem>& items)
 }
 
 template <class Record>
-FieldValue valueIn(const Record& record, const RecordField<Record>& field)
+FieldValue valueIn(const Record& record, const RecordField<Record>& field, base::Hours hours)
 {
-    return std::visit([&](const auto member) { return valueOf(record.*member); }, field.member);
+    return std::visit([&](const auto member) { return valueOf(record.*member, hours); }, field.member);
 }
 
 template <class Record>
@@ -224,10 +226,10 @@ void requireUsable(const Record& present, const RecordField<Record>& field, cons
     }
 }
 
-template FieldValue valueIn(const Block&, const RecordField<Block>&);
-template FieldValue valueIn(const SessionPlan&, const RecordField<SessionPlan>&);
-template FieldValue valueIn(const SessionReview&, const RecordField<SessionReview>&);
-template FieldValue valueIn(const BlockReview&, const RecordField<BlockReview>&);
+template FieldValue valueIn(const Block&, const RecordField<Block>&, base::Hours);
+template FieldValue valueIn(const SessionPlan&, const RecordField<SessionPlan>&, base::Hours);
+template FieldValue valueIn(const SessionReview&, const RecordField<SessionReview>&, base::Hours);
+template FieldValue valueIn(const BlockReview&, const RecordField<BlockReview>&, base::Hours);
 
 template void setFrom(Block&, const RecordField<Block>&, const std::string&, const FieldValue&, Instant);
 template void setFrom(SessionPlan&, const RecordField<SessionPlan>&, const std::string&, const FieldValue&,

@@ -1,6 +1,8 @@
 // From an answer to the member of a record and back: the only parser of each field, and its refusals.
 #pragma once
 
+#include "base/text/hours.hpp"
+#include "base/text/local_time.hpp"
 #include "work/fields/field_value.hpp"
 #include "work/fields/fields.hpp"
 
@@ -33,7 +35,7 @@ Instant pastTimeFrom(const Answer& answer, Instant now);
 double lengthChangeFrom(const Answer& answer);
 
 /// Throws Unacceptable when the time has passed.
-void requireToCome(const std::string& field, Instant start, Instant now);
+void requireToCome(const std::string& field, Instant start, const base::SeenFrom& here);
 
 /// Yes or no, or the first letter, in upper or lower case.
 bool agreementFrom(const Answer& answer);
@@ -50,9 +52,10 @@ inline constexpr std::string_view dismissal = "(closed without an answer)";
 /// Drops untitled outcomes, but keeps at least one. Outcomes without a key get an identifier of their own.
 std::vector<Outcome> outcomesFrom(const std::vector<ListItem>& items);
 
-/// The member as an answer that would set it.
+/// The member as an answer that would set it. Seconds of a planned start are left out.
 template <class Record>
-FieldValue valueIn(const Record& record, const RecordField<Record>& field);
+FieldValue valueIn(const Record& record, const RecordField<Record>& field,
+                   base::Hours hours = base::Hours::twentyFour);
 
 /// Sets the member to an answer; `id` is the name of the field in its form or command. Empty texts mean: no
 /// planned start, no outcome served, and a rating that stays as it is. Throws Unacceptable.

@@ -26,7 +26,7 @@ void addLine(Form& form, const Prompt& prompt) { form.add(fieldOf(prompt, "", st
 void setTime(Form& form, const Prompt& prompt, Instant instant, Instant now)
 {
     if (const std::optional<std::size_t> index = form.indexOf(prompt.name)) {
-        form.setValue(*index, base::localSecondSeenFrom(now, instant));
+        form.setValue(*index, base::localSecondSeenFrom({now, form.hours()}, instant));
     }
 }
 
@@ -110,7 +110,7 @@ void saveAnotherStart(const Form& form, QuillmereState& state, Instant now)
 {
     const Answer answer = answerIn(form, anotherStartPrompt);
     const Instant start = startFrom(answer, now);
-    requireToCome(answer.field, start, now);
+    requireToCome(answer.field, start, {now, form.hours()});
     amendments::backOut(state, amendments::StartAt{start}, now);
 }
 

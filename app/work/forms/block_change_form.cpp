@@ -35,7 +35,7 @@ amendments::BlockTexts textsBetween(const Block& before, const Block& after)
 void addBlockChangeFields(Form& form, const QuillmereState& state, Instant)
 {
     for (const RecordField<Block>& row : begunBlockFields) {
-        form.add(fieldOf(row, "", *state.currentBlock));
+        form.add(fieldOf(row, "", *state.currentBlock, form.hours()));
     }
 }
 

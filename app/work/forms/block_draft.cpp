@@ -53,7 +53,7 @@ void keepAsDraft(const Block& block, const QuillmereState& idle, const Drafts& d
     drafts.fillIn(form);
     for (const RecordField<Block>& row : blockFields) {
         const std::size_t index = *form.indexOf(row.prompt.name);
-        FieldValue value = withoutKeys(valueIn(block, row));
+        FieldValue value = withoutKeys(valueIn(block, row, form.hours()));
         if (!isPlannedStart(row) && value != form.fields()[index].beginning) {
             form.setValue(index, std::move(value));
         }

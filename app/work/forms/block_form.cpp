@@ -49,7 +49,7 @@ void addBlockFields(Form& form, const QuillmereState& state, Instant now, const 
         if (row.prompt.name == firstOfTime) {
             form.addHeading("Its time");
         }
-        Field field = fieldOf(row, "", block);
+        Field field = fieldOf(row, "", block, form.hours());
         if (!state.currentBlock) {
             removeKeys(field.value);
         }
@@ -61,7 +61,7 @@ Form filledLike(const Block& model, Form form)
 {
     for (const RecordField<Block>& row : blockFields) {
         if (row.prompt.name != startId) {
-            FieldValue value = valueIn(model, row);
+            FieldValue value = valueIn(model, row, form.hours());
             removeKeys(value);
             form.setValue(form.indexOf(row.prompt.name).value(), std::move(value));
         }
@@ -76,7 +76,7 @@ void saveBlock(const Form& form, QuillmereState& state, Instant now)
     applyFields(form, "", blockFields, block, now);
     const WorkflowEngine engine;
     if (block.plannedStart) {
-        requireToCome(startId, *block.plannedStart, now);
+        requireToCome(startId, *block.plannedStart, {now, form.hours()});
         engine.scheduleBlock(state, std::move(block), now);
     } else {
         engine.startBlock(state, std::move(block), now);

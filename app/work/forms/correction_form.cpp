@@ -133,7 +133,7 @@ void addBlockCorrectionFields(Form& form, const QuillmereState& state, Instant)
     addReflection(form, block.reflection.value_or(BlockReview{}));
     form.addHeading("Its plan");
     for (const RecordField<Block>& row : correctedFields) {
-        form.add(fieldOf(row, "", block));
+        form.add(fieldOf(row, "", block, form.hours()));
     }
 }
 

@@ -1,6 +1,7 @@
 // A form as a value: fields, each with its first and its present value.
 #pragma once
 
+#include "base/text/hours.hpp"
 #include "work/fields/field_value.hpp"
 #include "work/fields/prompt.hpp"
 
@@ -103,9 +104,14 @@ enum class BroughtBack {
 
 class Form {
 public:
-    explicit Form(FormSubject subject) : subject_(std::move(subject)) {}
+    explicit Form(FormSubject subject, base::Hours hours = base::Hours::twentyFour)
+        : subject_(std::move(subject)), hours_(hours)
+    {
+    }
 
     const FormSubject& subject() const { return subject_; }
+    /// How its fields show times. They read both.
+    base::Hours hours() const { return hours_; }
 
     /// A line above all fields; empty: none.
     const std::string& reminder() const { return reminder_; }
@@ -138,6 +144,7 @@ public:
 
 private:
     FormSubject subject_;
+    base::Hours hours_;
     std::string reminder_;
     std::string nextHeading_;
     std::vector<Field> fields_;

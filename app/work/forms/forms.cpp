@@ -127,7 +127,7 @@ std::vector<FormSubject> subjectsOf(const QuillmereState& state)
 Form formFor(const FormSubject& subject, const QuillmereState& state, Instant now,
              const config::Values& values)
 {
-    Form form(subject);
+    Form form(subject, values.hours);
     rowOf(formRows, subject.kind).addFields(form, state, now, values);
     return form;
 }

@@ -28,7 +28,8 @@ FormSubject newQuestion();
 /// All forms that may be opened in a state, now or after editing the scheduled block.
 std::vector<FormSubject> subjectsOf(const QuillmereState& state);
 
-/// The form with the values of the state. A blank block has the configured lengths.
+/// The form with the values of the state. A blank block has the configured lengths, and times are shown as
+/// configured.
 Form formFor(const FormSubject& subject, const QuillmereState& state, Instant now,
              const config::Values& values = {});
 

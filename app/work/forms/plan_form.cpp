@@ -34,7 +34,7 @@ void addPlan(Form& form, const std::string& prefix, const SessionPlan& plan,
              const std::optional<Block>& block)
 {
     for (const RecordField<SessionPlan>& row : planFields) {
-        Field field = fieldOf(row, prefix, plan);
+        Field field = fieldOf(row, prefix, plan, form.hours());
         if (row.prompt.kind == FieldKind::choice) {
             field.areOptionsLong = row.prompt.limits.most == 0;
             field.options = field.areOptionsLong ? outcomeOptions(block) : ratings();

@@ -83,11 +83,12 @@ SessionPlan planFrom(const Form& form, const std::string& prefix, SessionPlan pl
 /// A field with its prompt, and without options.
 Field fieldOf(const Prompt& prompt, const std::string& prefix, FieldValue value);
 
-/// The field of a record's row.
+/// The field of a record's row, for a form that shows times so.
 template <class Record>
-Field fieldOf(const RecordField<Record>& row, const std::string& prefix, const Record& record)
+Field fieldOf(const RecordField<Record>& row, const std::string& prefix, const Record& record,
+              base::Hours hours)
 {
-    return fieldOf(row.prompt, prefix, valueIn(record, row));
+    return fieldOf(row.prompt, prefix, valueIn(record, row, hours));
 }
 
 /// Sets the fields of a record that are in the form and were changed there. An unchanged field keeps its
@@ -99,7 +100,7 @@ void applyFields(const Form& form, const std::string& prefix,
     for (const RecordField<Record>& row : rows) {
         const std::string id = prefix + std::string(row.prompt.name);
         const FieldValue& value = form.field(id).value;
-        if (value != valueIn(record, row)) {
+        if (value != valueIn(record, row, form.hours())) {
             setFrom(record, row, id, value, now);
         }
     }

@@ -61,7 +61,7 @@ std::string titlesOf(const std::optional<Block>& block)
 void addReflection(Form& form, const BlockReview& reflection)
 {
     for (const RecordField<BlockReview>& row : reflectionFields) {
-        form.add(fieldOf(row, "", reflection));
+        form.add(fieldOf(row, "", reflection, form.hours()));
     }
 }
 
@@ -76,7 +76,7 @@ bool finishesBlock(const Form& form) { return form.has(afterId) && form.text(aft
 void addReview(Form& form, const std::optional<SessionReview>& review)
 {
     for (const RecordField<SessionReview>& row : reviewFields) {
-        Field field = fieldOf(row, "", review.value_or(emptyReview()));
+        Field field = fieldOf(row, "", review.value_or(emptyReview()), form.hours());
         if (row.prompt.kind == FieldKind::choice) {
             field.value = review ? field.value : std::string();
             field.options = completions();

@@ -110,6 +110,46 @@ TEST_F(Configured, timesAreShownWithTwelveHours)
     EXPECT_NE(undone.find("(4:00 pm)"), std::string::npos) << undone;
 }
 
+TEST_F(Configured, timesAreRefusedWithTwelveHours)
+{
+    const TimeZone here("UTC");
+    has("clock = '12h'");
+    for (const Words& command :
+         {Words{"plan", "--at", "2026-11-15 14:00"}, {"edit", "--at", "2026-11-15 14:00"}}) {
+        EXPECT_EQ(
+            person.types(command).err,
+            "--at: The time to begin, 2026-11-15 2:00 pm, has passed; name a later time, or begin now.\n");
+        person.types({"plan", "--at", "+1h"});
+    }
+}
+
+TEST_F(Configured, promptsRefuseTimesWithTwelveHours)
+{
+    const TimeZone here("UTC");
+    has("clock = '12h'");
+    person.isAsked = true;
+    QuillmereState state = stateWithScheduledBlock();
+    state.workflowState = WorkflowState::blockPlanning;
+    person.has(state);
+    person.now = moment + 4'000;
+    person.answers = "2026-11-15 14:00\ndrop\n";
+    EXPECT_NE(person.types({"cancel"}).err.find("The time to begin, 2026-11-15 2:00 pm, has passed"),
+              std::string::npos);
+}
+
+TEST_F(Configured, doctorSaysTimesWithTwelveHours)
+{
+    const TimeZone here("UTC");
+    has("clock = '12h'");
+    person.types({"ask", "One?"});
+    person.types({"ask", "Two?"});
+    person.now = moment - 3600;
+    const std::string json = person.types({"doctor", "--json"}).out;
+    EXPECT_NE(json.find("The clock shows 2026-11-15 2:00:00 pm. "), std::string::npos) << json;
+    EXPECT_NE(json.find(" is dated after that: 2026-11-15 3:00:00 pm."), std::string::npos) << json;
+    EXPECT_NE(json.find("the newest of 2026-11-15 3:00 pm, in "), std::string::npos) << json;
+}
+
 TEST_F(Configured, theWatchRunsTheHooksOfTheConfiguration)
 {
     const EnvironmentVariable noBus("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");

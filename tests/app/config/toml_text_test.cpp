@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <utility>
+
 namespace quillmere::config {
 namespace {
 
@@ -88,6 +91,90 @@ TEST(ReadToml, refusesKeysThatCouldExhaustTheStack)
 TEST(ReadToml, refusesListsThatCouldExhaustTheStack)
 {
     EXPECT_EQ(errorIn("a = " + std::string(30'000, '[')).place.line, 1);
+}
+
+/// The values by their paths.
+using ValuesByPath = std::vector<std::pair<std::vector<std::string>, TomlValue>>;
+
+ValuesByPath sorted(ValuesByPath values)
+{
+    std::sort(values.begin(), values.end(),
+              [](const auto& one, const auto& other) { return one.first < other.first; });
+    return values;
+}
+
+ValuesByPath valuesIn(std::string_view text)
+{
+    ValuesByPath values;
+    for (const TomlEntry& entry : entriesIn(text)) {
+        values.emplace_back(entry.path, entry.value);
+    }
+    return sorted(std::move(values));
+}
+
+/// Values of every type, under keys that need quotation marks.
+constexpr std::string_view everyType = R"(
+"a b.ü\"\n\u001b" = "ü\"\\\n\t\u0007 '''"
+literal = 'C:\new'
+lines = """
+one
+two"""
+numbers = [0x1F, -9223372036854775808, 9223372036854775807]
+fractions = [0.1, 1e300, -0.0, inf, 5.0]
+times = [1979-05-27T07:32:00.5-07:00, 1979-05-27T07:32:00, 1979-05-27, 07:32:00]
+mixed = [1, "two", { three = [3.5] }, []]
+yes = true
+inline = { a = { b = 1 }, "c d" = 2 }
+[deep.deeper.deepest."below that"]
+x = 1
+[[list]]
+n = 1
+[[list]]
+n = 2
+[list.below]
+m = 3
+)";
+
+TEST(WithValue, keepsEveryOtherValue)
+{
+    const std::string text = withValue(everyType, {"block", "focus"}, "\"50m\"");
+    ValuesByPath values = valuesIn(everyType);
+    values.emplace_back(std::vector<std::string>{"block", "focus"}, "50m");
+    EXPECT_EQ(valuesIn(text), sorted(values)) << text;
+    for (const char* const written :
+         {"-9223372036854775808", "0.1", "1e+300", "-0.0", "inf", "5.0", "1979-05-27T07:32:00.5-07:00",
+          "07:32:00", "three = [ 3.5 ]", "[[list]]", "m = 3", "x = 1"}) {
+        EXPECT_NE(text.find(written), std::string::npos) << written << " in:\n" << text;
+    }
+    EXPECT_EQ(withValue(text, {"block", "focus"}, "\"50m\""), text);
+}
+
+TEST(WithValue, setsAValueWhereverItStands)
+{
+    for (const char* const text :
+         {"", "block.focus = 1", "[block]\nfocus = 1", "[block]", "block = { focus = 1 }", "block = {}",
+          "block = 1", "[block.focus.long]\nx = 1", "[[block]]\nx = 1"}) {
+        EXPECT_EQ(valuesIn(withValue(text, {"block", "focus"}, R"(["a", "b"])")),
+                  (ValuesByPath{{{"block", "focus"}, std::vector<std::string>{"a", "b"}}}))
+            << text;
+    }
+}
+
+TEST(WithoutValue, removesAValueAndTheTablesThatItLeavesEmpty)
+{
+    const std::pair<std::string_view, std::string_view> cases[] = {
+        {"a.b.c = 1", ""},
+        {"a.b.c = 1\na.d = 2", "a.d = 2"},
+        {"a.b.c.d = 1\ne = 2", "e = 2"},
+        {"a.b = 1", "a.b = 1"},
+        {"[a.b]", "[a.b]"},
+        {"[a]", "[a]"},
+        {"", ""},
+    };
+    for (const auto& [text, rest] : cases) {
+        const std::string without = withoutValue(text, {"a", "b", "c"});
+        EXPECT_EQ(valuesIn(without), valuesIn(rest)) << text << " became:\n" << without;
+    }
 }
 
 TEST(TomlText, isReadBackAsItWas)

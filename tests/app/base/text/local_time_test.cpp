@@ -131,6 +131,8 @@ TEST(LocalTextInFull, saysWhichTimeTheClocksSkip)
     const Instant change{1'774'746'000};  // 03:00 instead of 02:00
     EXPECT_EQ(base::localTextInFull(change + 1800),
               "Sun 29 Mar 2026, 03:30 (the clocks are set forward that day, and 02:30 is left out)");
+    EXPECT_EQ(base::localTextInFull(change + 1800, base::Hours::twelve),
+              "Sun 29 Mar 2026, 3:30 am (the clocks are set forward that day, and 2:30 am is left out)");
     EXPECT_EQ(base::localTextInFull(change - 1), "Sun 29 Mar 2026, 01:59");
     EXPECT_EQ(base::localTextInFull(change + 3600), "Sun 29 Mar 2026, 04:00");
 }

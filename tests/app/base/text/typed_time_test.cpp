@@ -222,6 +222,23 @@ TEST(InstantFromLocalText, findsTheNextOfTwoTimesThatTheClockShows)
     EXPECT_EQ(localText(*instantFromLocalText("02:30", first + 3660)), "2026-10-26 02:30");
 }
 
+TEST(InstantFromLocalText, readsWhatIsShownOnEitherClock)
+{
+    const TimeZone here("UTC");
+    for (const base::Hours hours : {base::Hours::twelve, base::Hours::twentyFour}) {
+        for (int minute = 0; minute < 24 * 60; minute += 30) {
+            for (const int around : {-1, 0, 1}) {
+                const Instant instant = moment + (minute + around) * 60;
+                for (const std::string& text :
+                     {localText(instant, hours), base::localTextToTheSecond(instant, hours)}) {
+                    EXPECT_EQ(instantFromLocalText(text, moment), instant) << text;
+                    EXPECT_EQ(base::pastInstantFromLocalText(text, moment), instant) << text;
+                }
+            }
+        }
+    }
+}
+
 TEST(PastInstantFromLocalText, meansTheLastTimeAtWhichTheClockShowedIt)
 {
     const TimeZone here("Europe/Berlin");  // 16:00

@@ -144,6 +144,13 @@ TEST(Complete, printsCommandsWithTheirPurpose)
     EXPECT_TRUE(contains(valuesIn(lines), "break extend"));
 }
 
+TEST(Complete, printsTheKeysOfTheConfigurationWithTheirMeaning)
+{
+    const std::string lines = Person().types({"complete", "KEY"}).out;
+    EXPECT_NE(lines.find("clock\tHow times of day are shown\n"), std::string::npos) << lines;
+    EXPECT_TRUE(contains(valuesIn(lines), "block.focus"));
+}
+
 TEST(Complete, printsTheWordsThatMayFollowThoseThatAreTyped)
 {
     const Person person;

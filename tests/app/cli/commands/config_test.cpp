@@ -1,4 +1,4 @@
-// Showing and editing the configuration.
+// Showing, setting and editing the configuration.
 #include "config/configuration.hpp"
 
 #include "program_testing.hpp"
@@ -112,6 +112,67 @@ TEST_F(Config, printsJsonWithOriginsAndProblems)
     EXPECT_EQ(jsonAt("/problems/0/column", ending.out), "16");
 }
 
+TEST_F(Config, printsAValueAlone)
+{
+    has("block.focus = '90'\ndays-off = ['sunday']\n[template.'of the week']\nwhy = 'Mail'\n");
+    const std::pair<std::string, std::string> cases[] = {
+        {"block.focus", "1h30m\n"},     {"block.cycles", "8\n"}, {"sound", "true\n"},
+        {"days-off", "[\"sunday\"]\n"}, {"clock", "24h\n"},      {"template.\"of the week\".why", "Mail\n"},
+    };
+    for (const auto& [key, value] : cases) {
+        const Ending ending = person.types({"config", key});
+        EXPECT_EQ(ending.out, value) << key;
+        EXPECT_EQ(ending.code, ExitCode::done) << key;
+    }
+    EXPECT_EQ(jsonAt("/value", person.types({"config", "block.focus", "--json"}).out), R"("\"1h30m\"")");
+}
+
+TEST_F(Config, saysWhenAKeyHasNoValue)
+{
+    const Ending ending = person.types({"config", "daily-goal"});
+    EXPECT_EQ(ending.code, ExitCode::refused);
+    EXPECT_EQ(ending.out, "");
+    EXPECT_EQ(ending.err, "daily-goal is not set.\n");
+    EXPECT_EQ(jsonAt("/value", person.types({"config", "daily-goal", "--json"}).out), "null");
+    EXPECT_EQ(person.types({"config", "fokus"}).code, ExitCode::usage);
+}
+
+TEST_F(Config, setsAndUnsetsAValueInTheFileOfPrograms)
+{
+    EXPECT_EQ(person.types({"config", "block.focus", "90"}).out, "block.focus is \"1h30m\".\n");
+    EXPECT_EQ(person.types({"config", "reminders", "[]"}).out, "reminders is [].\n");
+    EXPECT_EQ(config::read(person.configDirectory).values.focusSeconds, 5400);
+    EXPECT_FALSE(std::filesystem::exists(file()));
+    EXPECT_EQ(jsonAt("/origin/file", person.types({"config", "clock", "12h", "--json"}).out),
+              '"' + (person.configDirectory / "preferences.toml").string() + '"');
+    EXPECT_EQ(person.types({"config", "--unset", "block.focus"}).out,
+              "block.focus is \"25m\", the default.\n");
+    EXPECT_EQ(config::read(person.configDirectory).values.hours, base::Hours::twelve);
+}
+
+TEST_F(Config, saysThatThePersonsFileWins)
+{
+    has("clock = '24h'\nsound = 3\n");
+    const Ending ending = person.types({"config", "clock", "12h"});
+    EXPECT_EQ(ending.code, ExitCode::done);
+    EXPECT_EQ(ending.out,
+              "config.toml says in line 1 that clock is \"24h\", and wins; edit it with quillmere config "
+              "--edit.\n");
+    EXPECT_EQ(ending.err, file().string() + ":2:9: sound must be true or false; it is left out.\n");
+    EXPECT_EQ(textOf(file()), "clock = '24h'\nsound = 3\n");
+}
+
+TEST_F(Config, refusesAValueWithTheCodeOfAWrongLine)
+{
+    const Ending ending = person.types({"config", "clock", "13h"});
+    EXPECT_EQ(ending.code, ExitCode::usage);
+    EXPECT_EQ(ending.err, "clock must be one of \"12h\", \"24h\".\n");
+    EXPECT_EQ(person.types({"config", "watch.hooks", "echo"}).code, ExitCode::usage);
+    EXPECT_EQ(person.types({"config", "--unset"}).code, ExitCode::usage);
+    EXPECT_EQ(person.types({"config", "--unset", "clock", "12h"}).code, ExitCode::usage);
+    EXPECT_EQ(person.types({"config", "--edit", "clock"}).code, ExitCode::usage);
+}
+
 TEST_F(Config, opensTheFileInTheEditor)
 {
     const Ending ending = editsBy("printf \"block.focus = '50m'\" >");
@@ -154,6 +215,7 @@ TEST_F(Config, hasNoFileWithoutADirectory)
     person.configDirectory.clear();
     EXPECT_EQ(shows().code, ExitCode::done);
     EXPECT_EQ(person.types({"config", "--edit"}).code, ExitCode::fileError);
+    EXPECT_EQ(person.types({"config", "clock", "12h"}).code, ExitCode::fileError);
 }
 
 }  // namespace

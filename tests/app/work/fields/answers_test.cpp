@@ -118,6 +118,10 @@ TEST(Answers, areLocalTimes)
     EXPECT_EQ(refusalOf([] { requireToCome("at", moment, moment); }), "accepted");
     EXPECT_EQ(refusalOf([] { requireToCome("at", moment - 60, moment); }),
               "at: The time to begin, 2026-11-15 14:59, has passed; name a later time, or begin now.");
+    EXPECT_EQ(refusalOf([] {
+                  requireToCome("at", moment - 60, {moment, base::Hours::twelve});
+              }),
+              "at: The time to begin, 2026-11-15 2:59 pm, has passed; name a later time, or begin now.");
 }
 
 TEST(Answers, areNoBlankQuestions)

@@ -95,6 +95,62 @@ TEST_F(BlockForm, changesNothingThatWasLeftAlone)
     EXPECT_EQ(*state.currentBlock, before);
 }
 
+config::Values valuesWith(base::Hours hours)
+{
+    config::Values values;
+    values.hours = hours;
+    return values;
+}
+
+/// The times of a day that are easily mistaken on a clock with twelve hours, after `moment`.
+const std::pair<double, const char*> besideNoonAndMidnight[] = {
+    {9 * 3600 - 60, "2026-11-15 11:59 pm"}, {9 * 3600, "2026-11-16 12:00 am"},
+    {9 * 3600 + 60, "2026-11-16 12:01 am"}, {21 * 3600 - 60, "2026-11-16 11:59 am"},
+    {21 * 3600, "2026-11-16 12:00 pm"},     {21 * 3600 + 60, "2026-11-16 12:01 pm"},
+};
+
+TEST_F(BlockForm, changesNothingThatWasLeftAloneOnAClockWithTwelveHours)
+{
+    for (const auto& [seconds, text] : besideNoonAndMidnight) {
+        takeScheduledBlock();
+        state.currentBlock->plannedStart = moment + seconds + 0.25;
+        const Block before = *state.currentBlock;
+        const Form shown = formFor(*subjectFor(state), state, moment, valuesWith(base::Hours::twelve));
+        EXPECT_EQ(shown.text("at"), text);
+        carryOut(shown, state, moment);
+        EXPECT_EQ(*state.currentBlock, before) << text;
+    }
+}
+
+TEST_F(BlockForm, readsTheTimeThatItShows)
+{
+    for (const base::Hours hours : {base::Hours::twelve, base::Hours::twentyFour}) {
+        for (const auto& [seconds, text] : besideNoonAndMidnight) {
+            takeScheduledBlock();
+            state.currentBlock->plannedStart = moment + seconds;
+            const Form shown = formFor(*subjectFor(state), state, moment, valuesWith(hours));
+            // Another program gives the block another time; the form is saved over it.
+            state.currentBlock->plannedStart = moment + 7;
+            carryOut(shown, state, moment);
+            EXPECT_EQ(state.currentBlock->plannedStart, moment + seconds) << shown.text("at");
+        }
+    }
+}
+
+TEST_F(BlockForm, refusesATimeOnTheClockOfThePerson)
+{
+    Form filled = formFor(*subjectFor(state), state, moment, valuesWith(base::Hours::twelve));
+    fill(filled, "at", "2026-11-15 14:00");
+    try {
+        carryOut(filled, state, moment);
+        ADD_FAILURE();
+    } catch (const Unacceptable& slip) {
+        EXPECT_STREQ(slip.what(),
+                     "The time to begin, 2026-11-15 2:00 pm, has passed; name a later time, or begin "
+                     "now.");
+    }
+}
+
 TEST_F(BlockForm, keepsTheIdentityOfOutcomes)
 {
     takeScheduledBlock();

@@ -1,10 +1,13 @@
 #include "work/forms/forms.hpp"
 
 #include "program_testing.hpp"
+#include "work/fields/answers.hpp"
 #include "work/fields/unacceptable.hpp"
 #include "work/forms/form_testing.hpp"
 
 #include <quillmere/engine/workflow_engine.hpp>
+
+#include <tuple>
 
 namespace quillmere::test {
 namespace {
@@ -33,6 +36,27 @@ TEST(Forms, belongToTheirBlockAndSession)
     engine.saveReviewAndStartBreak(state, sampleReview(1), samplePlan(2), moment);
     engine.endBreak(state, moment);
     EXPECT_NE(subjectFor(state), first);
+}
+
+TEST(Forms, readTheTimesOfASleepThatTheyShow)
+{
+    const TimeZone utc("UTC");
+    const QuillmereState state = stateIn(WorkflowState::focusing);
+    const Instant midnight = moment + 9 * 3600;
+    const Instant now = midnight + 600;
+    const base::Sleep sleep{.from = midnight - 30, .to = midnight + 30};
+    for (const auto& [hours, from, to] :
+         {std::tuple{base::Hours::twelve, "2026-11-15 11:59:30 pm", "12:00:30 am"},
+          std::tuple{base::Hours::twentyFour, "2026-11-15 23:59:30", "00:00:30"}}) {
+        config::Values values;
+        values.hours = hours;
+        Form form = formFor(subjectOf(FormKind::away, state), state, now, values);
+        work::fillIn(form, sleep, now);
+        EXPECT_EQ(form.text("from"), from);
+        EXPECT_EQ(form.text("to"), to);
+        EXPECT_EQ(pastTimeFrom({"from", form.text("from")}, now), sleep.from);
+        EXPECT_EQ(pastTimeFrom({"to", form.text("to")}, now), sleep.to);
+    }
 }
 
 TEST(Forms, areRefusedAfterTheWorkHasMovedOn)
