@@ -124,6 +124,9 @@ std::vector<TomlEntry> entriesIn(const fs::path& file, std::string_view text)
     if (const auto* const error = std::get_if<TomlError>(&reading)) {
         refuseFile(file, error->place, "This is no TOML: " + error->description + ".");
     }
+    if (!canBeRewritten(text)) {
+        refuseFile(file, std::nullopt, "It holds the number -9223372036854775808, which cannot be kept.");
+    }
     return std::get<std::vector<TomlEntry>>(std::move(reading));
 }
 

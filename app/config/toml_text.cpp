@@ -15,6 +15,8 @@
 #include <toml++/toml.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <limits>
 #include <locale>
 #include <span>
 #include <sstream>
@@ -131,6 +133,19 @@ std::string textOf(const toml::table& table)
     return std::move(out).str();
 }
 
+bool holdsLowestInteger(const toml::node& node)
+{
+    if (const auto* const integer = node.as_integer()) {
+        return integer->get() == std::numeric_limits<std::int64_t>::min();
+    }
+    if (const auto* const array = node.as_array()) {
+        return std::any_of(array->begin(), array->end(), holdsLowestInteger);
+    }
+    const auto* const table = node.as_table();
+    return table && std::any_of(table->begin(), table->end(),
+                                [](const auto& entry) { return holdsLowestInteger(entry.second); });
+}
+
 using Parts = std::span<const std::string>;
 
 /// Creates the tables that are missing.
@@ -180,6 +195,8 @@ TomlReading readToml(std::string_view text)
     });
     return entries;
 }
+
+bool canBeRewritten(std::string_view text) { return !holdsLowestInteger(std::get<toml::table>(parse(text))); }
 
 std::string withValue(std::string_view text, const std::vector<std::string>& path, std::string_view value)
 {

@@ -49,9 +49,13 @@ using TomlReading = std::variant<std::vector<TomlEntry>, TomlError>;
 /// A table deeper than any key is an entry with another value. Throws `std::bad_alloc`.
 TomlReading readToml(std::string_view text);
 
+/// Whether the values of a text that is TOML can be written again: the library that writes them computes with
+/// the negative of every integer, and the lowest one has none.
+bool canBeRewritten(std::string_view text);
+
 /// `text` with the value at `path` set to `value`, which is written as in a file: "\"50m\"". All other values
 /// are kept, whatever their types, in an order of the writer's own; comments are not. A value that stands
-/// where `path` needs a table is replaced. Both texts must be TOML (readToml).
+/// where `path` needs a table is replaced. Both texts must be TOML (readToml) that can be rewritten.
 std::string withValue(std::string_view text, const std::vector<std::string>& path, std::string_view value);
 
 /// The same without the value at `path`, and without tables that are empty because of it.

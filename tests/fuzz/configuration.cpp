@@ -56,7 +56,7 @@ ValuesByPath valuesOf(const config::TomlReading& reading, const std::string& lef
 void requireKept(std::string_view text)
 {
     const config::TomlReading before = config::readToml(text);
-    if (std::holds_alternative<config::TomlError>(before)) {
+    if (std::holds_alternative<config::TomlError>(before) || !config::canBeRewritten(text)) {
         return;
     }
     const std::string with = config::withValue(text, {"block", "focus"}, "\"50m\"");

@@ -235,6 +235,14 @@ TEST_F(Preferences, areNotWrittenOverAFileThatIsNoToml)
     EXPECT_EQ(content(), text);
 }
 
+TEST_F(Preferences, areNotWrittenOverANumberThatCannotBeKept)
+{
+    const std::string text = "mine = -9223372036854775808\n";
+    has(text);
+    EXPECT_NE(refused(Kind::unusableData, "clock", "24h").find("cannot be kept"), std::string::npos);
+    EXPECT_EQ(content(), text);
+}
+
 TEST_F(Preferences, areNotWrittenOverAValueInPlaceOfATheirTable)
 {
     for (const char* const text : {"block = 4\n", "[[block]]\nsize = 4\n"}) {

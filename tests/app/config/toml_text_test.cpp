@@ -119,7 +119,7 @@ literal = 'C:\new'
 lines = """
 one
 two"""
-numbers = [0x1F, -9223372036854775808, 9223372036854775807]
+numbers = [0x1F, -9223372036854775807, 9223372036854775807]
 fractions = [0.1, 1e300, -0.0, inf, 5.0]
 times = [1979-05-27T07:32:00.5-07:00, 1979-05-27T07:32:00, 1979-05-27, 07:32:00]
 mixed = [1, "two", { three = [3.5] }, []]
@@ -142,11 +142,20 @@ TEST(WithValue, keepsEveryOtherValue)
     values.emplace_back(std::vector<std::string>{"block", "focus"}, "50m");
     EXPECT_EQ(valuesIn(text), sorted(values)) << text;
     for (const char* const written :
-         {"-9223372036854775808", "0.1", "1e+300", "-0.0", "inf", "5.0", "1979-05-27T07:32:00.5-07:00",
+         {"-9223372036854775807", "0.1", "1e+300", "-0.0", "inf", "5.0", "1979-05-27T07:32:00.5-07:00",
           "07:32:00", "three = [ 3.5 ]", "[[list]]", "m = 3", "x = 1"}) {
         EXPECT_NE(text.find(written), std::string::npos) << written << " in:\n" << text;
     }
     EXPECT_EQ(withValue(text, {"block", "focus"}, "\"50m\""), text);
+}
+
+TEST(CanBeRewritten, isEveryTextButThoseWithTheLowestInteger)
+{
+    EXPECT_TRUE(config::canBeRewritten(everyType));
+    for (const char* const text : {"a = -9223372036854775808", "a = [1, [-9223372036854775808]]",
+                                   "[a]\nb = [{ c = -9223372036854775808 }]"}) {
+        EXPECT_FALSE(config::canBeRewritten(text)) << text;
+    }
 }
 
 TEST(WithValue, setsAValueWhereverItStands)
