@@ -35,7 +35,7 @@ std::string goalText(const figures::GoalFigures& goal)
 {
     return focusText(goal.seconds) + " a day, reached on " + std::to_string(goal.reachedDays) + " of " +
            base::countText(goal.days, "day") +
-           (goal.todaySeconds ? "; today " + focusText(*goal.todaySeconds) : "");
+           (goal.todaySeconds ? "; " + focusText(*goal.todaySeconds) + " so far today" : "");
 }
 
 std::string completionFact(const figures::Completions& completions)

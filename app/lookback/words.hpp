@@ -47,6 +47,10 @@ struct Fact {
 /// A summary in a few lines.
 std::vector<Fact> factsOf(const figures::LookBack& look);
 
+/// How the shares and the best times of the answers are counted.
+inline constexpr const char* countingText =
+    "Of what was reached, half counts as a half. A best time has a twentieth of all sessions at the least.";
+
 /// The sentence for a look back without any session.
 std::string emptyText(const figures::LookBack& look);
 

@@ -138,10 +138,11 @@ private:
         block.focusDurationSeconds = (chance(70) ? 25 : 50) * minute;
         block.breakDurationSeconds = block.focusDurationSeconds / 5;
         block.cycleCount = cycles;
-        block.outcomes = {{.id = identifier(), .title = std::string(works[next(works.size())].outcome)}};
+        const Work& work = works[next(works.size())];
+        block.outcomes = {{.id = identifier(), .title = std::string(work.outcome)}};
         Instant time = start;
         for (unsigned number = 1; number <= cycles; ++number) {
-            WorkSession session = sessionAt(time, number, index, block);
+            WorkSession session = sessionAt(time, number, index, block, work);
             const double overlong = chance(4) ? (15 + next(30)) * minute : 0;
             time = *session.endedAt + block.breakDurationSeconds + next(7) * minute + overlong;
             if (*session.endedAt > now_) {
@@ -164,9 +165,8 @@ private:
         blocks.push_back(std::move(block));
     }
 
-    WorkSession sessionAt(Instant start, unsigned number, int index, const Block& block)
+    WorkSession sessionAt(Instant start, unsigned number, int index, const Block& block, const Work& work)
     {
-        const Work& work = works[next(works.size())];
         const std::int64_t energy = rating(index);
         const double share = chance(12) ? 0.4 + 0.05 * next(10) : 1;
         const double paused = chance(22) ? (1 + next(12)) * minute : 0;

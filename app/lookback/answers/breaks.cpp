@@ -29,13 +29,14 @@ std::string pausesText(const figures::PauseFigures& pauses)
 {
     return pauses.pausedSessions == 0 ? "no pauses"
                                       : "pauses of " + focusText(pauses.pausedSeconds) + " in " +
-                                            base::countText(pauses.pausedSessions, "session");
+                                            base::countText(pauses.pausedSessions, "session") + ", " +
+                                            std::to_string(pauses.overlong) + " longer than a break";
 }
 
 /// The latest of those that were over twice as long as planned.
 AnswerTable overlongTable(const figures::BreakFigures& breaks, base::Hours hours)
 {
-    AnswerTable table{.head = {"Overlong break", "Taken", "Planned"}, .rows = {}};
+    AnswerTable table{.head = {"Latest overlong break", "Taken", "Planned"}, .rows = {}};
     for (auto each = breaks.breaks.rbegin(); each != breaks.breaks.rend() && table.rows.size() < mostOverlong;
          ++each) {
         if (each->isOverlong()) {

@@ -14,7 +14,7 @@ constexpr std::size_t mostDistractions = 8;
 
 AnswerTable distractionTable(const char* name, const std::vector<figures::Distraction>& distractions)
 {
-    AnswerTable table{.head = {name, "Sessions", "Foreseen in"}, .rows = {}, .barName = "Sessions"};
+    AnswerTable table{.head = {name, "Sessions", "Foreseen"}, .rows = {}, .barName = "Sessions"};
     for (std::size_t index = 0; index < std::min(mostDistractions, distractions.size()); ++index) {
         const figures::Distraction& each = distractions[index];
         table.rows.push_back(

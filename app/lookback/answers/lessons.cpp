@@ -1,6 +1,5 @@
 #include "figures/answers/lessons.hpp"
 
-#include "base/text/count.hpp"
 #include "lookback/answers/questions.hpp"
 #include "lookback/day_text.hpp"
 #include "lookback/words.hpp"
@@ -42,9 +41,8 @@ Answer lessonsAnswer(const figures::LookBack& look)
             {.cells = {std::string(lesson.text), labelOf(figures::Unit::day, lesson.day), sourceOf(lesson)}});
     }
     answer.tables.push_back(std::move(table));
-    const auto more = std::ssize(lessons) - std::ssize(answer.tables[0].rows);
-    if (more > 0) {
-        answer.inShort += " (" + base::moreText(more) + ": quillmere history --search WORD)";
+    if (lessons.size() > 1) {
+        answer.inShort += " (" + std::to_string(lessons.size()) + " in all: quillmere history --search WORD)";
     }
     return answer;
 }

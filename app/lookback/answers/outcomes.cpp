@@ -2,6 +2,7 @@
 
 #include "base/text/count.hpp"
 #include "lookback/answers/questions.hpp"
+#include "lookback/day_text.hpp"
 #include "lookback/words.hpp"
 
 #include <algorithm>
@@ -18,14 +19,11 @@ std::string outcomeName(const figures::OutcomeWork& work)
     return work.title.empty() ? "Without an outcome" : work.title;
 }
 
-const char* trendName(figures::Unit unit)
+/// "To 2026-11", which names the unit as well.
+std::string trendName(figures::Unit unit, const figures::LookBack& look)
 {
-    switch (unit) {
-        case figures::Unit::day: return "By day";
-        case figures::Unit::week: return "By week";
-        case figures::Unit::month: break;
-    }
-    return "By month";
+    const figures::Day last = look.range.until.value_or(look.today);
+    return "To " + labelOf(unit, figures::firstOf(unit, last, look.habits.weekBegins));
 }
 
 /// Shares of the greatest period of all trends, so that rows compare.
@@ -70,7 +68,7 @@ Answer outcomesAnswer(const figures::LookBack& look)
     AnswerTable table{.head = {"Outcome", "Worked", "Share", "Sessions", "Reached"},
                       .rows = {},
                       .barName = {},
-                      .trendName = trendName(figures.trendUnit)};
+                      .trendName = trendName(figures.trendUnit, look)};
     const double most = mostOfTrends(figures);
     for (std::size_t index = 0; index < std::min(mostOutcomes, figures.outcomes.size()); ++index) {
         const figures::OutcomeWork& work = figures.outcomes[index];

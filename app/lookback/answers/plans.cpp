@@ -36,7 +36,7 @@ std::string differenceText(const figures::Plans& plans)
         text = focusText(plans.overSeconds) + " over in " + base::countText(plans.longerSessions, "session");
     }
     if (plans.shorterSessions > 0) {
-        text += (text.empty() ? "" : ", ") + focusText(plans.underSeconds) + " under in " +
+        text += (text.empty() ? "none over, " : ", ") + focusText(plans.underSeconds) + " under in " +
                 base::countText(plans.shorterSessions, "session");
     }
     return text.empty() ? "every session as long as planned" : text;
@@ -57,7 +57,7 @@ std::string plansSentence(const figures::Plans& plans)
 Answer plansAnswer(const figures::LookBack& look)
 {
     const figures::Plans plans = figures::plansOf(look);
-    AnswerTable table{.head = {"Block", "Begun", "Sessions", "Reached", "End"}, .rows = {}};
+    AnswerTable table{.head = {"Latest block", "Begun", "Sessions", "Reached", "End"}, .rows = {}};
     for (std::size_t index = 0; index < std::min(mostBlocks, plans.blocks.size()); ++index) {
         table.rows.push_back(planRow(plans.blocks[index]));
     }

@@ -45,7 +45,9 @@ std::string htmlPage(const figures::LookBack& look, const PageScope& scope)
     const std::string body =
         element("header", {}, element("h1", {}, "Look back") + element("p", {}, escaped(rangeText(look)))) +
         "\n" + content +
-        element("footer", {}, element("p", {}, std::string(pageFooter) + omissionText(scope.contents)));
+        element(
+            "footer", {},
+            element("p", {}, std::string(pageFooter) + " " + countingText + omissionText(scope.contents)));
     return "<!DOCTYPE html>\n" +
            element("html", {{"xmlns", "http://www.w3.org/1999/xhtml"}, {"lang", "en"}},
                    "\n" +

@@ -137,12 +137,12 @@ td.text { white-space: normal; overflow-wrap: anywhere; }
 @media (max-width: 27rem) {
   svg text { font-size: 16.5px; }
   section { padding: 0.9rem 0.75rem; }
-  .answer td, .answer th { padding-right: 0.7rem; }
+  .answer td, .answer th { padding-right: 0.6rem; }
   .answer tbody th { min-width: 4.5rem; }
   .answer tr { position: relative; }
   .answer td.bar { position: absolute; inset: auto 0 0 0; width: auto; padding: 0; border: 0; }
   td.bar span { height: 3px; }
-  .bars thead th:last-child { display: none; }
+  .bars thead th:last-child, .bars tr > :nth-child(n+5):not(.bar) { display: none; }
   .block dl { grid-template-columns: minmax(0, 1fr); }
 }
 footer { margin-top: 1.5rem; color: var(--quiet); font-size: 0.875rem; }

@@ -70,7 +70,7 @@ std::string trendOf(const std::vector<double>& shares, const Glyphs& glyphs)
 
 std::size_t trendWidth(const AnswerTable& table)
 {
-    std::size_t width = base::columnsOf(table.trendName);
+    std::size_t width = 0;
     for (const AnswerRow& row : table.rows) {
         width = std::max(width, row.trend.size());
     }

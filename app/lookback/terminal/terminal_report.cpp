@@ -67,6 +67,15 @@ std::string linesInShort(const figures::LookBack& look, const TerminalPage& page
     return text;
 }
 
+std::string notedLines(const std::string& text, const TerminalPage& page)
+{
+    std::string lines;
+    for (const std::string& line : base::linesWithin(text, page.width)) {
+        lines += page.style.dimmed(line) + "\n";
+    }
+    return lines;
+}
+
 bool isEmpty(const figures::LookBack& look) { return look.sessions.empty() && look.days.empty(); }
 
 /// Today and this week come first, unless other days are asked for; the whole of time says least.
@@ -96,7 +105,8 @@ std::string terminalReport(const figures::LookBack& look, const TerminalPage& pa
         return emptyText(look) + "\n";
     }
     return titleLines(look, page) + answersAndFacts(look, page) + heatMapLines(look, page) +
-           focusLines(look, page) + ratingLines(look, page) + completionLines(look, page);
+           focusLines(look, page) + ratingLines(look, page) + completionLines(look, page) + "\n" +
+           notedLines(countingText, page);
 }
 
 std::string terminalSummary(const figures::LookBack& look, const TerminalPage& page)

@@ -164,12 +164,12 @@ TEST(Answers, tellHowABlockEnded)
               "Chapter one; Chapter two | 2026-11-15 | 2 of 3 | 50 % | ended early | \n");
 }
 
-TEST(Answers, showTheNewestLessonsAndSayHowManyMoreThereAre)
+TEST(Answers, showTheNewestLessonsAndSayHowManyThereAre)
 {
     const QuillmereState state = generatedYear(moment);
     const Answer answer = answerTo("What did I learn?", statistics(state, {}, day("2026-11-15")));
     EXPECT_EQ(answer.tables.at(0).rows.size(), 12u);
-    EXPECT_NE(answer.inShort.find("more: quillmere history --search WORD)"), std::string::npos);
+    EXPECT_NE(answer.inShort.find(" in all: quillmere history --search WORD)"), std::string::npos);
 }
 
 }  // namespace
