@@ -56,6 +56,8 @@ bool canBeRewritten(std::string_view text);
 /// `text` with the value at `path` set to `value`, which is written as in a file: "\"50m\"". All other values
 /// are kept, whatever their types, in an order of the writer's own; comments are not. A value that stands
 /// where `path` needs a table is replaced. Both texts must be TOML (readToml) that can be rewritten.
+/// The result is no TOML where the name of a table has a line break, which the library does not escape: read
+/// it again before a file gets it.
 std::string withValue(std::string_view text, const std::vector<std::string>& path, std::string_view value);
 
 /// The same without the value at `path`, and without tables that are empty because of it.

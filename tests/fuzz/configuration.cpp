@@ -52,11 +52,24 @@ ValuesByPath valuesOf(const config::TomlReading& reading, const std::string& lef
     return values;
 }
 
+/// The library that writes TOML does not escape line breaks in the names of tables; such a text is read again
+/// and refused before a file has it.
+bool namesSeveralLines(const config::TomlReading& reading)
+{
+    const auto& entries = std::get<std::vector<config::TomlEntry>>(reading);
+    return std::any_of(entries.begin(), entries.end(), [](const config::TomlEntry& entry) {
+        return std::any_of(entry.path.begin(), entry.path.end(), [](const std::string& part) {
+            return part.find_first_of("\r\n") != std::string::npos;
+        });
+    });
+}
+
 /// Setting and removing one value keeps all others.
 void requireKept(std::string_view text)
 {
     const config::TomlReading before = config::readToml(text);
-    if (std::holds_alternative<config::TomlError>(before) || !config::canBeRewritten(text)) {
+    if (std::holds_alternative<config::TomlError>(before) || !config::canBeRewritten(text) ||
+        namesSeveralLines(before)) {
         return;
     }
     const std::string with = config::withValue(text, {"block", "focus"}, "\"50m\"");

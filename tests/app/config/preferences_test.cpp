@@ -278,9 +278,12 @@ TEST_F(Preferences, neverBecomeAFileThatIsNotRead)
     for (int line = 0; line < 501; ++line) {
         text += ".\n";
     }
-    has(text += "\"\"\"\n");
-    refused(Kind::unusableData, "clock", "12h");
-    EXPECT_EQ(content(), text);
+    text += "\"\"\"\n";
+    for (const std::string& unwritable : {text, std::string("[\"two\\nlines\"]\nx = 1\n")}) {
+        has(unwritable);
+        refused(Kind::unusableData, "clock", "12h");
+        EXPECT_EQ(content(), unwritable);
+    }
 }
 
 TEST_F(Preferences, reportAFileThatCannotBeRead)
