@@ -131,7 +131,9 @@ BetweenSessions betweenSessions(const QuillmereState& state, const Range& range,
         for (std::size_t index = 1; index < block.sessions.size(); ++index) {
             const std::optional<Instant>& end = block.sessions[index - 1].endedAt;
             const Instant start = block.sessions[index].startedAt;
-            if (end && start >= *end && range.contains(calendar.dayOf(start))) {
+            // Not after a record with an impossible time: the clock was set, and nobody knows when it ended.
+            if (end && timeOf(block.sessions[index - 1]) && start >= *end &&
+                range.contains(calendar.dayOf(start))) {
                 gaps.push_back(start - *end);
                 planned.push_back(block.breakDurationSeconds);
                 between.totalSeconds += gaps.back();

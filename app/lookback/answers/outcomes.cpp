@@ -50,9 +50,15 @@ double mostOfTrends(const figures::OutcomeFigures& figures)
 std::string outcomesSentence(const figures::OutcomeFigures& figures, double allSeconds)
 {
     const figures::OutcomeWork& first = figures.outcomes.front();
-    return "Most on " + outcomeName(first) + ": " + focusText(first.workedSeconds) + " (" +
-           shareText(first.workedSeconds, allSeconds) + " of the time), " + reachedText(first.completions) +
-           " reached; " + base::countText(std::ssize(figures.outcomes), "outcome") + " in all";
+    const std::string reached =
+        figures::total(first.completions) > 0 ? ", " + reachedText(first.completions) + " reached" : "";
+    const std::string most = focusText(first.workedSeconds) + " (" +
+                             shareText(first.workedSeconds, allSeconds) + " of the time)" + reached;
+    if (first.title.empty()) {
+        return "Most without an outcome: " + most;
+    }
+    return "Most on " + first.title + ": " + most + "; " +
+           base::countText(std::ssize(figures.outcomes), "outcome") + " in all";
 }
 
 }  // namespace

@@ -146,7 +146,15 @@ td.text { white-space: normal; overflow-wrap: anywhere; }
   .block dl { grid-template-columns: minmax(0, 1fr); }
 }
 footer { margin-top: 1.5rem; color: var(--quiet); font-size: 0.875rem; }
-@media print { details:not(.block) { display: none; } body { padding: 0; } section, .figure { break-inside: avoid; } }
+@media print {
+  details:not(.block) { display: none; }
+  body { padding: 0; background: none; font-size: 0.8rem; }
+  .charts { display: block; }
+  section { margin-bottom: 0.75rem; }
+  section, .figure { break-inside: avoid; }
+  section:has(.block) { break-inside: auto; }
+  .chart { display: inline-block; width: 49%; vertical-align: top; }
+}
 )";
 
 }  // namespace

@@ -246,6 +246,11 @@ TEST(Statistics, measureTheTimeBetweenSessionsOfOneBlock)
     EXPECT_EQ(between.plannedMedianSeconds, 300);
 }
 
+TEST(Statistics, measureNothingAfterASessionWhoseEndCannotBeRight)
+{
+    EXPECT_EQ(lookAt(stateWith({session(moment, -5), session(moment + 1000, 60)})).between.count, 0);
+}
+
 TEST(Statistics, measureNothingBetweenSessionsOutsideTheRange)
 {
     const TimeZone here("UTC");

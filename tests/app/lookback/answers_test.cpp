@@ -164,6 +164,13 @@ TEST(Answers, tellHowABlockEnded)
               "Chapter one; Chapter two | 2026-11-15 | 2 of 3 | 50 % | ended early | \n");
 }
 
+TEST(Answers, sayHowMuchWasDoneWithoutAnOutcome)
+{
+    const Answer answer = answerTo("What did I work on?", statistics(bareState(), {}, day("2026-11-15")));
+    EXPECT_TRUE(answer.inShort.starts_with("Most without an outcome: ")) << answer.inShort;
+    EXPECT_EQ(answer.inShort.find("reached"), std::string::npos) << answer.inShort;
+}
+
 TEST(Answers, showTheNewestLessonsAndSayHowManyThereAre)
 {
     const QuillmereState state = generatedYear(moment);

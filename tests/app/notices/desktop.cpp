@@ -170,7 +170,10 @@ ProcessOptions Desktop::watchOptions(const Words& options, const std::string& na
             .error = Channel::toFile(file(name + ".err")),
             .environment = {{"DBUS_SESSION_BUS_ADDRESS", "unix:path=" + socket().string()},
                             {"XDG_STATE_HOME", person.stateHome().string()},
-                            {"TZ", "UTC"}},
+                            {"TZ", "UTC"},
+                            // A notifier that is killed while its leaks are looked for would speak among the
+                            // messages of the watch; a leak also shows in the exit code.
+                            {"ASAN_OPTIONS", "log_path=" + file(name + ".sanitizer").string()}},
             .inChild = ignoreSignalAndLeaveFileOpen};
 }
 
