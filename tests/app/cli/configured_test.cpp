@@ -88,9 +88,9 @@ TEST_F(Configured, theReportHasTheDaysAndTheGoalOfTheConfiguration)
     EXPECT_EQ(jsonAt("/days/1/day", json), "\"2026-11-15\"");
     EXPECT_EQ(jsonAt("/weeks/1/week", json), "\"2026-W47\"");
     EXPECT_EQ(jsonAt("/goal", json), R"({"days":2,"reached_days":1,"seconds":3600,"today_seconds":1800})");
-    EXPECT_NE(
-        person.types({"report"}).out.find("Goal         1 h a day, reached on 1 of 2 days; 30 min so far today\n"),
-        std::string::npos);
+    EXPECT_NE(person.types({"report"})
+                  .out.find("Goal         1 h a day, reached on 1 of 2 days; 30 min so far today\n"),
+              std::string::npos);
 }
 
 // 15:00 on the person's clock.
