@@ -36,19 +36,21 @@ base::SortedJson makeQuestionSchema()
 
 }  // namespace
 
-const AgentQuestion& questionIn(const QuillmereState& state, const std::string& idText)
+AgentQuestion questionIn(const workspace::Workspace& workspace, const std::string& idText)
 {
     const std::optional<Identifier> id = Identifier::fromText(idText);
     if (!id) {
         throw ToolRefusal(
             "That is no id of a question. Use an id that ask_question or list_questions has returned.");
     }
-    const auto found = std::find_if(state.agentQuestions.begin(), state.agentQuestions.end(),
-                                    [&](const AgentQuestion& question) { return question.id == *id; });
-    if (found == state.agentQuestions.end()) {
-        throw ToolRefusal("There is no question with this id. list_questions has all that were asked.");
+    for (const base::Reach reach : {base::Reach::present, base::Reach::years}) {
+        for (const AgentQuestion& question : workspace.look(reach).state.agentQuestions) {
+            if (question.id == *id) {
+                return question;
+            }
+        }
     }
-    return *found;
+    throw ToolRefusal("There is no question with this id. list_questions has all that were asked.");
 }
 
 base::SortedJson questionJson(const AgentQuestion& question)

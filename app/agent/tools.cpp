@@ -163,8 +163,7 @@ protocol::Tool getAnswer(const workspace::Workspace& workspace)
         .outputSchema = questionSchema(),
         .hints = looks,
         .begin = atOnce([workspace](const base::SortedJson& arguments) {
-            const QuillmereState state = workspace.look().state;
-            return questionJson(questionIn(state, arguments.at("id")));
+            return questionJson(questionIn(workspace, arguments.at("id")));
         }),
     };
 }
@@ -210,8 +209,9 @@ protocol::Tool listQuestions(const workspace::Workspace& workspace)
         .outputSchema = listOfQuestions(),
         .hints = looks,
         .begin = atOnce([workspace](const base::SortedJson& arguments) -> base::SortedJson {
-            const QuillmereState state = workspace.look().state;
-            return {{"questions", questionsJson(state, arguments.value("open_only", true))}};
+            const bool openOnly = arguments.value("open_only", true);
+            const base::Reach reach = openOnly ? base::Reach::present : base::Reach::years;
+            return {{"questions", questionsJson(workspace.look(reach).state, openOnly)}};
         }),
     };
 }

@@ -25,9 +25,11 @@ protocol::Call waitForAnswer(const workspace::Workspace& workspace, AnswerWatch&
     auto look = [=, &watch](protocol::Moment now) mutable -> std::variant<base::SortedJson, protocol::Later> {
         // Before the reading, so that no answer is missed between the two.
         watch.require();
-        std::optional<QuillmereState> state;
+        std::optional<AgentQuestion> question;
         try {
-            state = workspace.look().state;
+            question = questionIn(workspace, id);
+        } catch (const ToolRefusal&) {
+            throw;
         } catch (const std::exception&) {
             unreadableSince = unreadableSince.value_or(now);
             if (now >= std::min(deadline, *unreadableSince + longestUnreadable)) {
@@ -36,11 +38,10 @@ protocol::Call waitForAnswer(const workspace::Workspace& workspace, AnswerWatch&
             return protocol::Later{std::min(deadline, now + pauseBetweenLooks)};
         }
         unreadableSince.reset();
-        const AgentQuestion& question = questionIn(*state, id);
-        if (question.isOpen() && now < deadline) {
+        if (question->isOpen() && now < deadline) {
             return protocol::Later{deadline};
         }
-        return questionJson(question);
+        return questionJson(*question);
     };
     return
         [look = std::move(look)](protocol::Moment now) mutable { return attempt([&] { return look(now); }); };

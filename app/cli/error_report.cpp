@@ -40,7 +40,7 @@ std::string withSituation(const std::function<std::string(const workspace::Situa
                           const std::exception& refusal, Program& program)
 {
     try {
-        return text(program.workspace().look());
+        return text(program.workspace().look(base::Reach::present));
     } catch (const std::runtime_error&) {
         return base::failureText(refusal);
     }

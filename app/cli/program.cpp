@@ -78,9 +78,9 @@ void Program::take(const work::UndoStep& step)
 
 void Program::catchUp() { apply(nullptr); }
 
-bool Program::wouldAccept(const workspace::Operation& operation) const
+bool Program::wouldAccept(const workspace::Operation& operation, base::Reach reach) const
 {
-    workspace::Situation situation = workspace().look();
+    workspace::Situation situation = workspace().look(reach);
     try {
         operation(situation.state, situation.now);
         return true;

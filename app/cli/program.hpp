@@ -78,7 +78,7 @@ public:
 
     /// Dry run: whether the engine would accept the operation now. Skips prompts whose answers it would
     /// refuse.
-    bool wouldAccept(const workspace::Operation& operation) const;
+    bool wouldAccept(const workspace::Operation& operation, base::Reach reach) const;
 
     /// The events that this run recorded.
     const std::vector<workspace::Event>& events() const { return events_; }

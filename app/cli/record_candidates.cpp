@@ -1,5 +1,6 @@
 #include "cli/record_candidates.hpp"
 
+#include "base/recent_blocks.hpp"
 #include "base/text/local_time.hpp"
 #include "lookback/words.hpp"
 #include "work/naming.hpp"
@@ -17,7 +18,7 @@ constexpr std::size_t mostBlocksWithSessions = 10;
 Candidate blockCandidate(const Block& block, const std::string& name, base::Hours hours)
 {
     const std::string title = block.outcomes.empty() ? "" : block.outcomes.front().title;
-    return {name, base::localText(work::finishedAt(block), hours) + "  " + title};
+    return {name, base::localText(base::finishedAt(block), hours) + "  " + title};
 }
 
 void addEndedSessions(Candidates& candidates, const Block& block, const std::string& name, base::Hours hours)
@@ -67,7 +68,7 @@ Candidates monthCandidates(const QuillmereState& state)
     constexpr std::size_t monthLength = std::string_view("2026-10").size();
     Candidates months;
     for (const Block& block : state.blockHistory) {
-        const std::string month = base::localDayText(work::finishedAt(block)).substr(0, monthLength);
+        const std::string month = base::localDayText(base::finishedAt(block)).substr(0, monthLength);
         if (months.size() < mostMonths && (months.empty() || months.back().value != month)) {
             months.push_back({month, ""});
         }

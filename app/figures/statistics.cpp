@@ -1,5 +1,7 @@
 #include "figures/statistics.hpp"
 
+#include "base/recent_blocks.hpp"
+
 #include <algorithm>
 #include <iterator>
 #include <map>
@@ -210,12 +212,13 @@ LookBack statistics(const QuillmereState& state, const Range& range, Day today, 
     return look;
 }
 
-double focusOn(const QuillmereState& state, Day day, LocalCalendar& calendar)
+double focusToday(const QuillmereState& state, Instant now, LocalCalendar& calendar)
 {
-    const Instant begin = calendar.startOf(day);
-    const Instant end = calendar.startOf(day + oneDay);
+    const Day today = calendar.dayOf(now);
+    const Instant begin = calendar.startOf(today);
+    const Instant end = calendar.startOf(today + oneDay);
     double sum = 0;
-    forEachBlock(state, [&](const Block& block) {
+    const auto add = [&](const Block& block) {
         for (const WorkSession& session : block.sessions) {
             if (const std::optional<SessionTime> time = timeOf(session)) {
                 const Instant from = std::max(session.startedAt, begin);
@@ -223,7 +226,13 @@ double focusOn(const QuillmereState& state, Day day, LocalCalendar& calendar)
                 sum += from < to ? to - from : 0;
             }
         }
-    });
+    };
+    for (const Block& block : base::blocksWithin(base::Reach::present, state, now)) {
+        add(block);
+    }
+    if (state.currentBlock) {
+        add(*state.currentBlock);
+    }
     return sum;
 }
 

@@ -13,8 +13,8 @@ namespace quillmere::figures {
 /// so the division at a midnight is exact only for sessions without pauses.
 LookBack statistics(const QuillmereState& state, const Range& range, Day today, const Habits& habits = {});
 
-/// Seconds of focus on one day of a calendar: those of `statistics`, without the cost of all others. For
-/// displays that are drawn every second.
-double focusOn(const QuillmereState& state, Day day, LocalCalendar& calendar);
+/// Seconds of focus on the present day of a calendar: those of `statistics`, from the blocks of the present
+/// (base::Reach). For displays that are drawn every second.
+double focusToday(const QuillmereState& state, Instant now, LocalCalendar& calendar);
 
 }  // namespace quillmere::figures

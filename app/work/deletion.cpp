@@ -1,5 +1,7 @@
 #include "work/deletion.hpp"
 
+#include "base/recent_blocks.hpp"
+
 #include "base/text/count.hpp"
 #include "base/text/local_time.hpp"
 #include "base/text/sanitize.hpp"
@@ -15,7 +17,7 @@ namespace quillmere::work {
 std::string blockInOneLine(const Block& block, base::Hours hours)
 {
     const std::string title = block.outcomes.empty() ? "" : base::sanitized(block.outcomes.front().title);
-    return "the block of " + base::localText(finishedAt(block), hours) + ", " +
+    return "the block of " + base::localText(base::finishedAt(block), hours) + ", " +
            base::countText(std::ssize(block.sessions), "session") + (title.empty() ? "" : ": " + title);
 }
 

@@ -1,5 +1,7 @@
 #include "work/models.hpp"
 
+#include "base/recent_blocks.hpp"
+
 #include "base/text/duration.hpp"
 #include "config/new_block.hpp"
 #include "work/recall/block_account.hpp"
@@ -36,7 +38,7 @@ std::vector<Model> modelsFor(const QuillmereState& state, const config::Values& 
     const std::size_t blocks = std::min(state.blockHistory.size(), mostBlocks);
     for (std::size_t index = 0; index < blocks; ++index) {
         const Block& block = state.blockHistory[index];
-        const Instant finished = finishedAt(block);
+        const Instant finished = base::finishedAt(block);
         models.push_back({.name = outcomesOf(block),
                           .note = base::localTextSeenFrom(here, finished) + ", " + lengthsOf(block),
                           .block = block});

@@ -2,6 +2,7 @@
 
 #include "base/system/private_umask.hpp"
 #include "base/text/failure.hpp"
+#include "statefile/present.hpp"
 #include "workspace/changeable.hpp"
 #include "workspace/file_clock.hpp"
 #include "workspace/loading.hpp"
@@ -145,7 +146,14 @@ Workspace Workspace::ofThisUser(Clock clock, const fs::path& stateHome)
 
 Instant Workspace::now() const { return clock_(); }
 
-Situation Workspace::look() const { return caughtUp(load(states_)); }
+Situation Workspace::look(base::Reach reach) const
+{
+    std::optional<QuillmereState> present;
+    if (reach != base::Reach::years) {
+        present = statefile::readPresent(states_.stateURL(), reach, clock_());
+    }
+    return caughtUp(present ? *std::move(present) : load(states_));
+}
 
 WidgetSnapshot Workspace::widgetSnapshot(Instant now) const { return widgetSummary(places_.widget, now); }
 

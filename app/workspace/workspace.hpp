@@ -1,6 +1,7 @@
 // The three files of one person, and the order in which a run reads and writes them.
 #pragma once
 
+#include "base/recent_blocks.hpp"
 #include "base/refusal.hpp"
 #include "workspace/catching_up.hpp"
 #include "workspace/directory_lock.hpp"
@@ -68,8 +69,11 @@ public:
 
     UndoPlaceFile undoPlace() const { return UndoPlaceFile(stateDirectory_); }
 
-    /// The situation now. Neither locks nor writes.
-    Situation look() const;
+    /// The situation now. Neither locks nor writes. With another reach than the years, the state has of its
+    /// history only the blocks within reach and of its questions only the open ones, and what lies beyond is
+    /// not checked (statefile::readPresent); unless the file is not as this program writes it, which shows
+    /// all.
+    Situation look(base::Reach reach = base::Reach::years) const;
 
     /// The widget's summary as it was last written, or the empty one (workspace::widgetSummary).
     WidgetSnapshot widgetSnapshot(Instant now) const;

@@ -52,15 +52,19 @@ ValuesByPath valuesOf(const config::TomlReading& reading, const std::string& lef
     return values;
 }
 
-/// The library that writes TOML does not escape control characters in the names of tables; such a text is
-/// read again and refused before a file has it.
-bool namesHoldControls(const config::TomlReading& reading)
+/// Characters of names that the library that writes TOML does not escape; such a text is read again and
+/// refused before a file has it.
+bool isWrittenWrongly(char character)
+{
+    return character == '\'' || (character >= 0 && character < ' ') || character == 0x7F;
+}
+
+bool hasNameWrittenWrongly(const config::TomlReading& reading)
 {
     const auto& entries = std::get<std::vector<config::TomlEntry>>(reading);
     return std::any_of(entries.begin(), entries.end(), [](const config::TomlEntry& entry) {
         return std::any_of(entry.path.begin(), entry.path.end(), [](const std::string& part) {
-            return std::any_of(part.begin(), part.end(),
-                               [](char c) { return (c >= 0 && c < ' ') || c == 0x7F; });
+            return std::any_of(part.begin(), part.end(), isWrittenWrongly);
         });
     });
 }
@@ -70,7 +74,7 @@ void requireKept(std::string_view text)
 {
     const config::TomlReading before = config::readToml(text);
     if (std::holds_alternative<config::TomlError>(before) || !config::canBeRewritten(text) ||
-        namesHoldControls(before)) {
+        hasNameWrittenWrongly(before)) {
         return;
     }
     const std::string with = config::withValue(text, {"block", "focus"}, "\"50m\"");

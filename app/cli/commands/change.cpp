@@ -92,7 +92,7 @@ void changeBlock(ChangeCommand& command, Program& program)
 {
     base::Environment& environment = program.environment();
     if (environment.inputIsTerminal && !command.texts.anyGiven() && !command.numbers.anyGiven()) {
-        const workspace::Situation situation = program.workspace().look();
+        const workspace::Situation situation = program.workspace().look(base::Reach::prompts);
         if (amendments::isPossible(amendments::Kind::change, situation.state)) {
             askForAll(command, {environment, situation.state, {situation.now, program.hours()}});
         }

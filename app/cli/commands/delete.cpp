@@ -89,7 +89,7 @@ void deleteBlock(DeleteCommand& command, Program& program)
         return command.inVersionsToo ? std::string(work::done::blockDeleted)
                                      : work::deletedText(block, state);
     };
-    if (!command.isConfirmed && program.wouldAccept(operation)) {
+    if (!command.isConfirmed && program.wouldAccept(operation, base::Reach::years)) {
         requireAgreement(program.environment(), deletionQuestion(block, command, program.hours()));
     }
     program.change(operation, [&]() -> std::string {

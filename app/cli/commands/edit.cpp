@@ -45,8 +45,8 @@ void editBlock(BlockOptions& options, Program& program)
         return done;
     });
     if (program.environment().inputIsTerminal && !options.anyGiven()) {
-        const workspace::Situation situation = program.workspace().look();
-        if (situation.state.currentBlock && program.wouldAccept(operation)) {
+        const workspace::Situation situation = program.workspace().look(base::Reach::prompts);
+        if (situation.state.currentBlock && program.wouldAccept(operation, base::Reach::present)) {
             options.askForMissing(*situation.state.currentBlock,
                                   {program.environment(), situation.state, {situation.now, program.hours()}});
         }

@@ -39,10 +39,11 @@ void focus(PlanOptions& options, Program& program)
     };
     base::Environment& environment = program.environment();
     if (environment.inputIsTerminal) {
-        const workspace::Situation situation = program.workspace().look();
+        const workspace::Situation situation = program.workspace().look(base::Reach::prompts);
         // Wrong options are refused before anything is asked.
         const PlanOptions rehearsal = options.asked();
-        if (!situation.state.plannedNextSession && program.wouldAccept(operationOf(rehearsal))) {
+        if (!situation.state.plannedNextSession &&
+            program.wouldAccept(operationOf(rehearsal), base::Reach::present)) {
             explainPrompts(environment);
             options.askForMissing({environment, situation.state, {situation.now, program.hours()}});
         }

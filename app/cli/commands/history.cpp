@@ -1,4 +1,5 @@
 // Lists the finished blocks, or shows one whole.
+#include "base/recent_blocks.hpp"
 #include "base/record_json.hpp"
 #include "base/text/columns.hpp"
 #include "base/text/count.hpp"
@@ -78,7 +79,7 @@ Listing listingOf(const HistoryCommand& command, const workspace::Situation& sit
     const std::vector<Block>& history = situation.state.blockHistory;
     for (std::size_t place = 0; place < history.size(); ++place) {
         const Block& block = history[place];
-        if (listing.range.contains(calendar.dayOf(work::finishedAt(block))) &&
+        if (listing.range.contains(calendar.dayOf(base::finishedAt(block))) &&
             searched.occursIn(block, situation.now)) {
             listing.places.push_back(place);
         }
@@ -89,7 +90,7 @@ Listing listingOf(const HistoryCommand& command, const workspace::Situation& sit
 void printBlock(std::ostream& out, const Block& block, const std::string& name, base::Hours hours,
                 std::size_t columns)
 {
-    out << base::localText(work::finishedAt(block), hours) << "  " << name << "  " << work::signsOf(block)
+    out << base::localText(base::finishedAt(block), hours) << "  " << name << "  " << work::signsOf(block)
         << "  " << block.sessions.size() << " of " << base::countText(block.cycleCount, "session") << ", "
         << base::durationText(work::focusSecondsOf(block)) << " of focus\n";
     for (const work::Fact& fact : work::outcomesWithSessions(block)) {

@@ -69,8 +69,8 @@ void startSession(NowCommand& command, Program& program)
     const config::Values& values = program.configuration().values;
     const auto dryRun =
         namingOptions([&](QuillmereState& state, Instant now) { startNow(command, values, state, now); });
-    if (environment.inputIsTerminal && program.wouldAccept(dryRun)) {
-        const workspace::Situation situation = program.workspace().look();
+    if (environment.inputIsTerminal && program.wouldAccept(dryRun, base::Reach::present)) {
+        const workspace::Situation situation = program.workspace().look(base::Reach::prompts);
         if (!hasSavedPlan(situation.state)) {
             askForRatings(command, {environment, situation.state, {situation.now, program.hours()}});
         }

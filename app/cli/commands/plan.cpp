@@ -64,13 +64,19 @@ workspace::Operation operationOf(const PlanCommand& command)
     return namingOptions([&](QuillmereState& state, Instant now) { planBlock(command, state, now); });
 }
 
+/// A block is named among all of them.
+base::Reach reachOf(const PlanCommand& command)
+{
+    return command.model ? base::Reach::years : base::Reach::prompts;
+}
+
 /// Dry run, so that wrong options are refused before anything is asked.
 bool wouldBegin(PlanCommand command, const Program& program)
 {
     if (!command.options.hasTime()) {
         command.options.giveStart();
     }
-    return program.wouldAccept(operationOf(command));
+    return program.wouldAccept(operationOf(command), reachOf(command));
 }
 
 bool wantsDraft(const Block& draft, base::Environment& environment)
@@ -88,7 +94,7 @@ void plan(PlanCommand& command, Program& program)
     const work::Drafts drafts(workspace.stateDirectory());
     std::optional<workspace::Situation> before;
     if (command.takesDraft) {
-        before = workspace.look();
+        before = workspace.look(reachOf(command));
         command.draft = work::draftOfNextBlock(before->state, drafts, before->now, command.values);
         if (!command.draft && wouldBegin(command, program)) {
             throw ProgramError(ExitCode::refused,
@@ -96,7 +102,7 @@ void plan(PlanCommand& command, Program& program)
         }
     }
     if (environment.inputIsTerminal && wouldBegin(command, program)) {
-        before = workspace.look();
+        before = workspace.look(reachOf(command));
         if (!command.takesDraft && !command.model) {
             command.draft = work::draftOfNextBlock(before->state, drafts, before->now, command.values);
             if (command.draft && !wantsDraft(*command.draft, environment)) {

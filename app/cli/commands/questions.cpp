@@ -46,7 +46,8 @@ void listQuestions(std::ostream& out, bool all, const QuillmereState& state, bas
 /// Open questions are numbered, and with the answered ones all have names: `answer` takes both.
 void showQuestions(bool all, Program& program)
 {
-    const QuillmereState state = program.workspace().look().state;
+    const QuillmereState state =
+        program.workspace().look(all ? base::Reach::years : base::Reach::present).state;
     if (!program.settings().json) {
         listQuestions(program.environment().out, all, state, program.hours());
         return;

@@ -26,7 +26,7 @@ void reflect(ReflectionOptions& options, Program& program)
 {
     base::Environment& environment = program.environment();
     if (environment.inputIsTerminal) {
-        const workspace::Situation situation = program.workspace().look();
+        const workspace::Situation situation = program.workspace().look(base::Reach::prompts);
         if (isPossible(Step::completeBlockReview, situation.state)) {
             askForReflection(options, {environment, situation.state, {situation.now, program.hours()}});
         }

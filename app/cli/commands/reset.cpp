@@ -18,7 +18,8 @@ constexpr const char* question =
 
 void reset(bool isConfirmed, Program& program)
 {
-    const bool isPossible = amendments::isPossible(amendments::Kind::reset, program.workspace().look().state);
+    const bool isPossible =
+        amendments::isPossible(amendments::Kind::reset, program.workspace().look(base::Reach::present).state);
     if (isPossible && !isConfirmed) {
         requireAgreement(program.environment(), question);
     }

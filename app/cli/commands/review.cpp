@@ -139,8 +139,8 @@ void review(ReviewCommand& command, Program& program)
     if (environment.inputIsTerminal) {
         // Wrong options are refused before anything is asked.
         const ReviewCommand rehearsal = filledIn(command);
-        if (program.wouldAccept(operationOf(rehearsal))) {
-            const workspace::Situation situation = program.workspace().look();
+        if (program.wouldAccept(operationOf(rehearsal), base::Reach::present)) {
+            const workspace::Situation situation = program.workspace().look(base::Reach::prompts);
             askForReview(command, {environment, situation.state, {situation.now, program.hours()}});
         }
     }

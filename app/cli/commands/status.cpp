@@ -9,7 +9,7 @@ namespace {
 
 void showStatus(Program& program)
 {
-    const workspace::Situation situation = program.workspace().look();
+    const workspace::Situation situation = program.workspace().look(base::Reach::present);
     if (program.settings().json) {
         program.print(statusJson(situation));
     } else {

@@ -1,5 +1,6 @@
 #include "lookback/page/block_section.hpp"
 
+#include "base/recent_blocks.hpp"
 #include "base/text/count.hpp"
 #include "base/text/local_time.hpp"
 #include "lookback/page/markup.hpp"
@@ -42,7 +43,7 @@ std::string escapedLines(std::string_view text)
 std::string headingOf(const Block& block, base::Hours hours)
 {
     const std::string titles = titlesOf(block);
-    return element("span", {{"class", "when"}}, escaped(base::localText(work::finishedAt(block), hours))) +
+    return element("span", {{"class", "when"}}, escaped(base::localText(base::finishedAt(block), hours))) +
            " " + element("strong", {}, escaped(titles.empty() ? "Untitled block" : titles)) + " " +
            element("span", {{"class", "when"}}, escaped(work::signsOf(block)));
 }
@@ -60,7 +61,7 @@ std::string passageMarkup(const work::Passage& passage)
 std::string foldedBlock(const Block& block, base::Hours hours)
 {
     std::string passages;
-    for (const work::Passage& passage : work::accountOf(block, {work::finishedAt(block), hours})) {
+    for (const work::Passage& passage : work::accountOf(block, {base::finishedAt(block), hours})) {
         passages += passageMarkup(passage);
     }
     return element("details", {{"class", "block"}},

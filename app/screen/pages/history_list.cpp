@@ -1,5 +1,6 @@
 #include "screen/pages/history_list.hpp"
 
+#include "base/recent_blocks.hpp"
 #include "base/text/local_time.hpp"
 #include "work/naming.hpp"
 #include "work/recall/block_account.hpp"
@@ -42,7 +43,7 @@ void HistoryList::update(const workspace::Situation& situation, const std::strin
     for (std::size_t index = 0; index < state.blockHistory.size(); ++index) {
         const Block& block = state.blockHistory[index];
         if (searched.occursIn(block, situation.now)) {
-            rows_.push_back(rowFor(block, base::localDayText(work::finishedAt(block)), names[index]));
+            rows_.push_back(rowFor(block, base::localDayText(base::finishedAt(block)), names[index]));
         }
     }
 }

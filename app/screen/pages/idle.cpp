@@ -1,4 +1,5 @@
 // The page while nothing runs: what helps to begin, and the blocks that were finished last.
+#include "base/recent_blocks.hpp"
 #include "base/text/count.hpp"
 #include "base/text/duration.hpp"
 #include "base/text/local_time.hpp"
@@ -49,7 +50,7 @@ void writeCountdown(Flow& flow, const work::ScheduleView& schedule, const base::
 
 void writeFinished(Flow& flow, const Block& block, const base::SeenFrom& here)
 {
-    flow.line(base::localTextSeenFrom(here, work::finishedAt(block)) + ", " +
+    flow.line(base::localTextSeenFrom(here, base::finishedAt(block)) + ", " +
                   std::to_string(block.sessions.size()) + " of " +
                   base::countText(block.cycleCount, "session"),
               {.bold = true}, indent);

@@ -17,9 +17,6 @@ Recall accountOf(const Block& block, const base::SeenFrom& here);
 /// One session of it.
 Passage accountOf(const WorkSession& session, const Block& block, const base::SeenFrom& here);
 
-/// When a finished block was finished; when it was made, where the file does not say.
-inline Instant finishedAt(const Block& block) { return block.completedAt.value_or(block.createdAt); }
-
 /// The label of an outcome in these facts.
 inline constexpr std::string_view outcomeLabel = "Outcome";
 

@@ -1,5 +1,7 @@
 #include "work/recall/moment.hpp"
 
+#include "base/recent_blocks.hpp"
+
 #include "base/text/count.hpp"
 #include "base/text/duration.hpp"
 #include "base/text/local_time.hpp"
@@ -64,11 +66,16 @@ private:
         return figures::LocalCalendar(static_cast<int>(values_.dayBeginsAtHour));
     }
 
+    std::span<const Block> recentBlocks() const
+    {
+        return base::blocksWithin(base::Reach::present, state_, here_.now);
+    }
+
     /// "1 h 40 min of 4 h"; without a goal "1 h 40 min".
     std::string workedToday() const
     {
         figures::LocalCalendar calendar = localCalendar();
-        const double worked = figures::focusOn(state_, calendar.dayOf(here_.now), calendar);
+        const double worked = figures::focusToday(state_, here_.now, calendar);
         const std::optional<double>& goal = values_.dailyGoalSeconds;
         return base::hoursText(worked) + (goal ? " of " + base::hoursText(*goal) : "");
     }
@@ -200,9 +207,10 @@ private:
         const figures::LocalCalendar calendar = localCalendar();
         const figures::Day today = calendar.dayOf(here_.now);
         std::vector<Fact> facts = {{"Worked", workedToday()}};
-        const auto finished =
-            std::count_if(state_.blockHistory.begin(), state_.blockHistory.end(),
-                          [&](const Block& block) { return calendar.dayOf(finishedAt(block)) == today; });
+        const std::span<const Block> recent = recentBlocks();
+        const auto finished = std::count_if(recent.begin(), recent.end(), [&](const Block& block) {
+            return calendar.dayOf(base::finishedAt(block)) == today;
+        });
         facts.push_back({"Finished", base::countText(finished, "block")});
         add("Today", std::move(facts));
     }
@@ -228,9 +236,9 @@ private:
     void tellLessons()
     {
         std::vector<Fact> facts;
-        for (const Block& block : state_.blockHistory) {
+        for (const Block& block : recentBlocks()) {
             if (block.reflection && !block.reflection->lessons.empty() && facts.size() < lessonsShown) {
-                facts.push_back({base::localDayText(finishedAt(block)), block.reflection->lessons});
+                facts.push_back({base::localDayText(base::finishedAt(block)), block.reflection->lessons});
             }
         }
         add("The last lessons", std::move(facts));

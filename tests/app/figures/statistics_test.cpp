@@ -89,7 +89,7 @@ TEST(Statistics, divideFocusAmongLocalDays)
     }
 }
 
-TEST(FocusOnOneDay, isThatOfTheStatistics)
+TEST(FocusToday, isThatOfTheStatistics)
 {
     for (const Split& each : splits) {
         SCOPED_TRACE(each.zone);
@@ -101,7 +101,9 @@ TEST(FocusOnOneDay, isThatOfTheStatistics)
         const figures::Day first = look.days.front().first;
         for (figures::Day day = first - figures::oneDay; day <= first + std::chrono::days(3);
              day += figures::oneDay) {
-            EXPECT_EQ(figures::focusOn(state, day, calendar), figures::focusOn(look, day));
+            const Instant evening = calendar.startOf(day) + 18 * 3600.0;
+            EXPECT_EQ(figures::focusToday(state, evening, calendar),
+                      figures::focusOn(look, calendar.dayOf(evening)));
         }
     }
 }

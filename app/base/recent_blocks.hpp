@@ -1,0 +1,43 @@
+// The newest finished blocks, which are all that displays of the present tell of the history.
+#pragma once
+
+#include <quillmere/records/quillmere_state.hpp>
+
+#include <algorithm>
+#include <cstddef>
+#include <span>
+
+namespace quillmere::base {
+
+/// How far back a display looks. What lies before has no effect on it, so that it need not be read.
+enum class Reach {
+    present,  ///< where the work stands: at least five blocks
+    prompts,  ///< what was written before, offered again: at least thirty
+    years,    ///< all
+};
+
+/// When a finished block was finished; when it was made, where the file does not say.
+inline Instant finishedAt(const Block& block) { return block.completedAt.value_or(block.createdAt); }
+
+/// Whether the newest blocks of a history, of which there may be more, are all within reach: there are enough
+/// of them, and the last was finished so long ago that no block before it was worked on today.
+inline bool areAllWithin(Reach reach, std::span<const Block> newest, Instant now)
+{
+    constexpr double threeDays =
+        3 * 86'400.0;  // a local day lasts 25 hours at most, and begins when one likes
+    const std::size_t least = reach == Reach::present ? 5 : 30;
+    return reach != Reach::years && newest.size() >= least && finishedAt(newest.back()) < now - threeDays;
+}
+
+/// The blocks of the history within reach, newest first.
+inline std::span<const Block> blocksWithin(Reach reach, const QuillmereState& state, Instant now)
+{
+    const std::span<const Block> history(state.blockHistory);
+    std::size_t count = 0;
+    while (count < history.size() && !areAllWithin(reach, history.first(count), now)) {
+        ++count;
+    }
+    return history.first(count);
+}
+
+}  // namespace quillmere::base
