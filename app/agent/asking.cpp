@@ -32,7 +32,7 @@ base::SortedJson asked(const workspace::Workspace& workspace, const std::string&
     };
     try {
         workspace.change([](const std::vector<workspace::Event>&) {}, add,
-                         {.patience = 0s, .keeping = workspace::Keeping::no});
+                         {.patience = 0s, .keeping = workspace::Keeping::no, .reach = base::Reach::present});
         return result;
     } catch (const workspace::ChangeSaved& error) {
         throw ToolRefusal("The question is saved with the id " + result["id"].get<std::string>() +

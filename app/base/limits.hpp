@@ -1,7 +1,10 @@
 // The limits of the numbers that this program accepts: from a person, and in a file.
 #pragma once
 
+#include <quillmere/records/quillmere_state.hpp>
+
 #include <cstdint>
+#include <limits>
 
 namespace quillmere::base {
 
@@ -16,5 +19,29 @@ inline constexpr double longestDuration = 366.0 * 86'400;  ///< seconds
 inline constexpr double longestSum = 1'000 * longestDuration;
 
 inline constexpr std::int64_t mostCycles = 1'000;
+
+struct Bounds {
+    double least = -std::numeric_limits<double>::infinity();
+    double most = std::numeric_limits<double>::infinity();
+
+    /// False for NaN.
+    constexpr bool contain(double value) const { return value >= least && value <= most; }
+};
+
+/// The numbers that a field may have in a file.
+template <auto member>
+inline constexpr Bounds boundsOf = {};
+template <>
+inline constexpr Bounds boundsOf<&Block::focusDurationSeconds> = {shortestDuration, longestDuration};
+template <>
+inline constexpr Bounds boundsOf<&Block::breakDurationSeconds> = {shortestDuration, longestDuration};
+template <>
+inline constexpr Bounds boundsOf<&Block::cycleCount> = {1, static_cast<double>(mostCycles)};
+template <>
+inline constexpr Bounds boundsOf<&WorkSession::plannedDurationSeconds> = {shortestDuration, longestDuration};
+template <>
+inline constexpr Bounds boundsOf<&WorkSession::accumulatedPausedSeconds> = {0, longestSum};
+template <>
+inline constexpr Bounds boundsOf<&QuillmereState::breakExtensionSeconds> = {0, longestSum};
 
 }  // namespace quillmere::base

@@ -36,23 +36,27 @@ const config::Configuration& Program::readConfiguration(bool saysProblems) const
     return *configuration_;
 }
 
-void Program::change(std::string_view done, const workspace::Operation& operation)
+void Program::change(std::string_view done, const workspace::Operation& operation, base::Reach reach)
 {
-    change([&](QuillmereState& state, Instant now) {
-        operation(state, now);
-        return std::string(done);
-    });
+    change(
+        [&](QuillmereState& state, Instant now) {
+            operation(state, now);
+            return std::string(done);
+        },
+        reach);
 }
 
 void Program::change(const std::function<std::string(QuillmereState&, Instant now)>& operation,
-                     const std::function<std::string()>& afterwards)
+                     base::Reach reach, const std::function<std::string()>& afterwards)
 {
     std::string done;
     WorkflowState before{};
-    const workspace::Situation situation = apply([&](QuillmereState& state, Instant now) {
-        before = state.workflowState;
-        done = operation(state, now);
-    });
+    const workspace::Situation situation = apply(
+        [&](QuillmereState& state, Instant now) {
+            before = state.workflowState;
+            done = operation(state, now);
+        },
+        {.reach = reach});
     const StatusDetail detail =
         situation.state.workflowState == before ? StatusDetail::brief : StatusDetail::whole;
     printChange(done + (afterwards ? afterwards() : ""), situation, detail);
@@ -76,7 +80,7 @@ void Program::take(const work::UndoStep& step)
     printChange(work::doneText(*change.step), situation, StatusDetail::whole);
 }
 
-void Program::catchUp() { apply(nullptr); }
+void Program::catchUp() { apply(nullptr, {.reach = base::Reach::present}); }
 
 bool Program::wouldAccept(const workspace::Operation& operation, base::Reach reach) const
 {

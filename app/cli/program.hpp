@@ -59,12 +59,15 @@ public:
     base::Hours hours() const { return configuration().values.hours; }
     base::Style style() const { return base::Style(base::wantsColour(environment_.outputIsTerminal)); }
 
-    /// Applies an operation to the files, then prints `done` and the status.
-    void change(std::string_view done, const workspace::Operation& operation);
+    /// Applies an operation to the files, then prints `done` and the status. With a reach short of the years
+    /// the operation gets a state without them (ChangeManner).
+    void change(std::string_view done, const workspace::Operation& operation,
+                base::Reach reach = base::Reach::present);
 
     /// The same for an operation that returns what it has done. Calls `afterwards` between saving and
     /// printing, and adds its text.
     void change(const std::function<std::string(QuillmereState&, Instant now)>& operation,
+                base::Reach reach = base::Reach::present,
                 const std::function<std::string()>& afterwards = nullptr);
 
     /// Replaces the state by a version, then prints that and the status.

@@ -1,6 +1,6 @@
 #include "cli/record_candidates.hpp"
 
-#include "base/recent_blocks.hpp"
+#include "base/reach.hpp"
 #include "base/text/local_time.hpp"
 #include "lookback/words.hpp"
 #include "work/naming.hpp"

@@ -1,6 +1,6 @@
 #include "figures/statistics.hpp"
 
-#include "base/recent_blocks.hpp"
+#include "base/reach.hpp"
 
 #include <algorithm>
 #include <iterator>

@@ -164,7 +164,7 @@ void Watch::refresh(base::Moment now)
     bool directoryHasChanged = false;
     try {
         if (!open_) {
-            open_.emplace(workspace_);
+            open_.emplace(workspace_, base::Reach::present);
         }
         directoryHasChanged = isReadable(open_->descriptor());
         open_->refresh(settings_.lockPatience);
@@ -208,7 +208,7 @@ void Watch::handleRefreshError(const std::exception& error, base::Moment now)
     fileErrors_.report(errorKind(error), base::failureText(error));
     canRecord_ = false;
     try {
-        unrecorded_ = workspace_.look();
+        unrecorded_ = workspace_.look(base::Reach::present);
         canDeliver_ = true;
     } catch (const std::bad_alloc&) {
         throw;
@@ -361,7 +361,7 @@ void Watch::change(const workspace::Operation& operation, const std::string& ref
 {
     try {
         const auto ignoreEvents = [](const std::vector<workspace::Event>&) {};
-        reportWarning(workspace_.change(ignoreEvents, operation));
+        reportWarning(workspace_.change(ignoreEvents, operation, {.reach = base::Reach::present}));
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) {

@@ -35,9 +35,14 @@ constexpr auto memberStart = [] {
     return FixedText("\n") + json::spaces<2 * depth>() + FixedText("\"") + key + FixedText("\" : ");
 }();
 
-/// Around the elements of the lists of a state: questions and blocks.
+// Around the two long lists of a state, and their elements.
+inline constexpr auto questionsStart =
+    FixedText("{") + memberStart<1, &QuillmereState::agentQuestions> + FixedText("[");
+inline constexpr auto historyStart =
+    FixedText(",") + memberStart<1, &QuillmereState::blockHistory> + FixedText("[");
 inline constexpr FixedText elementStart = "\n    {";
 inline constexpr FixedText elementEnd = "\n    }";
 inline constexpr FixedText listEnd = "\n  ]";
+inline constexpr FixedText noElements = "]";
 
 }  // namespace quillmere::statefile

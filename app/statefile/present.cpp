@@ -3,8 +3,10 @@
 #include "statefile/form.hpp"
 #include "statefile/tokens.hpp"
 #include "statefile/window.hpp"
+#include "statefile/written_record.hpp"
 
 #include <quillmere/records/json/coding_error.hpp>
+#include <quillmere/records/json/date_text.hpp>
 #include <quillmere/store/state_store.hpp>
 
 #include <algorithm>
@@ -17,11 +19,8 @@
 namespace quillmere::statefile {
 namespace {
 
-constexpr std::size_t instantLength = 20;  // "2026-03-02T09:15:00Z"
-
 constexpr FixedText quote = "\"";
 constexpr FixedText comma = ",";
-constexpr FixedText noElements = "]";
 
 // What stands around the values of a question.
 constexpr auto closedStart = elementStart + memberStart<3, &AgentQuestion::answer> + quote;
@@ -31,10 +30,6 @@ constexpr auto beforeCreatedAt = quote + comma + memberStart<3, &AgentQuestion::
 constexpr auto beforeId = quote + comma + memberStart<3, &AgentQuestion::id> + quote;
 constexpr auto beforeText = quote + comma + memberStart<3, &AgentQuestion::question> + quote;
 
-// And around the two lists.
-constexpr auto questionsStart =
-    FixedText("{") + memberStart<1, &QuillmereState::agentQuestions> + FixedText("[");
-constexpr auto historyStart = comma + memberStart<1, &QuillmereState::blockHistory> + FixedText("[");
 constexpr auto historyEnd = elementEnd + listEnd + comma;
 constexpr auto lastLineOfBlock = memberStart<3, &Block::whyValue> + quote;
 
@@ -44,23 +39,39 @@ class UnknownForm {};
 /// From the value of `createdAt` to the end.
 bool takeRestOfQuestion(Tokens& tokens)
 {
-    return tokens.skip(instantLength) && tokens.take(beforeId) && tokens.skip(Identifier::textLength) &&
-           tokens.take(beforeText) && tokens.takeRestOfString() && tokens.take(elementEnd);
-}
-
-bool takeClosedQuestion(Tokens& tokens)
-{
-    return tokens.take(closedStart) && tokens.takeRestOfString() && tokens.take(beforeAnsweredAt) &&
-           tokens.skip(instantLength) && tokens.take(beforeCreatedAt) && takeRestOfQuestion(tokens);
+    return tokens.skip(json::dateTextLength) && tokens.take(beforeId) &&
+           tokens.skip(Identifier::textLength) && tokens.take(beforeText) && tokens.takeRestOfString() &&
+           tokens.take(elementEnd);
 }
 
 bool takeOpenQuestion(Tokens& tokens) { return tokens.take(openStart) && takeRestOfQuestion(tokens); }
 
+/// A question that was answered before an instant; instants of one length are in the order of their texts.
+bool takeClosedQuestion(Tokens& tokens, std::string_view before)
+{
+    return tokens.take(closedStart) && tokens.takeRestOfString() && tokens.take(beforeAnsweredAt) &&
+           tokens.skip(json::dateTextLength) && tokens.take(beforeCreatedAt) &&
+           tokens.rest().substr(0, json::dateTextLength) < before && takeRestOfQuestion(tokens);
+}
+bool takeClosedQuestion(Tokens& tokens) { return takeClosedQuestion(tokens, "A"); }
+
+template <class Record>
+bool takeWrittenElement(Tokens& tokens)
+{
+    constexpr std::size_t depth = 2;
+    return tokens.take(indentation<depth>) && takeWrittenRecord<Record, depth>(tokens);
+}
+
+/// Whether blocks and questions beyond reach are looked at.
+enum class Care { readsThePresent, checksAll };
+
 class PresentReader {
 public:
-    PresentReader(const OpenFile& file, base::Reach reach, Instant now)
-        : file_(file), window_(file), reach_(reach), now_(now)
+    PresentReader(const OpenFile& file, Care care, base::Reach reach, Instant now)
+        : file_(file), window_(file), care_(care), reach_(reach), now_(now)
     {
+        const Instant since = base::recentQuestionsSince(now);
+        recentSince_ = json::hasDateText(since) ? json::dateText(since) : std::string();
     }
 
     QuillmereState read()
@@ -69,9 +80,17 @@ public:
         readQuestions();
         require(historyStart);
         std::vector<Block> newest = readBlocks();
+        if (care_ == Care::checksAll) {
+            checkEarlierBlocks();
+        }
         QuillmereState state = readRest();
         state.blockHistory = std::move(newest);
         return state;
+    }
+
+    KeptPart keptPart(OpenFile file, const QuillmereState& state) const
+    {
+        return {std::move(file), closedQuestions_, earlierBlocks_, state};
     }
 
 private:
@@ -122,10 +141,10 @@ private:
             return;
         }
         do {
-            skipClosedQuestions();
-            if (!takeAll(takeClosedQuestion)) {
-                readOpenQuestion();
+            if (care_ == Care::readsThePresent) {
+                skipClosedQuestions();
             }
+            readQuestion();
         } while (takeComma());
     }
 
@@ -134,24 +153,43 @@ private:
     {
         Tokens tokens(window_.text());
         std::size_t length = 0;
-        while (takeClosedQuestion(tokens) && tokens.take(comma)) {
+        while (takeClosedQuestion(tokens, recentSince_) && tokens.take(comma)) {
             length = tokens.taken();
         }
         window_.skip(length);
     }
 
-    void readOpenQuestion()
+    void readQuestion()
     {
+        const std::size_t begin = window_.offset();
+        if (takeAll([&](Tokens& tokens) { return takeClosedQuestionWithCare(tokens); })) {
+            extend(closedQuestions_.back(), begin);
+            return;
+        }
         std::string text;
         const bool isThere = takeAll([&](Tokens& tokens) {
-            const bool isOpen = takeOpenQuestion(tokens);
+            const bool isQuestion = takeOpenQuestion(tokens) || takeClosedQuestion(tokens);
             text = window_.text().substr(0, tokens.taken());
-            return isOpen;
+            return isQuestion;
         });
         if (!isThere) {
             throw UnknownForm();
         }
-        openQuestions_ += (openQuestions_.empty() ? "" : ",") + text;
+        questions_ += (questions_.empty() ? "" : ",") + text;
+        closedQuestions_.push_back({});
+    }
+
+    bool takeClosedQuestionWithCare(Tokens& tokens) const
+    {
+        Tokens checked = tokens;
+        return takeClosedQuestion(tokens, recentSince_) &&
+               (care_ == Care::readsThePresent || takeWrittenElement<AgentQuestion>(checked));
+    }
+
+    /// By an element that begins at an offset and has just been taken.
+    void extend(Run& run, std::size_t begin) const
+    {
+        run = {.begin = run.isEmpty() ? begin : run.begin, .end = window_.offset()};
     }
 
     std::vector<Block> readBlocks()
@@ -180,12 +218,24 @@ private:
         return block;
     }
 
-    /// The state without closed questions and history. Its text must be what is written for it: a key in
-    /// another spelling, or given twice, could mean another state.
+    void checkEarlierBlocks()
+    {
+        while (!isAtListEnd_) {
+            const std::size_t begin = window_.offset();
+            if (!takeAll(takeWrittenElement<Block>)) {
+                throw UnknownForm();
+            }
+            extend(earlierBlocks_, begin);
+            isAtListEnd_ = !takeComma();
+        }
+    }
+
+    /// The state without history, and without the questions beyond reach. Its text must be what is written
+    /// for it: a key in another spelling, or given twice, could mean another state.
     QuillmereState readRest() const
     {
         std::string text(questionsStart.view());
-        text.append(openQuestions_).append(openQuestions_.empty() ? noElements.view() : listEnd.view());
+        text.append(questions_).append(questions_.empty() ? noElements.view() : listEnd.view());
         text.append(historyStart.view()).append(noElements.view());
         text.append(isAtListEnd_ ? file_.textFrom(window_.offset()) : textAfterHistory());
         QuillmereState state = StateStore::decoder().decode<QuillmereState>(Bytes(text));
@@ -225,24 +275,47 @@ private:
 
     const OpenFile& file_;
     Window window_;
+    Care care_;
     base::Reach reach_;
     Instant now_;
-    std::string openQuestions_;  ///< as in the list
-    bool isAtListEnd_ = false;   ///< of the blocks, all of which were read
+    std::string recentSince_;
+    std::string questions_;  ///< within reach, as in the list
+    std::vector<Run> closedQuestions_ = std::vector<Run>(1);
+    Run earlierBlocks_;
+    bool isAtListEnd_ = false;  ///< of the blocks
 };
 
-}  // namespace
-
-std::optional<QuillmereState> readPresent(const std::filesystem::path& file, base::Reach reach, Instant now)
+template <class Read>
+auto ifFormIsKnown(const Read& read) -> std::optional<decltype(read())>
 {
     try {
-        const OpenFile opened(file);
-        return PresentReader(opened, reach, now).read();
+        return read();
     } catch (const UnknownForm&) {
     } catch (const DecodingError&) {
     } catch (const std::system_error&) {
     }
     return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<QuillmereState> readPresent(const std::filesystem::path& file, base::Reach reach, Instant now)
+{
+    return ifFormIsKnown([&] {
+        const OpenFile opened(file);
+        return PresentReader(opened, Care::readsThePresent, reach, now).read();
+    });
+}
+
+std::optional<Changeable> readChangeable(const std::filesystem::path& file, base::Reach reach, Instant now)
+{
+    return ifFormIsKnown([&] {
+        OpenFile opened(file);
+        PresentReader reader(opened, Care::checksAll, reach, now);
+        QuillmereState state = reader.read();
+        KeptPart kept = reader.keptPart(std::move(opened), state);
+        return Changeable{std::move(state), std::move(kept)};
+    });
 }
 
 }  // namespace quillmere::statefile

@@ -9,8 +9,8 @@
 
 namespace quillmere::statefile {
 
-/// Each function takes what it names from the front of the text and returns whether it was there. After a
-/// false the place is no longer of use.
+/// Each function takes what it names from the front of the text and returns whether it was there; if not,
+/// nothing is taken.
 class Tokens {
 public:
     explicit Tokens(std::string_view text) : text_(text), rest_(text) {}
@@ -18,54 +18,62 @@ public:
     template <std::size_t length>
     bool take(const json::FixedText<length>& expected)
     {
-        isCutOff_ = rest_.size() < length;
-        if (isCutOff_ || std::memcmp(rest_.data(), expected.characters.data(), length) != 0) {
+        if (!has(length) || std::memcmp(rest_.data(), expected.characters.data(), length) != 0) {
             return false;
         }
         rest_.remove_prefix(length);
         return true;
     }
 
+    bool take(std::string_view expected)
+    {
+        if (!has(expected.size()) || !rest_.starts_with(expected)) {
+            return false;
+        }
+        rest_.remove_prefix(expected.size());
+        return true;
+    }
+
     bool skip(std::size_t count)
     {
-        isCutOff_ = rest_.size() < count;
-        rest_.remove_prefix(isCutOff_ ? rest_.size() : count);
-        return !isCutOff_;
+        if (!has(count)) {
+            return false;
+        }
+        rest_.remove_prefix(count);
+        return true;
     }
 
-    /// The rest of a string, with its closing quote.
-    bool takeRestOfString()
-    {
-        std::size_t from = 0;
-        for (;;) {
-            const std::size_t quote = rest_.find('"', from);
-            isCutOff_ = quote == rest_.npos;
-            if (isCutOff_) {
-                return false;
-            }
-            const std::size_t escapes = backslashesBefore(quote);
-            if (escapes % 2 == 0) {
-                rest_.remove_prefix(quote + 1);
-                return true;
-            }
-            from = quote + 1;
-        }
-    }
+    /// The rest of a string with its closing quote, whatever is in it.
+    bool takeRestOfString();
+
+    // In the form in which values are written; anything else is not there.
+
+    /// The rest of a string with its closing quote.
+    bool takeRestOfWrittenString();
+    bool takeNumber(double& value);
+    bool takeInteger(double& value);
+    /// Both without quotes.
+    bool takeInstant();
+    bool takeIdentifier();
 
     std::size_t taken() const { return text_.size() - rest_.size(); }
+    std::string_view rest() const { return rest_; }
 
-    /// Whether the last token was not found because the text ends before it does.
+    /// Whether something that was not there may be there once the text is longer.
     bool isCutOff() const { return isCutOff_; }
 
 private:
-    std::size_t backslashesBefore(std::size_t place) const
+    bool has(std::size_t count)
     {
-        std::size_t count = 0;
-        while (count < place && rest_[place - count - 1] == '\\') {
-            ++count;
-        }
-        return count;
+        const bool isLongEnough = rest_.size() >= count;
+        isCutOff_ = isCutOff_ || !isLongEnough;
+        return isLongEnough;
     }
+
+    bool takeEscape();
+    bool takeMultibyteCharacter();
+    /// The characters of a number.
+    std::string_view numberText();
 
     std::string_view text_;
     std::string_view rest_;

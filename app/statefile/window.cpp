@@ -30,6 +30,14 @@ OpenFile::OpenFile(const std::filesystem::path& path)
         throwError(EINVAL, path);
     }
     size_ = static_cast<std::size_t>(status.st_size);
+    modified_ = status.st_mtim;
+}
+
+bool OpenFile::hasChanged() const
+{
+    struct stat status;
+    return ::fstat(descriptor_.get(), &status) != 0 || static_cast<std::size_t>(status.st_size) != size_ ||
+           status.st_mtim.tv_sec != modified_.tv_sec || status.st_mtim.tv_nsec != modified_.tv_nsec;
 }
 
 std::size_t OpenFile::read(char* bytes, std::size_t count, std::size_t offset) const

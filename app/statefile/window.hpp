@@ -3,6 +3,7 @@
 
 #include "base/system/descriptor.hpp"
 
+#include <time.h>
 #include <cstddef>
 #include <filesystem>
 #include <string>
@@ -16,7 +17,10 @@ public:
     /// Throws `std::system_error`, also for what is no regular file.
     explicit OpenFile(const std::filesystem::path& path);
 
+    int descriptor() const { return descriptor_.get(); }
     std::size_t size() const { return size_; }  ///< when it was opened
+    /// Whether it was written to since.
+    bool hasChanged() const;
 
     /// As many bytes as there are from a place on, `count` at most (pread(2)).
     std::size_t read(char* bytes, std::size_t count, std::size_t offset) const;
@@ -27,6 +31,7 @@ public:
 private:
     base::Descriptor descriptor_;
     std::size_t size_;
+    timespec modified_;
 };
 
 /// A part of the text that moves forward through the file.

@@ -1,6 +1,6 @@
 #include "work/deletion.hpp"
 
-#include "base/recent_blocks.hpp"
+#include "base/reach.hpp"
 
 #include "base/text/count.hpp"
 #include "base/text/local_time.hpp"

@@ -1,6 +1,6 @@
 #include "work/models.hpp"
 
-#include "base/recent_blocks.hpp"
+#include "base/reach.hpp"
 
 #include "base/text/duration.hpp"
 #include "config/new_block.hpp"

@@ -1,6 +1,7 @@
 // How a save moves its finished files into place.
 #pragma once
 
+#include "statefile/kept_part.hpp"
 #include "workspace/state_lock.hpp"
 #include "workspace/versions.hpp"
 
@@ -26,6 +27,8 @@ struct ReplacedState {
     Instant savedAt;  ///< `updatedAt` of the state in it
     Keeping keeping;
     StateLock& lock;  ///< held by this program
+    /// Taken over from it beside the state that is saved; null when that is all there is.
+    const statefile::KeptPart* kept = nullptr;
 };
 
 /// The `replaceItem` of one save (see ReplaceItem): gives each file mode 0600, syncs it and renames it. The

@@ -4,11 +4,12 @@
 
 namespace quillmere::workspace {
 
-OpenWorkspace::OpenWorkspace(Workspace workspace)
+OpenWorkspace::OpenWorkspace(Workspace workspace, base::Reach reach)
     : workspace_(std::move(workspace)),
+      reach_(reach),
       // Before the files are read, so that no change between the two is missed.
       watch_(workspace_.directory()),
-      situation_(workspace_.look()),
+      situation_(workspace_.look(reach_)),
       isStale_(!situation_.events.empty())
 {
 }
@@ -19,14 +20,14 @@ std::vector<Event> OpenWorkspace::refresh(std::chrono::milliseconds patience)
     hasNewSave_ = hasChanged || hasNewSave_;
     isStale_ = hasChanged || isStale_;
     if (isStale_) {
-        situation_ = workspace_.look();
+        situation_ = workspace_.look(reach_);
         isStale_ = !situation_.events.empty();
     } else {
         situation_.now = workspace_.now();
         isStale_ = !catchUp(situation_.state, situation_.now).empty();
     }
     // So far the events are in memory only, and another program may have recorded them meanwhile.
-    return isStale_ ? change(nullptr, {.patience = patience}) : std::exchange(recorded_, {});
+    return isStale_ ? change(nullptr, {.patience = patience, .reach = reach_}) : std::exchange(recorded_, {});
 }
 
 std::vector<Event> OpenWorkspace::change(const Operation& operation, const ChangeManner& manner)

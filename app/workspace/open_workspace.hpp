@@ -13,8 +13,9 @@ namespace quillmere::workspace {
 /// exist, in any processes: the first to save an event records it, the others read it.
 class OpenWorkspace {
 public:
-    /// Reads the situation; throws as Workspace::look does.
-    explicit OpenWorkspace(Workspace workspace);
+    /// Reads the situation; throws as Workspace::look does. What lies beyond the reach is neither held nor
+    /// shown.
+    explicit OpenWorkspace(Workspace workspace, base::Reach reach = base::Reach::years);
 
     /// As of the last `refresh` or `change`.
     const Situation& situation() const { return situation_; }
@@ -43,6 +44,7 @@ public:
 
 private:
     Workspace workspace_;
+    base::Reach reach_;
     base::DirectoryWatch watch_;
     Situation situation_;
     std::vector<Event> recorded_;  ///< not returned yet

@@ -62,6 +62,7 @@ public:
     Save(const FilePlaces& places, const ReplacedState& replaced)
         : places_(places),
           replacement_(replaced, places.versions),
+          kept_(replaced.kept),
           states_(places.directory, std::ref(replacement_))
     {
     }
@@ -114,7 +115,7 @@ private:
     void writeState(const QuillmereState& state)
     {
         try {
-            withRoom([&] { states_.save(state); });
+            withRoom([&] { replaceState(state); });
         } catch (const std::exception& error) {
             if (replacement_.isStateReplaced()) {
                 writeAgentSummary(state);
@@ -126,6 +127,17 @@ private:
                 throw;
             }
         }
+    }
+
+    /// Also writes the agent's summary.
+    void replaceState(const QuillmereState& state)
+    {
+        if (!kept_) {
+            states_.save(state);
+            return;
+        }
+        kept_->save(state, states_.stateURL(), std::ref(replacement_));
+        states_.saveAgentSnapshot(state, state.updatedAt);
     }
 
     void writeAgentSummary(const QuillmereState& state)
@@ -223,6 +235,7 @@ private:
     const base::PrivateUmask ownersOnly_;
     const FilePlaces& places_;
     FileReplacement replacement_;
+    const statefile::KeptPart* kept_;
     StateStore states_;
     SaveResult result_;
     std::size_t deletedForRoom_ = 0;

@@ -42,6 +42,7 @@ class MemoryRanOutOnceSaved : public std::bad_alloc {};
 /// Throws while the state file is the old one: EncodingError, and Refusal (`fileError`), which names the
 /// file, and `std::bad_alloc`. Once the state is replaced, every file is tried, and MemoryRanOutOnceSaved is
 /// thrown when even the result does not fit in memory.
+/// With a kept part, `state` is the present of the file that is replaced (statefile::readChangeable).
 SaveResult saveAll(const FilePlaces& places, const ReplacedState& replaced, const QuillmereState& state,
                    Instant now);
 

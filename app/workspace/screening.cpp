@@ -3,6 +3,7 @@
 #include "base/limits.hpp"
 #include "base/refusal.hpp"
 #include "base/text/failure.hpp"
+#include "statefile/form.hpp"
 
 #include <string>
 
@@ -12,34 +13,27 @@ namespace {
 /// Seconds; more than between any two dates.
 constexpr double longestCountdown = 1e12;
 
-/// False for NaN.
-bool isWithin(double value, double least, double most) { return value >= least && value <= most; }
-
-void requireWithin(double value, double least, double most, const std::string& key)
+/// Throws unless the field has a number that it may have. `place` stands before its key.
+template <auto member, class Record>
+void screen(const Record& record, const std::string& place)
 {
-    if (!isWithin(value, least, most)) {
+    if (!base::boundsOf<member>.contain(static_cast<double>(record.*member))) {
+        const std::string key = place + std::string(statefile::keyOf(member));
         throw base::Refusal(base::Refusal::Kind::unusableData,
                             base::unusableStateText(key + " is out of bounds"));
     }
 }
 
-void screenDuration(double seconds, const std::string& key)
-{
-    requireWithin(seconds, base::shortestDuration, base::longestDuration, key);
-}
-
 void screenBlock(const Block& block, const std::string& key)
 {
-    screenDuration(block.focusDurationSeconds, key + ".focus_duration_seconds");
-    screenDuration(block.breakDurationSeconds, key + ".break_duration_seconds");
-    requireWithin(static_cast<double>(block.cycleCount), 1, static_cast<double>(base::mostCycles),
-                  key + ".cycle_count");
+    screen<&Block::focusDurationSeconds>(block, key + ".");
+    screen<&Block::breakDurationSeconds>(block, key + ".");
+    screen<&Block::cycleCount>(block, key + ".");
     for (std::size_t index = 0; index < block.sessions.size(); ++index) {
         const WorkSession& session = block.sessions[index];
-        const std::string sessionKey = key + ".sessions[" + std::to_string(index) + "]";
-        screenDuration(session.plannedDurationSeconds, sessionKey + ".planned_duration_seconds");
-        requireWithin(session.accumulatedPausedSeconds, 0, base::longestSum,
-                      sessionKey + ".accumulated_paused_seconds");
+        const std::string sessionKey = key + ".sessions[" + std::to_string(index) + "].";
+        screen<&WorkSession::plannedDurationSeconds>(session, sessionKey);
+        screen<&WorkSession::accumulatedPausedSeconds>(session, sessionKey);
     }
 }
 
@@ -53,14 +47,14 @@ void requireUsable(const QuillmereState& state)
     for (std::size_t index = 0; index < state.blockHistory.size(); ++index) {
         screenBlock(state.blockHistory[index], "block_history[" + std::to_string(index) + "]");
     }
-    requireWithin(state.breakExtensionSeconds, 0, base::longestSum, "break_extension_seconds");
+    screen<&QuillmereState::breakExtensionSeconds>(state, "");
 }
 
 void requireUsable(const WidgetSnapshot& summary)
 {
     const auto frozen =
         static_cast<double>(summary.countdown ? summary.countdown->frozenRemainingSeconds : 0);
-    if (!isWithin(frozen, -longestCountdown, longestCountdown) || summary.openQuestionCount < 0) {
+    if (!base::Bounds{-longestCountdown, longestCountdown}.contain(frozen) || summary.openQuestionCount < 0) {
         throw base::Refusal(base::Refusal::Kind::unusableData,
                             "The widget's summary has a number that is out of bounds.");
     }

@@ -173,17 +173,19 @@ Situation Workspace::change(const EventReport& report, const Operation& operatio
         apply(operation, first);
     }
     StateLock held = lock(manner.patience);
-    QuillmereState loaded = load(states_);
-    Instant replacedAt = loaded.updatedAt;
-    Situation situation = caughtUp(std::move(loaded));
+    Loaded loaded = loadToChange(manner.reach);
+    ReplacedState replaced = stateToReplace(loaded.state.updatedAt, Keeping::ifPossible, held);
+    replaced.kept = loaded.kept ? &*loaded.kept : nullptr;
+    Situation situation = caughtUp(std::move(loaded.state));
     const bool hasEvents = !situation.events.empty();
     if (hasEvents) {
-        recordEvents(situation, replacedAt, report, held);
-        replacedAt = situation.state.updatedAt;
+        recordEvents(situation, replaced, report);
+        replaced.savedAt = situation.state.updatedAt;
     }
     if (operation) {
         apply(operation, situation);
-        const SaveResult result = save(situation, replacedAt, manner.keeping, held);
+        replaced.keeping = manner.keeping;
+        const SaveResult result = saveAll(places_, replaced, situation.state, situation.now);
         onceSaved([&] {
             warn(situation, result);
             finish(manner, situation);
@@ -207,7 +209,8 @@ Situation Workspace::restore(const Version& version, const EventReport& report) 
     // Catches up before `updatedAt` changes: catchUp takes no timer as run out before `updatedAt`.
     Situation situation = caughtUp(std::move(state));
     situation.state.updatedAt = std::max({situation.now, situation.state.updatedAt, replacedAt});
-    const SaveResult result = save(situation, replacedAt, Keeping::necessarily, held);
+    const ReplacedState replaced = stateToReplace(replacedAt, Keeping::necessarily, held);
+    const SaveResult result = saveAll(places_, replaced, situation.state, situation.now);
     onceSaved([&] {
         warn(situation, result);
         if (!situation.events.empty()) {
@@ -234,6 +237,16 @@ void Workspace::compressVersion() const
         // A whole version is as good.
     } catch (const std::bad_alloc&) {
     }
+}
+
+Workspace::Loaded Workspace::loadToChange(base::Reach reach) const
+{
+    if (reach != base::Reach::years) {
+        if (auto changeable = statefile::readChangeable(states_.stateURL(), reach, clock_())) {
+            return {std::move(changeable->state), std::move(changeable->kept)};
+        }
+    }
+    return {load(states_), std::nullopt};
 }
 
 Situation Workspace::caughtUp(QuillmereState state) const
@@ -267,11 +280,11 @@ void Workspace::makeFirstState() const
     writeAtomically(StateStore::encoder().source(first), states_.stateURL(), link);
 }
 
-void Workspace::recordEvents(Situation& situation, Instant replacedAt, const EventReport& report,
-                             StateLock& lock) const
+void Workspace::recordEvents(Situation& situation, const ReplacedState& replaced,
+                             const EventReport& report) const
 {
     try {
-        const SaveResult result = save(situation, replacedAt, Keeping::ifPossible, lock);
+        const SaveResult result = saveAll(places_, replaced, situation.state, situation.now);
         warn(situation, result);
         report(situation.events);
         requireAllWritten("The time that passed is recorded, and nothing else was done", result);
@@ -280,12 +293,9 @@ void Workspace::recordEvents(Situation& situation, Instant replacedAt, const Eve
     }
 }
 
-SaveResult Workspace::save(const Situation& situation, Instant replacedAt, Keeping keeping,
-                           StateLock& lock) const
+ReplacedState Workspace::stateToReplace(Instant savedAt, Keeping keeping, StateLock& lock) const
 {
-    const ReplacedState replaced{
-        .file = states_.stateURL(), .savedAt = replacedAt, .keeping = keeping, .lock = lock};
-    return saveAll(places_, replaced, situation.state, situation.now);
+    return {.file = states_.stateURL(), .savedAt = savedAt, .keeping = keeping, .lock = lock};
 }
 
 Instant Workspace::savedAt() const

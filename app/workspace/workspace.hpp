@@ -1,7 +1,7 @@
 // The three files of one person, and the order in which a run reads and writes them.
 #pragma once
 
-#include "base/recent_blocks.hpp"
+#include "base/reach.hpp"
 #include "base/refusal.hpp"
 #include "workspace/catching_up.hpp"
 #include "workspace/directory_lock.hpp"
@@ -44,6 +44,9 @@ struct ChangeManner {
     std::chrono::milliseconds patience = DirectoryLock::usualPatience;  ///< longest wait for the lock
     /// Whether the state before the operation is kept as a version, as it is before recorded events.
     Keeping keeping = Keeping::ifPossible;
+    /// What the operation looks at and changes. Within the present it may add a finished block, ask and
+    /// answer; what lies beyond is checked and kept, byte for byte.
+    base::Reach reach = base::Reach::years;
     /// Called once the operation is saved, still under the lock. When it throws `std::system_error`, that
     /// becomes a warning.
     std::function<void()> afterSave = nullptr;
@@ -119,6 +122,14 @@ private:
     Workspace(const std::filesystem::path& directory, WidgetPlace widget, Clock clock,
               const std::filesystem::path& stateHome);
 
+    /// A state, and what is kept of its file when it is only the present.
+    struct Loaded {
+        QuillmereState state;
+        std::optional<statefile::KeptPart> kept;
+    };
+
+    /// All of the file is checked.
+    Loaded loadToChange(base::Reach reach) const;
     /// Checks the limits of a loaded state and catches up.
     Situation caughtUp(QuillmereState state) const;
     /// Creates the directory where it is missing, and locks it.
@@ -126,10 +137,8 @@ private:
     /// Saves an initial state unless there is a state.
     void makeFirstState() const;
     /// Saves and reports the events of the situation.
-    void recordEvents(Situation& situation, Instant replacedAt, const EventReport& report,
-                      StateLock& lock) const;
-    /// Every save of the state goes through here (workspace::saveAll).
-    SaveResult save(const Situation& situation, Instant replacedAt, Keeping keeping, StateLock& lock) const;
+    void recordEvents(Situation& situation, const ReplacedState& replaced, const EventReport& report) const;
+    ReplacedState stateToReplace(Instant savedAt, Keeping keeping, StateLock& lock) const;
     /// `updatedAt` of the state file; the present when the file is missing or cannot be decoded.
     Instant savedAt() const;
 

@@ -122,8 +122,9 @@ void addAmend(CLI::App& line, Program& program)
             command->name =
                 nameWithoutNumber(command->name, false, program.workspace().look().state, program);
             program.change(namingOptions([&](QuillmereState& state, Instant now) {
-                return amend(*command, state, {now, program.hours()});
-            }));
+                               return amend(*command, state, {now, program.hours()});
+                           }),
+                           base::Reach::years);
         });
     app->add_option("name", command->name,
                     "A block as history names it, such as 9F1C; 9F1C.2 is its second session, .2 that of the "

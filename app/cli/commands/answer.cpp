@@ -6,6 +6,7 @@
 #include "work/done_text.hpp"
 #include "work/fields/answers.hpp"
 #include "work/question_naming.hpp"
+#include "work/short_names.hpp"
 
 #include <CLI/CLI.hpp>
 
@@ -27,6 +28,12 @@ Identifier questionOf(const AnswerCommand& command, const QuillmereState& state)
     return id ? *id : work::questionNamed(command.question, state).id;
 }
 
+/// Numbers count the open questions; a name is one among all.
+base::Reach reachOf(const AnswerCommand& command)
+{
+    return command.question.size() < work::shortestName ? base::Reach::present : base::Reach::years;
+}
+
 void answer(const AnswerCommand& command, QuillmereState& state, Instant now)
 {
     const std::string text = command.isDismissal ? std::string(work::dismissal) : command.text.value_or("");
@@ -36,7 +43,7 @@ void answer(const AnswerCommand& command, QuillmereState& state, Instant now)
 
 void askForText(AnswerCommand& command, Program& program)
 {
-    const QuillmereState state = program.workspace().look().state;
+    const QuillmereState state = program.workspace().look(reachOf(command)).state;
     const AgentQuestion& question = work::questionNamed(command.question, state);
     base::Environment& environment = program.environment();
     tell(environment, question.question);
@@ -54,8 +61,9 @@ void answerQuestion(AnswerCommand& command, Program& program)
     if (program.environment().inputIsTerminal && !command.text && !command.isDismissal) {
         askForText(command, program);
     }
-    program.change(command.isDismissal ? work::done::questionDismissed : work::done::questionAnswered,
-                   [&](QuillmereState& state, Instant now) { answer(command, state, now); });
+    program.change(
+        command.isDismissal ? work::done::questionDismissed : work::done::questionAnswered,
+        [&](QuillmereState& state, Instant now) { answer(command, state, now); }, reachOf(command));
 }
 
 }  // namespace

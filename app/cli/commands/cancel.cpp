@@ -138,7 +138,7 @@ std::string apply(const CancelCommand& command, Subject subject, QuillmereState&
 void cancel(CancelCommand& command, Program& program)
 {
     const workspace::Workspace workspace = program.workspace();
-    const workspace::Situation situation = workspace.look();
+    const workspace::Situation situation = workspace.look(base::Reach::present);
     const Subject subject = subjectIn(situation.state, situation.now);
     const work::Drafts drafts(workspace.stateDirectory());
     settle(command, subject, situation, drafts.areKept(), program);

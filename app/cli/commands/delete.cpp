@@ -92,7 +92,7 @@ void deleteBlock(DeleteCommand& command, Program& program)
     if (!command.isConfirmed && program.wouldAccept(operation, base::Reach::years)) {
         requireAgreement(program.environment(), deletionQuestion(block, command, program.hours()));
     }
-    program.change(operation, [&]() -> std::string {
+    program.change(operation, base::Reach::years, [&]() -> std::string {
         return command.inVersionsToo ? " " + forgottenText(program.workspace().forgetInVersions(block.id))
                                      : "";
     });

@@ -1,5 +1,5 @@
 // Lists the finished blocks, or shows one whole.
-#include "base/recent_blocks.hpp"
+#include "base/reach.hpp"
 #include "base/record_json.hpp"
 #include "base/text/columns.hpp"
 #include "base/text/count.hpp"

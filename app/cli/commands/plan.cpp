@@ -112,12 +112,14 @@ void plan(PlanCommand& command, Program& program)
         command.options.askForMissing(presentBlock(command, before->state, before->now),
                                       {environment, before->state, {before->now, program.hours()}});
     }
-    program.change([&](QuillmereState& state, Instant now) {
-        operationOf(command)(state, now);
-        const std::optional<Instant>& start = state.currentBlock->plannedStart;
-        return start ? work::done::scheduledFor(*start, program.hours())
-                     : std::string(work::done::blockBegun);
-    });
+    program.change(
+        [&](QuillmereState& state, Instant now) {
+            operationOf(command)(state, now);
+            const std::optional<Instant>& start = state.currentBlock->plannedStart;
+            return start ? work::done::scheduledFor(*start, program.hours())
+                         : std::string(work::done::blockBegun);
+        },
+        reachOf(command));
     if (command.draft) {
         work::forgetDraftOfNextBlock(before->state, drafts);
     }

@@ -1,6 +1,6 @@
 #include "screen/pages/history_list.hpp"
 
-#include "base/recent_blocks.hpp"
+#include "base/reach.hpp"
 #include "base/text/local_time.hpp"
 #include "work/naming.hpp"
 #include "work/recall/block_account.hpp"

@@ -1,5 +1,5 @@
 // The page while nothing runs: what helps to begin, and the blocks that were finished last.
-#include "base/recent_blocks.hpp"
+#include "base/reach.hpp"
 #include "base/text/count.hpp"
 #include "base/text/duration.hpp"
 #include "base/text/local_time.hpp"

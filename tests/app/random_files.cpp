@@ -2,6 +2,9 @@
 
 #include "support/sample_states.hpp"
 
+#include <quillmere/records/json/coding_error.hpp>
+#include <quillmere/store/state_store.hpp>
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -30,6 +33,10 @@ Block randomBlock(unsigned number, Instant finished, std::mt19937& random)
     Block block = blockInWork(number, static_cast<std::int64_t>(below(3, random)));
     block.whyValue = randomText(random);
     block.contextNotes = randomText(random);
+    constexpr std::array<double, 8> pauses = {0, 42.5, 0.1, 1e5, 172'800, 123'456.789, 1e-7, 3e10};
+    for (WorkSession& session : block.sessions) {
+        session.accumulatedPausedSeconds = pauses[below(pauses.size(), random)];
+    }
     block.completedAt = below(9, random) == 0 ? std::nullopt : std::optional(finished);
     block.reflection = below(3, random) == 0 ? std::nullopt : std::optional(sampleReflection());
     return block;
@@ -40,7 +47,7 @@ AgentQuestion randomQuestion(unsigned number, std::mt19937& random)
     const bool isOpen = below(4, random) == 0;
     return {.id = identifier(9000 + number),
             .question = randomText(random),
-            .createdAt = moment,
+            .createdAt = moment - (below(2, random) == 0 ? 60.0 : day),
             .answer = isOpen ? std::nullopt : std::optional(randomText(random)),
             .answeredAt = isOpen ? std::nullopt : std::optional(moment)};
 }
@@ -117,6 +124,43 @@ QuillmereState randomState(std::mt19937& random, Instant now)
         state.agentQuestions.push_back(randomQuestion(number, random));
     }
     return state;
+}
+
+std::string textOf(const QuillmereState& state)
+{
+    return std::string(StateStore::encoder().encode(state).view());
+}
+
+std::optional<QuillmereState> stateOf(const std::string& text)
+{
+    try {
+        QuillmereState state = StateStore::decoder().decode<QuillmereState>(Bytes(text));
+        const bool isOne = state == StateStore::decoder().decode<QuillmereState>(Bytes(text));
+        return isOne ? std::optional(std::move(state)) : std::nullopt;
+    } catch (const DecodingError&) {
+        return std::nullopt;
+    }
+}
+
+QuillmereState presentOf(QuillmereState state, base::Reach reach, Instant now)
+{
+    std::erase_if(state.agentQuestions, [&](const AgentQuestion& question) {
+        return !question.isOpen() && question.createdAt < base::recentQuestionsSince(now);
+    });
+    const std::size_t count = base::blocksWithin(reach, state, now).size();
+    state.blockHistory.erase(state.blockHistory.begin() + static_cast<std::ptrdiff_t>(count),
+                             state.blockHistory.end());
+    return state;
+}
+
+std::vector<Block> finishedDaily(unsigned count, Instant last)
+{
+    std::vector<Block> blocks;
+    for (unsigned number = 0; number < count; ++number) {
+        blocks.push_back(blockInWork(number, 1));
+        blocks.back().completedAt = last - day * number;
+    }
+    return blocks;
 }
 
 std::string changedByHand(std::string text, std::mt19937& random)

@@ -1,4 +1,4 @@
-// The newest finished blocks, which are all that displays of the present tell of the history.
+// How much of the records a display looks at: the newest finished blocks and the questions that matter now.
 #pragma once
 
 #include <quillmere/records/quillmere_state.hpp>
@@ -9,7 +9,8 @@
 
 namespace quillmere::base {
 
-/// How far back a display looks. What lies before has no effect on it, so that it need not be read.
+/// How far back a display or a change looks. What lies before has no effect on it, so that it need not be
+/// read.
 enum class Reach {
     present,  ///< where the work stands: at least five blocks
     prompts,  ///< what was written before, offered again: at least thirty
@@ -39,5 +40,9 @@ inline std::span<const Block> blocksWithin(Reach reach, const QuillmereState& st
     }
     return history.first(count);
 }
+
+/// Questions without an answer are within every reach, and so are all that were asked from here on: how many
+/// were asked in the last minute decides whether an agent may ask another.
+inline Instant recentQuestionsSince(Instant now) { return now - 3600.0; }
 
 }  // namespace quillmere::base

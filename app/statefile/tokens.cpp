@@ -1,0 +1,232 @@
+#include "statefile/tokens.hpp"
+
+#include <quillmere/records/identifier.hpp>
+#include <quillmere/records/json/date_text.hpp>
+#include <quillmere/records/json/utf8.hpp>
+
+#include <array>
+#include <bit>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <system_error>
+
+namespace quillmere::statefile {
+namespace {
+
+constexpr std::size_t longestNumber = 48;
+constexpr std::size_t longestEscape = 6;
+
+bool isPlain(char character)
+{
+    return static_cast<unsigned char>(character) >= 0x20 && static_cast<unsigned char>(character) < 0x80 &&
+           character != '"' && character != '\\';
+}
+
+constexpr std::uint64_t inEachByte(std::uint64_t byte) { return byte * 0x0101010101010101; }
+
+/// The highest bit of each byte that is zero; above the lowest such byte, of others too.
+std::uint64_t zeroBytes(std::uint64_t bytes)
+{
+    return (bytes - inEachByte(0x01)) & ~bytes & inEachByte(0x80);
+}
+
+/// How many characters at the front of a text stand in a string as they are: neither a quote nor a backslash,
+/// no control character, nothing beyond ASCII.
+std::size_t plainRun(std::string_view text)
+{
+    std::size_t length = 0;
+    if constexpr (std::endian::native == std::endian::little) {
+        for (; length + 8 <= text.size(); length += 8) {
+            std::uint64_t bytes = 0;
+            std::memcpy(&bytes, text.data() + length, 8);
+            const std::uint64_t special = (bytes & inEachByte(0x80)) | zeroBytes(bytes & inEachByte(0xE0)) |
+                                          zeroBytes(bytes ^ inEachByte('"')) |
+                                          zeroBytes(bytes ^ inEachByte('\\'));
+            if (special != 0) {
+                return length + static_cast<std::size_t>(std::countr_zero(special)) / 8;
+            }
+        }
+    }
+    while (length < text.size() && isPlain(text[length])) {
+        ++length;
+    }
+    return length;
+}
+
+/// Which characters may stand where a pattern has "9", a digit, or "F", a hexadecimal one in upper case.
+constexpr auto kinds = [] {
+    std::array<std::uint8_t, 256> table{};
+    for (const char digit : std::string_view("0123456789")) {
+        table[static_cast<unsigned char>(digit)] = 3;
+    }
+    for (const char digit : std::string_view("ABCDEF")) {
+        table[static_cast<unsigned char>(digit)] = 2;
+    }
+    return table;
+}();
+
+/// Without a branch a character, which is several times as fast.
+template <std::size_t length>
+bool matches(const char* text, const json::FixedText<length>& pattern)
+{
+    bool matches = true;
+    for (std::size_t index = 0; index < length; ++index) {
+        const char wanted = pattern.characters[index];
+        const std::uint8_t kind = kinds[static_cast<unsigned char>(text[index])];
+        matches &= wanted == '9' ? (kind & 1) != 0 : wanted == 'F' ? (kind & 2) != 0 : text[index] == wanted;
+    }
+    return matches;
+}
+
+int twoDigits(const char* text) { return (text[0] - '0') * 10 + (text[1] - '0'); }
+
+}  // namespace
+
+bool Tokens::takeRestOfString()
+{
+    for (std::size_t from = 0;;) {
+        const std::size_t quote = rest_.find('"', from);
+        if (quote == rest_.npos) {
+            isCutOff_ = true;
+            return false;
+        }
+        std::size_t escapes = 0;
+        while (escapes < quote && rest_[quote - escapes - 1] == '\\') {
+            ++escapes;
+        }
+        if (escapes % 2 == 0) {
+            rest_.remove_prefix(quote + 1);
+            return true;
+        }
+        from = quote + 1;
+    }
+}
+
+bool Tokens::takeRestOfWrittenString()
+{
+    for (;;) {
+        rest_.remove_prefix(plainRun(rest_));
+        if (!has(1)) {
+            return false;
+        }
+        const char next = rest_.front();
+        if (next == '"') {
+            rest_.remove_prefix(1);
+            return true;
+        }
+        if (next == '\\' ? !takeEscape() : !takeMultibyteCharacter()) {
+            return false;
+        }
+    }
+}
+
+bool Tokens::takeEscape()
+{
+    if (!has(2)) {
+        return false;
+    }
+    constexpr std::string_view named = "\"\\bfnrt";
+    if (named.find(rest_[1]) != named.npos) {
+        rest_.remove_prefix(2);
+        return true;
+    }
+    if (!has(longestEscape) || !rest_.starts_with("\\u00")) {
+        return false;
+    }
+    // The other control characters, in lower case; those with a name are written with it.
+    constexpr std::string_view others =
+        "01020304050607"
+        "0b0e0f"
+        "101112131415161718191a1b1c1d1e1f"
+        "00";
+    const std::string_view digits = rest_.substr(4, 2);
+    for (std::size_t index = 0; index < others.size(); index += 2) {
+        if (others.substr(index, 2) == digits) {
+            rest_.remove_prefix(longestEscape);
+            return true;
+        }
+    }
+    return false;
+}
+
+bool Tokens::takeMultibyteCharacter()
+{
+    const json::Utf8Sequence sequence = json::frontSequence(rest_);
+    if (static_cast<unsigned char>(rest_.front()) < 0x80 || !sequence.wellFormed) {
+        has(4);  // the character may go on
+        return false;
+    }
+    rest_.remove_prefix(sequence.length);
+    return true;
+}
+
+std::string_view Tokens::numberText()
+{
+    has(longestNumber);
+    const std::size_t end = rest_.substr(0, longestNumber).find_first_of(",\n");
+    return rest_.substr(0, end == rest_.npos ? 0 : end);
+}
+
+bool Tokens::takeNumber(double& value)
+{
+    const std::string_view text = numberText();
+    char written[longestNumber];
+    char* const end = written + longestNumber;
+    if (std::from_chars(text.data(), text.data() + text.size(), value).ec != std::errc() ||
+        !std::isfinite(value)) {
+        return false;
+    }
+    // As durations are written: short whole numbers as digits, all others as short as they can be.
+    const bool isShort = std::abs(value) < 1e5 && std::trunc(value) == value && !std::signbit(value);
+    const bool isLong = std::abs(value) >= 0x1p63;
+    const std::to_chars_result result =
+        isShort  ? std::to_chars(written, end, static_cast<std::int64_t>(value))
+        : isLong ? std::to_chars(written, end, value, std::chars_format::scientific)
+                 : std::to_chars(written, end, value);
+    return text == std::string_view(written, static_cast<std::size_t>(result.ptr - written)) &&
+           skip(text.size());
+}
+
+bool Tokens::takeInteger(double& value)
+{
+    const std::string_view text = numberText();
+    char written[longestNumber];
+    std::int64_t integer = 0;
+    if (std::from_chars(text.data(), text.data() + text.size(), integer).ec != std::errc()) {
+        return false;
+    }
+    value = static_cast<double>(integer);
+    const char* const end = std::to_chars(written, written + longestNumber, integer).ptr;
+    return text == std::string_view(written, static_cast<std::size_t>(end - written)) && skip(text.size());
+}
+
+bool Tokens::takeInstant()
+{
+    if (!has(json::dateTextLength)) {
+        return false;
+    }
+    static constexpr json::FixedText pattern = "9999-99-99T99:99:99Z";
+    const char* const text = rest_.data();
+    if (!matches(text, pattern)) {
+        return false;
+    }
+    constexpr int daysOfEveryMonth = 28;
+    const int month = twoDigits(text + 5);
+    const int day = twoDigits(text + 8);
+    const bool isUsual = month >= 1 && month <= 12 && day >= 1 && day <= daysOfEveryMonth &&
+                         twoDigits(text + 11) < 24 && twoDigits(text + 14) < 60 && twoDigits(text + 17) < 60;
+    return (isUsual || json::instantFromDateText(rest_.substr(0, json::dateTextLength))) &&
+           skip(json::dateTextLength);
+}
+
+bool Tokens::takeIdentifier()
+{
+    if (!has(Identifier::textLength)) {
+        return false;
+    }
+    static constexpr json::FixedText pattern = "FFFFFFFF-FFFF-FFFF-FFFF-FFFFFFFFFFFF";
+    return matches(rest_.data(), pattern) && skip(pattern.view().size());
+}
+
+}  // namespace quillmere::statefile
