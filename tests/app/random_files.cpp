@@ -153,16 +153,6 @@ QuillmereState presentOf(QuillmereState state, base::Reach reach, Instant now)
     return state;
 }
 
-std::vector<Block> finishedDaily(unsigned count, Instant last)
-{
-    std::vector<Block> blocks;
-    for (unsigned number = 0; number < count; ++number) {
-        blocks.push_back(blockInWork(number, 1));
-        blocks.back().completedAt = last - day * number;
-    }
-    return blocks;
-}
-
 std::string changedByHand(std::string text, std::mt19937& random)
 {
     if (text.empty()) {

@@ -31,7 +31,4 @@ std::optional<QuillmereState> stateOf(const std::string& text);
 /// What the present of a state is, computed from all of it.
 QuillmereState presentOf(QuillmereState state, base::Reach reach, Instant now);
 
-/// Finished a day apart, the first one at an instant.
-std::vector<Block> finishedDaily(unsigned count, Instant last);
-
 }  // namespace quillmere::test

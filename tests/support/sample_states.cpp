@@ -105,6 +105,29 @@ Block blockInWork(unsigned number, std::int64_t sessionCount)
     return block;
 }
 
+std::vector<Block> finishedDaily(unsigned count, Instant last)
+{
+    constexpr double day = 86'400;
+    std::vector<Block> blocks;
+    for (unsigned number = 0; number < count; ++number) {
+        blocks.push_back(blockInWork(number, 1));
+        blocks.back().completedAt = last - day * number;
+    }
+    return blocks;
+}
+
+void addEarlierYears(QuillmereState& state)
+{
+    const Instant then = moment - 1e7;
+    const std::vector<Block> blocks = finishedDaily(40, then);
+    state.blockHistory.insert(state.blockHistory.end(), blocks.begin(), blocks.end());
+    state.agentQuestions.insert(state.agentQuestions.begin(), {.id = identifier(899),
+                                                               .question = "Which way?",
+                                                               .createdAt = then,
+                                                               .answer = "This one",
+                                                               .answeredAt = then});
+}
+
 QuillmereState stateIn(WorkflowState workflowState)
 {
     QuillmereState state = QuillmereState::initial(moment);

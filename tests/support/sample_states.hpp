@@ -3,6 +3,8 @@
 
 #include <quillmere/records/quillmere_state.hpp>
 
+#include <vector>
+
 namespace quillmere::test {
 
 /// The main instant of the samples: 2026-11-15T15:00:00Z.
@@ -21,6 +23,12 @@ Block sampleBlock(unsigned number);
 /// A block with `sessionCount` sessions. All are ended and reviewed except the last, which started at
 /// `moment`.
 Block blockInWork(unsigned number, std::int64_t sessionCount);
+
+/// Finished blocks a day apart, the newest first, which was finished at an instant.
+std::vector<Block> finishedDaily(unsigned count, Instant last);
+
+/// Adds a history and closed questions that lie beyond what displays and changes of the present look at.
+void addEarlierYears(QuillmereState& state);
 
 /// A state as the engine leaves it in `workflowState`. Has a current block where the engine has one, with its
 /// first session running, ended or followed by a break accordingly. `blockReview` has all three sessions;

@@ -113,7 +113,9 @@ public:
     explicit Files(const std::optional<QuillmereState>& state)
     {
         if (state) {
-            has(*state);
+            QuillmereState old = *state;
+            addEarlierYears(old);
+            has(old);
         }
     }
 

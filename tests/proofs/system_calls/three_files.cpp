@@ -19,6 +19,7 @@ QuillmereState quietState()
     state.breakStartedAt.reset();
     state.breakEndNotifiedAt.reset();
     state.breakExtensionSeconds = 0;
+    addEarlierYears(state);
     return state;
 }
 

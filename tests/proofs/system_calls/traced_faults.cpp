@@ -20,6 +20,9 @@ std::optional<SystemCall> callOf(const TracedCall& call)
     if (has("AT_SYMLINK_NOFOLLOW")) {
         return SystemCall::lstat;
     }
+    if (call.name == "copy_file_range") {
+        return SystemCall::write;
+    }
     for (const SystemCall kind : all) {
         if (call.name.find(nameOf(kind)) != std::string::npos) {
             return kind;

@@ -16,7 +16,8 @@ namespace {
 constexpr const char* tracedNames =
     "trace=?mkdir,?mkdirat,?chmod,?fchmodat,?fchmodat2,?stat,?lstat,?fstat,?newfstatat,?fstatat64,?statx,?"
     "open,"
-    "?openat,read,write,fsync,close,?rename,?renameat,?renameat2,?link,?linkat,?unlink,?unlinkat,flock";
+    "?openat,read,?pread64,write,?copy_file_range,fsync,close,?rename,?renameat,?renameat2,?link,?linkat,?"
+    "unlink,?unlinkat,flock";
 
 ProcessEnding runSilently(std::vector<std::string> words,
                           const std::map<std::string, std::optional<std::string>>& more = {})
