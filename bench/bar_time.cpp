@@ -4,27 +4,17 @@
 // The commands run in turn, each run in a new process, measured by getrusage(2). Starting the program, which
 // is mostly work of the dynamic linker and the kernel, is the greater part of the time.
 #include "generated_state.hpp"
+#include "measured_process.hpp"
+#include "temporary_place.hpp"
 
 #include <quillmere/store/state_store.hpp>
 #include <quillmere/widget/widget_snapshot_store.hpp>
 
-#include <fcntl.h>
-#include <spawn.h>
-#include <stdlib.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <cstdio>
 #include <filesystem>
-#include <stdexcept>
 #include <string>
-#include <system_error>
 #include <vector>
-
-extern char** environ;  // NOLINT(readability-redundant-declaration): not declared on every system
 
 namespace quillmere::bench {
 namespace {
@@ -40,58 +30,6 @@ struct Command {
     std::vector<std::string> words;
     std::vector<double> times;
 };
-
-/// A temporary directory for the measurement.
-class Place {
-public:
-    Place()
-    {
-        std::string path = fs::temp_directory_path() / "quillmere-bar-time-XXXXXX";
-        if (!::mkdtemp(path.data())) {
-            throw std::system_error(errno, std::generic_category(), "mkdtemp");
-        }
-        path_ = path;
-    }
-    Place(const Place&) = delete;
-    Place& operator=(const Place&) = delete;
-    ~Place() { fs::remove_all(path_); }
-
-    const fs::path& path() const { return path_; }
-
-private:
-    fs::path path_;
-};
-
-double milliseconds(const timeval& time)
-{
-    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
-}
-
-/// Runs a command and returns its processor time in user and system mode.
-double timeOfRun(std::vector<std::string> words)
-{
-    std::vector<char*> pointers;
-    for (std::string& word : words) {
-        pointers.push_back(word.data());
-    }
-    pointers.push_back(nullptr);
-    posix_spawn_file_actions_t actions;
-    ::posix_spawn_file_actions_init(&actions);
-    ::posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    pid_t process = -1;
-    const int error = ::posix_spawnp(&process, pointers.front(), &actions, nullptr, pointers.data(), environ);
-    ::posix_spawn_file_actions_destroy(&actions);
-    if (error != 0) {
-        throw std::system_error(error, std::generic_category(), words.front());
-    }
-    int status = 0;
-    rusage usage{};
-    ::wait4(process, &status, 0, &usage);
-    if (status != 0) {
-        throw std::runtime_error(words.front() + " has failed");
-    }
-    return milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
-}
 
 void saveHistory(const fs::path& directory)
 {
@@ -127,7 +65,7 @@ void print(Command& command)
 
 void run(const std::string& program, const std::vector<std::string>& other)
 {
-    const Place place;
+    const TemporaryPlace place(fs::temp_directory_path());
     const fs::path empty = place.path() / "empty";
     const fs::path full = place.path() / "full";
     const fs::path longTexts = place.path() / "long";
@@ -148,7 +86,7 @@ void run(const std::string& program, const std::vector<std::string>& other)
     }
     for (int round = 0; round < rounds; ++round) {
         for (Command& command : commands) {
-            command.times.push_back(timeOfRun(command.words));
+            command.times.push_back(costOf(command.words).processorSeconds * 1e3);
         }
     }
     std::printf("%-28s %8s %8s %8s   ms of processor time, %d runs each\n", "", "best", "median", "worst",

@@ -157,4 +157,28 @@ QuillmereState generatedState(std::size_t finishedBlocks)
     return state;
 }
 
+QuillmereState generatedYears(std::size_t finishedBlocks)
+{
+    constexpr int questionsADay = 10;
+    constexpr double minute = 60;
+    QuillmereState state = generatedState(finishedBlocks);
+    state.workflowState = WorkflowState::idle;
+    state.currentBlock.reset();
+    state.agentQuestions.clear();
+    Author author;
+    for (auto day = state.blockHistory.rbegin(); day != state.blockHistory.rend(); ++day) {
+        for (int count = 0; count < questionsADay; ++count) {
+            const Instant asked = day->createdAt + 20 * minute * count;
+            state.agentQuestions.push_back({
+                .id = Identifier::random(),
+                .question = author.text(6, 20),
+                .createdAt = asked,
+                .answer = author.text(2, 12),
+                .answeredAt = asked + 2 * minute,
+            });
+        }
+    }
+    return state;
+}
+
 }  // namespace quillmere::bench

@@ -12,4 +12,8 @@ namespace quillmere::bench {
 /// non-ASCII letters. Every call with the same count returns the same state, except for the identifiers.
 QuillmereState generatedState(std::size_t finishedBlocks);
 
+/// The same finished blocks with nothing running, and for each of them ten questions that were answered on
+/// its day.
+QuillmereState generatedYears(std::size_t finishedBlocks);
+
 }  // namespace quillmere::bench

@@ -86,20 +86,20 @@ int twoDigits(const char* text) { return (text[0] - '0') * 10 + (text[1] - '0');
 bool Tokens::takeRestOfString()
 {
     for (std::size_t from = 0;;) {
-        const std::size_t quote = rest_.find('"', from);
-        if (quote == rest_.npos) {
+        const std::size_t end = rest_.find('"', from);
+        if (end == rest_.npos) {
             isCutOff_ = true;
             return false;
         }
         std::size_t escapes = 0;
-        while (escapes < quote && rest_[quote - escapes - 1] == '\\') {
+        while (escapes < end && rest_[end - escapes - 1] == '\\') {
             ++escapes;
         }
         if (escapes % 2 == 0) {
-            rest_.remove_prefix(quote + 1);
+            rest_.remove_prefix(end + 1);
             return true;
         }
-        from = quote + 1;
+        from = end + 1;
     }
 }
 
