@@ -32,6 +32,10 @@ namespace fs = std::filesystem;
 constexpr int rounds = 11;
 constexpr std::size_t sessionsADay = 8;
 
+// How a block begins, and its first session.
+const std::vector<std::string> planning = {"plan", "--outcome", "An outline", "--cycles", "2", "--start"};
+const std::vector<std::string> focusing = {"focus", "--outcome", "A page", "--energy", "4", "--morale", "3"};
+
 /// The same history for this program and for timewarrior.
 class Years {
 public:
@@ -41,7 +45,8 @@ public:
         const QuillmereState state = generatedYears(sessions / sessionsADay);
         StateStore(files(), StateStore::renameReplacing).save(state);
         recordForTimewarrior(state);
-        run({"now", "An outline", "--energy", "4", "--morale", "3"});
+        run(planning);
+        run(focusing);
         rival({"start", "outline"});
     }
 
@@ -158,10 +163,11 @@ std::vector<Work> works()
         {"ask", copy, ours({"ask", "Which one?"}), copied, wall, 2.0},
         {"answer", copy, ours({"answer", "1", "This one"}), copied, wall, 2.0},
         {"end", copy, ours({"end"}), copied, wall, 2.0},
-        {"review", copy, ours({"review", "--completion", "yes", "--result", "It is done"}), copied, wall,
-         2.0},
+        {"review", copy, ours({"review", "--finish", "--completion", "yes", "--result", "It is done"}),
+         copied, wall, 2.0},
         {"reflect", copy, ours({"reflect", "--lessons", "Close the door"}), copied, wall, 2.2},
-        {"now", copy, ours({"now", "An outline", "--energy", "4", "--morale", "3"}), copied, wall, 2.0},
+        {"plan", copy, ours(planning), copied, wall, 2.0},
+        {"focus", copy, ours(focusing), copied, wall, 2.0},
     };
 }
 

@@ -79,9 +79,8 @@ struct WrittenValue<Enumeration, depth, member> {
             return false;
         }
         for (const Enumeration each : allCases<Enumeration>()) {
-            if (Tokens rest = tokens; rest.take(rawValue(each)) && rest.take(FixedText("\""))) {
-                tokens = rest;
-                return true;
+            if (tokens.take(rawValue(each))) {
+                return tokens.take(FixedText("\""));
             }
         }
         return false;

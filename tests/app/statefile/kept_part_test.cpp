@@ -119,6 +119,28 @@ bool isUsable(const QuillmereState& state)
     }
 }
 
+/// The file is read in pieces, and a piece may end anywhere.
+TEST_F(KeptPart, isReadWhereverAPieceEnds)
+{
+    constexpr std::size_t pieceSize = 1 << 17;
+    constexpr std::size_t stride = 3;
+    QuillmereState state = fullState();
+    state.blockHistory = finishedDaily(20, moment);
+    std::string& notes = state.blockHistory[9].contextNotes;
+    notes.clear();
+    state.blockHistory[10].contextNotes = "\"\\ \x01 \u00FC";
+    state.blockHistory[10].outcomes.clear();
+    state.blockHistory[11].sessions = blockInWork(11, 2).sessions;
+    state.blockHistory[11].whyValue = "of the block after it";
+    const std::string text = textOf(state);
+    const std::size_t end = text.find(state.blockHistory[11].whyValue);
+    const std::size_t begin = text.rfind("\n    },", text.rfind("\n    },", end) - 1);
+    for (std::size_t place = begin; place < end; place += stride) {
+        notes.assign(pieceSize - place, 'n');
+        ASSERT_TRUE(read(textOf(state))) << text.substr(place, 40);
+    }
+}
+
 TEST_F(KeptPart, isThereOnlyWhereSavingEverythingGivesTheSame)
 {
     std::mt19937 random(4);
