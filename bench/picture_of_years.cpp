@@ -7,7 +7,7 @@
 namespace quillmere::bench {
 namespace {
 
-constexpr double left = 64;
+constexpr double left = 76;
 constexpr double top = 24;
 constexpr double width = 520;
 constexpr double height = 400;
