@@ -20,8 +20,8 @@ enum class Reach {
 /// When a finished block was finished; when it was made, where the file does not say.
 inline Instant finishedAt(const Block& block) { return block.completedAt.value_or(block.createdAt); }
 
-/// Whether the newest blocks of a history, of which there may be more, are all within reach: there are enough
-/// of them, and the last was finished so long ago that no block before it was worked on today.
+/// Whether no block before these, the newest ones of a history, is within reach: there are enough of them,
+/// and the last was finished so long ago that no block before it was worked on today.
 inline bool areAllWithin(Reach reach, std::span<const Block> newest, Instant now)
 {
     constexpr double threeDays =

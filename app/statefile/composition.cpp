@@ -49,7 +49,7 @@ private:
         rest_.remove_prefix(count);
     }
 
-    /// The elements of a list of which the opening bracket was taken, up to its end.
+    /// The elements of a list up to its end; its opening bracket was taken before.
     std::vector<std::string_view> takeElements()
     {
         std::vector<std::string_view> elements;
@@ -105,19 +105,16 @@ private:
 /// A file that grows.
 class Output {
 public:
-    explicit Output(const std::filesystem::path& file)
-        : descriptor_(::open(file.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW))
-    {
-        if (descriptor_.get() == -1) {
-            throwError("open");
-        }
-    }
+    explicit Output(const std::filesystem::path& file) : descriptor_(opened(file)) {}
 
     void add(std::string_view text)
     {
         while (!text.empty()) {
             const ssize_t count = ::write(descriptor_.get(), text.data(), text.size());
-            if (count == -1 && errno != EINTR) {
+            if (count == 0) {
+                errno = EIO;
+            }
+            if (count == 0 || (count == -1 && errno != EINTR)) {
                 throwError("write");
             }
             text.remove_prefix(count == -1 ? 0 : static_cast<std::size_t>(count));
@@ -139,7 +136,27 @@ public:
         }
     }
 
+    void finish()
+    {
+        // After EINTR it is closed too.
+        if (descriptor_.close() == -1 && errno != EINTR) {
+            throwError("close");
+        }
+    }
+
 private:
+    static int opened(const std::filesystem::path& file)
+    {
+        int descriptor = -1;
+        do {
+            descriptor = ::open(file.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW);
+        } while (descriptor == -1 && errno == EINTR);
+        if (descriptor == -1) {
+            throwError("open");
+        }
+        return descriptor;
+    }
+
     /// False where the system cannot copy between these files, or not here.
     bool copySome(const OpenFile& older, Run& run)
     {
@@ -191,6 +208,7 @@ void write(const Composition& composition, const OpenFile& older, const std::fil
             output.add(std::get<std::string>(piece));
         }
     }
+    output.finish();
 }
 
 }  // namespace quillmere::statefile

@@ -27,6 +27,9 @@ public:
 
     int get() const noexcept { return descriptor_; }
 
+    /// Closes it now; returns what close(2) returns, since some file systems report a failed write only then.
+    int close() noexcept { return ::close(std::exchange(descriptor_, -1)); }
+
 private:
     int descriptor_;
 };
