@@ -1,5 +1,6 @@
 #include "cli/edited_keys.hpp"
 
+#include "cli/libedit.hpp"
 #include "cli/utf8_locale.hpp"
 
 #include <histedit.h>
@@ -31,12 +32,12 @@ constexpr std::string_view lettersWithControl = "abdefgklnprtuwy";
 
 unsigned char insertLineBreak(EditLine* line, wint_t)
 {
-    return ::el_winsertstr(line, L"\n") == 0 ? CC_REFRESH : CC_ERROR;
+    return libedit().insert(line, L"\n") == 0 ? CC_REFRESH : CC_ERROR;
 }
 
 void bind(EditLine* line, const wchar_t* key, const wchar_t* function)
 {
-    ::el_wset(line, EL_BIND, key, function, nullptr);
+    libedit().set(line, EL_BIND, key, function, nullptr);
 }
 
 /// A paste without the line breaks around it. Tabs become spaces, and so do line breaks in a line.
@@ -67,8 +68,8 @@ std::wstring withoutReplacements(std::wstring text)
 
 void bindKeys(EditLine* line)
 {
-    ::el_wset(line, EL_EDITOR, L"emacs");
-    ::el_wset(line, EL_ADDFN, L"quillmere-insert-line-break", L"Insert a line break", insertLineBreak);
+    libedit().set(line, EL_EDITOR, L"emacs");
+    libedit().set(line, EL_ADDFN, L"quillmere-insert-line-break", L"Insert a line break", insertLineBreak);
     bind(line, L"^\\", L"ed-delete-next-char");
     bind(line, L"^]", L"ed-prev-word");
     bind(line, L"^^", L"em-next-word");

@@ -1,5 +1,6 @@
 #include "cli/libedit_handles.hpp"
 
+#include "cli/libedit.hpp"
 #include "cli/utf8_locale.hpp"
 
 #include <fcntl.h>
@@ -13,8 +14,8 @@ namespace {
 /// Otherwise el_end would set the modes of the terminal so that what is typed ahead gets lost.
 void endLine(EditLine* line)
 {
-    ::el_wset(line, EL_EDITMODE, 0);
-    ::el_end(line);
+    libedit().set(line, EL_EDITMODE, 0);
+    libedit().end(line);
 }
 
 }  // namespace
@@ -31,7 +32,7 @@ Stream streamOn(int descriptor, const char* mode)
 
 EditorHandle lineOn(std::FILE* input, std::FILE* output, std::FILE* messages)
 {
-    EditorHandle line(::el_init("quillmere", input, output, messages), endLine);
+    EditorHandle line(libedit().init("quillmere", input, output, messages), endLine);
     if (!line) {
         throw std::system_error(ENOMEM, std::generic_category(), "el_init");
     }
@@ -40,11 +41,11 @@ EditorHandle lineOn(std::FILE* input, std::FILE* output, std::FILE* messages)
 
 EarlierLines historyOf(const std::vector<std::string>& lines)
 {
-    EarlierLines history(::history_winit(), ::history_wend);
+    EarlierLines history(libedit().initHistory(), libedit().endHistory);
     HistEventW event{};
-    ::history_w(history.get(), &event, H_SETSIZE, static_cast<int>(lines.size()));
+    libedit().history(history.get(), &event, H_SETSIZE, static_cast<int>(lines.size()));
     for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
-        ::history_w(history.get(), &event, H_ENTER, wideText(*line).c_str());
+        libedit().history(history.get(), &event, H_ENTER, wideText(*line).c_str());
     }
     return history;
 }

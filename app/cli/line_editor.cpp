@@ -4,6 +4,7 @@
 #include "base/system/wait.hpp"
 #include "cli/edited_keys.hpp"
 #include "cli/kept_modes.hpp"
+#include "cli/libedit.hpp"
 #include "cli/libedit_handles.hpp"
 #include "cli/utf8_locale.hpp"
 #include "screen/keys/key_reader.hpp"
@@ -31,12 +32,12 @@ public:
     explicit EditedLine(const LineRequest& request)
         : request_(request), prompt_(wideText(request.prompt)), history_(historyOf(request.earlier))
     {
-        ::el_wset(line_.get(), EL_CLIENTDATA, this);
-        ::el_wset(line_.get(), EL_PROMPT, prompt);
-        ::el_wset(line_.get(), EL_GETCFN, nextCharacter);
-        ::el_wset(line_.get(), EL_HIST, ::history_w, history_.get());
+        libedit().set(line_.get(), EL_CLIENTDATA, this);
+        libedit().set(line_.get(), EL_PROMPT, prompt);
+        libedit().set(line_.get(), EL_GETCFN, nextCharacter);
+        libedit().set(line_.get(), EL_HIST, libedit().history, history_.get());
         // The keys of signals too: a paste that has one must not end the program.
-        ::el_wset(line_.get(), EL_SETTY, L"-d", L"-isig", nullptr);
+        libedit().set(line_.get(), EL_SETTY, L"-d", L"-isig", nullptr);
         bindKeys(line_.get());
     }
 
@@ -44,7 +45,7 @@ public:
     {
         print(screen::markPastes);
         int count = 0;
-        const wchar_t* const text = ::el_wgets(line_.get(), &count);
+        const wchar_t* const text = libedit().takeLine(line_.get(), &count);
         print(screen::markNoPastes);
         return text ? std::optional(withoutLineEnd(utf8Text(text))) : std::nullopt;
     }
@@ -56,7 +57,7 @@ private:
     static EditedLine& of(EditLine* line)
     {
         void* self = nullptr;
-        ::el_wget(line, EL_CLIENTDATA, &self);
+        libedit().get(line, EL_CLIENTDATA, &self);
         return *static_cast<EditedLine*>(self);
     }
     static wchar_t* prompt(EditLine* line) { return of(line).prompt_.data(); }
@@ -133,7 +134,7 @@ private:
     {
         for (const int signal : signals_.take()) {
             if (signal == SIGWINCH) {
-                ::el_resize(line_.get());
+                libedit().resize(line_.get());
                 characters_ += redraw;
             } else if (signal == SIGTSTP) {
                 stop();
@@ -148,24 +149,24 @@ private:
 
     void stop()
     {
-        ::el_wset(line_.get(), EL_PREP_TERM, 0);
+        libedit().set(line_.get(), EL_PREP_TERM, 0);
         print(screen::markNoPastes);
         print("\n");
         base::haveUsualEffect(SIGTSTP);
         signals_.take();  // SIGCONT
         takeTerminalBack();
         // The cursor stands at the beginning of another row.
-        ::el_wset(line_.get(), EL_REFRESH);
+        libedit().set(line_.get(), EL_REFRESH);
     }
 
     /// After a stop, in which the shell has changed the modes of the terminal. libedit sets them only where
     /// it believes that they are different.
     void takeTerminalBack()
     {
-        ::el_wset(line_.get(), EL_PREP_TERM, 0);
-        ::el_wset(line_.get(), EL_PREP_TERM, 1);
+        libedit().set(line_.get(), EL_PREP_TERM, 0);
+        libedit().set(line_.get(), EL_PREP_TERM, 1);
         print(screen::markPastes);
-        ::el_resize(line_.get());
+        libedit().resize(line_.get());
     }
 
     const LineRequest& request_;

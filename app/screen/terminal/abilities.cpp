@@ -1,20 +1,11 @@
 #include "screen/terminal/abilities.hpp"
 
 #include "base/text/style.hpp"
-
-// Makes curses declare functions instead of macros where it can.
-#define NCURSES_NOMACROS
-#include <curses.h>
-#include <term.h>
+#include "screen/terminal/curses.hpp"
 
 #include <cstdlib>
 #include <string>
 #include <string_view>
-
-// Macros of curses that clash with names below.
-#undef clear
-#undef columns
-#undef lines
 
 namespace quillmere::screen {
 namespace {
@@ -38,7 +29,7 @@ std::string withoutDelays(std::string_view sequence)
 /// A string of the description; empty where the terminal lacks it.
 std::string described(const char* name)
 {
-    const char* const text = ::tigetstr(name);
+    const char* const text = curses().tigetstr(name);
     return text && text != reinterpret_cast<const char*>(-1) ? withoutDelays(text) : std::string();
 }
 
@@ -46,7 +37,7 @@ std::string moveTo(Place place)
 {
     const std::string form = described("cup");
     const char* const sequence =
-        ::tiparm(form.c_str(), static_cast<int>(place.row), static_cast<int>(place.column));
+        curses().tiparm(form.c_str(), static_cast<int>(place.row), static_cast<int>(place.column));
     return sequence ? sequence : "";
 }
 
@@ -55,7 +46,7 @@ base::ColourDepth coloursOfTerminal()
 {
     constexpr int basic = 8;
     constexpr int palette = 256;
-    const int described = ::tigetnum("colors");
+    const int described = curses().tigetnum("colors");
     const char* const variable = std::getenv("COLORTERM");
     const std::string_view more = variable ? variable : "";
     if (!base::wantsColour(true) || described < basic) {
@@ -78,7 +69,7 @@ TerminalAbilities abilitiesOfTerminal()
             .dim = described("dim"),
             .colours = coloursOfTerminal(),
             // Of automatic margins, those of the VT100 wait for the next character.
-            .scrollsAtTheEnd = ::tigetflag("am") == 1 && ::tigetflag("xenl") != 1};
+            .scrollsAtTheEnd = curses().tigetflag("am") == 1 && curses().tigetflag("xenl") != 1};
 }
 
 }  // namespace quillmere::screen

@@ -1,17 +1,9 @@
 #include "screen/terminal/restore_terminal.hpp"
 
+#include "screen/terminal/curses.hpp"
 #include "screen/terminal/interruptible_write.hpp"
 
-// Makes curses declare functions instead of macros where it can.
-#define NCURSES_NOMACROS
-#include <curses.h>
-#include <term.h>
 #include <unistd.h>
-
-// Macros of curses that clash with names below.
-#undef columns
-#undef lines
-#undef tab
 
 namespace quillmere::screen {
 namespace {
@@ -26,7 +18,7 @@ int writeByte(int byte)
 /// A string capability; null when the terminal lacks it.
 const char* capability(const char* name)
 {
-    const char* const text = ::tigetstr(name);
+    const char* const text = curses().tigetstr(name);
     return text == reinterpret_cast<const char*>(-1) ? nullptr : text;
 }
 
@@ -46,14 +38,14 @@ void writeToTerminal(std::string_view sequence)
 void leaveScreen()
 {
     const InterruptibleWrite writing;
-    ::endwin();
+    curses().endwin();
     writeToTerminal(reportNoMouse);
     writeToTerminal(markNoPastes);
     writeToTerminal(bringTitleBack);
     // Without an alternate screen the picture stays visible, with the cursor in its last row.
     const char* const clearRow = capability("el");
     if (!capability("rmcup") && clearRow) {
-        ::tputs(clearRow, 1, writeByte);
+        curses().tputs(clearRow, 1, writeByte);
     }
 }
 

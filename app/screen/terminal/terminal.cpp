@@ -5,14 +5,11 @@
 #include "base/system/wait.hpp"
 #include "base/text/terminal_background.hpp"
 #include "screen/terminal/abilities.hpp"
+#include "screen/terminal/curses.hpp"
 #include "screen/terminal/interruptible_write.hpp"
 #include "screen/terminal/restore_terminal.hpp"
 
-// Makes curses declare functions instead of macros where it can.
-#define NCURSES_NOMACROS
-#include <curses.h>
 #include <sys/ioctl.h>
-#include <term.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -22,11 +19,6 @@
 #include <clocale>
 #include <cstdlib>
 #include <utility>
-
-// Macros of curses that clash with names below.
-#undef columns
-#undef lines
-#undef tab
 
 namespace quillmere::screen {
 namespace {
@@ -78,25 +70,25 @@ bool canShowScreens()
 {
     int ignored = 0;
     const char* const name = std::getenv("TERM");
-    if (!name || !*name || ::setupterm(name, STDOUT_FILENO, &ignored) == ERR) {
+    if (!name || !*name || curses().setupterm(name, STDOUT_FILENO, &ignored) == ERR) {
         return false;
     }
-    const char* const move = ::tigetstr("cup");
+    const char* const move = curses().tigetstr("cup");
     const bool canMove = move && move != reinterpret_cast<const char*>(-1);
-    ::del_curterm(cur_term);
+    curses().del_curterm(*curses().terminal);
     return canMove;
 }
 
 void Terminal::Delete::operator()(::screen* terminal) const
 {
     leaveScreen();
-    ::delscreen(terminal);
+    curses().delscreen(terminal);
 }
 
 Terminal::Terminal() : charset_(takeOverLocale()), keyReader_(charset_)
 {
     if (canShowScreens()) {
-        screen_.reset(::newterm(nullptr, stdout, stdin));
+        screen_.reset(curses().newterm(nullptr, stdout, stdin));
     }
     if (!screen_) {
         throw base::Refusal(
@@ -105,17 +97,17 @@ Terminal::Terminal() : charset_(takeOverLocale()), keyReader_(charset_)
             "commands work all the same (quillmere --help).");
     }
     constexpr int escapeMilliseconds = 50;
-    ::set_escdelay(escapeMilliseconds);
-    ::cbreak();
-    ::noecho();
-    ::nonl();
+    curses().set_escdelay(escapeMilliseconds);
+    curses().cbreak();
+    curses().noecho();
+    curses().nonl();
     // Keys are read from a pad, which curses does not draw.
-    input_ = ::newpad(1, 1);
-    ::keypad(input_, TRUE);
-    ::nodelay(input_, TRUE);
+    input_ = curses().newpad(1, 1);
+    curses().keypad(input_, TRUE);
+    curses().nodelay(input_, TRUE);
     // The key reader decodes the mouse.
-    ::define_key(nullptr, KEY_MOUSE);
-    ::wrefresh(stdscr);
+    curses().define_key(nullptr, KEY_MOUSE);
+    curses().wrefresh(*curses().standardWindow);
     // Curses uses LINES and COLUMNS, which may describe another window.
     adaptToSize();
     setInputModes();
@@ -161,21 +153,21 @@ void Terminal::setInputModes()
     if (::tcgetattr(STDIN_FILENO, &modes) == 0) {
         modes.c_iflag &= ~static_cast<tcflag_t>(IXON);
         ::tcsetattr(STDIN_FILENO, TCSADRAIN, &modes);
-        ::def_prog_mode();
+        curses().def_prog_mode();
     }
 }
 
 Size Terminal::size() const
 {
-    return {.rows = static_cast<std::size_t>(std::max(getmaxy(stdscr), 1)),
-            .columns = static_cast<std::size_t>(std::max(getmaxx(stdscr), 1))};
+    return {.rows = static_cast<std::size_t>(std::max(curses().getmaxy(*curses().standardWindow), 1)),
+            .columns = static_cast<std::size_t>(std::max(curses().getmaxx(*curses().standardWindow), 1))};
 }
 
 void Terminal::adaptToSize()
 {
     winsize window{};
     if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &window) == 0 && window.ws_row > 0 && window.ws_col > 0) {
-        ::resize_term(window.ws_row, window.ws_col);
+        curses().resize_term(window.ws_row, window.ws_col);
         if (painter_) {
             painter_->forget();
         }
@@ -190,29 +182,29 @@ void Terminal::giveBack()
 
 void Terminal::takeBack()
 {
-    ::reset_prog_mode();
+    curses().reset_prog_mode();
     writeToTerminal(markPastes);
     writeToTerminal(reportMouse);
     keepFormerTitle();
     adaptToSize();
-    ::clearok(curscr, TRUE);
+    curses().clearok(*curses().currentWindow, TRUE);
     const InterruptibleWrite writing;
-    ::wrefresh(curscr);
+    curses().wrefresh(*curses().currentWindow);
 }
 
 void Terminal::show(const Canvas& canvas)
 {
     const InterruptibleWrite writing;
     if (!canvas.cursor()) {
-        ::curs_set(0);
+        curses().curs_set(0);
     }
     writeToTerminal(painter_->paint(canvas));
     if (canvas.cursor()) {
-        ::curs_set(1);
+        curses().curs_set(1);
     }
 }
 
-void Terminal::ringBell() { ::beep(); }
+void Terminal::ringBell() { curses().beep(); }
 
 void Terminal::setTitle(const std::string& title)
 {
@@ -232,7 +224,7 @@ std::vector<Key> Terminal::takeKeys()
     std::vector<Key> keys = std::exchange(earlyKeys_, {});
     hasMoreKeys_ = true;
     for (int count = 0; count < mostBytes && keys.size() < mostKeys && hasMoreKeys_; ++count) {
-        const int code = ::wgetch(input_);
+        const int code = curses().wgetch(input_);
         if (code == ERR) {
             hasMoreKeys_ = false;
             keyReader_.pause();

@@ -1,0 +1,11 @@
+#include "cli/libedit.hpp"
+
+namespace quillmere::cli {
+
+const Libedit& libedit()
+{
+    static const Libedit library;
+    return library;
+}
+
+}  // namespace quillmere::cli
