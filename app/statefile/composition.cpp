@@ -117,22 +117,23 @@ public:
             if (count == 0 || (count == -1 && errno != EINTR)) {
                 throwError("write");
             }
-            text.remove_prefix(count == -1 ? 0 : static_cast<std::size_t>(count));
+            const ssize_t added = std::max<ssize_t>(count, 0);
+            text.remove_prefix(static_cast<std::size_t>(added));
+            size_ += added;
         }
     }
 
     void add(const OpenFile& older, Run run)
     {
-        while (!run.isEmpty() && copySome(older, run)) {
-        }
-        std::string piece;
         while (!run.isEmpty()) {
-            constexpr std::size_t pieceSize = 1 << 17;
-            piece.resize(std::min(pieceSize, run.end - run.begin));
-            piece.resize(older.read(piece.data(), piece.size(), run.begin));
-            requireMore(piece.size());
-            add(piece);
-            run.begin += piece.size();
+            Run piece{.begin = run.begin, .end = std::min(run.end, run.begin + pieceSize)};
+            run.begin = piece.end;
+            while (!piece.isEmpty() && copySome(older, piece)) {
+            }
+            if (!piece.isEmpty()) {
+                readAndAdd(older, piece);
+            }
+            beginToStore();
         }
     }
 
@@ -145,6 +146,8 @@ public:
     }
 
 private:
+    static constexpr std::size_t pieceSize = 1 << 20;
+
     static int opened(const std::filesystem::path& file)
     {
         int descriptor = -1;
@@ -155,6 +158,27 @@ private:
             throwError("open");
         }
         return descriptor;
+    }
+
+    void readAndAdd(const OpenFile& older, Run piece)
+    {
+        std::string text(piece.end - piece.begin, '\0');
+        while (!text.empty()) {
+            text.resize(older.read(text.data(), text.size(), piece.begin));
+            requireMore(text.size());
+            add(text);
+            piece.begin += text.size();
+            text.resize(piece.end - piece.begin);
+        }
+    }
+
+    /// The disk writes whole pages while the rest is copied. An error of it is told by the fsync(2) to come.
+    void beginToStore()
+    {
+        constexpr off64_t page = 1 << 12;
+        const off64_t end = size_ - size_ % page;
+        ::sync_file_range(descriptor_.get(), stored_, end - stored_, SYNC_FILE_RANGE_WRITE);
+        stored_ = end;
     }
 
     /// False where the system cannot copy between these files, or not here.
@@ -175,6 +199,7 @@ private:
         }
         requireMore(static_cast<std::size_t>(count));
         run.begin = static_cast<std::size_t>(from);
+        size_ += count;
         return true;
     }
 
@@ -188,6 +213,8 @@ private:
     }
 
     base::Descriptor descriptor_;
+    off64_t size_ = 0;
+    off64_t stored_ = 0;  ///< how much the disk was told to write
 };
 
 }  // namespace

@@ -4,12 +4,14 @@
 #include <quillmere/records/json/date_text.hpp>
 #include <quillmere/records/json/utf8.hpp>
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <system_error>
+#include <utility>
 
 namespace quillmere::statefile {
 namespace {
@@ -25,10 +27,13 @@ bool isPlain(char character)
 
 constexpr std::uint64_t inEachByte(std::uint64_t byte) { return byte * 0x0101010101010101; }
 
-/// The highest bit of each byte that is zero; above the lowest such byte, of others too.
-std::uint64_t zeroBytes(std::uint64_t bytes)
+/// Sets the highest bit of the first byte that is not plain, and perhaps of bytes above it: one that is too
+/// small for a subtraction borrows from the next.
+std::uint64_t notPlain(std::uint64_t bytes)
 {
-    return (bytes - inEachByte(0x01)) & ~bytes & inEachByte(0x80);
+    return (bytes | (bytes - inEachByte(0x20)) | ((bytes ^ inEachByte('"')) - inEachByte(1)) |
+            ((bytes ^ inEachByte('\\')) - inEachByte(1))) &
+           inEachByte(0x80);
 }
 
 /// How many characters at the front of a text stand in a string as they are: neither a quote nor a backslash,
@@ -38,11 +43,7 @@ std::size_t plainRun(std::string_view text)
     std::size_t length = 0;
     if constexpr (std::endian::native == std::endian::little) {
         for (; length + 8 <= text.size(); length += 8) {
-            std::uint64_t bytes = 0;
-            std::memcpy(&bytes, text.data() + length, 8);
-            const std::uint64_t special = (bytes & inEachByte(0x80)) | zeroBytes(bytes & inEachByte(0xE0)) |
-                                          zeroBytes(bytes ^ inEachByte('"')) |
-                                          zeroBytes(bytes ^ inEachByte('\\'));
+            const std::uint64_t special = notPlain(wordAt(text.data() + length));
             if (special != 0) {
                 return length + static_cast<std::size_t>(std::countr_zero(special)) / 8;
             }
@@ -54,29 +55,57 @@ std::size_t plainRun(std::string_view text)
     return length;
 }
 
-/// Which characters may stand where a pattern has "9", a digit, or "F", a hexadecimal one in upper case.
-constexpr auto kinds = [] {
-    std::array<std::uint8_t, 256> table{};
-    for (const char digit : std::string_view("0123456789")) {
-        table[static_cast<unsigned char>(digit)] = 3;
+/// Sets the highest bit of each byte between two characters of ASCII. All bytes must be below 0x80.
+constexpr std::uint64_t bytesBetween(std::uint64_t bytes, char lowest, char highest)
+{
+    const std::uint64_t fromLowest = bytes + inEachByte(0x80U - static_cast<unsigned char>(lowest));
+    const std::uint64_t beyondHighest = bytes + inEachByte(0x7FU - static_cast<unsigned char>(highest));
+    return fromLowest & ~beyondHighest & inEachByte(0x80);
+}
+
+/// Eight bytes of a pattern, in which "9" stands for any digit and "F" for a hexadecimal one in upper case.
+struct PatternWord {
+    std::array<char, 8> literal{};  ///< zero where a digit stands
+    std::array<char, 8> isDigit{};  ///< 0x80 where a digit stands
+    std::array<char, 8> isHexadecimal{};
+};
+
+template <json::FixedText pattern, std::size_t begin>
+constexpr PatternWord patternWord = [] {
+    PatternWord word;
+    for (std::size_t index = 0; index < word.literal.size(); ++index) {
+        const char character = pattern.characters[begin + index];
+        word.isDigit[index] = character == '9' ? '\x80' : '\0';
+        word.isHexadecimal[index] = character == 'F' ? '\x80' : '\0';
+        word.literal[index] = character == '9' || character == 'F' ? '\0' : character;
     }
-    for (const char digit : std::string_view("ABCDEF")) {
-        table[static_cast<unsigned char>(digit)] = 2;
-    }
-    return table;
+    return word;
 }();
 
-/// Without a branch a character, which is several times as fast.
-template <std::size_t length>
-bool matches(const char* text, const json::FixedText<length>& pattern)
+inline bool matches(std::uint64_t bytes, const PatternWord& pattern)
 {
-    bool matches = true;
-    for (std::size_t index = 0; index < length; ++index) {
-        const char wanted = pattern.characters[index];
-        const std::uint8_t kind = kinds[static_cast<unsigned char>(text[index])];
-        matches &= wanted == '9' ? (kind & 1) != 0 : wanted == 'F' ? (kind & 2) != 0 : text[index] == wanted;
+    const std::uint64_t digits = wordAt(pattern.isDigit.data());
+    const std::uint64_t hexadecimal = wordAt(pattern.isHexadecimal.data());
+    const std::uint64_t isAny = digits | hexadecimal;
+    const std::uint64_t anyBytes = (isAny - (isAny >> 7)) | isAny;
+    const std::uint64_t areDigits = bytesBetween(bytes, '0', '9');
+    const std::uint64_t areLetters = bytesBetween(bytes, 'A', 'F');
+    return (bytes & inEachByte(0x80)) == 0 && (bytes & ~anyBytes) == wordAt(pattern.literal.data()) &&
+           (digits & ~areDigits) == 0 && (hexadecimal & ~(areDigits | areLetters)) == 0;
+}
+
+/// Eight bytes at a time, some of the last perhaps twice.
+template <json::FixedText pattern>
+bool matches(const char* text)
+{
+    constexpr std::size_t lastWord = pattern.characters.size() - 8;
+    return [&]<std::size_t... indices>(std::index_sequence<indices...>)
+    {
+        return (matches(wordAt(text + std::min(8 * indices, lastWord)),
+                        patternWord<pattern, std::min(8 * indices, lastWord)>) &&
+                ...);
     }
-    return matches;
+    (std::make_index_sequence<(pattern.characters.size() + 7) / 8>{});
 }
 
 int twoDigits(const char* text) { return (text[0] - '0') * 10 + (text[1] - '0'); }
@@ -206,9 +235,8 @@ bool Tokens::takeInstant()
     if (!has(json::dateTextLength)) {
         return false;
     }
-    static constexpr json::FixedText pattern = "9999-99-99T99:99:99Z";
     const char* const text = rest_.data();
-    if (!matches(text, pattern)) {
+    if (!matches<"9999-99-99T99:99:99Z">(text)) {
         return false;
     }
     constexpr int daysOfEveryMonth = 28;
@@ -222,11 +250,8 @@ bool Tokens::takeInstant()
 
 bool Tokens::takeIdentifier()
 {
-    if (!has(Identifier::textLength)) {
-        return false;
-    }
-    static constexpr json::FixedText pattern = "FFFFFFFF-FFFF-FFFF-FFFF-FFFFFFFFFFFF";
-    return matches(rest_.data(), pattern) && skip(pattern.view().size());
+    return has(Identifier::textLength) && matches<"FFFFFFFF-FFFF-FFFF-FFFF-FFFFFFFFFFFF">(rest_.data()) &&
+           skip(Identifier::textLength);
 }
 
 }  // namespace quillmere::statefile

@@ -1,6 +1,13 @@
 #include "statefile/tokens.hpp"
 
+#include <quillmere/records/identifier.hpp>
+#include <quillmere/records/json/date_text.hpp>
+
 #include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace quillmere::test {
 namespace {
@@ -36,6 +43,35 @@ TEST(Tokens, tellWhetherTheTextIsTooShort)
     Tokens open("no end\\\"");
     EXPECT_FALSE(open.takeRestOfString());
     EXPECT_TRUE(open.isCutOff());
+}
+
+/// Every text that differs from one in one byte, and that text.
+std::vector<std::string> neighboursOf(const std::string& text)
+{
+    std::vector<std::string> all;
+    for (std::size_t place = 0; place < text.size(); ++place) {
+        for (int byte = 0; byte < 256; ++byte) {
+            all.push_back(text);
+            all.back()[place] = static_cast<char>(byte);
+        }
+    }
+    return all;
+}
+
+TEST(Tokens, takeAnIdentifierOnlyAsItIsWritten)
+{
+    for (const std::string& text : neighboursOf("0123456A-89BF-FA90-0AF9-CDEF00112233")) {
+        const std::optional<Identifier> identifier = Identifier::fromText(text);
+        EXPECT_EQ(Tokens(text).takeIdentifier(), identifier && identifier->text() == text) << text;
+    }
+}
+
+TEST(Tokens, takeAnInstantOnlyAsItIsWritten)
+{
+    for (const std::string& text : neighboursOf("2024-02-29T09:18:07Z")) {
+        const std::optional<Instant> instant = json::instantFromDateText(text);
+        EXPECT_EQ(Tokens(text).takeInstant(), instant && json::dateText(*instant) == text) << text;
+    }
 }
 
 }  // namespace
