@@ -3,9 +3,9 @@
 
 #include <quillmere/records/quillmere_state.hpp>
 
-#include <algorithm>
 #include <cstddef>
 #include <span>
+#include <vector>
 
 namespace quillmere::base {
 
@@ -41,8 +41,26 @@ inline std::span<const Block> blocksWithin(Reach reach, const QuillmereState& st
     return history.first(count);
 }
 
-/// Questions without an answer are within every reach, and so are all that were asked from here on: how many
-/// were asked in the last minute decides whether an agent may ask another.
+/// Questions without an answer are within every reach, and so are all that were asked or answered from here
+/// on: how many were asked in the last minute decides whether an agent may ask another, and a display that
+/// runs says what was answered elsewhere.
 inline Instant recentQuestionsSince(Instant now) { return now - 3600.0; }
+
+inline bool isWithinReach(const AgentQuestion& question, Instant now)
+{
+    const Instant since = recentQuestionsSince(now);
+    return question.isOpen() || question.createdAt >= since || *question.answeredAt >= since;
+}
+
+/// Removes what is beyond reach.
+inline void keepWithin(Reach reach, QuillmereState& state, Instant now)
+{
+    if (reach != Reach::years) {
+        std::erase_if(state.agentQuestions,
+                      [&](const AgentQuestion& question) { return !isWithinReach(question, now); });
+    }
+    const auto count = static_cast<std::ptrdiff_t>(blocksWithin(reach, state, now).size());
+    state.blockHistory.erase(state.blockHistory.begin() + count, state.blockHistory.end());
+}
 
 }  // namespace quillmere::base

@@ -63,6 +63,9 @@ void Screen::noteSleep(const base::Sleep& sleep)
 
 void Screen::follow(const std::optional<work::FormSubject>& before)
 {
+    if (pages_.empty() && !presenter_.openedForm() && presenter_.question().empty()) {
+        presenter_.setReach(Page::reach);
+    }
     for (const work::FormSubject& closed : presenter_.takeClosedForms()) {
         holdsKeys_ = holdsKeys_ || closed == before;
     }

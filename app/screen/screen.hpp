@@ -84,6 +84,7 @@ private:
     void open()
     {
         pages_.clear();
+        presenter_.setReach(Shown::reach);
         pages_.push_back(std::make_unique<Shown>(presenter_));
     }
 

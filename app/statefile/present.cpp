@@ -46,12 +46,18 @@ bool takeRestOfQuestion(Tokens& tokens)
 
 bool takeOpenQuestion(Tokens& tokens) { return tokens.take(openStart) && takeRestOfQuestion(tokens); }
 
-/// A question that was answered before an instant; instants of one length are in the order of their texts.
+/// Instants of one length are in the order of their texts.
+bool isBefore(std::string_view instant, const Tokens& tokens)
+{
+    return tokens.rest().substr(0, json::dateTextLength) < instant;
+}
+
+/// A question that was asked and answered before an instant.
 bool takeClosedQuestion(Tokens& tokens, std::string_view before)
 {
     return tokens.take(closedStart) && tokens.takeRestOfString() && tokens.take(beforeAnsweredAt) &&
-           tokens.skip(json::dateTextLength) && tokens.take(beforeCreatedAt) &&
-           tokens.rest().substr(0, json::dateTextLength) < before && takeRestOfQuestion(tokens);
+           isBefore(before, tokens) && tokens.skip(json::dateTextLength) && tokens.take(beforeCreatedAt) &&
+           isBefore(before, tokens) && takeRestOfQuestion(tokens);
 }
 bool takeClosedQuestion(Tokens& tokens) { return takeClosedQuestion(tokens, "A"); }
 

@@ -3,8 +3,8 @@
 #include "amendments/delete_block.hpp"
 #include "base/text/failure.hpp"
 #include "work/amendment_text.hpp"
+#include "work/changed_elsewhere.hpp"
 #include "work/deletion.hpp"
-#include "work/describe.hpp"
 #include "work/event_text.hpp"
 #include "work/fields/unacceptable.hpp"
 #include "work/forms/block_draft.hpp"
@@ -47,7 +47,9 @@ std::string savedText(const Form& form, const QuillmereState& state, const base:
 
 Presenter::Presenter(workspace::Workspace workspace, Drafts drafts, std::optional<WidgetRoute> route,
                      const config::Configuration& configuration)
-    : files_(std::move(workspace)), drafts_(std::move(drafts)), values_(configuration.values)
+    : files_(std::move(workspace), base::Reach::prompts),
+      drafts_(std::move(drafts)),
+      values_(configuration.values)
 {
     refresh();
     warnOf(configuration.problems);
@@ -93,6 +95,14 @@ void Presenter::refresh()
     warnOfNoWatch();
 }
 
+void Presenter::setReach(base::Reach reach)
+{
+    if (reach != files_.reach()) {
+        files_.setReach(reach);
+        refresh();
+    }
+}
+
 void Presenter::tellOfChanges(const std::vector<workspace::Event>& recorded)
 {
     const std::optional<LastShown> before =
@@ -103,15 +113,20 @@ void Presenter::tellOfChanges(const std::vector<workspace::Event>& recorded)
         const std::vector<workspace::Event> events =
             recorded.empty() && before ? newsSince(*before, state()) : recorded;
         if (before && events.empty()) {
-            message_ = "Changed elsewhere: " +
-                       describeInASentence(*lastShown_, state(), {situation().now, values_.hours});
+            message_ = changedElsewhere(*lastShown_, state(), {situation().now, values_.hours});
         }
         tell(events);
     }
-    // A copy of a long history takes its time, and this is called each second.
+    // A copy takes its time, and this is called each second.
     if (hasMoved || lastShown_->updatedAt != state().updatedAt) {
-        lastShown_ = state();
+        noteShown();
     }
+}
+
+void Presenter::noteShown()
+{
+    lastShown_ = state();
+    base::keepWithin(base::Reach::prompts, *lastShown_, situation().now);
 }
 
 void Presenter::tell(const std::vector<workspace::Event>& events)
@@ -320,7 +335,9 @@ void Presenter::perform(const Action& action)
 void Presenter::request(UndoDirection direction)
 {
     try {
-        stepToConfirm_ = nextStep(direction, files_.workspace(), state(), {situation().now, values_.hours});
+        const workspace::Workspace& workspace = files_.workspace();
+        const QuillmereState present = workspace.look(base::Reach::years).state;
+        stepToConfirm_ = nextStep(direction, workspace, present, {situation().now, values_.hours});
         if (!stepToConfirm_) {
             say(noStepText(direction));
         }
@@ -378,6 +395,11 @@ void Presenter::perform(const UndoStep& step)
     }
 }
 
+bool Presenter::change(const workspace::Operation& operation, std::string_view done)
+{
+    return change(operation, done, {.reach = files_.reach()});
+}
+
 bool Presenter::change(const workspace::Operation& operation, std::string_view done,
                        const workspace::ChangeManner& manner)
 {
@@ -404,7 +426,7 @@ bool Presenter::change(const workspace::Operation& operation, std::string_view d
         say(reason);
         return false;
     }
-    lastShown_ = state();
+    noteShown();
     questionCount_ = state().openQuestions().size();
     tell(events);
     say(outcome);

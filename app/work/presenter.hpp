@@ -39,6 +39,9 @@ public:
     /// Reads the files and the clock, and follows what has changed.
     void refresh();
 
+    /// How far back the situation goes: all years for a page that shows them, otherwise `prompts`.
+    void setReach(base::Reach reach);
+
     /// Compresses an earlier version of the state after a save. To be called when the person does nothing.
     void compressVersion() { files_.compressVersion(); }
 
@@ -113,9 +116,10 @@ public:
     void confirm(bool isAgreed);
 
 private:
-    /// Applies an operation; says `done`, or why it was refused.
+    /// Applies an operation within reach; says `done`, or why it was refused.
+    bool change(const workspace::Operation& operation, std::string_view done);
     bool change(const workspace::Operation& operation, std::string_view done,
-                const workspace::ChangeManner& manner = {});
+                const workspace::ChangeManner& manner);
     bool mustAsk(const Action& action) const;
     void perform(const Action& action);
     void perform(const UndoStep& step);
@@ -125,6 +129,8 @@ private:
     void noteQuestions(bool isFirst);
     /// Says what has changed since the state was last shown; nothing while the work stands where it stood.
     void tellOfChanges(const std::vector<workspace::Event>& recorded);
+    /// Keeps the state for `tellOfChanges`.
+    void noteShown();
     /// Says the warning of the last change.
     void warn();
     /// Says once that the files cannot be watched.

@@ -14,6 +14,12 @@ OpenWorkspace::OpenWorkspace(Workspace workspace, base::Reach reach)
 {
 }
 
+void OpenWorkspace::setReach(base::Reach reach)
+{
+    isStale_ = isStale_ || reach != reach_;
+    reach_ = reach;
+}
+
 std::vector<Event> OpenWorkspace::refresh(std::chrono::milliseconds patience)
 {
     const bool hasChanged = watch_.takeChanges();
@@ -37,6 +43,7 @@ std::vector<Event> OpenWorkspace::change(const Operation& operation, const Chang
     };
     isStale_ = true;
     situation_ = workspace_.change(record, operation, manner);
+    base::keepWithin(reach_, situation_.state, situation_.now);
     situation_.events.clear();
     isStale_ = false;
     return std::exchange(recorded_, {});

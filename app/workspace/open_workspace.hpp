@@ -1,6 +1,7 @@
 // The workspace for programs that keep running: a situation in memory that follows the files and the clock.
 #pragma once
 
+#include "base/reach.hpp"
 #include "base/system/directory_watch.hpp"
 #include "workspace/workspace.hpp"
 
@@ -15,7 +16,10 @@ class OpenWorkspace {
 public:
     /// Reads the situation; throws as Workspace::look does. What lies beyond the reach is neither held nor
     /// shown.
-    explicit OpenWorkspace(Workspace workspace, base::Reach reach = base::Reach::years);
+    OpenWorkspace(Workspace workspace, base::Reach reach);
+
+    /// The next `refresh` reads as far back as this.
+    void setReach(base::Reach reach);
 
     /// As of the last `refresh` or `change`.
     const Situation& situation() const { return situation_; }
@@ -35,8 +39,9 @@ public:
     /// situation is up to date, but its events are not recorded yet.
     std::vector<Event> refresh(std::chrono::milliseconds patience = DirectoryLock::usualPatience);
 
-    /// Applies an operation to the files as they are now (Workspace::change). Returns events as `refresh`
-    /// does. When this throws, the events that were recorded before are returned by the next call.
+    /// Applies an operation to the files as they are now (Workspace::change), in a manner that reaches at
+    /// least as far back. Returns events as `refresh` does. When this throws, the events that were recorded
+    /// before are returned by the next call.
     std::vector<Event> change(const Operation& operation, const ChangeManner& manner = {});
 
     /// Compresses one version after each save, by whatever program. To be called when nobody waits.

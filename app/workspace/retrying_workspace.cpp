@@ -15,12 +15,24 @@ constexpr auto patienceOfChange = 1s;
 
 }  // namespace
 
-RetryingWorkspace::RetryingWorkspace(Workspace workspace) : workspace_(std::move(workspace)) { refresh(); }
+RetryingWorkspace::RetryingWorkspace(Workspace workspace, base::Reach reach)
+    : workspace_(std::move(workspace)), reach_(reach)
+{
+    refresh();
+}
+
+void RetryingWorkspace::setReach(base::Reach reach)
+{
+    reach_ = reach;
+    if (open_) {
+        open_->setReach(reach);
+    }
+}
 
 void RetryingWorkspace::open()
 {
     watch_->takeChanges();
-    open_.emplace(workspace_);
+    open_.emplace(workspace_, reach_);
     watch_.reset();
 }
 

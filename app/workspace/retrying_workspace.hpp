@@ -13,7 +13,11 @@ namespace quillmere::workspace {
 class RetryingWorkspace {
 public:
     /// Tries to open the files. Throws `std::system_error` only when the directory cannot be watched.
-    explicit RetryingWorkspace(Workspace workspace);
+    RetryingWorkspace(Workspace workspace, base::Reach reach);
+
+    base::Reach reach() const { return reach_; }
+    /// As OpenWorkspace does.
+    void setReach(base::Reach reach);
 
     /// Null until the files could be read once.
     const Situation* situation() const { return open_ ? &open_->situation() : nullptr; }
@@ -43,6 +47,7 @@ private:
     void open();
 
     Workspace workspace_;
+    base::Reach reach_;
     std::optional<OpenWorkspace> open_;
     std::optional<base::DirectoryWatch> watch_;  ///< until the files are open
     std::optional<std::string> trouble_;

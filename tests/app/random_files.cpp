@@ -144,12 +144,7 @@ std::optional<QuillmereState> stateOf(const std::string& text)
 
 QuillmereState presentOf(QuillmereState state, base::Reach reach, Instant now)
 {
-    std::erase_if(state.agentQuestions, [&](const AgentQuestion& question) {
-        return !question.isOpen() && question.createdAt < base::recentQuestionsSince(now);
-    });
-    const std::size_t count = base::blocksWithin(reach, state, now).size();
-    state.blockHistory.erase(state.blockHistory.begin() + static_cast<std::ptrdiff_t>(count),
-                             state.blockHistory.end());
+    base::keepWithin(reach, state, now);
     return state;
 }
 

@@ -50,12 +50,7 @@ std::optional<QuillmereState> stateIn(std::string_view text)
 
 QuillmereState presentOf(QuillmereState state)
 {
-    std::erase_if(state.agentQuestions, [](const AgentQuestion& question) {
-        return !question.isOpen() && question.createdAt < base::recentQuestionsSince(now);
-    });
-    const std::size_t count = base::blocksWithin(base::Reach::present, state, now).size();
-    state.blockHistory.erase(state.blockHistory.begin() + static_cast<std::ptrdiff_t>(count),
-                             state.blockHistory.end());
+    base::keepWithin(base::Reach::present, state, now);
     return state;
 }
 

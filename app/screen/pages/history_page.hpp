@@ -15,6 +15,8 @@ namespace quillmere::screen {
 /// The newest first, a row each. A word narrows the list to the blocks in which it occurs.
 class HistoryPage : public Page {
 public:
+    static constexpr base::Reach reach = base::Reach::years;
+
     explicit HistoryPage(work::Presenter& presenter);
 
     bool takesText() const override { return isSearching_; }

@@ -14,6 +14,8 @@ namespace quillmere::screen {
 /// Of this week, this month, or all time.
 class LookBackPage : public TextPage {
 public:
+    static constexpr base::Reach reach = base::Reach::years;
+
     explicit LookBackPage(const work::Presenter& presenter) : presenter_(presenter) {}
 
 private:

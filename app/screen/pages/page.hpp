@@ -1,6 +1,7 @@
 // A page that covers the work until the person leaves it.
 #pragma once
 
+#include "base/reach.hpp"
 #include "screen/canvas/canvas.hpp"
 #include "screen/keys/key.hpp"
 
@@ -39,6 +40,9 @@ struct PageStep {
 
 class Page {
 public:
+    /// How far back the state goes while the page and those that it opens are in view.
+    static constexpr base::Reach reach = base::Reach::prompts;
+
     Page() = default;
     Page(const Page&) = delete;
     Page& operator=(const Page&) = delete;

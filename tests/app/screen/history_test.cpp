@@ -310,6 +310,19 @@ TEST_F(HistoryAtTheScreen, correctsTheReflectionAndTheWordsOfAFinishedBlock)
     EXPECT_TRUE(shows("The record is corrected."));
 }
 
+TEST_F(HistoryAtTheScreen, correctsABlockOfLongAgo)
+{
+    hasFinished(40);
+    presses("h");
+    presses(endKey);
+    presses("\nc and a half");
+    presses(save);
+    EXPECT_EQ(person.state().blockHistory.at(39).reflection->outputProduced, "Two chapters and a half");
+    presses(escape);
+    presses(escape);
+    EXPECT_TRUE(shows("p plan a block"));
+}
+
 TEST_F(HistoryAtTheScreen, goesBackFromACorrectionWithoutSavingIt)
 {
     hasFinished(1);

@@ -82,7 +82,7 @@ QuillmereState wholeAfter(QuillmereState state, Operation operation)
     operation(state);
     for (std::size_t index = 0; index < before.agentQuestions.size(); ++index) {
         const AgentQuestion& question = before.agentQuestions[index];
-        if (!question.isOpen() && question.createdAt < base::recentQuestionsSince(moment)) {
+        if (!base::isWithinReach(question, moment)) {
             state.agentQuestions[index] = question;
         }
     }

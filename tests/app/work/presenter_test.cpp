@@ -1,6 +1,8 @@
 // The presenter without any surface.
 #include "work/presenter.hpp"
 
+#include <quillmere/engine/workflow_engine.hpp>
+
 #include <cerrno>
 
 #include "program_testing.hpp"
@@ -13,6 +15,13 @@ namespace quillmere::test {
 namespace {
 
 using namespace work;
+
+QuillmereState withEarlierYears(WorkflowState workflowState)
+{
+    QuillmereState state = stateIn(workflowState);
+    addEarlierYears(state);
+    return state;
+}
 
 class PresenterOfAPerson : public testing::Test {
 protected:
@@ -243,6 +252,60 @@ TEST_F(PresenterOfAPerson, saysWhatWasChangedElsewhere)
     ASSERT_EQ(person.types({"end"}).code, ExitCode::done);
     presenter->refresh();
     EXPECT_EQ(presenter->message(), "Changed elsewhere: focus session 1 ended early at 15:00.");
+}
+
+TEST_F(PresenterOfAPerson, holdsTheYearsOnlyWhileTheyAreWanted)
+{
+    opens(withEarlierYears(WorkflowState::focusing));
+    const auto holds = [this](std::size_t blocks, std::size_t questions) {
+        return presenter->state().blockHistory.size() == blocks &&
+               presenter->state().agentQuestions.size() == questions;
+    };
+    EXPECT_TRUE(holds(30, 0));
+    presenter->setReach(base::Reach::years);
+    EXPECT_TRUE(holds(40, 1));
+    presenter->setReach(base::Reach::prompts);
+    EXPECT_TRUE(holds(30, 0));
+}
+
+TEST_F(PresenterOfAPerson, keepsTheYearsWhenItSaves)
+{
+    opens(withEarlierYears(WorkflowState::blockReview));
+    presenter->save(presenter->workForm());
+    EXPECT_EQ(person.state().blockHistory.size(), 41U);
+    EXPECT_EQ(person.state().agentQuestions.size(), 1U);
+    EXPECT_EQ(presenter->state().blockHistory.size(), 30U);
+}
+
+TEST_F(PresenterOfAPerson, keepsTheYearsWhenItGoesBack)
+{
+    opensWithStateHome(withEarlierYears(WorkflowState::focusing));
+    presenter->request(*actionFor(ActionId::pause, presenter->situation()));
+    presenter->request(UndoDirection::undo);
+    presenter->confirm(true);
+    EXPECT_FALSE(person.state().currentSession()->pausedAt);
+    EXPECT_EQ(person.state().blockHistory.size(), 40U);
+    EXPECT_EQ(presenter->state().blockHistory.size(), 30U);
+}
+
+TEST_F(PresenterOfAPerson, saysNothingOfTheBlocksThatANewOnePutsOutOfReach)
+{
+    opens(withEarlierYears(WorkflowState::blockReview));
+    ASSERT_EQ(person.types({"reflect", "--lessons", "None"}).code, ExitCode::done);
+    presenter->refresh();
+    EXPECT_EQ(presenter->message(), "Changed elsewhere: block finished: Chapter one.");
+}
+
+TEST_F(PresenterOfAPerson, seesThatAQuestionOfLongAgoWasAnsweredElsewhere)
+{
+    QuillmereState state = withEarlierYears(WorkflowState::focusing);
+    WorkflowEngine().addQuestion(state, "Which build?", moment - 1e6);
+    opens(state);
+    presenter->openAnswer(presenter->state().agentQuestions.at(0));
+    ASSERT_EQ(person.types({"answer", "1", "The other"}).code, ExitCode::done);
+    presenter->refresh();
+    EXPECT_TRUE(presenter->message().ends_with("Another program has answered this question."))
+        << presenter->message();
 }
 
 TEST_F(PresenterOfAPerson, doesNotSayAgainWhatItSaidOrDidItself)

@@ -17,7 +17,8 @@ using workspace::Workspace;
 /// Opens the person's files with the person's clock.
 OpenWorkspace opened(const Person& person)
 {
-    return OpenWorkspace(Workspace::in(person.directory(), [&person] { return person.now; }));
+    return OpenWorkspace(Workspace::in(person.directory(), [&person] { return person.now; }),
+                         base::Reach::present);
 }
 
 TEST(OpenWorkspace, seesWhatAnotherProgramSaves)
@@ -143,7 +144,7 @@ TEST(OpenWorkspace, compressesOneVersionAfterEachSaveOfAnyProgram)
     Person person;
     person.has(stateIn(WorkflowState::focusing));
     const Workspace workspace = workspaceOf(person);
-    OpenWorkspace open(workspace);
+    OpenWorkspace open(workspace, base::Reach::present);
     for (int time = 0; time < 5; ++time) {
         person.typesLater(10, {time % 2 == 0 ? "pause" : "resume"});
         EXPECT_EQ(compressedVersions(workspace), time == 4 ? 1 : 0);

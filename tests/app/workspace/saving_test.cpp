@@ -150,7 +150,8 @@ TEST(Saving, losesNoEventWhenASummaryCouldNotBeWritten)
 {
     Person person;
     person.has(stateIn(WorkflowState::focusing));
-    OpenWorkspace open(Workspace::in(person.directory(), [&person] { return person.now; }));
+    OpenWorkspace open(Workspace::in(person.directory(), [&person] { return person.now; }),
+                       base::Reach::years);
     block(person.directory() / "agent-state.json");
     person.now = moment + 1'600;
     EXPECT_THROW(open.refresh(), base::Refusal);
