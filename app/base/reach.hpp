@@ -14,7 +14,7 @@ namespace quillmere::base {
 enum class Reach {
     present,  ///< where the work stands: at least five blocks
     prompts,  ///< what was written before, offered again: at least thirty
-    years,    ///< all
+    years,    ///< all; each value reaches beyond those before
 };
 
 /// When a finished block was finished; when it was made, where the file does not say.

@@ -1,5 +1,7 @@
 #include "workspace/open_workspace.hpp"
 
+#include <malloc.h>
+
 #include <utility>
 
 namespace quillmere::workspace {
@@ -16,8 +18,11 @@ OpenWorkspace::OpenWorkspace(Workspace workspace, base::Reach reach)
 
 void OpenWorkspace::setReach(base::Reach reach)
 {
-    isStale_ = isStale_ || reach != reach_;
+    isStale_ = isStale_ || reach > reach_;
     reach_ = reach;
+    base::keepWithin(reach_, situation_.state, situation_.now);
+    // What the years took goes back to the system, for a program may run for days.
+    ::malloc_trim(0);
 }
 
 std::vector<Event> OpenWorkspace::refresh(std::chrono::milliseconds patience)

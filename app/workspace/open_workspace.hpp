@@ -18,7 +18,7 @@ public:
     /// shown.
     OpenWorkspace(Workspace workspace, base::Reach reach);
 
-    /// The next `refresh` reads as far back as this.
+    /// Lets go of what lies beyond; the next `refresh` reads as far back as this.
     void setReach(base::Reach reach);
 
     /// As of the last `refresh` or `change`.
