@@ -18,6 +18,8 @@ public:
     }
     void succeeded() { *this = Backoff(); }
     bool isPausing(base::Moment now) const { return now < ends_; }
+    /// Of the last pause; long ago without one.
+    base::Moment end() const { return ends_; }
 
 private:
     static constexpr std::chrono::seconds shortest{2};

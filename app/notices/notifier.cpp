@@ -260,6 +260,20 @@ void Notifier::reportError(const NotifierMessage& message)
     }
 }
 
+std::optional<base::Moment> Notifier::nextTry(base::Moment now) const
+{
+    std::vector<base::Moment> ends;
+    if (!due_.empty()) {
+        ends.push_back(connecting_.end());
+        for (const auto& [subject, failure] : failures_) {
+            ends.push_back(failure.backoff.end());
+        }
+    }
+    std::erase_if(ends, [now](base::Moment end) { return end <= now; });
+    const auto next = std::min_element(ends.begin(), ends.end());
+    return next == ends.end() ? std::nullopt : std::optional(*next);
+}
+
 bool Notifier::isIdle(base::Moment now) const
 {
     return underWay_.empty() && (connecting_.isPausing(now) ||

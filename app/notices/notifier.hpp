@@ -51,6 +51,9 @@ public:
     /// Whether no notice is under way and none could be tried at once.
     bool isIdle(base::Moment now) const;
 
+    /// When a notice that could not be given is tried again; absent while there is none.
+    std::optional<base::Moment> nextTry(base::Moment now) const;
+
 private:
     using Events = std::vector<StandingEvent>;  ///< the events of one notice
 

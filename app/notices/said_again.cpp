@@ -11,8 +11,6 @@
 namespace quillmere::notices {
 namespace {
 
-constexpr std::int64_t secondsAhead = 60;
-
 /// Ends with the key of the event, so that both are pruned together (DeliveryLog::prune).
 std::string reminderKey(const StandingEvent& event, std::size_t number)
 {

@@ -14,6 +14,9 @@
 
 namespace quillmere::notices {
 
+/// Before the end of a focus session.
+inline constexpr std::int64_t secondsAhead = 60;
+
 /// The end of the running focus session, when it comes within a minute. Absent for a session that is paused,
 /// or that has been planned for a minute or less.
 std::optional<StandingEvent> eventAhead(const QuillmereState& state, Instant now);

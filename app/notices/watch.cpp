@@ -9,6 +9,7 @@
 #include "base/text/digest.hpp"
 #include "base/text/failure.hpp"
 #include "base/text/local_time.hpp"
+#include "notices/next_due.hpp"
 #include "notices/said_again.hpp"
 #include "work/break_extension.hpp"
 #include "work/event_text.hpp"
@@ -20,6 +21,7 @@
 #include <algorithm>
 #include <chrono>
 #include <csignal>
+#include <limits>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -116,6 +118,7 @@ void Watch::run()
 void Watch::round(base::Moment now)
 {
     subprocesses_.reap();
+    clockChanges_.take();
     if (canRecord_ || now >= restEnds_) {
         refresh(now);
     }
@@ -148,10 +151,33 @@ void Watch::noteSleep()
 Waiting Watch::waiting(base::Moment now) const
 {
     const bool rests = now < restEnds_;
-    const base::Moment nextSecond = now + base::timeToNextSecond(clock_());
+    base::Moment until = looksEachSecond(now) ? now + base::timeToNextSecond(clock_())
+                                              : due(now, now + base::timeToNextMinute(clock_()));
+    if (rests) {
+        until = std::min(restEnds_, until);
+    }
     return {.sources = {{.descriptor = notifier_.descriptor()},
+                        {.descriptor = clockChanges_.descriptor()},
                         {.descriptor = open_ && !rests ? open_->descriptor() : -1}},
-            .until = rests ? std::min(restEnds_, nextSecond) : nextSecond};
+            .until = until};
+}
+
+bool Watch::looksEachSecond(base::Moment now) const
+{
+    return !open_ || !open_->watchTrouble().empty() || !canRecord_ || !isIdle(now) || settings_.once;
+}
+
+base::Moment Watch::due(base::Moment now, base::Moment latest) const
+{
+    if (const std::optional<base::Moment> next = notifier_.nextTry(now)) {
+        latest = std::min(latest, *next);
+    }
+    const std::optional<Instant> next = nextDue(situation(), settings_.reminderSeconds);
+    const double seconds = next ? *next - clock_() : std::numeric_limits<double>::infinity();
+    const std::chrono::duration<double> left = latest - now;
+    return seconds < left.count() ? now + std::chrono::ceil<std::chrono::milliseconds>(
+                                              std::chrono::duration<double>(std::max(seconds, 0.0)))
+                                  : latest;
 }
 
 bool Watch::isIdle(base::Moment now) const

@@ -3,6 +3,7 @@
 
 #include "base/environment.hpp"
 #include "base/moment.hpp"
+#include "base/system/clock_changes.hpp"
 #include "base/system/line_writer.hpp"
 #include "base/system/wait.hpp"
 #include "base/text/hours.hpp"
@@ -42,8 +43,9 @@ struct Waiting {
     base::Moment until;  ///< at the latest
 };
 
-/// One loop without threads: it sleeps until the next whole second, a change of the files, a message of the
-/// notifier or a signal. After the machine has slept, the first round catches up. Its output is a log of the
+/// One loop without threads: it sleeps until something is due, a change of the files, a message of the
+/// notifier or a signal, and never longer than to the next whole minute. A clock that is set wakes it, and so
+/// does the end of a sleep of the machine; the first round then catches up. Its output is a log of the
 /// events that this process has seen; it never blocks the loop.
 class Watch {
 public:
@@ -70,6 +72,10 @@ public:
 
 private:
     void refresh(base::Moment now);
+    /// Whether to look once a second: something is under way of which nobody says when it ends.
+    bool looksEachSecond(base::Moment now) const;
+    /// When something is due by the clock; `latest` if that comes first.
+    base::Moment due(base::Moment now, base::Moment latest) const;
     /// Notes a sleep of the computer in a focus session.
     void noteSleep();
     void handleRefreshError(const std::exception& error, base::Moment now);
@@ -108,6 +114,7 @@ private:
         restEnds_{};  ///< until then changes of the directory are ignored, and errors not tried again
     DeliveryLog deliveryLog_;
     bool isLogPruned_ = false;
+    base::ClockChanges clockChanges_;
     base::SleepDetector sleeps_;
     std::optional<work::SleptThrough> slept_;
     std::set<std::string> printed_;

@@ -29,6 +29,21 @@ protected:
     FakeNotifier notifier;
     const TimeZone utc{"UTC"};
 
+    void sleepUntilItsTime(const ClockedWatch& watch)
+    {
+        const std::chrono::duration<double> sleep = watch.waiting().until - watch.moment();
+        person.now = person.now + sleep.count();
+    }
+
+    bool isAwakeAt(int second, ClockedWatch& watch)
+    {
+        while (person.now < moment + second) {
+            watch.untilIdle();
+            sleepUntilItsTime(watch);
+        }
+        return person.now == moment + second;
+    }
+
     /// As another process that has given the notice.
     void recordDelivery(const std::string& key) const
     {
@@ -104,14 +119,60 @@ TEST_F(WatchOnAClock, writesNothingWhileNothingHappens)
     EXPECT_EQ(namesIn(person.stateHome()), Words{});
 }
 
-TEST_F(WatchOnAClock, sleepsUntilTheNextWholeSecond)
+TEST_F(WatchOnAClock, sleepsUntilTheNextWholeMinuteWhileNothingIsDue)
+{
+    QuillmereState paused = stateIn(WorkflowState::focusing);
+    paused.currentBlock->sessions.back().pausedAt = moment;
+    for (const QuillmereState& state : {stateIn(WorkflowState::idle), stateWithScheduledBlock(), paused}) {
+        person.has(state);
+        person.now = moment + 10.25;
+        ClockedWatch watch(person, notifier);
+        watch.round();
+        EXPECT_EQ(watch.waiting().until - watch.moment(), milliseconds(49'750));
+        EXPECT_FALSE(isReady(watch.waiting()));
+    }
+}
+
+TEST_F(WatchOnAClock, isAwakeWhenSomethingIsDue)
+{
+    struct Row {
+        QuillmereState state;
+        double seconds;
+        std::vector<int> awake;
+    };
+    const Row rows[] = {
+        {stateIn(WorkflowState::focusing), 1'429, {1'440, 1'500}},
+        {stateIn(WorkflowState::breaking), 290, {300}},
+        {stateWithScheduledBlock(), 3'590, {3'600}},
+    };
+    for (const Row& row : rows) {
+        person.has(row.state);
+        person.now = moment + row.seconds;
+        ClockedWatch watch(person, notifier);
+        for (const int second : row.awake) {
+            EXPECT_TRUE(isAwakeAt(second, watch));
+        }
+    }
+}
+
+TEST_F(WatchOnAClock, isAwakeForEachReminder)
 {
     person.has(stateIn(WorkflowState::focusing));
-    person.now = moment + 10.25;
+    person.now = moment + 1'507;
+    FakeNotifier reachable;
+    ClockedWatch watch(person, reachable, {.reminderSeconds = {100}});
+    EXPECT_TRUE(isAwakeAt(1'560, watch));
+    EXPECT_TRUE(isAwakeAt(1'600, watch));
+}
+
+TEST_F(WatchOnAClock, isAwakeToTryANoticeAgain)
+{
+    person.has(focusOver(0));
+    person.now = presentSecond();
     ClockedWatch watch(person, notifier);
-    watch.round();
-    EXPECT_EQ(watch.waiting().until - watch.moment(), milliseconds(750));
-    EXPECT_FALSE(isReady(watch.waiting()));
+    watch.untilIdle();
+    const std::chrono::duration<double> sleep = watch.waiting().until - watch.moment();
+    EXPECT_LE(sleep.count(), 2);
 }
 
 TEST_F(WatchOnAClock, recordsAnEventInItsSecondWhenItSleepsAsLongAsItAsksFor)
@@ -122,13 +183,12 @@ TEST_F(WatchOnAClock, recordsAnEventInItsSecondWhenItSleepsAsLongAsItAsksFor)
     watch.round();
     int rounds = 0;
     while (watch.printed().empty() && rounds < 5'000) {
-        const std::chrono::duration<double> sleep = watch.waiting().until - watch.moment();
-        person.now = person.now + sleep.count();
+        sleepUntilItsTime(watch);
         watch.round();
         ++rounds;
     }
     EXPECT_EQ(person.state().currentBlock->scheduledStartTriggeredAt, moment + 3'600);
-    EXPECT_EQ(rounds, 3'600);
+    EXPECT_EQ(rounds, 60);
 }
 
 TEST_F(WatchOnAClock, isWokenByAChangeOfTheFiles)
