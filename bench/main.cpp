@@ -3,7 +3,6 @@
 #include "sizes.hpp"
 #include "times.hpp"
 
-#include <algorithm>
 #include <iostream>
 #include <sstream>
 #include <vector>
@@ -68,20 +67,19 @@ void run()
     for (const std::int64_t blocks : {0, 10, 100, 1'000, 10'000}) {
         fileOf(blocks);
     }
-    BestTimes best;
+    Times times;
     for (int round = 1; round <= rounds; ++round) {
         std::cerr << "round " << round << " of " << rounds << '\n';
         for (const std::string& name : names) {
             std::istringstream lines(outputOf("^" + name + "$"));
             double nanoseconds = 0;
             for (std::string benchmark; lines >> benchmark >> nanoseconds;) {
-                double& place = best.emplace(benchmark, nanoseconds).first->second;
-                place = std::min(place, nanoseconds);
+                times[benchmark].push_back(nanoseconds);
             }
         }
     }
-    printTimes(best);
-    printRatios(best);
+    printTimes(times);
+    printRatios(times);
 }
 
 }  // namespace

@@ -1,6 +1,10 @@
 #include "times.hpp"
 
+#include "quartiles.hpp"
+
+#include <algorithm>
 #include <cstdio>
+#include <vector>
 
 namespace quillmere::bench {
 namespace {
@@ -51,10 +55,11 @@ constexpr Promise promises[] = {
 
 }  // namespace
 
-void printTimes(const BestTimes& times)
+void printTimes(const Times& times)
 {
     std::printf("| Benchmark | best time |\n|---|---|\n");
-    for (const auto& [name, nanoseconds] : times) {
+    for (const auto& [name, rounds] : times) {
+        const double nanoseconds = *std::min_element(rounds.begin(), rounds.end());
         if (nanoseconds < 1e4) {
             std::printf("| %s | %.0f ns |\n", name.c_str(), nanoseconds);
         } else {
@@ -63,18 +68,23 @@ void printTimes(const BestTimes& times)
     }
 }
 
-void printRatios(const BestTimes& times)
+void printRatios(const Times& times)
 {
-    std::printf("\n| Ratio | asked | measured |\n|---|---|---|\n");
+    std::printf("\n| Ratio | asked | measured | quartiles |\n|---|---|---|---|\n");
     for (const Promise& promise : promises) {
         const auto over = times.find(promise.over);
         const auto under = times.find(promise.under);
-        if (over != times.end() && under != times.end()) {
-            const double ratio = over->second / (under->second * promise.times);
-            const bool kept = promise.atLeast ? ratio >= promise.bound : ratio <= promise.bound;
-            std::printf("| %s | at %s %g | %.2f%s |\n", promise.what, promise.atLeast ? "least" : "most",
-                        promise.bound, ratio, kept ? "" : " (missed)");
+        if (over == times.end() || under == times.end()) {
+            continue;
         }
+        std::vector<double> ratios(over->second.size());
+        std::transform(over->second.begin(), over->second.end(), under->second.begin(), ratios.begin(),
+                       [&](double above, double below) { return above / (below * promise.times); });
+        const Quartiles ratio = quartilesOf(ratios);
+        const bool isKept = promise.atLeast ? ratio.median >= promise.bound : ratio.median <= promise.bound;
+        std::printf("| %s | at %s %g | %.2f%s | %.2f to %.2f |\n", promise.what,
+                    promise.atLeast ? "least" : "most", promise.bound, ratio.median,
+                    isKept ? "" : " (missed)", ratio.lower, ratio.upper);
     }
 }
 

@@ -1,16 +1,20 @@
-// Prints ratios of best times, measured in one run.
+// Prints times and ratios that were measured in one run.
 #pragma once
 
 #include <map>
 #include <string>
+#include <vector>
 
 namespace quillmere::bench {
 
-/// The best time of each benchmark, such as "decode/quillmere/1000", in nanoseconds. The best time is that of
-/// the code; everything above it is caused by the machine.
-using BestTimes = std::map<std::string, double>;
+/// The time of each benchmark, such as "decode/quillmere/1000", in each round, in nanoseconds.
+using Times = std::map<std::string, std::vector<double>>;
 
-void printTimes(const BestTimes& times);
-void printRatios(const BestTimes& times);
+/// The best times: everything above them is caused by the machine.
+void printTimes(const Times& times);
+
+/// The medians of the ratios of the rounds, with their quartiles: a disturbance of the machine usually hits
+/// one round, and both times of it.
+void printRatios(const Times& times);
 
 }  // namespace quillmere::bench
