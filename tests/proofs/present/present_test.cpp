@@ -1,10 +1,12 @@
-// A change that looks at the present alone, compared with the same change of everything.
-#include "random_files.hpp"
-#include "support/sample_states.hpp"
-#include "workspace_of.hpp"
-
+// Who looks at the present alone sees and does what they would with everything: random files, as they are
+// written and with somebody's hand in them, and random operations.
 #include <quillmere/engine/workflow_engine.hpp>
 #include <quillmere/records/json/coding_error.hpp>
+
+#include "app/workspace/workspace_of.hpp"
+#include "proofs/support/figures.hpp"
+#include "random_files.hpp"
+#include "support/sample_states.hpp"
 
 namespace quillmere::test {
 namespace {
@@ -83,22 +85,52 @@ bool isState(const std::string& text)
     }
 }
 
-TEST(ChangeOfThePresent, endsAsAChangeOfEverything)
+/// What a display of the present sees in these files; the reason where it sees nothing.
+std::string seenIn(const std::string& text, Reach reach, Instant now)
+{
+    Person person;
+    person.now = now;
+    writeText(person.directory() / "state.json", text);
+    try {
+        return textOf(presentOf(workspaceOf(person).look(reach).state, Reach::present, now));
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+}
+
+std::string randomText(std::mt19937& random)
+{
+    std::string text = textOf(randomState(random, moment));
+    for (auto changes = random() % 3; changes > 0; --changes) {
+        text = changedByHand(text, random);
+    }
+    return text;
+}
+
+TEST(Present, isSeenAndChangedAsWithEverything)
 {
     std::mt19937 random(5);
-    for (int round = 0; round < 100; ++round) {
-        std::string text = textOf(randomState(random, moment));
-        for (int changes = 0; changes < round % 3; ++changes) {
-            text = changedByHand(text, random);
-        }
+    std::uint64_t states = 0;
+    std::uint64_t others = 0;
+    const std::uint64_t rounds = amount(60, 100'000);
+    for (std::uint64_t round = 0; round < rounds; ++round) {
+        const std::string text = randomText(random);
         const workspace::Operation operation = operations[random() % operations.size()]();
         const Instant now = moment + 60.0 * static_cast<double>(random() % 60);
-        if (stateOf(text) || !isState(text)) {
+        const bool isOneState = stateOf(text).has_value();
+        if (isOneState || !isState(text)) {
+            ++(isOneState ? states : others);
             ASSERT_EQ(endOf(text, operation, Reach::present, now), endOf(text, operation, Reach::years, now))
                 << round << '\n'
                 << text;
         }
+        if (isOneState) {
+            ASSERT_EQ(seenIn(text, Reach::present, now), seenIn(text, Reach::years, now)) << round << '\n'
+                                                                                          << text;
+        }
     }
+    reportFigure("the present is everything's", "files that are states, looked at and changed", states);
+    reportFigure("the present is everything's", "files that are none, with the same refusal", others);
 }
 
 }  // namespace
