@@ -33,7 +33,8 @@ FoundFile findState(const StateStore& store)
         if (!std::filesystem::exists(store.stateURL()) && state == initial) {
             return {.finding = Finding::nothing};
         }
-        return versionThat([&](const QuillmereState& version) { return state == version; });
+        return versionThat(
+            [&](const QuillmereState& version) { return state == version || state == withYears(version); });
     } catch (const DecodingError&) {
         return {.finding = Finding::refused};
     }

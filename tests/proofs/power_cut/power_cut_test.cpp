@@ -27,6 +27,15 @@ TEST(APowerCut, leavesEachFileOldOrNewWhenItIsReplacedDurably)
     reportFigure("Power cut, durable replace", "directories loaded, each old or new", counts.directories);
 }
 
+TEST(APowerCut, leavesTheStateOldOrNewWhenItsYearsAreCopied)
+{
+    const Counts counts =
+        countViolations(Scope::present, mostSaves, StateStore::renameReplacingDurably, isStateOldOrNew);
+    EXPECT_EQ(counts.violations, 0u);
+    reportFigure("Power cut, durable replace", "directories loaded whose years were copied",
+                 counts.directories);
+}
+
 TEST(APowerCut, leavesNoSummaryNewerThanTheStateWhenFilesAreReplacedDurably)
 {
     const auto holds = [](const Found& found, const CutMoment&, bool) {

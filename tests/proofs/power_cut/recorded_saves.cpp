@@ -1,5 +1,8 @@
 #include "proofs/power_cut/recorded_saves.hpp"
 
+#include "base/reach.hpp"
+#include "statefile/present.hpp"
+
 #include <quillmere/widget/widget_snapshot_store.hpp>
 
 #include "support/sample_states.hpp"
@@ -19,9 +22,27 @@ DirectoryImage imageOf(const fs::path& directory)
     return image;
 }
 
+/// Reads the present of the file and saves another in its place.
+void savePresent(const StateStore& store, QuillmereState state, const ReplaceItem& replaceItem)
+{
+    constexpr base::Reach reach = base::Reach::present;
+    const auto changeable = statefile::readChangeable(store.stateURL(), reach, moment);
+    base::keepWithin(reach, state, moment);
+    changeable.value().kept.save(state, store.stateURL(), replaceItem);
+}
+
 void save(Scope scope, const fs::path& directory, std::size_t number, const ReplaceItem& replaceItem)
 {
     const QuillmereState state = versionNumber(number);
+    if (scope == Scope::present) {
+        const StateStore store(directory, replaceItem);
+        if (fs::exists(store.stateURL())) {
+            savePresent(store, withYears(state), replaceItem);
+        } else {
+            store.save(withYears(state));
+        }
+        return;
+    }
     if (scope != Scope::widget) {
         StateStore(directory, replaceItem).save(state);
     }
@@ -42,6 +63,12 @@ QuillmereState versionNumber(std::size_t number)
                              .answer = std::nullopt,
                              .answeredAt = std::nullopt}};
     return state;
+}
+
+QuillmereState withYears(QuillmereState version)
+{
+    addEarlierYears(version);
+    return version;
 }
 
 std::vector<CutMoment> cutMoments(const Saves& saves)

@@ -10,8 +10,8 @@
 
 namespace quillmere::test {
 
-/// The files that a save replaces.
-enum class Scope { state, widget, all };
+/// The files that a save replaces. `present`: the state, of which the years are copied (statefile::KeptPart).
+enum class Scope { state, present, widget, all };
 
 /// The saves to record.
 struct Saves {
@@ -23,6 +23,9 @@ struct Saves {
 
 /// The state of each version. Version 0 is the earlier one.
 QuillmereState versionNumber(std::size_t number);
+
+/// The same with a history and closed questions, as in Scope::present.
+QuillmereState withYears(QuillmereState version);
 
 /// A moment for a power cut, and the possible directories after it.
 struct CutMoment {

@@ -7,6 +7,7 @@
 #include <sys/types.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdarg>
 
@@ -84,6 +85,8 @@ int __real_fstat(int descriptor, struct stat* status);
 int __real_open(const char* path, int flags, ...);
 ssize_t __real_read(int descriptor, void* bytes, size_t count);
 ssize_t __real_write(int descriptor, const void* bytes, size_t count);
+ssize_t __real_copy_file_range(int from, off64_t* fromOffset, int to, off64_t* toOffset, size_t count,
+                               unsigned flags);
 int __real_fsync(int descriptor);
 int __real_close(int descriptor);
 int __real_rename(const char* from, const char* to);
@@ -157,6 +160,24 @@ ssize_t __wrap_write(int descriptor, const void* bytes, size_t count)
     CallRecord record = onDescriptor(SystemCall::write, descriptor);
     record.offset = static_cast<std::uint64_t>(::lseek(descriptor, 0, SEEK_CUR));
     record.data.assign(static_cast<const char*>(bytes), count);
+    return moved(std::move(record), count, call);
+}
+
+/// Recorded as a write of the copied bytes.
+ssize_t __wrap_copy_file_range(int from, off64_t* fromOffset, int to, off64_t* toOffset, size_t count,
+                               unsigned flags)
+{
+    const auto call = [&](std::size_t most) {
+        return __real_copy_file_range(from, fromOffset, to, toOffset, most, flags);
+    };
+    if (!currentWatch) {
+        return call(count);
+    }
+    CallRecord record = onDescriptor(SystemCall::write, to);
+    record.offset = static_cast<std::uint64_t>(::lseek(to, 0, SEEK_CUR));
+    record.data.resize(count);
+    const ssize_t copied = ::pread(from, record.data.data(), count, *fromOffset);
+    record.data.resize(static_cast<std::size_t>(std::max<ssize_t>(copied, 0)));
     return moved(std::move(record), count, call);
 }
 
