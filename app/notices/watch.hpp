@@ -72,7 +72,7 @@ public:
 
 private:
     void refresh(base::Moment now);
-    /// Whether to look once a second: something is under way of which nobody says when it ends.
+    /// Whether to look once a second: something is under way, and its end cannot be foreseen.
     bool looksEachSecond(base::Moment now) const;
     /// When something is due by the clock; `latest` if that comes first.
     base::Moment due(base::Moment now, base::Moment latest) const;

@@ -27,8 +27,8 @@ bool isPlain(char character)
 
 constexpr std::uint64_t inEachByte(std::uint64_t byte) { return byte * 0x0101010101010101; }
 
-/// Sets the highest bit of the first byte that is not plain, and perhaps of bytes above it: one that is too
-/// small for a subtraction borrows from the next.
+/// Sets the highest bit of the first byte that is not plain. Bytes above it may be marked too, because a byte
+/// that is too small for a subtraction borrows from the next.
 std::uint64_t notPlain(std::uint64_t bytes)
 {
     return (bytes | (bytes - inEachByte(0x20)) | ((bytes ^ inEachByte('"')) - inEachByte(1)) |

@@ -10,7 +10,7 @@
 
 namespace quillmere::test {
 
-/// The files that a save replaces. `present`: the state, of which the years are copied (statefile::KeptPart).
+/// The files that a save replaces. `present`: the state alone, its years copied (statefile::KeptPart).
 enum class Scope { state, present, widget, all };
 
 /// The saves to record.
