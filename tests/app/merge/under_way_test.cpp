@@ -112,6 +112,19 @@ TEST(TheWorkThatGoesOn, isWithTheSideThatHasMoreReviewsOfTheSameBlock)
     expectGoesOn(further, stateIn(breaking));
 }
 
+TEST(TheWorkThatGoesOn, isWithTheSideThatHasGoneOnFromTheSessionOfTheOther)
+{
+    // With more reviews, as after a merge with a third machine.
+    QuillmereState behind = stateIn(focusing);
+    for (const unsigned number : {460u, 461u}) {
+        WorkSession reviewed = stateIn(breaking).currentBlock->sessions.back();
+        reviewed.id = identifier(number);
+        std::vector<WorkSession>& sessions = behind.currentBlock->sessions;
+        sessions.insert(sessions.begin(), reviewed);
+    }
+    expectGoesOn(stateIn(breaking), behind);
+}
+
 TEST(TheWorkThatGoesOn, isTheLaterFileWhileTheBlockWaits)
 {
     QuillmereState editing = stateWithScheduledBlock();
