@@ -2,14 +2,14 @@
 // that agree or lie two hours apart, and now and then one takes up what another has done.
 #include "merge/merge.hpp"
 
+#include <quillmere/store/state_store.hpp>
+
 #include <gtest/gtest.h>
 
-#include <array>
 #include <string>
 #include <vector>
 
 #include "app/amendments/amendment_testing.hpp"
-#include "app/random_files.hpp"
 #include "proofs/merge/content.hpp"
 #include "proofs/merge/walking_machine.hpp"
 #include "proofs/support/figures.hpp"
@@ -22,6 +22,11 @@ namespace {
 constexpr std::uint64_t pairsBetweenWalks = 25;
 
 QuillmereState merged(const QuillmereState& a, const QuillmereState& b) { return merge::merge(a, b).state; }
+
+std::string textOf(const QuillmereState& state)
+{
+    return std::string(StateStore::encoder().encode(state).view());
+}
 
 /// Fails unless the files of both are the same: all instants are whole seconds.
 void expectSame(const QuillmereState& one, const QuillmereState& other)
