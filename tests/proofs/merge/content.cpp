@@ -17,7 +17,7 @@ std::vector<const Block*> blocksOf(const QuillmereState& state)
     return blocks;
 }
 
-std::string lostFrom(const Block& from, const Block* merged)
+std::string lostOfBlock(const Block& from, const Block* merged)
 {
     for (const WorkSession& session : from.sessions) {
         if (!session.endedAt) {
@@ -64,7 +64,7 @@ Content Content::of(const QuillmereState& state)
 std::string lostFrom(const QuillmereState& from, const QuillmereState& merged)
 {
     for (const Block* block : blocksOf(from)) {
-        if (std::string lost = lostFrom(*block, blockIn(merged, block->id)); !lost.empty()) {
+        if (std::string lost = lostOfBlock(*block, blockIn(merged, block->id)); !lost.empty()) {
             return lost;
         }
     }
